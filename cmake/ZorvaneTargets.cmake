@@ -1,0 +1,20 @@
+# zorvane_library(NAME SOURCES... PUBLIC targets... PRIVATE targets...): a folder of src/ as a static library.
+function(zorvane_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(zorvane_${name} STATIC ${ARG_SOURCES})
+  add_library(zorvane::${name} ALIAS zorvane_${name})
+  target_include_directories(zorvane_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(zorvane_${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} zorvane_warnings)
+endfunction()
+
+# zorvane_test(NAME SOURCES... LINK targets...): a GoogleTest program beside the code that it tests.
+function(zorvane_test name)
+  if(NOT ZORVANE_TESTS)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest GTest::gmock GTest::gtest_main zorvane_warnings)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "comm/info_rec_errors.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zorvane {
+
+/// Members of the main form that several parts of the system share.
+struct Main_Form_State {
+    bool Document_Open = false;
+    bool Dirty = false; ///< the document differs from its file
+
+    std::int32_t Unit_Id = 0; ///< slave number of every register call; 0 stands for that of the port settings
+    bool Online = false;      ///< the link is polling
+    bool Comm_Active = false; ///< from the start of an upload until it ends in any way
+    bool Cancel_Requested = false;
+    std::string Current_Request; ///< the link's scan mode, right after it was set
+
+    bool Upload_Active = false;
+    bool Download_Active = false;
+    std::int16_t Saved_Transaction = 0;
+    std::int16_t Retry_Count = 0;
+    std::int32_t Scan_Index = 0;
+    std::int16_t First_Scan_Index = 0;
+    std::uint8_t Pass_Count = 0;
+    std::int32_t Scan_Passes = 1;
+    bool Write_Busy = false;
+    bool Nothing_Sent = false;
+
+    std::vector<Info_Rec_Errors> Transfer_Errors;
+    std::vector<Info_Rec_Errors> Transfer_Log;
+};
+
+} // namespace zorvane

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "values/run_time_failure.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace zorvane {
+
+/// An array with bounds `Lower` to `upperBound()` that may also not be dimensioned at all. Every access
+/// checks its index; a bad one, and a question for the bound of an array without dimensions, is failure 9.
+template <class T, std::int32_t Lower = 0> class Checked_Array {
+  public:
+    /// Gives the array new bounds; all entries are empty. An upper bound below `Lower` is failure 9.
+    void redim(std::int32_t upper) {
+        requireUpper(upper);
+        entries_.assign(count(upper), T{});
+        dimensioned_ = true;
+    }
+
+    /// Gives the array new bounds and keeps the entries that lie within them.
+    void redimPreserve(std::int32_t upper) {
+        requireUpper(upper);
+        entries_.resize(count(upper));
+        dimensioned_ = true;
+    }
+
+    /// Takes the dimensions away.
+    void erase() {
+        entries_.clear();
+        dimensioned_ = false;
+    }
+
+    [[nodiscard]] bool dimensioned() const noexcept { return dimensioned_; }
+
+    [[nodiscard]] std::int32_t upperBound() const {
+        if (!dimensioned_) throw Run_Time_Failure(Failure::Subscript);
+        return static_cast<std::int32_t>(entries_.size()) + Lower - 1;
+    }
+
+    [[nodiscard]] T& operator()(std::int32_t index) { return entries_[offset(index)]; }
+    [[nodiscard]] const T& operator()(std::int32_t index) const { return entries_[offset(index)]; }
+
+  private:
+    static void requireUpper(std::int32_t upper) {
+        if (upper < Lower) throw Run_Time_Failure(Failure::Subscript);
+    }
+    static std::size_t count(std::int32_t upper) {
+        return static_cast<std::size_t>(static_cast<std::int64_t>(upper) - Lower + 1);
+    }
+    [[nodiscard]] std::size_t offset(std::int32_t index) const {
+        const auto place = static_cast<std::int64_t>(index) - Lower;
+        if (place < 0 || place >= static_cast<std::int64_t>(entries_.size()))
+            throw Run_Time_Failure(Failure::Subscript);
+        return static_cast<std::size_t>(place);
+    }
+
+    std::vector<T> entries_;
+    bool dimensioned_ = false;
+};
+
+} // namespace zorvane

@@ -1,0 +1,138 @@
+#include "values/code_page.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace zorvane {
+
+namespace {
+
+using Byte = unsigned char;
+
+/// Code points of the bytes 0x80 to 0x9F; all other bytes are their own code points.
+constexpr std::array<char16_t, 32> specials = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+constexpr Byte upperByte(Byte c) {
+    if (c >= 'a' && c <= 'z') return static_cast<Byte>(c - 0x20);
+    if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return static_cast<Byte>(c - 0x20);
+    if (c == 0x9A || c == 0x9C || c == 0x9E) return static_cast<Byte>(c - 0x10);
+    return c == 0xFF ? Byte{0x9F} : c;
+}
+
+constexpr std::array<Byte, 256> makeUpperTable() {
+    std::array<Byte, 256> table{};
+    for (unsigned c = 0; c < 256; ++c)
+        table[c] = upperByte(static_cast<Byte>(c));
+    return table;
+}
+
+constexpr std::array<Byte, 256> upperTable = makeUpperTable();
+
+constexpr std::array<Byte, 256> makeLowerTable() {
+    std::array<Byte, 256> table{};
+    for (unsigned c = 0; c < 256; ++c)
+        table[c] = static_cast<Byte>(c);
+    for (unsigned c = 0; c < 256; ++c)
+        if (upperTable[c] != c) table[upperTable[c]] = static_cast<Byte>(c);
+    return table;
+}
+
+constexpr std::array<Byte, 256> lowerTable = makeLowerTable();
+
+std::string mapped(std::string_view text, const std::array<Byte, 256>& table) {
+    std::string result(text);
+    for (char& c : result)
+        c = static_cast<char>(table[static_cast<Byte>(c)]);
+    return result;
+}
+
+void appendUtf8(std::string& out, char16_t point) {
+    if (point < 0x80) {
+        out += static_cast<char>(point);
+    } else if (point < 0x800) {
+        out += static_cast<char>(0xC0 | (point >> 6));
+        out += static_cast<char>(0x80 | (point & 0x3F));
+    } else {
+        out += static_cast<char>(0xE0 | (point >> 12));
+        out += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+        out += static_cast<char>(0x80 | (point & 0x3F));
+    }
+}
+
+/// How many bytes follow a UTF-8 lead byte; -1 for a byte that can't lead.
+int followers(Byte lead) {
+    if (lead < 0x80) return 0;
+    if (lead >= 0xC2 && lead <= 0xDF) return 1;
+    if (lead >= 0xE0 && lead <= 0xEF) return 2;
+    if (lead >= 0xF0 && lead <= 0xF4) return 3;
+    return -1;
+}
+
+constexpr char32_t malformed = 0xFFFFFFFF;
+
+/// Reads one character at `at` and moves past it; a malformed byte is passed over alone.
+char32_t nextCharacter(std::string_view text, std::size_t& at) {
+    const auto lead = static_cast<Byte>(text[at++]);
+    const int count = followers(lead);
+    if (count < 0) return malformed;
+    char32_t point = count == 0 ? lead : lead & (0x3FU >> count);
+    for (int k = 0; k < count; ++k) {
+        const std::size_t place = at + static_cast<std::size_t>(k);
+        if (place >= text.size()) return malformed;
+        const auto next = static_cast<Byte>(text[place]);
+        if ((next & 0xC0) != 0x80) return malformed;
+        point = (point << 6) | (next & 0x3FU);
+    }
+    at += static_cast<std::size_t>(count);
+    return point;
+}
+
+/// The byte of a code point, or -1.
+int byteOf(char32_t point) {
+    if (point < 0x80 || (point >= 0xA0 && point <= 0xFF)) return static_cast<int>(point);
+    if (point > 0xFFFF) return -1;
+    const auto found = std::find(specials.begin(), specials.end(), static_cast<char16_t>(point));
+    return found == specials.end() ? -1 : static_cast<int>(0x80 + (found - specials.begin()));
+}
+
+} // namespace
+
+std::string upperCase(std::string_view text) { return mapped(text, upperTable); }
+
+std::string lowerCase(std::string_view text) { return mapped(text, lowerTable); }
+
+std::string_view trimBlanks(std::string_view text) noexcept {
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string toUtf8(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    for (const char c : text) {
+        const auto byte = static_cast<Byte>(c);
+        appendUtf8(out, byte >= 0x80 && byte <= 0x9F ? specials[byte - 0x80U] : byte);
+    }
+    return out;
+}
+
+std::string fromUtf8(std::string_view text, bool* whole) {
+    std::string out;
+    out.reserve(text.size());
+    bool complete = true;
+    for (std::size_t at = 0; at < text.size();) {
+        const char32_t point = nextCharacter(text, at);
+        const int byte = point == malformed ? -1 : byteOf(point);
+        complete = complete && byte >= 0;
+        out += byte < 0 ? '?' : static_cast<char>(byte);
+    }
+    if (whole != nullptr) *whole = complete;
+    return out;
+}
+
+} // namespace zorvane
