@@ -15,7 +15,8 @@ template <class T, std::int32_t Lower = 0> class Checked_Array {
     /// Gives the array new bounds; all entries are empty. An upper bound below `Lower` is failure 9.
     void redim(std::int32_t upper) {
         requireUpper(upper);
-        entries_.assign(count(upper), T{});
+        entries_.clear();
+        entries_.resize(count(upper));
         dimensioned_ = true;
     }
 
