@@ -56,7 +56,7 @@ std::uint16_t encodedByFormat(const Cell_Rec& cell, std::string_view negativeFor
     const std::int32_t value = wholeValue(cell.Value);
     if (cell.Has_Messages || format == "NUMERIC_UNSIGNED") return word(value);
     if (format == "TIME") return word(secondsOf(cell.Value));
-    if (format == "TIMEMM") return static_cast<std::uint16_t>(word(value) * 60U + restSeconds(old));
+    if (format == "TIMEMM") return word(word(value) * 60 + restSeconds(old));
     if (format == "TIMESS") return word(wholeMinutes(old) * 60 + value % 60);
     return encodedNumber(value, signMagnitudeBits(negativeFormat));
 }
