@@ -57,6 +57,8 @@ std::vector<Call_Entry> documentCalls() {
         {"dump", "Show what a template and a configuration say", makeDumpCall},
         {"save", "Read a configuration and write it anew", makeSaveCall},
         {"update", "Rewrite a configuration of the older KVRT generation", makeUpdateCall},
+        {"apply", "Fill a document from a saved register image", makeApplyCall},
+        {"plan", "Show every write that a download would make", makePlanCall},
     };
 }
 
