@@ -52,6 +52,10 @@ void writeWidths(const Field_Rec& field, std::int32_t f, Text_Writer& writer) {
 
 void writeConfiguration(const Declara_Zorvane& document, Text_Writer& writer) {
     writeUpperGrid(document, writer);
+    writeFieldValues(document, writer);
+}
+
+void writeFieldValues(const Declara_Zorvane& document, Text_Writer& writer) {
     for (std::int32_t f = 1; f <= document.Field_Count; ++f)
         writeRows(document.Fields(f), f, writer);
     for (std::int32_t f = 1; f <= document.Field_Count; ++f)
