@@ -66,7 +66,7 @@ Bytes exceptionAnswer(Bytes_View request, int exception, const Sealer& sealed) {
     return sealed(body);
 }
 
-Bytes replacedAnswer(const Fault_Spec& fault, Bytes_View request, const Sealer& sealed, Dice& dice) {
+Bytes replacedAnswer(const Fault_Rule& fault, Bytes_View request, const Sealer& sealed, Dice& dice) {
     switch (fault.kind) {
     case Fault_Kind::Exception:
         return exceptionAnswer(request, fault.value, sealed);
@@ -79,7 +79,7 @@ Bytes replacedAnswer(const Fault_Spec& fault, Bytes_View request, const Sealer& 
     }
 }
 
-Damaged_Answer damagedAnswer(const Fault_Spec& fault, Bytes_View answer, const Sealer& sealed, Dice& dice) {
+Damaged_Answer damagedAnswer(const Fault_Rule& fault, Bytes_View answer, const Sealer& sealed, Dice& dice) {
     const auto same = [](Bytes bytes) { return Damaged_Answer{bytes, bytes}; };
     const Bytes whole(answer.begin(), answer.end());
     switch (fault.kind) {
