@@ -63,7 +63,7 @@ int Transfer_Call::run(const Surroundings& surroundings) {
     ignoringFailure([&] { PRO_Registra_Bloques(comm); });
     Transfer_Report report;
     {
-        const Stop_Signals signals([&comm] { BOT_Cancel_Click(comm); });
+        const Stop_Signals stopSignals([&comm] { BOT_Cancel_Click(comm); });
         report = transfer(comm, frame);
     }
     const bool kept = report.finished() && keep(surroundings, opened, comm);
