@@ -427,6 +427,22 @@ TEST(ModbusLink, ResetScanGoesBackToTheFirstBlock) {
     EXPECT_EQ(rig.log.exchanges[before].firstRegister, 1);
 }
 
+TEST(ModbusLink, AnAnswerUnderWayWhileTheScanIsResetFillsTheImageAndMovesNothing) {
+    Link_Rig rig;
+    rig.slave.registers[6] = 66;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.block(8, 9);
+    rig.scan();
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.port.written.size() == 2; }, microsPerSecond));
+    rig.link.ResetScan();
+    ASSERT_TRUE(rig.exchanges(2));
+    EXPECT_EQ(rig.link.RegisterValue(0, 6), 66);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_EQ(rig.log.exchanges[2].firstRegister, 1);
+}
+
 /// Looks as the upload does: every 10 ms, transaction first, then the index.
 std::vector<std::int32_t> indexesOfOnePass(Link_Rig& rig) {
     std::vector<std::int32_t> seen;
