@@ -298,8 +298,10 @@ TEST(ModbusLink, ABlockThatTheWireCannotCarryIsAFailedExchange) {
     EXPECT_EQ(rig.link.TransactionCount(), 1);
     EXPECT_EQ(rig.link.LastResponse(), "Register 70001 has no address from 0 to 65535");
     EXPECT_TRUE(rig.link.LastRequestFailed());
+    rig.clock.runFor(1 * ms);
+    EXPECT_EQ(rig.link.TransactionCount(), 2);
+    EXPECT_EQ(rig.link.LastResponse(), "No registers from 9 on");
     ASSERT_TRUE(rig.exchanges(1));
-    EXPECT_EQ(rig.link.TransactionCount(), 3);
     EXPECT_EQ(rig.log.exchanges[0].firstRegister, 5);
     EXPECT_FALSE(rig.link.CommLost());
 }
