@@ -93,6 +93,8 @@ class Frame : public Asker {
     [[nodiscard]] virtual Progress_Form& Porcentaje() = 0;
     [[nodiscard]] virtual Grid_View& grids() = 0;
     virtual void setLostComShown(bool shown) = 0;
+    /// Takes the transfer status form away, if there is one.
+    virtual void unloadFrmStatus() = 0;
 
     /// Serves events until the condition holds. It is asked again after each event; no time passes spinning.
     virtual void wait_until(const std::function<bool()>& condition) = 0;

@@ -2,7 +2,9 @@
 
 #include "comm/info_rec_errors.h"
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -29,6 +31,14 @@ struct Main_Form_State {
     std::int32_t Scan_Passes = 1;
     bool Write_Busy = false;
     bool Nothing_Sent = false;
+
+    std::string Poll_Request; ///< `Current_Request` at the start of the last refresh
+    bool Comm_Lost_Now = false;
+    bool Lost_Shown = false; ///< the user has been told of the lost link
+    std::int32_t Saved_Tx_Count = 0;
+    std::int32_t Saved_Rx_Count = 0;
+    /// Left, top, width and height of the monitor window, in twips, when the settings had them at start-up.
+    std::optional<std::array<std::int32_t, 4>> Monitor_Place;
 
     std::vector<Info_Rec_Errors> Transfer_Errors;
     std::vector<Info_Rec_Errors> Transfer_Log;

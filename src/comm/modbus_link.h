@@ -3,7 +3,7 @@
 #include "comm/link_windows.h"
 #include "comm/modbus_control.h"
 #include "comm/port_session.h"
-#include "comm/register_image.h"
+#include "comm/register_store.h"
 #include "comm/rtu_transaction.h"
 #include "comm/scan.h"
 #include "comm/traffic_observer.h"
@@ -182,7 +182,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     std::unique_ptr<Alarm> scanAlarm_;
     std::unique_ptr<Alarm> reopenAlarm_;
 
-    Register_Image image_;
+    Register_Store image_;
     Exchange_Status status_;
     Write_Queue writes_;
     mutable Scan scan_; ///< being looked at lets it move on

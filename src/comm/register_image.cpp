@@ -1,25 +1,14 @@
 #include "comm/register_image.h"
 
+#include "values/run_time_failure.h"
+
 namespace zorvane {
 
-namespace {
-
-std::uint64_t key(std::int32_t slave, std::int32_t address) {
-    return (static_cast<std::uint64_t>(static_cast<std::uint32_t>(slave)) << 32U) |
-           static_cast<std::uint32_t>(address);
-}
-
-} // namespace
-
-void Register_Image::put(std::int32_t slave, std::int32_t first, std::span<const std::uint16_t> values) {
-    for (const std::uint16_t value : values) {
-        values_[key(slave, first++)] = value;
-    }
-}
-
-std::uint16_t Register_Image::at(std::int32_t slave, std::int32_t address) const {
-    const auto found = values_.find(key(slave, address));
-    return found == values_.end() ? std::uint16_t{0} : found->second;
+std::int32_t registerCount(std::int32_t first, std::int32_t last) {
+    constexpr std::int64_t addressSpace = 65536;
+    const std::int64_t count = static_cast<std::int64_t>(last) - first + 1;
+    if (count > addressSpace) throw Run_Time_Failure(Failure::Overflow);
+    return count < 0 ? 0 : static_cast<std::int32_t>(count);
 }
 
 } // namespace zorvane

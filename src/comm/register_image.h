@@ -1,21 +1,33 @@
 #pragma once
 
+#include "comm/modbus_control.h"
+
 #include <cstdint>
-#include <span>
-#include <unordered_map>
 
 namespace zorvane {
 
-/// The last known value of each register, by slave and register number.
+/// The registers of one slave as the link last saw them; reading costs no wire traffic.
 class Register_Image {
   public:
-    void clear() { values_.clear(); }
-    void put(std::int32_t slave, std::int32_t first, std::span<const std::uint16_t> values);
-    /// 0 for a register that was never put.
-    [[nodiscard]] std::uint16_t at(std::int32_t slave, std::int32_t address) const;
+    Register_Image(const modbus_control& link, std::int32_t unit) : link_(&link), unit_(unit) {}
+
+    /// -32768 to 32767.
+    [[nodiscard]] std::int32_t signedAt(std::int32_t address) const {
+        return link_->RegisterValue(unit_, address);
+    }
+    /// 0 to 65535.
+    [[nodiscard]] std::int32_t unsignedAt(std::int32_t address) const {
+        return link_->RegisterValue(unit_, address, false);
+    }
+    [[nodiscard]] std::int32_t unit() const noexcept { return unit_; }
 
   private:
-    std::unordered_map<std::uint64_t, std::uint16_t> values_;
+    const modbus_control* link_;
+    std::int32_t unit_;
 };
+
+/// How many registers lie from `first` to `last`: 0 when the range runs backwards. More than there are
+/// addresses on the wire (65536) is failure 6.
+[[nodiscard]] std::int32_t registerCount(std::int32_t first, std::int32_t last);
 
 } // namespace zorvane

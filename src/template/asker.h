@@ -5,9 +5,10 @@
 namespace zorvane {
 
 /// Icons and buttons of a message, added up: 16 critical, 32 question, 48 exclamation, 64 information, plus 4
-/// for Yes and No; 0 for Ok alone.
+/// for Yes and No or 3 for Yes, No and Cancel; 0 for Ok alone.
 enum Msgb_Style : int {
     Msgb_Ok = 0,
+    Msgb_YesNoCancel = 3,
     Msgb_YesNo = 4,
     Msgb_Critical = 16,
     Msgb_Question = 32,

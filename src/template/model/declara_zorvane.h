@@ -80,6 +80,7 @@ struct Declara_Zorvane {
     Colour_Words Colors;
 
     bool Load_Failed = false;            ///< the last file to be read wasn't there
+    std::int32_t Last_Line = 0;          ///< the line (from 1) of the file that was read last
     bool Save_Failed = false;            ///< the last save didn't happen
     std::int32_t Always_Block_Count = 0; ///< blocks with the request word "ALWAYS"
     std::int32_t Forza_Analogas_Ms = 0;  ///< interval of TMR_Forza_analogas: four times Comm_Request_Ms

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "comm/comm_context.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zorvane {
+
+/// A text with blanks behind it up to 16 characters; a longer one stays as it is.
+[[nodiscard]] std::string filledTo16(std::string text);
+
+/// The same in place, and handed back in `result`.
+void PRO_Rellena_16(std::string& text, std::string& result);
+
+/// Two characters a register, the first in the high byte, for `count` registers: a missing character is a
+/// blank and what is too long is cut. A character of 128 or more is failure 6.
+[[nodiscard]] std::vector<std::int32_t> packAscii(std::string_view text, std::int32_t count);
+
+/// Writes a text to the registers of an ASCII cell with function 16, waits for the end of the write and then
+/// half a second for the controller to settle. On the board family the registers are those of the ASCII block
+/// that the cell lies in. The outcome stands in panel 4 and in `failed`; `extra` plays no part.
+void PRO_Escribe_Bloque_Ascii(const Comm_Context& comm, const std::string& text, std::int32_t field,
+                              std::int32_t column, std::int32_t row, const std::string& extra, bool& failed);
+
+} // namespace zorvane

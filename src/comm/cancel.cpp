@@ -1,0 +1,26 @@
+#include "comm/cancel.h"
+
+#include "comm/session.h"
+
+namespace zorvane {
+
+void PRO_Verifica_Cancelar(const Comm_Context& comm, bool isUpload, bool& cancelled) {
+    cancelled = false;
+    if (!comm.form.Cancel_Requested) return;
+    comm.form.Comm_Active = false;
+    MNU_Disconnect_Click(comm);
+    comm.frame.Porcentaje().unload();
+    comm.frame.setPanel(Panel::Message, isUpload ? "Upload cancelled..." : "Download cancelled...");
+    comm.frame.setFormEnabled(true);
+    cancelled = true;
+}
+
+void BOT_Cancel_Click(const Comm_Context& comm) {
+    comm.link.PauseScan();
+    const int answer = comm.frame.Msgb_Show("The transfer is not complete. Do you want to abort anyway?",
+                                            Msgb_Question + Msgb_YesNo, applicationTitle);
+    if (answer == Msgb_Code_Yes) comm.form.Cancel_Requested = true;
+    comm.link.ResumeScan();
+}
+
+} // namespace zorvane

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "comm/comm_context.h"
+
+namespace zorvane {
+
+/// Ends a transfer that the user has given up. `cancelled` says whether that was so.
+void PRO_Verifica_Cancelar(const Comm_Context& comm, bool isUpload, bool& cancelled);
+
+/// Cancel in the progress form: asks, with the scan held meanwhile, and leaves the wish for the transfer to
+/// find.
+void BOT_Cancel_Click(const Comm_Context& comm);
+
+} // namespace zorvane

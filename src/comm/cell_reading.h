@@ -1,0 +1,32 @@
+#pragma once
+
+#include "comm/register_image.h"
+#include "template/model/cell_rec.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace zorvane {
+
+/// What the register image says about one cell.
+struct Cell_Reading {
+    std::string value;                  ///< the text for the cell's `Value`
+    std::optional<std::string> message; ///< the text of the code, for a cell with a message list
+
+    /// What the lower grid shows.
+    [[nodiscard]] const std::string& shown() const { return message ? *message : value; }
+};
+
+/// Turns the registers of a cell into its text by address form, negative format of the column, kind and
+/// `Format`, in this order. Nothing for a cell without a register. `definition` is the column's row 0.
+[[nodiscard]] std::optional<Cell_Reading> readCell(const Cell_Rec& definition, const Cell_Rec& cell,
+                                                   const Register_Image& image);
+
+/// The bit count of a column's `Bits_Negative_Format`; nothing when it is blank or no number.
+[[nodiscard]] std::optional<std::int32_t> negativeBits(const Cell_Rec& definition);
+
+/// Two characters a register, high byte first, an empty byte as "-".
+void PRO_Lee_Ascii(const Register_Image& image, std::int32_t first, std::int32_t last, std::string& text);
+
+} // namespace zorvane

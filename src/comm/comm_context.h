@@ -1,0 +1,21 @@
+#pragma once
+
+#include "comm/frame.h"
+#include "comm/main_form_state.h"
+#include "comm/modbus_control.h"
+#include "comm/register_image.h"
+#include "template/model/declara_zorvane.h"
+
+namespace zorvane {
+
+/// What every transfer works on. Nothing in it is owned; the main form's owner keeps all four alive.
+struct Comm_Context {
+    Declara_Zorvane& document;
+    Main_Form_State& form;
+    modbus_control& link;
+    Frame& frame;
+
+    [[nodiscard]] Register_Image image() const { return Register_Image(link, form.Unit_Id); }
+};
+
+} // namespace zorvane

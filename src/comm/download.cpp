@@ -1,0 +1,128 @@
+#include "comm/download.h"
+
+#include "comm/ascii_block.h"
+#include "comm/cancel.h"
+#include "comm/download_request.h"
+#include "comm/download_step.h"
+#include "comm/progress.h"
+#include "comm/session.h"
+#include "comm/transfer_records.h"
+#include "values/numbers.h"
+
+namespace zorvane {
+
+namespace {
+
+constexpr std::int32_t farewellMs = 1000;
+const std::string downloading = "Transferring data to controller...";
+
+/// Rows to walk: those of each modifiable column.
+std::int32_t cellCount(const Comm_Context& comm) {
+    double total = 0;
+    const std::int32_t rows = comm.frame.grids().configurationRows();
+    for (std::int32_t f = 1; f < rows; ++f) {
+        const Field_Rec& field = comm.document.Fields(f);
+        const Cell_Table& cells = field.Cells;
+        for (std::int32_t column = 1; column <= field.Columns; ++column)
+            if (cells(0, column).Modifiable) total += field.Rows;
+    }
+    return toLong(total);
+}
+
+void prepare(const Comm_Context& comm) {
+    comm.link.ClearWriteFailed();
+    PRO_Limpia_Errores(comm.form);
+    comm.form.Cancel_Requested = false;
+    selectScan(comm, transferScan);
+    comm.link.PrepareScan();
+}
+
+void showDownloading(const Comm_Context& comm) {
+    Frame& frame = comm.frame;
+    frame.setPanel(Panel::Message, downloading);
+    frame.setPanel(Panel::Tx, "");
+    frame.setPanel(Panel::Rx, "");
+    const std::int32_t total = cellCount(comm);
+    frame.setFormEnabled(false);
+    frame.setPanel(Panel::LinkState, "Download");
+    Progress_Form& progress = frame.Porcentaje();
+    progress.setRange(total);
+    progress.setLabel(downloading);
+    progress.show();
+}
+
+void finish(const Comm_Context& comm) {
+    comm.form.Download_Active = false;
+    comm.link.StopScan();
+    comm.link.ClosePort();
+    comm.frame.wait_ms(farewellMs);
+    comm.frame.Porcentaje().unload();
+    comm.frame.setPanel(Panel::Message, "Ready");
+    comm.frame.setFormEnabled(true);
+    if (!comm.form.Transfer_Errors.empty() || comm.document.Always_Block_Count < 1) {
+        setTransferMenus(comm.frame, true);
+        return;
+    }
+    comm.link.StartScan();
+    selectScan(comm, onlineScan);
+    comm.link.PrepareScan();
+    enterOnline(comm);
+}
+
+void lose(const Comm_Context& comm) {
+    comm.form.Write_Busy = false;
+    comm.form.Download_Active = false;
+    comm.link.StopScan();
+    comm.link.ClosePort();
+    comm.frame.Porcentaje().setLabel("Error. The controller does not respond.");
+    comm.frame.Porcentaje().Deshabilita_Cancelar();
+    showNoResponse(comm.frame);
+}
+
+void stopCancelled(const Comm_Context& comm) {
+    comm.form.Download_Active = false;
+    comm.frame.setFormEnabled(true);
+}
+
+enum class Walk_End { Finished, Lost, Cancelled };
+
+/// One field; false when the user cancelled.
+bool walkField(Download_Step& step, const Comm_Context& comm, std::int32_t f) {
+    const Cell_Table& cells = comm.document.Fields(f).Cells;
+    for (std::int32_t column = 1; column <= cells.columns(); ++column) {
+        if (!cells(0, column).Modifiable) continue;
+        for (std::int32_t row = 1; row <= cells.rows(); ++row)
+            if (!step.run(Cell_Place{f, row, column})) return false;
+    }
+    return true;
+}
+
+Walk_End walk(const Comm_Context& comm) {
+    Download_Step step(comm);
+    const std::int32_t rows = comm.frame.grids().configurationRows();
+    for (std::int32_t f = 1; f < rows; ++f) {
+        if (comm.link.CommLost()) return Walk_End::Lost;
+        if (!walkField(step, comm, f)) return Walk_End::Cancelled;
+    }
+    return Walk_End::Finished;
+}
+
+} // namespace
+
+void MNU_Download_Click(const Comm_Context& comm) {
+    prepare(comm);
+    showDownloading(comm);
+    comm.link.EndSession();
+    comm.link.ClearCounters();
+    comm.form.Download_Active = true;
+    switch (walk(comm)) {
+    case Walk_End::Finished:
+        return finish(comm);
+    case Walk_End::Lost:
+        return lose(comm);
+    case Walk_End::Cancelled:
+        return stopCancelled(comm);
+    }
+}
+
+} // namespace zorvane

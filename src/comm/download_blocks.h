@@ -1,0 +1,48 @@
+#pragma once
+
+#include "comm/register_image.h"
+#include "template/model/declara_zorvane.h"
+#include "values/checked_array.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace zorvane {
+
+/// "R7702-16", "R7702-32" and "R7702-64" take whole blocks of registers where others take single ones.
+[[nodiscard]] bool isBoardFamily(std::string_view model) noexcept;
+
+/// The values of `Block_Kind`.
+enum class Block_Kind : std::int16_t { Numeric = 0, Message_List = 1, Ascii = 2 };
+
+/// The first and last register of a block.
+struct Register_Range {
+    std::int32_t first = 0;
+    std::int32_t last = 0;
+};
+
+/// The first block of a kind that holds the register; a numeric block is only asked for its start, so a
+/// template lists those by rising address. The search converts the bounds of every entry that it passes: one
+/// that finds nothing runs into the empty last entry, which is failure 13.
+[[nodiscard]] std::optional<Register_Range> findBlock(const Checked_Array<Download_Block_Rec>& blocks,
+                                                      Block_Kind kind, std::int32_t address);
+
+/// The values of a block as it is going to be written, built from the image and changed in one place.
+class Block_Image {
+  public:
+    /// `isSigned` says how the registers read. A block without a register is failure 9, one of more than
+    /// 65536 failure 6.
+    Block_Image(Register_Range block, const Register_Image& image, bool isSigned);
+
+    /// The value at a register's address; outside the block: failure 9.
+    [[nodiscard]] std::int32_t& at(std::int32_t address);
+    [[nodiscard]] std::vector<std::int32_t> values() const;
+
+  private:
+    std::int32_t first_;
+    Checked_Array<std::int32_t, 1> Block_Values_;
+};
+
+} // namespace zorvane

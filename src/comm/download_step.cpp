@@ -1,0 +1,125 @@
+#include "comm/download_step.h"
+
+#include "comm/ascii_block.h"
+#include "comm/cancel.h"
+#include "comm/progress.h"
+#include "comm/transfer_records.h"
+#include "values/code_page.h"
+#include "values/numbers.h"
+
+namespace zorvane {
+
+namespace {
+
+Info_Rec_Errors exchangeRecord(const modbus_control& link, const Cell_Rec& cell, const std::string& noAnswer,
+                               std::int32_t tries) {
+    const std::string response = link.LastResponse();
+    Info_Rec_Errors record;
+    record.Start_Address = link.ExchangeLine1();
+    record.End_Address = link.ExchangeLine2();
+    record.Function_Text = "FC-6";
+    record.Register = cell.Address;
+    record.Value = cell.Value;
+    record.Response = trimBlanks(response).empty() ? noAnswer : response;
+    record.Retry = retryNumber(tries);
+    return record;
+}
+
+std::string writeLine(const Cell_Rec& cell, const std::string& outcome) {
+    return "Write: " + cell.Value + " @" + cell.Address + outcome;
+}
+
+/// Starts the write of an order.
+struct Sender {
+    const Comm_Context& comm;
+    const Cell_Place& place;
+
+    void operator()(std::monostate) const {}
+    void operator()(const Single_Write& write) const {
+        comm.link.PresetSingleRegister(write.slave, write.address, write.value);
+    }
+    void operator()(const Multiple_Write& write) const {
+        comm.link.PresetMultipleRegisters(write.slave, write.address, write.values);
+    }
+    void operator()(const Ascii_Write& write) const {
+        bool failed = false;
+        PRO_Escribe_Bloque_Ascii(comm, write.text, place.field, place.column, place.row, "", failed);
+    }
+};
+
+} // namespace
+
+bool Download_Step::run(const Cell_Place& place) {
+    const Cell_Table& cells = comm_.document.Fields(place.field).Cells;
+    const Cell_Rec& definition = cells(0, place.column);
+    const Cell_Rec& cell = cells(place.row, place.column);
+    if (const auto word = negativeWord(definition, cell)) Negative_Word_ = *word;
+    if (isNotDownloadable(comm_.document, cell.Address))
+        comm_.frame.setPanel(Panel::Message, cell.Address + " ...No Download");
+    else if (!transfer(place, cell))
+        return false;
+    advanceProgress(comm_.frame.Porcentaje());
+    return true;
+}
+
+bool Download_Step::transfer(const Cell_Place& place, const Cell_Rec& cell) {
+    send(place);
+    if (!awaitWrite(cell)) return false;
+    report(cell);
+    return true;
+}
+
+void Download_Step::send(const Cell_Place& place) {
+    const Cell_Request request = buildRequest(sources(), place);
+    std::visit(Sender{comm_, place}, request.order);
+    comm_.form.Nothing_Sent = request.Nothing_Sent;
+}
+
+/// Each exchange that ends meanwhile, a retry too, leaves a record.
+bool Download_Step::awaitWrite(const Cell_Rec& cell) {
+    modbus_control& link = comm_.link;
+    std::uint8_t mark = link.TransactionCount();
+    std::int32_t tries = 0;
+    do {
+        comm_.form.Write_Busy = link.WriteBusy();
+        if (comm_.form.Nothing_Sent) return true;
+        bool cancelled = false;
+        PRO_Verifica_Cancelar(comm_, false, cancelled);
+        if (cancelled) return false;
+        if (link.TransactionCount() != mark) {
+            noteExchange(cell, ++tries);
+            mark = link.TransactionCount();
+        } else {
+            comm_.frame.wait_until([&] {
+                return !link.WriteBusy() || link.TransactionCount() != mark || comm_.form.Cancel_Requested;
+            });
+        }
+    } while (comm_.form.Write_Busy);
+    return true;
+}
+
+void Download_Step::noteExchange(const Cell_Rec& cell, std::int32_t tries) {
+    comm_.form.Transfer_Errors.push_back(exchangeRecord(comm_.link, cell, "No Response", tries));
+    comm_.link.ClearLastResponse();
+}
+
+void Download_Step::report(const Cell_Rec& cell) {
+    modbus_control& link = comm_.link;
+    comm_.frame.setPanel(Panel::Message, writeLine(cell, " ...Completed"));
+    if (!link.WriteFailed()) return;
+    const std::string response = link.LastResponse();
+    if (response != "BUSY" && !response.empty())
+        comm_.form.Transfer_Errors.push_back(
+            exchangeRecord(link, cell, "No Response (Exception Response)", 0));
+    link.ClearWriteFailed();
+    comm_.frame.setPanel(Panel::Message, writeLine(cell, " ...Failed"));
+}
+
+Request_Sources Download_Step::sources() const {
+    const Grid_View& grids = comm_.frame.grids();
+    return Request_Sources{comm_.document, comm_.image(), longValue(comm_.link.SlaveNumber()),
+                           Grid_Selection{grids.configurationRow(), grids.settingsRow(), grids.settingsCol()},
+                           Negative_Word_};
+}
+
+} // namespace zorvane

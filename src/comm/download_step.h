@@ -1,0 +1,32 @@
+#pragma once
+
+#include "comm/comm_context.h"
+#include "comm/download_request.h"
+
+#include <cstdint>
+
+namespace zorvane {
+
+/// What a download does with one cell after the other. The word of a negative number outlives its cell: a
+/// later cell that needs one and makes none takes it over.
+class Download_Step {
+  public:
+    explicit Download_Step(const Comm_Context& comm) : comm_(comm) {}
+
+    /// Writes a cell, waits for the end of the write and moves the bar. False when the user has cancelled;
+    /// the link is closed then.
+    [[nodiscard]] bool run(const Cell_Place& place);
+
+  private:
+    [[nodiscard]] bool transfer(const Cell_Place& place, const Cell_Rec& cell);
+    void send(const Cell_Place& place);
+    [[nodiscard]] bool awaitWrite(const Cell_Rec& cell);
+    void noteExchange(const Cell_Rec& cell, std::int32_t tries);
+    void report(const Cell_Rec& cell);
+    [[nodiscard]] Request_Sources sources() const;
+
+    Comm_Context comm_;
+    std::int32_t Negative_Word_ = 0;
+};
+
+} // namespace zorvane

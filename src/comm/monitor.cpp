@@ -1,0 +1,75 @@
+#include "comm/monitor.h"
+
+#include "values/code_page.h"
+#include "values/numbers.h"
+
+namespace zorvane {
+
+namespace {
+
+void showSlaveNumber(const Comm_Context& comm) {
+    const std::string number = comm.link.SlaveNumber();
+    if (!(Val(number) > 0)) return;
+    const std::string text = "RTU: " + std::string(trimBlanks(number));
+    if (text != trimBlanks(comm.frame.panel(Panel::Unit))) comm.frame.setPanel(Panel::Unit, text);
+}
+
+/// One register on the first port, for trying a line out.
+void startBench(const Comm_Context& comm) {
+    comm.link.SetCommPort(1, "9600,n,8,1");
+    comm.link.SetTimings(50, 300);
+    comm.link.AddHoldingBlock(1, 5, 5, true, 1);
+    comm.link.PrepareScan();
+    comm.link.OpenPort();
+    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, true);
+}
+
+void askEnd(const Comm_Context& comm, const Toolbar_Actions& actions) {
+    const int answer =
+        comm.frame.Msgb_Show("Are you sure?", Msgb_Question + Msgb_YesNoCancel, applicationTitle);
+    if (answer == Msgb_Code_Yes) actions.endProgram();
+}
+
+} // namespace
+
+void separador4_Click(const Comm_Context& comm) {
+    modbus_control& link = comm.link;
+    if (link.MonitorLoaded()) {
+        if (!link.MonitorVisible()) link.ActivateMonitor();
+        return;
+    }
+    if (const auto& place = comm.form.Monitor_Place)
+        link.ShowMonitor((*place)[0], (*place)[1], (*place)[2], (*place)[3]);
+    else
+        link.ShowMonitor(link.MonitorLeft(), link.MonitorTop(), link.MonitorWidth(), link.MonitorHeight());
+    link.ActivateMonitor();
+}
+
+void MNU_Port_Settings_Click(const Comm_Context& comm) { comm.link.ShowPortSettings(true); }
+
+void TMR_Verifica_monitor_Timer(const Comm_Context& comm) {
+    comm.frame.setTimerEnabled(Timer_Name::TMR_Verifica_monitor, false);
+    const bool onScreen = comm.link.MonitorLoaded() && comm.link.MonitorVisible();
+    comm.frame.setMenuEnabled(Menu_Entry::separador4, !onScreen);
+    showSlaveNumber(comm);
+    comm.frame.setTimerEnabled(Timer_Name::TMR_Verifica_monitor, true);
+}
+
+void PRO_Toolbar_Boton(const Comm_Context& comm, const Toolbar_Actions& actions, int button) {
+    switch (button) {
+    case 1:
+        return actions.MNU_Open_Click();
+    case 4:
+        return startBench(comm);
+    case 5:
+        return comm.link.ClosePort();
+    case 8:
+        return actions.showAcercade();
+    case 10:
+        return askEnd(comm, actions);
+    default:
+        return;
+    }
+}
+
+} // namespace zorvane

@@ -1,0 +1,89 @@
+#include "comm/online.h"
+
+#include "comm/registers_to_cells.h"
+#include "values/run_time_failure.h"
+
+namespace zorvane {
+
+namespace {
+
+const std::string noResponse = "The controller does not respond...";
+
+void tellLost(const Comm_Context& comm) {
+    PRO_Reintentando(comm);
+    if (comm.form.Lost_Shown) return;
+    comm.frame.setPanel(Panel::Message, noResponse);
+    comm.frame.setLostComShown(true);
+    comm.form.Lost_Shown = true;
+}
+
+void tellPresent(const Comm_Context& comm) {
+    if (!comm.form.Comm_Active) comm.frame.setPanel(Panel::LinkState, "Online");
+    if (comm.form.Lost_Shown && comm.frame.panel(Panel::Message) == noResponse)
+        comm.frame.setPanel(Panel::Message, "");
+    comm.form.Lost_Shown = false;
+    comm.frame.setLostComShown(false);
+}
+
+void refresh(const Comm_Context& comm) {
+    PRO_Refresca_Settings(comm, comm.frame.grids().configurationRow());
+    comm.form.Comm_Lost_Now = comm.link.CommLost();
+    if (comm.form.Comm_Lost_Now)
+        tellLost(comm);
+    else
+        tellPresent(comm);
+}
+
+/// Shows a light when the count has changed since it was last looked at.
+bool showLight(Frame& frame, Panel panel, const char* text, std::int32_t count, std::int32_t& saved) {
+    const bool changed = count != saved;
+    saved = count;
+    frame.setPanel(panel, changed ? text : "");
+    return changed;
+}
+
+} // namespace
+
+void TMR_Actualiza_online_Timer(const Comm_Context& comm) {
+    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
+    if (!comm.form.Online) return;
+    ignoringFailure([&] { refresh(comm); });
+    if (comm.form.Online) comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_online, true);
+}
+
+void TMR_TxRx_Timer(const Comm_Context& comm) {
+    comm.frame.setTimerEnabled(Timer_Name::TMR_TxRx, false);
+    if (!comm.form.Online) return;
+    const bool sent = showLight(comm.frame, Panel::Tx, "Tx", comm.link.TxCount(), comm.form.Saved_Tx_Count);
+    if (sent)
+        comm.frame.setPanel(Panel::Rx, "");
+    else
+        showLight(comm.frame, Panel::Rx, "Rx", comm.link.RxCount(), comm.form.Saved_Rx_Count);
+    comm.frame.setTimerEnabled(Timer_Name::TMR_TxRx, true);
+}
+
+void TMR_Forza_analogas_Timer(const Comm_Context& comm) {
+    comm.frame.setTimerEnabled(Timer_Name::TMR_Forza_analogas, false);
+}
+
+void PRO_Reintentando(const Comm_Context& comm) {
+    comm.frame.setFormEnabled(true);
+    comm.frame.setPanel(Panel::LinkState, "Retrying");
+}
+
+void PRO_Perdio_Comunicacion(const Comm_Context& comm) {
+    comm.link.StopScan();
+    comm.link.ClosePort();
+    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
+    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, false);
+    comm.form.Online = false;
+    comm.form.Comm_Active = false;
+    comm.frame.setPanel(Panel::Message, noResponse);
+    comm.link.EndSession();
+    comm.frame.Porcentaje().unload();
+    comm.frame.setFormEnabled(true);
+    comm.form.Pass_Count = 0;
+    comm.frame.setPanel(Panel::LinkState, "Offline");
+}
+
+} // namespace zorvane

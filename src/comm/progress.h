@@ -1,0 +1,20 @@
+#pragma once
+
+#include "comm/frame.h"
+
+namespace zorvane {
+
+/// One step of the bar; a full bar stays full.
+inline void advanceProgress(Progress_Form& progress) {
+    if (progress.value() < progress.maximum()) progress.setValue(progress.value() + 1);
+}
+
+/// The controller was silent: the progress form stays open with its Ok button, and the main form is free
+/// again.
+inline void showNoResponse(Frame& frame) {
+    frame.setFormEnabled(true);
+    frame.setPanel(Panel::LinkState, "Offline");
+    frame.setPanel(Panel::Message, "Error. The controller does not respond.");
+}
+
+} // namespace zorvane

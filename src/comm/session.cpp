@@ -1,0 +1,62 @@
+#include "comm/session.h"
+
+namespace zorvane {
+
+void MNU_Disconnect_Click(const Comm_Context& comm) {
+    comm.form.Online = false;
+    comm.frame.setMenuEnabled(Menu_Entry::MNU_Disconnect, false);
+    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
+    comm.frame.setTimerEnabled(Timer_Name::TMR_TxRx, false);
+    comm.link.StopScan();
+    comm.link.ClosePort();
+    comm.frame.setPanel(Panel::Tx, "");
+    comm.frame.setPanel(Panel::Rx, "");
+    comm.frame.setPanel(Panel::LinkState, "Offline");
+    comm.link.EndSession();
+    setTransferMenus(comm.frame, true);
+}
+
+void PRO_Fin_Sesion(const Comm_Context& comm) {
+    if (!comm.form.Online) return;
+    comm.form.Online = false;
+    comm.frame.setMenuEnabled(Menu_Entry::MNU_Disconnect, false);
+    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
+    comm.link.StopScan();
+    comm.link.ClosePort();
+    comm.frame.setPanel(Panel::LinkState, "");
+    comm.link.EndSession();
+}
+
+void PRO_Registra_Bloques(const Comm_Context& comm) {
+    const auto& blocks = comm.document.Holding_Blocks;
+    for (std::int32_t i = 1; i <= blocks.upperBound(); ++i)
+        comm.link.AddScanBlock(blocks(i).First_Address, blocks(i).Last_Address, false, blocks(i).Request,
+                               comm.form.Unit_Id);
+}
+
+void selectScan(const Comm_Context& comm, const std::string& word) {
+    comm.link.SetScanMode(word);
+    comm.form.Current_Request = comm.link.ScanMode();
+}
+
+void enterOnline(const Comm_Context& comm) {
+    comm.form.Online = true;
+    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_online, true);
+    comm.frame.setTimerEnabled(Timer_Name::TMR_TxRx, true);
+    comm.frame.setMenuEnabled(Menu_Entry::MNU_Disconnect, true);
+    setTransferMenus(comm.frame, false);
+}
+
+void goOnline(const Comm_Context& comm) {
+    selectScan(comm, onlineScan);
+    comm.link.PrepareScan();
+    comm.link.StartScan();
+    enterOnline(comm);
+}
+
+void setTransferMenus(Frame& frame, bool enabled) {
+    frame.setMenuEnabled(Menu_Entry::MNU_Download, enabled);
+    frame.setMenuEnabled(Menu_Entry::MNU_Upload, enabled);
+}
+
+} // namespace zorvane

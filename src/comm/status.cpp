@@ -1,0 +1,35 @@
+#include "comm/status.h"
+
+#include "comm/download.h"
+#include "comm/session.h"
+#include "comm/upload.h"
+
+namespace zorvane {
+
+Transfer_Status transferStatus(const Comm_Context& comm, bool isUpload) {
+    return Transfer_Status{transferMethod(isUpload), comm.link.PortParameters(), comm.form.Transfer_Errors,
+                           comm.form.Transfer_Log};
+}
+
+void Status_Connect(const Comm_Context& comm, std::int16_t /*isUpload*/) {
+    comm.frame.unloadFrmStatus();
+    PRO_Limpia_Errores(comm.form);
+    comm.frame.setFormEnabled(true);
+    goOnline(comm);
+}
+
+void Status_Retry(const Comm_Context& comm, std::int16_t isUpload) {
+    comm.frame.unloadFrmStatus();
+    PRO_Limpia_Errores(comm.form);
+    if (isUpload != 0)
+        MNU_Upload_Click(comm);
+    else
+        MNU_Download_Click(comm);
+}
+
+void Status_CancelProg(const Comm_Context& comm, std::int16_t /*isUpload*/) {
+    comm.frame.unloadFrmStatus();
+    comm.frame.setFormEnabled(true);
+}
+
+} // namespace zorvane

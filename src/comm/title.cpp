@@ -1,0 +1,26 @@
+#include "comm/title.h"
+
+#include "values/code_page.h"
+
+namespace zorvane {
+
+void PRO_Titulo_Modificado(const Declara_Zorvane& document, Main_Form_State& form, Frame& frame) {
+    form.Dirty = true;
+    refreshTitle(document, form, frame);
+}
+
+void PRO_Titulo_Limpio(const Declara_Zorvane& document, Main_Form_State& form, Frame& frame) {
+    form.Dirty = false;
+    refreshTitle(document, form, frame);
+}
+
+void refreshTitle(const Declara_Zorvane& document, const Main_Form_State& form, Frame& frame) {
+    const std::string name = lowerCase(document.File_Stem) + "." + lowerCase(document.File_Extension);
+    frame.setCaption((form.Dirty ? "* " : "") + name + " - Zorvane");
+}
+
+void applySaveRule(const Declara_Zorvane& document, Frame& frame) {
+    frame.setMenuEnabled(Menu_Entry::MNU_Save, upperCase(document.File_Stem) != "DEFAULT");
+}
+
+} // namespace zorvane

@@ -1,0 +1,48 @@
+#include "simulator/fault_picker.h"
+
+namespace zorvane::simulator {
+
+namespace {
+
+constexpr int readRegisters = 3;
+
+bool touches(const Fault_Rule& rule, const Fault_Question& question) noexcept {
+    if (!rule.first) return true;
+    if (!question.first || !question.last) return false;
+    return *question.first <= *rule.last && *question.last >= *rule.first;
+}
+
+} // namespace
+
+bool applies(Fault_Kind kind, const Fault_Question& question) noexcept {
+    if (kind == Fault_Kind::Short) return !question.refused && question.function == readRegisters;
+    if (kind == Fault_Kind::Wrong_Echo) return !question.refused && question.function != readRegisters;
+    return true;
+}
+
+Fault_Picker::Fault_Picker(std::vector<Fault_Rule> rules, std::uint64_t seed) : dice_(seed) {
+    for (Fault_Rule& rule : rules)
+        entries_.push_back({std::move(rule), 0, {}});
+}
+
+const Fault_Rule* Fault_Picker::pick(const Fault_Question& question) {
+    for (Entry& entry : entries_)
+        if (strikes(entry, question)) return &entry.rule;
+    return nullptr;
+}
+
+bool Fault_Picker::strikes(Entry& entry, const Fault_Question& question) {
+    const Fault_Rule& rule = entry.rule;
+    if (!applies(rule.kind, question) || !touches(rule, question)) return false;
+    if (rule.count && entry.struck >= *rule.count) return false;
+    if (rule.percent && dice_.unit() * 100 >= *rule.percent) return false;
+    if (rule.kind == Fault_Kind::Busy) {
+        int& answered = entry.busyAnswers[question.first.value_or(-1)];
+        if (answered >= rule.value) return false;
+        ++answered;
+    }
+    ++entry.struck;
+    return true;
+}
+
+} // namespace zorvane::simulator

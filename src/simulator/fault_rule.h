@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace zorvane::simulator {
+
+/// What can go wrong with an answer.
+enum class Fault_Kind {
+    Silent,     ///< no answer
+    Late,       ///< the answer comes `value` ms later
+    Crc,        ///< the answer's check sum is wrong
+    Truncate,   ///< only the answer's first `value` bytes come
+    Noise,      ///< `value` random bytes come joined before the answer
+    Echo,       ///< the request's own bytes come back before the answer, as from a two-wire adapter
+    Wrong_Unit, ///< well formed, from another unit
+    Wrong_Echo, ///< functions 6 and 16: another address, value or quantity; the register isn't changed
+    Short,      ///< function 3: well formed, with one register fewer
+    Exception,  ///< exception answer `value`; nothing is done
+    Busy,       ///< exception 6 to the first `value` requests of an address; nothing is done
+    Unplug,     ///< the line goes away for `value` ms; nothing is done
+};
+
+/// A fault, how often it strikes, and where. Without percent and count it strikes every time; the range is of
+/// register numbers, and a request is meant when it touches the range.
+struct Fault_Rule {
+    Fault_Kind kind = Fault_Kind::Silent;
+    int value = 0;
+    std::optional<double> percent; ///< above 0, up to 100
+    std::optional<int> count;      ///< the first so many requests that it could strike
+    std::optional<std::int32_t> first;
+    std::optional<std::int32_t> last; ///< set when `first` is
+    std::string text;                 ///< as it was given
+};
+
+/// A fault's text that can't be understood; `what` says why, and how it should look.
+class Bad_Fault : public std::invalid_argument {
+  public:
+    using std::invalid_argument::invalid_argument;
+};
+
+/// KIND[=VALUE][:RATE%|:COUNT][@FIRST[-LAST]], such as `crc:5%`, `silent:3@40010-40020`, `late=300:10%@1-50`.
+/// late, truncate, noise, exception and busy need a value; unplug may have one (1000 ms without). Throws
+/// `Bad_Fault`.
+[[nodiscard]] Fault_Rule parseFault(std::string_view text);
+
+/// The grammar and the kinds, for the program's help.
+[[nodiscard]] std::string faultHelp();
+
+} // namespace zorvane::simulator

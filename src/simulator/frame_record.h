@@ -1,0 +1,37 @@
+#pragma once
+
+#include "simulator/bytes.h"
+#include "simulator/request.h"
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace zorvane::simulator {
+
+enum class Direction { In, Out };
+
+/// A frame that came in or went out, as it stands in the log.
+struct Frame_Record {
+    Direction direction = Direction::In;
+    Bytes bytes; ///< as they passed, noise and damage included
+    std::optional<Frame_Facts> facts;
+    std::string fault;         ///< the fault's text; empty for none
+    std::optional<bool> taken; ///< a write: whether the registers took it
+    std::string note;          ///< why there is no answer
+};
+
+/// One line of JSON without a line end: "ms" since the start, "direction" (in, out), "hex", and as far as
+/// they are known "unit", "function", "address" (the register's number), "wire" (its address on the wire),
+/// "quantity", "values", "exception", "fault", "taken", "note".
+[[nodiscard]] std::string logLine(const Frame_Record& record, std::chrono::nanoseconds sinceStart,
+                                  std::int32_t addressBase);
+
+/// A line about something else than a frame: {"ms","event"}.
+[[nodiscard]] std::string eventLine(const std::string& event, std::chrono::nanoseconds sinceStart);
+
+/// Bytes as hex pairs in upper case, a blank between.
+[[nodiscard]] std::string hexText(Bytes_View bytes);
+
+} // namespace zorvane::simulator

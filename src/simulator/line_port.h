@@ -1,0 +1,25 @@
+#pragma once
+
+namespace zorvane::simulator {
+
+/// The line's end on which the controller sits. Descriptors don't block.
+class Line_Port {
+  public:
+    virtual ~Line_Port() = default;
+
+    /// For reading and writing bytes; -1 while unplugged.
+    [[nodiscard]] virtual int fd() const = 0;
+
+    /// Readable when a client may have come or gone; -1 when that can't be known.
+    [[nodiscard]] virtual int watchFd() const { return -1; }
+
+    /// Serves `watchFd`. True when the first client came or the last one went: nothing that is under way is
+    /// meant for whoever opens the line next.
+    [[nodiscard]] virtual bool clientsChanged() { return false; }
+
+    [[nodiscard]] virtual bool canUnplug() const { return false; }
+    virtual void unplug() {}
+    virtual void plugIn() {}
+};
+
+} // namespace zorvane::simulator

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "simulator/controller.h"
+#include "simulator/frame_log.h"
+#include "simulator/line_pace.h"
+#include "simulator/line_port.h"
+#include "simulator/request_collector.h"
+#include "simulator/send_queue.h"
+#include "simulator/unique_fd.h"
+
+#include <chrono>
+#include <optional>
+
+namespace zorvane::simulator {
+
+/// Serves a controller on a line: gathers requests, and lets answers out at the line's pace. It sleeps until
+/// bytes, a signal or a moment of the schedule come.
+class Line_Server {
+  public:
+    struct Timing {
+        Line_Pace pace;
+        std::chrono::milliseconds turnaround{0}; ///< from the end of the request's silence to the answer
+    };
+
+    Line_Server(Line_Port& port, Controller& controller, Frame_Log& log, Timing timing);
+
+    /// Until `stopFd` becomes readable. Throws `std::runtime_error` when the line is lost for good.
+    void run(int stopFd);
+
+  private:
+    [[nodiscard]] std::optional<Instant> nextMoment() const;
+    void armTimer();
+    /// Whether to go on.
+    [[nodiscard]] bool waitAndServe(int stopFd);
+    void serveClients();
+    void receive();
+    void handleArrivals();
+    void handle(const Arrival& arrival);
+    void schedule(const Arrival& arrival, Outgoing outgoing);
+    void sendDue();
+    void unplug(std::chrono::milliseconds duration);
+    void plugInWhenDue();
+
+    Line_Port& port_;
+    Controller& controller_;
+    Frame_Log& log_;
+    Timing timing_;
+    Request_Collector collector_;
+    Send_Queue queue_;
+    Unique_Fd timer_;
+    std::optional<Instant> plugInAt_;
+};
+
+} // namespace zorvane::simulator

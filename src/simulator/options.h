@@ -1,0 +1,38 @@
+#pragma once
+
+#include "simulator/fault_rule.h"
+#include "simulator/line_pace.h"
+
+#include <cstdint>
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace zorvane::simulator {
+
+/// What the command line of zorvane-sim says.
+struct Options {
+    std::string templateFile;
+    std::string configuration; ///< empty: the template's own values
+    std::string registers;     ///< empty: none
+    int slave = 1;
+    std::string ptyLink; ///< one of these two is set
+    std::string device;
+    Line_Settings settings;
+    std::optional<int> pace; ///< baud; none: as fast as it goes
+    int turnaroundMs = 0;
+    std::uint64_t seed = 1;
+    std::vector<Fault_Rule> faults;
+    std::string log; ///< empty: none, "-": standard output
+};
+
+/// The options, or the exit code with which to end: 0 after the help, 2 after wrong usage. Both are printed.
+[[nodiscard]] std::variant<Options, int> parseOptions(int argc, const char* const* argv, std::ostream& out,
+                                                      std::ostream& complaints);
+
+/// The pace that the options ask for.
+[[nodiscard]] Line_Pace paceOf(const Options& options);
+
+} // namespace zorvane::simulator

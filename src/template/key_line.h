@@ -1,0 +1,67 @@
+#pragma once
+
+#include "template/link_notice.h"
+#include "template/model/declara_zorvane.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zorvane {
+
+/// A key with the number taken out of it: `COL_7_WIDTH` is "COL_#_WIDTH" and 7. The key is upper case.
+struct Numbered_Key {
+    std::string key;
+    std::int32_t number = 0; ///< 0 when the key holds none
+};
+
+/// The number stands between the first two underscores; a key with fewer stays as it is.
+[[nodiscard]] Numbered_Key twoUnderscoreKey(std::string_view key);
+
+/// The number is all that follows the first underscore: `ROWADDRESS_12` is "ROWADDRESS_#" and 12.
+[[nodiscard]] Numbered_Key oneUnderscoreKey(std::string_view key);
+
+/// The number follows the first underscore and ends at the second, if there is one.
+[[nodiscard]] Numbered_Key openUnderscoreKey(std::string_view key);
+
+/// One key line of a known section, ready for that section's reader.
+struct Key_Line {
+    std::string key;          ///< normalised, upper case
+    std::int32_t number = 0;  ///< the key's number
+    std::int32_t section = 0; ///< the section's number
+    std::string_view value;   ///< as the scanner cut it
+};
+
+/// What a section reader writes to: the document, and the link for what it has to be told.
+struct Interpreter {
+    Declara_Zorvane& document;
+    Link_Notice& link;
+
+    /// The field of that number, marked as touched. Failure 9 outside 0 to 100.
+    [[nodiscard]] Field_Rec& field(std::int32_t number) const;
+};
+
+/// A section's reader: applies one key line; false rejects it. A key that it doesn't know has no effect.
+using Section_Reader = bool (*)(const Interpreter&, const Key_Line&);
+
+bool readHardware(const Interpreter& interpreter, const Key_Line& line);
+bool readConfigurationColumns(const Interpreter& interpreter, const Key_Line& line);
+bool readConfigurationFields(const Interpreter& interpreter, const Key_Line& line);
+bool readFieldColumns(const Interpreter& interpreter, const Key_Line& line);
+bool readFieldConfiguration(const Interpreter& interpreter, const Key_Line& line);
+bool readFieldMessages(const Interpreter& interpreter, const Key_Line& line);
+bool readNotDownloadable(const Interpreter& interpreter, const Key_Line& line);
+bool readPortConfiguration(const Interpreter& interpreter, const Key_Line& line);
+bool readFieldDefault(const Interpreter& interpreter, const Key_Line& line);
+bool readConfigurationDefault(const Interpreter& interpreter, const Key_Line& line);
+bool readDefaultColumns(const Interpreter& interpreter, const Key_Line& line);
+bool readColors(const Interpreter& interpreter, const Key_Line& line);
+
+/// The action that a section's table has for a key, or null.
+template <class Table> [[nodiscard]] auto findAction(const Table& table, const std::string& key) {
+    for (const auto& [name, action] : table)
+        if (name == key) return action;
+    return decltype(table[0].second){};
+}
+
+} // namespace zorvane

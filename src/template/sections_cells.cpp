@@ -1,0 +1,92 @@
+// The sections that describe single cells: addresses, limits, formats and lists.
+
+#include "template/comma_list.h"
+#include "template/key_line.h"
+#include "template/messages.h"
+#include "values/code_page.h"
+#include "values/numbers.h"
+#include "values/times.h"
+
+#include <array>
+
+namespace zorvane {
+
+namespace {
+
+// [FIELD_#_CONFIGURATION]: a key holds one item for each column of its row.
+
+using Item_Action = void (*)(Cell_Rec&, std::string_view item);
+
+void storeAddress(Cell_Rec& cell, std::string_view item) { cell.Address = item; }
+
+void storeAsciiRange(Cell_Rec& cell, std::string_view item) {
+    const std::size_t dash = item.find('-');
+    cell.Address = item.substr(0, dash);
+    if (dash == std::string_view::npos) return;
+    cell.Address_End = item.substr(dash + 1);
+    cell.Is_Ascii_Range = true;
+}
+
+void storeMaximum(Cell_Rec& cell, std::string_view item) {
+    cell.Max_Value = isNumeric(item) ? item : std::string_view("32767");
+}
+
+void storeMinimum(Cell_Rec& cell, std::string_view item) {
+    cell.Min_Value = isNumeric(item) ? item : std::string_view("-32768");
+}
+
+std::string secondsLimit(std::string_view item) { return isTime(item) ? numberText(timeSeconds(item)) : "0"; }
+
+void storeMinimumTime(Cell_Rec& cell, std::string_view item) { cell.Min_Value = secondsLimit(item); }
+
+void storeMaximumTime(Cell_Rec& cell, std::string_view item) { cell.Max_Value = secondsLimit(item); }
+
+void storeFormat(Cell_Rec& cell, std::string_view item) { cell.Format = trimBlanks(item); }
+
+constexpr std::array<std::pair<std::string_view, Item_Action>, 7> itemKeys = {{
+    {"ROWADDRESS_#", storeAddress},
+    {"ROWASCIIRANGE_#", storeAsciiRange},
+    {"ROWADDRESSNUMERICMAXVALUE_#", storeMaximum},
+    {"ROWADDRESSNUMERICMINVALUE_#", storeMinimum},
+    {"ROWADDRESSTIMEMINVALUE_#", storeMinimumTime},
+    {"ROWADDRESSTIMEMAXVALUE_#", storeMaximumTime},
+    {"ROWADDRESSFORMAT_#", storeFormat},
+}};
+
+bool hasRegister(const Cell_Rec& cell, std::string_view number) {
+    const std::string_view address = cell.Address;
+    if (!address.starts_with(number)) return false;
+    const std::string_view suffix = address.substr(number.size());
+    return suffix.empty() || suffix == "/LO" || suffix == "/HI";
+}
+
+} // namespace
+
+bool readFieldConfiguration(const Interpreter& interpreter, const Key_Line& line) {
+    const auto store = findAction(itemKeys, line.key);
+    if (store == nullptr) return true;
+    Field_Rec& field = interpreter.field(line.section);
+    forEachItem(line.value, [&](std::int32_t column, std::string_view item) {
+        store(field.Cells(line.number, column), item);
+        return true;
+    });
+    return true;
+}
+
+/// Gives every cell of the field that lies at the key's register, whole or half, its own copy of the list.
+bool readFieldMessages(const Interpreter& interpreter, const Key_Line& line) {
+    if (line.key != "ADDRESS_#") return true;
+    const std::string number = numberText(line.number);
+    const Field_Rec& field = interpreter.document.Fields(line.section);
+    for (std::int32_t row = 0; row <= field.Rows && field.Columns >= 0; ++row) {
+        const std::int32_t last = field.Cells.lastWrittenColumn(row);
+        for (std::int32_t column = 0; column <= last; ++column) {
+            const Cell_Rec& cell = field.Cells(row, column);
+            if (!cell.Has_Messages && hasRegister(cell, number))
+                readMessages(interpreter.field(line.section).Cells(row, column), line.value);
+        }
+    }
+    return true;
+}
+
+} // namespace zorvane

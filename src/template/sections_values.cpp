@@ -1,0 +1,79 @@
+// The sections that a configuration file holds too: values of the cells and of the upper grid. And the
+// colours.
+
+#include "template/comma_list.h"
+#include "template/key_line.h"
+#include "template/messages.h"
+#include "values/code_page.h"
+#include "values/numbers.h"
+#include "values/times.h"
+
+#include <array>
+
+namespace zorvane {
+
+namespace {
+
+/// A time that stands in a file as plain seconds: 90 is `1:30`.
+std::string timeFromSeconds(std::string_view item) {
+    if (!isNumeric(item)) return "0:00";
+    const std::int32_t seconds = longValue(item);
+    return numberText(wholeMinutes(seconds)) + ":" + twoDigits(restSeconds(seconds));
+}
+
+std::string documentValue(const Cell_Rec& cell, std::string_view item) {
+    if (cell.Has_Messages) return numberText(messageCode(cell, item));
+    const bool plainSeconds = item.find(':') == std::string_view::npos && upperCase(cell.Format) == "TIME";
+    return plainSeconds ? timeFromSeconds(item) : std::string(item);
+}
+
+using Color_Member = std::string Colour_Words::*;
+constexpr std::array<std::pair<std::string_view, Color_Member>, 10> colorKeys = {{
+    {"TXT_#_MODIFIABLEVALUES", &Colour_Words::Color_Txt_Modifiable},
+    {"TXT_#_EXCEPTIONCOMM", &Colour_Words::Color_Txt_Exception},
+    {"TXT_#_WRITTINGCOMM", &Colour_Words::Color_Txt_Writing},
+    {"TXT_#_ERRORWRITTINGCOMM", &Colour_Words::Color_Txt_Error},
+    {"TXT_#_NORMAL", &Colour_Words::Color_Txt_Normal},
+    {"BCKGRND_#_MODIFIABLEVALUES", &Colour_Words::Color_Back_Modifiable},
+    {"BCKGRND_#_EXCEPTIONCOMM", &Colour_Words::Color_Back_Exception},
+    {"BCKGRND_#_WRITTINGCOMM", &Colour_Words::Color_Back_Writing},
+    {"BCKGRND_#_NORMAL", &Colour_Words::Color_Back_Normal},
+    {"BCKGRND_#_ERRORWRITTINGCOMM", &Colour_Words::Color_Back_Error},
+}};
+
+} // namespace
+
+/// Stores a row's values. More of them than the field has columns rejects the line there; a row beyond the
+/// last one stores nothing.
+bool readFieldDefault(const Interpreter& interpreter, const Key_Line& line) {
+    if (line.key != "ROW_#") return true;
+    const Field_Rec& field = interpreter.document.Fields(line.section);
+    bool accepted = true;
+    forEachItem(line.value, [&](std::int32_t column, std::string_view item) {
+        accepted = column <= field.Columns;
+        if (accepted && line.number <= field.Rows)
+            interpreter.field(line.section).Cells(line.number, column).Value =
+                documentValue(field.Cells(line.number, column), item);
+        return accepted;
+    });
+    return accepted;
+}
+
+/// Ends with exactly the items of this line.
+bool readConfigurationDefault(const Interpreter& interpreter, const Key_Line& line) {
+    if (line.key != "FIELD_#") return true;
+    auto& values = interpreter.field(line.number).Config_Values;
+    forEachItem(line.value, [&](std::int32_t k, std::string_view item) {
+        values.redimPreserve(k);
+        values(k) = item;
+        return true;
+    });
+    return true;
+}
+
+bool readColors(const Interpreter& interpreter, const Key_Line& line) {
+    if (const auto member = findAction(colorKeys, line.key)) interpreter.document.Colors.*member = line.value;
+    return true;
+}
+
+} // namespace zorvane
