@@ -316,8 +316,10 @@ TEST(LinkFaults, AStoppedScansAnswerDoesNotCountForTheNextScan) {
     rig.link.StopScan();
     rig.link.ClosePort();
     rig.scan("ALWAYS");
-    ASSERT_TRUE(rig.exchanges(3));
-    rig.expectNoWrongValue(40);
+    for (std::size_t count = 1; count <= 3; ++count) {
+        ASSERT_TRUE(rig.exchanges(count));
+        rig.expectNoWrongValue(40);
+    }
     rig.expectRead(10, 19);
 }
 

@@ -298,8 +298,10 @@ TEST(ModbusLink, ABlockThatTheWireCannotCarryIsAFailedExchange) {
     EXPECT_EQ(rig.link.TransactionCount(), 1);
     EXPECT_EQ(rig.link.LastResponse(), "Register 70001 has no address from 0 to 65535");
     EXPECT_TRUE(rig.link.LastRequestFailed());
+    rig.clock.runFor(1 * ms);
+    EXPECT_EQ(rig.link.TransactionCount(), 2);
+    EXPECT_EQ(rig.link.LastResponse(), "No registers from 9 on");
     ASSERT_TRUE(rig.exchanges(1));
-    EXPECT_EQ(rig.link.TransactionCount(), 3);
     EXPECT_EQ(rig.log.exchanges[0].firstRegister, 5);
     EXPECT_FALSE(rig.link.CommLost());
 }
@@ -425,6 +427,22 @@ TEST(ModbusLink, ResetScanGoesBackToTheFirstBlock) {
     const std::size_t before = rig.log.exchanges.size();
     ASSERT_TRUE(rig.exchanges(before + 1));
     EXPECT_EQ(rig.log.exchanges[before].firstRegister, 1);
+}
+
+TEST(ModbusLink, AnAnswerUnderWayWhileTheScanIsResetFillsTheImageAndMovesNothing) {
+    Link_Rig rig;
+    rig.slave.registers[6] = 66;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.block(8, 9);
+    rig.scan();
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.port.written.size() == 2; }, microsPerSecond));
+    rig.link.ResetScan();
+    ASSERT_TRUE(rig.exchanges(2));
+    EXPECT_EQ(rig.link.RegisterValue(0, 6), 66);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_EQ(rig.log.exchanges[2].firstRegister, 1);
 }
 
 /// Looks as the upload does: every 10 ms, transaction first, then the index.
