@@ -31,7 +31,9 @@ struct App_Context {
     [[nodiscard]] Declara_Zorvane& document() const { return grids.comm.document; }
     [[nodiscard]] Main_Form_State& form() const { return grids.comm.form; }
     [[nodiscard]] modbus_control& link() const { return grids.comm.link; }
-    [[nodiscard]] Reading_Services reading() const { return {files, frame, grids.comm.link, applicationFolder}; }
+    [[nodiscard]] Reading_Services reading() const {
+        return {files, frame, grids.comm.link, applicationFolder};
+    }
 };
 
 inline const std::string saveQuestion = "Do you want to save this file?";

@@ -5,7 +5,7 @@
 #include "comm/title.h"
 #include "template/file_names.h"
 #include "template/pro_escribe_archivo.h"
-#include "values/code_page.h"
+#include "values/numbers.h"
 
 namespace zorvane {
 

@@ -77,7 +77,8 @@ void readTemplate(const App_Context& app, const std::string& path) {
     app.link().ClearBlocks();
     app.state.modelEmptied = false;
     ignoringFailure([&] {
-        PRO_Leer_INIFIle(document, app.reading(), app.applicationFolder + folderSeparator + templateName(path));
+        PRO_Leer_INIFIle(document, app.reading(),
+                         app.applicationFolder + folderSeparator + templateName(path));
     });
     ignoringFailure([&] { PRO_Registra_Bloques(app.grids.comm); });
 }

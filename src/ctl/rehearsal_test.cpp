@@ -86,7 +86,8 @@ TEST_F(Rehearsal, PlanPrintsATableForPeople) {
                                        "3 writes\n");
 }
 
-/// Minutes of a shared register: the seconds come from the register of the current cell, wherever the walk is.
+/// Minutes of a shared register: the seconds come from the register of the current cell, wherever the walk
+/// is.
 class Selection : public Rehearsal {
   protected:
     void SetUp() override {

@@ -22,7 +22,8 @@ Document_Name documentName(std::string_view path) {
 
 std::string lastExtension(std::string_view path) {
     const std::size_t dot = path.rfind('.');
-    return dot == std::string_view::npos ? std::string(upperTrimmed(path)) : upperTrimmed(path.substr(dot + 1));
+    return dot == std::string_view::npos ? std::string(upperTrimmed(path))
+                                         : upperTrimmed(path.substr(dot + 1));
 }
 
 std::string templateName(std::string_view path) { return lastExtension(path) + ".ZTP"; }
