@@ -1,76 +1,143 @@
 #!/usr/bin/python3
-"""A Modbus RTU slave on a pseudo-terminal, made of Debian's pymodbus: a controller that shares no code with ours.
+"""A Modbus RTU slave by pymodbus, on a pseudo-terminal or a serial device.
 
-    pymodbus_slave.py LINK REGISTERS.json [--slave N] [--dump FILE]
+    pymodbus_slave.py LINE --registers FILE [--dump FILE] [--slave N] [--address-base N]
 
-LINK becomes a symbolic link to the device. REGISTERS.json is {"address": value}. "ready LINK" on standard output
-tells that the slave answers. SIGTERM ends it and writes the registers as they then are to the file of --dump.
+LINE is an existing terminal device, or else the name of a link that is made to a new pseudo-terminal and removed at
+the end. FILE is {"address": value, ...}, addresses being register numbers; the address on the wire is the number less
+the address base. "ready LINE" on standard output says that the slave can be talked to. SIGTERM and SIGINT end it
+with exit code 0, after its registers were written to the dump file in the same form.
 """
+
 import argparse
 import json
 import os
-import pty
 import select
 import signal
+import stat
 import sys
-import threading
 import tty
 
-from pymodbus.datastore import ModbusServerContext, ModbusSlaveContext, ModbusSparseDataBlock
+from pymodbus.datastore import ModbusSlaveContext, ModbusSparseDataBlock
+from pymodbus.exceptions import ModbusException
+from pymodbus.factory import ServerDecoder
 from pymodbus.framer.rtu_framer import ModbusRtuFramer
-from pymodbus.server import StartSerialServer
+from pymodbus.pdu import ModbusExceptions
+
+# Bytes that made no request are forgotten after this silence.
+SILENCE_SECONDS = 0.02
 
 
-def open_pair():
-    """A pseudo-terminal in raw mode: its master's descriptor and its slave's path."""
-    master, slave = pty.openpty()
-    tty.setraw(slave)
-    return master, os.ttyname(slave), slave
+def parse_arguments():
+    parser = argparse.ArgumentParser(description="Modbus RTU slave by pymodbus")
+    parser.add_argument("line")
+    parser.add_argument("--registers", required=True)
+    parser.add_argument("--dump")
+    parser.add_argument("--slave", type=int, default=1)
+    parser.add_argument("--address-base", type=int, default=0)
+    return parser.parse_args()
 
 
-def relay(first, second):
-    """Moves bytes both ways between two masters until one of them goes away."""
-    other = {first: second, second: first}
+class Line:
+    """The slave's end of the line."""
+
+    def __init__(self, name):
+        self.link = None
+        if os.path.exists(name) and stat.S_ISCHR(os.stat(name).st_mode) and not os.path.islink(name):
+            self.fd = os.open(name, os.O_RDWR | os.O_NOCTTY)
+            tty.setraw(self.fd)
+            return
+        # The client's side stays open here too, so that clients may come and go.
+        self.fd, self.client = os.openpty()
+        tty.setraw(self.client)
+        if os.path.islink(name):
+            os.unlink(name)
+        os.symlink(os.ttyname(self.client), name)
+        self.link = name
+
+    def close(self):
+        if self.link:
+            os.unlink(self.link)
+
+
+class Slave:
+    """pymodbus's framer, requests and registers."""
+
+    def __init__(self, unit, registers, base):
+        self.unit = unit
+        self.base = base
+        self.block = ModbusSparseDataBlock({int(number) - base: value for number, value in registers.items()})
+        self.context = ModbusSlaveContext(hr=self.block, zero_mode=True)
+        self.framer = ModbusRtuFramer(ServerDecoder())
+        self.answers = []
+
+    def take(self, data):
+        """The bytes of the answers to what these bytes completed."""
+        try:
+            self.framer.processIncomingPacket(data, self.execute, [self.unit, 0])
+        except (ModbusException, IndexError, KeyError) as error:
+            print(f"pymodbus: {error}", file=sys.stderr)
+            self.forget()
+        answers, self.answers = b"".join(self.answers), []
+        return answers
+
+    def execute(self, request):
+        try:
+            response = request.execute(self.context)
+        except Exception as error:  # the same that pymodbus's own servers do
+            print(f"pymodbus: {error}", file=sys.stderr)
+            response = request.doException(ModbusExceptions.SlaveFailure)
+        if request.unit_id != 0:
+            response.transaction_id = request.transaction_id
+            response.unit_id = request.unit_id
+            self.answers.append(self.framer.buildPacket(response))
+
+    def forget(self):
+        self.framer.resetFrame()
+
+    def registers(self):
+        return {str(address + self.base): value for address, value in sorted(self.block.values.items())}
+
+
+def serve(line, slave, end):
     while True:
-        for ready in select.select([first, second], [], [])[0]:
-            try:
-                os.write(other[ready], os.read(ready, 4096))
-            except OSError:
-                return
+        readable, _, _ = select.select([line.fd, end], [], [], SILENCE_SECONDS if slave.framer._buffer else None)
+        if end in readable:
+            return
+        if line.fd in readable:
+            answer = slave.take(os.read(line.fd, 1024))
+            if answer:
+                os.write(line.fd, answer)
+        else:
+            slave.forget()
+
+
+def end_signals():
+    """A descriptor that becomes readable when the program is asked to end."""
+    reading, writing = os.pipe()
+    os.set_blocking(writing, False)
+    signal.set_wakeup_fd(writing)
+    for number in (signal.SIGTERM, signal.SIGINT):
+        signal.signal(number, lambda *_: None)
+    return reading
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("link")
-    parser.add_argument("registers")
-    parser.add_argument("--slave", type=int, default=1)
-    parser.add_argument("--dump")
-    arguments = parser.parse_args()
-
-    with open(arguments.registers, encoding="ascii") as file:
-        registers = {int(address): value for address, value in json.load(file).items()}
-    block = ModbusSparseDataBlock(dict(registers))
-    store = ModbusSlaveContext(hr=block, zero_mode=True)
-    context = ModbusServerContext(slaves={arguments.slave: store}, single=False)
-
-    line_master, line_path, _line = open_pair()
-    slave_master, slave_path, _slave = open_pair()
-    threading.Thread(target=relay, args=(line_master, slave_master), daemon=True).start()
-    if os.path.islink(arguments.link):
-        os.unlink(arguments.link)
-    os.symlink(line_path, arguments.link)
-
-    def stop(*_):
-        os.unlink(arguments.link)
+    arguments = parse_arguments()
+    with open(arguments.registers, encoding="utf-8") as file:
+        registers = json.load(file)
+    slave = Slave(arguments.slave, registers, arguments.address_base)
+    end = end_signals()
+    line = Line(arguments.line)
+    print(f"ready {arguments.line}", flush=True)
+    try:
+        serve(line, slave, end)
+    finally:
+        line.close()
         if arguments.dump:
-            with open(arguments.dump, "w", encoding="ascii") as file:
-                json.dump({str(address): value for address, value in sorted(block.values.items())}, file)
-        sys.stdout.flush()
-        os._exit(0)
-
-    signal.signal(signal.SIGTERM, stop)
-    print("ready", arguments.link, flush=True)
-    StartSerialServer(context=context, framer=ModbusRtuFramer, port=slave_path, baudrate=115200, timeout=0.05)
+            with open(arguments.dump, "w", encoding="utf-8") as file:
+                json.dump(slave.registers(), file, indent=1)
+                file.write("\n")
 
 
 if __name__ == "__main__":

@@ -48,6 +48,12 @@ class Model:
                         yield {**cell, "definition": definition, "column": rows[0].index(definition) + 1,
                                "last": len(rows[0])}
 
+    def address_base(self):
+        """What the template takes off a register's number for the wire."""
+        with open(self.template, encoding="cp1252") as file:
+            bases = [line.split("=")[1] for line in file if line.upper().startswith("ADDRESSBASE=")]
+        return int(bases[-1]) if bases else 0
+
     def scanned(self):
         return [address for block in self.dump["Holding_Blocks"]
                 for address in range(block["First_Address"], block["Last_Address"] + 1)]
@@ -106,7 +112,6 @@ class Slave:
     def __init__(self, kind, model, folder, name, registers):
         self.link = os.path.join(folder, name)
         self.file = self.link + ".json"
-        self.dump = self.link + ".dump.json"
         self.kind = kind
         with open(self.file, "w", encoding="ascii") as file:
             json.dump({str(address): value for address, value in registers.items()}, file)
@@ -118,7 +123,8 @@ class Slave:
         if kind == "sim":
             return [model.sim, "--template", model.template, "--registers", self.file, "--pty", self.link]
         slave = os.path.join(HERE, "..", "peers", "pymodbus_slave.py")
-        return ["/usr/bin/python3", slave, self.link, self.file, "--dump", self.dump]
+        return ["/usr/bin/python3", slave, self.link, "--registers", self.file,
+                "--address-base", str(model.address_base())]
 
     def stop(self):
         self.process.send_signal(signal.SIGTERM)
