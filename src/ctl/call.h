@@ -54,6 +54,8 @@ struct Call_Entry {
 [[nodiscard]] std::unique_ptr<Call> makeUpdateCall();
 [[nodiscard]] std::unique_ptr<Call> makeApplyCall();
 [[nodiscard]] std::unique_ptr<Call> makePlanCall();
+[[nodiscard]] std::unique_ptr<Call> makeShowCall();
+[[nodiscard]] std::unique_ptr<Call> makeSetCall();
 
 /// Understands a command line (without the program's name, UTF-8) and runs the call that it names. `--json`
 /// and `--app-dir` belong to every call. Gives the exit code.

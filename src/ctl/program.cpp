@@ -55,6 +55,8 @@ std::vector<Call_Entry> documentCalls() {
     return {
         {"models", "List the controller models of the application folder", makeModelsCall},
         {"dump", "Show what a template and a configuration say", makeDumpCall},
+        {"show", "Show the table of a field, offline or on a register image", makeShowCall},
+        {"set", "Commit an entry in a cell, as the window's editor would", makeSetCall},
         {"save", "Read a configuration and write it anew", makeSaveCall},
         {"update", "Rewrite a configuration of the older KVRT generation", makeUpdateCall},
         {"apply", "Fill a document from a saved register image", makeApplyCall},
