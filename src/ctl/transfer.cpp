@@ -88,14 +88,6 @@ Transfer_Report runDownload(const Comm_Context& comm, Held_Frame& frame) {
     return report;
 }
 
-void PRO_Registra_Bloques(const Comm_Context& comm) {
-    const auto& blocks = comm.document.Holding_Blocks;
-    const std::int32_t last = blocks.upperBound();
-    for (std::int32_t i = 1; i <= last; ++i)
-        comm.link.AddScanBlock(blocks(i).First_Address, blocks(i).Last_Address, false, blocks(i).Request,
-                               comm.form.Unit_Id);
-}
-
 Register_Values scannedRegisters(const Comm_Context& comm) {
     Register_Values registers;
     const auto& blocks = comm.document.Holding_Blocks;
