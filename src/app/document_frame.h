@@ -37,6 +37,7 @@ class Document_Frame : public Frame {
     virtual void removeTrayIcon() = 0;
     virtual void removeColumnTip() = 0;
     virtual void closePreviews() = 0;
+    virtual void loadFontSize() = 0;
     virtual void applyFontSize() = 0;
     virtual void endProgram() = 0;
 

@@ -56,7 +56,8 @@ std::optional<Recovery_Entry> entryOf(const std::string& file, std::string_view 
 
 std::string onlyDigits(std::string_view text) {
     std::string digits;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(digits), [](char c) { return c >= '0' && c <= '9'; });
+    std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
+                 [](char c) { return c >= '0' && c <= '9'; });
     return digits;
 }
 

@@ -37,14 +37,17 @@ inline constexpr std::size_t recoveryLimit = 50;
 /// The longest time from a change to its copy, in ms.
 inline constexpr std::int32_t recoveryIntervalMs = 30'000;
 
-/// Keeps the text of a document with unsaved changes, as the writer would write it, so that no order of effects and
-/// no crash costs more than the last half minute. A copy is a configuration file with a few comment lines in front.
+/// Keeps the text of a document with unsaved changes, as the writer would write it, so that no order of
+/// effects and no crash costs more than the last half minute. A copy is a configuration file with a few
+/// comment lines in front.
 class Recovery {
   public:
     /// `now` gives the time of day as "YYYY-MM-DD hh:mm:ss".
-    Recovery(Recovery_Folder& folder, std::function<std::string()> now) : folder_(folder), now_(std::move(now)) {}
+    Recovery(Recovery_Folder& folder, std::function<std::string()> now)
+        : folder_(folder), now_(std::move(now)) {}
 
-    /// Writes the document's copy anew, if its text differs from what is kept. False when it couldn't be written.
+    /// Writes the document's copy anew, if its text differs from what is kept. False when it couldn't be
+    /// written.
     bool keep(const Declara_Zorvane& document, std::string_view why);
     /// The document at hand was saved: its copy goes.
     void drop();

@@ -12,7 +12,7 @@ namespace {
 
 struct Rectangle_Key {
     const char* key;
-    double Window_Rectangle::* member;
+    double Window_Rectangle::*member;
 };
 
 constexpr std::array<Rectangle_Key, 4> rectangleKeys = {{{"Top", &Window_Rectangle::top},
@@ -26,11 +26,12 @@ bool usable(const Window_Rectangle& place, const Window_Rectangle& screen) {
 
 } // namespace
 
-Window_Rectangle storedRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& current,
-                                 const Window_Rectangle& screen) {
+Window_Rectangle storedRectangle(Settings_Store& store, const std::string& section,
+                                 const Window_Rectangle& current, const Window_Rectangle& screen) {
     Window_Rectangle place;
     for (const auto& [key, member] : rectangleKeys) {
-        const std::string text = store.GetSetting(applicationTitle, section, key, numberText(current.*member));
+        const std::string text =
+            store.GetSetting(applicationTitle, section, key, numberText(current.*member));
         if (!isNumeric(text)) return fallbackRectangle;
         place.*member = static_cast<float>(Val(text));
     }

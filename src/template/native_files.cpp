@@ -122,13 +122,15 @@ std::string pathToNative(std::string_view text) {
 std::string Native_Files::found(const std::string& path) const {
     std::error_code error;
     const fs::path exact = nativePath(path);
-    if (fs::exists(exact, error)) return path;
+    const fs::file_status status = fs::status(exact, error);
+    if (fs::exists(status) && !fs::is_directory(status)) return path;
     const fs::path folder = exact.has_parent_path() ? exact.parent_path() : fs::path(".");
     const std::string wanted = upperCase(pathFromNative(exact.filename().string()));
     std::vector<std::string> matches;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        std::error_code ignored;
         const std::string name = pathFromNative(entry->path().filename().string());
-        if (upperCase(name) == wanted) matches.push_back(name);
+        if (upperCase(name) == wanted && !entry->is_directory(ignored)) matches.push_back(name);
     }
     if (matches.empty()) return path;
     const std::size_t separator = path.rfind('/');

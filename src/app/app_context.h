@@ -1,0 +1,45 @@
+#pragma once
+
+#include "app/document_frame.h"
+#include "app/recovery.h"
+#include "app/settings_store.h"
+#include "grids/grid_context.h"
+#include "template/files.h"
+#include "template/pro_leer_archivo.h"
+
+#include <string>
+
+namespace zorvane {
+
+/// Members of the main form that only its own commands use.
+struct App_State {
+    std::string Filter_Text; ///< filter built by the Open command
+    /// The model was emptied while the grids still show the old document: nothing of it is worth keeping.
+    bool modelEmptied = false;
+};
+
+/// The main form's commands and what they work on. Nothing in it is owned.
+struct App_Context {
+    Grid_Context grids;
+    Document_Frame& frame;
+    Files& files;
+    Settings_Store& settings;
+    Recovery& recovery;
+    App_State& state;
+    std::string applicationFolder; ///< without a separator at its end
+
+    [[nodiscard]] Declara_Zorvane& document() const { return grids.comm.document; }
+    [[nodiscard]] Main_Form_State& form() const { return grids.comm.form; }
+    [[nodiscard]] modbus_control& link() const { return grids.comm.link; }
+    [[nodiscard]] Reading_Services reading() const {
+        return {files, frame, grids.comm.link, applicationFolder};
+    }
+};
+
+inline const std::string saveQuestion = "Do you want to save this file?";
+inline const std::string cannotWrite =
+    "The Zorvane can't write the file, please verify the read only properties...";
+/// The question icon with Yes, No and Cancel.
+inline constexpr int saveQuestionStyle = Msgb_Question + 3;
+
+} // namespace zorvane
