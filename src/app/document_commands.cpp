@@ -1,6 +1,7 @@
 #include "app/document_commands.h"
 
 #include "app/menu_state.h"
+#include "app/recovery_keeper.h"
 #include "comm/session.h"
 #include "comm/title.h"
 #include "template/file_names.h"
@@ -33,14 +34,6 @@ void keepWidths(const App_Context& app) {
         field.Cells(0, c).Width = toInteger(grid.ColWidth(c - 1));
 }
 
-/// Names the document after a path, as Open does.
-void takeName(Declara_Zorvane& document, const std::string& path) {
-    const Document_Name name = documentName(path);
-    document.File_Folder = name.folder;
-    document.File_Stem = name.stem;
-    if (name.hasExtension) document.File_Extension = name.extension;
-}
-
 /// The factory file of a model is created once and never changed; true when this save would change it.
 bool refuseFactoryFile(const App_Context& app) {
     const Declara_Zorvane& document = app.document();
@@ -66,6 +59,7 @@ void saveChosen(const App_Context& app, const std::string& path) {
     app.frame.setPanel(Panel::Message, savingText(path.substr(path.rfind(folderSeparator) + 1)));
     app.frame.setFormEnabled(false);
     keepWidths(app);
+    keepCopy(app, "before Save As");
     takeName(document, path);
     if (refuseFactoryFile(app)) return;
     std::string result;
@@ -95,16 +89,25 @@ bool chooseTarget(const App_Context& app) {
 
 } // namespace
 
+void takeName(Declara_Zorvane& document, std::string_view path) {
+    const Document_Name name = documentName(path);
+    document.File_Folder = name.folder;
+    document.File_Stem = name.stem;
+    if (name.hasExtension) document.File_Extension = name.extension;
+    document.No_Place = false;
+}
+
 void PRO_Limpia_Documento(const App_Context& app) {
     PRO_Limpia_Modelo(app.document());
-    ignoringFailure([&] { app.grids.FLX_Configuration.setRows(0); });
-    ignoringFailure([&] { app.grids.FLX_Settings.setRows(0); });
+    app.grids.FLX_Configuration.setRows(0);
+    app.grids.FLX_Settings.setRows(0);
     app.form().Document_Open = false;
     app.frame.setPanel(Panel::ReadOnly, "");
     app.frame.setPanel(Panel::LinkState, "");
     app.frame.setCaption(applicationTitle);
     app.form().Dirty = false;
     app.state.Filter_Text.clear();
+    app.state.modelEmptied = false;
 }
 
 void PRO_Cierra_Documento(const App_Context& app, bool& ok) {
@@ -134,7 +137,7 @@ void PRO_Cierra_Documento(const App_Context& app, bool& ok) {
 
 void MNU_Close_Click(const App_Context& app) {
     app.frame.closePreviews();
-    if (app.form().Dirty && !app.state.modelEmptied) app.recovery.keep(app.document(), "before Close");
+    if (app.form().Dirty) keepCopy(app, "before Close");
     bool ok = true;
     PRO_Cierra_Documento(app, ok);
     if (!app.form().Document_Open) app.recovery.leave();
@@ -142,12 +145,18 @@ void MNU_Close_Click(const App_Context& app) {
 
 void MNU_Save_Click(const App_Context& app) {
     Declara_Zorvane& document = app.document();
+    if (document.No_Place) return MNU_Saveas_Click(app);
     const std::string name = document.File_Stem + "." + document.File_Extension;
     app.frame.setPanel(Panel::Message, savingText(name));
+    keepCopy(app, "before Save");
     std::string result;
     PRO_Escribe_Archivo(document, app.files, document.File_Folder + name, result);
+    const std::string saved = recoveryText(document);
     app.frame.wait_ms(savingMs);
-    if (result.empty()) app.recovery.drop();
+    if (result.empty())
+        settleCopy(app, saved);
+    else
+        keepCopy(app, "Save failed");
     PRO_Titulo_Limpio(document, app.form(), app.frame);
     app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
     app.frame.setPanel(Panel::Message, "");
@@ -158,6 +167,7 @@ void MNU_Saveas_Click(const App_Context& app) {
     try {
         saveChosen(app, app.frame.dialog().FileName);
     } catch (const Run_Time_Failure& failure) {
+        keepCopy(app, "Save As failed");
         app.document().Save_Failed = true;
         app.frame.setFormEnabled(true);
         app.frame.Msgb_Show("Can't Save file : path/file error or directory is read only.\r\nExtra info: " +

@@ -3,6 +3,7 @@
 #include "app/app_context.h"
 
 #include <string>
+#include <string_view>
 
 namespace zorvane {
 
@@ -16,7 +17,8 @@ void openFile(const App_Context& app, const std::string& path, bool readOnly);
 /// "&Close".
 void MNU_Close_Click(const App_Context& app);
 
-/// "&Save": writes the file that was opened. It looks at no result, and the title goes clean even so.
+/// "&Save": writes the file that was opened. It looks at no result, and the title goes clean even so. A
+/// document without a place goes the way of Save As.
 void MNU_Save_Click(const App_Context& app);
 
 /// "Save &As...". A document can't be saved over a model's factory file, DEFAULT.
@@ -25,6 +27,9 @@ void MNU_Saveas_Click(const App_Context& app);
 /// Asks about unsaved changes and clears the document. `ok` is false only when the user cancelled; it stays
 /// true when the save failed, and a caller that goes on loses the changes.
 void PRO_Cierra_Documento(const App_Context& app, bool& ok);
+
+/// Names the document after a path. A name without an extension leaves the extension as it was.
+void takeName(Declara_Zorvane& document, std::string_view path);
 
 /// Resets the model and the frame.
 void PRO_Limpia_Documento(const App_Context& app);

@@ -1,7 +1,9 @@
 #include "app/frame_life.h"
 
 #include "app/document_commands.h"
+#include "app/font_size.h"
 #include "app/menu_state.h"
+#include "app/recovery_keeper.h"
 #include "app/window_rectangles.h"
 #include "grids/fill_configuration.h"
 #include "grids/flx_configuration.h"
@@ -16,7 +18,7 @@ enum class Exit_Answer { Leave, Stay };
 
 Exit_Answer askBeforeExit(const App_Context& app) {
     if (!app.form().Dirty) return Exit_Answer::Leave;
-    if (!app.state.modelEmptied) app.recovery.keep(app.document(), "before exit");
+    keepCopy(app, "before exit");
     const int answer = app.frame.Msgb_Show(saveQuestion, saveQuestionStyle, applicationTitle);
     if (answer == Msgb_Code_Cancel) return Exit_Answer::Stay;
     if (answer != Msgb_Code_Yes) return Exit_Answer::Leave;
@@ -41,6 +43,7 @@ const std::string& sectionOf(Stored_Dialog which) {
 
 void Form_Load(const App_Context& app) {
     app.form() = Main_Form_State{};
+    app.state = App_State{};
     PRO_Deshabilita_Menus(app);
     app.document().Colors = Colour_Words{};
     app.frame.setTimerEnabled(Timer_Name::TMR_Verifica_monitor, true);
@@ -48,7 +51,7 @@ void Form_Load(const App_Context& app) {
     PRO_Lee_Ventanas(app);
     app.frame.setMenuChecked(Menu_Entry::MNU_Grid,
                              Val(app.settings.GetSetting(applicationTitle, "Settings", "Grid", "0")) != 0);
-    app.frame.loadFontSize();
+    PRO_Carga_Font(app);
     app.frame.loadFrmDebug();
 }
 
@@ -57,10 +60,13 @@ void TMR_Abre_ZTP_Timer(const App_Context& app) {
     app.frame.setPartVisible(Form_Part::Frame2, true);
     app.frame.setPartVisible(Form_Part::Frame3, true);
     app.document().Fields.redimPreserve(highestField);
-    PRO_Leer_INIFIle(app.document(), app.reading(), app.applicationFolder + folderSeparator + "kvrt.ztp");
+    PRO_Leer_INIFIle(app.document(), app.reading(),
+                     app.applicationFolder + folderSeparator + defaultTemplate);
+    app.state.documentType = defaultType;
     PRO_Arma_Configuration(app.grids);
     PRO_Llena_Configuration(app.grids);
     app.form().Document_Open = true;
+    if (app.grids.FLX_Configuration.Rows() <= 1) return; // the default template isn't there
     app.grids.FLX_Configuration.setRow(1);
     FLX_Configuration_RowColChange(app.grids);
 }
@@ -98,10 +104,15 @@ void MNU_Exit_Click(const App_Context& app) {
 }
 
 void PRO_Lee_Ventanas(const App_Context& app) {
-    const Window_Rectangle screen = app.frame.screen();
     ignoringFailure([&] {
+        const Window_Rectangle screen = app.frame.screen();
         app.frame.moveForm(
             storedRectangle(app.settings, mainWindowSection, app.frame.formRectangle(), screen));
+        if (!hasStoredRectangle(app.settings, monitorSection)) return;
+        const Window_Rectangle monitor =
+            storedRectangle(app.settings, monitorSection, monitorRectangle(app.link()), screen);
+        app.form().Monitor_Place = {toLong(monitor.left), toLong(monitor.top), toLong(monitor.width),
+                                    toLong(monitor.height)};
     });
 }
 

@@ -24,7 +24,8 @@ void Form_Unload(const App_Context& app);
 /// "E&xit".
 void MNU_Exit_Click(const App_Context& app);
 
-/// Moves the main form to its stored place, and judges the places of the monitor and of the preview.
+/// Moves the main form to its stored place, and notes that of the monitor for when it opens. The preview asks
+/// for its own when it opens. A stored number too large for single precision ends it there.
 void PRO_Lee_Ventanas(const App_Context& app);
 
 /// Stores the places of the main form and of the monitor.

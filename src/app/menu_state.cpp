@@ -18,6 +18,12 @@ void PRO_Deshabilita_Menus(const App_Context& app) {
         app.frame.setPanel(panel, "");
 }
 
+void MNU_Grid_Click(const App_Context& app) {
+    const bool checked = !app.frame.menuChecked(Menu_Entry::MNU_Grid);
+    app.frame.setMenuChecked(Menu_Entry::MNU_Grid, checked);
+    app.settings.SaveSetting(applicationTitle, "Settings", "Grid", checked ? "1" : "0");
+}
+
 void PRO_Marca_Solo_Lectura(const App_Context& app) {
     app.document().Read_Only = true;
     app.frame.setPanel(Panel::ReadOnly, "READ ONLY");

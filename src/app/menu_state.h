@@ -10,6 +10,9 @@ void PRO_Habilita_Menus(const App_Context& app);
 /// The document commands off, the splitter hidden, the panels empty but for the unit number.
 void PRO_Deshabilita_Menus(const App_Context& app);
 
+/// "&Show grid  in report": turns the tick over and remembers it.
+void MNU_Grid_Click(const App_Context& app);
+
 void PRO_Marca_Solo_Lectura(const App_Context& app);
 void PRO_Quita_Solo_Lectura(const App_Context& app);
 

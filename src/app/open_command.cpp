@@ -1,5 +1,8 @@
 #include "app/document_commands.h"
+#include "app/font_size.h"
 #include "app/menu_state.h"
+#include "app/open_steps.h"
+#include "app/recovery_keeper.h"
 #include "comm/session.h"
 #include "comm/title.h"
 #include "grids/fill_configuration.h"
@@ -50,7 +53,7 @@ bool chooseFile(const App_Context& app) {
 /// Empties the model before anything was asked: the grids go on showing the old document.
 void emptyModel(const App_Context& app, const std::vector<std::string>& items) {
     Declara_Zorvane& document = app.document();
-    if (app.form().Dirty) app.recovery.keep(document, "before Open");
+    if (app.form().Dirty) keepCopy(app, "before Open");
     app.state.modelEmptied = true;
     document.Download_Blocks.redim(0);
     document.Fields.redim(0);
@@ -63,7 +66,7 @@ void emptyModel(const App_Context& app, const std::vector<std::string>& items) {
 }
 
 void hideGrids(const App_Context& app) {
-    app.frame.setPartVisible(Form_Part::FLX_Settings, false);
+    app.grids.FLX_Settings.setVisible(false);
     app.frame.setPartVisible(Form_Part::Frame2, false);
     app.frame.setPartVisible(Form_Part::Frame3, false);
     app.frame.setPartEnabled(Form_Part::Frame2, false);
@@ -75,7 +78,7 @@ void readTemplate(const App_Context& app, const std::string& path) {
     document.Fields.redim(highestField);
     document.Holding_Block_Count = 0;
     app.link().ClearBlocks();
-    app.state.modelEmptied = false;
+    app.state.documentType = lastExtension(path);
     ignoringFailure([&] {
         PRO_Leer_INIFIle(document, app.reading(),
                          app.applicationFolder + folderSeparator + templateName(path));
@@ -87,15 +90,14 @@ void showFields(const App_Context& app) {
     ignoringFailure([&] { PRO_Arma_Configuration(app.grids); });
     ignoringFailure([&] { PRO_Llena_Configuration(app.grids); });
     app.form().Document_Open = true;
+    app.document().Selected_Field = 1;
     ignoringFailure([&] { app.grids.FLX_Configuration.setRow(1); });
 }
 
-void nameDocument(const App_Context& app, const std::string& path) {
+void nameDocument(const App_Context& app, const Opening& opening) {
     Declara_Zorvane& document = app.document();
-    const Document_Name name = documentName(path);
-    document.File_Folder = name.folder;
-    document.File_Stem = name.stem;
-    if (name.hasExtension) document.File_Extension = name.extension;
+    takeName(document, opening.recoveredName.value_or(opening.path));
+    document.No_Place = opening.recoveredName.has_value();
 }
 
 /// Rewrites a file of the older generation and reads the result over the model that the first reading left.
@@ -111,16 +113,17 @@ void updateDocument(const App_Context& app, bool& ok) {
     PRO_Quita_Solo_Lectura(app);
 }
 
-/// Reads the user's file; true when it had to be brought up to date first.
-bool readDocument(const App_Context& app, const std::string& path, bool& ok) {
+/// Reads the user's file; true when it had to be brought up to date first. A recovery copy never is: it was
+/// written by this generation.
+bool readDocument(const App_Context& app, const Opening& opening, bool& ok) {
     Declara_Zorvane& document = app.document();
-    ignoringFailure([&] { PRO_Leer_DefaultFIle(document, app.reading(), path, ok); });
+    ignoringFailure([&] { PRO_Leer_DefaultFIle(document, app.reading(), opening.path, ok); });
     if (ok) {
         PRO_Titulo_Limpio(document, app.form(), app.frame);
         app.frame.setPanel(Panel::Message, "");
         return false;
     }
-    if (lastExtension(path).find("KVRT") == std::string::npos) {
+    if (opening.recoveredName || lastExtension(opening.path).find("KVRT") == std::string::npos) {
         app.frame.setPanel(Panel::Message, "This file fit on the template.");
         return false;
     }
@@ -131,53 +134,53 @@ bool readDocument(const App_Context& app, const std::string& path, bool& ok) {
 void showDocument(const App_Context& app) {
     PRO_Habilita_Menus(app);
     app.frame.setMenuEnabled(Menu_Entry::MNU_Close, true);
+    app.form().Scan_Index = 0;
     ignoringFailure([&] { PRO_Selecciona_Primera(app.grids); });
     app.frame.setPartVisible(Form_Part::Frame2, true);
     app.frame.setPartVisible(Form_Part::Frame3, true);
     app.frame.setPartEnabled(Form_Part::Frame2, true);
-    ignoringFailure([&] { app.frame.applyFontSize(); });
-}
-
-/// From the chosen file on.
-void openChosen(const App_Context& app, const std::string& path, bool readOnly,
-                const std::vector<std::string>& items) {
-    emptyModel(app, items);
-    bool ok = true;
-    ignoringFailure([&] { PRO_Cierra_Documento(app, ok); });
-    if (!ok) return;
-    app.recovery.leave();
-    hideGrids(app);
-    PRO_Limpia_Documento(app);
-    if (readOnly)
-        PRO_Marca_Solo_Lectura(app);
-    else
-        PRO_Quita_Solo_Lectura(app);
-    readTemplate(app, path);
-    showFields(app);
-    nameDocument(app, path);
-    app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
-    const bool updated = readDocument(app, path, ok);
-    showDocument(app);
-    if (updated)
-        app.frame.setPanel(Panel::Message, ok ? "The file was updated." : "Zorvane can't update this file.");
+    PRO_Aplica_Font(app);
 }
 
 } // namespace
 
+bool openChosen(const App_Context& app, const Opening& opening) {
+    emptyModel(app, opening.items);
+    bool ok = true;
+    ignoringFailure([&] { PRO_Cierra_Documento(app, ok); });
+    app.recovery.leave();
+    if (!ok) return false;
+    hideGrids(app);
+    PRO_Limpia_Documento(app);
+    if (opening.readOnly)
+        PRO_Marca_Solo_Lectura(app);
+    else
+        PRO_Quita_Solo_Lectura(app);
+    readTemplate(app, opening.path);
+    showFields(app);
+    nameDocument(app, opening);
+    app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
+    const bool updated = readDocument(app, opening, ok);
+    showDocument(app);
+    if (updated)
+        app.frame.setPanel(Panel::Message, ok ? "The file was updated." : "Zorvane can't update this file.");
+    return true;
+}
+
 void MNU_Open_Click(const App_Context& app) {
-    const std::vector<std::string> items = offerTemplates(app);
+    std::vector<std::string> items = offerTemplates(app);
     if (items.empty()) {
         app.frame.Msgb_Show("Does not exist any .ZTP file in this directory: \r\n" + app.applicationFolder,
                             Msgb_Information, applicationTitle);
         return;
     }
     if (!chooseFile(app)) return;
-    const std::string path = app.frame.dialog().FileName;
-    openChosen(app, path, (app.frame.dialog().Flags & Dialog_ReadOnly) != 0, items);
+    const CommonDialog& dialog = app.frame.dialog();
+    openChosen(app, {dialog.FileName, (dialog.Flags & Dialog_ReadOnly) != 0, std::move(items), {}});
 }
 
 void openFile(const App_Context& app, const std::string& path, bool readOnly) {
-    openChosen(app, path, readOnly, {});
+    openChosen(app, {path, readOnly, {}, {}});
 }
 
 } // namespace zorvane

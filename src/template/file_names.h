@@ -9,8 +9,8 @@ namespace zorvane {
 /// A path taken apart: the folder with its separator, and the name cut at its first dot.
 struct Document_Name {
     std::string folder;
-    std::string
-        stem; ///< trimmed upper case, or the whole name as spelt when it has no dot past its first letter
+    /// Trimmed upper case, or the whole name as spelt when it has no dot past its first character.
+    std::string stem;
     std::string extension; ///< trimmed upper case
     bool hasExtension = false;
 };
@@ -20,7 +20,7 @@ struct Document_Name {
 /// The name of the template that a document's last extension asks for: `site.abc` asks for "ABC.ZTP".
 [[nodiscard]] std::string templateName(std::string_view path);
 
-/// Trimmed upper case of what follows the last dot of a path; empty without one.
+/// Trimmed upper case of what follows the last dot of a path, or of the whole path when there is none.
 [[nodiscard]] std::string lastExtension(std::string_view path);
 
 /// A file's name cut at its first dot: stem as spelt and extension in trimmed upper case. Both are empty for
