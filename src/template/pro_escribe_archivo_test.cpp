@@ -201,11 +201,13 @@ TEST_F(Writing, OverwritesTheFileThatExistsInAnotherLetterCase) {
     EXPECT_TRUE(bench.files.text("/home/site7.abc")->starts_with("[Configuration_Default]"));
 }
 
-TEST_F(Writing, FieldValuesAloneLeaveTheUpperGridOut) {
+TEST_F(Writing, WhatHoldsLeavesOutTheLineThatCannotBeMade) {
+    bench.document.Fields(1).Config_Values.erase();
     const auto writer = bench.files.create("half");
-    writeFieldValues(bench.document, *writer);
+    writeWhatHolds(bench.document, *writer);
     writer->close();
-    EXPECT_TRUE(bench.files.text("half")->starts_with("[Field_1_Default]\r\nROW_1=10,On\r\n"));
+    EXPECT_TRUE(bench.files.text("half")->starts_with(
+        "[Configuration_Default]\r\n\r\n[Field_1_Default]\r\nROW_1=10,On\r\n"));
 }
 
 } // namespace
