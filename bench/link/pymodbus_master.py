@@ -34,7 +34,8 @@ def exchange(client, function, address, count):
 
 def main():
     device, baud = sys.argv[1], int(sys.argv[2])
-    client = ModbusSerialClient(port=device, baudrate=baud, parity="E", bytesize=8, stopbits=1, timeout=2, retries=0)
+    # 11 bits a character as the others have; a pseudo-terminal knows no parity, and pyserial minds.
+    client = ModbusSerialClient(port=device, baudrate=baud, parity="N", bytesize=8, stopbits=2, timeout=2, retries=0)
     if not client.connect():
         sys.exit(f"{device} can't be opened")
     print("ready", flush=True)

@@ -50,6 +50,20 @@ double limitMs(const Declara_Zorvane& document, double pauseMs, int& exchanges) 
     return sum;
 }
 
+using Clock = std::chrono::steady_clock;
+
+double millisecondsSince(Clock::time_point begin) {
+    return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
+}
+
+/// One upload: from the command until the form is free again, of that the command itself, which opens the
+/// port, and the last tick, which fills the cells and opens the port again for polling.
+struct Upload_Time {
+    double wholeMs = 0;
+    double openingMs = 0;
+    double finishingMs = 0;
+};
+
 /// A document on a link to a simulated controller, as the window holds it.
 class Session {
   public:
@@ -61,17 +75,19 @@ class Session {
         PRO_Registra_Bloques(comm_);
     }
 
-    /// The time of one upload in ms.
-    double upload() {
-        const auto begin = std::chrono::steady_clock::now();
+    Upload_Time upload() {
+        const auto begin = Clock::now();
         MNU_Upload_Click(comm_);
+        Upload_Time time;
+        time.openingMs = millisecondsSince(begin);
         while (form_.Upload_Active)
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
+        time.finishingMs = lastTickMs_;
+        time.wholeMs = millisecondsSince(begin);
         const bool whole = form_.Transfer_Errors.empty() && frame_.panel(Panel::Message) == "Ready";
         MNU_Disconnect_Click(comm_);
         if (!whole) throw std::runtime_error("an upload failed: " + frame_.panel(Panel::Message));
-        return took.count();
+        return time;
     }
 
     void setPause(std::int32_t milliseconds) { link_.link().SetTimings(milliseconds, document_.Comm_Out_Ms); }
@@ -93,7 +109,11 @@ class Session {
         return document_.Field_Count;
     }
 
-    void tick() { TMR_Actualiza_valores_Timer(comm_); }
+    void tick() {
+        const auto begin = Clock::now();
+        TMR_Actualiza_valores_Timer(comm_);
+        lastTickMs_ = millisecondsSince(begin);
+    }
 
     Silent_Asker asker_;
     Declara_Zorvane document_;
@@ -101,6 +121,7 @@ class Session {
     Qt_Link link_;
     Bench_Frame frame_;
     Comm_Context comm_;
+    double lastTickMs_ = 0;
 };
 
 std::vector<std::string> measure(Session& session, const std::string& model, std::int32_t pauseMs,
@@ -108,12 +129,23 @@ std::vector<std::string> measure(Session& session, const std::string& model, std
     session.setPause(pauseMs);
     int exchanges = 0;
     const double limit = limitMs(session.document(), pauseMs, exchanges);
-    std::vector<double> times;
-    for (int i = 0; i < uploads; ++i)
-        times.push_back(session.upload());
-    const double middle = median(times);
-    return {model,           std::to_string(pauseMs), std::to_string(exchanges),
-            fixed(limit, 1), fixed(middle, 1),        fixed(middle / limit, 3)};
+    std::vector<double> whole;
+    std::vector<double> opening;
+    std::vector<double> finishing;
+    for (int i = 0; i < uploads; ++i) {
+        const Upload_Time time = session.upload();
+        whole.push_back(time.wholeMs);
+        opening.push_back(time.openingMs);
+        finishing.push_back(time.finishingMs);
+    }
+    return {model,
+            std::to_string(pauseMs),
+            std::to_string(exchanges),
+            fixed(limit, 1),
+            fixed(median(whole), 1),
+            fixed(median(whole) / limit, 3),
+            fixed(median(opening), 1),
+            fixed(median(finishing), 1)};
 }
 
 std::vector<std::filesystem::path> templates(const std::string& folder) {
@@ -130,7 +162,7 @@ std::vector<std::filesystem::path> templates(const std::string& folder) {
 
 void measureUploads(const Bench_Setup& setup) {
     std::vector<std::vector<std::string>> rows{
-        {"model", "pause ms", "exchanges", "limit ms", "upload ms", "ratio"}};
+        {"model", "pause ms", "exchanges", "limit ms", "upload ms", "ratio", "opening ms", "finishing ms"}};
     for (const auto& file : templates(setup.models)) {
         std::cerr << "uploading " << file.stem().string() << " ...\n";
         const Simulator_Process controller(setup.simulator, setup.folder + "/line", wire,
