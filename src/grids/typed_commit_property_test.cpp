@@ -233,7 +233,7 @@ void expectTheRestUntouched(const Scene& scene, const Commit_Run& run) {
 TEST(Typed_Commit_Property_Test, OfflineEachWayOutKeepsItsPromise) {
     Random_Texts random(20240501);
     std::map<std::size_t, int> taken;
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 8000; ++i) {
         const Scene scene = randomScene(random);
         SCOPED_TRACE(describe(scene));
         const std::optional<Way_Out> way = decide(scene);
@@ -254,7 +254,7 @@ TEST(Typed_Commit_Property_Test, OfflineEachWayOutKeepsItsPromise) {
 
 TEST(Typed_Commit_Property_Test, OnlineTheGridComesBackAndTheControllerIsAskedAtMostOnce) {
     Random_Texts random(7);
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 8000; ++i) {
         const Scene scene = randomScene(random);
         const bool good = random.chance(70);
         SCOPED_TRACE(describe(scene) + (good ? ", good" : ", failed"));
