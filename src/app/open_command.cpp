@@ -139,7 +139,10 @@ void showDocument(const App_Context& app) {
     app.frame.setPartVisible(Form_Part::Frame2, true);
     app.frame.setPartVisible(Form_Part::Frame3, true);
     app.frame.setPartEnabled(Form_Part::Frame2, true);
+    // The font size uses the panel, too; what was said of the file is still to be read afterwards.
+    const std::string status = app.frame.panel(Panel::Message);
     PRO_Aplica_Font(app);
+    if (!status.empty()) app.frame.setPanel(Panel::Message, status);
 }
 
 } // namespace
