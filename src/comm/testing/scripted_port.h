@@ -72,6 +72,7 @@ class Scripted_Port final : public Byte_Port {
 class Scripted_Finder final : public Port_Finder {
   public:
     std::vector<Port_Entry> ports() override { return list; }
+    std::optional<Port_Entry> port(const std::string& name) override { return entryNamed(list, name); }
     std::vector<Port_Entry> list;
 };
 
