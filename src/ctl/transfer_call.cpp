@@ -1,8 +1,8 @@
 #include "ctl/transfer_call.h"
 
-#include "comm/session.h"
 #include "comm/cancel.h"
 #include "comm/qt_link.h"
+#include "comm/session.h"
 #include "ctl/notices.h"
 #include "ctl/rehearsal.h"
 #include "ctl/stop_signals.h"
