@@ -33,8 +33,8 @@ std::uint16_t hexNumber(const std::string& text) {
     return static_cast<std::uint16_t>(std::strtoul(text.c_str(), nullptr, 16));
 }
 
-/// What the kernel knows of a terminal device: https://docs.kernel.org/admin-guide/sysfs-rules.html. A USB adapter's
-/// numbers stand in the folder of the device, some way above that of its terminal.
+/// What the kernel knows of a terminal device: https://docs.kernel.org/admin-guide/sysfs-rules.html. A USB
+/// adapter's numbers stand in the folder of the device, some way above that of its terminal.
 std::optional<Port_Entry> entryOfDevice(const fs::path& path) {
     std::error_code error;
     fs::path device = fs::canonical(fs::path("/sys/class/tty") / path.filename() / "device", error);
@@ -57,7 +57,8 @@ std::optional<Port_Entry> entryOfDevice(const fs::path& path) {
 std::optional<Port_Entry> Qt_Port_Finder::port(const std::string& name) {
 #ifdef Q_OS_LINUX
     std::error_code error;
-    const fs::path path = fs::canonical(name.find('/') == std::string::npos ? fs::path("/dev") / name : fs::path(name), error);
+    const fs::path path =
+        fs::canonical(name.find('/') == std::string::npos ? fs::path("/dev") / name : fs::path(name), error);
     return error ? std::nullopt : entryOfDevice(path);
 #else
     return entryNamed(ports(), name);

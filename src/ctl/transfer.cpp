@@ -58,8 +58,8 @@ bool sharesRegister(const Cell_Rec& cell) {
     return format == "TIMEMM" || format == "TIMESS" || halfAddress(cell.Address).has_value();
 }
 
-/// Whether some request of a download is built from what a register held before: half a register, a time that two
-/// cells share, a block of the board family.
+/// Whether some request of a download is built from what a register held before: half a register, a time that
+/// two cells share, a block of the board family.
 bool needsImage(const Declara_Zorvane& document) {
     if (isBoardFamily(document.Controller_Model)) return true;
     for (std::int32_t f = 1; f <= document.Field_Count; ++f) {
@@ -72,8 +72,8 @@ bool needsImage(const Declara_Zorvane& document) {
     return false;
 }
 
-/// Reads every block once, so that a download after it writes nothing back that was made up. A link that is lost on
-/// the way is found by the download.
+/// Reads every block once, so that a download after it writes nothing back that was made up. A link that is
+/// lost on the way is found by the download.
 void readImage(const Comm_Context& comm) {
     modbus_control& link = comm.link;
     selectScan(comm, transferScan);

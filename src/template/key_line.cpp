@@ -3,7 +3,21 @@
 #include "values/code_page.h"
 #include "values/numbers.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace zorvane {
+
+namespace {
+
+/// The key with "#" for what stands between its first underscore and `end`.
+Numbered_Key numberedKey(std::string_view key, std::size_t first, std::size_t end) {
+    std::string name = upperCase(key);
+    name.replace(first + 1, end - first - 1, "#");
+    return {std::move(name), longValue(key.substr(first + 1, end - first - 1))};
+}
+
+} // namespace
 
 Numbered_Key twoUnderscoreKey(std::string_view key) {
     const std::size_t first = key.find('_');
@@ -15,16 +29,13 @@ Numbered_Key twoUnderscoreKey(std::string_view key) {
 Numbered_Key oneUnderscoreKey(std::string_view key) {
     const std::size_t first = key.find('_');
     if (first == std::string_view::npos) return {upperCase(key), 0};
-    return {upperCase(key.substr(0, first + 1)) + "#", longValue(key.substr(first + 1))};
+    return numberedKey(key, first, key.size());
 }
 
 Numbered_Key openUnderscoreKey(std::string_view key) {
     const std::size_t first = key.find('_');
     if (first == std::string_view::npos) return {upperCase(key), 0};
-    const std::size_t second = key.find('_', first + 1);
-    if (second == std::string_view::npos) return oneUnderscoreKey(key);
-    return {upperCase(key.substr(0, first + 1)) + "#" + upperCase(key.substr(second)),
-            longValue(key.substr(first + 1, second - first - 1))};
+    return numberedKey(key, first, std::min(key.find('_', first + 1), key.size()));
 }
 
 Field_Rec& Interpreter::field(std::int32_t number) const {

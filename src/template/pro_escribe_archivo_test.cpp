@@ -207,7 +207,8 @@ TEST_F(Writing, WhatHoldsIsWrittenWithoutTheLinesThatCantBeMade) {
     writeConfiguration(bench.document, *whole);
     bench.document.Fields(1).Cells(1, 2).Value = "99999999999"; // a code beyond 32 bits
     bench.document.Config_Column_Count = 90;
-    EXPECT_EQ(doubles::failureNumber([&] { writeConfiguration(bench.document, *bench.files.create("no")); }), 9);
+    EXPECT_EQ(doubles::failureNumber([&] { writeConfiguration(bench.document, *bench.files.create("no")); }),
+              9);
     const auto holding = bench.files.create("holding");
     writeWhatHolds(bench.document, *holding);
     std::string expected = *bench.files.text("whole");

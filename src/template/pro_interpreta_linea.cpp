@@ -31,9 +31,10 @@ constexpr std::array<Section, 12> sections = {{
     {"COLORS", twoUnderscoreKey, readColors},
 }};
 
+/// A section by its name in any letter case.
 const Section* findSection(std::string_view name) {
     const auto found = std::find_if(sections.begin(), sections.end(),
-                                    [&](const Section& entry) { return entry.name == name; });
+                                    [&](const Section& entry) { return isUpperCaseOf(entry.name, name); });
     return found == sections.end() ? nullptr : &*found;
 }
 
@@ -42,7 +43,7 @@ const Section* findSection(std::string_view name) {
 void PRO_Interpreta_Linea(Declara_Zorvane& document, Link_Notice& link, std::string_view section,
                           std::string_view key, std::string_view value, std::int32_t& number, bool& ok) {
     ok = true;
-    const Section* known = findSection(upperCase(section));
+    const Section* known = findSection(section);
     if (known == nullptr) return;
     Numbered_Key normal = known->normalise(key);
     ok = known->read(Interpreter{document, link},

@@ -23,7 +23,7 @@ void PRO_Separa_Prefijo(std::string_view text, std::string& tail, std::string& h
 /// Keys of older templates, in sections that mean nothing any more. They have no effect and are no mistake.
 [[nodiscard]] bool isReservedKey(std::string_view key);
 
-/// Whether the interpreter knows a section of that name (upper case, with "#").
+/// Whether the interpreter knows a section of that name, in any letter case, with "#" for its number.
 [[nodiscard]] bool isKnownSection(std::string_view section);
 
 } // namespace zorvane

@@ -106,10 +106,11 @@ TEST(InterpretaLinea, TheSectionsNumberStaysAsItIs) {
     EXPECT_TRUE(ok);
 }
 
-TEST(KnownSection, IsNamedInCapitalsWithItsHashSign) {
+TEST(KnownSection, IsNamedInAnyLetterCaseWithItsHashSign) {
     EXPECT_TRUE(isKnownSection("FIELD_#_DEFAULT"));
     EXPECT_TRUE(isKnownSection("COLORS"));
-    EXPECT_FALSE(isKnownSection("Colors"));
+    EXPECT_TRUE(isKnownSection("Colors"));
+    EXPECT_FALSE(isKnownSection("FIELD_1_DEFAULT"));
     EXPECT_FALSE(isKnownSection("BOARDS"));
 }
 

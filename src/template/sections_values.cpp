@@ -23,7 +23,7 @@ std::string timeFromSeconds(std::string_view item) {
 
 std::string documentValue(const Cell_Rec& cell, std::string_view item) {
     if (cell.Has_Messages) return numberText(messageCode(cell, item));
-    const bool plainSeconds = item.find(':') == std::string_view::npos && upperCase(cell.Format) == "TIME";
+    const bool plainSeconds = isUpperCaseOf("TIME", cell.Format) && item.find(':') == std::string_view::npos;
     return plainSeconds ? timeFromSeconds(item) : std::string(item);
 }
 

@@ -66,6 +66,12 @@ std::string upperCase(std::string_view text) { return mapped(text, upperTable); 
 
 std::string lowerCase(std::string_view text) { return mapped(text, lowerTable); }
 
+bool isUpperCaseOf(std::string_view upper, std::string_view text) noexcept {
+    return std::equal(upper.begin(), upper.end(), text.begin(), text.end(), [](char wanted, char c) {
+        return static_cast<Byte>(wanted) == upperTable[static_cast<Byte>(c)];
+    });
+}
+
 std::string_view trimBlanks(std::string_view text) noexcept {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};

@@ -12,6 +12,9 @@ namespace zorvane {
 [[nodiscard]] std::string upperCase(std::string_view text);
 [[nodiscard]] std::string lowerCase(std::string_view text);
 
+/// Whether the upper case of `text` is `upper`; the same as comparing, without making a text.
+[[nodiscard]] bool isUpperCaseOf(std::string_view upper, std::string_view text) noexcept;
+
 /// The part of a text between its leading and its trailing blanks.
 [[nodiscard]] std::string_view trimBlanks(std::string_view text) noexcept;
 

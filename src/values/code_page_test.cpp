@@ -52,6 +52,18 @@ TEST(CodePage, LettersWithoutAPartnerStay) {
     EXPECT_EQ(lowerCase(text), text);
 }
 
+TEST(CodePage, ATextIsComparedByItsUpperCase) {
+    EXPECT_TRUE(isUpperCaseOf("TIME", "time"));
+    EXPECT_TRUE(isUpperCaseOf("\xD1"
+                              "A",
+                              "\xF1"
+                              "a"));
+    EXPECT_TRUE(isUpperCaseOf("", ""));
+    EXPECT_FALSE(isUpperCaseOf("TIME", "TIME "));
+    EXPECT_FALSE(isUpperCaseOf("TIME", "TIM"));
+    EXPECT_FALSE(isUpperCaseOf("time", "time")) << "the first text has to be upper case";
+}
+
 TEST(CodePage, OnlySpacesAreBlanks) {
     EXPECT_EQ(trimBlanks("  a b  "), "a b");
     EXPECT_EQ(trimBlanks("\ta\xA0"), "\ta\xA0");

@@ -19,7 +19,7 @@ void Cell_Table::redim(std::int32_t rows, std::int32_t columns) {
     rows_ = rows;
     columns_ = columns;
     groupSize_ = std::min(columns + 1, largestGroup);
-    indexed_ = false;
+    dropIndex();
 }
 
 void Cell_Table::require(std::int32_t row, std::int32_t column) const {
@@ -36,7 +36,7 @@ std::size_t Cell_Table::placeOf(std::int32_t column) const noexcept {
 
 Cell_Rec& Cell_Table::operator()(std::int32_t row, std::int32_t column) {
     require(row, column);
-    indexed_ = false;
+    if (indexed_) dropIndex();
     Row& cells = table_[static_cast<std::size_t>(row)];
     const std::size_t group = groupOf(column);
     if (cells.groups.size() <= group) cells.groups.resize(group + 1);
@@ -68,6 +68,11 @@ std::int32_t Cell_Table::columns() const {
 std::int32_t Cell_Table::lastWrittenColumn(std::int32_t row) const {
     require(row, 0);
     return table_[static_cast<std::size_t>(row)].lastWritten;
+}
+
+void Cell_Table::dropIndex() {
+    index_ = {};
+    indexed_ = false;
 }
 
 void Cell_Table::buildIndex() {

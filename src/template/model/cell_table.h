@@ -47,6 +47,7 @@ class Cell_Table {
     [[nodiscard]] std::size_t groupOf(std::int32_t column) const noexcept;
     [[nodiscard]] std::size_t placeOf(std::int32_t column) const noexcept;
     void buildIndex();
+    void dropIndex();
 
     std::vector<Row> table_;
     std::int32_t rows_ = -1;

@@ -3,6 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 namespace zorvane {
 namespace {
 
@@ -70,6 +74,26 @@ TEST(CellTable, ACellThatWasNeverWrittenReadsEmpty) {
     EXPECT_EQ(constant(2, 2).Value, "");
     EXPECT_EQ(cells.lastWrittenColumn(1), 1);
     EXPECT_EQ(cells.lastWrittenColumn(2), -1);
+}
+
+TEST(CellTable, ManyCellsKeepTheirPlaceAndContents) {
+    Cell_Table cells;
+    cells.redim(700, 60);
+    std::vector<Cell_Rec*> places;
+    for (std::int32_t row = 0; row <= 700; ++row)
+        for (std::int32_t column = 0; column <= 60; ++column) {
+            places.push_back(&cells(row, column));
+            places.back()->Value =
+                std::to_string(row * 100 + column) + " as a text too long to lie in the cell";
+        }
+    const Cell_Table moved = std::move(cells);
+    std::size_t k = 0;
+    for (std::int32_t row = 0; row <= 700; ++row)
+        for (std::int32_t column = 0; column <= 60; ++column) {
+            ASSERT_EQ(&moved(row, column), places[k++]);
+            ASSERT_EQ(moved(row, column).Value,
+                      std::to_string(row * 100 + column) + " as a text too long to lie in the cell");
+        }
 }
 
 TEST(CellTable, TheLargestTableIsCheapUntilItIsWritten) {
