@@ -38,7 +38,8 @@ struct Fault_Rig : Link_Rig {
     void expectNoWrongValue(std::int32_t last = 999) const {
         for (std::int32_t address = 0; address <= last; ++address) {
             const std::int32_t value = link.RegisterValue(0, address, false);
-            if (value != 0) EXPECT_EQ(value, valueOf(address)) << address;
+            if (value == 0) continue;
+            EXPECT_EQ(value, valueOf(address)) << address;
         }
     }
     void expectRead(std::int32_t first, std::int32_t last) const {
@@ -99,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
         Bad_Answer{"Long", withCrc(bytesOf("01 03 08 00 01 00 02 00 03 00 04")), "wrong byte count"},
         Bad_Answer{"ShorterThanItsByteCount", withCrc(bytesOf("01 03 06 00 01 00 02")), "answer cut short"},
         Bad_Answer{"Noise", bytesOf("00 FF 00 FF 00"), "only noise"}),
-    [](const auto& info) { return info.param.name; });
+    [](const auto& chosen) { return chosen.param.name; });
 
 TEST(LinkFaults, AnAnswerCutAtEachLength) {
     const Byte_Array good = goodAnswer();
@@ -226,7 +227,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Bad_Echo{"MultipleAddress", false, "01 10 00 02 00 02", "wrong address echoed"},
                       Bad_Echo{"MultipleQuantity", false, "01 10 00 01 00 01", "wrong quantity echoed"},
                       Bad_Echo{"MultipleFunction", false, "01 06 00 01 00 02", "answer to another function"}),
-    [](const auto& info) { return info.param.name; });
+    [](const auto& chosen) { return chosen.param.name; });
 
 // Late answers. Blocks 0-9, 10-19 and 20-29 have one shape, 30-34 another.
 
@@ -270,7 +271,7 @@ TEST_P(LinkLateAnswer, NeverCountsForAWrite) {
     const auto write = [&] {
         if (rig.link.WriteBusy()) return;
         const bool completed = asked != 0 && !rig.link.WriteFailed();
-        if (completed) EXPECT_EQ(rig.slave.registers[600], asked);
+        EXPECT_TRUE(!completed || rig.slave.registers[600] == asked) << asked;
         rig.link.ClearWriteFailed();
         asked = ++value;
         rig.link.PresetSingleRegister(0, 600, asked);
@@ -287,8 +288,8 @@ std::vector<Late_Case> lateCases() {
     return cases;
 }
 
-INSTANTIATE_TEST_SUITE_P(Delays, LinkLateAnswer, ::testing::ValuesIn(lateCases()), [](const auto& info) {
-    return std::to_string(info.param.delay / ms) + (info.param.always ? "msAlways" : "msOneOfThree");
+INSTANTIATE_TEST_SUITE_P(Delays, LinkLateAnswer, ::testing::ValuesIn(lateCases()), [](const auto& chosen) {
+    return std::to_string(chosen.param.delay / ms) + (chosen.param.always ? "msAlways" : "msOneOfThree");
 });
 
 TEST(LinkFaults, ALateAnswerIsShownAsSuch) {
@@ -316,8 +317,10 @@ TEST(LinkFaults, AStoppedScansAnswerDoesNotCountForTheNextScan) {
     rig.link.StopScan();
     rig.link.ClosePort();
     rig.scan("ALWAYS");
-    ASSERT_TRUE(rig.exchanges(3));
-    rig.expectNoWrongValue(40);
+    for (std::size_t count = 1; count <= 3; ++count) {
+        ASSERT_TRUE(rig.exchanges(count));
+        rig.expectNoWrongValue(40);
+    }
     rig.expectRead(10, 19);
 }
 

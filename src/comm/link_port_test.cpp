@@ -165,8 +165,8 @@ TEST_P(LinkUnplug, TheAdapterIsFoundUnderAnotherName) {
 INSTANTIATE_TEST_SUITE_P(Moments, LinkUnplug,
                          ::testing::Values(Moment::BeforeTheRequest, Moment::DuringTheRequest,
                                            Moment::BetweenRequests),
-                         [](const auto& info) {
-                             switch (info.param) {
+                         [](const auto& chosen) {
+                             switch (chosen.param) {
                              case Moment::BeforeTheRequest:
                                  return "Before";
                              case Moment::DuringTheRequest:

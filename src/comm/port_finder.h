@@ -22,6 +22,9 @@ class Port_Finder {
   public:
     virtual ~Port_Finder() = default;
     [[nodiscard]] virtual std::vector<Port_Entry> ports() = 0;
+    /// The port of that name or path; none for one that the system doesn't list. Unlike `ports`, which may take tens
+    /// of ms, this is quick enough for every opening.
+    [[nodiscard]] virtual std::optional<Port_Entry> port(const std::string& name) = 0;
 };
 
 /// What a USB adapter is known by when it comes back under another name.
@@ -34,8 +37,10 @@ struct Port_Identity {
 };
 
 /// None for a port that isn't listed or isn't a USB adapter.
-[[nodiscard]] std::optional<Port_Identity> identityOf(const std::vector<Port_Entry>& ports,
-                                                      const std::string& name);
+[[nodiscard]] std::optional<Port_Identity> identityOf(const std::optional<Port_Entry>& port);
+
+/// The entry of that name or path.
+[[nodiscard]] std::optional<Port_Entry> entryNamed(const std::vector<Port_Entry>& ports, const std::string& name);
 
 /// The path under which the adapter is there now: under its old name first, else under another if only one
 /// port can be meant. Two adapters alike without serial numbers can't be told apart, and none is taken for

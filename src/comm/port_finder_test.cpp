@@ -13,10 +13,10 @@ Port_Entry plain(const std::string& name) { return {name, "/dev/" + name, "", ""
 TEST(PortFinder, KnowsAnAdapterByNameOrPath) {
     const std::vector<Port_Entry> ports{plain("ttyS0"), usb("ttyUSB0", "A1")};
     const Port_Identity expected{"A1", 0x0403, 0x6001};
-    EXPECT_EQ(identityOf(ports, "ttyUSB0"), expected);
-    EXPECT_EQ(identityOf(ports, "/dev/ttyUSB0"), expected);
-    EXPECT_EQ(identityOf(ports, "ttyS0"), std::nullopt);
-    EXPECT_EQ(identityOf(ports, "/tmp/line"), std::nullopt);
+    EXPECT_EQ(identityOf(entryNamed(ports, "ttyUSB0")), expected);
+    EXPECT_EQ(identityOf(entryNamed(ports, "/dev/ttyUSB0")), expected);
+    EXPECT_EQ(identityOf(entryNamed(ports, "ttyS0")), std::nullopt);
+    EXPECT_EQ(identityOf(entryNamed(ports, "/tmp/line")), std::nullopt);
 }
 
 TEST(PortFinder, FindsTheAdapterUnderAnotherName) {

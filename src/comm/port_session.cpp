@@ -3,12 +3,12 @@
 namespace zorvane {
 
 std::string Port_Session::presentName(const std::string& chosen) {
-    const std::vector<Port_Entry> ports = finder_.ports();
     if (chosen == chosen_ && identity_) {
-        if (auto path = pathOf(ports, *identity_, name_)) return *path;
+        if (const auto same = finder_.port(name_); identityOf(same) == identity_) return same->path;
+        if (auto path = pathOf(finder_.ports(), *identity_, name_)) return *path;
     }
     chosen_ = chosen;
-    identity_ = identityOf(ports, chosen);
+    identity_ = identityOf(finder_.port(chosen));
     return chosen;
 }
 
@@ -25,12 +25,11 @@ Port_Opening Port_Session::open(const Port_Settings& settings) {
 
 Port_Opening Port_Session::reopen(const Port_Settings& settings) {
     if (settings.port.empty() || !settingsFault(settings).empty()) return {};
-    const std::vector<Port_Entry> ports = finder_.ports();
     if (!identity_) {
-        identity_ = identityOf(ports, name_);
+        identity_ = identityOf(finder_.port(name_));
         return port_.open(name_, settings);
     }
-    const auto path = pathOf(ports, *identity_, name_);
+    const auto path = pathOf(finder_.ports(), *identity_, name_);
     if (!path) return {};
     Port_Opening opening = port_.open(*path, settings);
     if (opening.opened) name_ = *path;

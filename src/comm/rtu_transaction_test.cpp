@@ -1,77 +1,13 @@
 // One exchange in time: when it goes out, how long it waits, what holds the next one. All times in us on a
 // hand clock; 9600 baud without parity gives 1042 us a character and 3646 us of silence between frames.
-#include "comm/rtu_transaction.h"
-#include "comm/testing/hand_clock.h"
-#include "comm/testing/scripted_port.h"
-#include "comm/testing/toy_slave.h"
-
-#include <gtest/gtest.h>
+#include "comm/testing/transaction_rig.h"
 
 namespace zorvane {
 namespace {
 
-using testing::bytesOf;
-using testing::Hand_Clock;
-using testing::Scripted_Port;
-using testing::withCrc;
+using namespace testing;
 
-constexpr Micros ms = microsPerMs;
-constexpr Micros silence = 3646;
-constexpr Micros requestTime = 8334; // eight characters
-
-struct Recorder final : Transaction_Owner {
-    void requestSent() override { ++sent; }
-    void tryFinished(const Try_Result& result) override {
-        results.push_back(result);
-        if (onFinished) onFinished();
-    }
-    void strayReceived(Micros, const Byte_Array& bytes, const std::string& what) override {
-        strays.push_back(what + " (" + std::to_string(bytes.size()) + ")");
-    }
-    void lineLost(const std::string& reason) override { lost.push_back(reason); }
-
-    int sent = 0;
-    std::vector<Try_Result> results;
-    std::vector<std::string> strays;
-    std::vector<std::string> lost;
-    std::function<void()> onFinished;
-};
-
-class RtuTransaction : public ::testing::Test {
-  protected:
-    RtuTransaction() {
-        use(settings);
-        transaction.setWaits(0, 100 * ms);
-        port.onWrite = [this](const Byte_Array&) { sentAt.push_back(clock.now()); };
-        open();
-    }
-
-    void use(const Port_Settings& changed) {
-        settings = changed;
-        transaction.setLine(settings);
-    }
-    void open() {
-        ASSERT_TRUE(port.open("p", settings).opened);
-        transaction.lineOpened();
-    }
-    /// Submits and runs until the request is on its way.
-    void begin(const Rtu_Request& request) {
-        const std::size_t before = sentAt.size();
-        transaction.submit(request);
-        ASSERT_TRUE(clock.runUntilTrue([&] { return sentAt.size() > before; }, 10 * microsPerSecond));
-    }
-    [[nodiscard]] std::string fault() const { return recorder.results.back().fault; }
-
-    Port_Settings settings;
-    Hand_Clock clock;
-    Scripted_Port port;
-    Recorder recorder;
-    Rtu_Transaction transaction{port, clock, recorder};
-    std::vector<Micros> sentAt;
-
-    const Rtu_Request read = readRequest(1, 0, 2);
-    const Byte_Array answer = withCrc(bytesOf("01 03 04 00 07 00 08"));
-};
+using RtuTransaction = Transaction_Rig;
 
 TEST_F(RtuTransaction, TheFirstRequestWaitsForTheSilenceOfTheLine) {
     const Micros start = clock.now();
@@ -301,127 +237,6 @@ TEST_F(RtuTransaction, ARequestThatHasNotGoneOutCanBeTakenBack) {
     EXPECT_TRUE(sentAt.empty());
     begin(read);
     EXPECT_FALSE(transaction.withdraw());
-}
-
-// Noise and echo.
-
-TEST_F(RtuTransaction, NoiseBeforeAnAnswerIsCounted) {
-    for (const std::size_t noise : {std::size_t{1}, std::size_t{10}}) {
-        begin(read);
-        clock.runFor(requestTime + 5 * ms);
-        port.deliver(Byte_Array(noise, 0xE7));
-        clock.runFor(5 * ms);
-        port.deliver(answer);
-        EXPECT_TRUE(recorder.results.back().answer);
-        EXPECT_EQ(recorder.results.back().noise, noise);
-    }
-}
-
-TEST_F(RtuTransaction, WhatFollowsAnAnswerIsStray) {
-    begin(read);
-    clock.runFor(requestTime + 5 * ms);
-    Byte_Array more = answer;
-    more.insert(more.end(), {0x00, 0xFF});
-    port.deliver(more);
-    EXPECT_EQ(recorder.results.at(0).received, answer);
-    clock.runFor(100 * ms);
-    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
-}
-
-TEST_F(RtuTransaction, StrayBytesMoveTheNextRequest) {
-    clock.runFor(100 * ms);
-    port.deliver(bytesOf("00"));
-    const Micros stray = clock.now();
-    begin(read);
-    EXPECT_EQ(sentAt[0], stray + silence);
-    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (1)"});
-}
-
-TEST_F(RtuTransaction, AnEchoBeforeAReadsAnswerIsLearnt) {
-    begin(read);
-    port.deliver(port.written.back());
-    clock.runFor(requestTime + 5 * ms);
-    port.deliver(answer);
-    EXPECT_TRUE(recorder.results.at(0).echoed);
-    EXPECT_EQ(recorder.results.at(0).noise, 0U);
-
-    begin(presetSingle(1, 4, 9));
-    port.deliver(port.written.back());
-    clock.runFor(requestTime + 5 * ms);
-    EXPECT_EQ(recorder.results.size(), 1U) << "the echo was taken for the answer";
-    port.deliver(port.written.back());
-    ASSERT_EQ(recorder.results.size(), 2U);
-    EXPECT_TRUE(recorder.results[1].answer);
-}
-
-TEST_F(RtuTransaction, ALearntEchoWithoutAnAnswerIsAFailedWrite) {
-    begin(read);
-    port.deliver(port.written.back());
-    clock.runFor(requestTime + 5 * ms);
-    port.deliver(answer);
-    begin(presetSingle(1, 4, 9));
-    port.deliver(port.written.back());
-    clock.runFor(requestTime + 100 * ms);
-    ASSERT_EQ(recorder.results.size(), 2U);
-    EXPECT_EQ(fault(), "only the adapter's echo");
-}
-
-TEST_F(RtuTransaction, AnEchoAloneTellsThatTheAdapterEchoes) {
-    begin(read);
-    port.deliver(port.written.back());
-    clock.runFor(requestTime + 100 * ms);
-    EXPECT_EQ(fault(), "only the adapter's echo");
-    begin(presetSingle(1, 4, 9));
-    port.deliver(port.written.back());
-    clock.runFor(requestTime + 100 * ms);
-    EXPECT_EQ(fault(), "only the adapter's echo");
-}
-
-TEST_F(RtuTransaction, AReadWithoutEchoForgetsIt) {
-    begin(read);
-    port.deliver(port.written.back());
-    port.deliver(answer);
-    begin(read);
-    clock.runFor(requestTime + 5 * ms);
-    port.deliver(answer);
-    begin(presetSingle(1, 4, 9));
-    clock.runFor(requestTime + 5 * ms);
-    port.deliver(port.written.back());
-    ASSERT_EQ(recorder.results.size(), 3U);
-    EXPECT_TRUE(recorder.results[2].answer);
-}
-
-TEST_F(RtuTransaction, TheEchoSwitchHoldsFromTheFirstRequest) {
-    settings.adapterEchoes = true;
-    use(settings);
-    begin(presetSingle(1, 4, 9));
-    port.deliver(port.written.back());
-    clock.runFor(requestTime + 5 * ms);
-    EXPECT_TRUE(recorder.results.empty());
-    port.deliver(port.written.back());
-    EXPECT_EQ(recorder.results.size(), 1U);
-}
-
-TEST_F(RtuTransaction, AnEchoWhoseAddressLooksLikeAByteCountIsNoAnswer) {
-    begin(readRequest(1, 0x0300, 2));
-    port.deliver(port.written.back());
-    clock.runFor(requestTime + 60 * ms);
-    EXPECT_TRUE(recorder.results.empty());
-    port.deliver(answer);
-    ASSERT_EQ(recorder.results.size(), 1U);
-    EXPECT_TRUE(recorder.results[0].answer);
-}
-
-TEST_F(RtuTransaction, AnExceptionInsideAnAnswerIsNotTaken) {
-    begin(readRequest(1, 0, 4));
-    const Byte_Array inside = withCrc(bytesOf("01 03 08 01 83 02 C0 F1 00 00 00"));
-    clock.runFor(requestTime + 5 * ms);
-    port.deliver(Byte_Array(inside.begin(), inside.begin() + 8));
-    EXPECT_TRUE(recorder.results.empty());
-    clock.runFor(8 * ms);
-    port.deliver(Byte_Array(inside.begin() + 8, inside.end()));
-    ASSERT_EQ(recorder.results.size(), 1U);
-    EXPECT_EQ(recorder.results[0].answer->registers, (std::vector<std::uint16_t>{0x0183, 0x02C0, 0xF100, 0}));
 }
 
 // RTS and delay.

@@ -45,16 +45,41 @@ TEST(Scan, StartsAtTheFirstBlockOfTheMode) {
     EXPECT_EQ(frameAt(scan, 0), (Scan_Frame{7, 10, 6}));
 }
 
-TEST(Scan, AnUnseenIndexStaysFor25Ms) {
+TEST(Scan, AnUnseenIndexStaysFor25MsOnceSomebodyLooks) {
+    Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "NONE", 0}, {20, 21, "NONE", 0}});
+    scan.indexSeen();
+    scan.frameAnswered(true, 5 * ms);
+    EXPECT_EQ(scan.index(), 2);
+    scan.frameAnswered(true, 10 * ms);
+    EXPECT_EQ(frameAt(scan, 10 * ms), std::nullopt);
+    EXPECT_EQ(scan.index(), 2);
+    EXPECT_EQ(scan.waitsUntil(), 30 * ms);
+    EXPECT_EQ(frameAt(scan, 30 * ms - 1), std::nullopt);
+    EXPECT_EQ(frameAt(scan, 30 * ms), (Scan_Frame{0, 20, 2}));
+    EXPECT_EQ(scan.index(), 3);
+    EXPECT_EQ(scan.waitsUntil(), std::nullopt);
+}
+
+TEST(Scan, NobodyLookingTheWalkGoesAtFullSpeed) {
     Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "NONE", 0}});
     scan.frameAnswered(true, 5 * ms);
-    EXPECT_EQ(frameAt(scan, 5 * ms), std::nullopt);
+    EXPECT_EQ(frameAt(scan, 5 * ms), (Scan_Frame{0, 10, 6}));
+    scan.frameAnswered(true, 10 * ms);
     EXPECT_EQ(scan.index(), 1);
-    EXPECT_EQ(scan.waitsUntil(), 25 * ms);
-    EXPECT_EQ(frameAt(scan, 25 * ms - 1), std::nullopt);
-    EXPECT_EQ(frameAt(scan, 25 * ms), (Scan_Frame{0, 10, 6}));
-    EXPECT_EQ(scan.index(), 2);
-    EXPECT_EQ(scan.waitsUntil(), std::nullopt);
+    EXPECT_EQ(frameAt(scan, 10 * ms), (Scan_Frame{0, 1, 5}));
+}
+
+TEST(Scan, APassWithoutALookEndsTheWatch) {
+    Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "NONE", 0}});
+    scan.indexSeen();
+    scan.frameAnswered(true, 5 * ms);
+    scan.frameAnswered(true, 100 * ms);
+    EXPECT_EQ(frameAt(scan, 125 * ms), (Scan_Frame{0, 1, 5})) << "the pass after a look is watched";
+    scan.frameAnswered(true, 150 * ms);
+    scan.frameAnswered(true, 175 * ms);
+    EXPECT_EQ(frameAt(scan, 175 * ms), (Scan_Frame{0, 1, 5}));
+    scan.frameAnswered(true, 180 * ms);
+    EXPECT_EQ(frameAt(scan, 180 * ms), (Scan_Frame{0, 10, 6}));
 }
 
 TEST(Scan, ASeenIndexIsLeftWithTheAnswer) {
@@ -114,13 +139,22 @@ TEST(Scan, ASingleBlockShows0BetweenTwoPasses) {
     EXPECT_EQ(frameAt(scan, 52 * ms), (Scan_Frame{0, 1, 5}));
 }
 
-TEST(Scan, ASingleBlockThatNobodyWatchesShows0For25Ms) {
+TEST(Scan, ASingleBlockShows0For25MsAtMost) {
     Scan scan = scanOf({{1, 5, "NONE", 0}});
+    scan.indexSeen();
     scan.frameAnswered(true, 46 * ms);
     EXPECT_EQ(scan.index(), 0);
-    EXPECT_EQ(frameAt(scan, 71 * ms - 1), std::nullopt);
-    EXPECT_EQ(frameAt(scan, 71 * ms), (Scan_Frame{0, 1, 5}));
+    scan.advance(71 * ms - 1);
+    EXPECT_EQ(scan.index(), 0);
+    scan.advance(71 * ms);
     EXPECT_EQ(scan.index(), 1);
+}
+
+TEST(Scan, ASingleBlockThatNobodyWatchesIsReadWithoutPause) {
+    Scan scan = scanOf({{1, 5, "NONE", 0}});
+    scan.frameAnswered(true, 6 * ms);
+    EXPECT_EQ(scan.index(), 1);
+    EXPECT_EQ(frameAt(scan, 6 * ms), (Scan_Frame{0, 1, 5}));
 }
 
 TEST(Scan, ABlockAbove125RegistersIsReadBySeveralFramesWithinItsIndex) {

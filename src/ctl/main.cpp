@@ -8,6 +8,7 @@
 
 int main(int argc, char* argv[]) {
     using namespace zorvane;
+    std::ios::sync_with_stdio(false);
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     int ownName = 1; // the program's name only: the other arguments are none of Qt's business
     const QCoreApplication application(ownName, argv);

@@ -44,9 +44,9 @@ void Progress_Printer::end() {
 
 void Progress_Printer::draw() {
     const std::int32_t full = share(value_, maximum_, barWidth);
-    std::string bar = "[" + std::string(static_cast<std::size_t>(full), '#') +
-                      std::string(static_cast<std::size_t>(barWidth - full), '-') + "] " +
-                      std::to_string(share(value_, maximum_, 100)) + " %";
+    std::string bar("[");
+    bar.append(static_cast<std::size_t>(full), '#').append(static_cast<std::size_t>(barWidth - full), '-');
+    bar.append("] ").append(std::to_string(share(value_, maximum_, 100))).append(" %");
     if (bar == bar_ && drawn_ > 0) return;
     wipe();
     out_ << bar << std::flush;

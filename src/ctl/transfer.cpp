@@ -1,9 +1,12 @@
 #include "ctl/transfer.h"
 
 #include "comm/download.h"
+#include "comm/download_blocks.h"
 #include "comm/session.h"
 #include "comm/transfer_records.h"
 #include "comm/upload.h"
+#include "values/code_page.h"
+#include "values/registers.h"
 
 #include <algorithm>
 
@@ -50,6 +53,47 @@ std::vector<std::string> refusedBlocks(const std::vector<Info_Rec_Errors>& error
     return refusals;
 }
 
+bool sharesRegister(const Cell_Rec& cell) {
+    const std::string format = upperTrimmed(cell.Format);
+    return format == "TIMEMM" || format == "TIMESS" || halfAddress(cell.Address).has_value();
+}
+
+/// Whether some request of a download is built from what a register held before: half a register, a time that two
+/// cells share, a block of the board family.
+bool needsImage(const Declara_Zorvane& document) {
+    if (isBoardFamily(document.Controller_Model)) return true;
+    for (std::int32_t f = 1; f <= document.Field_Count; ++f) {
+        const Cell_Table& cells = document.Fields(f).Cells;
+        if (!cells.dimensioned()) continue;
+        for (std::int32_t row = 1; row <= cells.rows(); ++row)
+            for (std::int32_t column = 1; column <= cells.lastWrittenColumn(row); ++column)
+                if (sharesRegister(cells(row, column))) return true;
+    }
+    return false;
+}
+
+/// Reads every block once, so that a download after it writes nothing back that was made up. A link that is lost on
+/// the way is found by the download.
+void readImage(const Comm_Context& comm) {
+    modbus_control& link = comm.link;
+    selectScan(comm, transferScan);
+    if (link.ScanBlockCount() == 0) return;
+    comm.form.Cancel_Requested = false;
+    link.ResetScan();
+    link.PrepareScan();
+    const std::int32_t first = link.ScanBlockIndex();
+    std::int32_t seen = first;
+    link.StartScan();
+    bool whole = false;
+    while (!whole && !link.CommLost() && !comm.form.Cancel_Requested) {
+        comm.frame.wait_until(
+            [&] { return link.ScanBlockIndex() != seen || link.CommLost() || comm.form.Cancel_Requested; });
+        whole = link.ScanBlockIndex() != seen && link.ScanBlockIndex() == first;
+        seen = link.ScanBlockIndex();
+    }
+    link.EndSession();
+}
+
 std::vector<std::string> failedWrites(const std::vector<std::string>& messages) {
     std::vector<std::string> refusals;
     std::copy_if(messages.begin(), messages.end(), std::back_inserter(refusals),
@@ -80,20 +124,13 @@ Transfer_Report runUpload(const Comm_Context& comm, Held_Frame& frame) {
 }
 
 Transfer_Report runDownload(const Comm_Context& comm, Held_Frame& frame) {
+    if (needsImage(comm.document)) readImage(comm);
     keepLog(comm);
     std::optional<Failure_Note> failure = failureOf([&] { MNU_Download_Click(comm); });
     Transfer_Report report = endTransfer(comm, frame, std::move(failure));
     if (report.finished()) report.refusals = failedWrites(frame.messages());
     comm.link.onExchange({});
     return report;
-}
-
-void PRO_Registra_Bloques(const Comm_Context& comm) {
-    const auto& blocks = comm.document.Holding_Blocks;
-    const std::int32_t last = blocks.upperBound();
-    for (std::int32_t i = 1; i <= last; ++i)
-        comm.link.AddScanBlock(blocks(i).First_Address, blocks(i).Last_Address, false, blocks(i).Request,
-                               comm.form.Unit_Id);
 }
 
 Register_Values scannedRegisters(const Comm_Context& comm) {

@@ -36,9 +36,6 @@ struct Transfer_Report {
 /// Writes every modifiable cell to the controller.
 [[nodiscard]] Transfer_Report runDownload(const Comm_Context& comm, Held_Frame& frame);
 
-/// Hands the document's blocks to the link.
-void PRO_Registra_Bloques(const Comm_Context& comm);
-
 /// The registers of the document's blocks, as the link last saw them.
 [[nodiscard]] Register_Values scannedRegisters(const Comm_Context& comm);
 

@@ -1,5 +1,6 @@
 #include "ctl/transfer_call.h"
 
+#include "comm/session.h"
 #include "comm/cancel.h"
 #include "comm/qt_link.h"
 #include "ctl/notices.h"

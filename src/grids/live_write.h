@@ -43,7 +43,9 @@ class Tab_Stop_Off {
     explicit Tab_Stop_Off(VSFlexGrid& grid) : grid_(grid) { grid_.setTabStop(false); }
     ~Tab_Stop_Off() { grid_.setTabStop(true); }
     Tab_Stop_Off(const Tab_Stop_Off&) = delete;
+    Tab_Stop_Off(Tab_Stop_Off&&) = delete;
     Tab_Stop_Off& operator=(const Tab_Stop_Off&) = delete;
+    Tab_Stop_Off& operator=(Tab_Stop_Off&&) = delete;
 
   private:
     VSFlexGrid& grid_;

@@ -110,13 +110,15 @@ void Memory_Grid::setCurrentColours(Colours colours) {
 }
 
 std::uint16_t Memory_Grid::paletteEntry(Colours colours) {
-    // The words of a template give a handful of pairs; the last one is looked for first.
-    const auto found = std::find(palette_.rbegin(), palette_.rend(), colours);
-    if (found != palette_.rend()) return static_cast<std::uint16_t>(palette_.rend() - found - 1);
-    if (palette_.size() > std::numeric_limits<std::uint16_t>::max())
-        throw Run_Time_Failure(Failure::Overflow);
-    palette_.push_back(colours);
-    return static_cast<std::uint16_t>(palette_.size() - 1);
+    // The words of a template give a handful of pairs, and neighbours mostly have the same.
+    if (palette_[lastUsed_] == colours) return lastUsed_;
+    std::size_t entry = 0;
+    while (entry < palette_.size() && palette_[entry] != colours)
+        ++entry;
+    if (entry > std::numeric_limits<std::uint16_t>::max()) throw Run_Time_Failure(Failure::Overflow);
+    if (entry == palette_.size()) palette_.push_back(colours);
+    lastUsed_ = static_cast<std::uint16_t>(entry);
+    return lastUsed_;
 }
 
 Memory_Grid::Column& Memory_Grid::column(std::int32_t col) {

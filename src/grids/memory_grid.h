@@ -111,6 +111,7 @@ class Memory_Grid final : public VSFlexGrid {
     std::vector<Line> rows_;
     std::vector<Column> columns_;
     std::vector<Colours> palette_{Colours{}};
+    std::uint16_t lastUsed_ = 0; ///< the palette's entry that was last asked for
     std::int32_t fixedRows_ = 0;
     std::int32_t row_ = -1;
     std::int32_t col_ = -1;

@@ -10,6 +10,7 @@ namespace {
 
 std::vector<std::string> rowTexts(const VSFlexGrid& grid, std::int32_t row) {
     std::vector<std::string> texts;
+    texts.reserve(static_cast<std::size_t>(grid.Cols()));
     for (std::int32_t c = 0; c < grid.Cols(); ++c)
         texts.push_back(grid.TextMatrix(row, c));
     return texts;

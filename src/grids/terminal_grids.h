@@ -44,8 +44,11 @@ class Terminal_Grids {
   public:
     explicit Terminal_Grids(const Comm_Context& comm)
         : context_{comm, configuration_, settings_, navigation_, editors_, windows_} {}
+    ~Terminal_Grids() = default;
     Terminal_Grids(const Terminal_Grids&) = delete;
+    Terminal_Grids(Terminal_Grids&&) = delete;
     Terminal_Grids& operator=(const Terminal_Grids&) = delete;
+    Terminal_Grids& operator=(Terminal_Grids&&) = delete;
 
     [[nodiscard]] const Grid_Context& context() const noexcept { return context_; }
     [[nodiscard]] Memory_Grid& configuration() noexcept { return configuration_; }

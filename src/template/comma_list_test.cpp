@@ -11,7 +11,7 @@ namespace {
 std::string items(std::string_view list, std::int32_t last = 100) {
     std::string text;
     forEachItem(list, [&](std::int32_t position, std::string_view item) {
-        text += (position > 1 ? " " : "") + std::to_string(position) + ":" + std::string(item);
+        text.append(position > 1 ? " " : "").append(std::to_string(position)).append(":").append(item);
         return position < last;
     });
     return text;

@@ -53,13 +53,6 @@ constexpr std::array<std::pair<std::string_view, Item_Action>, 7> itemKeys = {{
     {"ROWADDRESSFORMAT_#", storeFormat},
 }};
 
-bool hasRegister(const Cell_Rec& cell, std::string_view number) {
-    const std::string_view address = cell.Address;
-    if (!address.starts_with(number)) return false;
-    const std::string_view suffix = address.substr(number.size());
-    return suffix.empty() || suffix == "/LO" || suffix == "/HI";
-}
-
 } // namespace
 
 bool readFieldConfiguration(const Interpreter& interpreter, const Key_Line& line) {
@@ -76,16 +69,15 @@ bool readFieldConfiguration(const Interpreter& interpreter, const Key_Line& line
 /// Gives every cell of the field that lies at the key's register, whole or half, its own copy of the list.
 bool readFieldMessages(const Interpreter& interpreter, const Key_Line& line) {
     if (line.key != "ADDRESS_#") return true;
-    const std::string number = numberText(line.number);
-    const Field_Rec& field = interpreter.document.Fields(line.section);
-    for (std::int32_t row = 0; row <= field.Rows && field.Columns >= 0; ++row) {
-        const std::int32_t last = field.Cells.lastWrittenColumn(row);
-        for (std::int32_t column = 0; column <= last; ++column) {
-            const Cell_Rec& cell = field.Cells(row, column);
-            if (!cell.Has_Messages && hasRegister(cell, number))
-                readMessages(interpreter.field(line.section).Cells(row, column), line.value);
-        }
+    Field_Rec& field = interpreter.document.Fields(line.section);
+    if (field.Rows < 0 || field.Columns < 0) return true;
+    for (const Register_Cell& place : field.Cells.cellsAtRegister(line.number)) {
+        if (place.row > field.Rows || place.cell->Has_Messages) continue;
+        field.Touched = true;
+        readMessages(*place.cell, line.value);
     }
+    // A size that was refused halfway may have left more rows than the table has.
+    if (field.Rows > field.Cells.rows()) throw Run_Time_Failure(Failure::Subscript);
     return true;
 }
 

@@ -34,7 +34,7 @@ class Scripted_Port final : public Byte_Port {
         if (onWrite) onWrite(frame);
         return true;
     }
-    void discardInput() override {}
+    void discardInput() override { queued_.clear(); }
     void setRts(bool on) override {
         rts = on;
         rtsChanges.push_back(on);
@@ -43,6 +43,9 @@ class Scripted_Port final : public Byte_Port {
     void deliver(const Byte_Array& bytes) {
         if (open_ && listener_ != nullptr && !bytes.empty()) listener_->bytesArrived(bytes);
     }
+    /// Comes in with the next `deliverQueued`, unless it is discarded before.
+    void queue(const Byte_Array& bytes) { queued_.insert(queued_.end(), bytes.begin(), bytes.end()); }
+    void deliverQueued() { deliver(std::exchange(queued_, {})); }
     void unplug(const std::string& reason = "Input/output error") {
         if (!open_) return;
         open_ = false;
@@ -62,12 +65,14 @@ class Scripted_Port final : public Byte_Port {
   private:
     Byte_Port_Listener* listener_ = nullptr;
     bool open_ = false;
+    Byte_Array queued_;
 };
 
 /// The ports that a test says are there.
 class Scripted_Finder final : public Port_Finder {
   public:
     std::vector<Port_Entry> ports() override { return list; }
+    std::optional<Port_Entry> port(const std::string& name) override { return entryNamed(list, name); }
     std::vector<Port_Entry> list;
 };
 

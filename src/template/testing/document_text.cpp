@@ -10,11 +10,16 @@ namespace zorvane::doubles {
 
 namespace {
 
+std::string quoted(std::string_view text) {
+    std::string result(1, '"');
+    return result.append(text).append(1, '"');
+}
+
 /// Members of a record behind one another: `Address "100", Width 800`, the empty ones left out.
 class Members {
   public:
     Members& add(const char* name, std::string_view text) {
-        return text.empty() ? *this : put(name, "\"" + std::string(text) + "\"");
+        return text.empty() ? *this : put(name, quoted(text));
     }
     Members& add(const char* name, std::int32_t number) {
         return number == 0 ? *this : put(name, numberText(number));
@@ -35,7 +40,7 @@ class Members {
 std::string listText(const Checked_Array<Message_Rec>& messages) {
     std::string text = "Messages";
     for (std::int32_t k = 1; k <= messages.upperBound(); ++k)
-        text += " " + numberText(messages(k).Code) + "=\"" + messages(k).Text + "\"";
+        text.append(" ").append(numberText(messages(k).Code)).append("=").append(quoted(messages(k).Text));
     return text;
 }
 
@@ -62,7 +67,7 @@ std::string upperGridLine(const Field_Rec& field, const std::string& name) {
     if (!field.Config_Values.dimensioned()) return "";
     std::string text;
     for (std::int32_t k = 1; k <= field.Config_Values.upperBound(); ++k)
-        text += (k > 1 ? " \"" : "\"") + field.Config_Values(k) + "\"";
+        text.append(k > 1 ? " " : "").append(quoted(field.Config_Values(k)));
     return line(name + ".Config_Values", text);
 }
 
@@ -122,7 +127,7 @@ std::string colorLines(const Colour_Words& colors) {
     static const Colour_Words defaults;
     std::string lines;
     for (const auto& [name, member] : colorMembers)
-        if (colors.*member != defaults.*member) lines += line(name, "\"" + colors.*member + "\"");
+        if (colors.*member != defaults.*member) lines += line(name, quoted(colors.*member));
     return lines;
 }
 
