@@ -29,6 +29,8 @@ class File_Descriptor {
     }
     File_Descriptor(const File_Descriptor&) = delete;
     File_Descriptor& operator=(const File_Descriptor&) = delete;
+    File_Descriptor(File_Descriptor&&) = delete;
+    File_Descriptor& operator=(File_Descriptor&&) = delete;
 
     [[nodiscard]] bool open() const noexcept { return number_ >= 0; }
     [[nodiscard]] int number() const noexcept { return number_; }

@@ -115,9 +115,10 @@ void Recovery::adopt(const std::string& file, const Declara_Zorvane& document) {
 
 std::string Recovery::newFile(const std::string& type, const std::string& time) {
     const std::vector<std::string> names = folder_.list();
-    const std::string stem = onlyDigits(time) + "-" + session_;
+    const std::string stem = onlyDigits(time).append("-").append(session_).append("-");
     for (int k = 1;; ++k) {
-        std::string name = stem + "-" + std::to_string(k) + "." + type;
+        std::string name = stem + std::to_string(k);
+        name.append(".").append(type);
         if (std::find(names.begin(), names.end(), name) == names.end()) return name;
     }
 }
