@@ -2,9 +2,12 @@
 
 #include "values/code_page.h"
 #include "values/run_time_failure.h"
+#include "values/utf8.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <cinttypes>
+#include <cstdint>
 #include <cstdio>
 #include <filesystem>
 #include <utility>
@@ -20,50 +23,15 @@ namespace {
 constexpr char characterMark = '\x81';
 constexpr char byteMark = '\x8D';
 
-void appendEscape(std::string& out, char mark, unsigned number) {
+void appendEscape(std::string& out, char mark, std::uint32_t number) {
     char digits[12];
-    std::snprintf(digits, sizeof digits, "%X", number);
+    std::snprintf(digits, sizeof digits, "%" PRIX32, number);
     out += mark;
     out += digits;
     out += mark;
 }
 
 bool isMark(char c) { return c == characterMark || c == byteMark; }
-
-std::size_t utf8Length(unsigned char lead) {
-    if (lead < 0xC2) return 1;
-    if (lead < 0xE0) return 2;
-    return lead < 0xF0 ? 3 : 4;
-}
-
-/// The code point of a sequence that is known to be whole UTF-8.
-unsigned codePoint(std::string_view sequence) {
-    const auto lead = static_cast<unsigned char>(sequence[0]);
-    unsigned point = sequence.size() == 1 ? lead : lead & (0x3FU >> (sequence.size() - 1));
-    for (const char c : sequence.substr(1))
-        point = (point << 6) | (static_cast<unsigned char>(c) & 0x3FU);
-    return point;
-}
-
-bool isWholeUtf8(std::string_view sequence, std::size_t length) {
-    if (sequence.size() != length) return false;
-    const auto lead = static_cast<unsigned char>(sequence[0]);
-    if (lead >= 0x80 && lead < 0xC2) return false;
-    return lead <= 0xF4 && std::all_of(sequence.begin() + 1, sequence.end(),
-                                       [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; });
-}
-
-void appendUtf8(std::string& out, unsigned point) {
-    if (point < 0x80) {
-        out += static_cast<char>(point);
-        return;
-    }
-    const int followers = point < 0x800 ? 1 : point < 0x10000 ? 2 : 3;
-    constexpr unsigned leads[] = {0x00, 0xC0, 0xE0, 0xF0};
-    out += static_cast<char>(leads[followers] | (point >> (6 * followers)));
-    for (int k = followers - 1; k >= 0; --k)
-        out += static_cast<char>(0x80U | ((point >> (6 * k)) & 0x3FU));
-}
 
 fs::path nativePath(const std::string& path) { return fs::path(pathToNative(path)); }
 
@@ -116,19 +84,18 @@ class Native_Writer : public Text_Writer {
 std::string pathFromNative(std::string_view native) {
     std::string out;
     for (std::size_t at = 0; at < native.size();) {
-        const std::size_t length = utf8Length(static_cast<unsigned char>(native[at]));
-        const std::string_view sequence = native.substr(at, length);
-        if (!isWholeUtf8(sequence, length)) {
-            appendEscape(out, byteMark, static_cast<unsigned char>(native[at++]));
+        const std::size_t start = at;
+        const char32_t point = takeUtf8(native, at);
+        if (point == malformedUtf8) {
+            appendEscape(out, byteMark, static_cast<unsigned char>(native[start]));
             continue;
         }
         bool whole = false;
-        const std::string text = fromUtf8(sequence, &whole);
+        const std::string text = fromUtf8(native.substr(start, at - start), &whole);
         if (whole && !isMark(text[0]))
             out += text;
         else
-            appendEscape(out, characterMark, codePoint(sequence));
-        at += length;
+            appendEscape(out, characterMark, point);
     }
     return out;
 }

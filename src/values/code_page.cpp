@@ -1,5 +1,7 @@
 #include "values/code_page.h"
 
+#include "values/utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -50,48 +52,7 @@ std::string mapped(std::string_view text, const std::array<Byte, 256>& table) {
     return result;
 }
 
-void appendUtf8(std::string& out, char16_t point) {
-    if (point < 0x80) {
-        out += static_cast<char>(point);
-    } else if (point < 0x800) {
-        out += static_cast<char>(0xC0 | (point >> 6));
-        out += static_cast<char>(0x80 | (point & 0x3F));
-    } else {
-        out += static_cast<char>(0xE0 | (point >> 12));
-        out += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (point & 0x3F));
-    }
-}
-
-/// How many bytes follow a UTF-8 lead byte; -1 for a byte that can't lead.
-int followers(Byte lead) {
-    if (lead < 0x80) return 0;
-    if (lead >= 0xC2 && lead <= 0xDF) return 1;
-    if (lead >= 0xE0 && lead <= 0xEF) return 2;
-    if (lead >= 0xF0 && lead <= 0xF4) return 3;
-    return -1;
-}
-
-constexpr char32_t malformed = 0xFFFFFFFF;
-
-/// Reads one character at `at` and moves past it; a malformed byte is passed over alone.
-char32_t nextCharacter(std::string_view text, std::size_t& at) {
-    const auto lead = static_cast<Byte>(text[at++]);
-    const int count = followers(lead);
-    if (count < 0) return malformed;
-    char32_t point = count == 0 ? lead : lead & (0x3FU >> count);
-    for (int k = 0; k < count; ++k) {
-        const std::size_t place = at + static_cast<std::size_t>(k);
-        if (place >= text.size()) return malformed;
-        const auto next = static_cast<Byte>(text[place]);
-        if ((next & 0xC0) != 0x80) return malformed;
-        point = (point << 6) | (next & 0x3FU);
-    }
-    at += static_cast<std::size_t>(count);
-    return point;
-}
-
-/// The byte of a code point, or -1.
+/// The byte of a code point, or -1, also for a malformed one.
 int byteOf(char32_t point) {
     if (point < 0x80 || (point >= 0xA0 && point <= 0xFF)) return static_cast<int>(point);
     if (point > 0xFFFF) return -1;
@@ -126,8 +87,7 @@ std::string fromUtf8(std::string_view text, bool* whole) {
     out.reserve(text.size());
     bool complete = true;
     for (std::size_t at = 0; at < text.size();) {
-        const char32_t point = nextCharacter(text, at);
-        const int byte = point == malformed ? -1 : byteOf(point);
+        const int byte = byteOf(takeUtf8(text, at));
         complete = complete && byte >= 0;
         out += byte < 0 ? '?' : static_cast<char>(byte);
     }

@@ -3,6 +3,7 @@
 #include "values/code_page.h"
 #include "values/run_time_failure.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -50,31 +51,42 @@ std::size_t numberLength(std::string_view text) noexcept {
     return exponentEnd(text, at);
 }
 
-/// What a number outside a double's range stands for: 0 below it, infinity above it.
-double limitOf(const std::string& number) noexcept {
-    const std::size_t exponent = number.find('e');
-    const bool tiny =
-        exponent != std::string::npos && exponent + 1 < number.size() && number[exponent + 1] == '-';
-    return tiny ? 0.0 : std::numeric_limits<double>::infinity();
+/// The number behind an exponent's letter, held where no text can be long enough to make up for it.
+double exponentOf(std::string_view text) noexcept {
+    const bool negative = text[0] == '-';
+    double exponent = 0.0;
+    for (const char c : text)
+        if (isDigit(c)) exponent = std::min(exponent * 10.0 + (c - '0'), 1e18);
+    return negative ? -exponent : exponent;
 }
 
-double parseNumber(std::string_view text) noexcept {
-    const bool negative = !text.empty() && text[0] == '-';
-    if (!text.empty() && isSign(text[0])) text.remove_prefix(1);
-    double value = 0.0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-    if (error != std::errc{} || end != text.data() + text.size()) {
+/// What a number outside a double's range stands for: 0 below it, infinity above it.
+double limitOf(std::string_view number) noexcept {
+    const std::size_t letter = number.find_first_of("eE");
+    const std::string_view digits = number.substr(0, letter);
+    const auto point = static_cast<double>(std::min(digits.find('.'), digits.size()));
+    const auto first = static_cast<double>(digits.find_first_of("123456789"));
+    const double exponent = letter == std::string_view::npos ? 0.0 : exponentOf(number.substr(letter + 1));
+    return point - first + exponent > 0.0 ? std::numeric_limits<double>::infinity() : 0.0;
+}
+
+/// The value of a number without its sign.
+double magnitude(std::string_view text) {
+    const std::size_t letter = text.find_first_of("dD");
+    if (letter != std::string_view::npos) {
         std::string number(text);
-        for (char& c : number)
-            if (c == 'd' || c == 'D' || c == 'E') c = 'e';
-        const char* first = number.data();
-        const std::size_t plus = number.find("e+");
-        if (plus != std::string::npos) number.erase(plus + 1, 1);
-        first = number.data();
-        const auto again = std::from_chars(first, first + number.size(), value);
-        if (again.ec == std::errc::result_out_of_range) value = limitOf(number);
+        number[letter] = 'e';
+        return magnitude(number);
     }
-    return negative ? -value : value;
+    double value = 0.0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    return result.ec == std::errc::result_out_of_range ? limitOf(text) : value;
+}
+
+double parseNumber(std::string_view text) {
+    const bool negative = text[0] == '-';
+    if (isSign(text[0])) text.remove_prefix(1);
+    return negative ? -magnitude(text) : magnitude(text);
 }
 
 template <class Whole> Whole rounded(double value) {
@@ -119,7 +131,7 @@ std::string plain(const Significant& number) {
 
 } // namespace
 
-double Val(std::string_view text) noexcept {
+double Val(std::string_view text) {
     const std::size_t start = text.find_first_not_of(' ');
     if (start == std::string_view::npos) return 0.0;
     text.remove_prefix(start);

@@ -12,7 +12,7 @@ namespace zorvane {
 
 /// The value of the longest numeric beginning of a text, leading blanks skipped; 0 when there is none.
 /// `12abc` is 12, `abc` is 0. A number too large for a double is infinite.
-[[nodiscard]] double Val(std::string_view text) noexcept;
+[[nodiscard]] double Val(std::string_view text);
 
 /// Whether the whole text, blanks at both ends apart, is a number.
 [[nodiscard]] bool isNumeric(std::string_view text) noexcept;

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "comm/port_finder.h"
+
+namespace zorvane {
+
+/// The serial ports that the system lists. Pseudo-terminals are not among them.
+class Qt_Port_Finder final : public Port_Finder {
+  public:
+    [[nodiscard]] std::vector<Port_Entry> ports() override;
+};
+
+} // namespace zorvane
