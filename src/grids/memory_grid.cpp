@@ -96,10 +96,14 @@ void Memory_Grid::setCellForeColor(std::int32_t colour) {
     setCurrentColours(Colours{currentColours().back, colour});
 }
 
+Memory_Grid::Colours Memory_Grid::coloursOf(std::int32_t row, std::int32_t col) const {
+    require(col, Cols());
+    const std::vector<std::uint16_t>& colours = line(row).colours;
+    return place(col) < colours.size() ? palette_[colours[place(col)]] : Colours{};
+}
+
 Memory_Grid::Colours Memory_Grid::currentColours() const {
-    if (!hasCurrent()) return {};
-    const std::vector<std::uint16_t>& colours = line(row_).colours;
-    return place(col_) < colours.size() ? palette_[colours[place(col_)]] : Colours{};
+    return hasCurrent() ? coloursOf(row_, col_) : Colours{};
 }
 
 void Memory_Grid::setCurrentColours(Colours colours) {

@@ -13,15 +13,63 @@ namespace zorvane {
 
 /// An entry as designed: its name, "" for a separator; its caption; its keys, "" for none; whether it carries
 /// a check mark; the name of the menu inside which it stands, "" for the menu itself.
-struct Main_Menu::Line {
-    std::string_view name;
-    std::string_view caption;
-    std::string_view keys;
+struct Menu_Line {
+    std::string_view name{};
+    std::string_view caption{};
+    std::string_view keys{};
     bool checkable = false;
-    std::string_view inside;
+    std::string_view inside{};
 };
 
 namespace {
+
+constexpr Menu_Line separator{};
+
+constexpr std::array fileLines = {
+    Menu_Line{"MNU_Open", "&Open...", "Ctrl+O"},
+    Menu_Line{"MNU_Close", "&Close", ""},
+    Menu_Line{"MNU_Save", "&Save", "Ctrl+S"},
+    Menu_Line{"MNU_Saveas", "Save &As...", "Ctrl+Shift+S"},
+    Menu_Line{"MNU_Recover", "Reco&ver...", ""},
+    separator,
+    Menu_Line{"MNU_PageSetup", "Pa&ge Setup...", ""},
+    Menu_Line{"MNU_Print", "&Print...", ""},
+    Menu_Line{"MNU_PrintPage", "Print Pag&e", "Ctrl+P", false, "MNU_Print"},
+    Menu_Line{"MNU_PrintAll", "P&rint All...", "", false, "MNU_Print"},
+    Menu_Line{"MNU_Grid", "&Show grid  in report", "", true},
+    separator,
+    Menu_Line{"MNU_Exit", "E&xit", "Ctrl+Q"},
+};
+
+constexpr std::array communicationLines = {
+    Menu_Line{"MNU_Upload", "&Upload to PC", ""},
+    Menu_Line{"MNU_Download", "&Download to Device", ""},
+    Menu_Line{"MNU_Disconnect", "D&isconnect", ""},
+    separator,
+    Menu_Line{"MNU_Port_Settings", "&Port Settings...", ""},
+    Menu_Line{"separador4", "&Modbus Monitor", ""},
+};
+
+constexpr std::array viewLines = {Menu_Line{"MNU_FontSize", "&Font size...", ""}};
+
+constexpr std::array windowLines = {
+    Menu_Line{"MNU_Minimize", "&Minimize", ""},
+    Menu_Line{"MNU_Maximize", "Ma&ximize", ""},
+    Menu_Line{"MNU_Minimizetotray", "Minimize to &tray", "", true},
+};
+
+constexpr std::array helpLines = {
+    Menu_Line{"MNU_HelpIndex", "&Index", "F1"},
+    Menu_Line{"MNU_OnLine", "&Brevik Online", ""},
+    Menu_Line{"MNU_ContactUs", "Contact &Us ", ""},
+    Menu_Line{"MNU_About", "&About", ""},
+};
+
+constexpr std::array trayLines = {
+    Menu_Line{"MNU_Tray_All", "All", ""},
+    Menu_Line{"MNU_Tray_Application_Window", "Application Window", ""},
+    Menu_Line{"MNU_Tray_Monitor_Window", "Monitor Window", ""},
+};
 
 QString text(std::string_view latin) {
     return QString::fromLatin1(latin.data(), static_cast<qsizetype>(latin.size()));
@@ -30,47 +78,6 @@ QString text(std::string_view latin) {
 } // namespace
 
 Main_Menu::Main_Menu(QMenuBar& bar) : tray_(std::make_unique<QMenu>(QStringLiteral("Tray"))) {
-    static constexpr Line separator{};
-    static constexpr std::array fileLines = {
-        Line{"MNU_Open", "&Open...", "Ctrl+O"},
-        Line{"MNU_Close", "&Close", ""},
-        Line{"MNU_Save", "&Save", "Ctrl+S"},
-        Line{"MNU_Saveas", "Save &As...", "Ctrl+Shift+S"},
-        Line{"MNU_Recover", "Reco&ver...", ""},
-        separator,
-        Line{"MNU_PageSetup", "Pa&ge Setup...", ""},
-        Line{"MNU_Print", "&Print...", ""},
-        Line{"MNU_PrintPage", "Print Pag&e", "Ctrl+P", false, "MNU_Print"},
-        Line{"MNU_PrintAll", "P&rint All...", "", false, "MNU_Print"},
-        Line{"MNU_Grid", "&Show grid  in report", "", true},
-        separator,
-        Line{"MNU_Exit", "E&xit", "Ctrl+Q"},
-    };
-    static constexpr std::array communicationLines = {
-        Line{"MNU_Upload", "&Upload to PC", ""},
-        Line{"MNU_Download", "&Download to Device", ""},
-        Line{"MNU_Disconnect", "D&isconnect", ""},
-        separator,
-        Line{"MNU_Port_Settings", "&Port Settings...", ""},
-        Line{"separador4", "&Modbus Monitor", ""},
-    };
-    static constexpr std::array viewLines = {Line{"MNU_FontSize", "&Font size...", ""}};
-    static constexpr std::array windowLines = {
-        Line{"MNU_Minimize", "&Minimize", ""},
-        Line{"MNU_Maximize", "Ma&ximize", ""},
-        Line{"MNU_Minimizetotray", "Minimize to &tray", "", true},
-    };
-    static constexpr std::array helpLines = {
-        Line{"MNU_HelpIndex", "&Index", "F1"},
-        Line{"MNU_OnLine", "&Brevik Online", ""},
-        Line{"MNU_ContactUs", "Contact &Us ", ""},
-        Line{"MNU_About", "&About", ""},
-    };
-    static constexpr std::array trayLines = {
-        Line{"MNU_Tray_All", "All", ""},
-        Line{"MNU_Tray_Application_Window", "Application Window", ""},
-        Line{"MNU_Tray_Monitor_Window", "Monitor Window", ""},
-    };
     const auto addMenu = [&](const char* caption, const char* name, const auto& lines) {
         QMenu& menu = *bar.addMenu(QString::fromLatin1(caption));
         menu.setObjectName(QString::fromLatin1(name));
@@ -87,8 +94,8 @@ Main_Menu::Main_Menu(QMenuBar& bar) : tray_(std::make_unique<QMenu>(QStringLiter
 
 Main_Menu::~Main_Menu() = default;
 
-void Main_Menu::fill(QMenu& menu, const Line* first, const Line* last) {
-    for (const Line* line = first; line != last; ++line) {
+void Main_Menu::fill(QMenu& menu, const Menu_Line* first, const Menu_Line* last) {
+    for (const Menu_Line* line = first; line != last; ++line) {
         const bool holdsOthers = line + 1 != last && (line + 1)->inside == line->name && !line->name.empty();
         if (line->name.empty()) {
             menu.addSeparator();
@@ -103,7 +110,7 @@ void Main_Menu::fill(QMenu& menu, const Line* first, const Line* last) {
     }
 }
 
-void Main_Menu::add(QMenu& menu, const Line& line) {
+void Main_Menu::add(QMenu& menu, const Menu_Line& line) {
     QAction& entry = *menu.addAction(text(line.caption));
     entry.setObjectName(text(line.name));
     if (!line.keys.empty()) entry.setShortcut(QKeySequence(text(line.keys)));

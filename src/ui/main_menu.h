@@ -13,6 +13,8 @@ class QMenuBar;
 
 namespace zorvane {
 
+struct Menu_Line;
+
 /// The menu of the main form. Each entry is an action with its given name as object name, whether it is
 /// enabled or not.
 class Main_Menu final {
@@ -34,9 +36,8 @@ class Main_Menu final {
     [[nodiscard]] QMenu& trayMenu() const { return *tray_; }
 
   private:
-    struct Line;
-    void fill(QMenu& menu, const Line* first, const Line* last);
-    void add(QMenu& menu, const Line& line);
+    void fill(QMenu& menu, const Menu_Line* first, const Menu_Line* last);
+    void add(QMenu& menu, const Menu_Line& line);
 
     std::map<QString, QAction*> actions_;
     std::function<void()> before_;
