@@ -25,7 +25,7 @@ Caption_Frame::Caption_Frame(const QString& name, const QString& caption, QWidge
 void Caption_Frame::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QFontMetrics metrics = painter.fontMetrics();
-    const int lineY = metrics.capHeight() / 2 + 1;
+    const int lineY = metrics.capHeight() / 2;
     const int textWidth = metrics.horizontalAdvance(title());
     painter.setPen(palette().color(QPalette::Mid));
     painter.setClipRegion(QRegion(rect()) - QRect(captionLeft, 0, textWidth, metrics.height()));
@@ -33,7 +33,7 @@ void Caption_Frame::paintEvent(QPaintEvent*) {
     painter.setClipping(false);
     painter.setPen(
         palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-    painter.drawText(captionLeft, metrics.capHeight() + 1, title());
+    painter.drawText(captionLeft, metrics.capHeight(), title());
 }
 
 } // namespace zorvane

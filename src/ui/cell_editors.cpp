@@ -121,7 +121,7 @@ void List_Cell_Editor::keyPressEvent(QKeyEvent* event) {
 
 void List_Cell_Editor::focusOutEvent(QFocusEvent* event) {
     QComboBox::focusOutEvent(event);
-    if (!comesBack(event->reason())) end(Edit_End::Escape);
+    if (!comesBack(event->reason()) && !view()->isVisible()) end(Edit_End::Escape);
 }
 
 bool List_Cell_Editor::eventFilter(QObject* watched, QEvent* event) {

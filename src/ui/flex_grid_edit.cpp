@@ -13,6 +13,17 @@ namespace zorvane {
 
 namespace {
 
+/// An editor has the colours of its cell.
+void takeCellColours(QWidget& editor, const QModelIndex& index) {
+    QPalette palette = editor.palette();
+    const QVariant back = index.data(Qt::BackgroundRole);
+    const QVariant fore = index.data(Qt::ForegroundRole);
+    if (back.isValid()) palette.setColor(QPalette::Base, back.value<QBrush>().color());
+    if (back.isValid()) palette.setColor(QPalette::Text, Qt::black);
+    if (fore.isValid()) palette.setColor(QPalette::Text, fore.value<QBrush>().color());
+    editor.setPalette(palette);
+}
+
 /// The clipboard's text as a line: one line end at its end, as many programs leave, doesn't count.
 QString clipboardLine() {
     QString text = QGuiApplication::clipboard()->text();
@@ -67,6 +78,7 @@ QWidget* Flex_Grid_View::makeEditor(QWidget* parent, const QModelIndex& index) {
         auto* line = new Text_Cell_Editor(store().EditMaxLength(), parent);
         line->setAlignment(qtAlignment(store().ColAlignment(editCol_)));
         line->setText(index.data(Qt::EditRole).toString());
+        takeCellColours(*line, index);
         line->onEnd = finish;
         editor_ = line;
     }

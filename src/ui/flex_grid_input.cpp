@@ -115,7 +115,7 @@ void Flex_Grid_View::moveAfter(Edit_End how, std::int32_t row, std::int32_t col)
 }
 
 bool Flex_Grid_View::handleEditKey(QKeyEvent* event) {
-    if (!editable_ || isEditing()) return false;
+    if (!editable_) return false;
     switch (event->key()) {
     case Qt::Key_F2:
         return beginEdit(Edit_Start::AtEnd), true;
@@ -134,6 +134,7 @@ bool Flex_Grid_View::handleEditKey(QKeyEvent* event) {
 }
 
 void Flex_Grid_View::keyPressEvent(QKeyEvent* event) {
+    if (isEditing()) return event->ignore(); // a key that the editor has no use for
     flush();
     standOnLastCell();
     if (event->matches(QKeySequence::Copy)) return copySelection();
