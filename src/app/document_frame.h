@@ -8,7 +8,7 @@
 namespace zorvane {
 
 /// Parts of the main form that the document commands show, hide and disable.
-enum class Form_Part { FLX_Configuration, FLX_Settings, Frame2, Frame3, PicLineHoriz };
+enum class Form_Part { Frame2, Frame3, PicLineHoriz };
 
 /// A window's place and size in twips.
 struct Window_Rectangle {
@@ -37,7 +37,8 @@ class Document_Frame : public Frame {
     virtual void removeTrayIcon() = 0;
     virtual void removeColumnTip() = 0;
     virtual void closePreviews() = 0;
-    virtual void applyFontSize() = 0;
+    /// Each preview that is open and has pages is made anew with that font size, in points.
+    virtual void restartPreviews(double fontSize) = 0;
     virtual void endProgram() = 0;
 
     [[nodiscard]] virtual CommonDialog& dialog() = 0;

@@ -353,7 +353,7 @@ TEST_F(Download, DryRunListsEveryWriteAndBuildsOnTheOnesBefore) {
     Field_Rec& second = addField(1, 2);
     second.Cells(1, 2).Address = "102";
     second.Cells(1, 2).Value = "7";
-    Dry_Run_Link dry({{100, 1}, {101, 65535}});
+    Dry_Run_Link dry(Dry_Run_Link::Registers{{100, 1}, {101, 65535}});
     MNU_Download_Click(Comm_Context{document, form, dry, frame});
     EXPECT_THAT(dry.writes(),
                 ElementsAre(Planned_Write{16, 100, {65535, 65535, 0}}, Planned_Write{6, 101, {121}},

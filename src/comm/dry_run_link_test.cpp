@@ -9,7 +9,7 @@ namespace {
 using ::testing::ElementsAre;
 
 TEST(DryRunLink, WritesAreListedAndReadBack) {
-    Dry_Run_Link link({{100, 65535}});
+    Dry_Run_Link link(Dry_Run_Link::Registers{{100, 65535}});
     EXPECT_EQ(link.RegisterValue(0, 100), -1);
     EXPECT_EQ(link.RegisterValue(0, 100, false), 65535);
     EXPECT_EQ(link.RegisterValue(0, 999), 0);

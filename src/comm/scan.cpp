@@ -9,6 +9,7 @@ void Scan::restart(Micros now) {
     offset_ = 0;
     phase_ = Phase::Reading;
     watched_ = false;
+    seenInPass_ = false;
     failedAt_.reset();
     show(numberAt(0), now);
 }
@@ -16,6 +17,7 @@ void Scan::restart(Micros now) {
 void Scan::indexSeen() {
     seen_ = true;
     watched_ = true;
+    seenInPass_ = true;
 }
 
 std::int32_t Scan::numberAt(std::size_t place) const {
@@ -29,15 +31,14 @@ void Scan::show(std::int32_t index, Micros now) {
     seen_ = false;
 }
 
-bool Scan::mayMoveOn(Micros now) const { return seen_ || now >= shownAt_ + watchTime; }
+bool Scan::mayMoveOn(Micros now) const { return !watched_ || seen_ || now >= shownAt_ + watchTime; }
 
 void Scan::advance(Micros now) {
     if (failedAt_ && now >= *failedAt_ + watchTime) failedAt_.reset();
     if (phase_ == Phase::Done && mayMoveOn(now)) leaveIndex(now);
     if (phase_ == Phase::Between && mayMoveOn(now)) {
         show(numberAt(0), now);
-        phase_ = watched_ ? Phase::PassStart : Phase::Reading;
-        watched_ = false;
+        beginPass();
     }
     if (phase_ == Phase::PassStart && mayMoveOn(now)) phase_ = Phase::Reading;
 }
@@ -54,8 +55,14 @@ void Scan::leaveIndex(Micros now) {
         return;
     }
     show(numberAt(place_), now);
-    phase_ = place_ == 0 && watched_ ? Phase::PassStart : Phase::Reading;
-    if (place_ == 0) watched_ = false;
+    phase_ = Phase::Reading;
+    if (place_ == 0) beginPass();
+}
+
+void Scan::beginPass() {
+    watched_ = seenInPass_;
+    seenInPass_ = false;
+    phase_ = watched_ ? Phase::PassStart : Phase::Reading;
 }
 
 std::optional<Scan_Frame> Scan::frame(Micros now) const {

@@ -23,10 +23,11 @@ struct Scan_Frame {
 /// Walks the blocks of a plan, pass after pass. A block above 125 registers is read by several frames within
 /// its one index.
 ///
-/// A watcher looks at the index every 10 ms and must miss neither an index nor a failure. So the walk leaves
-/// an index only once it was seen, or has stood for 25 ms, and a failed frame is followed by another only
-/// under the same rule. After a pass that somebody watched, the next one waits until its start was seen: the
-/// watcher may want to stop here. A pass over one block shows index 0 before it starts again.
+/// A watcher looks at the index every 10 ms and must miss neither an index nor a failure. So once somebody
+/// looks, the walk leaves an index only when it was seen, or has stood for 25 ms; and it starts a further
+/// pass under the same rule, as the watcher may want to stop there. A pass in which nobody looked ends that,
+/// and the walk goes at full speed. A failed frame is always followed by another under this rule. A pass over
+/// one block shows index 0 before it starts again.
 class Scan {
   public:
     [[nodiscard]] Scan_Plan& plan() { return plan_; }
@@ -61,6 +62,7 @@ class Scan {
     [[nodiscard]] std::int32_t numberAt(std::size_t place) const;
     void show(std::int32_t index, Micros now);
     void leaveIndex(Micros now);
+    void beginPass();
 
     Scan_Plan plan_;
     std::size_t place_ = 0;   ///< within the plan's numbers
@@ -69,7 +71,8 @@ class Scan {
     std::int32_t index_ = 0;
     Micros shownAt_ = 0;
     bool seen_ = false;
-    bool watched_ = false;           ///< some index of this pass was seen
+    bool watched_ = false;           ///< somebody looked in this pass or in the one before
+    bool seenInPass_ = false;        ///< somebody looked in this pass
     std::optional<Micros> failedAt_; ///< a failure that nobody has seen yet
 };
 

@@ -4,6 +4,7 @@
 #include <linux/serial.h>
 #include <sys/ioctl.h>
 
+#include <fcntl.h>
 #include <filesystem>
 #include <unistd.h>
 #endif
@@ -31,7 +32,7 @@ std::string whyNotOpened(const std::string& name, bool notFound, const std::stri
     const std::string path = pathOf(name);
     std::error_code error;
     if (notFound || !std::filesystem::exists(path, error)) return gone;
-    if (::access(path.c_str(), R_OK | W_OK) != 0) {
+    if (::faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) != 0) {
         return "Permission denied: add your user to the group dialout and log in again.";
     }
     if (!std::filesystem::is_character_file(path, error)) return "Not a serial port: choose another port.";

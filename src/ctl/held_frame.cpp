@@ -2,9 +2,40 @@
 
 namespace zorvane {
 
+void Held_Progress::tell() const {
+    if (changed) changed();
+}
+
+void Held_Progress::setLabel(const std::string& text) {
+    label_ = text;
+    tell();
+}
+
 void Held_Progress::setRange(std::int32_t maximum) {
     maximum_ = maximum;
     value_ = 0;
+    tell();
+}
+
+void Held_Progress::setValue(std::int32_t value) {
+    value_ = value;
+    tell();
+}
+
+void Held_Progress::show() {
+    state_ = Progress_State::Shown;
+    tell();
+}
+
+void Held_Progress::unload() {
+    state_ = Progress_State::Unloaded;
+    tell();
+}
+
+void Held_Progress::Deshabilita_Cancelar() {
+    state_ = Progress_State::Closing;
+    value_ = 0;
+    tell();
 }
 
 /// Whoever has called for a transfer from a terminal wants what it asks about.

@@ -2,6 +2,7 @@
 
 #include "comm/frame.h"
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -19,19 +20,23 @@ enum class Progress_State {
 /// The progress form without a window.
 class Held_Progress : public Progress_Form {
   public:
-    void setLabel(const std::string& text) override { label_ = text; }
+    void setLabel(const std::string& text) override;
     void setRange(std::int32_t maximum) override;
-    void setValue(std::int32_t value) override { value_ = value; }
+    void setValue(std::int32_t value) override;
     [[nodiscard]] std::int32_t value() const override { return value_; }
     [[nodiscard]] std::int32_t maximum() const override { return maximum_; }
-    void show() override { state_ = Progress_State::Shown; }
-    void unload() override { state_ = Progress_State::Unloaded; }
-    void Deshabilita_Cancelar() override { state_ = Progress_State::Closing; }
+    void show() override;
+    void unload() override;
+    void Deshabilita_Cancelar() override;
+
+    std::function<void()> changed; ///< called after each change; may be empty
 
     [[nodiscard]] const std::string& label() const noexcept { return label_; }
     [[nodiscard]] Progress_State state() const noexcept { return state_; }
 
   private:
+    void tell() const;
+
     std::string label_;
     std::int32_t value_ = 0;
     std::int32_t maximum_ = 0;
@@ -79,11 +84,14 @@ class Held_Frame : public Frame {
     void setFormEnabled(bool /*enabled*/) override {}
     void setTimerEnabled(Timer_Name /*timer*/, bool /*enabled*/) override {}
     [[nodiscard]] Held_Progress& Porcentaje() override { return progress_; }
+    [[nodiscard]] const Held_Progress& Porcentaje() const { return progress_; }
     [[nodiscard]] Grid_View& grids() override { return grids_; }
     void setLostComShown(bool /*shown*/) override {}
     void unloadFrmStatus() override {}
     void wait_until(const std::function<bool()>& /*condition*/) override {}
     void wait_ms(std::int32_t /*milliseconds*/) override {}
+
+    std::function<void(Timer_Name)> onTimer; ///< one tick of a timer, for frames that have any; may be empty
 
     /// Every text that panel 4 was given, in order.
     [[nodiscard]] const std::vector<std::string>& messages() const noexcept { return messages_; }

@@ -37,10 +37,12 @@ void Json_Stream::name(std::string_view text) {
 
 void Json_Stream::value(const Json& json) {
     separate();
-    if (json.is_object() && json.empty())
-        out_ << "{}"; // most cells of a table: no detour through the serialiser
-    else
-        out_ << compactJson(json);
+    out_ << compactJson(json);
+}
+
+void Json_Stream::emptyObject() {
+    separate();
+    out_ << "{}";
 }
 
 void Json_Stream::member(std::string_view text, const Json& json) {

@@ -21,6 +21,8 @@ class Json_Stream {
     /// The name of the member that comes next. REQUIRES: an object is open.
     void name(std::string_view text);
     void value(const Json& json);
+    /// An object without members: most cells of a table are one.
+    void emptyObject();
     void member(std::string_view text, const Json& json);
 
   private:

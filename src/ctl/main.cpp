@@ -1,4 +1,4 @@
-#include "ctl/call.h"
+#include "ctl/port_calls.h"
 #include "template/native_files.h"
 
 #include <QCoreApplication>
@@ -8,6 +8,7 @@
 
 int main(int argc, char* argv[]) {
     using namespace zorvane;
+    std::ios::sync_with_stdio(false);
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     int ownName = 1; // the program's name only: the other arguments are none of Qt's business
     const QCoreApplication application(ownName, argv);
@@ -17,7 +18,10 @@ int main(int argc, char* argv[]) {
     Native_Files files;
     const Surroundings surroundings{files, std::cout, std::cerr,
                                     withoutEndSeparator(pathFromNative(folder.toStdString()))};
-    const int code = runProgram(documentCalls(), arguments, surroundings);
+    std::vector<Call_Entry> calls = documentCalls();
+    for (const Call_Entry& call : portCalls())
+        calls.push_back(call);
+    const int code = runProgram(calls, arguments, surroundings);
     std::cout.flush();
     return std::cout.good() ? code : static_cast<int>(Exit_Failed);
 }

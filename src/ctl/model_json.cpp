@@ -92,7 +92,10 @@ void writeCells(Json_Stream& json, const Cell_Table& cells) {
         json.openList();
         const std::int32_t written = cells.lastWrittenColumn(row);
         for (std::int32_t column = 1; column <= cells.columns(); ++column)
-            json.value(column <= written ? cellJson(cells(row, column)) : Json::object());
+            if (column <= written)
+                json.value(cellJson(cells(row, column)));
+            else
+                json.emptyObject();
         json.close();
     }
     json.close();

@@ -49,6 +49,11 @@ void noteReading(Reading_Note& note, const Declara_Zorvane& document) {
 
 } // namespace
 
+bool Reading_Note::toTheEnd() const {
+    const bool afterTheEnd = failure && line == 0 && failure->number == static_cast<int>(Failure::Subscript);
+    return ok && loaded && (!failure || afterTheEnd);
+}
+
 Path_Parts splitPath(const std::string& path) {
     const std::size_t separator = path.rfind('/');
     if (separator == std::string::npos) return {"", path};

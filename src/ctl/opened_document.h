@@ -29,6 +29,8 @@ struct Reading_Note {
     std::int32_t line = 0; ///< the last line read, from 1; 0 when none was, or when the failure came after it
 
     [[nodiscard]] bool whole() const { return ok && loaded && !failure; }
+    /// Every line was read, though the count of scan blocks after the last one of a template may have failed.
+    [[nodiscard]] bool toTheEnd() const;
 };
 
 /// A document as the Open command leaves it, and what was said and went wrong on the way.
@@ -41,6 +43,10 @@ struct Opened_Document {
 
     /// Both files were there and were read from end to end.
     [[nodiscard]] bool whole() const { return ztp.whole() && (!configuration || configuration->whole()); }
+    /// No line of the files is missing from the document, so it may go to a controller.
+    [[nodiscard]] bool transferable() const {
+        return ztp.toTheEnd() && (!configuration || configuration->toTheEnd());
+    }
     /// A file that was to be read isn't there.
     [[nodiscard]] bool fileMissing() const {
         return !ztp.loaded || (configuration && !configuration->loaded);

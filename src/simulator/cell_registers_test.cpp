@@ -3,21 +3,22 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 namespace zorvane::simulator {
 namespace {
 
-Cell_Rec cellOf(const char* address, const char* value, const char* format = "") {
+Cell_Rec cellOf(std::string address, std::string value, std::string format = {}) {
     Cell_Rec cell;
-    cell.Address = address;
-    cell.Value = value;
-    cell.Format = format;
+    cell.Address = std::move(address);
+    cell.Value = std::move(value);
+    cell.Format = std::move(format);
     return cell;
 }
 
-Cell_Rec textCell(const char* first, const char* last, const char* text) {
-    Cell_Rec cell = cellOf(first, text);
-    cell.Address_End = last;
+Cell_Rec textCell(std::string first, std::string last, std::string text) {
+    Cell_Rec cell = cellOf(std::move(first), std::move(text));
+    cell.Address_End = std::move(last);
     cell.Is_Ascii_Range = true;
     return cell;
 }

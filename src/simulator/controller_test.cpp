@@ -14,15 +14,15 @@ using namespace std::chrono_literals;
 class Controller_Test : public testing::Test {
   protected:
     void faults(std::initializer_list<const char*> texts, std::uint64_t seed = 1) {
-        std::vector<Fault_Spec> specs;
+        std::vector<Fault_Rule> rules;
         for (const char* text : texts)
-            specs.push_back(parseFault(text));
+            rules.push_back(parseFault(text));
         Register_Map map;
         map.addressBase = base_;
         for (std::int32_t i = 0; i < 10; ++i)
             map.values[100 + i] = static_cast<std::uint16_t>(1000 + i);
         map.live[105] = {};
-        controller_.emplace(map, 1, std::move(specs), seed);
+        controller_.emplace(map, 1, std::move(rules), seed);
     }
 
     Reaction take(const Bytes& body) { return controller_->take(sealer_.sealed(body)); }

@@ -95,6 +95,12 @@ TEST(DocumentRegisters, OnlyCellsOfAlwaysBlocksAreLive) {
     EXPECT_EQ(map.live.at(202), (Live_Range{0x8000, {0, 1}}));
 }
 
+TEST(DocumentRegisters, SettingsOfAlwaysBlocksKeepStill) {
+    const Register_Map map = read({{"T.ZTP", layout + values + "[FIELD_1_COLUMNS]\nCOL_3_MODIFIABLE=YES\n"}});
+    ASSERT_EQ(map.live.size(), 1U);
+    EXPECT_TRUE(map.live.contains(200));
+}
+
 TEST(DocumentRegisters, ACellWithoutAValueLeavesWhatAnotherCellSaid) {
     const Register_Map map = read({{"T.ZTP", "[CONFIGURATION_FIELDS]\nFIELD_1_RC=1,2\n"
                                              "[FIELD_1_CONFIGURATION]\nROWADDRESS_1=5,5\n"

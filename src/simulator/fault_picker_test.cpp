@@ -9,14 +9,14 @@ namespace zorvane::simulator {
 namespace {
 
 Fault_Picker pickerOf(std::initializer_list<const char*> texts, std::uint64_t seed = 1) {
-    std::vector<Fault_Spec> specs;
+    std::vector<Fault_Rule> rules;
     for (const char* text : texts)
-        specs.push_back(parseFault(text));
-    return {std::move(specs), seed};
+        rules.push_back(parseFault(text));
+    return {std::move(rules), seed};
 }
 
 std::string picked(Fault_Picker& picker, const Fault_Question& question) {
-    const Fault_Spec* fault = picker.pick(question);
+    const Fault_Rule* fault = picker.pick(question);
     return fault == nullptr ? "none" : fault->text;
 }
 

@@ -16,8 +16,10 @@ struct Parsed {
     [[nodiscard]] const Options& options() const { return std::get<Options>(result); }
 };
 
-Parsed parse(std::vector<const char*> arguments) {
-    arguments.insert(arguments.begin(), "zorvane-sim");
+Parsed parse(const std::vector<const char*>& words) {
+    std::vector<const char*> arguments{"zorvane-sim"};
+    for (const char* word : words)
+        arguments.push_back(word);
     std::ostringstream out;
     std::ostringstream complaints;
     auto result = parseOptions(static_cast<int>(arguments.size()), arguments.data(), out, complaints);

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <unistd.h>
 #include <utility>
 
 namespace zorvane {
@@ -65,15 +66,22 @@ class Native_Writer : public Text_Writer {
         put("\r\n");
     }
 
+    /// A file counts as written once it would outlast a power cut.
     void close() override {
-        std::FILE* file = file_.release();
-        if (file != nullptr && std::fclose(file) != 0) throw Run_Time_Failure(failureOf(errno));
+        if (!file_) return;
+        if (std::fflush(file_.get()) != 0 || !reachedDisk()) throw Run_Time_Failure(failureOf(errno));
+        if (std::fclose(file_.release()) != 0) throw Run_Time_Failure(failureOf(errno));
     }
 
   private:
     void put(std::string_view text) {
         if (std::fwrite(text.data(), 1, text.size(), file_.get()) != text.size())
             throw Run_Time_Failure(failureOf(errno));
+    }
+
+    /// Pipes and devices can't be asked to.
+    [[nodiscard]] bool reachedDisk() const {
+        return fsync(fileno(file_.get())) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
     }
 
     File_Handle file_;
@@ -122,13 +130,15 @@ std::string pathToNative(std::string_view text) {
 std::string Native_Files::found(const std::string& path) const {
     std::error_code error;
     const fs::path exact = nativePath(path);
-    if (fs::exists(exact, error)) return path;
+    const fs::file_status status = fs::status(exact, error);
+    if (fs::exists(status) && !fs::is_directory(status)) return path;
     const fs::path folder = exact.has_parent_path() ? exact.parent_path() : fs::path(".");
     const std::string wanted = upperCase(pathFromNative(exact.filename().string()));
     std::vector<std::string> matches;
     for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+        std::error_code ignored;
         const std::string name = pathFromNative(entry->path().filename().string());
-        if (upperCase(name) == wanted) matches.push_back(name);
+        if (upperCase(name) == wanted && !entry->is_directory(ignored)) matches.push_back(name);
     }
     if (matches.empty()) return path;
     const std::size_t separator = path.rfind('/');

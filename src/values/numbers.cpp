@@ -117,8 +117,8 @@ Significant significantDigits(double value) {
 
 std::string withExponent(const Significant& number) {
     std::string text = number.digits.substr(0, 1);
-    if (number.digits.size() > 1) text += "." + number.digits.substr(1);
-    return text + "E+" + std::to_string(number.power);
+    if (number.digits.size() > 1) text.append(".").append(number.digits, 1);
+    return text.append("E+").append(std::to_string(number.power));
 }
 
 std::string plain(const Significant& number) {

@@ -50,7 +50,7 @@ void printPlan(std::ostream& out, const Download_Plan& plan) {
     for (const Planned_Write& write : plan.writes) {
         std::string values;
         for (const std::uint16_t value : write.values)
-            values += (values.empty() ? "" : " ") + std::to_string(value);
+            values.append(values.empty() ? 0 : 1, ' ').append(std::to_string(value));
         table.add({std::to_string(write.function), std::to_string(write.address), values});
     }
     if (!plan.writes.empty()) table.print(out, 0);

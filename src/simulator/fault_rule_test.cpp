@@ -1,4 +1,4 @@
-#include "simulator/fault_spec.h"
+#include "simulator/fault_rule.h"
 
 #include <gtest/gtest.h>
 
@@ -16,30 +16,30 @@ std::string complaint(const char* text) {
     return "accepted";
 }
 
-TEST(FaultSpec, AKindAloneStrikesEveryTimeAndEverywhere) {
-    const Fault_Spec fault = parseFault("silent");
+TEST(FaultRule, AKindAloneStrikesEveryTimeAndEverywhere) {
+    const Fault_Rule fault = parseFault("silent");
     EXPECT_EQ(fault.kind, Fault_Kind::Silent);
     EXPECT_FALSE(fault.percent || fault.count || fault.first || fault.last);
     EXPECT_EQ(fault.text, "silent");
 }
 
-TEST(FaultSpec, HasARateInPercent) {
-    const Fault_Spec fault = parseFault("crc:5%");
+TEST(FaultRule, HasARateInPercent) {
+    const Fault_Rule fault = parseFault("crc:5%");
     EXPECT_EQ(fault.kind, Fault_Kind::Crc);
     EXPECT_EQ(fault.percent, 5.0);
     EXPECT_EQ(parseFault("crc:0.25%").percent, 0.25);
     EXPECT_EQ(parseFault("crc:100%").percent, 100.0);
 }
 
-TEST(FaultSpec, HasACountAndARangeOfRegisters) {
-    const Fault_Spec fault = parseFault("silent:3@40010-40020");
+TEST(FaultRule, HasACountAndARangeOfRegisters) {
+    const Fault_Rule fault = parseFault("silent:3@40010-40020");
     EXPECT_EQ(fault.count, 3);
     EXPECT_EQ(fault.first, 40010);
     EXPECT_EQ(fault.last, 40020);
 }
 
-TEST(FaultSpec, HasAValueARateAndARangeAtOnce) {
-    const Fault_Spec fault = parseFault("late=300:10%@1-50");
+TEST(FaultRule, HasAValueARateAndARangeAtOnce) {
+    const Fault_Rule fault = parseFault("late=300:10%@1-50");
     EXPECT_EQ(fault.kind, Fault_Kind::Late);
     EXPECT_EQ(fault.value, 300);
     EXPECT_EQ(fault.percent, 10.0);
@@ -47,13 +47,13 @@ TEST(FaultSpec, HasAValueARateAndARangeAtOnce) {
     EXPECT_EQ(fault.last, 50);
 }
 
-TEST(FaultSpec, ARangeMayBeOneRegister) {
-    const Fault_Spec fault = parseFault("short@7");
+TEST(FaultRule, ARangeMayBeOneRegister) {
+    const Fault_Rule fault = parseFault("short@7");
     EXPECT_EQ(fault.first, 7);
     EXPECT_EQ(fault.last, 7);
 }
 
-TEST(FaultSpec, KnowsEveryKind) {
+TEST(FaultRule, KnowsEveryKind) {
     EXPECT_EQ(parseFault("truncate=4").value, 4);
     EXPECT_EQ(parseFault("noise=9").kind, Fault_Kind::Noise);
     EXPECT_EQ(parseFault("echo").kind, Fault_Kind::Echo);
@@ -64,9 +64,9 @@ TEST(FaultSpec, KnowsEveryKind) {
     EXPECT_EQ(parseFault("unplug=250").value, 250);
 }
 
-TEST(FaultSpec, AnUnplugLastsASecondWithoutAValue) { EXPECT_EQ(parseFault("unplug:1").value, 1000); }
+TEST(FaultRule, AnUnplugLastsASecondWithoutAValue) { EXPECT_EQ(parseFault("unplug:1").value, 1000); }
 
-TEST(FaultSpec, SaysWhatIsWrong) {
+TEST(FaultRule, SaysWhatIsWrong) {
     EXPECT_EQ(complaint("loud"),
               "fault \"loud\": no such kind of fault; there are silent, late, crc, truncate, noise, echo, "
               "wrong-unit, wrong-echo, short, exception, busy, unplug");
@@ -88,7 +88,7 @@ TEST(FaultSpec, SaysWhatIsWrong) {
     EXPECT_EQ(complaint("").substr(0, 33), "fault \"\": no such kind of fault; ");
 }
 
-TEST(FaultSpec, TheHelpNamesEveryKind) {
+TEST(FaultRule, TheHelpNamesEveryKind) {
     const std::string help = faultHelp();
     for (const char* kind : {"silent", "late=N", "crc", "truncate=N", "noise=N", "echo", "wrong-unit",
                              "wrong-echo", "short", "exception=N", "busy=N", "unplug[=N]"})

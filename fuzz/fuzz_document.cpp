@@ -1,0 +1,88 @@
+#include "fuzz/fuzz_document.h"
+
+#include "template/pro_escribe_archivo.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace zorvane::fuzz {
+
+namespace {
+
+class Silent_Asker : public Asker {
+  public:
+    int Msgb_Show(const std::string&, int, const std::string&) override { return Msgb_Code_Ok; }
+};
+
+class Silent_Link : public Link_Notice {
+  public:
+    void SetTimings(std::int32_t, std::int32_t) override {}
+    void SetHoldingRegisters(std::int16_t, double, bool, std::int16_t) override {}
+    void SetAddressBase(std::int32_t) override {}
+};
+
+Silent_Asker asker;
+Silent_Link silentLink;
+
+class String_Writer : public Text_Writer {
+  public:
+    explicit String_Writer(std::string& text) : text_(text) {}
+    void writeLine(std::string_view text) override { text_.append(text).append("\r\n"); }
+    void close() override {}
+
+  private:
+    std::string& text_;
+};
+
+/// Fields may be as large as 32767 by 32767 cells, and a file has each of them.
+constexpr std::int64_t mostCells = 10'000;
+
+} // namespace
+
+std::unique_ptr<Text_Writer> One_File::create(const std::string&) {
+    text.clear();
+    return std::make_unique<String_Writer>(text);
+}
+
+Fuzz_Document::Fuzz_Document() {
+    PRO_Limpia_Modelo(document_);
+    PRO_Prepara_Lectura(document_);
+}
+
+Reading_Services Fuzz_Document::services() { return {files_, asker, silentLink, "/app"}; }
+
+void Fuzz_Document::readTemplate(std::string_view text) {
+    files_.text = text;
+    ignoringFailure([&] { PRO_Leer_INIFIle(document_, services(), "ABC.ZTP"); });
+}
+
+std::optional<bool> Fuzz_Document::readConfiguration(std::string_view text) {
+    files_.text = text;
+    bool ok = false;
+    const bool ended = ignoringFailure([&] { PRO_Leer_DefaultFIle(document_, services(), "SITE7.ABC", ok); });
+    return ended ? std::optional(ok) : std::nullopt;
+}
+
+bool Fuzz_Document::mayBeWritten() const {
+    std::int64_t cells = std::int64_t{document_.Field_Count} * document_.Config_Column_Count;
+    for (std::int32_t f = 1; f <= document_.Fields.upperBound(); ++f) {
+        const Field_Rec& field = document_.Fields(f);
+        cells += std::int64_t{field.Rows} * field.Columns + field.Rows + field.Columns;
+        if (field.Rows > 0 && field.Columns <= 0) return false;
+    }
+    return cells <= mostCells;
+}
+
+void Fuzz_Document::writeAndReadBack() {
+    if (!mayBeWritten()) return;
+    std::string result;
+    PRO_Escribe_Archivo(document_, files_, "SITE7.ABC", result);
+    if (!result.empty()) return;
+    const std::string written = files_.text;
+    if (readConfiguration(written) == false) {
+        std::fprintf(stderr, "a document rejects its own file:\n%s", written.c_str());
+        std::abort();
+    }
+}
+
+} // namespace zorvane::fuzz

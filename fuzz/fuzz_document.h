@@ -1,0 +1,48 @@
+#pragma once
+
+#include "template/pro_leer_archivo.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace zorvane::fuzz {
+
+/// One file in memory, whatever its name.
+class One_File : public Files {
+  public:
+    std::string text;
+
+    [[nodiscard]] bool exists(const std::string&) override { return true; }
+    [[nodiscard]] std::string read(const std::string&) override { return text; }
+    [[nodiscard]] std::unique_ptr<Text_Writer> create(const std::string&) override;
+    [[nodiscard]] std::vector<std::string> list(const std::string&) override { return {}; }
+};
+
+/// A document that reads what the fuzzer made up, as opening a file does: run-time failures end the reading
+/// and no more.
+class Fuzz_Document {
+  public:
+    Fuzz_Document();
+
+    void readTemplate(std::string_view text);
+    /// Whether the file was read whole; nothing when a run-time failure ended it.
+    std::optional<bool> readConfiguration(std::string_view text);
+
+    /// Writes the document, unless it is too large for a fuzzer's run, and reads what was written. A document
+    /// whose file fits its own template, as every one does that has a column wherever it has a row, must take
+    /// it back.
+    void writeAndReadBack();
+
+    [[nodiscard]] const Declara_Zorvane& document() const noexcept { return document_; }
+
+  private:
+    [[nodiscard]] bool mayBeWritten() const;
+    [[nodiscard]] Reading_Services services();
+
+    Declara_Zorvane document_;
+    One_File files_;
+};
+
+} // namespace zorvane::fuzz
