@@ -83,6 +83,7 @@ void Memory_Grid::setTextMatrix(std::int32_t row, std::int32_t col, const std::s
     std::vector<std::string>& texts = line(row).texts;
     if (place(col) >= texts.size()) {
         if (text.empty()) return;
+        texts.reserve(columns_.size());
         texts.resize(place(col) + 1);
     }
     texts[place(col)] = text;
@@ -109,7 +110,10 @@ Memory_Grid::Colours Memory_Grid::currentColours() const {
 void Memory_Grid::setCurrentColours(Colours colours) {
     if (!hasCurrent()) return;
     std::vector<std::uint16_t>& row = line(row_).colours;
-    if (place(col_) >= row.size()) row.resize(place(col_) + 1);
+    if (place(col_) >= row.size()) {
+        row.reserve(columns_.size());
+        row.resize(place(col_) + 1);
+    }
     row[place(col_)] = paletteEntry(colours);
 }
 
