@@ -4,6 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QStyle>
 
 #include <limits>
 
@@ -73,6 +74,8 @@ List_Cell_Editor::List_Cell_Editor(std::vector<Combo_Entry> entries, QWidget* pa
     setFrame(false);
     for (const Combo_Entry& entry : entries_)
         addItem(fromCore(entry.text));
+    setMaxVisibleItems(16);
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
     view()->installEventFilter(this);
     connect(this, &QComboBox::activated, this, [this] { end(Edit_End::Enter); });
 }

@@ -1,6 +1,9 @@
 #include "ui/testing/grid_fixture.h"
 
 #include <QClipboard>
+#include <QInputMethodEvent>
+
+#include <utility>
 
 namespace zorvane {
 namespace {
@@ -271,6 +274,48 @@ TEST_F(Edit_Test, OpensNoEditorForACharacterThatTheCodePageLacks) {
     QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QStringLiteral("\u0416"));
     QApplication::sendEvent(view, &press);
     EXPECT_FALSE(view->isEditing());
+}
+
+TEST_F(Edit_Test, OpensOnACharacterPutTogetherFromSeveralKeys) {
+    show();
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("\u00E9"));
+    QApplication::sendEvent(view, &composed);
+    ASSERT_NE(lineEditor(), nullptr);
+    EXPECT_EQ(lineEditor()->text(), QStringLiteral("\u00E9"));
+}
+
+TEST_F(Edit_Test, AMoveOfTheUserDuringTheCommitStands) {
+    afterEdit = [&](std::int32_t, std::int32_t) { // a live write serves events
+        grid->setTabStop(false);
+        QApplication::processEvents();
+        click(7, 2);
+        grid->setTabStop(true);
+    };
+    show();
+    type("7");
+    key(Qt::Key_Return);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "7,2");
+    EXPECT_EQ(grid->TextMatrix(1, 0), "7");
+}
+
+TEST_F(Edit_Test, AnEditMayStartDuringTheCommitOfAnother) {
+    bool first = true;
+    afterEdit = [&](std::int32_t, std::int32_t) {
+        if (!std::exchange(first, false)) return;
+        click(5, 1);
+        type("55");
+        stand(1, 0); // the commit goes back to its own cell, and asks for the focus
+        grid->SetFocus();
+    };
+    show();
+    type("7");
+    key(Qt::Key_Return);
+    ASSERT_NE(lineEditor(), nullptr);
+    EXPECT_EQ(lineEditor()->text(), "55");
+    EXPECT_TRUE(lineEditor()->hasFocus());
+    key(Qt::Key_Return);
+    EXPECT_EQ(grid->TextMatrix(5, 1), "55");
 }
 
 TEST_F(Edit_Test, TellsKeysAsTheyComeUp) {

@@ -91,9 +91,10 @@ void Flex_Grid_View::moveTo(std::int32_t row, std::int32_t col) {
     asUser([&] { setCurrentIndex(model_.index(row - 1, col)); });
 }
 
-/// The move stays away when the commit has put the current cell elsewhere.
+/// The move stays away when the commit has put the current cell elsewhere, or the user edits the next one by
+/// now.
 void Flex_Grid_View::moveAfter(Edit_End how, std::int32_t row, std::int32_t col) {
-    if (store().Row() != row || store().Col() != col) return;
+    if (isEditing() || store().Row() != row || store().Col() != col) return;
     const std::int32_t lastRow = store().Rows() - 1;
     const std::int32_t lastCol = store().Cols() - 1;
     switch (how) {
@@ -141,6 +142,16 @@ void Flex_Grid_View::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Paste)) return paste();
     if (handleEditKey(event)) return;
     asUser([&] { QTableView::keyPressEvent(event); });
+}
+
+/// A character put together from several keys comes this way.
+void Flex_Grid_View::inputMethodEvent(QInputMethodEvent* event) {
+    if (!editable_ || isEditing() || event->commitString().isEmpty())
+        return QTableView::inputMethodEvent(event);
+    flush();
+    standOnLastCell();
+    typeInto(event->commitString());
+    event->accept();
 }
 
 void Flex_Grid_View::keyReleaseEvent(QKeyEvent* event) {

@@ -56,10 +56,14 @@ TEST_F(Mouse_Test, TheLastReleaseOfADoubleClickIsNoClick) {
 
 TEST_F(Mouse_Test, PlacesAreTwipsFromTheTopOfTheHeading) {
     show();
-    QTest::mouseMove(view->viewport(), QPoint(20, 10));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, QPoint(20, 10));
     EXPECT_FLOAT_EQ(lastX, 300);
     EXPECT_FLOAT_EQ(lastY, 285 + 150);
-    QTest::mouseMove(view->horizontalHeader()->viewport(), QPoint(30, 4));
+    const QPoint heading(30, 4);
+    QWidget& header = *view->horizontalHeader()->viewport();
+    QMouseEvent move(QEvent::MouseMove, heading, header.mapToGlobal(heading), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(&header, &move);
     EXPECT_FLOAT_EQ(lastX, 450);
     EXPECT_FLOAT_EQ(lastY, 60);
 }

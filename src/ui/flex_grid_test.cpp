@@ -85,9 +85,10 @@ TEST_F(Flex_Grid_View_Test, TellsAScreenReaderTheStateOfACell) {
     EXPECT_EQ(view->model()->index(1, 1).data(Qt::AccessibleDescriptionRole).toString(), "writing");
     QAccessibleInterface* table = QAccessible::queryAccessibleInterface(view);
     ASSERT_NE(table, nullptr);
-    QAccessibleInterface* cell = table->tableInterface()->cellAt(2, 1);
+    QAccessibleInterface* cell = table->tableInterface()->cellAt(1, 1);
     ASSERT_NE(cell, nullptr);
-    EXPECT_EQ(cell->text(QAccessible::Name), "3,1");
+    EXPECT_EQ(cell->text(QAccessible::Name), "2,1");
+    EXPECT_EQ(cell->text(QAccessible::Description), "writing");
 }
 
 TEST_F(Flex_Grid_View_Test, FollowsWhatTheOwnerSelectsWithoutTellingItBack) {
@@ -137,8 +138,8 @@ TEST_F(Flex_Grid_View_Test, PaintsNothingOfAFillInProgress) {
     view->viewport()->repaint();
     EXPECT_EQ(counter.paints, 0);
     grid->setVisible(true);
-    QApplication::processEvents();
-    EXPECT_GE(counter.paints, 1);
+    view->viewport()->repaint();
+    EXPECT_EQ(counter.paints, 1);
     EXPECT_TRUE(view->isVisible());
 }
 

@@ -73,6 +73,7 @@ class Grid_Fixture : public testing::Test {
     void show() {
         window.show();
         QApplication::setActiveWindow(&window);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
         view->setFocus();
         QApplication::processEvents();
         told.clear();
