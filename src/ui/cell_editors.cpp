@@ -4,6 +4,7 @@
 
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QStyle>
 
 #include <limits>
@@ -62,6 +63,13 @@ bool Text_Cell_Editor::event(QEvent* event) {
         }
     }
     return QLineEdit::event(event);
+}
+
+void Text_Cell_Editor::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 void Text_Cell_Editor::focusOutEvent(QFocusEvent* event) {

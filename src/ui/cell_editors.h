@@ -37,6 +37,7 @@ class Text_Cell_Editor final : public QLineEdit {
 
   protected:
     bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 };
 
