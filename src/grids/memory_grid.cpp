@@ -83,6 +83,7 @@ void Memory_Grid::setTextMatrix(std::int32_t row, std::int32_t col, const std::s
     std::vector<std::string>& texts = line(row).texts;
     if (place(col) >= texts.size()) {
         if (text.empty()) return;
+        texts.reserve(columns_.size());
         texts.resize(place(col) + 1);
     }
     texts[place(col)] = text;
@@ -96,16 +97,23 @@ void Memory_Grid::setCellForeColor(std::int32_t colour) {
     setCurrentColours(Colours{currentColours().back, colour});
 }
 
+Memory_Grid::Colours Memory_Grid::coloursOf(std::int32_t row, std::int32_t col) const {
+    require(col, Cols());
+    const std::vector<std::uint16_t>& colours = line(row).colours;
+    return place(col) < colours.size() ? palette_[colours[place(col)]] : Colours{};
+}
+
 Memory_Grid::Colours Memory_Grid::currentColours() const {
-    if (!hasCurrent()) return {};
-    const std::vector<std::uint16_t>& colours = line(row_).colours;
-    return place(col_) < colours.size() ? palette_[colours[place(col_)]] : Colours{};
+    return hasCurrent() ? coloursOf(row_, col_) : Colours{};
 }
 
 void Memory_Grid::setCurrentColours(Colours colours) {
     if (!hasCurrent()) return;
     std::vector<std::uint16_t>& row = line(row_).colours;
-    if (place(col_) >= row.size()) row.resize(place(col_) + 1);
+    if (place(col_) >= row.size()) {
+        row.reserve(columns_.size());
+        row.resize(place(col_) + 1);
+    }
     row[place(col_)] = paletteEntry(colours);
 }
 

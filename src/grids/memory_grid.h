@@ -23,6 +23,16 @@ class Memory_Grid final : public VSFlexGrid {
     /// Chooses an entry of the in-cell list by its number; "" chooses none.
     void chooseEntry(const std::string& number) { comboData_ = number; }
 
+    // What whoever paints the cells wants to know besides.
+
+    /// Packed colours; 0 for one that was never set.
+    struct Colours {
+        std::int32_t back = 0;
+        std::int32_t fore = 0;
+        bool operator==(const Colours&) const = default;
+    };
+    [[nodiscard]] Colours coloursOf(std::int32_t row, std::int32_t col) const;
+
     // What a test wants to know besides.
 
     [[nodiscard]] std::int32_t selectionHighlight() const noexcept { return highlight_; }
@@ -82,11 +92,6 @@ class Memory_Grid final : public VSFlexGrid {
     void Refresh() override { ++refreshes_; }
 
   private:
-    struct Colours {
-        std::int32_t back = 0;
-        std::int32_t fore = 0;
-        bool operator==(const Colours&) const = default;
-    };
     struct Column {
         std::int32_t width = 960;
         std::int32_t alignment = Align_Left_Top;

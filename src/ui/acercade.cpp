@@ -1,0 +1,53 @@
+#include "ui/acercade.h"
+
+#include "template/asker.h"
+#include "ui/icons.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+
+namespace zorvane {
+
+namespace {
+
+constexpr Twips_Rect versionPlace{120, 1440, 5800, 255};
+constexpr Twips_Rect addressPlace{120, 1740, 5800, 255};
+constexpr Twips_Rect telephonePlace{120, 2010, 5800, 255};
+constexpr Twips_Rect closePlace{4500, 2340, 1400, 345};
+
+QString credits() { return QStringLiteral("Zorvane by the Zorvane developers\r\nAugust 10, 2017"); }
+
+} // namespace
+
+Acercade::Acercade(Ask_User ask, QWidget* parent)
+    : Fixed_Dialog(QStringLiteral("Acercade"), QStringLiteral("About..."), 6045, 2835, parent),
+      ask_(std::move(ask)) {
+    auto* logo = new QLabel(this);
+    const QSize logoSize(400, 78);
+    put(*logo, QStringLiteral("IMG_Logo"), {});
+    logo->setGeometry((width() - logoSize.width()) / 2, 8, logoSize.width(), logoSize.height());
+    logo->setPixmap(icon(QStringLiteral("logo")).pixmap(logoSize, devicePixelRatioF()));
+    logo->setAccessibleName(QStringLiteral("Zorvane"));
+    const auto addLabel = [this](const char* name, const QString& text, const Twips_Rect& place) {
+        put(*new QLabel(text, this), QString::fromLatin1(name), place);
+        findChild<QLabel*>(QString::fromLatin1(name))->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    };
+    addLabel("Label8", QStringLiteral("Zorvane\u2122 v1.61 (August 10, 2017)"), versionPlace);
+    addLabel("Label1", QStringLiteral("Configuration of Modbus RTU controllers"), addressPlace);
+    addLabel("Label2", QStringLiteral("Made by the Zorvane developers, under the MIT licence"),
+             telephonePlace);
+    close_ = &addButton(QStringLiteral("Command1"), QStringLiteral("Close"), closePlace);
+    close_->installEventFilter(this);
+    connect(close_, &QPushButton::clicked, this, &QDialog::close);
+}
+
+bool Acercade::eventFilter(QObject* watched, QEvent* event) {
+    const bool isKey = watched == close_ && event->type() == QEvent::KeyPress;
+    if (!isKey || static_cast<QKeyEvent*>(event)->key() != Qt::Key_F12)
+        return Fixed_Dialog::eventFilter(watched, event);
+    ask_(credits(), Msgb_Information, QStringLiteral(" Desarrollador "));
+    return true;
+}
+
+} // namespace zorvane

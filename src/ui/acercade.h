@@ -1,0 +1,20 @@
+#pragma once
+
+#include "ui/fixed_dialog.h"
+
+namespace zorvane {
+
+/// The about box. F12 on its button shows the credits.
+class Acercade final : public Fixed_Dialog {
+  public:
+    Acercade(Ask_User ask, QWidget* parent);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    Ask_User ask_;
+    QPushButton* close_ = nullptr;
+};
+
+} // namespace zorvane

@@ -1,0 +1,162 @@
+#include "ui/cell_editors.h"
+
+#include "ui/text.h"
+
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+
+#include <limits>
+
+namespace zorvane {
+
+namespace {
+
+/// Another window, a menu or a list of the editor's own took the focus: the edit goes on when it comes back.
+bool comesBack(Qt::FocusReason reason) {
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+           reason == Qt::MenuBarFocusReason;
+}
+
+} // namespace
+
+QValidator::State Code_Page_Validator::validate(QString& text, int&) const {
+    return fitsCodePage(text) ? Acceptable : Invalid;
+}
+
+std::optional<Edit_End> editEndOf(const QKeyEvent& key) {
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return Edit_End::Enter;
+    case Qt::Key_Tab:
+        return Edit_End::Next;
+    case Qt::Key_Backtab:
+        return Edit_End::Previous;
+    case Qt::Key_Up:
+        return Edit_End::Up;
+    case Qt::Key_Down:
+        return Edit_End::Down;
+    case Qt::Key_Escape:
+        return Edit_End::Escape;
+    default:
+        return std::nullopt;
+    }
+}
+
+Text_Cell_Editor::Text_Cell_Editor(int maxLength, QWidget* parent) : QLineEdit(parent) {
+    setFrame(false);
+    setAutoFillBackground(true);
+    setMaxLength(maxLength > 0 ? maxLength : std::numeric_limits<short>::max());
+    setValidator(new Code_Page_Validator(this));
+    setTextMargins(1, 0, 1, 0);
+}
+
+bool Text_Cell_Editor::event(QEvent* event) {
+    if (event->type() == QEvent::KeyPress) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        if (const std::optional<Edit_End> how = editEndOf(key)) {
+            event->accept();
+            if (onEnd) onEnd(*how);
+            return true;
+        }
+    }
+    return QLineEdit::event(event);
+}
+
+void Text_Cell_Editor::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Highlight));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+void Text_Cell_Editor::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    if (!comesBack(event->reason()) && onEnd) onEnd(Edit_End::Stay);
+}
+
+List_Cell_Editor::List_Cell_Editor(std::vector<Combo_Entry> entries, QWidget* parent)
+    : QComboBox(parent), entries_(std::move(entries)) {
+    setFrame(false);
+    for (const Combo_Entry& entry : entries_)
+        addItem(fromCore(entry.text));
+    setMaxVisibleItems(16);
+    view()->setMinimumWidth(view()->sizeHintForColumn(0) + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    view()->installEventFilter(this);
+    connect(this, &QComboBox::activated, this, [this] { end(Edit_End::Enter); });
+}
+
+const Combo_Entry& List_Cell_Editor::chosen() const {
+    return entries_.at(static_cast<std::size_t>(currentIndex()));
+}
+
+void List_Cell_Editor::standOn(const std::string& text) {
+    setCurrentIndex(static_cast<int>(entryWithText(entries_, text).value_or(0)));
+}
+
+void List_Cell_Editor::typeAhead(const QString& text) {
+    if (view()->isVisible())
+        view()->keyboardSearch(text);
+    else
+        typedFirst_ = text;
+}
+
+void List_Cell_Editor::showEvent(QShowEvent* event) {
+    QComboBox::showEvent(event);
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (ended_) return;
+            showPopup();
+            if (!typedFirst_.isEmpty()) view()->keyboardSearch(typedFirst_);
+        },
+        Qt::QueuedConnection);
+}
+
+void List_Cell_Editor::hidePopup() {
+    QComboBox::hidePopup();
+    // A choice is told right after the list closes; a list that closes without one ends the edit as Escape.
+    QMetaObject::invokeMethod(
+        this, [this] { end(Edit_End::Escape); }, Qt::QueuedConnection);
+}
+
+void List_Cell_Editor::keyPressEvent(QKeyEvent* event) {
+    const std::optional<Edit_End> how = editEndOf(*event);
+    if (how && *how != Edit_End::Up && *how != Edit_End::Down)
+        end(*how);
+    else
+        QComboBox::keyPressEvent(event);
+}
+
+void List_Cell_Editor::focusOutEvent(QFocusEvent* event) {
+    QComboBox::focusOutEvent(event);
+    if (!comesBack(event->reason()) && !view()->isVisible()) end(Edit_End::Escape);
+}
+
+bool List_Cell_Editor::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == view() && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {
+            takeHighlighted(key == Qt::Key_Tab ? Edit_End::Next : Edit_End::Previous);
+            return true;
+        }
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+void List_Cell_Editor::takeHighlighted(Edit_End how) {
+    const QModelIndex highlighted = view()->currentIndex();
+    if (highlighted.isValid()) setCurrentIndex(highlighted.row());
+    end(how);
+}
+
+void List_Cell_Editor::end(Edit_End how) {
+    if (ended_) return;
+    ended_ = true;
+    if (view()->isVisible()) QComboBox::hidePopup();
+    if (onEnd) onEnd(how);
+}
+
+} // namespace zorvane

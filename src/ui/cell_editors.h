@@ -1,0 +1,76 @@
+#pragma once
+
+#include "ui/combo_entries.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QValidator>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class QKeyEvent;
+
+namespace zorvane {
+
+/// Refuses a text with a character that Windows-1252 lacks.
+class Code_Page_Validator final : public QValidator {
+  public:
+    explicit Code_Page_Validator(QObject* parent) : QValidator(parent) {}
+    State validate(QString& text, int& position) const override;
+};
+
+/// How an in-cell editor is left.
+enum class Edit_End { Enter, Next, Previous, Up, Down, Stay, Escape };
+
+/// The way out that a key in a text editor means, if any.
+[[nodiscard]] std::optional<Edit_End> editEndOf(const QKeyEvent& key);
+
+/// The in-cell editor for free text.
+class Text_Cell_Editor final : public QLineEdit {
+  public:
+    /// `maxLength` is in characters; 0 is no limit.
+    Text_Cell_Editor(int maxLength, QWidget* parent);
+
+    std::function<void(Edit_End)> onEnd;
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+};
+
+/// The in-cell editor for a list: it opens at once, and only its entries can be chosen. Typing goes to the
+/// entry that begins with what was typed.
+class List_Cell_Editor final : public QComboBox {
+  public:
+    List_Cell_Editor(std::vector<Combo_Entry> entries, QWidget* parent);
+
+    /// The entry chosen, once the editor ended in any other way than by Escape.
+    [[nodiscard]] const Combo_Entry& chosen() const;
+    /// Stands on the entry with that text, or on the first.
+    void standOn(const std::string& text);
+    /// Goes to the entry that begins with a typed text.
+    void typeAhead(const QString& text);
+
+    std::function<void(Edit_End)> onEnd;
+
+    void hidePopup() override;
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void end(Edit_End how);
+    void takeHighlighted(Edit_End how);
+
+    std::vector<Combo_Entry> entries_;
+    QString typedFirst_;
+    bool ended_ = false;
+};
+
+} // namespace zorvane

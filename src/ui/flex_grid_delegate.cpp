@@ -1,0 +1,97 @@
+#include "ui/flex_grid_delegate.h"
+
+#include <QAbstractItemView>
+#include <QPainter>
+
+namespace zorvane {
+
+namespace {
+
+constexpr int textMargin = 3;
+constexpr double tint = 0.35; // of the selection's colour over a cell's own
+
+struct Cell_Look {
+    QColor back;
+    QColor fore;
+};
+
+QColor mixed(const QColor& base, const QColor& over, double share) {
+    const auto channel = [&](int below, int above) {
+        return static_cast<int>(below * (1 - share) + above * share + 0.5);
+    };
+    return {channel(base.red(), over.red()), channel(base.green(), over.green()),
+            channel(base.blue(), over.blue())};
+}
+
+QPalette::ColorGroup groupOf(const QStyleOptionViewItem& option) {
+    if (!option.state.testFlag(QStyle::State_Enabled)) return QPalette::Disabled;
+    return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+}
+
+/// `selected` is the look of a selection on the desktop's own ground.
+Cell_Look lookOf(const QStyleOptionViewItem& option, const QModelIndex& index, bool selected) {
+    const QPalette::ColorGroup group = groupOf(option);
+    const QVariant back = index.data(Qt::BackgroundRole);
+    const QVariant fore = index.data(Qt::ForegroundRole);
+    const QColor highlight = option.palette.color(group, QPalette::Highlight);
+    Cell_Look look{option.palette.color(group, QPalette::Base), option.palette.color(group, QPalette::Text)};
+    if (selected && !back.isValid())
+        return {highlight, option.palette.color(group, QPalette::HighlightedText)};
+    if (back.isValid()) look = {back.value<QBrush>().color(), QColor(Qt::black)};
+    if (fore.isValid()) look.fore = fore.value<QBrush>().color();
+    if (selected) look.back = mixed(look.back, highlight, tint);
+    return look;
+}
+
+void drawCellText(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const QString text = index.data(Qt::DisplayRole).toString();
+    if (text.isEmpty()) return;
+    const QRect place = option.rect.adjusted(textMargin, 0, -textMargin, 0);
+    const int flags = index.data(Qt::TextAlignmentRole).toInt() | Qt::TextSingleLine;
+    painter->setFont(option.font);
+    const bool fits = option.fontMetrics.horizontalAdvance(text) <= place.width();
+    painter->drawText(place, flags,
+                      fits ? text : option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
+}
+
+void drawCurrentBorder(QPainter* painter, const QStyleOptionViewItem& option) {
+    const QPalette::ColorGroup group = groupOf(option);
+    const bool focused = option.state.testFlag(QStyle::State_HasFocus);
+    QPen pen(option.palette.color(group, focused ? QPalette::Highlight : QPalette::Mid), 2);
+    pen.setJoinStyle(Qt::MiterJoin);
+    painter->setPen(pen);
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option.rect.adjusted(1, 1, -1, -1));
+}
+
+bool isCurrent(const QStyleOptionViewItem& option, const QModelIndex& index) {
+    const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
+    return view != nullptr && view->currentIndex() == index;
+}
+
+} // namespace
+
+void Flex_Grid_Delegate::paint(QPainter* painter, const QStyleOptionViewItem& given,
+                               const QModelIndex& index) const {
+    const bool current = !rows_ && isCurrent(given, index);
+    const bool selected = given.state.testFlag(QStyle::State_Selected) && !current;
+    const Cell_Look look = lookOf(given, index, selected);
+    painter->save();
+    painter->fillRect(given.rect, look.back);
+    painter->setPen(look.fore);
+    drawCellText(painter, given, index);
+    if (current) drawCurrentBorder(painter, given);
+    painter->restore();
+}
+
+QWidget* Flex_Grid_Delegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,
+                                          const QModelIndex& index) const {
+    return makeEditor_(parent, index);
+}
+
+void Flex_Grid_Delegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                              const QModelIndex&) const {
+    editor->setGeometry(option.rect);
+}
+
+} // namespace zorvane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+#include <functional>
+
+namespace zorvane {
+
+/// Paints the cells of a grid in their own colours, which say something about the controller and so stay
+/// whatever is selected: the current cell has a border, other selected cells a tint. A cell without colours
+/// of its own takes those of the desktop. Editors come from the view, through `createCellEditor`.
+class Flex_Grid_Delegate final : public QStyledItemDelegate {
+  public:
+    using Make_Editor = std::function<QWidget*(QWidget* parent, const QModelIndex& index)>;
+
+    Flex_Grid_Delegate(QObject* parent, Make_Editor makeEditor)
+        : QStyledItemDelegate(parent), makeEditor_(std::move(makeEditor)) {}
+
+    /// Whole rows are selected: no cell of them stands out.
+    void setRowsSelected(bool rows) { rows_ = rows; }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+    /// The view fills an editor once; what the user does with it is not overwritten by a refresh.
+    void setEditorData(QWidget*, const QModelIndex&) const override {}
+    void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex&) const override {}
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override;
+
+  protected:
+    /// The editors know their keys themselves.
+    bool eventFilter(QObject*, QEvent*) override { return false; }
+
+  private:
+    Make_Editor makeEditor_;
+    bool rows_ = false;
+};
+
+} // namespace zorvane

@@ -1,0 +1,162 @@
+#pragma once
+
+#include "ui/cell_editors.h"
+#include "ui/flex_grid_model.h"
+#include "ui/twips.h"
+
+#include <QPointer>
+#include <QTableView>
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace zorvane {
+
+class Flex_Grid_Delegate;
+
+/// What a grid tells its owner. Rows and columns are the grid's, from 0, row 0 being the heading; places are
+/// twips from the grid's upper left corner, headings included. A handler may fill the grid anew, and may
+/// serve events; it lets no exception out.
+struct Flex_Grid_Events {
+    /// The grid is about to offer an editor on a cell: after each move of the user onto one, and again right
+    /// before an edit starts. `cancel` refuses it.
+    std::function<void(std::int32_t row, std::int32_t col, bool& cancel)> BeforeEdit;
+    /// An edit starts, right after its `BeforeEdit`.
+    std::function<void(std::int32_t row, std::int32_t col, bool& cancel)> StartEdit;
+    /// An edit ended with a text or an entry taken; the cell has it already and is the current one.
+    std::function<void(std::int32_t row, std::int32_t col)> AfterEdit;
+    /// The user changed a column's width and let go of it; the row is -1.
+    std::function<void(std::int32_t row, std::int32_t col)> AfterUserResize;
+    std::function<void()> RowColChange; ///< the user moved to another cell
+    std::function<void()> SelChange;    ///< the user selected something else; a move comes before it
+    std::function<void(std::int16_t keyCode, std::int16_t shift)> KeyUp;
+
+    using Mouse = std::function<void(std::int16_t button, std::int16_t shift, float x, float y)>;
+    Mouse MouseDown;
+    Mouse MouseMove;
+    Mouse MouseUp;
+    std::function<void()> Click;    ///< after the release that ends a click
+    std::function<void()> DblClick; ///< at the second press; no `Click` follows
+};
+
+/// The widget of a grid. What the owner writes goes into the model's store; the view follows when the events
+/// are served next, all changes at once, and never shows half a fill.
+class Flex_Grid_View final : public QTableView {
+  public:
+    explicit Flex_Grid_View(QWidget* parent);
+    ~Flex_Grid_View() override;
+
+    Flex_Grid_Events events;
+
+    /// Whether cells can be edited at all; off at first.
+    void setEditable(bool editable) { editable_ = editable; }
+    /// The grid chooses rows and no single cells.
+    void setSelectsRows(bool rows);
+
+    [[nodiscard]] Flex_Grid_Model& cells() { return model_; }
+    [[nodiscard]] const Flex_Grid_Model& cells() const { return model_; }
+    [[nodiscard]] Memory_Grid& store() { return model_.store; }
+    [[nodiscard]] const Memory_Grid& store() const { return model_.store; }
+
+    // What the owner changed in the store. The view follows later.
+
+    void cellChanged(std::int32_t row, std::int32_t col);
+    void columnsChanged();
+    void rowHeightsChanged();
+    void currentChangedByOwner();
+    void visibleChanged();
+
+    /// Shows all that changed so far.
+    void flush();
+
+    [[nodiscard]] bool isEditing() const { return editor_ != nullptr; }
+    /// Takes the text of an edit in progress, as if the user had clicked elsewhere.
+    void finishEdit();
+    /// Copies the selected cells: a tab between columns, a line feed between rows.
+    void copySelection() const;
+    /// Commits the clipboard's text into the current cell.
+    void paste();
+
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void commitData(QWidget* editor) override;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+
+  private:
+    struct Cell_Range {
+        std::int32_t firstRow, firstCol, lastRow, lastCol;
+    };
+    enum class Edit_Start { All, AtEnd, Empty };
+
+    void scheduleFlush();
+    void flushSizes();
+    void flushColumns();
+    void flushRowHeights();
+    void flushCells();
+    void flushCurrent();
+    void selectInView(std::int32_t row, std::int32_t col);
+
+    /// Runs Qt's own handling of the user's input, then tells what it moved.
+    template <class Handling> void asUser(Handling&& handling);
+    void noteMove();
+    void tellMoves();
+    void takeViewCurrent();
+    void standOnLastCell();
+    void moveTo(std::int32_t row, std::int32_t col);
+    void moveAfter(Edit_End how, std::int32_t row, std::int32_t col);
+
+    bool handleEditKey(QKeyEvent* event);
+    [[nodiscard]] bool askEdit(std::int32_t row, std::int32_t col);
+    bool beginEdit(Edit_Start how);
+    void typeInto(const QString& text);
+    QWidget* makeEditor(QWidget* parent, const QModelIndex& index);
+    void endEdit(Edit_End how);
+    void acceptText(std::int32_t row, std::int32_t col, const std::string& text);
+    void acceptEntry(std::int32_t row, std::int32_t col, const Combo_Entry& entry);
+    void tellAfterEdit(std::int32_t row, std::int32_t col);
+
+    void tellMouse(const Flex_Grid_Events::Mouse& handler, const QMouseEvent& event, const QWidget& source,
+                   Qt::MouseButtons buttons);
+    void headerMouse(const QMouseEvent& event);
+    void abandonEdit();
+    void sectionDragged(int column, int pixels);
+    void tellUserResize();
+
+    Flex_Grid_Model model_;
+    Flex_Grid_Delegate* delegate_ = nullptr;
+    QPointer<QWidget> editor_;
+    std::int32_t editRow_ = -1;
+    std::int32_t editCol_ = -1;
+    std::int32_t lastRow_ = -1; ///< where keys go on from while no cell is current
+    std::int32_t lastCol_ = -1;
+    std::optional<Cell_Range> changed_;
+    int resizedColumn_ = -1;
+    int handlingDepth_ = 0;
+    bool editable_ = false;
+    bool selectsRows_ = false;
+    bool flushPending_ = false;
+    bool flushing_ = false;
+    bool columnsChanged_ = false;
+    bool rowHeightsChanged_ = false;
+    bool currentChanged_ = false;
+    bool visibleChanged_ = false;
+    bool moved_ = false;
+    bool selected_ = false;
+    bool doubleClicked_ = false;
+};
+
+} // namespace zorvane

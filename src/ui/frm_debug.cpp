@@ -1,0 +1,48 @@
+#include "ui/frm_debug.h"
+
+#include "ui/text.h"
+#include "ui/twips.h"
+
+#include <QCloseEvent>
+#include <QPlainTextEdit>
+
+namespace zorvane {
+
+namespace {
+
+// Twips.
+constexpr double startWidth = 6000;
+constexpr double startHeight = 4500;
+constexpr double textLeft = 100;
+constexpr double textTop = 100;
+constexpr double besideText = 200;
+constexpr double belowText = 500;
+
+} // namespace
+
+Frm_Debug::Frm_Debug(QWidget* parent) : QWidget(parent, Qt::Window) {
+    giveName(*this, QStringLiteral("FrmDebug"));
+    setWindowTitle(QStringLiteral("Test Debug Form..."));
+    text_ = new QPlainTextEdit(this);
+    giveName(*text_, QStringLiteral("EDT_Prueba"));
+    text_->setAccessibleName(QStringLiteral("Text"));
+    const Twips_Scale scale = scaleOf(*this);
+    resize(scale.size(startWidth, startHeight));
+    placeAt(*text_, {textLeft, textTop, startWidth - textLeft, startHeight - textTop});
+}
+
+void Frm_Debug::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    const Twips_Scale scale = scaleOf(*this);
+    const double textWidth = scale.twipsX(width()) - besideText;
+    const double textHeight = scale.twipsY(height()) - belowText;
+    if (textWidth < 0 || textHeight < 0) return;
+    placeAt(*text_, {textLeft, textTop, textWidth, textHeight});
+}
+
+void Frm_Debug::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    hide();
+}
+
+} // namespace zorvane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QWidget>
+
+class QPlainTextEdit;
+
+namespace zorvane {
+
+/// `FrmDebug`, a spare window with one text box. Closing it only hides it, so that its text stays.
+class Frm_Debug final : public QWidget {
+  public:
+    explicit Frm_Debug(QWidget* parent);
+
+    [[nodiscard]] QPlainTextEdit& EDT_Prueba() { return *text_; }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    QPlainTextEdit* text_ = nullptr;
+};
+
+} // namespace zorvane

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+namespace zorvane {
+
+/// One of the program's own drawings, by the name of its file: "application", "critical", "save" ...
+[[nodiscard]] QIcon icon(const QString& name);
+
+} // namespace zorvane

@@ -1,0 +1,138 @@
+#include "ui/main_menu.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <array>
+#include <stdexcept>
+#include <string_view>
+
+namespace zorvane {
+
+/// An entry as designed: its name, "" for a separator; its caption; its keys, "" for none; whether it carries
+/// a check mark; the name of the menu inside which it stands, "" for the menu itself.
+struct Menu_Line {
+    std::string_view name{};
+    std::string_view caption{};
+    std::string_view keys{};
+    bool checkable = false;
+    std::string_view inside{};
+};
+
+namespace {
+
+constexpr Menu_Line separator{};
+
+constexpr std::array fileLines = {
+    Menu_Line{"MNU_Open", "&Open...", "Ctrl+O"},
+    Menu_Line{"MNU_Close", "&Close", ""},
+    Menu_Line{"MNU_Save", "&Save", "Ctrl+S"},
+    Menu_Line{"MNU_Saveas", "Save &As...", "Ctrl+Shift+S"},
+    Menu_Line{"MNU_Recover", "Reco&ver...", ""},
+    separator,
+    Menu_Line{"MNU_PageSetup", "Pa&ge Setup...", ""},
+    Menu_Line{"MNU_Print", "&Print...", ""},
+    Menu_Line{"MNU_PrintPage", "Print Pag&e", "Ctrl+P", false, "MNU_Print"},
+    Menu_Line{"MNU_PrintAll", "P&rint All...", "", false, "MNU_Print"},
+    Menu_Line{"MNU_Grid", "&Show grid  in report", "", true},
+    separator,
+    Menu_Line{"MNU_Exit", "E&xit", "Ctrl+Q"},
+};
+
+constexpr std::array communicationLines = {
+    Menu_Line{"MNU_Upload", "&Upload to PC", ""},
+    Menu_Line{"MNU_Download", "&Download to Device", ""},
+    Menu_Line{"MNU_Disconnect", "D&isconnect", ""},
+    separator,
+    Menu_Line{"MNU_Port_Settings", "&Port Settings...", ""},
+    Menu_Line{"separador4", "&Modbus Monitor", ""},
+};
+
+constexpr std::array viewLines = {Menu_Line{"MNU_FontSize", "&Font size...", ""}};
+
+constexpr std::array windowLines = {
+    Menu_Line{"MNU_Minimize", "&Minimize", ""},
+    Menu_Line{"MNU_Maximize", "Ma&ximize", ""},
+    Menu_Line{"MNU_Minimizetotray", "Minimize to &tray", "", true},
+};
+
+constexpr std::array helpLines = {
+    Menu_Line{"MNU_HelpIndex", "&Index", "F1"},
+    Menu_Line{"MNU_OnLine", "&Brevik Online", ""},
+    Menu_Line{"MNU_ContactUs", "Contact &Us ", ""},
+    Menu_Line{"MNU_About", "&About", ""},
+};
+
+constexpr std::array trayLines = {
+    Menu_Line{"MNU_Tray_All", "All", ""},
+    Menu_Line{"MNU_Tray_Application_Window", "Application Window", ""},
+    Menu_Line{"MNU_Tray_Monitor_Window", "Monitor Window", ""},
+};
+
+QString text(std::string_view latin) {
+    return QString::fromLatin1(latin.data(), static_cast<qsizetype>(latin.size()));
+}
+
+} // namespace
+
+Main_Menu::Main_Menu(QMenuBar& bar) : tray_(std::make_unique<QMenu>(QStringLiteral("Tray"))) {
+    const auto addMenu = [&](const char* caption, const char* name, const auto& lines) {
+        QMenu& menu = *bar.addMenu(QString::fromLatin1(caption));
+        menu.setObjectName(QString::fromLatin1(name));
+        fill(menu, lines.data(), lines.data() + lines.size());
+    };
+    addMenu("&File", "MNU_File", fileLines);
+    addMenu("&Communication", "MNU_Communication", communicationLines);
+    addMenu("&View", "MNU_View", viewLines);
+    addMenu("&Windows", "MNU_Windows", windowLines);
+    addMenu("&Help", "MNU_Help", helpLines);
+    tray_->setObjectName(QStringLiteral("MNU_Tray"));
+    fill(*tray_, trayLines.data(), trayLines.data() + trayLines.size());
+}
+
+Main_Menu::~Main_Menu() = default;
+
+void Main_Menu::fill(QMenu& menu, const Menu_Line* first, const Menu_Line* last) {
+    for (const Menu_Line* line = first; line != last; ++line) {
+        const bool holdsOthers = line + 1 != last && (line + 1)->inside == line->name && !line->name.empty();
+        if (line->name.empty()) {
+            menu.addSeparator();
+        } else if (holdsOthers) {
+            QAction& entry = *menu.addMenu(text(line->caption))->menuAction();
+            entry.setObjectName(text(line->name));
+            entry.menu()->setObjectName(text(line->name) + QStringLiteral("_Menu"));
+            actions_[entry.objectName()] = &entry;
+        } else {
+            add(line->inside.empty() ? menu : *action(text(line->inside)).menu(), *line);
+        }
+    }
+}
+
+void Main_Menu::add(QMenu& menu, const Menu_Line& line) {
+    QAction& entry = *menu.addAction(text(line.caption));
+    entry.setObjectName(text(line.name));
+    if (!line.keys.empty()) entry.setShortcut(QKeySequence(text(line.keys)));
+    entry.setCheckable(line.checkable);
+    // Choosing an entry leaves its mark alone: its owner sets it.
+    if (line.checkable)
+        QObject::connect(&entry, &QAction::triggered, &entry, [&entry](bool on) { entry.setChecked(!on); });
+    actions_[entry.objectName()] = &entry;
+}
+
+QAction& Main_Menu::action(const QString& name) const {
+    const auto found = actions_.find(name);
+    if (found == actions_.end()) throw std::out_of_range("no menu entry " + name.toStdString());
+    return *found->second;
+}
+
+void Main_Menu::onChosen(const QString& name, std::function<void()> handler) {
+    QAction& entry = action(name);
+    QObject::connect(&entry, &QAction::triggered, &entry, [this, handler = std::move(handler)] {
+        if (before_) before_();
+        handler();
+    });
+}
+
+} // namespace zorvane

@@ -1,0 +1,166 @@
+#include "ui/main_window.h"
+
+#include "ui/caption_frame.h"
+#include "ui/icons.h"
+#include "ui/split_bar.h"
+#include "ui/text.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFrame>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QWindowStateChangeEvent>
+
+namespace zorvane {
+
+namespace {
+
+/// The one file on this computer that a drag carries, or "".
+QString draggedFile(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 && urls.first().isLocalFile() ? urls.first().toLocalFile() : QString();
+}
+
+QRect rounded(const Twips_Rect& pixels) { return Twips_Scale{1, 1}.rect(pixels); }
+
+} // namespace
+
+Main_Window::Main_Window() {
+    giveName(*this, QStringLiteral("KVRT_Principal"));
+    setWindowTitle(QStringLiteral("Zorvane"));
+    setWindowIcon(icon(QStringLiteral("application")));
+    setAcceptDrops(true);
+    menuBar()->setNativeMenuBar(false);
+    menu_ = std::make_unique<Main_Menu>(*menuBar());
+    menu_->beforeAny([this] { finishEdit(); });
+    statusBar_ = new Status_Bar(this);
+    setStatusBar(statusBar_);
+    client_ = new QWidget(this);
+    setCentralWidget(client_);
+    line1_ = new QFrame(client_);
+    static_cast<QFrame*>(line1_)->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    giveName(*line1_, QStringLiteral("Line1"));
+    splitter_ = new Split_Bar(client_);
+    splitter_->onDrag = [this](int mouseY) { dragSplitter(mouseY); };
+    splitter_->onDrop = [this] { dropSplitter(); };
+    frame2_ = new Caption_Frame(QStringLiteral("Frame2"), QStringLiteral(" Configuration "), client_);
+    frame3_ = new Caption_Frame(QStringLiteral("Frame3"), QStringLiteral(" Settings "), client_);
+    configuration_ = std::make_unique<Flex_Grid>(
+        addGrid(*frame2_, QStringLiteral("FLX_Configuration"), QStringLiteral("Configuration")));
+    configuration_->view().setSelectsRows(true);
+    settings_ = std::make_unique<Flex_Grid>(
+        addGrid(*frame3_, QStringLiteral("FLX_Settings"), QStringLiteral("Settings")));
+    settings_->view().setEditable(true);
+    setDesignSize();
+}
+
+Main_Window::~Main_Window() = default;
+
+QWidget& Main_Window::Frame2() { return *frame2_; }
+
+QWidget& Main_Window::Frame3() { return *frame3_; }
+
+QWidget& Main_Window::PicLineHoriz() { return *splitter_; }
+
+Flex_Grid_View& Main_Window::addGrid(QWidget& frame, const QString& name, const QString& words) {
+    auto* view = new Flex_Grid_View(&frame);
+    giveName(*view, name);
+    view->setAccessibleName(words);
+    return *view;
+}
+
+/// The inner area gets the design size, and the form stands in the middle of its screen.
+void Main_Window::setDesignSize() {
+    const Twips_Scale scale = scaleOf(*this);
+    const QSize inner = scale.size(designWidth, designHeight);
+    resize(inner.width(), inner.height() + menuBar()->heightForWidth(inner.width()));
+    layout_ = designLayout(scale, scale.twipsX(width()), scale.twipsY(height()));
+    move(screen()->availableGeometry().center() - rect().center());
+    applyLayout();
+}
+
+void Main_Window::applyLayout() {
+    frame2_->setGeometry(rounded(layout_.Frame2));
+    frame3_->setGeometry(rounded(layout_.Frame3));
+    splitter_->setGeometry(rounded(layout_.PicLineHoriz));
+    line1_->setGeometry(0, 0, qRound(layout_.line1Right), 2);
+    placeAt(configuration_->view(), layout_.FLX_Configuration);
+    placeAt(settings_->view(), layout_.FLX_Settings);
+    statusBar_->setPanelWidths(layout_.panelWidths);
+}
+
+void Main_Window::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (events.resizing) events.resizing(true);
+    if (!isMinimized()) {
+        layout_ = resized(layout_, scale().twipsX(width()), scale().twipsY(height()));
+        applyLayout();
+    }
+    if (events.resizing) events.resizing(false);
+}
+
+void Main_Window::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange && isMinimized() && events.minimized) events.minimized();
+}
+
+void Main_Window::dragSplitter(int mouseY) {
+    const QPoint statusTop = client_->mapFrom(this, statusBar_->geometry().topLeft());
+    layout_.PicLineHoriz.top = splitterTop(layout_, mouseY, statusTop.y());
+    splitter_->setGeometry(rounded(layout_.PicLineHoriz));
+}
+
+void Main_Window::dropSplitter() {
+    layout_ = splitterReleased(layout_);
+    applyLayout();
+}
+
+Twips_Rect Main_Window::formRect() const {
+    return {scale().twipsX(x()), scale().twipsY(y()), scale().twipsX(width()), scale().twipsY(height())};
+}
+
+void Main_Window::setFormRect(const Twips_Rect& place) {
+    move(scale().pixelsX(place.left), scale().pixelsY(place.top));
+    resize(scale().size(place.width, place.height));
+}
+
+/// The window itself stays enabled: a disabled one would disable the dialogs that it owns as well.
+void Main_Window::setFormEnabled(bool enabled) {
+    if (enabled == formEnabled_) return;
+    formEnabled_ = enabled;
+    if (!enabled) focusBeforeDisabling_ = focusWidget();
+    menuBar()->setEnabled(enabled);
+    client_->setEnabled(enabled);
+    if (enabled && focusBeforeDisabling_ != nullptr) focusBeforeDisabling_->setFocus();
+}
+
+void Main_Window::finishEdit() {
+    configuration_->view().finishEdit();
+    settings_->view().finishEdit();
+}
+
+void Main_Window::closeEvent(QCloseEvent* event) {
+    if (formEnabled_) finishEdit();
+    const bool closes = formEnabled_ && (!events.queryClose || events.queryClose());
+    event->setAccepted(closes);
+}
+
+void Main_Window::dragEnterEvent(QDragEnterEvent* event) {
+    if (formEnabled_ && events.fileDropped && !draggedFile(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void Main_Window::dropEvent(QDropEvent* event) {
+    const QString path = draggedFile(*event->mimeData());
+    if (!formEnabled_ || path.isEmpty()) return;
+    event->acceptProposedAction();
+    finishEdit();
+    // Whatever opens the file may ask questions; the program that the file came from doesn't wait for them.
+    QMetaObject::invokeMethod(
+        this, [this, path] { events.fileDropped(path); }, Qt::QueuedConnection);
+}
+
+} // namespace zorvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ui/fixed_dialog.h"
+
+#include <QTimer>
+
+class QLabel;
+class QProgressBar;
+
+namespace zorvane {
+
+/// `Mensaje`, the busy form: it lies above all others and takes no focus. With the animation at hand it shows
+/// a moving bar, else a growing row of dots.
+class Mensaje final : public Fixed_Dialog {
+  public:
+    /// `animated` tells whether the animation's file is in the application folder.
+    Mensaje(bool animated, QWidget* parent);
+
+    [[nodiscard]] bool TimerEnabled() const { return timerEnabled_; }
+    void setTimerEnabled(bool enabled);
+
+    /// One more dot; a text of 35 characters starts again.
+    void Timer1_Timer();
+
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+  private:
+    void load();
+
+    QLabel* label_ = nullptr;
+    QProgressBar* animation_ = nullptr;
+    QTimer timer_;
+    bool animated_;
+    bool timerEnabled_ = true;
+};
+
+} // namespace zorvane

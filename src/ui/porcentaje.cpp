@@ -1,0 +1,91 @@
+#include "ui/porcentaje.h"
+
+#include "template/asker.h"
+
+#include <QCloseEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include <utility>
+
+namespace zorvane {
+
+namespace {
+
+constexpr double formWidth = 4695;
+constexpr double formHeight = 1245;
+constexpr Twips_Rect labelPlace{660, 180, 3375, 225};
+constexpr Twips_Rect barPlace{90, 450, 4485, 315};
+constexpr Twips_Rect cancelPlace{1647, 870, 1400, 345};
+constexpr Twips_Rect okPlace{1650, 870, 1400, 345};
+
+} // namespace
+
+Porcentaje::Porcentaje(Porcentaje_Hooks hooks, QWidget* parent)
+    : Fixed_Dialog(QStringLiteral("Porcentaje"), QStringLiteral("Zorvane"), formWidth, formHeight, parent),
+      hooks_(std::move(hooks)) {
+    auto* frame = new QGroupBox(this);
+    put(*frame, QStringLiteral("Frame1"), {0, 0, formWidth, formHeight});
+    frame->setAccessibleName(QStringLiteral("Progress"));
+    frame->setFlat(true);
+    label_ = new QLabel(this);
+    put(*label_, QStringLiteral("Label1"), labelPlace);
+    label_->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+    QFont bold = label_->font();
+    bold.setBold(true);
+    label_->setFont(bold);
+    bar_ = new QProgressBar(this);
+    put(*bar_, QStringLiteral("Progress_Bar"), barPlace);
+    bar_->setAccessibleName(QStringLiteral("Progress"));
+    bar_->setValue(0);
+    cancel_ = &addButton(QStringLiteral("BOT_Cancel"), QStringLiteral("Cancel"), cancelPlace);
+    ok_ = &addButton(QStringLiteral("Bot_Ok"), QStringLiteral("Ok"), okPlace);
+    ok_->hide();
+    cancel_->setFocus();
+    connect(cancel_, &QPushButton::clicked, this, [this] { cancelChosen(); });
+    connect(ok_, &QPushButton::clicked, this, [this] { unload(); });
+}
+
+void Porcentaje::setLabel(const QString& text) { label_->setText(text); }
+
+void Porcentaje::Deshabilita_Cancelar() {
+    cancel_->hide();
+    ok_->show();
+    ok_->setFocus();
+    bar_->setValue(0);
+}
+
+void Porcentaje::unload() {
+    hide();
+    if (hooks_.unloaded) hooks_.unloaded();
+}
+
+/// The question may stand while the transfer ends by itself; it is asked once.
+void Porcentaje::cancelChosen() {
+    if (std::exchange(asking_, true)) return;
+    if (hooks_.pauseScan) hooks_.pauseScan();
+    const int answer =
+        hooks_.ask(QStringLiteral("The transfer is not complete. Do you want to abort anyway?"),
+                   Msgb_Question + Msgb_YesNo, QStringLiteral("Zorvane"));
+    if (answer == Msgb_Code_Yes && hooks_.abort) hooks_.abort();
+    if (hooks_.resumeScan) hooks_.resumeScan();
+    asking_ = false;
+}
+
+void Porcentaje::buttonThatShows() {
+    if (ok_->isHidden())
+        cancelChosen();
+    else
+        unload();
+}
+
+void Porcentaje::reject() { buttonThatShows(); }
+
+void Porcentaje::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    if (isVisible()) buttonThatShows();
+}
+
+} // namespace zorvane

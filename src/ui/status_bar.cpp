@@ -1,0 +1,96 @@
+#include "ui/status_bar.h"
+
+#include "ui/text.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <algorithm>
+
+namespace zorvane {
+
+namespace {
+
+struct Panel_Design {
+    const char* text;
+    const char* toolTip;
+};
+
+constexpr std::array<Panel_Design, panelCount> panelDesigns = {{{"File type", ""},
+                                                                {"Communication", ""},
+                                                                {"Modbus RTU", ""},
+                                                                {"Status", ""},
+                                                                {"Tx", "Transmitting data"},
+                                                                {"Rx", "Receiving data"},
+                                                                {"", ""}}};
+constexpr int textMargin = 4;
+constexpr double panelPoints = 8.25;
+
+} // namespace
+
+Status_Panel::Status_Panel(int number, QWidget* parent) : QLabel(parent) {
+    giveName(*this, QStringLiteral("StatusBar1_%1").arg(number));
+    setTextFormat(Qt::PlainText);
+    QFont small = font();
+    small.setPointSizeF(panelPoints);
+    setFont(small);
+}
+
+void Status_Panel::setOwnToolTip(const QString& text) {
+    ownToolTip_ = text;
+    setToolTip(text);
+}
+
+bool Status_Panel::event(QEvent* event) {
+    const bool cut = fontMetrics().horizontalAdvance(text()) > width() - 2 * textMargin;
+    if (event->type() != QEvent::ToolTip || !ownToolTip_.isEmpty() || !cut) return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+    return true;
+}
+
+void Status_Panel::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    const QRect place = rect().adjusted(textMargin, 0, -textMargin, 0);
+    if (place.width() <= 0) return;
+    painter.setPen(palette().color(QPalette::WindowText));
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, place.width());
+    painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, shown);
+}
+
+Status_Bar::Status_Bar(QWidget* parent) : QStatusBar(parent) {
+    giveName(*this, QStringLiteral("StatusBar1"));
+    setAccessibleName(QStringLiteral("Status"));
+    setSizeGripEnabled(false);
+    for (std::size_t i = 0; i < panelCount; ++i) {
+        panels_[i] = new Status_Panel(static_cast<int>(i + 1), this);
+        panels_[i]->setText(QString::fromLatin1(panelDesigns[i].text));
+        panels_[i]->setOwnToolTip(QString::fromLatin1(panelDesigns[i].toolTip));
+    }
+    setFixedHeight(scaleOf(*this).pixelsY(Window_Layout{}.statusHeight));
+}
+
+void Status_Bar::setPanelWidths(const std::array<double, panelCount>& widths) {
+    widths_ = widths;
+    placePanels();
+}
+
+/// A panel stays one pixel wide at least, so that whoever reads the screen still finds its text.
+void Status_Bar::placePanels() {
+    const Twips_Scale scale = scaleOf(*this);
+    double left = 0;
+    for (std::size_t i = 0; i < panelCount; ++i) {
+        const int from = scale.pixelsX(left);
+        left += widths_[i];
+        panels_[i]->setGeometry(from, 2, std::max(1, scale.pixelsX(left) - from), std::max(1, height() - 3));
+    }
+}
+
+void Status_Bar::resizeEvent(QResizeEvent* event) {
+    QStatusBar::resizeEvent(event);
+    placePanels();
+}
+
+} // namespace zorvane

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "ui/window_layout.h"
+
+#include <QLabel>
+#include <QStatusBar>
+
+#include <array>
+
+namespace zorvane {
+
+/// One panel of the status bar. A text too long for it ends in an ellipsis and is shown whole as the tool
+/// tip, unless the panel has one of its own.
+class Status_Panel final : public QLabel {
+  public:
+    Status_Panel(int number, QWidget* parent);
+
+    void setOwnToolTip(const QString& text);
+
+  protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QString ownToolTip_;
+};
+
+/// `StatusBar1`: seven panels, numbered from 1, of given widths; what doesn't fit is cut off at the right.
+class Status_Bar final : public QStatusBar {
+  public:
+    explicit Status_Bar(QWidget* parent);
+
+    [[nodiscard]] QString text(int panel) const { return at(panel).text(); }
+    void setText(int panel, const QString& text) { at(panel).setText(text); }
+    [[nodiscard]] bool panelEnabled(int panel) const { return at(panel).isEnabled(); }
+    void setPanelEnabled(int panel, bool enabled) { at(panel).setEnabled(enabled); }
+
+    /// In twips.
+    void setPanelWidths(const std::array<double, panelCount>& widths);
+
+    [[nodiscard]] QSize minimumSizeHint() const override { return {0, 0}; }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    [[nodiscard]] Status_Panel& at(int panel) const {
+        return *panels_.at(static_cast<std::size_t>(panel - 1));
+    }
+    void placePanels();
+
+    std::array<Status_Panel*, panelCount> panels_{};
+    std::array<double, panelCount> widths_ = Window_Layout{}.panelWidths;
+};
+
+} // namespace zorvane

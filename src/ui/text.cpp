@@ -1,0 +1,37 @@
+#include "ui/text.h"
+
+#include "values/code_page.h"
+
+#include <QWidget>
+
+#include <algorithm>
+
+namespace zorvane {
+
+namespace {
+
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+} // namespace
+
+QString fromCore(std::string_view text) {
+    if (isAscii(text)) return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+    return QString::fromStdString(toUtf8(text));
+}
+
+std::string toCore(const QString& text) { return fromUtf8(text.toStdString()); }
+
+bool fitsCodePage(const QString& text) {
+    bool whole = true;
+    (void)fromUtf8(text.toStdString(), &whole);
+    return whole;
+}
+
+void giveName(QWidget& widget, const QString& name) {
+    widget.setObjectName(name);
+    widget.setAccessibleDescription(name);
+}
+
+} // namespace zorvane

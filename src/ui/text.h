@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+class QWidget;
+
+namespace zorvane {
+
+/// The text of the core, bytes in Windows-1252, as the window shows it.
+[[nodiscard]] QString fromCore(std::string_view text);
+
+/// What the user wrote, as the core keeps it. A character that the code page lacks becomes "?".
+[[nodiscard]] std::string toCore(const QString& text);
+
+/// Whether every character has a place in the code page.
+[[nodiscard]] bool fitsCodePage(const QString& text);
+
+/// Gives a control its own name: as the object's name, for the program, and as its accessible description,
+/// for whoever looks from outside. The accessible name stays free, since it would hide the text of a label.
+void giveName(QWidget& widget, const QString& name);
+
+} // namespace zorvane
