@@ -20,6 +20,8 @@ class Temporary_Folder {
     }
     Temporary_Folder(const Temporary_Folder&) = delete;
     Temporary_Folder& operator=(const Temporary_Folder&) = delete;
+    Temporary_Folder(Temporary_Folder&&) = delete;
+    Temporary_Folder& operator=(Temporary_Folder&&) = delete;
 
     [[nodiscard]] const std::string& path() const noexcept { return path_; }
 
@@ -39,6 +41,8 @@ class Unprivileged {
     }
     Unprivileged(const Unprivileged&) = delete;
     Unprivileged& operator=(const Unprivileged&) = delete;
+    Unprivileged(Unprivileged&&) = delete;
+    Unprivileged& operator=(Unprivileged&&) = delete;
 
   private:
     uid_t before_ = geteuid();
