@@ -6,7 +6,7 @@ namespace zorvane {
 
 /// Bits of `Common_Dialog::Flags`.
 enum Dialog_Flag : int {
-    Dialog_ReadOnly = 1,   ///< after `ShowOpen`: the user ticked the read-only box
+    Dialog_ReadOnly = 1, ///< after `ShowOpen`: the user ticked the read-only box
     Dialog_HideReadOnly = 4,
 };
 
@@ -19,7 +19,7 @@ class CommonDialog {
 
     std::string FileName; ///< with its folder after the dialog
     std::string DialogTitle;
-    std::string Filter; ///< "text|pattern|" for each file type
+    std::string Filter;  ///< "text|pattern|" for each file type
     int FilterIndex = 1; ///< from 1
     std::string InitDir;
     int Flags = 0;

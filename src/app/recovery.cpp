@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <tuple>
 
 namespace zorvane {
 
@@ -29,14 +30,17 @@ constexpr std::string_view nameMark = ";name=";
 constexpr std::string_view modelMark = ";model=";
 constexpr std::string_view whyMark = ";kept=";
 
-std::string documentName(const Declara_Zorvane& document) {
+/// A document that never had a file gets a name to be opened under.
+std::string nameOf(const Declara_Zorvane& document, const std::string& type) {
+    if (document.File_Stem.empty()) return "UNTITLED." + type;
     return document.File_Stem + "." + document.File_Extension;
 }
 
-std::string header(const Declara_Zorvane& document, const std::string& time, std::string_view why) {
+std::string header(const Declara_Zorvane& document, const std::string& type, const std::string& time,
+                   std::string_view why) {
     String_Writer writer;
     writer.writeLine(std::string(timeMark) + time);
-    writer.writeLine(std::string(nameMark) + documentName(document));
+    writer.writeLine(std::string(nameMark) + nameOf(document, type));
     writer.writeLine(std::string(modelMark) + document.Controller_Model);
     writer.writeLine(std::string(whyMark) + std::string(why));
     return writer.take();
@@ -56,7 +60,8 @@ std::optional<Recovery_Entry> entryOf(const std::string& file, std::string_view 
 
 std::string onlyDigits(std::string_view text) {
     std::string digits;
-    std::copy_if(text.begin(), text.end(), std::back_inserter(digits), [](char c) { return c >= '0' && c <= '9'; });
+    std::copy_if(text.begin(), text.end(), std::back_inserter(digits),
+                 [](char c) { return c >= '0' && c <= '9'; });
     return digits;
 }
 
@@ -64,21 +69,30 @@ std::string onlyDigits(std::string_view text) {
 
 std::string recoveryText(const Declara_Zorvane& document) {
     String_Writer writer;
-    if (ignoringFailure([&] { writeConfiguration(document, writer); })) return writer.take();
-    String_Writer rest;
-    ignoringFailure([&] { writeFieldValues(document, rest); });
-    return rest.take();
+    writeWhatHolds(document, writer);
+    return writer.take();
 }
 
-bool Recovery::keep(const Declara_Zorvane& document, std::string_view why) {
+std::string_view withoutHeader(std::string_view copy) {
+    std::string_view rest = copy;
+    while (rest.starts_with(';'))
+        (void)takeLine(rest);
+    return rest;
+}
+
+bool Recovery::keep(const Declara_Zorvane& document, const std::string& type, std::string_view why) {
+    if (document.Field_Count == 0) return true;
     std::string text = recoveryText(document);
-    if (!current_.empty() && text == kept_) return true;
+    const bool same = !current_.empty() && text == kept_;
+    if (same && why == why_) return true;
     const std::string time = now_();
-    const std::string file = current_.empty() ? newFile(document, time) : current_;
-    if (!folder_.write(file, header(document, time, why) + text)) return false;
+    const bool first = current_.empty();
+    const std::string file = first ? newFile(type, time) : current_;
+    if (!folder_.write(file, header(document, type, time, why) + text)) return same;
     current_ = file;
     kept_ = std::move(text);
-    trim();
+    why_ = why;
+    if (first) trim();
     return true;
 }
 
@@ -90,31 +104,45 @@ void Recovery::drop() {
 void Recovery::leave() {
     current_.clear();
     kept_.clear();
+    why_.clear();
 }
 
-std::string Recovery::newFile(const Declara_Zorvane& document, const std::string& time) {
+void Recovery::adopt(const std::string& file, const Declara_Zorvane& document) {
+    current_ = file;
+    kept_ = recoveryText(document);
+    why_.clear();
+}
+
+std::string Recovery::newFile(const std::string& type, const std::string& time) {
     const std::vector<std::string> names = folder_.list();
-    const std::string stem = onlyDigits(time);
+    const std::string stem = onlyDigits(time).append("-").append(session_).append("-");
     for (int k = 1;; ++k) {
-        std::string name = stem + "-" + std::to_string(k) + "." + document.File_Extension;
+        std::string name = stem + std::to_string(k);
+        name.append(".").append(type);
         if (std::find(names.begin(), names.end(), name) == names.end()) return name;
     }
 }
 
-std::vector<Recovery_Entry> Recovery::list() {
+std::vector<Recovery_Entry> Recovery::all() {
     std::vector<Recovery_Entry> entries;
     for (const std::string& file : folder_.list())
-        if (auto entry = entryOf(file, folder_.read(file))) entries.push_back(std::move(*entry));
+        if (auto entry = entryOf(file, folder_.beginning(file))) entries.push_back(std::move(*entry));
     std::sort(entries.begin(), entries.end(), [](const Recovery_Entry& a, const Recovery_Entry& b) {
-        return std::pair(a.time, a.file) > std::pair(b.time, b.file);
+        return std::tie(a.time, a.file) > std::tie(b.time, b.file);
     });
     return entries;
 }
 
+std::vector<Recovery_Entry> Recovery::list() {
+    std::vector<Recovery_Entry> entries = all();
+    std::erase_if(entries, [&](const Recovery_Entry& entry) { return entry.file == current_; });
+    return entries;
+}
+
 void Recovery::trim() {
-    const std::vector<Recovery_Entry> entries = list();
+    const std::vector<Recovery_Entry> entries = all();
     for (std::size_t k = recoveryLimit; k < entries.size(); ++k)
-        if (entries[k].file != current_) folder_.remove(entries[k].file);
+        if (entries[k].file != current_ && entries[k].file != spared_) folder_.remove(entries[k].file);
 }
 
 } // namespace zorvane

@@ -10,15 +10,17 @@
 
 namespace zorvane {
 
-/// Where recovery copies lie: a folder of small files. `write` replaces a file as a whole or not at all, also
+/// Where recovery copies lie: a folder of files. `write` replaces a file as a whole or not at all, also
 /// across a crash or a power cut; a copy that can't be written leaves the older one and returns false.
 class Recovery_Folder {
   public:
     virtual ~Recovery_Folder() = default;
     [[nodiscard]] virtual bool write(const std::string& name, const std::string& text) = 0;
     virtual void remove(const std::string& name) = 0;
-    [[nodiscard]] virtual std::string read(const std::string& name) = 0; ///< empty when there is none
+    /// The first few thousand bytes of a file; empty when there is none.
+    [[nodiscard]] virtual std::string beginning(const std::string& name) = 0;
     [[nodiscard]] virtual std::vector<std::string> list() = 0;
+    /// Under which the system's files find it.
     [[nodiscard]] virtual std::string path(const std::string& name) const = 0;
 };
 
@@ -34,36 +36,51 @@ struct Recovery_Entry {
 /// How many copies are kept; the oldest go first.
 inline constexpr std::size_t recoveryLimit = 50;
 
-/// The longest time from a change to its copy, in ms.
-inline constexpr std::int32_t recoveryIntervalMs = 30'000;
-
-/// Keeps the text of a document with unsaved changes, as the writer would write it, so that no order of effects and
-/// no crash costs more than the last half minute. A copy is a configuration file with a few comment lines in front.
+/// Keeps the text of a document with unsaved changes, as the writer would write it, so that no order of
+/// effects and no crash costs more than the last half minute. A copy is a configuration file with a few
+/// comment lines in front, and its extension names its template.
 class Recovery {
   public:
-    /// `now` gives the time of day as "YYYY-MM-DD hh:mm:ss".
-    Recovery(Recovery_Folder& folder, std::function<std::string()> now) : folder_(folder), now_(std::move(now)) {}
+    /// `now` gives the time of day as "YYYY-MM-DD hh:mm:ss". `session` stands in the names of the copies and
+    /// tells apart those of programs that run at the same time.
+    Recovery(Recovery_Folder& folder, std::function<std::string()> now, std::string session = "1")
+        : folder_(folder), now_(std::move(now)), session_(std::move(session)) {}
 
-    /// Writes the document's copy anew, if its text differs from what is kept. False when it couldn't be written.
-    bool keep(const Declara_Zorvane& document, std::string_view why);
+    /// Brings the copy of the document at hand up to date. `type` is the name of the document's template,
+    /// without ".ZTP". A document without fields has nothing to keep. False when the copy couldn't be
+    /// written; an older one then stays.
+    bool keep(const Declara_Zorvane& document, const std::string& type, std::string_view why);
     /// The document at hand was saved: its copy goes.
     void drop();
     /// The document at hand was closed or replaced: its copy stays, the next one starts a file of its own.
     void leave();
-    /// The newest first.
+    /// The document at hand was opened from that copy, and holds all of it: the copy is now its own.
+    void adopt(const std::string& file, const Declara_Zorvane& document);
+    /// That copy isn't to be thrown away as the oldest one; "" ends it.
+    void spare(const std::string& file) { spared_ = file; }
+
+    /// The copies but for that of the document at hand, the newest first.
     [[nodiscard]] std::vector<Recovery_Entry> list();
+    [[nodiscard]] std::string path(const Recovery_Entry& entry) const { return folder_.path(entry.file); }
 
   private:
+    [[nodiscard]] std::vector<Recovery_Entry> all();
     void trim();
-    [[nodiscard]] std::string newFile(const Declara_Zorvane& document, const std::string& time);
+    [[nodiscard]] std::string newFile(const std::string& type, const std::string& time);
 
     Recovery_Folder& folder_;
     std::function<std::string()> now_;
+    std::string session_;
     std::string current_; ///< file of the document at hand, empty while it has none
     std::string kept_;    ///< its text without the comment lines
+    std::string why_;
+    std::string spared_;
 };
 
-/// The text of a document as the writer writes it. What can't be written is left out, the rest stays.
+/// The text of a document as the writer writes it. A line that can't be made is left out, the rest stays.
 [[nodiscard]] std::string recoveryText(const Declara_Zorvane& document);
+
+/// A copy's text without the comment lines in front.
+[[nodiscard]] std::string_view withoutHeader(std::string_view copy);
 
 } // namespace zorvane

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zorvane {
@@ -23,13 +24,12 @@ struct Planned_Write {
 class Dry_Run_Link : public modbus_control {
   public:
     /// Values by address; an address that is missing reads 0.
-    explicit Dry_Run_Link(std::map<std::int32_t, std::uint16_t> registers = {})
-        : registers_(std::move(registers)) {}
+    using Registers = std::map<std::int32_t, std::uint16_t>;
+
+    explicit Dry_Run_Link(Registers registers = {}) : registers_(std::move(registers)) {}
 
     [[nodiscard]] const std::vector<Planned_Write>& writes() const noexcept { return writes_; }
-    [[nodiscard]] const std::map<std::int32_t, std::uint16_t>& registers() const noexcept {
-        return registers_;
-    }
+    [[nodiscard]] const Registers& registers() const noexcept { return registers_; }
 
     [[nodiscard]] std::int32_t RegisterValue(std::int32_t slave, std::int32_t address,
                                              bool isSigned = true) const override;
@@ -95,7 +95,7 @@ class Dry_Run_Link : public modbus_control {
   private:
     void write(int function, std::int32_t start, const std::vector<std::int32_t>& values);
 
-    std::map<std::int32_t, std::uint16_t> registers_;
+    Registers registers_;
     std::vector<Planned_Write> writes_;
     std::uint8_t transactions_ = 0;
     std::string mode_;

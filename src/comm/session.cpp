@@ -27,6 +27,13 @@ void PRO_Fin_Sesion(const Comm_Context& comm) {
     comm.link.EndSession();
 }
 
+void PRO_Registra_Bloques(const Comm_Context& comm) {
+    const auto& blocks = comm.document.Holding_Blocks;
+    for (std::int32_t i = 1; i <= blocks.upperBound(); ++i)
+        comm.link.AddScanBlock(blocks(i).First_Address, blocks(i).Last_Address, false, blocks(i).Request,
+                               comm.form.Unit_Id);
+}
+
 void selectScan(const Comm_Context& comm, const std::string& word) {
     comm.link.SetScanMode(word);
     comm.form.Current_Request = comm.link.ScanMode();

@@ -16,6 +16,10 @@ void MNU_Disconnect_Click(const Comm_Context& comm);
 /// Ends a polling session when its document closes; nothing when offline.
 void PRO_Fin_Sesion(const Comm_Context& comm);
 
+/// Hands the template's scan blocks to the link, after the template was read. A template without any is
+/// failure 9.
+void PRO_Registra_Bloques(const Comm_Context& comm);
+
 /// Chooses the blocks of the scan and keeps the word that the link then reports.
 void selectScan(const Comm_Context& comm, const std::string& word);
 

@@ -20,7 +20,8 @@ void refreshTitle(const Declara_Zorvane& document, const Main_Form_State& form, 
 }
 
 void applySaveRule(const Declara_Zorvane& document, Frame& frame) {
-    frame.setMenuEnabled(Menu_Entry::MNU_Save, upperCase(document.File_Stem) != "DEFAULT");
+    frame.setMenuEnabled(Menu_Entry::MNU_Save,
+                         upperCase(document.File_Stem) != "DEFAULT" && !document.No_Place);
 }
 
 } // namespace zorvane

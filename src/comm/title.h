@@ -15,7 +15,8 @@ void PRO_Titulo_Limpio(const Declara_Zorvane& document, Main_Form_State& form, F
 /// Writes the caption anew and leaves the mark as it is.
 void refreshTitle(const Declara_Zorvane& document, const Main_Form_State& form, Frame& frame);
 
-/// After a change: Save is on, except for the factory file of a model, which is never overwritten.
+/// After a change: Save is on, except for the factory file of a model, which is never overwritten, and for a
+/// document without a place, which Save As has to give one first.
 void applySaveRule(const Declara_Zorvane& document, Frame& frame);
 
 } // namespace zorvane

@@ -29,7 +29,7 @@ template <class Visit> void forEachAddress(const Frame_Facts& facts, Visit visit
 
 } // namespace
 
-Controller::Controller(const Register_Map& map, int unit, std::vector<Fault_Spec> faults, std::uint64_t seed)
+Controller::Controller(const Register_Map& map, int unit, std::vector<Fault_Rule> faults, std::uint64_t seed)
     : slave_(unit), picker_(std::move(faults), seed), dice_(~seed), unit_(unit), seed_(seed),
       addressBase_(map.addressBase) {
     for (const auto& [number, value] : map.values) {
@@ -55,7 +55,7 @@ Reaction Controller::take(Bytes_View request) {
     }
     const auto exception = refusal(facts);
     const bool broadcast = facts.unit == broadcastUnit;
-    const Fault_Spec* fault = broadcast ? nullptr : picker_.pick(question(facts, exception.has_value()));
+    const Fault_Rule* fault = broadcast ? nullptr : picker_.pick(question(facts, exception.has_value()));
     if (isWrite(facts.function))
         reaction.received.taken = !exception && (fault == nullptr || executes(fault->kind));
     if (fault != nullptr) reaction.received.fault = fault->text;
@@ -65,7 +65,7 @@ Reaction Controller::take(Bytes_View request) {
     return reaction;
 }
 
-void Controller::answerTo(Bytes_View request, const Fault_Spec* fault, std::optional<int> exception,
+void Controller::answerTo(Bytes_View request, const Fault_Rule* fault, std::optional<int> exception,
                           Reaction& reaction) {
     const Sealer sealed = [this](Bytes_View body) { return slave_.sealed(body); };
     const Frame_Facts& facts = *reaction.received.facts;

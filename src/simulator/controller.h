@@ -34,7 +34,7 @@ struct Reaction {
 class Controller {
   public:
     /// `unit` from 1 to 247. REQUIRES: every register of the map has an address on the wire.
-    Controller(const Register_Map& map, int unit, std::vector<Fault_Spec> faults, std::uint64_t seed);
+    Controller(const Register_Map& map, int unit, std::vector<Fault_Rule> faults, std::uint64_t seed);
 
     /// Takes a whole request whose check sum is right. Requests for other units lead to nothing, broadcasts
     /// are executed and not answered.
@@ -57,7 +57,7 @@ class Controller {
     [[nodiscard]] std::optional<int> refusal(const Frame_Facts& facts) const;
     [[nodiscard]] Fault_Question question(const Frame_Facts& facts, bool refused) const;
     [[nodiscard]] Bytes rightAnswer(Bytes_View request, std::optional<int> exception);
-    void answerTo(Bytes_View request, const Fault_Spec* fault, std::optional<int> exception,
+    void answerTo(Bytes_View request, const Fault_Rule* fault, std::optional<int> exception,
                   Reaction& reaction);
     void noteWritten(const Frame_Facts& facts);
     void moveLive(const Frame_Facts& facts);

@@ -17,25 +17,28 @@ Bytes wrongEcho(Bytes_View request, const Sealer& sealed, Dice& dice) {
     Bytes body(request.begin(), request.begin() + echoLength);
     // The low byte of the address, or that of the value or quantity.
     const std::size_t place = dice.below(2) == 0 ? 3 : 5;
-    body[place] = static_cast<std::uint8_t>(body[place] + 1 + dice.below(254));
+    body.at(place) = static_cast<std::uint8_t>(body.at(place) + 1 + dice.below(254));
     return sealed(body);
 }
 
 Bytes wrongUnit(Bytes_View answer, const Sealer& sealed) {
     Bytes body(answer.begin(), answer.end() - 2);
-    body[0] = body[0] >= highestUnit ? std::uint8_t{1} : static_cast<std::uint8_t>(body[0] + 1);
+    std::uint8_t& unit = body.at(0);
+    unit = unit >= highestUnit ? std::uint8_t{1} : static_cast<std::uint8_t>(unit + 1);
     return sealed(body);
 }
 
 Bytes oneRegisterFewer(Bytes_View answer, const Sealer& sealed) {
     Bytes body(answer.begin(), answer.end() - 4);
-    body[2] = static_cast<std::uint8_t>(body[2] - 2);
+    std::uint8_t& byteCount = body.at(2);
+    byteCount = static_cast<std::uint8_t>(byteCount - 2);
     return sealed(body);
 }
 
 Bytes wrongCheckSum(Bytes_View answer, Dice& dice) {
     Bytes bytes(answer.begin(), answer.end());
-    bytes.back() = static_cast<std::uint8_t>(bytes.back() + 1 + dice.below(254));
+    std::uint8_t& last = bytes.at(bytes.size() - 1);
+    last = static_cast<std::uint8_t>(last + 1 + dice.below(254));
     return bytes;
 }
 
@@ -66,7 +69,7 @@ Bytes exceptionAnswer(Bytes_View request, int exception, const Sealer& sealed) {
     return sealed(body);
 }
 
-Bytes replacedAnswer(const Fault_Spec& fault, Bytes_View request, const Sealer& sealed, Dice& dice) {
+Bytes replacedAnswer(const Fault_Rule& fault, Bytes_View request, const Sealer& sealed, Dice& dice) {
     switch (fault.kind) {
     case Fault_Kind::Exception:
         return exceptionAnswer(request, fault.value, sealed);
@@ -79,7 +82,7 @@ Bytes replacedAnswer(const Fault_Spec& fault, Bytes_View request, const Sealer& 
     }
 }
 
-Damaged_Answer damagedAnswer(const Fault_Spec& fault, Bytes_View answer, const Sealer& sealed, Dice& dice) {
+Damaged_Answer damagedAnswer(const Fault_Rule& fault, Bytes_View answer, const Sealer& sealed, Dice& dice) {
     const auto same = [](Bytes bytes) { return Damaged_Answer{bytes, bytes}; };
     const Bytes whole(answer.begin(), answer.end());
     switch (fault.kind) {

@@ -2,7 +2,7 @@
 
 #include "simulator/bytes.h"
 #include "simulator/dice.h"
-#include "simulator/fault_spec.h"
+#include "simulator/fault_rule.h"
 
 #include <functional>
 
@@ -16,7 +16,7 @@ using Sealer = std::function<Bytes(Bytes_View)>;
 
 /// The answer that stands in the place of the right one, for faults after which nothing is executed: an
 /// exception, or for functions 6 and 16 an echo with a wrong address, value or quantity. Empty for an unplug.
-[[nodiscard]] Bytes replacedAnswer(const Fault_Spec& fault, Bytes_View request, const Sealer& sealed,
+[[nodiscard]] Bytes replacedAnswer(const Fault_Rule& fault, Bytes_View request, const Sealer& sealed,
                                    Dice& dice);
 
 /// An answer as it leaves the line: what the fault made of its bytes, and the frame that can still be read in
@@ -25,7 +25,7 @@ struct Damaged_Answer {
     Bytes bytes;
     Bytes frame;
 };
-[[nodiscard]] Damaged_Answer damagedAnswer(const Fault_Spec& fault, Bytes_View answer, const Sealer& sealed,
+[[nodiscard]] Damaged_Answer damagedAnswer(const Fault_Rule& fault, Bytes_View answer, const Sealer& sealed,
                                            Dice& dice);
 
 /// The exception answer to a request.

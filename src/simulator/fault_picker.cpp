@@ -6,10 +6,10 @@ namespace {
 
 constexpr int readRegisters = 3;
 
-bool touches(const Fault_Spec& spec, const Fault_Question& question) noexcept {
-    if (!spec.first) return true;
+bool touches(const Fault_Rule& rule, const Fault_Question& question) noexcept {
+    if (!rule.first) return true;
     if (!question.first || !question.last) return false;
-    return *question.first <= *spec.last && *question.last >= *spec.first;
+    return *question.first <= *rule.last && *question.last >= *rule.first;
 }
 
 } // namespace
@@ -20,25 +20,25 @@ bool applies(Fault_Kind kind, const Fault_Question& question) noexcept {
     return true;
 }
 
-Fault_Picker::Fault_Picker(std::vector<Fault_Spec> specs, std::uint64_t seed) : dice_(seed) {
-    for (Fault_Spec& spec : specs)
-        entries_.push_back({std::move(spec), 0, {}});
+Fault_Picker::Fault_Picker(std::vector<Fault_Rule> rules, std::uint64_t seed) : dice_(seed) {
+    for (Fault_Rule& rule : rules)
+        entries_.push_back({std::move(rule), 0, {}});
 }
 
-const Fault_Spec* Fault_Picker::pick(const Fault_Question& question) {
+const Fault_Rule* Fault_Picker::pick(const Fault_Question& question) {
     for (Entry& entry : entries_)
-        if (strikes(entry, question)) return &entry.spec;
+        if (strikes(entry, question)) return &entry.rule;
     return nullptr;
 }
 
 bool Fault_Picker::strikes(Entry& entry, const Fault_Question& question) {
-    const Fault_Spec& spec = entry.spec;
-    if (!applies(spec.kind, question) || !touches(spec, question)) return false;
-    if (spec.count && entry.struck >= *spec.count) return false;
-    if (spec.percent && dice_.unit() * 100 >= *spec.percent) return false;
-    if (spec.kind == Fault_Kind::Busy) {
+    const Fault_Rule& rule = entry.rule;
+    if (!applies(rule.kind, question) || !touches(rule, question)) return false;
+    if (rule.count && entry.struck >= *rule.count) return false;
+    if (rule.percent && dice_.unit() * 100 >= *rule.percent) return false;
+    if (rule.kind == Fault_Kind::Busy) {
         int& answered = entry.busyAnswers[question.first.value_or(-1)];
-        if (answered >= spec.value) return false;
+        if (answered >= rule.value) return false;
         ++answered;
     }
     ++entry.struck;

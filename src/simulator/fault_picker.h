@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/dice.h"
-#include "simulator/fault_spec.h"
+#include "simulator/fault_rule.h"
 
 #include <cstdint>
 #include <map>
@@ -25,14 +25,14 @@ struct Fault_Question {
 /// Chooses the fault of each request. The same faults, seed and questions give the same choices.
 class Fault_Picker {
   public:
-    Fault_Picker(std::vector<Fault_Spec> specs, std::uint64_t seed);
+    Fault_Picker(std::vector<Fault_Rule> rules, std::uint64_t seed);
 
     /// The first fault, in the order given, that strikes; null for none. Good until the picker goes.
-    [[nodiscard]] const Fault_Spec* pick(const Fault_Question& question);
+    [[nodiscard]] const Fault_Rule* pick(const Fault_Question& question);
 
   private:
     struct Entry {
-        Fault_Spec spec;
+        Fault_Rule rule;
         int struck = 0;
         std::map<std::int32_t, int> busyAnswers; ///< by first register
     };

@@ -49,6 +49,8 @@ bool Modbus_Slave::checkSumRight(Bytes_View frame) {
 }
 
 Bytes Modbus_Slave::answer(Bytes_View request) {
+    // libmodbus would take the frame after a request to another unit for that unit's answer.
+    if (request[0] != MODBUS_BROADCAST_ADDRESS && request[0] != modbus_get_slave(context_.get())) return {};
     if (::send(outer_.get(), request.data(), request.size(), MSG_NOSIGNAL) !=
         static_cast<ssize_t>(request.size()))
         fail("socket pair");

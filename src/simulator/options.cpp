@@ -68,7 +68,7 @@ void addOptions(CLI::App& app, Options& options, Texts& texts) {
 std::string combinationComplaint(const Options& options) {
     const bool unplugs =
         std::any_of(options.faults.begin(), options.faults.end(),
-                    [](const Fault_Spec& fault) { return fault.kind == Fault_Kind::Unplug; });
+                    [](const Fault_Rule& fault) { return fault.kind == Fault_Kind::Unplug; });
     if (unplugs && options.ptyLink.empty()) return "unplug needs a pseudo-terminal (--pty)";
     if (options.ptyLink.empty() && options.device.empty()) return "--pty and --port need a name";
     return {};

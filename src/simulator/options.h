@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/fault_spec.h"
+#include "simulator/fault_rule.h"
 #include "simulator/line_pace.h"
 
 #include <cstdint>
@@ -24,7 +24,7 @@ struct Options {
     std::optional<int> pace; ///< baud; none: as fast as it goes
     int turnaroundMs = 0;
     std::uint64_t seed = 1;
-    std::vector<Fault_Spec> faults;
+    std::vector<Fault_Rule> faults;
     std::string log; ///< empty: none, "-": standard output
 };
 

@@ -1,6 +1,7 @@
 #include "simulator/pseudo_terminal.h"
 
 #include <sys/inotify.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 
 #include <array>
@@ -24,7 +25,7 @@ namespace {
     throw std::runtime_error(what + ": " + std::generic_category().message(errno));
 }
 
-/// Bytes pass as they are, without echo and line editing, whatever a client sets later.
+/// Bytes pass as they are, without echo and line editing, until a client sets the terminal its own way.
 void makeRaw(int terminal) {
     termios settings{};
     if (::tcgetattr(terminal, &settings) != 0) fail("pseudo-terminal");
@@ -107,8 +108,11 @@ bool Pseudo_Terminal::clientsChanged() {
             changed = changed || clients_ == (opened ? 1 : 0);
         }
     }
-    if (changed) ::tcflush(held_.get(), TCIFLUSH);
-    return changed;
+    if (!changed) return false;
+    ::tcflush(held_.get(), TCIFLUSH);
+    // A client that died may have left the terminal closed to others, since its last descriptor is held here.
+    if (clients_ == 0) ::ioctl(held_.get(), TIOCNXCL);
+    return true;
 }
 
 } // namespace zorvane::simulator

@@ -27,12 +27,12 @@ class Map_Builder {
   private:
     void addBlock(std::int64_t first, std::int64_t last);
     void addField(const Field_Rec& field);
-    void addCell(const Cell_Rec& cell, std::string_view negativeFormat);
-    void addLive(const Cell_Rec& cell, std::string_view negativeFormat, std::int32_t number);
+    void addCell(const Cell_Rec& cell, const Cell_Rec& definition);
+    void addLive(const Cell_Rec& cell, const Cell_Rec& definition, std::int32_t number);
 
     const Declara_Zorvane& document_;
     std::vector<Register_Span> always_;
-    std::set<std::int32_t> still_; ///< shared with a half or a text
+    std::set<std::int32_t> still_; ///< a setting, or shared with a half or a text
 };
 
 void Map_Builder::addBlocks() {
@@ -66,10 +66,10 @@ void Map_Builder::addField(const Field_Rec& field) {
     const Cell_Table& cells = field.Cells;
     for (std::int32_t row = 1; row <= cells.rows(); ++row)
         for (std::int32_t column = 1; column <= cells.lastWrittenColumn(row); ++column)
-            addCell(cells(row, column), cells(0, column).Bits_Negative_Format);
+            addCell(cells(row, column), cells(0, column));
 }
 
-void Map_Builder::addCell(const Cell_Rec& cell, std::string_view negativeFormat) {
+void Map_Builder::addCell(const Cell_Rec& cell, const Cell_Rec& definition) {
     const auto span = registersOf(cell);
     if (!span) return;
     for (std::int64_t number = span->first; number <= span->last; ++number) {
@@ -80,17 +80,21 @@ void Map_Builder::addCell(const Cell_Rec& cell, std::string_view negativeFormat)
         }
         std::uint16_t& value = map_.values[known];
         // A cell without a value leaves what another cell of the same register said.
-        if (!cell.Value.empty()) value = encodedRegister(cell, negativeFormat, known - span->first, value);
-        addLive(cell, negativeFormat, known);
+        if (!cell.Value.empty())
+            value = encodedRegister(cell, definition.Bits_Negative_Format, known - span->first, value);
+        addLive(cell, definition, known);
     }
 }
 
-void Map_Builder::addLive(const Cell_Rec& cell, std::string_view negativeFormat, std::int32_t number) {
+/// What the user may edit is a setting and keeps still, though its block is scanned with the readings.
+void Map_Builder::addLive(const Cell_Rec& cell, const Cell_Rec& definition, std::int32_t number) {
     const bool always = std::any_of(always_.begin(), always_.end(), [number](const Register_Span& block) {
         return number >= block.first && number <= block.last;
     });
     if (!always || still_.contains(number)) return;
-    if (const auto range = liveRangeOf(cell, negativeFormat)) {
+    const auto range =
+        definition.Modifiable ? std::nullopt : liveRangeOf(cell, definition.Bits_Negative_Format);
+    if (range) {
         map_.live.try_emplace(number, *range);
     } else {
         still_.insert(number);

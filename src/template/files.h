@@ -7,6 +7,9 @@
 
 namespace zorvane {
 
+/// Between the names of a path.
+inline constexpr char folderSeparator = '/';
+
 /// A text file being written, line by line; each line ends in CR LF. A line that can't be written, or an end
 /// that can't be reached, is a run-time failure (61 disk full, 75 path/file access). Destroying it without
 /// `close` closes it and reports nothing.

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
+#include <unistd.h>
 #include <utility>
 
 namespace zorvane {
@@ -65,15 +66,22 @@ class Native_Writer : public Text_Writer {
         put("\r\n");
     }
 
+    /// A file counts as written once it would outlast a power cut.
     void close() override {
-        std::FILE* file = file_.release();
-        if (file != nullptr && std::fclose(file) != 0) throw Run_Time_Failure(failureOf(errno));
+        if (!file_) return;
+        if (std::fflush(file_.get()) != 0 || !reachedDisk()) throw Run_Time_Failure(failureOf(errno));
+        if (std::fclose(file_.release()) != 0) throw Run_Time_Failure(failureOf(errno));
     }
 
   private:
     void put(std::string_view text) {
         if (std::fwrite(text.data(), 1, text.size(), file_.get()) != text.size())
             throw Run_Time_Failure(failureOf(errno));
+    }
+
+    /// Pipes and devices can't be asked to.
+    [[nodiscard]] bool reachedDisk() const {
+        return fsync(fileno(file_.get())) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
     }
 
     File_Handle file_;

@@ -22,44 +22,64 @@ std::string listLine(const char* name, std::int32_t k, std::int32_t count, Item&
     return line;
 }
 
-void writeUpperGrid(const Declara_Zorvane& document, Text_Writer& writer) {
-    writer.writeLine("[Configuration_Default]");
-    for (std::int32_t f = 1; f <= document.Field_Count; ++f) {
-        const Field_Rec& field = document.Fields(f);
-        writer.writeLine(listLine("FIELD_", f, document.Config_Column_Count,
-                                  [&](std::int32_t c) { return field.Config_Values(c); }));
+/// Writes the lines of a configuration file. `Guard` runs each step of it, and decides what a failure of the
+/// step means for the rest.
+template <class Guard> class Line_Writer {
+  public:
+    Line_Writer(const Declara_Zorvane& document, Text_Writer& writer, Guard guard)
+        : document_(document), writer_(writer), guard_(guard) {}
+
+    void writeAll() const {
+        writeUpperGrid();
+        for (std::int32_t f = 1; f <= document_.Field_Count; ++f)
+            guard_([&] { writeRows(document_.Fields(f), f); });
+        for (std::int32_t f = 1; f <= document_.Field_Count; ++f)
+            guard_([&] { writeWidths(document_.Fields(f), f); });
     }
-    writer.writeLine("");
-}
 
-void writeRows(const Field_Rec& field, std::int32_t f, Text_Writer& writer) {
-    writer.writeLine("[Field_" + numberText(f) + "_Default]");
-    for (std::int32_t r = 1; r <= field.Rows; ++r)
-        writer.writeLine(listLine("ROW_", r, field.Columns,
-                                  [&](std::int32_t c) { return writtenValue(field.Cells(r, c)); }));
-    writer.writeLine("");
-}
+  private:
+    void writeUpperGrid() const {
+        writer_.writeLine("[Configuration_Default]");
+        for (std::int32_t f = 1; f <= document_.Field_Count; ++f)
+            guard_([&] {
+                const Field_Rec& field = document_.Fields(f);
+                writer_.writeLine(listLine("FIELD_", f, document_.Config_Column_Count,
+                                           [&](std::int32_t c) { return field.Config_Values(c); }));
+            });
+        writer_.writeLine("");
+    }
 
-void writeWidths(const Field_Rec& field, std::int32_t f, Text_Writer& writer) {
-    writer.writeLine("[Default_" + numberText(f) + "_Columns]");
-    for (std::int32_t c = 1; c <= field.Columns; ++c)
-        writer.writeLine("COL_" + numberText(c) +
-                         "_WIDTH=" + numberText(std::int32_t{field.Cells(0, c).Width}));
-    writer.writeLine("");
-}
+    void writeRows(const Field_Rec& field, std::int32_t f) const {
+        writer_.writeLine("[Field_" + numberText(f) + "_Default]");
+        for (std::int32_t r = 1; r <= field.Rows; ++r)
+            guard_([&] {
+                writer_.writeLine(listLine("ROW_", r, field.Columns,
+                                           [&](std::int32_t c) { return writtenValue(field.Cells(r, c)); }));
+            });
+        writer_.writeLine("");
+    }
+
+    void writeWidths(const Field_Rec& field, std::int32_t f) const {
+        writer_.writeLine("[Default_" + numberText(f) + "_Columns]");
+        for (std::int32_t c = 1; c <= field.Columns; ++c)
+            writer_.writeLine("COL_" + numberText(c) +
+                              "_WIDTH=" + numberText(std::int32_t{field.Cells(0, c).Width}));
+        writer_.writeLine("");
+    }
+
+    const Declara_Zorvane& document_;
+    Text_Writer& writer_;
+    Guard guard_;
+};
 
 } // namespace
 
 void writeConfiguration(const Declara_Zorvane& document, Text_Writer& writer) {
-    writeUpperGrid(document, writer);
-    writeFieldValues(document, writer);
+    Line_Writer(document, writer, [](const auto& step) { step(); }).writeAll();
 }
 
-void writeFieldValues(const Declara_Zorvane& document, Text_Writer& writer) {
-    for (std::int32_t f = 1; f <= document.Field_Count; ++f)
-        writeRows(document.Fields(f), f, writer);
-    for (std::int32_t f = 1; f <= document.Field_Count; ++f)
-        writeWidths(document.Fields(f), f, writer);
+void writeWhatHolds(const Declara_Zorvane& document, Text_Writer& writer) {
+    Line_Writer(document, writer, [](const auto& step) { ignoringFailure(step); }).writeAll();
 }
 
 void PRO_Escribe_Archivo(Declara_Zorvane& document, Files& files, const std::string& path,

@@ -16,7 +16,7 @@ void PRO_Escribe_Archivo(Declara_Zorvane& document, Files& files, const std::str
 /// The same lines to any writer. Failures go to the caller.
 void writeConfiguration(const Declara_Zorvane& document, Text_Writer& writer);
 
-/// Its second half: the rows of all fields, then the widths of all their columns.
-void writeFieldValues(const Declara_Zorvane& document, Text_Writer& writer);
+/// The same lines, but for those that can't be made: they are left out and the rest is written.
+void writeWhatHolds(const Declara_Zorvane& document, Text_Writer& writer);
 
 } // namespace zorvane

@@ -1,6 +1,7 @@
 #include "template/pro_escribe_archivo.h"
 #include "template/testing/document_text.h"
 #include "template/testing/reading_bench.h"
+#include "values/testing/failure_number.h"
 
 #include <gtest/gtest.h>
 
@@ -201,11 +202,21 @@ TEST_F(Writing, OverwritesTheFileThatExistsInAnotherLetterCase) {
     EXPECT_TRUE(bench.files.text("/home/site7.abc")->starts_with("[Configuration_Default]"));
 }
 
-TEST_F(Writing, FieldValuesAloneLeaveTheUpperGridOut) {
-    const auto writer = bench.files.create("half");
-    writeFieldValues(bench.document, *writer);
-    writer->close();
-    EXPECT_TRUE(bench.files.text("half")->starts_with("[Field_1_Default]\r\nROW_1=10,On\r\n"));
+TEST_F(Writing, WhatHoldsIsWrittenWithoutTheLinesThatCantBeMade) {
+    const auto whole = bench.files.create("whole");
+    writeConfiguration(bench.document, *whole);
+    bench.document.Fields(1).Cells(1, 2).Value = "99999999999"; // a code beyond 32 bits
+    bench.document.Config_Column_Count = 90;
+    EXPECT_EQ(doubles::failureNumber([&] { writeConfiguration(bench.document, *bench.files.create("no")); }),
+              9);
+    const auto holding = bench.files.create("holding");
+    writeWhatHolds(bench.document, *holding);
+    std::string expected = *bench.files.text("whole");
+    for (const std::string beginning : {"FIELD_1=", "ROW_1="}) {
+        const std::size_t start = expected.find(beginning);
+        expected.erase(start, expected.find('\n', start) + 1 - start);
+    }
+    EXPECT_EQ(bench.files.text("holding"), expected);
 }
 
 } // namespace

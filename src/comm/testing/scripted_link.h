@@ -15,8 +15,8 @@ namespace zorvane::doubles {
 /// How one exchange of a write ends.
 struct Exchange {
     bool good = true;
-    std::string response;            ///< `LastResponse` afterwards
-    std::function<void()> before;    ///< runs just before it ends, as an event during the wait
+    std::string response{};          ///< `LastResponse` afterwards
+    std::function<void()> before{};  ///< runs just before it ends, as an event during the wait
     std::string line1 = "Tx: 01 06"; ///< `ExchangeLine1`
     std::string line2 = "Rx: 01 06"; ///< `ExchangeLine2`
 };

@@ -14,6 +14,7 @@ void PRO_Limpia_Modelo(Declara_Zorvane& document) {
     document.File_Stem.clear();
     document.File_Extension.clear();
     document.File_Folder.clear();
+    document.No_Place = false;
 }
 
 void PRO_Prepara_Lectura(Declara_Zorvane& document) {

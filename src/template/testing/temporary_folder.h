@@ -11,7 +11,8 @@ namespace zorvane::doubles {
 /// An empty folder that lives as long as the object, owned by the user in force.
 class Temporary_Folder {
   public:
-    Temporary_Folder() : path_((std::filesystem::temp_directory_path() / "zorvane-XXXXXX").string()) {
+    explicit Temporary_Folder(const std::filesystem::path& parent = std::filesystem::temp_directory_path())
+        : path_((parent / "zorvane-XXXXXX").string()) {
         if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no temporary folder: " + path_);
     }
     ~Temporary_Folder() {

@@ -26,7 +26,7 @@ enum class Fault_Kind {
 
 /// A fault, how often it strikes, and where. Without percent and count it strikes every time; the range is of
 /// register numbers, and a request is meant when it touches the range.
-struct Fault_Spec {
+struct Fault_Rule {
     Fault_Kind kind = Fault_Kind::Silent;
     int value = 0;
     std::optional<double> percent; ///< above 0, up to 100
@@ -45,7 +45,7 @@ class Bad_Fault : public std::invalid_argument {
 /// KIND[=VALUE][:RATE%|:COUNT][@FIRST[-LAST]], such as `crc:5%`, `silent:3@40010-40020`, `late=300:10%@1-50`.
 /// late, truncate, noise, exception and busy need a value; unplug may have one (1000 ms without). Throws
 /// `Bad_Fault`.
-[[nodiscard]] Fault_Spec parseFault(std::string_view text);
+[[nodiscard]] Fault_Rule parseFault(std::string_view text);
 
 /// The grammar and the kinds, for the program's help.
 [[nodiscard]] std::string faultHelp();

@@ -1,4 +1,4 @@
-#include "simulator/fault_spec.h"
+#include "simulator/fault_rule.h"
 
 #include <algorithm>
 #include <array>
@@ -98,39 +98,39 @@ double parsePercent(std::string_view rate, std::string_view text) {
     return percent;
 }
 
-void parseFrequency(std::string_view frequency, std::string_view text, Fault_Spec& spec) {
+void parseFrequency(std::string_view frequency, std::string_view text, Fault_Rule& rule) {
     if (!frequency.empty() && frequency.back() == '%') {
-        spec.percent = parsePercent(frequency, text);
+        rule.percent = parsePercent(frequency, text);
         return;
     }
-    spec.count = parseWhole<int>(frequency);
-    if (!spec.count || *spec.count < 1) refuse(text, "behind \":\" stands a rate (5%) or a count from 1");
+    rule.count = parseWhole<int>(frequency);
+    if (!rule.count || *rule.count < 1) refuse(text, "behind \":\" stands a rate (5%) or a count from 1");
 }
 
-void parseRange(std::string_view range, std::string_view text, Fault_Spec& spec) {
+void parseRange(std::string_view range, std::string_view text, Fault_Rule& rule) {
     std::string_view start = range;
     const auto end = cutTail(start, '-');
-    spec.first = parseWhole<std::int32_t>(start);
-    spec.last = end ? parseWhole<std::int32_t>(*end) : spec.first;
-    if (!spec.first || !spec.last || *spec.first < 0 || *spec.last < *spec.first)
+    rule.first = parseWhole<std::int32_t>(start);
+    rule.last = end ? parseWhole<std::int32_t>(*end) : rule.first;
+    if (!rule.first || !rule.last || *rule.first < 0 || *rule.last < *rule.first)
         refuse(text, "behind \"@\" stands a register or a range, as in 40010 or 40010-40020");
 }
 
 } // namespace
 
-Fault_Spec parseFault(std::string_view text) {
-    Fault_Spec spec;
-    spec.text = text;
+Fault_Rule parseFault(std::string_view text) {
+    Fault_Rule rule;
+    rule.text = text;
     std::string_view rest = text;
     const auto range = cutTail(rest, '@');
     const auto frequency = cutTail(rest, ':');
     const auto value = cutTail(rest, '=');
     const Kind_Entry& entry = kindOf(rest, text);
-    spec.kind = entry.kind;
-    spec.value = parseValue(entry, value, text);
-    if (frequency) parseFrequency(*frequency, text, spec);
-    if (range) parseRange(*range, text, spec);
-    return spec;
+    rule.kind = entry.kind;
+    rule.value = parseValue(entry, value, text);
+    if (frequency) parseFrequency(*frequency, text, rule);
+    if (range) parseRange(*range, text, rule);
+    return rule;
 }
 
 std::string faultHelp() {

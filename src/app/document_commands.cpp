@@ -1,0 +1,179 @@
+#include "app/document_commands.h"
+
+#include "app/menu_state.h"
+#include "app/recovery_keeper.h"
+#include "comm/session.h"
+#include "comm/title.h"
+#include "template/file_names.h"
+#include "template/pro_escribe_archivo.h"
+#include "values/numbers.h"
+
+namespace zorvane {
+
+namespace {
+
+constexpr std::int32_t savingMs = 1000;
+constexpr int saveFailure = 1000;
+
+void clearClosed(const App_Context& app) {
+    app.frame.setPartVisible(Form_Part::Frame2, false);
+    app.frame.setPartVisible(Form_Part::Frame3, false);
+    PRO_Limpia_Documento(app);
+    app.frame.setMenuEnabled(Menu_Entry::MNU_Close, false);
+    PRO_Deshabilita_Menus(app);
+}
+
+std::string savingText(const std::string& name) { return "Saving file " + name + " ..."; }
+
+/// Widths that the user dragged reach the file through Save As only.
+void keepWidths(const App_Context& app) {
+    Declara_Zorvane& document = app.document();
+    const VSFlexGrid& grid = app.grids.FLX_Settings;
+    Field_Rec& field = document.Fields(document.Selected_Field);
+    for (std::int32_t c = 1; c <= field.Columns; ++c)
+        field.Cells(0, c).Width = toInteger(grid.ColWidth(c - 1));
+}
+
+/// The factory file of a model is created once and never changed; true when this save would change it.
+bool refuseFactoryFile(const App_Context& app) {
+    const Declara_Zorvane& document = app.document();
+    if (document.File_Stem != "DEFAULT") {
+        app.frame.setPanel(Panel::ReadOnly, "");
+        app.frame.setMenuEnabled(Menu_Entry::MNU_Save, true);
+        return false;
+    }
+    app.frame.setPanel(Panel::ReadOnly, "READ ONLY");
+    app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
+    if (!app.files.exists(document.File_Folder + "DEFAULT." + document.File_Extension)) return false;
+    app.frame.setPanel(Panel::Message, "Default file can't be overwritted...");
+    app.frame.Msgb_Show("Default file can't be overwritted!", Msgb_Information, applicationTitle);
+    app.frame.setPanel(Panel::Message, "");
+    app.document().Save_Failed = true;
+    app.frame.setFormEnabled(true);
+    return true;
+}
+
+/// Writes the file that was chosen. Failures go to the caller.
+void saveChosen(const App_Context& app, const std::string& path) {
+    Declara_Zorvane& document = app.document();
+    app.frame.setPanel(Panel::Message, savingText(path.substr(path.rfind(folderSeparator) + 1)));
+    app.frame.setFormEnabled(false);
+    keepWidths(app);
+    keepCopy(app, "before Save As");
+    takeName(document, path);
+    if (refuseFactoryFile(app)) return;
+    std::string result;
+    PRO_Escribe_Archivo(document, app.files, path, result);
+    if (!result.empty()) throw Run_Time_Failure(saveFailure, result);
+    app.recovery.drop();
+    PRO_Titulo_Limpio(document, app.form(), app.frame);
+    app.frame.wait_ms(savingMs);
+    app.frame.setFormEnabled(true);
+    app.frame.setPanel(Panel::Message, "");
+}
+
+/// Shows the dialog; false when the user cancelled.
+bool chooseTarget(const App_Context& app) {
+    CommonDialog& dialog = app.frame.dialog();
+    const std::string& extension = app.document().File_Extension;
+    dialog.FileName.clear();
+    dialog.DialogTitle = "Save as";
+    dialog.Flags = Dialog_HideReadOnly;
+    dialog.Filter = extension + " Configuration (*." + extension + ")|*." + extension + "|";
+    dialog.CancelError = true;
+    dialog.FilterIndex = 1;
+    if (ignoringFailure([&] { dialog.ShowSave(); })) return true;
+    dialog.FileName.clear();
+    return false;
+}
+
+} // namespace
+
+void takeName(Declara_Zorvane& document, std::string_view path) {
+    const Document_Name name = documentName(path);
+    document.File_Folder = name.folder;
+    document.File_Stem = name.stem;
+    if (name.hasExtension) document.File_Extension = name.extension;
+    document.No_Place = false;
+}
+
+void PRO_Limpia_Documento(const App_Context& app) {
+    PRO_Limpia_Modelo(app.document());
+    app.grids.FLX_Configuration.setRows(0);
+    app.grids.FLX_Settings.setRows(0);
+    app.form().Document_Open = false;
+    app.frame.setPanel(Panel::ReadOnly, "");
+    app.frame.setPanel(Panel::LinkState, "");
+    app.frame.setCaption(applicationTitle);
+    app.form().Dirty = false;
+    app.state.Filter_Text.clear();
+    app.state.modelEmptied = false;
+}
+
+void PRO_Cierra_Documento(const App_Context& app, bool& ok) {
+    ok = true;
+    if (app.document().File_Stem.empty()) return;
+    if (app.form().Dirty) {
+        const int answer = app.frame.Msgb_Show(saveQuestion, saveQuestionStyle, applicationTitle);
+        if (answer == Msgb_Code_Cancel) {
+            ok = false;
+            return;
+        }
+        PRO_Fin_Sesion(app.grids.comm);
+        if (answer == Msgb_Code_Yes) {
+            app.document().Save_Failed = false;
+            MNU_Saveas_Click(app);
+            if (app.document().Save_Failed) {
+                app.form().Dirty = true;
+                app.frame.Msgb_Show(cannotWrite, Msgb_Information, applicationTitle);
+                return;
+            }
+        }
+    } else {
+        PRO_Fin_Sesion(app.grids.comm);
+    }
+    clearClosed(app);
+}
+
+void MNU_Close_Click(const App_Context& app) {
+    app.frame.closePreviews();
+    if (app.form().Dirty) keepCopy(app, "before Close");
+    bool ok = true;
+    PRO_Cierra_Documento(app, ok);
+    if (!app.form().Document_Open) app.recovery.leave();
+}
+
+void MNU_Save_Click(const App_Context& app) {
+    Declara_Zorvane& document = app.document();
+    if (document.No_Place) return MNU_Saveas_Click(app);
+    const std::string name = document.File_Stem + "." + document.File_Extension;
+    app.frame.setPanel(Panel::Message, savingText(name));
+    keepCopy(app, "before Save");
+    std::string result;
+    PRO_Escribe_Archivo(document, app.files, document.File_Folder + name, result);
+    const std::string saved = recoveryText(document);
+    app.frame.wait_ms(savingMs);
+    if (result.empty())
+        settleCopy(app, saved);
+    else
+        keepCopy(app, "Save failed");
+    PRO_Titulo_Limpio(document, app.form(), app.frame);
+    app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
+    app.frame.setPanel(Panel::Message, "");
+}
+
+void MNU_Saveas_Click(const App_Context& app) {
+    if (!chooseTarget(app)) return;
+    try {
+        saveChosen(app, app.frame.dialog().FileName);
+    } catch (const Run_Time_Failure& failure) {
+        keepCopy(app, "Save As failed");
+        app.document().Save_Failed = true;
+        app.frame.setFormEnabled(true);
+        app.frame.Msgb_Show("Can't Save file : path/file error or directory is read only.\r\nExtra info: " +
+                                std::string(failure.description()),
+                            Msgb_Ok, applicationTitle);
+    }
+}
+
+} // namespace zorvane

@@ -1,0 +1,189 @@
+#include "app/document_commands.h"
+#include "app/font_size.h"
+#include "app/menu_state.h"
+#include "app/open_steps.h"
+#include "app/recovery_keeper.h"
+#include "comm/session.h"
+#include "comm/title.h"
+#include "grids/fill_configuration.h"
+#include "grids/fill_settings.h"
+#include "template/file_names.h"
+#include "template/pro_actualiza_archivo.h"
+#include "values/code_page.h"
+
+#include <vector>
+
+namespace zorvane {
+
+namespace {
+
+const std::string filterKey = "filtro";
+
+/// The file types on offer: one for each template of the application folder. The one last used is chosen.
+std::vector<std::string> offerTemplates(const App_Context& app) {
+    const std::string saved =
+        upperCase(app.settings.GetSetting(applicationTitle, "MainWindow", filterKey, std::string{}));
+    std::vector<std::string> items;
+    for (const std::string& name : app.files.list(app.applicationFolder)) {
+        const auto [stem, extension] = splitName(name);
+        if (extension != "ZTP") continue;
+        items.push_back(filterItem(stem));
+        app.state.Filter_Text += items.back();
+        if (upperCase(items.back()) == saved) app.frame.dialog().FilterIndex = static_cast<int>(items.size());
+    }
+    return items;
+}
+
+/// Shows the dialog until an existing file was chosen; false when the user cancelled.
+bool chooseFile(const App_Context& app) {
+    CommonDialog& dialog = app.frame.dialog();
+    for (;;) {
+        dialog.FileName.clear();
+        dialog.DialogTitle = "Open";
+        dialog.Filter = app.state.Filter_Text;
+        dialog.CancelError = true;
+        if (!ignoringFailure([&] { dialog.ShowOpen(); })) {
+            dialog.FileName.clear();
+            return false;
+        }
+        if (app.files.exists(dialog.FileName)) return true;
+    }
+}
+
+/// Empties the model before anything was asked: the grids go on showing the old document.
+void emptyModel(const App_Context& app, const std::vector<std::string>& items) {
+    Declara_Zorvane& document = app.document();
+    if (app.form().Dirty) keepCopy(app, "before Open");
+    app.state.modelEmptied = true;
+    document.Download_Blocks.redim(0);
+    document.Fields.redim(0);
+    document.Selected_Field = 0;
+    const int chosen = app.frame.dialog().FilterIndex;
+    if (chosen >= 1 && chosen <= static_cast<int>(items.size()))
+        app.settings.SaveSetting(applicationTitle, "MainWindow", filterKey,
+                                 items[static_cast<std::size_t>(chosen) - 1]);
+    document.Not_Downloadable_Count = 0;
+}
+
+void hideGrids(const App_Context& app) {
+    app.grids.FLX_Settings.setVisible(false);
+    app.frame.setPartVisible(Form_Part::Frame2, false);
+    app.frame.setPartVisible(Form_Part::Frame3, false);
+    app.frame.setPartEnabled(Form_Part::Frame2, false);
+    if (app.form().Online) MNU_Disconnect_Click(app.grids.comm);
+}
+
+void readTemplate(const App_Context& app, const std::string& path) {
+    Declara_Zorvane& document = app.document();
+    document.Fields.redim(highestField);
+    document.Holding_Block_Count = 0;
+    app.link().ClearBlocks();
+    app.state.documentType = lastExtension(path);
+    ignoringFailure([&] {
+        PRO_Leer_INIFIle(document, app.reading(),
+                         app.applicationFolder + folderSeparator + templateName(path));
+    });
+    ignoringFailure([&] { PRO_Registra_Bloques(app.grids.comm); });
+}
+
+void showFields(const App_Context& app) {
+    ignoringFailure([&] { PRO_Arma_Configuration(app.grids); });
+    ignoringFailure([&] { PRO_Llena_Configuration(app.grids); });
+    app.form().Document_Open = true;
+    app.document().Selected_Field = 1;
+    ignoringFailure([&] { app.grids.FLX_Configuration.setRow(1); });
+}
+
+void nameDocument(const App_Context& app, const Opening& opening) {
+    Declara_Zorvane& document = app.document();
+    takeName(document, opening.recoveredName.value_or(opening.path));
+    document.No_Place = opening.recoveredName.has_value();
+}
+
+/// Rewrites a file of the older generation and reads the result over the model that the first reading left.
+void updateDocument(const App_Context& app, bool& ok) {
+    Declara_Zorvane& document = app.document();
+    const std::string stem = document.File_Folder + document.File_Stem;
+    ignoringFailure([&] { PRO_Actualiza_Archivo(app.files, stem, document.File_Extension); });
+    ignoringFailure([&] {
+        PRO_Leer_DefaultFIle(document, app.reading(), updatedPath(stem, document.File_Extension), ok);
+    });
+    document.File_Stem += "_Updated";
+    PRO_Titulo_Limpio(document, app.form(), app.frame);
+    PRO_Quita_Solo_Lectura(app);
+}
+
+/// Reads the user's file; true when it had to be brought up to date first. A recovery copy never is: it was
+/// written by this generation.
+bool readDocument(const App_Context& app, const Opening& opening, bool& ok) {
+    Declara_Zorvane& document = app.document();
+    ignoringFailure([&] { PRO_Leer_DefaultFIle(document, app.reading(), opening.path, ok); });
+    if (ok) {
+        PRO_Titulo_Limpio(document, app.form(), app.frame);
+        app.frame.setPanel(Panel::Message, "");
+        return false;
+    }
+    if (opening.recoveredName || lastExtension(opening.path).find("KVRT") == std::string::npos) {
+        app.frame.setPanel(Panel::Message, "This file fit on the template.");
+        return false;
+    }
+    updateDocument(app, ok);
+    return true;
+}
+
+void showDocument(const App_Context& app) {
+    PRO_Habilita_Menus(app);
+    app.frame.setMenuEnabled(Menu_Entry::MNU_Close, true);
+    app.form().Scan_Index = 0;
+    ignoringFailure([&] { PRO_Selecciona_Primera(app.grids); });
+    app.frame.setPartVisible(Form_Part::Frame2, true);
+    app.frame.setPartVisible(Form_Part::Frame3, true);
+    app.frame.setPartEnabled(Form_Part::Frame2, true);
+    // The font size uses the panel, too; what was said of the file is still to be read afterwards.
+    const std::string status = app.frame.panel(Panel::Message);
+    PRO_Aplica_Font(app);
+    if (!status.empty()) app.frame.setPanel(Panel::Message, status);
+}
+
+} // namespace
+
+bool openChosen(const App_Context& app, const Opening& opening) {
+    emptyModel(app, opening.items);
+    bool ok = true;
+    ignoringFailure([&] { PRO_Cierra_Documento(app, ok); });
+    app.recovery.leave();
+    if (!ok) return false;
+    hideGrids(app);
+    PRO_Limpia_Documento(app);
+    if (opening.readOnly)
+        PRO_Marca_Solo_Lectura(app);
+    else
+        PRO_Quita_Solo_Lectura(app);
+    readTemplate(app, opening.path);
+    showFields(app);
+    nameDocument(app, opening);
+    app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
+    const bool updated = readDocument(app, opening, ok);
+    showDocument(app);
+    if (updated)
+        app.frame.setPanel(Panel::Message, ok ? "The file was updated." : "Zorvane can't update this file.");
+    return true;
+}
+
+void MNU_Open_Click(const App_Context& app) {
+    std::vector<std::string> items = offerTemplates(app);
+    if (items.empty()) {
+        app.frame.Msgb_Show("Does not exist any .ZTP file in this directory: \r\n" + app.applicationFolder,
+                            Msgb_Information, applicationTitle);
+        return;
+    }
+    if (!chooseFile(app)) return;
+    const CommonDialog& dialog = app.frame.dialog();
+    openChosen(app, {dialog.FileName, (dialog.Flags & Dialog_ReadOnly) != 0, std::move(items), {}});
+}
+
+void openFile(const App_Context& app, const std::string& path, bool readOnly) {
+    openChosen(app, {path, readOnly, {}, {}});
+}
+
+} // namespace zorvane

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/app_context.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zorvane {
+
+/// What is to be opened, and how.
+struct Opening {
+    std::string path; ///< its last extension names the template
+    bool readOnly = false;
+    std::vector<std::string> items; ///< the file types that were on offer, for remembering the chosen one
+    std::optional<std::string> recoveredName; ///< of a recovery copy: the name that the document itself had
+};
+
+/// The Open command from the chosen file on. False when the user kept the document at hand; its model is
+/// emptied by then.
+bool openChosen(const App_Context& app, const Opening& opening);
+
+} // namespace zorvane

@@ -1,0 +1,316 @@
+#include "app/document_commands.h"
+#include "app/frame_life.h"
+#include "app/recovery.h"
+#include "app/recovery_keeper.h"
+#include "app/testing/app_bench.h"
+#include "template/testing/document_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace zorvane {
+namespace {
+
+using doubles::App_Bench;
+using doubles::smallDocument;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const std::string firstCopy = "20261121032005-1-1.ABC";
+
+std::string copyOf(const std::string& low, const std::string& why,
+                   const std::string& time = "2026-11-21 03:20:05") {
+    return ";time=" + time + "\r\n;name=SITE7.ABC\r\n;model=ABC 100\r\n;kept=" + why + "\r\n" +
+           smallDocument(low, "20");
+}
+
+struct RecoveryCopies : testing::Test, App_Bench {
+    RecoveryCopies() {
+        openFile(app, "/home/site7.abc", false);
+        edit(1, "11");
+        journal.clear();
+    }
+    [[nodiscard]] std::string onlyCopy() const {
+        return folder.texts.size() == 1 ? folder.texts.begin()->second : std::string("not one copy");
+    }
+    void openOther(int response) {
+        answer(response);
+        choose("/home/site7.abc");
+        MNU_Open_Click(app);
+    }
+};
+
+TEST_F(RecoveryCopies, ACopyIsTheFileAsTheWriterWritesItWithFourLinesInFront) {
+    EXPECT_TRUE(keepCopy(app, "changed"));
+    EXPECT_EQ(folder.texts, (std::map<std::string, std::string>{{firstCopy, copyOf("11", "changed")}}));
+}
+
+TEST_F(RecoveryCopies, ACopyOpensWithTheReaderAndHoldsEveryValue) {
+    keepCopy(app, "changed");
+    const std::string before = doubles::documentText(document);
+    files.put("/elsewhere/copy.abc", onlyCopy());
+    form.Dirty = false;
+    openFile(app, "/elsewhere/copy.abc", false);
+    EXPECT_EQ(doubles::documentText(document), before);
+}
+
+TEST_F(RecoveryCopies, AreKeptBeforeOpenEmptiesTheModel) {
+    for (const int response : {Msgb_Code_No, Msgb_Code_Cancel, Msgb_Code_Yes}) {
+        openOther(response);
+        EXPECT_EQ(onlyCopy(), copyOf("11", "before Open")) << response;
+        folder.texts.clear();
+        form.Dirty = false;
+        openFile(app, "/home/site7.abc", false);
+        edit(1, "11");
+    }
+}
+
+TEST_F(RecoveryCopies, AreKeptBeforeCloseAsks) {
+    answer(Msgb_Code_No);
+    MNU_Close_Click(app);
+    EXPECT_EQ(onlyCopy(), copyOf("11", "before Close"));
+}
+
+TEST_F(RecoveryCopies, AreKeptBeforeEitherExitAsks) {
+    answer(Msgb_Code_No);
+    MNU_Exit_Click(app);
+    EXPECT_EQ(onlyCopy(), copyOf("11", "before exit"));
+    edit(1, "12");
+    answer(Msgb_Code_No);
+    std::int16_t cancel = 0;
+    Form_QueryUnload(app, cancel, 0);
+    EXPECT_EQ(onlyCopy(), copyOf("12", "before exit"));
+}
+
+TEST_F(RecoveryCopies, ADocumentWithoutChangesHasNone) {
+    form.Dirty = false;
+    openFile(app, "/home/site7.abc", false);
+    MNU_Close_Click(app);
+    MNU_Exit_Click(app);
+    EXPECT_THAT(folder.texts, IsEmpty());
+}
+
+TEST_F(RecoveryCopies, OneDocumentHasOneCopyThatIsRefreshed) {
+    keepCopy(app, "changed");
+    edit(1, "12");
+    time = "2026-11-21 03:20:35";
+    keepCopy(app, "changed");
+    EXPECT_EQ(folder.texts, (std::map<std::string, std::string>{
+                                {firstCopy, copyOf("12", "changed", "2026-11-21 03:20:35")}}));
+}
+
+TEST_F(RecoveryCopies, ATextThatIsKeptAlreadyIsntWrittenAgain) {
+    keepCopy(app, "changed");
+    keepCopy(app, "changed");
+    EXPECT_EQ(folder.writes, 1);
+    keepCopy(app, "before Open");
+    EXPECT_EQ(onlyCopy(), copyOf("11", "before Open")) << "a newer reason is worth a line";
+}
+
+TEST_F(RecoveryCopies, AreDroppedAfterAGoodSave) {
+    keepCopy(app, "changed");
+    MNU_Save_Click(app);
+    EXPECT_THAT(folder.texts, IsEmpty());
+}
+
+TEST_F(RecoveryCopies, AreDroppedAfterAGoodSaveAs) {
+    keepCopy(app, "changed");
+    choose("/home/site8.abc");
+    MNU_Saveas_Click(app);
+    EXPECT_THAT(folder.texts, IsEmpty());
+}
+
+TEST_F(RecoveryCopies, AreKeptBeforeAFileIsOverwrittenSinceACrashMayLeaveItTorn) {
+    std::string duringWrite;
+    frame.base.duringPause = [&](std::int32_t) { duringWrite = onlyCopy(); };
+    MNU_Save_Click(app);
+    EXPECT_EQ(duringWrite, copyOf("11", "before Save"));
+}
+
+TEST_F(RecoveryCopies, StayWhenASaveFailsThoughItsTitleGoesClean) {
+    files.failAfter(30);
+    MNU_Save_Click(app);
+    EXPECT_EQ(onlyCopy(), copyOf("11", "Save failed"));
+    files.failAfter(doubles::Memory_Files::noLimit);
+    MNU_Save_Click(app);
+    EXPECT_THAT(folder.texts, IsEmpty());
+}
+
+TEST_F(RecoveryCopies, StayWhenASaveAsFails) {
+    choose("/nowhere/site8.abc");
+    MNU_Saveas_Click(app);
+    EXPECT_THAT(onlyCopy(), testing::HasSubstr(";kept=Save As failed\r\n"));
+    EXPECT_EQ(withoutHeader(onlyCopy()), smallDocument("11", "20"));
+}
+
+TEST_F(RecoveryCopies, AChangeMadeWhileSaveWaitsIsKeptSinceItIsntInTheFile) {
+    frame.base.duringPause = [&](std::int32_t) { edit(1, "12"); };
+    MNU_Save_Click(app);
+    EXPECT_EQ(files.text("/home/site7.abc"), smallDocument("11", "20"));
+    EXPECT_EQ(onlyCopy(), copyOf("12", "changed while saving"));
+}
+
+TEST_F(RecoveryCopies, AnEmptiedModelNeverOverwritesAGoodCopy) {
+    openOther(Msgb_Code_Cancel);
+    for (const int response : {Msgb_Code_Cancel, Msgb_Code_Cancel}) {
+        openOther(response);
+        answer(response);
+        MNU_Close_Click(app);
+        answer(response);
+        MNU_Exit_Click(app);
+        TMR_Copia_Timer(app, 0);
+        MNU_Save_Click(app);
+        form.Dirty = true;
+    }
+    EXPECT_EQ(onlyCopy(), copyOf("11", "before Open"));
+    EXPECT_EQ(folder.writes, 1);
+}
+
+TEST_F(RecoveryCopies, TheNextDocumentHasACopyOfItsOwn) {
+    openOther(Msgb_Code_No);
+    edit(1, "33");
+    keepCopy(app, "changed");
+    EXPECT_EQ(folder.texts,
+              (std::map<std::string, std::string>{{firstCopy, copyOf("11", "before Open")},
+                                                  {"20261121032005-1-2.ABC", copyOf("33", "changed")}}));
+    MNU_Save_Click(app);
+    EXPECT_EQ(onlyCopy(), copyOf("11", "before Open")) << "what was thrown away stays";
+}
+
+TEST_F(RecoveryCopies, AFullDiskKeepsTheOlderCopy) {
+    keepCopy(app, "changed");
+    folder.full = true;
+    edit(1, "12");
+    EXPECT_FALSE(keepCopy(app, "changed"));
+    EXPECT_EQ(onlyCopy(), copyOf("11", "changed"));
+    folder.full = false;
+    EXPECT_TRUE(keepCopy(app, "changed"));
+    EXPECT_EQ(onlyCopy(), copyOf("12", "changed"));
+}
+
+TEST_F(RecoveryCopies, ALineThatCantBeMadeIsLeftOutOfTheCopy) {
+    document.Fields(1).Cells(1, 2).Has_Messages = true;
+    document.Fields(1).Cells(1, 2).Value = "99999999999";
+    keepCopy(app, "changed");
+    std::string expected = copyOf("11", "changed");
+    expected.erase(expected.find("ROW_1=low,11\r\n"), 14);
+    EXPECT_EQ(onlyCopy(), expected);
+}
+
+TEST_F(RecoveryCopies, FiftyAreKeptAndTheOldestGoFirst) {
+    for (int k = 10; k < 70; ++k) {
+        time = "2026-11-21 03:20:" + std::to_string(k);
+        edit(1, std::to_string(k));
+        openOther(Msgb_Code_No);
+    }
+    EXPECT_EQ(folder.texts.size(), recoveryLimit);
+    EXPECT_EQ(folder.texts.begin()->first, "20261121032020-1-1.ABC");
+    const std::vector<Recovery_Entry> entries = recovery.list();
+    EXPECT_EQ(entries.front().time, "2026-11-21 03:20:69");
+    EXPECT_EQ(entries.back().time, "2026-11-21 03:20:20");
+}
+
+TEST_F(RecoveryCopies, TheListTellsTimeNameModelAndReason) {
+    openOther(Msgb_Code_No);
+    folder.texts["note.txt"] = "not a copy";
+    const std::vector<Recovery_Entry> entries = recovery.list();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0].file, firstCopy);
+    EXPECT_EQ(entries[0].time, "2026-11-21 03:20:05");
+    EXPECT_EQ(entries[0].name, "SITE7.ABC");
+    EXPECT_EQ(entries[0].model, "ABC 100");
+    EXPECT_EQ(entries[0].why, "before Open");
+}
+
+TEST_F(RecoveryCopies, TheDocumentAtHandIsntOnOffer) {
+    keepCopy(app, "changed");
+    EXPECT_THAT(recovery.list(), IsEmpty());
+}
+
+TEST_F(RecoveryCopies, ADocumentThatNeverHadAFileIsKeptUnderAnotherName) {
+    App_Bench start;
+    start.files.put("/app/kvrt.ztp", doubles::smallTemplate());
+    TMR_Abre_ZTP_Timer(start.app);
+    start.edit(1, "11");
+    keepCopy(start.app, "changed");
+    ASSERT_THAT(start.folder.list(), ElementsAre("20261121032005-1-1.KVRT"));
+    EXPECT_THAT(start.folder.texts.begin()->second, testing::HasSubstr(";name=UNTITLED.KVRT\r\n"));
+}
+
+TEST_F(RecoveryCopies, TheCopyBelongsToTheTemplateThatWasReadWhateverSaveAsNamesIt) {
+    files.failAfter(0);
+    choose("/home/site8.xyz");
+    MNU_Saveas_Click(app);
+    edit(1, "12");
+    recovery.leave();
+    keepCopy(app, "changed");
+    EXPECT_THAT(folder.list(), ElementsAre(firstCopy, "20261121032005-1-2.ABC"));
+}
+
+struct RecoveryTimer : RecoveryCopies {
+    void tickUntil(std::int64_t& now, std::int64_t end) {
+        for (; now < end; now += recoveryTickMs)
+            TMR_Copia_Timer(app, now);
+    }
+};
+
+TEST_F(RecoveryTimer, TheFirstChangeIsKeptAtTheNextTick) {
+    TMR_Copia_Timer(app, 1000);
+    EXPECT_EQ(onlyCopy(), copyOf("11", "changed"));
+}
+
+TEST_F(RecoveryTimer, NoChangeWaitsLongerThanHalfAMinute) {
+    for (std::int64_t late = 0; late < recoveryIntervalMs; late += 1000) {
+        std::int64_t now = 0;
+        TMR_Copia_Timer(app, now);
+        tickUntil(now, late);
+        edit(1, std::to_string(late + 100000));
+        tickUntil(now, late + recoveryIntervalMs);
+        EXPECT_EQ(withoutHeader(onlyCopy()), smallDocument(std::to_string(late + 100000), "20")) << late;
+        state.lastCopyMs.reset();
+    }
+}
+
+TEST_F(RecoveryTimer, TypingOnAndOnWritesFarLessOftenThanItTicks) {
+    std::int64_t now = 0;
+    for (int k = 0; k < 60; ++k, now += recoveryTickMs) {
+        edit(1, std::to_string(k));
+        TMR_Copia_Timer(app, now);
+    }
+    EXPECT_EQ(folder.writes, 15) << "every 20 s of 300 s";
+}
+
+TEST_F(RecoveryTimer, WithoutChangesNothingIsWritten) {
+    form.Dirty = false;
+    TMR_Copia_Timer(app, 0);
+    EXPECT_EQ(folder.writes, 0);
+}
+
+TEST_F(RecoveryTimer, ACopyThatFailedIsTriedAgainAtTheNextTick) {
+    folder.full = true;
+    TMR_Copia_Timer(app, 0);
+    folder.full = false;
+    TMR_Copia_Timer(app, recoveryTickMs);
+    EXPECT_EQ(onlyCopy(), copyOf("11", "changed"));
+}
+
+TEST_F(RecoveryTimer, AfterASaveTheNextChangeIsTheFirstAgain) {
+    TMR_Copia_Timer(app, 0);
+    MNU_Save_Click(app);
+    TMR_Copia_Timer(app, 1000);
+    edit(1, "12");
+    TMR_Copia_Timer(app, 2000);
+    EXPECT_EQ(onlyCopy(), copyOf("12", "changed"));
+}
+
+TEST_F(RecoveryTimer, AnEmptiedModelIsLeftAlone) {
+    openOther(Msgb_Code_Cancel);
+    TMR_Copia_Timer(app, 0);
+    EXPECT_EQ(onlyCopy(), copyOf("11", "before Open"));
+}
+
+} // namespace
+} // namespace zorvane

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace zorvane {
+
+/// How wide texts are in the grids' font.
+class Text_Widths {
+  public:
+    virtual ~Text_Widths() = default;
+    /// In twips, at that size in points.
+    [[nodiscard]] virtual double textWidth(const std::string& text, double points) const = 0;
+};
+
+} // namespace zorvane

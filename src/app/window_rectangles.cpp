@@ -1,0 +1,69 @@
+#include "app/window_rectangles.h"
+
+#include "template/asker.h"
+#include "values/numbers.h"
+#include "values/run_time_failure.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+
+namespace zorvane {
+
+namespace {
+
+struct Rectangle_Key {
+    const char* key;
+    double Window_Rectangle::*member;
+};
+
+constexpr std::array<Rectangle_Key, 4> rectangleKeys = {{{"Top", &Window_Rectangle::top},
+                                                         {"Left", &Window_Rectangle::left},
+                                                         {"Width", &Window_Rectangle::width},
+                                                         {"Height", &Window_Rectangle::height}}};
+
+bool usable(const Window_Rectangle& place, const Window_Rectangle& screen) {
+    return place.width >= 0 && place.height >= 0 && place.top <= screen.height && place.left <= screen.width;
+}
+
+/// Values are of single precision, in what is read as in what is written.
+double single(double value) {
+    if (std::abs(value) > std::numeric_limits<float>::max()) throw Run_Time_Failure(Failure::Overflow);
+    return static_cast<double>(static_cast<float>(value));
+}
+
+/// A number of single precision has seven digits worth writing.
+std::string singleText(double value) {
+    std::array<char, 32> digits{};
+    std::snprintf(digits.data(), digits.size(), "%.7g", value);
+    return numberText(Val(digits.data()));
+}
+
+} // namespace
+
+bool hasStoredRectangle(Settings_Store& store, const std::string& section) {
+    return std::any_of(rectangleKeys.begin(), rectangleKeys.end(), [&](const Rectangle_Key& entry) {
+        return !store.GetSetting(applicationTitle, section, entry.key, "").empty();
+    });
+}
+
+Window_Rectangle storedRectangle(Settings_Store& store, const std::string& section,
+                                 const Window_Rectangle& current, const Window_Rectangle& screen) {
+    Window_Rectangle place;
+    for (const auto& [key, member] : rectangleKeys) {
+        const std::string text =
+            store.GetSetting(applicationTitle, section, key, singleText(current.*member));
+        if (!isNumeric(text)) return fallbackRectangle;
+        place.*member = single(Val(text));
+    }
+    return usable(place, screen) ? place : fallbackRectangle;
+}
+
+void storeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place) {
+    for (const auto& [key, member] : rectangleKeys)
+        store.SaveSetting(applicationTitle, section, key, singleText(place.*member));
+}
+
+} // namespace zorvane

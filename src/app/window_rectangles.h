@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/document_frame.h"
+#include "app/settings_store.h"
+
+#include <string>
+
+namespace zorvane {
+
+/// Reads the four stored values of a window, `current` standing in for those that were never stored. One that
+/// isn't a number, a negative size or a place beyond the screen puts all four to the fallback. A number
+/// beyond single precision is failure 6.
+[[nodiscard]] Window_Rectangle storedRectangle(Settings_Store& store, const std::string& section,
+                                               const Window_Rectangle& current,
+                                               const Window_Rectangle& screen);
+
+/// Whether any of a window's four values was ever stored.
+[[nodiscard]] bool hasStoredRectangle(Settings_Store& store, const std::string& section);
+
+/// The rectangle in place of one that can't be used.
+inline constexpr Window_Rectangle fallbackRectangle{3075, 3210, 6990, 7380};
+
+/// Writes a window's four values as text.
+void storeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place);
+
+inline const std::string mainWindowSection = "MainWindow";
+inline const std::string monitorSection = "ModbusDialog";
+inline const std::string previewSection = "PrintDialog";
+
+} // namespace zorvane

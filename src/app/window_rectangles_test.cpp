@@ -1,0 +1,113 @@
+#include "app/frame_life.h"
+#include "app/testing/app_bench.h"
+#include "app/window_rectangles.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <ostream>
+#include <string>
+
+namespace zorvane {
+
+void PrintTo(const Window_Rectangle& place, std::ostream* out) {
+    *out << place.top << " " << place.left << ", " << place.width << " by " << place.height;
+}
+
+namespace {
+
+using doubles::App_Bench;
+
+struct WindowRectangles : testing::Test, App_Bench {
+    void store(const std::string& section, const std::string& top, const std::string& left,
+               const std::string& width, const std::string& height) {
+        settings.texts["Zorvane/" + section + "/Top"] = top;
+        settings.texts["Zorvane/" + section + "/Left"] = left;
+        settings.texts["Zorvane/" + section + "/Width"] = width;
+        settings.texts["Zorvane/" + section + "/Height"] = height;
+    }
+    [[nodiscard]] Window_Rectangle dialogPlace(Stored_Dialog which) {
+        Window_Rectangle place{1, 2, 3, 4};
+        PRO_Lee_Dialogos(app, which, place.top, place.left, place.width, place.height);
+        return place;
+    }
+    const Window_Rectangle fallback{3075, 3210, 6990, 7380};
+};
+
+TEST_F(WindowRectangles, AFirstRunKeepsTheFormsOwnPlace) {
+    PRO_Lee_Ventanas(app);
+    EXPECT_EQ(frame.place, (Window_Rectangle{1000, 2000, 6990, 7380}));
+    EXPECT_FALSE(form.Monitor_Place);
+}
+
+TEST_F(WindowRectangles, TheFormComesBackToItsPlace) {
+    store("MainWindow", "100", " 200.5 ", "3000", "4e3");
+    PRO_Lee_Ventanas(app);
+    EXPECT_EQ(frame.place, (Window_Rectangle{100, 200.5, 3000, 4000}));
+}
+
+TEST_F(WindowRectangles, AValueThatIsntStoredIsTheForms) {
+    settings.texts["Zorvane/MainWindow/Width"] = "5000";
+    PRO_Lee_Ventanas(app);
+    EXPECT_EQ(frame.place, (Window_Rectangle{1000, 2000, 5000, 7380}));
+}
+
+TEST_F(WindowRectangles, ATopThatIsNoNumberPutsTheMainWindowToTheFallbackAndTheOthersAreJudgedByThemselves) {
+    store("MainWindow", "abc", "200", "3000", "4000");
+    store("ModbusDialog", "10", "20", "300", "400");
+    store("PrintDialog", "1", "-2", "30", "40");
+    PRO_Lee_Ventanas(app);
+    EXPECT_EQ(frame.place, fallback);
+    EXPECT_EQ(form.Monitor_Place, (std::array<std::int32_t, 4>{20, 10, 300, 400}));
+    EXPECT_EQ(dialogPlace(Stored_Dialog::Preview), (Window_Rectangle{1, -2, 30, 40}));
+}
+
+TEST_F(WindowRectangles, ABadPlaceOfTheMonitorIsItsOwnMatter) {
+    store("MainWindow", "100", "200", "3000", "4000");
+    store("ModbusDialog", "", "20", "300", "400");
+    PRO_Lee_Ventanas(app);
+    EXPECT_EQ(frame.place, (Window_Rectangle{100, 200, 3000, 4000}));
+    EXPECT_EQ(form.Monitor_Place, (std::array<std::int32_t, 4>{3210, 3075, 6990, 7380}));
+    EXPECT_EQ(dialogPlace(Stored_Dialog::Monitor), fallback);
+}
+
+TEST_F(WindowRectangles, NegativeSizesAndPlacesBeyondTheScreenFallBack) {
+    const std::array<std::array<const char*, 4>, 4> bad = {{{"16201", "0", "100", "100"},
+                                                            {"0", "28801", "100", "100"},
+                                                            {"0", "0", "-1", "100"},
+                                                            {"0", "0", "100", "-1"}}};
+    for (const auto& [top, left, width, height] : bad) {
+        store("MainWindow", top, left, width, height);
+        PRO_Lee_Ventanas(app);
+        EXPECT_EQ(frame.place, fallback) << top << " " << left << " " << width << " " << height;
+    }
+    store("MainWindow", "16200", "28800", "0", "0");
+    PRO_Lee_Ventanas(app);
+    EXPECT_EQ(frame.place, (Window_Rectangle{16200, 28800, 0, 0})) << "the edge itself is good";
+}
+
+TEST_F(WindowRectangles, ANumberBeyondSinglePrecisionEndsTheReading) {
+    store("MainWindow", "1e39", "0", "100", "100");
+    store("ModbusDialog", "10", "20", "300", "400");
+    PRO_Lee_Ventanas(app);
+    EXPECT_EQ(frame.place, (Window_Rectangle{1000, 2000, 6990, 7380}));
+    EXPECT_FALSE(form.Monitor_Place);
+}
+
+TEST_F(WindowRectangles, ADialogThatWasNeverPlacedKeepsWhatItHas) {
+    EXPECT_EQ(dialogPlace(Stored_Dialog::Preview), (Window_Rectangle{1, 2, 3, 4}));
+}
+
+TEST_F(WindowRectangles, AreStoredAsTextOfSinglePrecision) {
+    frame.place = {1309.0909090909, 0.1, 12345678, 7380};
+    PRO_Guarda_Ventanas(app);
+    EXPECT_EQ(settings.texts["Zorvane/MainWindow/Top"], "1309.091");
+    EXPECT_EQ(settings.texts["Zorvane/MainWindow/Left"], "0.1");
+    EXPECT_EQ(settings.texts["Zorvane/MainWindow/Width"], "12345680");
+    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Top"], "22");
+    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Height"], "44");
+    EXPECT_FALSE(settings.texts.contains("Zorvane/PrintDialog/Top"));
+}
+
+} // namespace
+} // namespace zorvane

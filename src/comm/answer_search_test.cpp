@@ -1,0 +1,108 @@
+#include "comm/answer_search.h"
+#include "comm/testing/toy_slave.h"
+
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+using testing::bytesOf;
+using testing::withCrc;
+using Verdict = Finding::Verdict;
+
+const Rtu_Request request = readRequest(17, 0x6B, 3);
+const Byte_Array answer = withCrc(bytesOf("11 03 06 02 2B 00 00 00 64"));
+
+Byte_Array joined(Byte_Array first, const Byte_Array& second) {
+    first.insert(first.end(), second.begin(), second.end());
+    return first;
+}
+
+TEST(AnswerSearch, FindsAnAnswerAlone) {
+    const Finding finding = findAnswer(request, answer);
+    EXPECT_EQ(finding.verdict, Verdict::Found);
+    EXPECT_EQ(finding.offset, 0U);
+    EXPECT_EQ(finding.length, 11U);
+    EXPECT_EQ(finding.answer.registers, (std::vector<std::uint16_t>{555, 0, 100}));
+    EXPECT_FALSE(finding.partial);
+}
+
+TEST(AnswerSearch, FindsAnAnswerBehindNoiseOfAnyLength) {
+    for (std::size_t noise = 1; noise <= 10; ++noise) {
+        const Finding finding = findAnswer(request, joined(Byte_Array(noise, 0x5A), answer));
+        EXPECT_EQ(finding.verdict, Verdict::Found) << noise;
+        EXPECT_EQ(finding.offset, noise);
+    }
+}
+
+TEST(AnswerSearch, NoiseThatLooksLikeTheHeadOfAnAnswerDoesNotHideTheAnswer) {
+    for (const char* noise : {"11", "11 03", "11 03 06", "11 03 06 02", "11 83", "11 83 02"}) {
+        const Finding finding = findAnswer(request, joined(bytesOf(noise), answer));
+        EXPECT_EQ(finding.verdict, Verdict::Found) << noise;
+        EXPECT_EQ(finding.answer.registers, (std::vector<std::uint16_t>{555, 0, 100}));
+    }
+}
+
+TEST(AnswerSearch, WaitsForTheRestOfATruncatedAnswer) {
+    for (std::size_t length = 1; length < answer.size(); ++length) {
+        const Finding finding = findAnswer(request, Byte_View(answer).first(length));
+        EXPECT_EQ(finding.verdict, Verdict::Incomplete) << length;
+        EXPECT_TRUE(finding.partial);
+        EXPECT_EQ(whyNoAnswer(request, Byte_View(answer).first(length)), Answer_Fault::Truncated) << length;
+    }
+}
+
+TEST(AnswerSearch, SaysWhenAnExceptionStandsInAnAnswerThatIsStillComing) {
+    const Byte_Array inside = joined(bytesOf("11 03 06"), withCrc(bytesOf("11 83 02")));
+    const Finding finding = findAnswer(request, inside);
+    EXPECT_EQ(finding.verdict, Verdict::Found);
+    EXPECT_TRUE(finding.partial);
+    const Finding whole = findAnswer(request, withCrc(joined(inside, bytesOf("00"))));
+    EXPECT_EQ(whole.offset, 0U);
+    EXPECT_FALSE(whole.answer.exception);
+}
+
+TEST(AnswerSearch, AWholeAnswerWithAWrongCrcIsDamaged) {
+    for (std::size_t at = 3; at < answer.size(); ++at) {
+        Byte_Array damaged = answer;
+        damaged[at] ^= 0x10U;
+        EXPECT_EQ(findAnswer(request, damaged).verdict, Verdict::Damaged) << at;
+        EXPECT_EQ(whyNoAnswer(request, damaged), Answer_Fault::BadCrc) << at;
+    }
+}
+
+TEST(AnswerSearch, NamesWhatIsWrongWithAForeignFrame) {
+    const auto why = [](const Rtu_Request& asked, const char* frame) {
+        return whyNoAnswer(asked, withCrc(bytesOf(frame)));
+    };
+    EXPECT_EQ(why(request, "12 03 06 02 2B 00 00 00 64"), Answer_Fault::OtherUnit);
+    EXPECT_EQ(why(request, "11 06 00 01 00 03"), Answer_Fault::OtherFunction);
+    EXPECT_EQ(why(request, "11 03 04 02 2B 00 00"), Answer_Fault::ByteCount);
+    EXPECT_EQ(why(presetSingle(17, 1, 3), "11 06 00 02 00 03"), Answer_Fault::EchoAddress);
+    EXPECT_EQ(why(presetSingle(17, 1, 3), "11 06 00 01 00 04"), Answer_Fault::EchoValue);
+    EXPECT_EQ(why(presetMultiple(17, 1, {10, 258}), "11 10 00 01 00 01"), Answer_Fault::EchoQuantity);
+}
+
+TEST(AnswerSearch, NothingAndNoise) {
+    EXPECT_EQ(whyNoAnswer(request, {}), Answer_Fault::Nothing);
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("00 FF 5A")), Answer_Fault::Noise);
+    EXPECT_EQ(whyNoAnswer(request, answer, answer.size()), Answer_Fault::Nothing);
+    EXPECT_EQ(whyNoAnswer(request, answer, 99), Answer_Fault::Nothing);
+}
+
+TEST(AnswerSearch, LooksOnlyBehindTheGivenPlace) {
+    EXPECT_EQ(findAnswer(request, joined(answer, answer), 1).offset, answer.size());
+    EXPECT_EQ(findAnswer(request, answer, 1).verdict, Verdict::Incomplete);
+}
+
+TEST(AnswerSearch, FindsTheEndOfAnEcho) {
+    const Byte_Array sent = encodeRequest(request);
+    EXPECT_EQ(endOfEcho(sent, joined(sent, answer)), sent.size());
+    EXPECT_EQ(endOfEcho(sent, joined(bytesOf("00 00"), sent)), sent.size() + 2);
+    EXPECT_EQ(endOfEcho(sent, answer), std::nullopt);
+    EXPECT_EQ(endOfEcho(sent, sent, 1), std::nullopt);
+    EXPECT_EQ(endOfEcho(sent, sent, 99), std::nullopt);
+}
+
+} // namespace
+} // namespace zorvane

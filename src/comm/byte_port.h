@@ -1,0 +1,45 @@
+#pragma once
+
+#include "comm/port_settings.h"
+#include "comm/rtu_frame.h"
+
+#include <string>
+#include <vector>
+
+namespace zorvane {
+
+/// How an attempt to open a port ended.
+struct Port_Opening {
+    bool opened = false;
+    std::string reason;                ///< in plain words, with what to do: "Busy: another program ..."
+    std::vector<std::string> warnings; ///< things that the port can't do and that don't stop it
+};
+
+/// Who hears of a port's bytes and of its end.
+class Byte_Port_Listener {
+  public:
+    virtual ~Byte_Port_Listener() = default;
+    virtual void bytesArrived(Byte_View bytes) = 0;
+    /// The adapter is gone or the line hung up. The port is closed already. Told once per opening.
+    virtual void portLost(const std::string& reason) = 0;
+};
+
+/// A serial line as bytes. It tells its listener from the event loop only, never from within a call.
+class Byte_Port {
+  public:
+    virtual ~Byte_Port() = default;
+    virtual void setListener(Byte_Port_Listener* listener) = 0;
+
+    /// Opens the port of that name or path with the line settings. REQUIRES: it is closed.
+    [[nodiscard]] virtual Port_Opening open(const std::string& name, const Port_Settings& settings) = 0;
+    virtual void close() = 0;
+    [[nodiscard]] virtual bool isOpen() const = 0;
+
+    /// Hands all bytes to the system at once. False when it refused them: the line is as good as lost.
+    [[nodiscard]] virtual bool write(Byte_View bytes) = 0;
+    /// Drops what has come in and wasn't told yet.
+    virtual void discardInput() = 0;
+    virtual void setRts(bool on) = 0;
+};
+
+} // namespace zorvane

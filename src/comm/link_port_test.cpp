@@ -1,0 +1,239 @@
+// The port under the link: it can't be opened, it is unplugged, it comes back.
+#include "comm/testing/link_rig.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using testing::Link_Rig;
+
+constexpr Micros ms = microsPerMs;
+
+Port_Entry usb(const std::string& name, const std::string& serial) {
+    return {name, "/dev/" + name, "USB Serial", serial, std::uint16_t{0x0403}, std::uint16_t{0x6001}};
+}
+
+/// Only these ports can be opened.
+void onlyPorts(Link_Rig& rig, const std::vector<std::string>& names) {
+    rig.port.onOpen = [names](const std::string& name) {
+        const bool there = std::find(names.begin(), names.end(), name) != names.end();
+        return Port_Opening{
+            there, there ? "" : "No such port: plug the adapter in, or choose another port.", {}};
+    };
+}
+
+TEST(LinkPort, APortThatCannotBeOpenedIsTold) {
+    Link_Rig rig;
+    rig.port.onOpen = [](const std::string&) {
+        return Port_Opening{
+            false, "Permission denied: add your user to the group dialout and log in again.", {}};
+    };
+    rig.block(1, 5);
+    rig.link.SetScanMode("NONE");
+    rig.link.PrepareScan();
+    ASSERT_EQ(rig.asker.messages.size(), 1U);
+    EXPECT_EQ(rig.asker.messages[0].text,
+              "The serial port ttyUSB0 can't be opened.\n\n"
+              "Permission denied: add your user to the group dialout and log in again.");
+    EXPECT_EQ(rig.asker.messages[0].style, 16);
+    EXPECT_EQ(rig.asker.messages[0].title, "Zorvane");
+    EXPECT_TRUE(rig.link.CommLost());
+    rig.clock.runFor(10 * microsPerSecond);
+    EXPECT_EQ(rig.asker.messages.size(), 1U) << "once per attempt of the user";
+}
+
+TEST(LinkPort, WithoutAPortTheMessageSaysWhereToChooseOne) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.port.clear();
+    Link_Rig rig(settings);
+    rig.link.PrepareScan();
+    ASSERT_EQ(rig.asker.messages.size(), 1U);
+    EXPECT_EQ(rig.asker.messages[0].text,
+              "The serial port can't be opened.\n\n"
+              "No port is chosen: choose one under Communication, Port Settings.");
+    EXPECT_TRUE(rig.port.attempts.empty());
+}
+
+TEST(LinkPort, UnusableSettingsAreToldBeforeThePortIsTouched) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.line.baud = 7;
+    Link_Rig rig(settings);
+    rig.link.PrepareScan();
+    ASSERT_EQ(rig.asker.messages.size(), 1U);
+    EXPECT_EQ(rig.asker.messages[0].text, "The serial port ttyUSB0 can't be opened.\n\n"
+                                          "The baud rate is 7, it must be from 300 to 921600. "
+                                          "Change it under Communication, Port Settings.");
+    EXPECT_TRUE(rig.port.attempts.empty());
+}
+
+TEST(LinkPort, AScanOnAPortThatIsNotThereEndsAsOnASilentController) {
+    Link_Rig rig;
+    onlyPorts(rig, {});
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.link.SetScanMode("NONE");
+    rig.link.PrepareScan();
+    const std::int32_t first = rig.link.ScanBlockIndex();
+    rig.link.StartScan();
+    rig.clock.runFor(30 * ms);
+    EXPECT_NE(rig.link.ScanBlockIndex(), first);
+    EXPECT_TRUE(rig.link.CommLost());
+}
+
+TEST(LinkPort, ANewAttemptClearsTheLoss) {
+    Link_Rig rig;
+    onlyPorts(rig, {});
+    rig.link.PrepareScan();
+    rig.link.StopScan();
+    rig.link.ClosePort();
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.link.PrepareScan();
+    EXPECT_FALSE(rig.link.CommLost());
+    EXPECT_EQ(rig.asker.messages.size(), 1U);
+}
+
+TEST(LinkPort, WarningsOfThePortAreNotedAndStopNothing) {
+    Link_Rig rig;
+    rig.port.onOpen = [](const std::string&) { return Port_Opening{true, "", {"The port has no RTS line"}}; };
+    rig.link.PrepareScan();
+    EXPECT_THAT(rig.log.notes, Contains("The port has no RTS line"));
+    EXPECT_TRUE(rig.asker.messages.empty());
+}
+
+enum class Moment { BeforeTheRequest, DuringTheRequest, BetweenRequests };
+
+class LinkUnplug : public ::testing::TestWithParam<Moment> {
+  protected:
+    void unplugAtTheMoment(Link_Rig& rig) {
+        if (GetParam() == Moment::BetweenRequests) {
+            rig.link.SetTimings(200, 0);
+            ASSERT_TRUE(rig.exchanges(1));
+            rig.clock.runFor(10 * ms);
+        } else if (GetParam() == Moment::DuringTheRequest) {
+            ASSERT_TRUE(rig.exchanges(1));
+            const std::size_t sent = rig.port.written.size();
+            ASSERT_TRUE(
+                rig.clock.runUntilTrue([&] { return rig.port.written.size() > sent; }, microsPerSecond));
+        }
+        rig.clock.forgetEvents();
+        rig.port.unplug("Input/output error");
+    }
+};
+
+TEST_P(LinkUnplug, IsALossAndTheAdapterComesBackUnderTheSameName) {
+    Link_Rig rig;
+    rig.finder.list = {usb("ttyUSB0", "A1")};
+    rig.slave.registers[1] = 5;
+    rig.block(1, 5);
+    rig.block(6, 9);
+    rig.scan();
+    unplugAtTheMoment(rig);
+    EXPECT_TRUE(rig.link.CommLost());
+    EXPECT_THAT(rig.log.notes, Contains("The port is lost. Input/output error"));
+    rig.finder.list.clear();
+    rig.clock.runFor(3 * microsPerSecond);
+    EXPECT_TRUE(rig.link.CommLost());
+    EXPECT_EQ(rig.port.attempts.size(), 1U) << "a port that isn't listed isn't tried";
+    rig.slave.registers[1] = 6;
+    rig.finder.list = {usb("ttyUSB0", "A1")};
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.link.CommLost(); }, 2 * microsPerSecond));
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.link.RegisterValue(0, 1) == 6; }, microsPerSecond));
+    EXPECT_THAT(rig.port.attempts, ElementsAre("ttyUSB0", "/dev/ttyUSB0"));
+    EXPECT_TRUE(rig.asker.messages.empty());
+}
+
+TEST_P(LinkUnplug, TheAdapterIsFoundUnderAnotherName) {
+    Link_Rig rig;
+    rig.finder.list = {usb("ttyUSB0", "A1")};
+    rig.block(1, 5);
+    rig.scan();
+    unplugAtTheMoment(rig);
+    rig.finder.list = {usb("ttyUSB0", "OTHER"), usb("ttyUSB3", "A1")};
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.link.CommLost(); }, 2 * microsPerSecond));
+    EXPECT_THAT(rig.port.attempts, ElementsAre("ttyUSB0", "/dev/ttyUSB3"));
+    rig.link.StopScan();
+    rig.link.ClosePort();
+    rig.link.PrepareScan();
+    EXPECT_EQ(rig.port.attempts.back(), "/dev/ttyUSB3") << "the chosen adapter, not its old name";
+}
+
+INSTANTIATE_TEST_SUITE_P(Moments, LinkUnplug,
+                         ::testing::Values(Moment::BeforeTheRequest, Moment::DuringTheRequest,
+                                           Moment::BetweenRequests),
+                         [](const auto& chosen) {
+                             switch (chosen.param) {
+                             case Moment::BeforeTheRequest:
+                                 return "Before";
+                             case Moment::DuringTheRequest:
+                                 return "During";
+                             case Moment::BetweenRequests:
+                                 return "Between";
+                             }
+                             return "";
+                         });
+
+TEST(LinkPort, APathThatIsNoAdapterIsOpenedAgainUnderTheSamePathOnly) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.port = "/tmp/line";
+    Link_Rig rig(settings);
+    rig.finder.list = {usb("ttyUSB0", "A1")};
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    onlyPorts(rig, {});
+    rig.port.unplug();
+    rig.clock.runFor(2 * microsPerSecond);
+    EXPECT_TRUE(rig.link.CommLost());
+    onlyPorts(rig, {"/tmp/line"});
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.link.CommLost(); }, 2 * microsPerSecond));
+    EXPECT_THAT(rig.port.attempts, ::testing::Each("/tmp/line"));
+}
+
+TEST(LinkPort, AWriteUnderWayWhenThePortIsLostFails) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    rig.link.PresetSingleRegister(0, 1, 5);
+    rig.link.PresetSingleRegister(0, 2, 6);
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.port.written.empty(); }, microsPerSecond));
+    rig.port.unplug();
+    EXPECT_FALSE(rig.link.WriteBusy());
+    EXPECT_TRUE(rig.link.WriteFailed());
+    EXPECT_TRUE(rig.link.CommLost());
+    EXPECT_EQ(rig.link.RegisterValue(0, 1), 0);
+    EXPECT_EQ(rig.link.TransactionCount(), 1);
+    EXPECT_EQ(rig.link.ExchangeLine2(), "Rx: port lost");
+}
+
+TEST(LinkPort, AnUnplugInAWatchedPassMovesTheIndex) {
+    Link_Rig rig;
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    const std::int32_t first = rig.link.ScanBlockIndex();
+    rig.clock.runFor(8 * ms);
+    onlyPorts(rig, {});
+    rig.port.unplug();
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.link.ScanBlockIndex() != first; }, microsPerSecond));
+    EXPECT_TRUE(rig.link.CommLost());
+}
+
+TEST(LinkPort, AClosedPortIsNotLookedFor) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.port.unplug();
+    rig.link.StopScan();
+    rig.link.ClosePort();
+    rig.clock.runFor(5 * microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+}
+
+} // namespace
+} // namespace zorvane

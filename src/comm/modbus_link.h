@@ -1,0 +1,199 @@
+#pragma once
+
+#include "comm/link_windows.h"
+#include "comm/modbus_control.h"
+#include "comm/port_session.h"
+#include "comm/register_store.h"
+#include "comm/rtu_transaction.h"
+#include "comm/scan.h"
+#include "comm/traffic_observer.h"
+#include "comm/write_queue.h"
+
+#include <optional>
+
+namespace zorvane {
+
+/// What the link tells about its exchanges.
+struct Exchange_Status {
+    std::uint8_t transactionCount = 0;
+    std::int32_t txCount = 0;
+    std::int32_t rxCount = 0;
+    bool lastRequestFailed = false;
+    bool commLost = false;
+    bool writeFailed = false;
+    std::string lastResponse;
+    std::string line1;
+    std::string line2;
+};
+
+/// The link itself: one exchange at a time on one port, writes before the scan, each with its tries. It is
+/// driven by its port and clock alone and never blocks. Whoever is told of an exchange is told last, when the
+/// next request is on its way, and may call any operation from there.
+class Modbus_Link final : public modbus_control, private Transaction_Owner {
+  public:
+    /// All parts must outlive the link.
+    struct Parts {
+        Byte_Port& port;
+        Link_Clock& clock;
+        Port_Finder& finder;
+        Asker& asker;
+        Link_Windows& windows;
+    };
+
+    Modbus_Link(const Parts& parts, const Port_Settings& settings);
+    ~Modbus_Link() override;
+
+    /// Takes effect at once: an open port is closed and opened again with the new settings.
+    void setPortSettings(const Port_Settings& settings);
+    [[nodiscard]] const Port_Settings& portSettings() const { return settings_; }
+    /// The pause between exchanges and the time-out in force, in ms.
+    [[nodiscard]] std::int32_t pauseMs() const;
+    [[nodiscard]] std::int32_t timeOutMs() const;
+    [[nodiscard]] bool portOpen() const { return port_.isOpen(); }
+    void setObserver(Traffic_Observer* observer) { observer_ = observer; }
+
+    void SetTimings(std::int32_t requestMs, std::int32_t outMs) override;
+    void SetHoldingRegisters(std::int16_t first, double count, bool flag, std::int16_t last) override;
+    void SetAddressBase(std::int32_t base) override;
+
+    void SetCommPort(std::int16_t port, const std::string& settings) override;
+    void ShowPortSettings(bool modal) override;
+    [[nodiscard]] std::vector<std::string> PortParameters() const override;
+    [[nodiscard]] std::string SlaveNumber() const override;
+
+    void ClearBlocks() override;
+    void AddScanBlock(std::int32_t first, std::int32_t last, bool flag, const std::string& request,
+                      std::int32_t& slave) override;
+    void AddHoldingBlock(std::int16_t unit, std::int16_t first, std::int16_t last, bool flag,
+                         std::int16_t count) override;
+
+    void SetScanMode(const std::string& mode) override;
+    [[nodiscard]] std::string ScanMode() const override;
+    [[nodiscard]] std::int32_t ScanBlockCount() const override;
+    [[nodiscard]] std::int32_t ScanBlockIndex() const override;
+    void ResetScan() override;
+    void PrepareScan() override;
+    void StartScan() override;
+    void EndSession() override;
+    void StopScan() override;
+    void ClosePort() override;
+    void PauseScan() override;
+    void ResumeScan() override;
+    void OpenPort() override;
+
+    [[nodiscard]] std::int32_t RegisterValue(std::int32_t slave, std::int32_t address,
+                                             bool isSigned = true) const override;
+    [[nodiscard]] std::uint8_t TransactionCount() const override;
+    [[nodiscard]] bool LastRequestFailed() const override;
+    [[nodiscard]] bool CommLost() const override;
+    [[nodiscard]] std::string LastResponse() const override;
+    void ClearLastResponse() override;
+    [[nodiscard]] std::string ExchangeLine1() const override;
+    [[nodiscard]] std::string ExchangeLine2() const override;
+    void ClearCounters() override;
+    void ResetTransferLog() override;
+    [[nodiscard]] std::int32_t TxCount() const override;
+    [[nodiscard]] std::int32_t RxCount() const override;
+
+    void PresetSingleRegister(std::int32_t slave, std::int32_t address, std::int32_t value) override;
+    void PresetMultipleRegisters(std::int32_t slave, std::int32_t startAddress,
+                                 const std::vector<std::int32_t>& values) override;
+    [[nodiscard]] bool WriteBusy() const override;
+    [[nodiscard]] bool WriteFailed() const override;
+    void ClearWriteFailed() override;
+
+    [[nodiscard]] bool MonitorLoaded() const override;
+    [[nodiscard]] bool MonitorVisible() const override;
+    void ShowMonitor(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height) override;
+    void ActivateMonitor() override;
+    [[nodiscard]] std::int32_t MonitorLeft() const override;
+    [[nodiscard]] std::int32_t MonitorTop() const override;
+    [[nodiscard]] std::int32_t MonitorWidth() const override;
+    [[nodiscard]] std::int32_t MonitorHeight() const override;
+    void UnloadMonitor() override;
+    void HideMonitor() override;
+    void RestoreMonitor() override;
+    void MonitorMinimized() override;
+
+    void onExchange(Exchange_Handler handler) override { handler_ = std::move(handler); }
+
+  private:
+    /// The request handed to the transaction.
+    struct Current {
+        enum class Kind { None, Scan, Write };
+        Kind kind = Kind::None;
+        std::int32_t slave = 0;
+        std::int32_t first = 0; ///< register number
+        bool stale = false;     ///< the scan has started anew since: only the registers count
+    };
+
+    void requestSent() override;
+    void tryFinished(const Try_Result& result) override;
+    void strayReceived(Micros at, const Byte_Array& bytes, const std::string& what) override;
+    void lineLost(const std::string& reason) override;
+
+    void next();
+    void startWrite();
+    void continueScan();
+    void startFrame(const Scan_Frame& frame);
+    void missScan();
+    void missEmptyScan();
+    void refuseFrame(const std::string& why);
+    void armScanAlarm();
+    void scanLookedAt() const;
+    bool withdrawScan();
+    void restartScan();
+    [[nodiscard]] bool scanWanted() const { return wish_ && portWanted_ && !paused_ && !halted_; }
+
+    void countTry(const Try_Result& result);
+    void scanTried(const Current& current, const Try_Result& result);
+    void writeTried(const Current& current, const Try_Result& result);
+    void tell(const Current& current, const Try_Result& result);
+    void failWrites();
+    void beginWrite();
+
+    bool openPort();
+    void tryReopen();
+    void portIsOpen(const Port_Opening& opening);
+    void releasePort();
+    void note(const std::string& text);
+
+    void applyWaits();
+    [[nodiscard]] std::int32_t slaveOf(std::int32_t slave) const {
+        return slave == 0 ? settings_.slave : slave;
+    }
+    [[nodiscard]] std::string whyUnreachable(std::int32_t slave, std::int64_t first, std::size_t count) const;
+    [[nodiscard]] std::uint16_t wireAddress(std::int64_t first) const;
+
+    Byte_Port& port_;
+    Link_Clock& clock_;
+    Asker& asker_;
+    Link_Windows& windows_;
+    Traffic_Observer* observer_ = nullptr;
+    Exchange_Handler handler_;
+
+    Port_Settings settings_;
+    std::int32_t requestMs_ = 0; ///< the template's; 0 or below: none
+    std::int32_t outMs_ = 0;     ///< the template's; 0 or below: the settings' own
+    std::int32_t addressBase_ = 0;
+
+    Rtu_Transaction transaction_;
+    Port_Session session_;
+    std::unique_ptr<Alarm> scanAlarm_;
+    std::unique_ptr<Alarm> reopenAlarm_;
+
+    Register_Store image_;
+    Exchange_Status status_;
+    Write_Queue writes_;
+    mutable Scan scan_; ///< being looked at lets it move on
+    std::int32_t scanTries_ = 0;
+    Current current_;
+
+    bool wish_ = false; ///< StartScan to EndSession
+    bool portWanted_ = false;
+    bool paused_ = false;
+    bool halted_ = false;  ///< StopScan, until the scan is prepared or started again
+    bool missDue_ = false; ///< one block is to be missed for want of a port or of blocks
+};
+
+} // namespace zorvane

@@ -1,0 +1,197 @@
+// The link's exchanges: which request goes out next, and what becomes of its answer.
+#include "comm/exchange_text.h"
+#include "comm/modbus_link.h"
+
+#include <utility>
+
+namespace zorvane {
+
+// Which request goes out next.
+
+void Modbus_Link::next() {
+    if (!port_.isOpen()) return missScan();
+    if (!writes_.empty()) withdrawScan();
+    if (!transaction_.idle()) return;
+    if (!writes_.empty()) return startWrite();
+    if (scanWanted()) continueScan();
+}
+
+void Modbus_Link::startWrite() {
+    const Write_Job& job = writes_.front();
+    std::vector<std::uint16_t> values = job.frameValues();
+    const std::string why = whyUnreachable(job.slave, job.frameFirst(), values.size());
+    if (!why.empty()) {
+        status_.lastResponse = why;
+        status_.writeFailed = true;
+        writes_.drop();
+        return next();
+    }
+    const auto unit = static_cast<std::uint8_t>(job.slave);
+    const std::uint16_t address = wireAddress(job.frameFirst());
+    current_ = {Current::Kind::Write, job.slave, static_cast<std::int32_t>(job.frameFirst()), false};
+    transaction_.submit(job.single ? presetSingle(unit, address, values.at(0))
+                                   : presetMultiple(unit, address, std::move(values)));
+}
+
+void Modbus_Link::continueScan() {
+    const Micros now = clock_.now();
+    if (scan_.plan().numbers().empty()) return missEmptyScan();
+    scan_.advance(now);
+    if (const auto frame = scan_.frame(now)) startFrame(*frame);
+    armScanAlarm();
+}
+
+void Modbus_Link::startFrame(const Scan_Frame& frame) {
+    const std::int32_t slave = slaveOf(frame.slave);
+    const std::string why = whyUnreachable(slave, frame.first, frame.count);
+    if (!why.empty()) return refuseFrame(why);
+    current_ = {Current::Kind::Scan, slave, frame.first, false};
+    transaction_.submit(readRequest(static_cast<std::uint8_t>(slave), wireAddress(frame.first), frame.count));
+}
+
+void Modbus_Link::refuseFrame(const std::string& why) {
+    ++status_.transactionCount;
+    status_.lastRequestFailed = true;
+    status_.lastResponse = why;
+    scanTries_ = 0;
+    scan_.blockGivenUp(clock_.now());
+}
+
+void Modbus_Link::missScan() {
+    if (!scanWanted() || !missDue_) return;
+    missDue_ = false;
+    status_.commLost = true;
+    status_.lastRequestFailed = true;
+    scan_.blockGivenUp(clock_.now());
+    armScanAlarm();
+}
+
+void Modbus_Link::missEmptyScan() {
+    status_.commLost = true;
+    if (!missDue_) return;
+    missDue_ = false;
+    scan_.blockGivenUp(clock_.now());
+    armScanAlarm();
+}
+
+void Modbus_Link::armScanAlarm() {
+    const auto until = scan_.waitsUntil();
+    if (until && scanWanted()) {
+        scanAlarm_->armAt(*until);
+    } else {
+        scanAlarm_->disarm();
+    }
+}
+
+void Modbus_Link::scanLookedAt() const {
+    const bool free = current_.kind == Current::Kind::None;
+    if (free && scanWanted()) scanAlarm_->armAt(clock_.now());
+}
+
+bool Modbus_Link::withdrawScan() {
+    if (current_.kind != Current::Kind::Scan || !transaction_.withdraw()) return false;
+    current_ = {};
+    return true;
+}
+
+void Modbus_Link::restartScan() {
+    scan_.restart(clock_.now());
+    scanTries_ = 0;
+    missDue_ = true;
+    if (current_.kind != Current::Kind::Scan) return;
+    if (withdrawScan()) return next();
+    current_.stale = true;
+}
+
+std::string Modbus_Link::whyUnreachable(std::int32_t slave, std::int64_t first, std::size_t count) const {
+    if (slave < 1 || slave > 247) return "Slave number " + std::to_string(slave) + " is not 1 to 247";
+    if (count == 0) return "No registers from " + std::to_string(first) + " on";
+    const std::int64_t address = first - addressBase_;
+    const std::int64_t last = address + static_cast<std::int64_t>(count) - 1;
+    if (address >= 0 && last <= largestWireAddress) return {};
+    return "Register " + std::to_string(address < 0 ? first : last + addressBase_) +
+           " has no address from 0 to 65535";
+}
+
+std::uint16_t Modbus_Link::wireAddress(std::int64_t first) const {
+    return static_cast<std::uint16_t>(first - addressBase_);
+}
+
+// What becomes of the answer.
+
+void Modbus_Link::requestSent() { ++status_.txCount; }
+
+void Modbus_Link::tryFinished(const Try_Result& result) {
+    const Current current = std::exchange(current_, Current{});
+    if (!result.sent.empty()) countTry(result);
+    if (current.kind == Current::Kind::Scan) scanTried(current, result);
+    if (current.kind == Current::Kind::Write) writeTried(current, result);
+    next();
+    if (!result.sent.empty()) tell(current, result);
+}
+
+void Modbus_Link::countTry(const Try_Result& result) {
+    ++status_.transactionCount;
+    if (!result.received.empty()) ++status_.rxCount;
+    if (result.answer) status_.commLost = false;
+    status_.lastResponse = responseText(result);
+    status_.line1 = transmitLine(result);
+    status_.line2 = receiveLine(result);
+}
+
+void Modbus_Link::scanTried(const Current& current, const Try_Result& result) {
+    const bool good = result.answer && !result.answer->exception;
+    if (good) image_.put(current.slave, current.first, result.answer->registers);
+    if (current.stale) return;
+    status_.lastRequestFailed = !good;
+    const Micros now = clock_.now();
+    if (result.answer) {
+        scanTries_ = 0;
+        return scan_.frameAnswered(good, now);
+    }
+    if (!result.portLost && ++scanTries_ <= settings_.retries) return scan_.tryFailed(now);
+    scanTries_ = 0;
+    status_.commLost = true;
+    scan_.blockGivenUp(now);
+}
+
+void Modbus_Link::writeTried(const Current& current, const Try_Result& result) {
+    if (writes_.empty()) return;
+    if (result.answer && !result.answer->exception) {
+        image_.put(current.slave, current.first, result.request.values);
+        return writes_.frameDone();
+    }
+    if (!result.answer && !result.portLost && ++writes_.front().tries <= settings_.retries) return;
+    if (!result.answer) status_.commLost = true;
+    status_.writeFailed = true;
+    writes_.drop();
+}
+
+void Modbus_Link::tell(const Current& current, const Try_Result& result) {
+    const std::string line1 = transmitLine(result);
+    const std::string line2 = receiveLine(result);
+    if (observer_ != nullptr) {
+        Exchange_Record record;
+        record.at = result.startedAt;
+        record.duration = result.endedAt - result.startedAt;
+        record.unit = result.request.unit;
+        record.function = result.request.function;
+        record.firstRegister = current.first;
+        record.wireAddress = result.request.address;
+        record.count = result.request.count;
+        record.values = result.request.values;
+        record.good = result.answer && !result.answer->exception;
+        if (record.good && record.values.empty()) record.values = result.answer->registers;
+        record.result = resultText(result);
+        record.sent = result.sent;
+        record.received = result.received;
+        observer_->exchangeSeen(record);
+    }
+    if (handler_) handler_(line1, line2);
+}
+
+void Modbus_Link::strayReceived(Micros at, const Byte_Array& bytes, const std::string& what) {
+    if (observer_ != nullptr) observer_->straySeen({at, bytes, what});
+}
+
+} // namespace zorvane

@@ -1,0 +1,61 @@
+// The link's port: opening it, losing it and finding it again.
+#include "comm/modbus_link.h"
+
+namespace zorvane {
+
+bool Modbus_Link::openPort() {
+    const Port_Opening opening = session_.open(settings_);
+    if (opening.opened) {
+        portIsOpen(opening);
+        status_.commLost = false;
+        restartScan();
+        return true;
+    }
+    status_.commLost = true;
+    missDue_ = true;
+    reopenAlarm_->armAt(clock_.now() + reopenPeriodMs * microsPerMs);
+    note("The port can't be opened. " + opening.reason);
+    asker_.Msgb_Show(openingMessage(settings_.port, opening.reason), Msgb_Critical, applicationTitle);
+    return false;
+}
+
+void Modbus_Link::portIsOpen(const Port_Opening& opening) {
+    reopenAlarm_->disarm();
+    transaction_.lineOpened();
+    note("The port is open.");
+    for (const std::string& warning : opening.warnings) {
+        note(warning);
+    }
+}
+
+void Modbus_Link::tryReopen() {
+    if (!portWanted_ || port_.isOpen()) return;
+    const Port_Opening opening = session_.reopen(settings_);
+    if (opening.opened) {
+        portIsOpen(opening);
+    } else {
+        missDue_ = true;
+        reopenAlarm_->armAt(clock_.now() + reopenPeriodMs * microsPerMs);
+    }
+    next();
+}
+
+void Modbus_Link::lineLost(const std::string& reason) {
+    status_.commLost = true;
+    failWrites();
+    note("The port is lost. " + reason);
+    if (portWanted_ && !port_.isOpen()) reopenAlarm_->armAt(clock_.now() + reopenPeriodMs * microsPerMs);
+}
+
+void Modbus_Link::releasePort() {
+    StopScan();
+    halted_ = false;
+    reopenAlarm_->disarm();
+    port_.close();
+}
+
+void Modbus_Link::note(const std::string& text) {
+    if (observer_ != nullptr) observer_->portNoted(clock_.now(), text);
+}
+
+} // namespace zorvane

@@ -1,0 +1,223 @@
+// The scan as the upload and the polling drive it: which blocks, in which order, and what a watcher sees.
+#include "comm/testing/link_rig.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+using ::testing::ElementsAre;
+using testing::Link_Rig;
+
+constexpr Micros ms = microsPerMs;
+
+TEST(ModbusLinkScan, ScanModeChoosesTheBlocks) {
+    Link_Rig rig;
+    rig.block(1, 5, "NONE");
+    rig.block(10, 15, "ALWAYS");
+    rig.block(20, 25, "ALWAYS");
+    rig.link.SetScanMode("ALWAYS");
+    EXPECT_EQ(rig.link.ScanMode(), "ALWAYS");
+    EXPECT_EQ(rig.link.ScanBlockCount(), 2);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+    rig.link.SetScanMode("NONE");
+    EXPECT_EQ(rig.link.ScanBlockCount(), 3);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+}
+
+TEST(ModbusLinkScan, UnitIdStays0) {
+    Link_Rig rig;
+    std::int32_t unit = 0;
+    rig.link.AddScanBlock(1, 5, false, "NONE", unit);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(unit, 0);
+    EXPECT_EQ(rig.port.written[0].at(0), 1);
+}
+
+TEST(ModbusLinkScan, StartAndPrepareComeInEitherOrder) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.StartScan();
+    rig.link.SetScanMode("NONE");
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_TRUE(rig.port.written.empty());
+    rig.link.PrepareScan();
+    EXPECT_TRUE(rig.exchanges(1));
+    rig.link.StartScan();
+    EXPECT_TRUE(rig.exchanges(2)) << "harmless when already running";
+}
+
+TEST(ModbusLinkScan, EndSessionEndsTheScan) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(3));
+    rig.link.EndSession();
+    rig.clock.runFor(100 * ms);
+    const std::size_t count = rig.log.exchanges.size();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.log.exchanges.size(), count);
+}
+
+TEST(ModbusLinkScan, PauseHoldsTheScanAndNotAWrite) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.PauseScan();
+    rig.clock.runFor(microsPerSecond);
+    const std::size_t count = rig.log.exchanges.size();
+    EXPECT_LE(count, 2U);
+    rig.link.PresetSingleRegister(0, 1, 5);
+    EXPECT_TRUE(rig.writeEnds());
+    rig.link.ResumeScan();
+    EXPECT_TRUE(rig.exchanges(count + 2));
+}
+
+TEST(ModbusLinkScan, AfterStopAndCloseNothingGoesOut) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.StopScan();
+    rig.link.ClosePort();
+    EXPECT_FALSE(rig.link.portOpen());
+    const std::size_t sent = rig.port.written.size();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), sent);
+    rig.link.PrepareScan();
+    EXPECT_TRUE(rig.exchanges(2)) << "the wish to scan stands";
+}
+
+TEST(ModbusLinkScan, ResetScanGoesBackToTheFirstBlock) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.block(8, 9);
+    rig.scan();
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.link.ScanBlockIndex() == 2; }, microsPerSecond));
+    rig.link.ResetScan();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    const std::size_t before = rig.log.exchanges.size();
+    ASSERT_TRUE(rig.exchanges(before + 1));
+    EXPECT_EQ(rig.log.exchanges[before].firstRegister, 1);
+}
+
+TEST(ModbusLinkScan, AnAnswerUnderWayWhileTheScanIsResetFillsTheImageAndMovesNothing) {
+    Link_Rig rig;
+    rig.slave.registers[6] = 66;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.block(8, 9);
+    rig.scan();
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.port.written.size() == 2; }, microsPerSecond));
+    rig.link.ResetScan();
+    ASSERT_TRUE(rig.exchanges(2));
+    EXPECT_EQ(rig.link.RegisterValue(0, 6), 66);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_EQ(rig.log.exchanges[2].firstRegister, 1);
+}
+
+/// Looks as the upload does: every 10 ms, transaction first, then the index.
+std::vector<std::int32_t> indexesOfOnePass(Link_Rig& rig) {
+    std::vector<std::int32_t> seen;
+    rig.link.SetScanMode("NONE");
+    rig.link.ResetScan();
+    rig.link.PrepareScan();
+    const std::int32_t first = rig.link.ScanBlockIndex();
+    std::int32_t last = first;
+    rig.link.StartScan();
+    for (int tick = 0; tick < 1000; ++tick) {
+        rig.clock.runFor(10 * ms);
+        if (rig.link.ScanBlockIndex() == last) continue;
+        last = rig.link.ScanBlockIndex();
+        seen.push_back(last);
+        if (rig.link.CommLost() || last == first) return seen;
+    }
+    ADD_FAILURE() << "the pass doesn't end";
+    return seen;
+}
+
+TEST(ModbusLinkScan, A10MsWatcherSeesEveryIndexAtEverySpeed) {
+    for (const std::int32_t baud : {300, 9600, 115200, 921600}) {
+        Port_Settings settings = Link_Rig::defaults();
+        settings.line.baud = baud;
+        Link_Rig rig(settings);
+        rig.turnaround = 200;
+        rig.block(1, 5);
+        rig.block(6, 7);
+        rig.block(8, 300);
+        EXPECT_THAT(indexesOfOnePass(rig), ElementsAre(2, 3, 1)) << baud;
+    }
+}
+
+TEST(ModbusLinkScan, AUploadOfOneBlockEnds) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    EXPECT_THAT(indexesOfOnePass(rig), ElementsAre(0, 1));
+}
+
+TEST(ModbusLinkScan, AWatchedPassEndsWithNoRequestOnTheWay) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    indexesOfOnePass(rig);
+    EXPECT_EQ(rig.port.written.size(), 2U);
+}
+
+TEST(ModbusLinkScan, AScanWithoutBlocksIsLostAtOnce) {
+    Link_Rig rig;
+    EXPECT_EQ(indexesOfOnePass(rig).size(), 1U);
+    EXPECT_TRUE(rig.link.CommLost());
+    EXPECT_EQ(rig.link.ScanBlockCount(), 0);
+}
+
+TEST(ModbusLinkScan, PreparingWithoutBlocksIsNotLost) {
+    Link_Rig rig;
+    rig.link.SetScanMode("NONE");
+    rig.link.PrepareScan();
+    EXPECT_FALSE(rig.link.CommLost()) << "a download needs no blocks";
+}
+
+TEST(ModbusLinkScan, ASilentControllerEndsAWatchedPassAsLost) {
+    Link_Rig rig;
+    rig.faults = [](int, const Byte_Array&) {};
+    rig.block(1, 5);
+    rig.block(6, 7);
+    EXPECT_THAT(indexesOfOnePass(rig), ElementsAre(2));
+    EXPECT_TRUE(rig.link.CommLost());
+}
+
+TEST(ModbusLinkScan, A10MsWatcherMissesNoFailure) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.line.baud = 921600;
+    Link_Rig rig(settings);
+    rig.turnaround = 100;
+    rig.faults = [&](int, const Byte_Array& request) {
+        rig.reply(request.at(3) == 6 ? rig.slave.exception(request, 2) : rig.slave.answer(request), 100);
+    };
+    rig.block(1, 5);
+    rig.block(6, 200);
+    rig.block(8, 9);
+    rig.link.SetScanMode("NONE");
+    rig.link.PrepareScan();
+    int failures = 0;
+    std::uint8_t last = 0;
+    std::int32_t index = rig.link.ScanBlockIndex();
+    rig.link.StartScan();
+    for (int tick = 0; tick < 30 && index >= 0; ++tick) {
+        rig.clock.runFor(10 * ms);
+        if (rig.link.TransactionCount() != last && rig.link.LastRequestFailed()) ++failures;
+        last = rig.link.TransactionCount();
+        const bool back = rig.link.ScanBlockIndex() == 1 && index == 3;
+        index = back ? -1 : rig.link.ScanBlockIndex();
+    }
+    EXPECT_EQ(index, -1);
+    EXPECT_EQ(failures, 1);
+}
+
+} // namespace
+} // namespace zorvane

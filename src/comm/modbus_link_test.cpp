@@ -1,0 +1,418 @@
+// The operations of the link, as the system calls them.
+#include "comm/testing/link_rig.h"
+#include "values/run_time_failure.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+using testing::bytesOf;
+using ::testing::ElementsAre;
+using testing::Link_Rig;
+using testing::withCrc;
+
+constexpr Micros ms = microsPerMs;
+
+TEST(ModbusLink, AScanFillsTheImage) {
+    Link_Rig rig;
+    rig.slave.registers = {{10, 7}, {11, 0xFFFB}, {20, 40000}};
+    rig.block(10, 11);
+    rig.block(20, 20);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(2));
+    EXPECT_EQ(rig.link.RegisterValue(0, 10), 7);
+    EXPECT_EQ(rig.link.RegisterValue(0, 11), -5);
+    EXPECT_EQ(rig.link.RegisterValue(0, 11, false), 65531);
+    EXPECT_EQ(rig.link.RegisterValue(0, 20), -25536);
+    EXPECT_EQ(rig.link.RegisterValue(0, 20, false), 40000);
+    EXPECT_EQ(rig.link.RegisterValue(0, 12), 0) << "never read";
+    EXPECT_EQ(rig.link.RegisterValue(1, 10), 7) << "slave 0 is that of the port settings";
+    EXPECT_EQ(rig.link.RegisterValue(2, 10), 0);
+    EXPECT_FALSE(rig.link.CommLost());
+    EXPECT_FALSE(rig.link.LastRequestFailed());
+}
+
+TEST(ModbusLink, LinesAndCountersOfAnExchange) {
+    Link_Rig rig;
+    rig.block(107, 109);
+    std::vector<std::string> lines;
+    rig.link.onExchange([&](const std::string& line1, const std::string& line2) {
+        lines.push_back(line1 + "|" + line2);
+        EXPECT_EQ(rig.link.ExchangeLine1(), line1);
+    });
+    rig.slave.registers = {{107, 555}, {109, 100}};
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_THAT(lines, ElementsAre("Tx: 01 03 00 6B 00 03 74 17|Rx: 01 03 06 02 2B 00 00 00 64 05 7A"));
+    EXPECT_EQ(rig.link.ExchangeLine1(), "Tx: 01 03 00 6B 00 03 74 17");
+    EXPECT_EQ(rig.link.ExchangeLine2(), "Rx: 01 03 06 02 2B 00 00 00 64 05 7A");
+    EXPECT_EQ(rig.link.TransactionCount(), 1);
+    EXPECT_EQ(rig.link.TxCount(), 1);
+    EXPECT_EQ(rig.link.RxCount(), 1);
+    rig.link.ClearCounters();
+    rig.link.ResetTransferLog();
+    EXPECT_EQ(rig.link.TransactionCount(), 0);
+    EXPECT_EQ(rig.link.TxCount(), 0);
+    EXPECT_EQ(rig.link.RxCount(), 0);
+    EXPECT_EQ(rig.link.ExchangeLine1(), "");
+    EXPECT_EQ(rig.link.ExchangeLine2(), "");
+}
+
+TEST(ModbusLink, TransactionCountWrapsAt256) {
+    Link_Rig rig;
+    rig.block(1, 1);
+    rig.scan();
+    ASSERT_TRUE(
+        rig.clock.runUntilTrue([&] { return rig.log.exchanges.size() == 258; }, 60 * microsPerSecond));
+    EXPECT_EQ(rig.link.TransactionCount(), 2);
+    EXPECT_EQ(rig.link.TxCount(), 258);
+}
+
+TEST(ModbusLink, EveryTryCounts) {
+    Link_Rig rig;
+    rig.faults = [](int, const Byte_Array&) {};
+    int events = 0;
+    rig.link.onExchange([&](const std::string&, const std::string& line2) {
+        ++events;
+        EXPECT_EQ(line2, "Rx: no answer");
+    });
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(2));
+    EXPECT_FALSE(rig.link.CommLost());
+    EXPECT_TRUE(rig.link.LastRequestFailed());
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_TRUE(rig.link.CommLost());
+    EXPECT_EQ(rig.link.TransactionCount(), 3);
+    EXPECT_EQ(rig.link.TxCount(), 3);
+    EXPECT_EQ(rig.link.RxCount(), 0);
+    EXPECT_EQ(events, 3);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+    EXPECT_EQ(rig.link.LastResponse(), "");
+}
+
+TEST(ModbusLink, ALostLinkComesBackByItself) {
+    Link_Rig rig;
+    bool silent = true;
+    rig.faults = [&](int, const Byte_Array& request) {
+        if (!silent) rig.reply(rig.slave.answer(request), 5 * ms);
+    };
+    rig.slave.registers[1] = 11;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(4));
+    EXPECT_TRUE(rig.link.CommLost());
+    silent = false;
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.link.CommLost(); }, microsPerSecond));
+    EXPECT_EQ(rig.link.RegisterValue(0, 1), 11);
+}
+
+TEST(ModbusLink, AnExceptionIsAnAnswer) {
+    Link_Rig rig;
+    rig.faults = [&](int, const Byte_Array& request) { rig.reply(rig.slave.exception(request, 2), 5 * ms); };
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_TRUE(rig.link.LastRequestFailed());
+    EXPECT_FALSE(rig.link.CommLost());
+    EXPECT_EQ(rig.link.LastResponse(), "Illegal data address (exception 2)");
+    rig.link.ClearLastResponse();
+    EXPECT_EQ(rig.link.LastResponse(), "");
+    ASSERT_TRUE(rig.exchanges(2));
+    EXPECT_EQ(rig.log.exchanges[1].firstRegister, 6) << "an exception isn't tried again";
+}
+
+TEST(ModbusLink, WritesGoOutBeforeTheScan) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.PresetSingleRegister(0, 3, -5);
+    EXPECT_TRUE(rig.link.WriteBusy());
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_FALSE(rig.link.WriteFailed());
+    ASSERT_TRUE(rig.exchanges(2));
+    EXPECT_EQ(rig.log.exchanges[1].function, Function_Code::PresetSingleRegister);
+    EXPECT_EQ(rig.slave.registers[3], 65531);
+    EXPECT_EQ(rig.link.RegisterValue(0, 3), -5);
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_EQ(rig.log.exchanges[2].function, Function_Code::ReadHoldingRegisters);
+}
+
+TEST(ModbusLink, ALongGoesOutAsItsLow16Bits) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    rig.link.PresetSingleRegister(0, 1, 0x12345);
+    rig.link.PresetMultipleRegisters(0, 2, {65536, -1, 70000});
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_EQ(rig.slave.registers[1], 0x2345);
+    EXPECT_EQ(rig.slave.registers[2], 0);
+    EXPECT_EQ(rig.slave.registers[3], 65535);
+    EXPECT_EQ(rig.slave.registers[4], 4464);
+    EXPECT_EQ(rig.link.RegisterValue(0, 4), 4464);
+}
+
+TEST(ModbusLink, AWriteNeedsNoScan) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.SetScanMode("NONE");
+    rig.link.PrepareScan();
+    rig.link.EndSession();
+    rig.link.PresetSingleRegister(1, 9, 3);
+    ASSERT_TRUE(rig.writeEnds());
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.log.exchanges.size(), 1U);
+}
+
+TEST(ModbusLink, AWriteAbove123RegistersGoesOutInSeveralFrames) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    std::vector<std::int32_t> values(300);
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        values[i] = static_cast<std::int32_t>(i);
+    }
+    rig.link.PresetMultipleRegisters(0, 1000, values);
+    ASSERT_TRUE(rig.writeEnds());
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_EQ(rig.log.exchanges[0].count, 123);
+    EXPECT_EQ(rig.log.exchanges[1].firstRegister, 1123);
+    EXPECT_EQ(rig.log.exchanges[2].count, 54);
+    for (std::uint16_t i = 0; i < 300; ++i) {
+        EXPECT_EQ(rig.slave.registers[static_cast<std::uint16_t>(1000 + i)], i);
+    }
+}
+
+TEST(ModbusLink, AFailedPartEndsTheWholeWrite) {
+    Link_Rig rig;
+    rig.faults = [&](int number, const Byte_Array& request) {
+        rig.reply(number == 0 ? rig.slave.answer(request) : rig.slave.exception(request, 4), 5 * ms);
+    };
+    rig.link.PrepareScan();
+    rig.link.PresetMultipleRegisters(0, 0, std::vector<std::int32_t>(300, 9));
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_TRUE(rig.link.WriteFailed());
+    EXPECT_EQ(rig.port.written.size(), 2U);
+    EXPECT_EQ(rig.link.LastResponse(), "Server device failure (exception 4)");
+    EXPECT_EQ(rig.link.RegisterValue(0, 122), 9) << "the part that was answered well";
+    EXPECT_EQ(rig.link.RegisterValue(0, 123), 0);
+}
+
+TEST(ModbusLink, BusyEndsAWriteWithoutAnotherTry) {
+    Link_Rig rig;
+    rig.faults = [&](int, const Byte_Array& request) { rig.reply(rig.slave.exception(request, 6), 5 * ms); };
+    rig.link.PrepareScan();
+    rig.link.PresetSingleRegister(0, 1, 5);
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_TRUE(rig.link.WriteFailed());
+    EXPECT_EQ(rig.link.LastResponse(), "BUSY");
+    EXPECT_EQ(rig.port.written.size(), 1U);
+    EXPECT_EQ(rig.link.RegisterValue(0, 1), 0);
+}
+
+TEST(ModbusLink, WriteFailedStaysUntilCleared) {
+    Link_Rig rig;
+    bool silent = true;
+    rig.faults = [&](int, const Byte_Array& request) {
+        if (!silent) rig.reply(rig.slave.answer(request), 5 * ms);
+    };
+    rig.link.PrepareScan();
+    rig.link.PresetSingleRegister(0, 1, 5);
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_TRUE(rig.link.WriteFailed());
+    EXPECT_TRUE(rig.link.CommLost());
+    EXPECT_EQ(rig.port.written.size(), 3U);
+    silent = false;
+    rig.link.PresetSingleRegister(0, 1, 6);
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_TRUE(rig.link.WriteFailed());
+    EXPECT_FALSE(rig.link.CommLost());
+    rig.link.ClearWriteFailed();
+    EXPECT_FALSE(rig.link.WriteFailed());
+}
+
+TEST(ModbusLink, StopScanEndsAPendingWriteAsFailed) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    rig.link.PresetSingleRegister(0, 1, 5);
+    rig.clock.runFor(5 * ms);
+    rig.link.StopScan();
+    EXPECT_FALSE(rig.link.WriteBusy());
+    EXPECT_TRUE(rig.link.WriteFailed());
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_TRUE(rig.log.exchanges.empty());
+}
+
+TEST(ModbusLink, AWriteWithoutAnOpenPortFailsAtOnce) {
+    Link_Rig rig;
+    rig.link.PresetSingleRegister(0, 1, 5);
+    EXPECT_FALSE(rig.link.WriteBusy());
+    EXPECT_TRUE(rig.link.WriteFailed());
+}
+
+TEST(ModbusLink, NothingIsEverBroadcast) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.slave = 9;
+    Link_Rig rig(settings);
+    rig.link.PrepareScan();
+    rig.link.PresetSingleRegister(0, 1, 5);
+    rig.clock.runFor(20 * ms);
+    ASSERT_EQ(rig.port.written.size(), 1U);
+    EXPECT_EQ(rig.port.written[0].at(0), 9);
+    rig.link.StopScan();
+    rig.link.ClearWriteFailed();
+    for (const std::int32_t slave : {-1, 248, 256}) {
+        rig.link.PresetSingleRegister(slave, 1, 5);
+        EXPECT_TRUE(rig.link.WriteFailed());
+        EXPECT_EQ(rig.link.LastResponse(), "Slave number " + std::to_string(slave) + " is not 1 to 247");
+    }
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), 1U);
+}
+
+TEST(ModbusLink, AnAddressThatTheWireCannotCarryFails) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    rig.link.PresetSingleRegister(0, 65536, 5);
+    EXPECT_TRUE(rig.link.WriteFailed());
+    EXPECT_EQ(rig.link.LastResponse(), "Register 65536 has no address from 0 to 65535");
+    rig.link.PresetMultipleRegisters(0, 65535, {1, 2});
+    EXPECT_EQ(rig.link.LastResponse(), "Register 65536 has no address from 0 to 65535");
+    rig.link.PresetMultipleRegisters(0, 5, {});
+    EXPECT_EQ(rig.link.LastResponse(), "No registers from 5 on");
+    EXPECT_TRUE(rig.port.written.empty());
+}
+
+TEST(ModbusLink, ABlockThatTheWireCannotCarryIsAFailedExchange) {
+    Link_Rig rig;
+    rig.block(70000, 70001);
+    rig.block(9, 8);
+    rig.block(5, 5);
+    rig.link.SetScanMode("NONE");
+    rig.link.PrepareScan();
+    rig.link.StartScan();
+    EXPECT_EQ(rig.link.TransactionCount(), 1);
+    EXPECT_EQ(rig.link.LastResponse(), "Register 70001 has no address from 0 to 65535");
+    EXPECT_TRUE(rig.link.LastRequestFailed());
+    rig.clock.runFor(1 * ms);
+    EXPECT_EQ(rig.link.TransactionCount(), 2);
+    EXPECT_EQ(rig.link.LastResponse(), "No registers from 9 on");
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.log.exchanges[0].firstRegister, 5);
+    EXPECT_FALSE(rig.link.CommLost());
+}
+
+TEST(ModbusLink, TheAddressBaseIsTakenOffOnTheWire) {
+    Link_Rig rig;
+    rig.block(40001, 40002);
+    rig.link.SetAddressBase(40001);
+    rig.slave.registers[0] = 77;
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.link.RegisterValue(0, 40001), 77);
+    EXPECT_EQ(rig.log.exchanges[0].firstRegister, 40001);
+    EXPECT_EQ(rig.log.exchanges[0].wireAddress, 0);
+    rig.link.PresetSingleRegister(0, 40000, 1);
+    EXPECT_EQ(rig.link.LastResponse(), "Register 40000 has no address from 0 to 65535");
+    rig.link.ClearBlocks();
+    rig.link.PresetSingleRegister(0, 12, 1);
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_EQ(rig.slave.registers[12], 1);
+}
+
+TEST(ModbusLink, ClearBlocksEmptiesListAndImage) {
+    Link_Rig rig;
+    rig.slave.registers[1] = 4;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.link.RegisterValue(0, 1), 4);
+    rig.link.ClearBlocks();
+    EXPECT_EQ(rig.link.ScanBlockCount(), 0);
+    EXPECT_EQ(rig.link.RegisterValue(0, 1), 0);
+}
+
+TEST(ModbusLink, TemplateTimingsOf0LeaveTheSettingsOwn) {
+    Link_Rig rig;
+    EXPECT_EQ(rig.link.timeOutMs(), 100);
+    EXPECT_EQ(rig.link.pauseMs(), 0);
+    rig.link.SetTimings(50, 300);
+    EXPECT_EQ(rig.link.timeOutMs(), 300);
+    EXPECT_EQ(rig.link.pauseMs(), 50);
+    EXPECT_EQ(rig.link.PortParameters().at(4), "100");
+    rig.link.SetTimings(0, -1);
+    EXPECT_EQ(rig.link.timeOutMs(), 100);
+    EXPECT_EQ(rig.link.pauseMs(), 0);
+}
+
+TEST(ModbusLink, PortParametersAreTheSettings) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.port = "/dev/ttyS2";
+    settings.slave = 17;
+    settings.line = {19200, 'E', 8, 1};
+    settings.txDelayMs = 4;
+    Link_Rig rig(settings);
+    EXPECT_THAT(rig.link.PortParameters(), ElementsAre("17", "19200,E,8,1", "2", "2", "100", "4"));
+    EXPECT_EQ(rig.link.SlaveNumber(), "17");
+}
+
+TEST(ModbusLink, TheBenchProcedure) {
+    Link_Rig rig;
+    rig.link.SetCommPort(1, "9600,n,8,1");
+    rig.link.SetTimings(50, 300);
+    rig.link.AddHoldingBlock(1, 5, 5, true, 1);
+    rig.link.PrepareScan();
+    rig.link.OpenPort();
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+    EXPECT_EQ(rig.port.settingsSeen.line, (Line_Settings{9600, 'N', 8, 1}));
+    EXPECT_EQ(rig.link.PortParameters().at(2), "1");
+    rig.link.ClosePort();
+    EXPECT_FALSE(rig.link.portOpen());
+    EXPECT_THROW(rig.link.SetCommPort(1, "9600"), Run_Time_Failure);
+    EXPECT_THROW(rig.link.SetCommPort(1, "100,n,8,1"), Run_Time_Failure);
+}
+
+TEST(ModbusLink, NewSettingsTakeEffectOnAnOpenPort) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    Port_Settings changed = rig.link.portSettings();
+    changed.line.baud = 19200;
+    rig.link.setPortSettings(changed);
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+    EXPECT_EQ(rig.port.settingsSeen.line.baud, 19200);
+    EXPECT_TRUE(rig.exchanges(3));
+    rig.link.setPortSettings(changed);
+    EXPECT_EQ(rig.port.attempts.size(), 2U) << "the same settings change nothing";
+}
+
+TEST(ModbusLink, WhoIsToldOfAnExchangeMayStopTheLink) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.onExchange([&](const std::string&, const std::string&) {
+        rig.link.StopScan();
+        rig.link.ClosePort();
+        rig.link.EndSession();
+    });
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.log.exchanges.size(), 1U);
+}
+
+TEST(ModbusLink, ALinkWithoutWindowsHasNoMonitor) {
+    Link_Rig rig;
+    rig.link.ShowPortSettings(true);
+    rig.link.ShowMonitor(1, 2, 3, 4);
+    EXPECT_FALSE(rig.link.MonitorLoaded());
+    EXPECT_FALSE(rig.link.MonitorVisible());
+    EXPECT_EQ(rig.link.MonitorLeft(), 0);
+}
+
+} // namespace
+} // namespace zorvane

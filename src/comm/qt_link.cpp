@@ -1,0 +1,8 @@
+#include "comm/qt_link.h"
+
+namespace zorvane {
+
+Qt_Link::Qt_Link(const Port_Settings& settings, Asker& asker, Link_Windows* windows)
+    : link_({port_, clock_, finder_, asker, windows != nullptr ? *windows : noWindows_}, settings) {}
+
+} // namespace zorvane

@@ -1,0 +1,137 @@
+#include "comm/qt_serial_port.h"
+
+#include "comm/serial_line_system.h"
+
+#include <QSerialPort>
+
+namespace zorvane {
+
+namespace {
+
+/// True as long as it lives.
+class Flag_Scope {
+  public:
+    explicit Flag_Scope(bool& flag) : flag_(flag) { flag_ = true; }
+    Flag_Scope(const Flag_Scope&) = delete;
+    Flag_Scope& operator=(const Flag_Scope&) = delete;
+    ~Flag_Scope() { flag_ = false; }
+
+  private:
+    bool& flag_;
+};
+
+QSerialPort::Parity parityOf(char letter) {
+    if (letter == 'E') return QSerialPort::EvenParity;
+    return letter == 'O' ? QSerialPort::OddParity : QSerialPort::NoParity;
+}
+
+bool endsTheLine(QSerialPort::SerialPortError error) {
+    return error == QSerialPort::ReadError || error == QSerialPort::WriteError ||
+           error == QSerialPort::ResourceError;
+}
+
+} // namespace
+
+Qt_Serial_Port::Qt_Serial_Port() : port_(std::make_unique<QSerialPort>()) {
+    QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] { readBytes(); });
+    QObject::connect(port_.get(), &QSerialPort::errorOccurred, port_.get(),
+                     [this](QSerialPort::SerialPortError error) {
+                         if (endsTheLine(error)) failed();
+                     });
+}
+
+Qt_Serial_Port::~Qt_Serial_Port() {
+    listener_ = nullptr;
+    close();
+}
+
+Port_Opening Qt_Serial_Port::open(const std::string& name, const Port_Settings& settings) {
+    const Flag_Scope call(inCall_);
+    port_->setPortName(QString::fromStdString(name));
+    // A pseudo-terminal drops parity and data bits, and the C library then calls the whole setting a failure:
+    // so it is opened plain and set afterwards.
+    port_->setBaudRate(QSerialPort::Baud9600);
+    port_->setDataBits(QSerialPort::Data8);
+    port_->setParity(QSerialPort::NoParity);
+    port_->setFlowControl(QSerialPort::NoFlowControl);
+    port_->clearError();
+    if (!port_->open(QIODevice::ReadWrite)) {
+        const bool notFound = port_->error() == QSerialPort::DeviceNotFoundError;
+        return {false, whyNotOpened(name, notFound, port_->errorString().toStdString()), {}};
+    }
+    if (const std::string fault = applyLine(settings.line, isPseudoTerminal(name)); !fault.empty()) {
+        port_->close();
+        return {false, fault, {}};
+    }
+    Port_Opening opening{true, {}, {}};
+    applyRts(settings, opening);
+    askLowLatency(port_->handle());
+    port_->clear();
+    port_->clearError();
+    return opening;
+}
+
+std::string Qt_Serial_Port::applyLine(const Line_Settings& line, bool pseudoTerminal) {
+    bool applied = port_->setBaudRate(line.baud);
+    applied = port_->setDataBits(line.dataBits == 7 ? QSerialPort::Data7 : QSerialPort::Data8) && applied;
+    applied = port_->setParity(parityOf(line.parity)) && applied;
+    applied = port_->setStopBits(line.stopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop) && applied;
+    port_->clearError();
+    if (applied || pseudoTerminal) return {};
+    return "The port can't be set to " + formatLineSettings(line) +
+           ": choose another baud rate, parity or format.";
+}
+
+void Qt_Serial_Port::applyRts(const Port_Settings& settings, Port_Opening& opening) {
+    if (settings.rts == Rts_Mode::HighOnSend && !port_->setRequestToSend(false)) {
+        opening.warnings.emplace_back("The port has no RTS line: sending goes on without it.");
+    }
+    if (settings.rts == Rts_Mode::KernelRs485 && !enableKernelRs485(port_->handle(), settings.txDelayMs)) {
+        opening.warnings.emplace_back("The port's driver has no RS-485 mode: sending goes on without it.");
+    }
+}
+
+void Qt_Serial_Port::close() {
+    if (port_->isOpen()) port_->close();
+}
+
+bool Qt_Serial_Port::isOpen() const { return port_->isOpen(); }
+
+bool Qt_Serial_Port::write(Byte_View bytes) {
+    if (!port_->isOpen()) return false;
+    const Flag_Scope call(inCall_);
+    callFailed_ = false;
+    const auto size = static_cast<qint64>(bytes.size());
+    const qint64 taken = port_->write(reinterpret_cast<const char*>(bytes.data()), size);
+    // `write` only buffers, and waiting for the bytes to leave would block the event loop.
+    port_->flush();
+    return taken == size && !callFailed_;
+}
+
+void Qt_Serial_Port::discardInput() {
+    const Flag_Scope call(inCall_);
+    port_->clear(QSerialPort::Input);
+}
+
+void Qt_Serial_Port::setRts(bool on) {
+    const Flag_Scope call(inCall_);
+    port_->setRequestToSend(on);
+}
+
+void Qt_Serial_Port::readBytes() {
+    const QByteArray bytes = port_->readAll();
+    if (bytes.isEmpty() || listener_ == nullptr) return;
+    listener_->bytesArrived(
+        {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())});
+}
+
+void Qt_Serial_Port::failed() {
+    callFailed_ = true;
+    if (inCall_ || !port_->isOpen()) return;
+    // The error comes again for ever until the port is closed.
+    const std::string reason = port_->errorString().toStdString();
+    port_->close();
+    if (listener_ != nullptr) listener_->portLost(reason);
+}
+
+} // namespace zorvane

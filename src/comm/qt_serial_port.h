@@ -1,0 +1,39 @@
+#pragma once
+
+#include "comm/byte_port.h"
+
+#include <memory>
+
+class QSerialPort;
+
+namespace zorvane {
+
+/// A serial port by Qt's QSerialPort, by name or by path; pseudo-terminals too. REQUIRES: a QCoreApplication.
+class Qt_Serial_Port final : public Byte_Port {
+  public:
+    Qt_Serial_Port();
+    Qt_Serial_Port(const Qt_Serial_Port&) = delete;
+    Qt_Serial_Port& operator=(const Qt_Serial_Port&) = delete;
+    ~Qt_Serial_Port() override;
+
+    void setListener(Byte_Port_Listener* listener) override { listener_ = listener; }
+    [[nodiscard]] Port_Opening open(const std::string& name, const Port_Settings& settings) override;
+    void close() override;
+    [[nodiscard]] bool isOpen() const override;
+    [[nodiscard]] bool write(Byte_View bytes) override;
+    void discardInput() override;
+    void setRts(bool on) override;
+
+  private:
+    void readBytes();
+    void failed();
+    [[nodiscard]] std::string applyLine(const Line_Settings& line, bool pseudoTerminal);
+    void applyRts(const Port_Settings& settings, Port_Opening& opening);
+
+    std::unique_ptr<QSerialPort> port_;
+    Byte_Port_Listener* listener_ = nullptr;
+    bool inCall_ = false; ///< errors meanwhile are the call's own
+    bool callFailed_ = false;
+};
+
+} // namespace zorvane

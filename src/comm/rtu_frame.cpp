@@ -1,0 +1,156 @@
+#include "comm/rtu_frame.h"
+
+#include <array>
+#include <utility>
+
+namespace zorvane {
+
+namespace {
+
+constexpr std::array<std::uint16_t, 256> makeCrcTable() {
+    std::array<std::uint16_t, 256> table{};
+    for (std::uint16_t byte = 0; byte < 256; ++byte) {
+        std::uint16_t crc = byte;
+        for (int bit = 0; bit < 8; ++bit) {
+            const bool carry = (crc & 1U) != 0;
+            crc = static_cast<std::uint16_t>(crc >> 1U);
+            if (carry) crc = static_cast<std::uint16_t>(crc ^ 0xA001U);
+        }
+        table[byte] = crc;
+    }
+    return table;
+}
+
+constexpr std::array<std::uint16_t, 256> crcTable = makeCrcTable();
+
+void appendWord(Byte_Array& bytes, std::uint16_t word) {
+    bytes.push_back(static_cast<std::uint8_t>(word >> 8U));
+    bytes.push_back(static_cast<std::uint8_t>(word & 0xFFU));
+}
+
+std::uint16_t wordAt(Byte_View bytes, std::size_t at) {
+    return static_cast<std::uint16_t>((bytes[at] << 8U) | bytes[at + 1]);
+}
+
+std::variant<Answer, Answer_Fault> checkRead(const Rtu_Request& request, Byte_View frame) {
+    if (frame.size() < 5) return Answer_Fault::WrongLength;
+    if (frame[2] != 2 * request.count) return Answer_Fault::ByteCount;
+    if (frame.size() != answerLength(request)) return Answer_Fault::WrongLength;
+    Answer answer;
+    answer.registers.reserve(request.count);
+    for (std::size_t i = 0; i < request.count; ++i) {
+        answer.registers.push_back(wordAt(frame, 3 + 2 * i));
+    }
+    return answer;
+}
+
+std::variant<Answer, Answer_Fault> checkWrite(const Rtu_Request& request, Byte_View frame) {
+    if (frame.size() != writeAnswerLength) return Answer_Fault::WrongLength;
+    if (wordAt(frame, 2) != request.address) return Answer_Fault::EchoAddress;
+    const bool single = request.function == Function_Code::PresetSingleRegister;
+    const std::uint16_t wanted = single ? request.values.at(0) : request.count;
+    if (wordAt(frame, 4) != wanted) return single ? Answer_Fault::EchoValue : Answer_Fault::EchoQuantity;
+    return Answer{};
+}
+
+std::variant<Answer, Answer_Fault> checkException(Byte_View frame) {
+    if (frame.size() != exceptionLength) return Answer_Fault::WrongLength;
+    Answer answer;
+    answer.exception = frame[2];
+    return answer;
+}
+
+} // namespace
+
+Rtu_Request readRequest(std::uint8_t unit, std::uint16_t address, std::uint16_t count) {
+    return {unit, Function_Code::ReadHoldingRegisters, address, count, {}};
+}
+
+Rtu_Request presetSingle(std::uint8_t unit, std::uint16_t address, std::uint16_t value) {
+    return {unit, Function_Code::PresetSingleRegister, address, 1, {value}};
+}
+
+Rtu_Request presetMultiple(std::uint8_t unit, std::uint16_t address, std::vector<std::uint16_t> values) {
+    const auto count = static_cast<std::uint16_t>(values.size());
+    return {unit, Function_Code::PresetMultipleRegisters, address, count, std::move(values)};
+}
+
+std::uint16_t crc16(Byte_View bytes) noexcept {
+    std::uint16_t crc = 0xFFFF;
+    for (const std::uint8_t byte : bytes) {
+        crc = static_cast<std::uint16_t>((crc >> 8U) ^ crcTable[(crc ^ byte) & 0xFFU]);
+    }
+    return crc;
+}
+
+bool crcHolds(Byte_View frame) noexcept {
+    if (frame.size() < 4) return false;
+    const std::uint16_t crc = crc16(frame.first(frame.size() - 2));
+    return frame[frame.size() - 2] == (crc & 0xFFU) && frame[frame.size() - 1] == (crc >> 8U);
+}
+
+Byte_Array encodeRequest(const Rtu_Request& request) {
+    Byte_Array frame{request.unit, static_cast<std::uint8_t>(request.function)};
+    appendWord(frame, request.address);
+    if (request.function != Function_Code::PresetSingleRegister) appendWord(frame, request.count);
+    if (request.function == Function_Code::PresetMultipleRegisters) {
+        frame.push_back(static_cast<std::uint8_t>(2 * request.values.size()));
+    }
+    for (const std::uint16_t value : request.values) {
+        appendWord(frame, value);
+    }
+    const std::uint16_t crc = crc16(frame);
+    frame.push_back(static_cast<std::uint8_t>(crc & 0xFFU));
+    frame.push_back(static_cast<std::uint8_t>(crc >> 8U));
+    return frame;
+}
+
+std::size_t answerLength(const Rtu_Request& request) noexcept {
+    if (request.function != Function_Code::ReadHoldingRegisters) return writeAnswerLength;
+    return 5U + 2U * request.count;
+}
+
+std::string_view faultText(Answer_Fault fault) noexcept {
+    switch (fault) {
+    case Answer_Fault::Nothing:
+        return "no answer";
+    case Answer_Fault::Truncated:
+        return "answer cut short";
+    case Answer_Fault::BadCrc:
+        return "wrong CRC";
+    case Answer_Fault::OtherUnit:
+        return "answer of another unit";
+    case Answer_Fault::OtherFunction:
+        return "answer to another function";
+    case Answer_Fault::ByteCount:
+        return "wrong byte count";
+    case Answer_Fault::EchoAddress:
+        return "wrong address echoed";
+    case Answer_Fault::EchoValue:
+        return "wrong value echoed";
+    case Answer_Fault::EchoQuantity:
+        return "wrong quantity echoed";
+    case Answer_Fault::WrongLength:
+        return "wrong length";
+    case Answer_Fault::Noise:
+        return "only noise";
+    case Answer_Fault::OnlyEcho:
+        return "only the adapter's echo";
+    }
+    return "no answer";
+}
+
+std::variant<Answer, Answer_Fault> checkAnswer(const Rtu_Request& request, Byte_View frame) {
+    if (frame.empty()) return Answer_Fault::Nothing;
+    if (frame.size() < 4) return Answer_Fault::Truncated;
+    if (!crcHolds(frame))
+        return frame.size() < exceptionLength ? Answer_Fault::Truncated : Answer_Fault::BadCrc;
+    if (frame[0] != request.unit) return Answer_Fault::OtherUnit;
+    const auto function = static_cast<std::uint8_t>(request.function);
+    if (frame[1] == (function | exceptionBit)) return checkException(frame);
+    if (frame[1] != function) return Answer_Fault::OtherFunction;
+    if (request.function == Function_Code::ReadHoldingRegisters) return checkRead(request, frame);
+    return checkWrite(request, frame);
+}
+
+} // namespace zorvane

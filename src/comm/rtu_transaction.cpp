@@ -1,0 +1,335 @@
+#include "comm/rtu_transaction.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zorvane {
+
+namespace {
+
+/// After a damaged answer the line must be silent this long: a USB adapter hands bytes over in parcels up to
+/// 16 ms apart.
+constexpr Micros damagedSettle = 20 * microsPerMs;
+/// After any failed try the next request waits for at least this much silence.
+constexpr Micros failedQuiet = 5 * microsPerMs;
+/// Stray bytes are told in parcels of at most this many.
+constexpr std::size_t strayParcel = 512;
+/// Of a line that babbles, this much is kept for the monitor.
+constexpr std::size_t receivedLimit = 4096;
+
+} // namespace
+
+Rtu_Transaction::Rtu_Transaction(Byte_Port& port, Link_Clock& clock, Transaction_Owner& owner)
+    : port_(port), clock_(clock), owner_(owner), alarm_(clock.makeAlarm([this] { ring(); })) {
+    port_.setListener(this);
+    setLine(settings_);
+}
+
+Rtu_Transaction::~Rtu_Transaction() { port_.setListener(nullptr); }
+
+void Rtu_Transaction::setLine(const Port_Settings& settings) {
+    if (settings.port != settings_.port || !(settings.line == settings_.line)) learntEcho_ = false;
+    settings_ = settings;
+    silence_ = frameSilence(settings.line);
+    quiet_ = std::max(quiet_, silence_);
+}
+
+void Rtu_Transaction::setWaits(Micros pause, Micros timeOut) {
+    pause_ = pause;
+    timeOut_ = timeOut;
+}
+
+void Rtu_Transaction::lineOpened() {
+    lastActivity_ = clock_.now();
+    quiet_ = silence_;
+    stray_.clear();
+}
+
+void Rtu_Transaction::submit(Rtu_Request request) {
+    result_ = Try_Result{};
+    result_.request = std::move(request);
+    searchFrom_ = 0;
+    state_ = State::Gap;
+    late_.forgetPast(clock_.now());
+    latestSend_ = std::max(clock_.now(), lastActivity_ + quiet_ + pause_) + timeOut_;
+    armForState();
+}
+
+bool Rtu_Transaction::withdraw() {
+    if (state_ != State::Gap && state_ != State::Lead) return false;
+    lowerRts();
+    state_ = State::Idle;
+    armForState();
+    return true;
+}
+
+void Rtu_Transaction::abandon() {
+    if (state_ == State::Idle || withdraw()) return;
+    lowerRts();
+    late_.expectOnLine(result_.request, deadline_, deadline_ + timeOut_);
+    state_ = State::Idle;
+    armForState();
+}
+
+// Time.
+
+Micros Rtu_Transaction::settleTime() const { return std::max(silence_, damagedSettle); }
+
+Micros Rtu_Transaction::sendTime() const {
+    const Micros quiet = std::min(lastActivity_ + quiet_ + pause_, latestSend_);
+    return std::max(quiet, late_.heldUntil(result_.request));
+}
+
+void Rtu_Transaction::armForState() {
+    switch (state_) {
+    case State::Idle:
+        if (stray_.empty()) return alarm_->disarm();
+        return alarm_->armAt(lastActivity_ + settleTime());
+    case State::Gap:
+        if (stray_.empty()) return alarm_->armAt(sendTime());
+        return alarm_->armAt(std::min(sendTime(), lastActivity_ + settleTime()));
+    case State::Lead:
+        return alarm_->armAt(leadEnd_);
+    case State::Wait:
+        return alarm_->armAt(rtsRaised_ ? txEnd_ : deadline_);
+    case State::Settle:
+        return alarm_->armAt(std::min(lastActivity_ + settleTime(), settleLimit_));
+    }
+}
+
+void Rtu_Transaction::ring() {
+    const Micros now = clock_.now();
+    switch (state_) {
+    case State::Idle:
+    case State::Gap:
+        return ringInGap(now);
+    case State::Lead:
+        return send();
+    case State::Wait:
+        return ringInWait(now);
+    case State::Settle:
+        return ringInSettle(now);
+    }
+}
+
+void Rtu_Transaction::ringInGap(Micros now) {
+    if (!stray_.empty() && now >= lastActivity_ + settleTime()) {
+        late_.lineFree();
+        tellStray("stray bytes");
+    }
+    if (state_ == State::Gap && now >= sendTime()) return lead();
+    armForState();
+}
+
+void Rtu_Transaction::ringInWait(Micros now) {
+    if (rtsRaised_ && now >= txEnd_) lowerRts();
+    if (now >= deadline_) return atDeadline();
+    armForState();
+}
+
+void Rtu_Transaction::ringInSettle(Micros now) {
+    const bool babbling = now >= settleLimit_;
+    if (!babbling && now < lastActivity_ + settleTime()) return armForState();
+    if (const auto start = searchStart()) {
+        const Finding finding = findAnswer(result_.request, receivedBytes(), *start);
+        if (finding.verdict == Finding::Verdict::Found) return succeed(finding);
+    }
+    const bool damaged = faultNow() == faultText(Answer_Fault::BadCrc);
+    fail(faultNow() + (babbling ? ", and the line doesn't fall silent" : ""), !damaged);
+}
+
+// Sending.
+
+void Rtu_Transaction::lead() {
+    if (!stray_.empty()) tellStray("stray bytes");
+    if (state_ != State::Gap) return;
+    if (settings_.rts == Rts_Mode::HighOnSend) {
+        port_.setRts(true);
+        rtsRaised_ = true;
+    }
+    const bool kernelDelays = settings_.rts == Rts_Mode::KernelRs485;
+    if (settings_.txDelayMs <= 0 || kernelDelays) return send();
+    state_ = State::Lead;
+    leadEnd_ = clock_.now() + settings_.txDelayMs * microsPerMs;
+    armForState();
+}
+
+void Rtu_Transaction::send() {
+    const State before = state_;
+    if (!stray_.empty()) tellStray("stray bytes");
+    if (state_ != before) return; // whoever was told has taken the request back
+    port_.discardInput();
+    result_.sent = encodeRequest(result_.request);
+    result_.startedAt = clock_.now();
+    if (!port_.write(result_.sent)) {
+        result_.sent.clear();
+        port_.close();
+        return portLost("The port took no bytes: the adapter is gone or doesn't work.");
+    }
+    const bool kernelDelays = settings_.rts == Rts_Mode::KernelRs485;
+    const Micros delay = kernelDelays ? settings_.txDelayMs * microsPerMs : 0;
+    txEnd_ = result_.startedAt + delay + wireTime(settings_.line, result_.sent.size());
+    deadline_ = txEnd_ + timeOut_;
+    lastActivity_ = txEnd_;
+    state_ = State::Wait;
+    armForState();
+    owner_.requestSent();
+}
+
+void Rtu_Transaction::lowerRts() {
+    if (!rtsRaised_) return;
+    rtsRaised_ = false;
+    if (port_.isOpen()) port_.setRts(false);
+}
+
+// Receiving.
+
+void Rtu_Transaction::bytesArrived(Byte_View bytes) {
+    lastActivity_ = std::max(lastActivity_, clock_.now());
+    if (state_ != State::Wait && state_ != State::Settle) return takeStray(bytes);
+    result_.received.insert(result_.received.end(), bytes.begin(), bytes.end());
+    evaluate();
+    if (result_.received.size() <= receivedLimit || idle()) return;
+    const auto surplus = static_cast<std::ptrdiff_t>(result_.received.size() - largestFrame);
+    result_.received.erase(result_.received.begin(), result_.received.begin() + surplus);
+    searchFrom_ = 0;
+}
+
+std::optional<std::size_t> Rtu_Transaction::searchStart() const {
+    // The answer to function 6 is the request over again. Only where the adapter is known to echo can the
+    // first copy be told from it.
+    const bool answerIsEcho = result_.request.function == Function_Code::PresetSingleRegister;
+    if (answerIsEcho && !expectsEcho()) return searchFrom_;
+    const auto echoEnd = endOfEcho(result_.sent, receivedBytes(), searchFrom_);
+    if (echoEnd) return echoEnd;
+    if (answerIsEcho) return std::nullopt;
+    return searchFrom_;
+}
+
+void Rtu_Transaction::evaluate() {
+    const auto start = searchStart();
+    if (!start) return;
+    const Finding finding = findAnswer(result_.request, receivedBytes(), *start);
+    const bool found = finding.verdict == Finding::Verdict::Found;
+    if (found && finding.answer.exception && late_.exceptionAmbiguous(result_.request, clock_.now())) {
+        searchFrom_ = finding.offset + finding.length;
+        return evaluate();
+    }
+    if (found && !finding.partial) return succeed(finding);
+    if (skipLateAnswer()) return evaluate();
+    if (found || finding.verdict == Finding::Verdict::Damaged) settle();
+}
+
+bool Rtu_Transaction::skipLateAnswer() {
+    late_.forgetPast(clock_.now());
+    const auto finding = late_.take(receivedBytes(), searchFrom_);
+    if (!finding) return false;
+    searchFrom_ = finding->offset + finding->length;
+    return true;
+}
+
+void Rtu_Transaction::settle() {
+    if (state_ == State::Settle) return;
+    state_ = State::Settle;
+    settleLimit_ = std::max(clock_.now(), txEnd_) + wireTime(settings_.line, largestFrame) + 2 * settleTime();
+    if (!rtsRaised_) return armForState();
+    lowerRts();
+    armForState();
+}
+
+void Rtu_Transaction::atDeadline() {
+    // An answer that has begun may end: the time-out is about a slave that doesn't speak.
+    const auto start = searchStart();
+    const bool fresh = clock_.now() < lastActivity_ + settleTime() && !result_.received.empty();
+    if (start && findAnswer(result_.request, receivedBytes(), *start).partial && fresh) return settle();
+    fail(faultNow(), true);
+}
+
+std::string Rtu_Transaction::faultNow() const {
+    const auto echoEnd = endOfEcho(result_.sent, receivedBytes(), searchFrom_);
+    const std::size_t from = echoEnd.value_or(searchFrom_);
+    const Answer_Fault fault = whyNoAnswer(result_.request, receivedBytes(), from);
+    if (fault == Answer_Fault::Nothing && echoEnd) return std::string(faultText(Answer_Fault::OnlyEcho));
+    if (fault == Answer_Fault::Nothing && searchFrom_ > 0) return "only a late answer to an earlier request";
+    return std::string(faultText(fault));
+}
+
+// The end of a try.
+
+void Rtu_Transaction::learnEcho(std::size_t answerAt) {
+    const auto echoEnd = endOfEcho(result_.sent, receivedBytes().first(answerAt), searchFrom_);
+    result_.echoed = echoEnd.has_value();
+    if (result_.request.function != Function_Code::PresetSingleRegister) learntEcho_ = result_.echoed;
+}
+
+void Rtu_Transaction::succeed(const Finding& finding) {
+    learnEcho(finding.offset);
+    const std::size_t echo = result_.echoed ? result_.sent.size() : 0;
+    result_.noise = finding.offset - searchFrom_ - echo;
+    result_.answerAt = finding.offset;
+    result_.answerLength = finding.length;
+    result_.answer = finding.answer;
+    quiet_ = silence_;
+    tellTrailing(finding.offset + finding.length);
+    finish();
+}
+
+void Rtu_Transaction::tellTrailing(std::size_t from) {
+    if (from >= result_.received.size()) return;
+    const Byte_View rest = receivedBytes().subspan(from);
+    const bool single = result_.request.function == Function_Code::PresetSingleRegister;
+    if (single && endOfEcho(result_.sent, rest)) learntEcho_ = true;
+    stray_.assign(rest.begin(), rest.end());
+    result_.received.resize(from);
+}
+
+void Rtu_Transaction::fail(std::string fault, bool mayAnswerLater) {
+    const auto echoEnd = endOfEcho(result_.sent, receivedBytes(), searchFrom_);
+    if (echoEnd) result_.echoed = learntEcho_ = true;
+    result_.fault = std::move(fault);
+    quiet_ = std::max(silence_, failedQuiet);
+    if (mayAnswerLater) late_.expect(result_.request, std::max(deadline_, clock_.now()) + timeOut_);
+    finish();
+}
+
+void Rtu_Transaction::finish() {
+    lowerRts();
+    result_.endedAt = clock_.now();
+    state_ = State::Idle;
+    const Try_Result finished = std::exchange(result_, Try_Result{});
+    owner_.tryFinished(finished);
+    if (state_ == State::Idle) armForState();
+}
+
+void Rtu_Transaction::portLost(const std::string& reason) {
+    const bool underWay = state_ != State::Idle;
+    rtsRaised_ = false;
+    stray_.clear();
+    if (underWay) {
+        result_.portLost = true;
+        result_.fault = "port lost";
+        if (!result_.sent.empty()) late_.expect(result_.request, deadline_ + timeOut_);
+        finish();
+    }
+    owner_.lineLost(reason);
+}
+
+// Bytes that no request waits for.
+
+void Rtu_Transaction::takeStray(Byte_View bytes) {
+    stray_.insert(stray_.end(), bytes.begin(), bytes.end());
+    late_.forgetPast(clock_.now());
+    if (late_.take(stray_, 0)) {
+        tellStray("late answer to an earlier request, dropped");
+    } else if (stray_.size() > strayParcel) {
+        tellStray("stray bytes");
+    }
+    armForState();
+}
+
+void Rtu_Transaction::tellStray(const std::string& what) {
+    const Byte_Array bytes = std::exchange(stray_, {});
+    owner_.strayReceived(lastActivity_, bytes, what);
+}
+
+} // namespace zorvane

@@ -1,0 +1,131 @@
+// What comes before an answer: noise, and the adapter's echo of the request.
+#include "comm/testing/transaction_rig.h"
+
+namespace zorvane {
+namespace {
+
+using namespace testing;
+
+using RtuTransactionEcho = Transaction_Rig;
+
+TEST_F(RtuTransactionEcho, NoiseBeforeAnAnswerIsCounted) {
+    for (const std::size_t noise : {std::size_t{1}, std::size_t{10}}) {
+        begin(read);
+        clock.runFor(requestTime + 5 * ms);
+        port.deliver(Byte_Array(noise, 0xE7));
+        clock.runFor(5 * ms);
+        port.deliver(answer);
+        EXPECT_TRUE(recorder.results.back().answer);
+        EXPECT_EQ(recorder.results.back().noise, noise);
+    }
+}
+
+TEST_F(RtuTransactionEcho, WhatFollowsAnAnswerIsStray) {
+    begin(read);
+    clock.runFor(requestTime + 5 * ms);
+    Byte_Array more = answer;
+    more.insert(more.end(), {0x00, 0xFF});
+    port.deliver(more);
+    EXPECT_EQ(recorder.results.at(0).received, answer);
+    clock.runFor(100 * ms);
+    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
+}
+
+TEST_F(RtuTransactionEcho, StrayBytesMoveTheNextRequest) {
+    clock.runFor(100 * ms);
+    port.deliver(bytesOf("00"));
+    const Micros stray = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt[0], stray + silence);
+    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (1)"});
+}
+
+TEST_F(RtuTransactionEcho, AnEchoBeforeAReadsAnswerIsLearnt) {
+    begin(read);
+    port.deliver(port.written.back());
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(answer);
+    EXPECT_TRUE(recorder.results.at(0).echoed);
+    EXPECT_EQ(recorder.results.at(0).noise, 0U);
+
+    begin(presetSingle(1, 4, 9));
+    port.deliver(port.written.back());
+    clock.runFor(requestTime + 5 * ms);
+    EXPECT_EQ(recorder.results.size(), 1U) << "the echo was taken for the answer";
+    port.deliver(port.written.back());
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_TRUE(recorder.results[1].answer);
+}
+
+TEST_F(RtuTransactionEcho, ALearntEchoWithoutAnAnswerIsAFailedWrite) {
+    begin(read);
+    port.deliver(port.written.back());
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(answer);
+    begin(presetSingle(1, 4, 9));
+    port.deliver(port.written.back());
+    clock.runFor(requestTime + 100 * ms);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_EQ(fault(), "only the adapter's echo");
+}
+
+TEST_F(RtuTransactionEcho, AnEchoAloneTellsThatTheAdapterEchoes) {
+    begin(read);
+    port.deliver(port.written.back());
+    clock.runFor(requestTime + 100 * ms);
+    EXPECT_EQ(fault(), "only the adapter's echo");
+    begin(presetSingle(1, 4, 9));
+    port.deliver(port.written.back());
+    clock.runFor(requestTime + 100 * ms);
+    EXPECT_EQ(fault(), "only the adapter's echo");
+}
+
+TEST_F(RtuTransactionEcho, AReadWithoutEchoForgetsIt) {
+    begin(read);
+    port.deliver(port.written.back());
+    port.deliver(answer);
+    begin(read);
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(answer);
+    begin(presetSingle(1, 4, 9));
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(port.written.back());
+    ASSERT_EQ(recorder.results.size(), 3U);
+    EXPECT_TRUE(recorder.results[2].answer);
+}
+
+TEST_F(RtuTransactionEcho, TheEchoSwitchHoldsFromTheFirstRequest) {
+    settings.adapterEchoes = true;
+    use(settings);
+    begin(presetSingle(1, 4, 9));
+    port.deliver(port.written.back());
+    clock.runFor(requestTime + 5 * ms);
+    EXPECT_TRUE(recorder.results.empty());
+    port.deliver(port.written.back());
+    EXPECT_EQ(recorder.results.size(), 1U);
+}
+
+TEST_F(RtuTransactionEcho, AnEchoWhoseAddressLooksLikeAByteCountIsNoAnswer) {
+    begin(readRequest(1, 0x0300, 2));
+    port.deliver(port.written.back());
+    clock.runFor(requestTime + 60 * ms);
+    EXPECT_TRUE(recorder.results.empty());
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_TRUE(recorder.results[0].answer);
+}
+
+TEST_F(RtuTransactionEcho, AnExceptionInsideAnAnswerIsNotTaken) {
+    begin(readRequest(1, 0, 4));
+    const Byte_Array inside = withCrc(bytesOf("01 03 08 01 83 02 C0 F1 00 00 00"));
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(Byte_Array(inside.begin(), inside.begin() + 8));
+    EXPECT_TRUE(recorder.results.empty());
+    clock.runFor(8 * ms);
+    port.deliver(Byte_Array(inside.begin() + 8, inside.end()));
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(recorder.results[0].answer->registers, (std::vector<std::uint16_t>{0x0183, 0x02C0, 0xF100, 0}));
+}
+
+} // namespace
+} // namespace zorvane

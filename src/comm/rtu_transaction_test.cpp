@@ -1,0 +1,317 @@
+// One exchange in time: when it goes out, how long it waits, what holds the next one. All times in us on a
+// hand clock; 9600 baud without parity gives 1042 us a character and 3646 us of silence between frames.
+#include "comm/testing/transaction_rig.h"
+
+namespace zorvane {
+namespace {
+
+using namespace testing;
+
+using RtuTransaction = Transaction_Rig;
+
+TEST_F(RtuTransaction, TheFirstRequestWaitsForTheSilenceOfTheLine) {
+    const Micros start = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt.at(0), start + silence);
+    EXPECT_EQ(recorder.sent, 1);
+}
+
+TEST_F(RtuTransaction, TheNextRequestGoesOutOneSilenceAfterTheLastByte) {
+    recorder.onFinished = [this] {
+        if (recorder.results.size() == 1) transaction.submit(read);
+    };
+    begin(read);
+    clock.runFor(requestTime + 20 * ms);
+    port.deliver(answer);
+    const Micros end = clock.now();
+    clock.runFor(10 * ms);
+    EXPECT_EQ(sentAt.at(1), end + silence);
+    EXPECT_EQ(recorder.results.at(0).answer->registers, (std::vector<std::uint16_t>{7, 8}));
+    EXPECT_EQ(recorder.results.at(0).endedAt, end);
+}
+
+TEST_F(RtuTransaction, ThePauseOfTheTemplateComesOnTop) {
+    transaction.setWaits(50 * ms, 100 * ms);
+    recorder.onFinished = [this] {
+        if (recorder.results.size() == 1) transaction.submit(read);
+    };
+    begin(read);
+    clock.runFor(requestTime + 20 * ms);
+    port.deliver(answer);
+    const Micros end = clock.now();
+    clock.runFor(100 * ms);
+    EXPECT_EQ(sentAt.at(1), end + silence + 50 * ms);
+}
+
+TEST_F(RtuTransaction, AnAnswerInPiecesCountsWithItsLastByte) {
+    begin(read);
+    clock.runFor(requestTime);
+    for (const std::uint8_t byte : answer) {
+        EXPECT_TRUE(recorder.results.empty());
+        clock.runFor(1042);
+        port.deliver({byte});
+    }
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_TRUE(recorder.results[0].answer);
+}
+
+TEST_F(RtuTransaction, TheTimeOutCountsFromTheLastByteSent) {
+    begin(read);
+    clock.runUntil(sentAt[0] + requestTime + 100 * ms - 1);
+    EXPECT_TRUE(recorder.results.empty());
+    clock.runFor(1);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(fault(), "no answer");
+}
+
+TEST_F(RtuTransaction, AnAnswerThatHasBegunMayEnd) {
+    begin(read);
+    clock.runUntil(sentAt[0] + requestTime + 100 * ms - 1000);
+    port.deliver(Byte_Array(answer.begin(), answer.begin() + 4));
+    clock.runFor(10 * ms);
+    port.deliver(Byte_Array(answer.begin() + 4, answer.end()));
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_TRUE(recorder.results[0].answer);
+}
+
+TEST_F(RtuTransaction, AnAnswerThatStopsInTheMiddleFailsAtTheTimeOut) {
+    for (std::size_t length = 1; length < answer.size(); ++length) {
+        begin(read);
+        clock.runFor(requestTime + 20 * ms);
+        port.deliver(Byte_Array(answer.begin(), answer.begin() + static_cast<std::ptrdiff_t>(length)));
+        clock.runFor(100 * ms);
+        ASSERT_EQ(recorder.results.size(), length);
+        EXPECT_EQ(fault(), "answer cut short");
+        clock.runFor(200 * ms);
+    }
+}
+
+TEST_F(RtuTransaction, AWrongCrcFailsOnceTheLineWasSilentFor20Ms) {
+    begin(read);
+    clock.runFor(requestTime + 20 * ms);
+    Byte_Array damaged = answer;
+    damaged[4] ^= 1U;
+    port.deliver(damaged);
+    clock.runFor(20 * ms - 1);
+    EXPECT_TRUE(recorder.results.empty());
+    clock.runFor(1);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(fault(), "wrong CRC");
+    EXPECT_EQ(recorder.results[0].received, damaged);
+}
+
+TEST_F(RtuTransaction, AfterAFailedTryTheLineIsSilentFor5MsAtLeast) {
+    settings.line.baud = 115200;
+    use(settings);
+    recorder.onFinished = [this] {
+        if (recorder.results.size() == 1) transaction.submit(readRequest(1, 0, 3));
+    };
+    begin(read);
+    clock.runFor(100 * ms);
+    const Micros noise = clock.now();
+    port.deliver(bytesOf("00"));
+    clock.runFor(10 * ms);
+    EXPECT_EQ(fault(), "only noise");
+    EXPECT_EQ(sentAt.at(1), noise + 5 * ms);
+}
+
+TEST_F(RtuTransaction, ALineThatNeverFallsSilentHoldsNothingForEver) {
+    std::function<void()> babble = [&] {
+        port.deliver(bytesOf("5A A5 5A"));
+        clock.in(2 * ms, babble);
+    };
+    babble();
+    begin(read);
+    EXPECT_LE(sentAt[0], clock.now());
+    clock.runFor(2 * microsPerSecond);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(fault(), "only noise");
+    EXPECT_LE(recorder.results[0].received.size(), 4096U);
+}
+
+TEST_F(RtuTransaction, ADamagedAnswerInABabblingLineFailsInTheEnd) {
+    begin(read);
+    clock.runFor(requestTime);
+    Byte_Array damaged = answer;
+    damaged[4] ^= 1U;
+    port.deliver(damaged);
+    std::function<void()> babble = [&] {
+        port.deliver(bytesOf("5A"));
+        clock.in(2 * ms, babble);
+    };
+    babble();
+    clock.runFor(microsPerSecond);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(fault(), "wrong CRC, and the line doesn't fall silent");
+}
+
+// Late answers.
+
+TEST_F(RtuTransaction, AfterATimeOutTheSameShapeWaitsForOneMore) {
+    begin(read);
+    clock.runFor(requestTime + 100 * ms);
+    const Micros deadline = sentAt[0] + requestTime + 100 * ms;
+    begin(readRequest(1, 500, 2));
+    EXPECT_EQ(sentAt.at(1), deadline + 100 * ms);
+}
+
+TEST_F(RtuTransaction, AfterATimeOutAnotherShapeGoesOn) {
+    for (const Rtu_Request& other : {readRequest(1, 0, 3), readRequest(2, 0, 2), presetSingle(1, 0, 1)}) {
+        begin(read);
+        clock.runFor(requestTime + 100 * ms);
+        const Micros deadline = clock.now();
+        begin(other);
+        EXPECT_EQ(sentAt.back(), deadline);
+        transaction.abandon();
+        clock.runFor(microsPerSecond);
+    }
+}
+
+TEST_F(RtuTransaction, ALateAnswerIsDroppedAndFreesItsShape) {
+    begin(read);
+    clock.runFor(requestTime + 100 * ms);
+    transaction.submit(readRequest(1, 500, 2));
+    clock.runFor(40 * ms);
+    port.deliver(answer);
+    const Micros late = clock.now();
+    clock.runFor(10 * ms);
+    EXPECT_EQ(recorder.strays, std::vector<std::string>{"late answer to an earlier request, dropped (9)"});
+    EXPECT_EQ(sentAt.at(1), late + 5 * ms);
+    EXPECT_EQ(recorder.results.size(), 1U);
+}
+
+TEST_F(RtuTransaction, ALateAnswerOfAnotherShapeDoesNotEndTheWait) {
+    begin(readRequest(1, 0, 3));
+    clock.runFor(requestTime + 100 * ms);
+    begin(read);
+    clock.runFor(requestTime + 10 * ms);
+    port.deliver(withCrc(bytesOf("01 03 06 00 09 00 09 00 09")));
+    EXPECT_EQ(recorder.results.size(), 1U);
+    clock.runFor(50 * ms);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_EQ(recorder.results[1].answer->registers, (std::vector<std::uint16_t>{7, 8}));
+    EXPECT_EQ(recorder.results[1].noise, 0U);
+}
+
+TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
+    begin(readRequest(1, 0, 3));
+    clock.runFor(requestTime + 100 * ms);
+    begin(read);
+    clock.runFor(requestTime + 10 * ms);
+    port.deliver(withCrc(bytesOf("01 83 02")));
+    clock.runFor(100 * ms);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_FALSE(recorder.results[1].answer);
+    EXPECT_EQ(fault(), "only a late answer to an earlier request");
+}
+
+TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineUntilItsAnswerCame) {
+    begin(read);
+    clock.runFor(requestTime + 5 * ms);
+    transaction.abandon();
+    EXPECT_TRUE(transaction.idle());
+    transaction.submit(readRequest(1, 500, 2));
+    clock.runFor(30 * ms);
+    EXPECT_EQ(sentAt.size(), 1U);
+    port.deliver(answer);
+    const Micros end = clock.now();
+    clock.runFor(10 * ms);
+    EXPECT_EQ(sentAt.at(1), end + silence);
+    EXPECT_TRUE(recorder.results.empty());
+}
+
+TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineNoLongerThanItsTimeOut) {
+    begin(read);
+    clock.runFor(requestTime + 5 * ms);
+    transaction.abandon();
+    begin(readRequest(1, 0, 3));
+    EXPECT_EQ(sentAt.at(1), sentAt[0] + requestTime + 100 * ms);
+    transaction.abandon();
+}
+
+TEST_F(RtuTransaction, ARequestThatHasNotGoneOutCanBeTakenBack) {
+    transaction.submit(read);
+    EXPECT_TRUE(transaction.withdraw());
+    clock.runFor(microsPerSecond);
+    EXPECT_TRUE(sentAt.empty());
+    begin(read);
+    EXPECT_FALSE(transaction.withdraw());
+}
+
+// RTS and delay.
+
+TEST_F(RtuTransaction, RtsStandsFromTheDelayToTheLastByte) {
+    settings.rts = Rts_Mode::HighOnSend;
+    settings.txDelayMs = 3;
+    use(settings);
+    const Micros start = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt[0], start + silence + 3 * ms);
+    EXPECT_EQ(port.rtsAtWrite, std::vector<bool>{true});
+    clock.runFor(requestTime - 1);
+    EXPECT_TRUE(port.rts);
+    clock.runFor(1);
+    EXPECT_FALSE(port.rts);
+    port.deliver(answer);
+    EXPECT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(port.rtsChanges, (std::vector<bool>{true, false}));
+}
+
+TEST_F(RtuTransaction, RtsFallsWhenTheRequestIsTakenBack) {
+    settings.rts = Rts_Mode::HighOnSend;
+    settings.txDelayMs = 3;
+    use(settings);
+    transaction.submit(read);
+    clock.runFor(silence + ms);
+    EXPECT_TRUE(port.rts);
+    EXPECT_TRUE(transaction.withdraw());
+    EXPECT_FALSE(port.rts);
+}
+
+TEST_F(RtuTransaction, TheKernelsOwnDelayMovesTheTimeOutOnly) {
+    settings.rts = Rts_Mode::KernelRs485;
+    settings.txDelayMs = 3;
+    use(settings);
+    const Micros start = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt[0], start + silence);
+    EXPECT_TRUE(port.rtsChanges.empty());
+    clock.runFor(requestTime + 103 * ms - 1);
+    EXPECT_TRUE(recorder.results.empty());
+    clock.runFor(1);
+    EXPECT_EQ(recorder.results.size(), 1U);
+}
+
+// The end of the port.
+
+TEST_F(RtuTransaction, ALostPortEndsTheRequestWhateverItsState) {
+    transaction.submit(read);
+    port.unplug("gone");
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_TRUE(recorder.results[0].portLost);
+    EXPECT_TRUE(recorder.results[0].sent.empty());
+    open();
+    begin(read);
+    port.unplug("gone again");
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_TRUE(recorder.results[1].portLost);
+    EXPECT_EQ(fault(), "port lost");
+    EXPECT_EQ(recorder.lost, (std::vector<std::string>{"gone", "gone again"}));
+    clock.runFor(microsPerSecond);
+    EXPECT_EQ(recorder.results.size(), 2U);
+}
+
+TEST_F(RtuTransaction, APortThatTakesNoBytesIsLost) {
+    port.refuses = true;
+    transaction.submit(read);
+    clock.runFor(10 * ms);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_TRUE(recorder.results[0].portLost);
+    EXPECT_FALSE(port.isOpen());
+    EXPECT_EQ(recorder.lost,
+              std::vector<std::string>{"The port took no bytes: the adapter is gone or doesn't work."});
+}
+
+} // namespace
+} // namespace zorvane

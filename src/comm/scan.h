@@ -1,0 +1,79 @@
+#pragma once
+
+#include "comm/link_clock.h"
+#include "comm/rtu_frame.h"
+#include "comm/scan_plan.h"
+
+#include <optional>
+
+namespace zorvane {
+
+/// How long an index or a failure stays for a watcher that looks every 10 ms, when nobody looks at it.
+inline constexpr Micros watchTime = 25 * microsPerMs;
+
+/// The registers of one request of the scan.
+struct Scan_Frame {
+    std::int32_t slave = 0;
+    std::int32_t first = 0;
+    std::uint16_t count = 1; ///< 1 to 125; 0 for a block that ends before it begins
+
+    bool operator==(const Scan_Frame&) const = default;
+};
+
+/// Walks the blocks of a plan, pass after pass. A block above 125 registers is read by several frames within
+/// its one index.
+///
+/// A watcher looks at the index every 10 ms and must miss neither an index nor a failure. So once somebody
+/// looks, the walk leaves an index only when it was seen, or has stood for 25 ms; and it starts a further
+/// pass under the same rule, as the watcher may want to stop there. A pass in which nobody looked ends that,
+/// and the walk goes at full speed. A failed frame is always followed by another under this rule. A pass over
+/// one block shows index 0 before it starts again.
+class Scan {
+  public:
+    [[nodiscard]] Scan_Plan& plan() { return plan_; }
+    [[nodiscard]] const Scan_Plan& plan() const { return plan_; }
+
+    /// Back to the first block of the mode.
+    void restart(Micros now);
+
+    /// Number of the block being read, as it is shown. 0 for a plan without blocks.
+    [[nodiscard]] std::int32_t index() const { return index_; }
+    void indexSeen();
+    void failureSeen() { failedAt_.reset(); }
+
+    /// Moves on where that is allowed. To be called before `frame`.
+    void advance(Micros now);
+    /// What to read now; none while the walk waits to be seen.
+    [[nodiscard]] std::optional<Scan_Frame> frame(Micros now) const;
+    /// Whether the walk waits for being seen, and until when it does at most.
+    [[nodiscard]] std::optional<Micros> waitsUntil() const;
+
+    /// The present frame was answered, by an exception too.
+    void frameAnswered(bool well, Micros now);
+    /// One try of the present frame failed; the frame stays.
+    void tryFailed(Micros now) { failedAt_ = now; }
+    /// The present frame got no answer: its block is left.
+    void blockGivenUp(Micros now);
+
+  private:
+    enum class Phase { Reading, Done, Between, PassStart };
+
+    [[nodiscard]] bool mayMoveOn(Micros now) const;
+    [[nodiscard]] std::int32_t numberAt(std::size_t place) const;
+    void show(std::int32_t index, Micros now);
+    void leaveIndex(Micros now);
+    void beginPass();
+
+    Scan_Plan plan_;
+    std::size_t place_ = 0;   ///< within the plan's numbers
+    std::int64_t offset_ = 0; ///< registers of the block already read
+    Phase phase_ = Phase::Reading;
+    std::int32_t index_ = 0;
+    Micros shownAt_ = 0;
+    bool seen_ = false;
+    bool watched_ = false;           ///< somebody looked in this pass or in the one before
+    bool seenInPass_ = false;        ///< somebody looked in this pass
+    std::optional<Micros> failedAt_; ///< a failure that nobody has seen yet
+};
+
+} // namespace zorvane

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace zorvane {
+
+// What a serial port needs of the operating system beyond Qt's QSerialPort. Elsewhere than on Linux these do
+// nothing and say so.
+
+/// Why the system won't open the port, in words with what to do. `systemText` is its own wording.
+[[nodiscard]] std::string whyNotOpened(const std::string& name, bool notFound, const std::string& systemText);
+
+/// Whether the path leads to a pseudo-terminal, which has no parity, no speed and no modem lines.
+[[nodiscard]] bool isPseudoTerminal(const std::string& name);
+
+/// Lets the kernel switch the RS-485 driver (TIOCSRS485). False where the driver can't.
+[[nodiscard]] bool enableKernelRs485(std::intptr_t handle, std::int32_t delayMs);
+
+/// Asks the driver to hand bytes over at once (ASYNC_LOW_LATENCY): USB adapters hold them up to 16 ms
+/// otherwise. Drivers that can't ignore it.
+void askLowLatency(std::intptr_t handle);
+
+} // namespace zorvane

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "template/files.h"
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace zorvane {
+
+/// How the program ends.
+enum Exit_Code : int {
+    Exit_Success = 0,
+    Exit_Failed = 1, ///< the operation failed
+    Exit_Usage = 2,  ///< the command line can't be understood
+};
+
+/// What a call works with besides its own arguments.
+struct Surroundings {
+    Files& files;
+    std::ostream& out;             ///< the result
+    std::ostream& err;             ///< notices for people
+    std::string applicationFolder; ///< the system's text, without a separator at its end
+    bool json = false;             ///< the result is one JSON document
+};
+
+/// One call of the program: its arguments, and what it does with them.
+class Call {
+  public:
+    virtual ~Call() = default;
+    virtual void addArguments(CLI::App& arguments) = 0;
+    /// The exit code.
+    [[nodiscard]] virtual int run(const Surroundings& surroundings) = 0;
+};
+
+/// A line of the list of calls.
+struct Call_Entry {
+    const char* name;
+    const char* description;
+    std::unique_ptr<Call> (*make)();
+};
+
+/// The calls that need no serial port. Each has a file of its own in `calls/`.
+[[nodiscard]] std::vector<Call_Entry> documentCalls();
+
+[[nodiscard]] std::unique_ptr<Call> makeModelsCall();
+[[nodiscard]] std::unique_ptr<Call> makeDumpCall();
+[[nodiscard]] std::unique_ptr<Call> makeSaveCall();
+[[nodiscard]] std::unique_ptr<Call> makeUpdateCall();
+[[nodiscard]] std::unique_ptr<Call> makeApplyCall();
+[[nodiscard]] std::unique_ptr<Call> makePlanCall();
+[[nodiscard]] std::unique_ptr<Call> makeShowCall();
+[[nodiscard]] std::unique_ptr<Call> makeSetCall();
+
+/// Understands a command line (without the program's name, UTF-8) and runs the call that it names. `--json`
+/// and `--app-dir` belong to every call. Gives the exit code.
+[[nodiscard]] int runProgram(const std::vector<Call_Entry>& calls, const std::vector<std::string>& arguments,
+                             Surroundings surroundings);
+
+/// A folder as messages name it: without the separator at its end.
+[[nodiscard]] std::string withoutEndSeparator(std::string folder);
+
+} // namespace zorvane

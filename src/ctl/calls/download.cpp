@@ -1,0 +1,22 @@
+#include "ctl/port_calls.h"
+#include "ctl/transfer_call.h"
+
+namespace zorvane {
+
+namespace {
+
+class Download_Call : public Transfer_Call {
+  public:
+    Download_Call() : Transfer_Call("Download") {}
+
+  protected:
+    [[nodiscard]] Transfer_Report transfer(const Comm_Context& comm, Terminal_Frame& frame) const override {
+        return runDownload(comm, frame);
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Call> makeDownloadCall() { return std::make_unique<Download_Call>(); }
+
+} // namespace zorvane

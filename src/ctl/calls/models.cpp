@@ -1,0 +1,67 @@
+#include "ctl/call.h"
+#include "ctl/json_text.h"
+#include "ctl/model_list.h"
+#include "ctl/notices.h"
+#include "ctl/text_table.h"
+#include "template/native_files.h"
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+#include <ostream>
+#include <system_error>
+
+namespace zorvane {
+
+namespace {
+
+bool isFolder(const std::string& path) {
+    std::error_code error;
+    return std::filesystem::is_directory(pathToNative(path), error);
+}
+
+void printModels(std::ostream& out, const std::vector<Offered_Model>& models) {
+    if (models.empty()) return;
+    Text_Table table;
+    table.add({"Model", "Template", "Its files"});
+    for (const Offered_Model& model : models)
+        table.add({printablePath(model.stem), printablePath(model.file), printablePath("*." + model.stem)});
+    table.print(out, 0);
+}
+
+Json modelsJson(const std::vector<Offered_Model>& models) {
+    Json list = Json::array();
+    for (const Offered_Model& model : models)
+        list.push_back({{"file", jsonPath(model.file)},
+                        {"stem", jsonPath(model.stem)},
+                        {"filter", jsonPath(model.filter)}});
+    return list;
+}
+
+class Models_Call : public Call {
+  public:
+    void addArguments(CLI::App&) override {}
+
+    int run(const Surroundings& surroundings) override {
+        const std::string& folder = surroundings.applicationFolder;
+        const std::vector<Offered_Model> models = offeredModels(surroundings.files, folder);
+        if (surroundings.json)
+            printJson(surroundings.out, modelsJson(models));
+        else
+            printModels(surroundings.out, models);
+        if (!isFolder(folder)) {
+            tell(surroundings.err, printablePath(folder) + ": there is no such folder. Check --app-dir.");
+            return Exit_Failed;
+        }
+        if (models.empty())
+            tell(surroundings.err,
+                 "Does not exist any .ZTP file in this directory: " + printablePath(folder));
+        return Exit_Success;
+    }
+};
+
+} // namespace
+
+std::unique_ptr<Call> makeModelsCall() { return std::make_unique<Models_Call>(); }
+
+} // namespace zorvane

@@ -1,0 +1,96 @@
+#include "ctl/call.h"
+#include "ctl/document_arguments.h"
+#include "ctl/notices.h"
+#include "ctl/register_argument.h"
+#include "ctl/rehearsal.h"
+#include "ctl/text_table.h"
+
+#include <CLI/CLI.hpp>
+
+#include <charconv>
+#include <ostream>
+
+namespace zorvane {
+
+namespace {
+
+/// "FIELD,GRIDROW,GRIDCOLUMN", three whole numbers.
+std::optional<Grid_Selection> parseSelection(const std::string& text) {
+    std::int32_t numbers[3] = {};
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    for (int i = 0; i < 3; ++i) {
+        if (i > 0 && (at == end || *at++ != ',')) return std::nullopt;
+        const auto [stop, error] = std::from_chars(at, end, numbers[i]);
+        if (error != std::errc{}) return std::nullopt;
+        at = stop;
+    }
+    if (at != end || numbers[0] < 1 || numbers[1] < 0 || numbers[2] < 0) return std::nullopt;
+    return Grid_Selection{numbers[0], numbers[1], numbers[2]};
+}
+
+std::string selectionComplaint(const std::string& text) {
+    return parseSelection(text) ? "" : "\"" + text + "\" is not FIELD,GRIDROW,GRIDCOLUMN, as in 1,4,2";
+}
+
+Json planJson(const Download_Plan& plan) {
+    Json writes = Json::array();
+    for (const Planned_Write& write : plan.writes)
+        writes.push_back(
+            {{"function", write.function}, {"address", write.address}, {"values", Json(write.values)}});
+    Json panel4 = Json::array();
+    for (const std::string& text : plan.panel4)
+        panel4.push_back(jsonText(text));
+    return {{"writes", writes}, {"panel4", panel4}, {"failure", jsonFailure(plan.failure)}};
+}
+
+void printPlan(std::ostream& out, const Download_Plan& plan) {
+    Text_Table table;
+    table.add({"Function", "Register", "Values"});
+    for (const Planned_Write& write : plan.writes) {
+        std::string values;
+        for (const std::uint16_t value : write.values)
+            values.append(values.empty() ? 0 : 1, ' ').append(std::to_string(value));
+        table.add({std::to_string(write.function), std::to_string(write.address), values});
+    }
+    if (!plan.writes.empty()) table.print(out, 0);
+    out << plan.writes.size() << " writes\n";
+}
+
+class Plan_Call : public Call {
+  public:
+    void addArguments(CLI::App& arguments) override {
+        files_.addTemplate(arguments);
+        files_.addConfiguration(arguments);
+        arguments.add_option("REGISTERS", registers_, "JSON file {\"address\": value, ...}")->required();
+        arguments
+            .add_option("--selection", selection_, "Current field of the upper grid, cell of the lower one")
+            ->check(selectionComplaint, "FIELD,GRIDROW,GRIDCOLUMN");
+    }
+
+    int run(const Surroundings& surroundings) override {
+        const auto registers = readRegisterFile(surroundings, registers_);
+        if (!registers) return Exit_Failed;
+        Opened_Document opened = files_.open(surroundings);
+        const auto chosen = parseSelection(selection_);
+        const Download_Plan plan =
+            planDownload(opened.document, *registers, chosen ? *chosen : freshSelection(opened.document));
+        if (plan.failure) tellFailure(surroundings.err, "The download would stop", *plan.failure);
+        if (surroundings.json)
+            printJson(surroundings.out, planJson(plan));
+        else
+            printPlan(surroundings.out, plan);
+        return opened.whole() && !plan.failure ? Exit_Success : Exit_Failed;
+    }
+
+  private:
+    Document_Arguments files_;
+    std::string registers_;
+    std::string selection_;
+};
+
+} // namespace
+
+std::unique_ptr<Call> makePlanCall() { return std::make_unique<Plan_Call>(); }
+
+} // namespace zorvane

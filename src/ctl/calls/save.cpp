@@ -1,0 +1,43 @@
+#include "ctl/call.h"
+#include "ctl/document_arguments.h"
+#include "ctl/json_text.h"
+#include "ctl/notices.h"
+#include "template/native_files.h"
+
+#include <CLI/CLI.hpp>
+
+#include <ostream>
+
+namespace zorvane {
+
+namespace {
+
+class Save_Call : public Call {
+  public:
+    void addArguments(CLI::App& arguments) override {
+        files_.addTemplate(arguments);
+        files_.addConfiguration(arguments);
+        arguments.add_option("OUT", out_, "The file to write")->required();
+    }
+
+    int run(const Surroundings& surroundings) override {
+        Opened_Document opened = files_.open(surroundings);
+        const std::string result = saveDocument(surroundings, opened, out_);
+        if (surroundings.json)
+            printJson(surroundings.out,
+                      {{"Save_Failed", opened.document.Save_Failed}, {"result", jsonText(result)}});
+        else if (result.empty())
+            surroundings.out << "Written: " << printablePath(pathFromNative(out_)) << '\n';
+        return result.empty() && opened.whole() ? Exit_Success : Exit_Failed;
+    }
+
+  private:
+    Document_Arguments files_;
+    std::string out_;
+};
+
+} // namespace
+
+std::unique_ptr<Call> makeSaveCall() { return std::make_unique<Save_Call>(); }
+
+} // namespace zorvane

@@ -1,0 +1,96 @@
+#include "ctl/call.h"
+#include "ctl/document_arguments.h"
+#include "ctl/field_argument.h"
+#include "ctl/json_text.h"
+#include "ctl/lower_grid.h"
+#include "ctl/notices.h"
+#include "values/code_page.h"
+
+#include <CLI/CLI.hpp>
+
+#include <ostream>
+
+namespace zorvane {
+
+namespace {
+
+Json entryJson(const Entry_Note& note) {
+    Json messages = Json::array();
+    for (const std::string& text : note.messages)
+        messages.push_back(jsonText(text));
+    const Entry_Outcome& outcome = note.outcome;
+    return {{"refused", outcome.refused ? jsonText(*outcome.refused) : Json()},
+            {"Value", jsonText(outcome.Value)},
+            {"Min_Value", jsonText(outcome.Min_Value)},
+            {"Max_Value", jsonText(outcome.Max_Value)},
+            {"grid", jsonText(outcome.grid)},
+            {"messages", messages},
+            {"Dirty", note.Dirty},
+            {"failure", jsonFailure(note.failure)}};
+}
+
+void tellEntry(std::ostream& err, const Entry_Note& note) {
+    for (const std::string& text : note.messages)
+        tell(err, printable(text));
+    if (note.outcome.refused)
+        tell(err, "The cell can't be edited: " + printable(*note.outcome.refused) + ".");
+    if (note.failure) tellFailure(err, "The entry could not be committed", *note.failure);
+}
+
+class Set_Call : public Call {
+  public:
+    void addArguments(CLI::App& arguments) override {
+        files_.addTemplate(arguments);
+        files_.addConfiguration(arguments);
+        addField(arguments, place_.field);
+        arguments.add_option("ROW", place_.row, "The row's number, from 1")
+            ->required()
+            ->check(CLI::PositiveNumber);
+        arguments.add_option("COLUMN", place_.column, "The column's number, from 1")
+            ->required()
+            ->check(CLI::PositiveNumber);
+        arguments
+            .add_option("TEXT", text_,
+                        "What the user types; in a list cell the entry's number, from 0. After \"--\" if it "
+                        "begins with \"-\" and no digit")
+            ->required();
+        arguments.add_option("--save", out_, "Write the changed document to this file")->type_name("OUT");
+    }
+
+    int run(const Surroundings& surroundings) override {
+        bool whole = true;
+        const std::string text = fromUtf8(text_, &whole);
+        if (!whole) {
+            tell(surroundings.err, "The text has a character that no cell can hold (Windows-1252).");
+            return Exit_Failed;
+        }
+        Opened_Document opened = files_.open(surroundings);
+        const Entry_Note note = commitEntry(opened.document, place_, text);
+        tellEntry(surroundings.err, note);
+        const bool saved = out_.empty() || save(surroundings, opened, note.committed());
+        if (surroundings.json)
+            printJson(surroundings.out, entryJson(note));
+        else
+            surroundings.out << printable(note.outcome.grid) << '\n';
+        return opened.whole() && note.committed() && saved ? Exit_Success : Exit_Failed;
+    }
+
+  private:
+    /// A document whose entry was not committed is not written.
+    [[nodiscard]] bool save(const Surroundings& surroundings, Opened_Document& opened, bool committed) const {
+        if (committed) return saveDocument(surroundings, opened, out_).empty();
+        tell(surroundings.err, "The document was not written.");
+        return false;
+    }
+
+    Document_Arguments files_;
+    Cell_Place place_;
+    std::string text_;
+    std::string out_;
+};
+
+} // namespace
+
+std::unique_ptr<Call> makeSetCall() { return std::make_unique<Set_Call>(); }
+
+} // namespace zorvane

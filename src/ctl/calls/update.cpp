@@ -1,0 +1,76 @@
+#include "ctl/call.h"
+#include "ctl/json_text.h"
+#include "ctl/notices.h"
+#include "ctl/opened_document.h"
+#include "template/native_files.h"
+#include "template/pro_actualiza_archivo.h"
+
+#include <CLI/CLI.hpp>
+
+#include <ostream>
+
+namespace zorvane {
+
+namespace {
+
+/// A file's path cut at the first dot of its name, in the file's own letter case.
+struct Stem_And_Extension {
+    std::string stemPath;
+    std::string extension;
+};
+
+std::optional<Stem_And_Extension> cutAtFirstDot(const std::string& path) {
+    const Path_Parts parts = splitPath(path);
+    const std::size_t dot = parts.name.find('.');
+    if (dot == std::string::npos) return std::nullopt;
+    return Stem_And_Extension{parts.folder + parts.name.substr(0, dot), parts.name.substr(dot + 1)};
+}
+
+class Update_Call : public Call {
+  public:
+    void addArguments(CLI::App& arguments) override {
+        arguments.add_option("CONFIG", config_, "The older configuration file; it stays as it is")
+            ->required();
+    }
+
+    int run(const Surroundings& surroundings) override {
+        const std::optional<std::string> output = update(surroundings);
+        if (surroundings.json)
+            printJson(surroundings.out, {{"output", output ? jsonPath(*output) : Json(nullptr)}});
+        else if (output)
+            surroundings.out << "Written: " << printablePath(*output) << '\n';
+        return output ? Exit_Success : Exit_Failed;
+    }
+
+  private:
+    /// The file written, or nothing when that went wrong.
+    [[nodiscard]] std::optional<std::string> update(const Surroundings& surroundings) const {
+        const std::string path = pathFromNative(config_);
+        if (!surroundings.files.exists(path)) {
+            tell(surroundings.err,
+                 printablePath(path) + ": there is no such configuration file. Check the path.");
+            return std::nullopt;
+        }
+        const auto parts = cutAtFirstDot(path);
+        if (!parts) {
+            tell(surroundings.err, printablePath(path) +
+                                       ": a configuration file's name has an extension, which "
+                                       "names its template. Rename the file.");
+            return std::nullopt;
+        }
+        const auto failure =
+            failureOf([&] { PRO_Actualiza_Archivo(surroundings.files, parts->stemPath, parts->extension); });
+        const std::string output = updatedPath(parts->stemPath, parts->extension);
+        if (!failure) return output;
+        tellFailure(surroundings.err, printablePath(output), *failure);
+        return std::nullopt;
+    }
+
+    std::string config_;
+};
+
+} // namespace
+
+std::unique_ptr<Call> makeUpdateCall() { return std::make_unique<Update_Call>(); }
+
+} // namespace zorvane

@@ -1,0 +1,58 @@
+#include "ctl/document_arguments.h"
+
+#include "ctl/notices.h"
+#include "template/native_files.h"
+#include "template/pro_escribe_archivo.h"
+
+#include <CLI/CLI.hpp>
+
+#include <filesystem>
+#include <system_error>
+
+namespace zorvane {
+
+namespace {
+
+/// Why a document that was not read whole must not be written there; empty when it may.
+std::string refusal(const Opened_Document& opened, const std::string& outPath) {
+    if (opened.fileMissing()) return failureText(Failure::FileNotFound);
+    if (opened.whole() || !opened.configuration) return "";
+    std::error_code error;
+    const bool same =
+        std::filesystem::equivalent(pathToNative(opened.configuration->path), outPath, error) && !error;
+    return same ? "The file was not read to its end, and writing it would lose the rest" : "";
+}
+
+} // namespace
+
+void Document_Arguments::addTemplate(CLI::App& arguments) {
+    arguments.add_option("TEMPLATE", templatePath, "The controller's template (.ZTP)")->required();
+}
+
+void Document_Arguments::addConfiguration(CLI::App& arguments, bool required) {
+    arguments.add_option("CONFIG", configurationPath, "The configuration file")->required(required);
+}
+
+Opened_Document Document_Arguments::open(const Surroundings& surroundings, Link_Notice* link) const {
+    Opening opening{
+        surroundings.files, surroundings.applicationFolder, pathFromNative(templatePath), {}, link};
+    if (!configurationPath.empty()) opening.configurationPath = pathFromNative(configurationPath);
+    Opened_Document opened = openDocument(opening);
+    tellReadings(surroundings.err, opened);
+    return opened;
+}
+
+std::string saveDocument(const Surroundings& surroundings, Opened_Document& opened,
+                         const std::string& outPath) {
+    std::string result = refusal(opened, outPath);
+    if (result.empty())
+        PRO_Escribe_Archivo(opened.document, surroundings.files, pathFromNative(outPath), result);
+    else
+        opened.document.Save_Failed = true;
+    if (!result.empty())
+        tell(surroundings.err, printablePath(pathFromNative(outPath)) + " could not be written: " +
+                                   printable(result) + ". Choose another file, or mend the cause.");
+    return result;
+}
+
+} // namespace zorvane

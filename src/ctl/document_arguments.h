@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ctl/call.h"
+#include "ctl/opened_document.h"
+
+#include <string>
+
+namespace zorvane {
+
+/// The two files of a document, as most calls take them.
+struct Document_Arguments {
+    std::string templatePath; ///< UTF-8, as on the command line
+    std::string configurationPath;
+
+    void addTemplate(CLI::App& arguments);
+    void addConfiguration(CLI::App& arguments, bool required = true);
+
+    /// Reads the files; an empty configuration path reads the template alone. What goes wrong is told to
+    /// people.
+    [[nodiscard]] Opened_Document open(const Surroundings& surroundings, Link_Notice* link = nullptr) const;
+};
+
+/// Writes the document to a file (UTF-8 path). The result is empty, or the reason why it couldn't be written.
+/// Refused without touching the file: a document one of whose files is missing, and a document that was not
+/// read to its end over its own configuration file, which would lose the rest.
+[[nodiscard]] std::string saveDocument(const Surroundings& surroundings, Opened_Document& opened,
+                                       const std::string& outPath);
+
+} // namespace zorvane

@@ -1,0 +1,138 @@
+// zorvanectl show and set: the table of a field, and an entry in one of its cells.
+
+#include "ctl/testing/ctl_bench.h"
+#include "ctl/testing/small_model.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+namespace zorvane {
+namespace {
+
+using doubles::Ctl_Bench;
+using doubles::Ctl_Run;
+using doubles::lines;
+using nlohmann::json;
+using testing::HasSubstr;
+
+/// The small model, its first column a number.
+class Field_Table : public testing::Test {
+  protected:
+    Ctl_Run run(const std::string& call, const std::vector<std::string>& arguments) {
+        std::vector<std::string> all = {call, ztp, config};
+        all.insert(all.end(), arguments.begin(), arguments.end());
+        return bench.run(all);
+    }
+    json parsed(const Ctl_Run& run) { return json::parse(run.out); }
+
+    Ctl_Bench bench;
+    std::string ztp =
+        bench.file("ABC.ZTP", doubles::smallTemplate() + lines({"[FIELD_1_COLUMNS]", "COL_1_TYPE=NUMERIC"}));
+    std::string config = bench.file("site.ABC", doubles::smallConfiguration());
+};
+
+TEST_F(Field_Table, ShowPrintsHeadingsAndTexts) {
+    const Ctl_Run shown = run("show", {"1"});
+    EXPECT_EQ(shown.code, 0);
+    EXPECT_EQ(shown.out, "Level  State\n10     On\n-5     7\n");
+    EXPECT_EQ(run("show", {"1", "--json"}).out,
+              "{\n  \"headings\": [\"Level\",\"State\"],\n  \"grid\": [[\"10\",\"On\"],[\"-5\",\"7\"]],\n"
+              "  \"failure\": null\n}\n");
+}
+
+TEST_F(Field_Table, ShowUsesARegisterImageForTheBlocksScanned) {
+    const std::string registers = bench.file("r.json", R"({"100": 65535, "102": 0, "103": 9})");
+    const auto grid = [&](const std::string& word, const std::vector<std::string>& more) {
+        std::vector<std::string> arguments = {"1", "--json", "--registers", registers, "--request", word};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return parsed(run("show", arguments))["grid"];
+    };
+    EXPECT_EQ(grid("", {}), json::parse(R"([["-1","Off"],["0","9"]])"));
+    EXPECT_EQ(grid("", {"--lost"}), json::parse(R"([["???","???"],["???","???"]])"));
+    EXPECT_EQ(grid("ALWAYS", {}), json::parse(R"([["10","1"],["-5","7"]])"));
+}
+
+TEST_F(Field_Table, ShowNeedsRegistersAndRequestTogether) {
+    const std::string registers = bench.file("r.json", "{}");
+    EXPECT_EQ(run("show", {"1", "--registers", registers}).code, 2);
+    EXPECT_EQ(run("show", {"1", "--request", "ALWAYS"}).code, 2);
+    EXPECT_EQ(run("show", {"1", "--lost"}).code, 2);
+    EXPECT_EQ(run("show", {"0"}).code, 2);
+}
+
+TEST_F(Field_Table, ShowTellsAFailureAndKeepsWhatCameBefore) {
+    ztp = bench.file("ABC.ZTP",
+                     doubles::smallTemplate() + lines({"[FIELD_1_CONFIGURATION]", "ROWADDRESS_2=101/HI,103",
+                                                       "[FIELD_1_DEFAULT]", "ROW_2=none,7"}));
+    config = bench.file("site.ABC", "");
+    const Ctl_Run shown = run("show", {"1", "--json"});
+    EXPECT_EQ(shown.code, 1);
+    EXPECT_EQ(parsed(shown)["failure"], json::parse(R"({"number":13,"description":"Type mismatch"})"));
+    EXPECT_EQ(parsed(shown)["headings"], json::parse(R"(["Level","State"])"));
+    EXPECT_THAT(shown.err, HasSubstr("The field could not be shown whole: Type mismatch (failure 13)"));
+}
+
+TEST_F(Field_Table, SetCommitsANumber) {
+    const Ctl_Run set = run("set", {"1", "1", "1", "012", "--json"});
+    EXPECT_EQ(set.code, 0);
+    EXPECT_EQ(set.out, "{\n  \"refused\": null,\n  \"Value\": \"12\",\n  \"Min_Value\": \"-32768\",\n"
+                       "  \"Max_Value\": \"32767\",\n  \"grid\": \"012\",\n  \"messages\": [],\n"
+                       "  \"Dirty\": true,\n  \"failure\": null\n}\n");
+}
+
+TEST_F(Field_Table, SetCommitsAnEntryOfAListByItsNumber) {
+    const json set = parsed(run("set", {"1", "1", "2", "0", "--json"}));
+    EXPECT_EQ(set["Value"], "0");
+    EXPECT_EQ(set["grid"], "Off");
+    EXPECT_EQ(set["Dirty"], true);
+}
+
+TEST_F(Field_Table, SetTakesNegativeNumbersAndAnythingBehindTwoHyphens) {
+    EXPECT_EQ(parsed(run("set", {"1", "1", "1", "-5", "--json"}))["Value"], "-5");
+    EXPECT_EQ(parsed(run("set", {"1", "1", "1", "--json", "--", "-.5"}))["Value"], "-0.5");
+    EXPECT_EQ(parsed(run("set", {"1", "1", "1", "", "--json"}))["Value"], "0");
+}
+
+TEST_F(Field_Table, SetTellsARefusedNumberAndKeepsTheUpperLimit) {
+    const Ctl_Run set = run("set", {"1", "1", "1", "40000", "--json"});
+    EXPECT_EQ(set.code, 0);
+    EXPECT_EQ(parsed(set)["messages"],
+              json::array({"The value is out of range (value range -32768 to 32767)"}));
+    EXPECT_EQ(parsed(set)["grid"], "32767");
+    EXPECT_EQ(parsed(set)["Dirty"], false);
+    EXPECT_THAT(set.err, HasSubstr("The value is out of range"));
+}
+
+TEST_F(Field_Table, SetRefusesAColumnThatIsNotModifiable) {
+    ztp =
+        bench.file("ABC.ZTP", doubles::smallTemplate() + lines({"[FIELD_1_COLUMNS]", "COL_1_MODIFIABLE=NO"}));
+    const Ctl_Run set = run("set", {"1", "1", "1", "5", "--json", "--save", bench.path("out.ABC")});
+    EXPECT_EQ(set.code, 1);
+    EXPECT_EQ(parsed(set)["refused"], "not modifiable");
+    EXPECT_EQ(parsed(set)["Value"], "10");
+    EXPECT_FALSE(bench.exists("out.ABC"));
+}
+
+TEST_F(Field_Table, SetTellsAPlaceThatIsNotThere) {
+    const Ctl_Run set = run("set", {"1", "3", "1", "5", "--json"});
+    EXPECT_EQ(set.code, 1);
+    EXPECT_EQ(parsed(set)["failure"], json::parse(R"({"number":9,"description":"Subscript out of range"})"));
+    EXPECT_EQ(run("set", {"1", "0", "1", "5"}).code, 2);
+}
+
+TEST_F(Field_Table, SetSavesTheChangedDocument) {
+    const Ctl_Run set = run("set", {"1", "2", "1", "99", "--save", bench.path("out.ABC")});
+    EXPECT_EQ(set.code, 0);
+    EXPECT_EQ(set.out, "99\n");
+    EXPECT_THAT(bench.bytes("out.ABC"), HasSubstr("ROW_1=10,On\r\nROW_2=99,7\r\n"));
+    EXPECT_EQ(bench.bytes("site.ABC"), doubles::smallConfiguration());
+}
+
+TEST_F(Field_Table, SetRefusesACharacterThatNoCellHolds) {
+    const Ctl_Run set = run("set", {"1", "1", "1", "\xE2\x86\x92"});
+    EXPECT_EQ(set.code, 1);
+    EXPECT_THAT(set.err, HasSubstr("Windows-1252"));
+}
+
+} // namespace
+} // namespace zorvane

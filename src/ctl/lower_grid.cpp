@@ -1,0 +1,68 @@
+#include "ctl/lower_grid.h"
+
+#include "comm/dry_run_link.h"
+#include "ctl/held_frame.h"
+
+namespace zorvane {
+
+namespace {
+
+/// A register image behind a link that may be lost.
+class Scene_Link final : public Dry_Run_Link {
+  public:
+    Scene_Link(const Register_Values& registers, bool lost) : Dry_Run_Link(registers), lost_(lost) {}
+    [[nodiscard]] bool CommLost() const override { return lost_; }
+
+  private:
+    bool lost_;
+};
+
+/// A main form without a window that keeps what it tells its user.
+class Telling_Frame final : public Held_Frame {
+  public:
+    using Held_Frame::Held_Frame;
+
+    int Msgb_Show(const std::string& prompt, int style, const std::string& title) override {
+        told_.push_back(prompt);
+        return Held_Frame::Msgb_Show(prompt, style, title);
+    }
+    [[nodiscard]] const std::vector<std::string>& told() const noexcept { return told_; }
+
+  private:
+    std::vector<std::string> told_;
+};
+
+std::optional<Failure_Note> noteOf(const std::optional<Run_Time_Failure>& failure) {
+    if (!failure) return std::nullopt;
+    return Failure_Note{failure->number(), failure->description()};
+}
+
+} // namespace
+
+Shown_Grid showField(Declara_Zorvane& document, std::int32_t field,
+                     const std::optional<Online_Scene>& scene) {
+    Scene_Link link(scene ? scene->registers : Register_Values{}, scene && scene->lost);
+    Main_Form_State form;
+    form.Online = scene.has_value();
+    if (scene) form.Current_Request = scene->request;
+    Held_Frame frame(document.Field_Count, {});
+    Shown_Grid shown;
+    shown.table = settingsTable(Comm_Context{document, form, link, frame}, field);
+    shown.failure = noteOf(shown.table.failure);
+    return shown;
+}
+
+Entry_Note commitEntry(Declara_Zorvane& document, const Cell_Place& place, const std::string& text) {
+    Dry_Run_Link link;
+    Main_Form_State form;
+    Telling_Frame frame(document.Field_Count, Grid_Selection{});
+    Entry_Note note;
+    note.outcome =
+        enterValue(Comm_Context{document, form, link, frame}, place.field, place.row, place.column, text);
+    note.failure = noteOf(note.outcome.failure);
+    note.messages = frame.told();
+    note.Dirty = form.Dirty;
+    return note;
+}
+
+} // namespace zorvane

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "ctl/opened_document.h"
+#include "ctl/register_file.h"
+#include "grids/terminal_grids.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zorvane {
+
+/// A link that is up, as a fill of the lower grid sees it.
+struct Online_Scene {
+    Register_Values registers;
+    std::string request; ///< the request word of the blocks now scanned
+    bool lost = false;
+};
+
+/// The lower grid of a field. After a failure the table holds what was filled in so far.
+struct Shown_Grid {
+    Settings_Table table;
+    std::optional<Failure_Note> failure;
+};
+
+/// Fills the lower grid with a field: offline, or online on a register image.
+[[nodiscard]] Shown_Grid showField(Declara_Zorvane& document, std::int32_t field,
+                                   const std::optional<Online_Scene>& scene);
+
+/// A cell of a field, all numbers from 1.
+struct Cell_Place {
+    std::int32_t field = 0;
+    std::int32_t row = 0;
+    std::int32_t column = 0;
+};
+
+/// What came of a user's entry while offline, and what he was told.
+struct Entry_Note {
+    Entry_Outcome outcome;
+    std::optional<Failure_Note> failure;
+    std::vector<std::string> messages;
+    bool Dirty = false;
+
+    /// The entry reached its commit, and that came to its end.
+    [[nodiscard]] bool committed() const { return !failure && !outcome.refused; }
+};
+
+/// Commits a user's entry through the handlers of the lower grid.
+[[nodiscard]] Entry_Note commitEntry(Declara_Zorvane& document, const Cell_Place& place,
+                                     const std::string& text);
+
+} // namespace zorvane

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "ctl/json_stream.h"
+#include "ctl/opened_document.h"
+
+namespace zorvane {
+
+/// Writes the members of the model object: how the files were read, and all that the document holds, under
+/// the names of its records. REQUIRES: an object is open in the stream.
+void writeModel(Json_Stream& json, const Opened_Document& opened);
+
+} // namespace zorvane

@@ -1,0 +1,87 @@
+#include "ctl/notices.h"
+
+#include "template/native_files.h"
+#include "values/code_page.h"
+
+#include <array>
+#include <ostream>
+#include <utility>
+
+namespace zorvane {
+
+namespace {
+
+constexpr std::array<std::pair<int, const char*>, 9> advices = {{
+    {5, "Look for a header that is only \"[\", or a list item whose \")\" stands before its \"(\"."},
+    {6, "Look for a number that is too large for its place."},
+    {9, "Look for a field, row, column or block number that the template doesn't declare. A template needs "
+        "FIELD_#_RC before the cells of a field, and at least one HOLDINGREGISTERSBLOCK_# line."},
+    {13, "Look for a text where a number must stand."},
+    {53, "Check the path."},
+    {61, "Make room on the disk and try again."},
+    {70, "Check the permissions of the file and of its folder."},
+    {75, "Check that the file is a readable file and that its disk works."},
+    {76, "Check that the folder is there."},
+}};
+
+bool isControl(char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || byte == 0x7F;
+}
+
+/// UTF-8 control characters, the ones of 0x80 to 0x9F included, as dots.
+std::string harmless(std::string text) {
+    std::string out;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool second =
+            i + 1 < text.size() && text[i] == '\xC2' && static_cast<unsigned char>(text[i + 1]) < 0xA0;
+        out += isControl(text[i]) || second ? '.' : text[i];
+        if (second) ++i;
+    }
+    return out;
+}
+
+std::string place(const Reading_Note& note) {
+    const std::string file = printablePath(note.path);
+    return note.line > 0 ? file + ", line " + std::to_string(note.line) : file;
+}
+
+void tellReading(std::ostream& err, const Reading_Note& note, const std::string& kind) {
+    if (!note.loaded) {
+        tell(err, printablePath(note.path) + ": there is no such " + kind + ". Check the path.");
+    } else if (note.failure) {
+        tellFailure(err, place(note), *note.failure);
+        if (note.line > 0) tell(err, "The lines after it were not read.");
+    } else if (!note.ok) {
+        tell(err, place(note) +
+                      ": more values than the template has columns. The file was written for another "
+                      "template; this line's other values and the lines after it were not read. "
+                      "Choose the template that fits, or try zorvanectl update.");
+    }
+}
+
+} // namespace
+
+std::string printable(std::string_view text) { return harmless(toUtf8(text)); }
+
+std::string printablePath(std::string_view text) { return harmless(pathToNative(text)); }
+
+void tell(std::ostream& err, const std::string& text) { err << "zorvanectl: " << text << '\n'; }
+
+std::string advice(int failure) {
+    for (const auto& [number, text] : advices)
+        if (number == failure) return text;
+    return "";
+}
+
+void tellFailure(std::ostream& err, const std::string& what, const Failure_Note& failure) {
+    tell(err, what + ": " + printable(failure.description) + " (failure " + std::to_string(failure.number) +
+                  "). " + advice(failure.number));
+}
+
+void tellReadings(std::ostream& err, const Opened_Document& opened) {
+    tellReading(err, opened.ztp, "template");
+    if (opened.configuration) tellReading(err, *opened.configuration, "configuration file");
+}
+
+} // namespace zorvane

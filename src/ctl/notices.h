@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ctl/opened_document.h"
+
+#include <iosfwd>
+#include <string>
+#include <string_view>
+
+namespace zorvane {
+
+/// A text for a terminal: UTF-8, with control characters made harmless.
+[[nodiscard]] std::string printable(std::string_view text);
+/// The same for a text that names a path.
+[[nodiscard]] std::string printablePath(std::string_view text);
+
+/// One line to people, after the program's name. `text` is UTF-8 already.
+void tell(std::ostream& err, const std::string& text);
+
+/// Tells what went wrong in reading the files of a document, in which line, and what to do. Says nothing when
+/// all is well.
+void tellReadings(std::ostream& err, const Opened_Document& opened);
+
+/// Tells of a failure of an operation.
+void tellFailure(std::ostream& err, const std::string& what, const Failure_Note& failure);
+
+/// What to do about a failure of that number.
+[[nodiscard]] std::string advice(int failure);
+
+} // namespace zorvane

@@ -1,0 +1,46 @@
+#include "ctl/port_arguments.h"
+
+#include <CLI/CLI.hpp>
+
+namespace zorvane {
+
+namespace {
+
+std::string lineComplaint(const std::string& text) {
+    return parseLineSettings(text)
+               ? ""
+               : "\"" + text + "\" is not baud,parity,data bits,stop bits, as in 9600,n,8,1";
+}
+
+std::string rtsComplaint(const std::string& text) {
+    return parseRtsMode(text) ? "" : "\"" + text + "\" is not none, rts or rs485";
+}
+
+} // namespace
+
+void Port_Arguments::add(CLI::App& arguments) {
+    arguments.add_option("--port", port_, "Serial port: a name such as ttyUSB0, or a path")->required();
+    arguments.add_option("--slave", slave_, "Slave number of the controller (default 1)");
+    arguments.add_option("--settings", line_, "Baud, parity, data bits, stop bits (default 9600,n,8,1)")
+        ->check(lineComplaint, "LINE");
+    arguments.add_option("--retries", retries_, "Further tries of a request without an answer (default 3)");
+    arguments.add_option("--timeout", timeOutMs_,
+                         "Ms to wait for an answer (default the template's, or 1000)");
+    arguments.add_option("--rts", rts_, "What switches an RS-485 driver to sending (default none)")
+        ->check(rtsComplaint, "none|rts|rs485");
+    arguments.add_option("--tx-delay", txDelayMs_, "Ms between RTS and the first byte (default 0)");
+}
+
+Port_Settings Port_Arguments::settings() const {
+    Port_Settings settings;
+    settings.port = port_;
+    settings.slave = slave_;
+    settings.line = parseLineSettings(line_).value_or(Line_Settings{});
+    settings.retries = retries_;
+    settings.timeOutMs = timeOutMs_.value_or(usualTimeOutMs);
+    settings.rts = parseRtsMode(rts_).value_or(Rts_Mode::None);
+    settings.txDelayMs = txDelayMs_;
+    return settings;
+}
+
+} // namespace zorvane

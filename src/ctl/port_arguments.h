@@ -1,0 +1,52 @@
+#pragma once
+
+#include "comm/port_settings.h"
+#include "ctl/call.h"
+#include "template/link_notice.h"
+
+#include <optional>
+#include <string>
+
+namespace zorvane {
+
+/// The serial port, as the calls that transfer take it.
+class Port_Arguments {
+  public:
+    void add(CLI::App& arguments);
+
+    [[nodiscard]] Port_Settings settings() const;
+    /// What is wrong with the settings, in words; empty when they are usable.
+    [[nodiscard]] std::string fault() const { return settingsFault(settings()); }
+    /// The user has asked for a time-out, which then wins over the template's.
+    [[nodiscard]] bool ownTimeOut() const { return timeOutMs_.has_value(); }
+
+  private:
+    static constexpr std::int32_t usualRetries = 3;
+    static constexpr std::int32_t usualTimeOutMs = 1000;
+
+    std::string port_;
+    std::int32_t slave_ = 1;
+    std::string line_ = "9600,n,8,1";
+    std::int32_t retries_ = usualRetries;
+    std::optional<std::int32_t> timeOutMs_;
+    std::string rts_ = "none";
+    std::int32_t txDelayMs_ = 0;
+};
+
+/// Hands a template's notices to the link, but leaves the reply time-out to the port settings.
+class Own_Time_Out : public Link_Notice {
+  public:
+    explicit Own_Time_Out(Link_Notice& link) : link_(link) {}
+    void SetTimings(std::int32_t requestMs, std::int32_t /*outMs*/) override {
+        link_.SetTimings(requestMs, 0);
+    }
+    void SetHoldingRegisters(std::int16_t first, double count, bool flag, std::int16_t last) override {
+        link_.SetHoldingRegisters(first, count, flag, last);
+    }
+    void SetAddressBase(std::int32_t base) override { link_.SetAddressBase(base); }
+
+  private:
+    Link_Notice& link_;
+};
+
+} // namespace zorvane

@@ -1,0 +1,12 @@
+#include "ctl/port_calls.h"
+
+namespace zorvane {
+
+std::vector<Call_Entry> portCalls() {
+    return {
+        {"upload", "Read a document's values from the controller", makeUploadCall},
+        {"download", "Write a document's values to the controller", makeDownloadCall},
+    };
+}
+
+} // namespace zorvane

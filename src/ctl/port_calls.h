@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ctl/call.h"
+
+namespace zorvane {
+
+/// The calls that talk to a controller. They need a QCoreApplication.
+[[nodiscard]] std::vector<Call_Entry> portCalls();
+
+[[nodiscard]] std::unique_ptr<Call> makeUploadCall();
+[[nodiscard]] std::unique_ptr<Call> makeDownloadCall();
+
+} // namespace zorvane

@@ -1,0 +1,89 @@
+#include "ctl/call.h"
+#include "template/native_files.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <ostream>
+#include <utility>
+
+namespace zorvane {
+
+namespace {
+
+/// A call with the part of the command line that belongs to it.
+struct Prepared_Call {
+    std::unique_ptr<Call> call;
+    CLI::App* arguments;
+};
+
+/// Options that every call has.
+struct Common_Options {
+    bool json = false;
+    std::string applicationFolder;
+};
+
+void addCommonOptions(CLI::App& arguments, Common_Options& options) {
+    arguments.add_flag("--json", options.json, "Print the result as one JSON document");
+    arguments
+        .add_option("--app-dir", options.applicationFolder,
+                    "The application folder, where the templates lie (default: the program's own)")
+        ->type_name("DIR");
+}
+
+std::vector<Prepared_Call> prepareCalls(CLI::App& program, const std::vector<Call_Entry>& calls,
+                                        Common_Options& options) {
+    std::vector<Prepared_Call> prepared;
+    for (const Call_Entry& entry : calls) {
+        CLI::App* const arguments = program.add_subcommand(entry.name, entry.description);
+        prepared.push_back({entry.make(), arguments});
+        prepared.back().call->addArguments(*arguments);
+        addCommonOptions(*arguments, options);
+    }
+    return prepared;
+}
+
+} // namespace
+
+std::string withoutEndSeparator(std::string folder) {
+    while (folder.size() > 1 && folder.back() == '/')
+        folder.pop_back();
+    return folder;
+}
+
+std::vector<Call_Entry> documentCalls() {
+    return {
+        {"models", "List the controller models of the application folder", makeModelsCall},
+        {"dump", "Show what a template and a configuration say", makeDumpCall},
+        {"show", "Show the table of a field, offline or on a register image", makeShowCall},
+        {"set", "Commit an entry in a cell, as the window's editor would", makeSetCall},
+        {"save", "Read a configuration and write it anew", makeSaveCall},
+        {"update", "Rewrite a configuration of the older KVRT generation", makeUpdateCall},
+        {"apply", "Fill a document from a saved register image", makeApplyCall},
+        {"plan", "Show every write that a download would make", makePlanCall},
+    };
+}
+
+int runProgram(const std::vector<Call_Entry>& calls, const std::vector<std::string>& arguments,
+               Surroundings surroundings) {
+    CLI::App program("Reads, changes and transfers the configuration of Modbus RTU controllers.",
+                     "zorvanectl");
+    program.set_version_flag("--version", "zorvanectl " ZORVANE_VERSION);
+    program.require_subcommand(1);
+    Common_Options options;
+    const std::vector<Prepared_Call> prepared = prepareCalls(program, calls, options);
+    try {
+        program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    } catch (const CLI::ParseError& error) {
+        const int code = program.exit(error, surroundings.out, surroundings.err);
+        return code == 0 ? Exit_Success : Exit_Usage;
+    }
+    surroundings.json = options.json;
+    if (!options.applicationFolder.empty())
+        surroundings.applicationFolder = withoutEndSeparator(pathFromNative(options.applicationFolder));
+    const auto chosen = std::find_if(prepared.begin(), prepared.end(),
+                                     [](const Prepared_Call& each) { return each.arguments->parsed(); });
+    return chosen->call->run(surroundings);
+}
+
+} // namespace zorvane

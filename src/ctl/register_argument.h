@@ -1,0 +1,19 @@
+#pragma once
+
+#include "ctl/call.h"
+#include "ctl/register_file.h"
+
+#include <optional>
+#include <string>
+
+namespace zorvane {
+
+/// Reads a register file (UTF-8 path). Nothing, and a notice, when it is missing or malformed.
+[[nodiscard]] std::optional<Register_Values> readRegisterFile(const Surroundings& surroundings,
+                                                              const std::string& path);
+
+/// Writes a register file. False, and a notice, when that fails.
+[[nodiscard]] bool writeRegisterFile(const Surroundings& surroundings, const std::string& path,
+                                     const Register_Values& registers);
+
+} // namespace zorvane

@@ -1,0 +1,50 @@
+#include "ctl/register_file.h"
+
+#include <nlohmann/json.hpp>
+
+#include <charconv>
+
+namespace zorvane {
+
+namespace {
+
+std::int32_t registerNumber(const std::string& text) {
+    std::int32_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc{} || stop != end)
+        throw Bad_Register_File("\"" + text + "\" is not the number of a register");
+    return number;
+}
+
+std::uint16_t registerValue(const std::string& number, const nlohmann::json& value) {
+    constexpr std::uint64_t highest = 65535;
+    if (!value.is_number_unsigned() || value.get<std::uint64_t>() > highest)
+        throw Bad_Register_File("register " + number + " needs a whole number from 0 to 65535");
+    return value.get<std::uint16_t>();
+}
+
+} // namespace
+
+Register_Values parseRegisters(const std::string& json) {
+    const auto document = nlohmann::json::parse(json, nullptr, false);
+    if (!document.is_object())
+        throw Bad_Register_File("not a JSON object of the form {\"address\": value, ...}");
+    Register_Values registers;
+    for (const auto& [number, value] : document.items())
+        registers[registerNumber(number)] = registerValue(number, value);
+    return registers;
+}
+
+std::string registersText(const Register_Values& registers) {
+    std::string text = "{";
+    const char* separator = "\n";
+    for (const auto& [number, value] : registers) {
+        text += separator;
+        text += "  \"" + std::to_string(number) + "\": " + std::to_string(value);
+        separator = ",\n";
+    }
+    return text + "\n}\n";
+}
+
+} // namespace zorvane

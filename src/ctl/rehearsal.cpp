@@ -1,0 +1,37 @@
+#include "ctl/rehearsal.h"
+
+#include "comm/download.h"
+#include "comm/registers_to_cells.h"
+
+namespace zorvane {
+
+std::optional<Failure_Note> applyRegisters(Declara_Zorvane& document, const Register_Values& registers) {
+    Dry_Run_Link link(registers);
+    Main_Form_State form;
+    Held_Frame frame(document.Field_Count, freshSelection(document));
+    const Comm_Context comm{document, form, link, frame};
+    return failureOf([&] {
+        for (std::int32_t field = 1; field <= document.Field_Count; ++field)
+            PRO_Aplica_Registros(comm, field);
+    });
+}
+
+Download_Plan planDownload(Declara_Zorvane& document, const Register_Values& registers,
+                           const Grid_Selection& selection) {
+    Dry_Run_Link link(registers);
+    Main_Form_State form;
+    Held_Frame frame(document.Field_Count, selection);
+    const Comm_Context comm{document, form, link, frame};
+    Download_Plan plan;
+    plan.failure = failureOf([&] { MNU_Download_Click(comm); });
+    plan.writes = link.writes();
+    plan.panel4 = frame.messages();
+    return plan;
+}
+
+Grid_Selection freshSelection(const Declara_Zorvane& document) {
+    const Field_Rec& first = document.Fields(1);
+    return {1, first.Rows, first.Columns - 1};
+}
+
+} // namespace zorvane

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "comm/dry_run_link.h"
+#include "comm/main_form_state.h"
+#include "ctl/held_frame.h"
+#include "ctl/opened_document.h"
+#include "ctl/register_file.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zorvane {
+
+/// Fills the cells of every field from a register image, as a finished upload does. The failure that ended
+/// it, if any; the cells before it keep their new values.
+[[nodiscard]] std::optional<Failure_Note> applyRegisters(Declara_Zorvane& document,
+                                                         const Register_Values& registers);
+
+/// What a download would do.
+struct Download_Plan {
+    std::vector<Planned_Write> writes;
+    std::vector<std::string> panel4; ///< the texts of the message panel, in order
+    std::optional<Failure_Note> failure;
+};
+
+/// Runs a download over a register image in which each write succeeds at once.
+[[nodiscard]] Download_Plan planDownload(Declara_Zorvane& document, const Register_Values& registers,
+                                         const Grid_Selection& selection);
+
+/// Where the current cells stand after the grids were filled: the lower grid's on its last cell.
+[[nodiscard]] Grid_Selection freshSelection(const Declara_Zorvane& document);
+
+} // namespace zorvane

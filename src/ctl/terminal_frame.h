@@ -1,0 +1,32 @@
+#pragma once
+
+#include "ctl/held_frame.h"
+#include "ctl/progress_printer.h"
+
+#include <QTimer>
+
+#include <iosfwd>
+
+namespace zorvane {
+
+/// The main form of a program in a terminal: waits serve the event loop, the upload's timer ticks, and people
+/// see the progress, the failed writes and the link's messages. REQUIRES: a QCoreApplication.
+class Terminal_Frame : public Held_Frame {
+  public:
+    Terminal_Frame(std::int32_t fields, const Grid_Selection& selection, std::ostream& err, bool terminal);
+
+    int Msgb_Show(const std::string& prompt, int style, const std::string& title) override;
+    void setPanel(Panel panel, const std::string& text) override;
+    void setTimerEnabled(Timer_Name timer, bool enabled) override;
+    void wait_until(const std::function<bool()>& condition) override;
+    void wait_ms(std::int32_t milliseconds) override;
+
+  private:
+    void showProgress();
+
+    Progress_Printer printer_;
+    QTimer uploadTimer_;
+    std::string shownLabel_;
+};
+
+} // namespace zorvane

@@ -1,0 +1,54 @@
+#include "ctl/testing/ctl_bench.h"
+
+#include "template/native_files.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <system_error>
+
+namespace zorvane::doubles {
+
+namespace fs = std::filesystem;
+
+Ctl_Bench::Ctl_Bench() {
+    std::string name = fs::temp_directory_path() / "zorvane-ctl-XXXXXX";
+    if (::mkdtemp(name.data()) == nullptr)
+        throw std::system_error(errno, std::generic_category(), "a folder for the test");
+    folder_ = name;
+}
+
+Ctl_Bench::~Ctl_Bench() {
+    std::error_code ignored;
+    fs::remove_all(folder_, ignored);
+}
+
+std::string Ctl_Bench::file(const std::string& name, const std::string& bytes) {
+    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+    return path(name);
+}
+
+std::string Ctl_Bench::bytes(const std::string& name) const {
+    std::ifstream in(folder_ / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+bool Ctl_Bench::exists(const std::string& name) const { return fs::exists(folder_ / name); }
+
+Ctl_Run Ctl_Bench::run(const std::vector<std::string>& arguments) const {
+    Native_Files files;
+    std::ostringstream out;
+    std::ostringstream err;
+    const int code = runProgram(documentCalls(), arguments, {files, out, err, "/opt/zorvane"});
+    return {code, out.str(), err.str()};
+}
+
+std::string lines(const std::vector<std::string>& texts) {
+    std::string joined;
+    for (const std::string& text : texts)
+        joined += text + "\r\n";
+    return joined;
+}
+
+} // namespace zorvane::doubles

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "comm/comm_context.h"
+#include "ctl/held_frame.h"
+#include "ctl/opened_document.h"
+#include "ctl/register_file.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace zorvane {
+
+enum class Transfer_Outcome { Finished, Failed, Cancelled };
+
+/// How a transfer ended. The session has ended, too: the port is closed.
+struct Transfer_Report {
+    Transfer_Outcome outcome = Transfer_Outcome::Failed;
+    std::int32_t passes = 0; ///< whole passes of an upload over all blocks
+    std::vector<Info_Rec_Errors> errors;
+    std::vector<Info_Rec_Errors> log;
+    std::string panel4;
+    std::optional<Failure_Note> failure; ///< what ended it, when it was a run-time failure
+    /// What the controller refused, though the transfer went on to its end: one text a block or register.
+    std::vector<std::string> refusals;
+
+    [[nodiscard]] bool finished() const { return outcome == Transfer_Outcome::Finished; }
+    /// The controller and the document now hold the same values.
+    [[nodiscard]] bool complete() const { return finished() && refusals.empty(); }
+};
+
+/// Reads all blocks and, if the upload finishes, fills the document. Waits in the frame, whose timer
+/// `TMR_Actualiza_valores` runs the upload.
+[[nodiscard]] Transfer_Report runUpload(const Comm_Context& comm, Held_Frame& frame);
+
+/// Writes every modifiable cell to the controller.
+[[nodiscard]] Transfer_Report runDownload(const Comm_Context& comm, Held_Frame& frame);
+
+/// The registers of the document's blocks, as the link last saw them.
+[[nodiscard]] Register_Values scannedRegisters(const Comm_Context& comm);
+
+} // namespace zorvane

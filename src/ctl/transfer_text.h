@@ -1,0 +1,17 @@
+#pragma once
+
+#include "ctl/json_text.h"
+#include "ctl/transfer.h"
+
+#include <iosfwd>
+#include <string>
+
+namespace zorvane {
+
+/// {"outcome","passes","errors","log","panel4"}, with the members of the records under their names.
+[[nodiscard]] Json transferJson(const Transfer_Report& report);
+
+/// Tells people how a transfer ended, what failed in it, and what to do. `name` is "Upload" or "Download".
+void tellTransfer(std::ostream& err, const std::string& name, const Transfer_Report& report);
+
+} // namespace zorvane

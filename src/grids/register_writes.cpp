@@ -1,0 +1,85 @@
+#include "grids/register_writes.h"
+
+#include "values/code_page.h"
+#include "values/numbers.h"
+#include "values/times.h"
+
+namespace zorvane {
+
+namespace {
+
+// These words are compared in upper case and not trimmed, unlike where a cell is shown.
+bool holdsMinutes(const Cell_Rec& cell) { return upperCase(cell.Format) == "TIMEMM"; }
+bool holdsSeconds(const Cell_Rec& cell) { return upperCase(cell.Format) == "TIMESS"; }
+bool holdsHalfTime(const Cell_Rec& cell) { return holdsMinutes(cell) || holdsSeconds(cell); }
+
+/// What goes to the controller for a number. Only a negative one has a format of its own.
+std::int32_t registerFor(const std::string& text, const Cell_Rec& definition, std::int32_t rawNegative) {
+    const bool formatted = !trimBlanks(definition.Bits_Negative_Format).empty();
+    return formatted && strictDouble(text) < 0.0 ? rawNegative : longValue(text);
+}
+
+} // namespace
+
+std::string joinedTime(const Cell_Rec& cell, const std::string& half, std::int32_t registerValue) {
+    if (holdsMinutes(cell)) return numberText(strictDouble(half) * 60.0 + restSeconds(registerValue));
+    if (holdsSeconds(cell)) return numberText(strictDouble(half) + wholeMinutes(registerValue) * 60.0);
+    return half;
+}
+
+std::string splitTime(const Cell_Rec& cell, const std::string& whole) {
+    if (holdsMinutes(cell)) return numberText(wholeMinutes(strictLong(whole)));
+    if (holdsSeconds(cell)) return numberText(restSeconds(strictLong(whole)));
+    return whole;
+}
+
+void Number_Write::show(std::string_view progress) const {
+    showStatusLine(grids_, number_.text, cell().Address, progress);
+}
+
+void Number_Write::start() {
+    if (!isNumeric(cell().Address)) return;
+    const Comm_Context& comm = grids_.comm;
+    if (holdsHalfTime(cell())) {
+        const std::int32_t value = comm.link.RegisterValue(comm.form.Unit_Id, strictLong(cell().Address));
+        number_.text = joinedTime(cell(), number_.text, value);
+    }
+    show(writePending);
+    const std::int32_t value = registerFor(number_.text, grids_.definition(col_), number_.Raw_Negative);
+    comm.link.PresetSingleRegister(comm.form.Unit_Id, longValue(cell().Address), value);
+}
+
+void Number_Write::failed() {
+    cell().Value = numberText(number_.Old_Value);
+    grids_.FLX_Settings.setText(numberText(number_.Old_Value));
+    show(writeFailed);
+}
+
+void Number_Write::succeeded() {
+    number_.text = splitTime(cell(), number_.text);
+    cell().Value = numberText(Val(number_.text));
+    grids_.FLX_Settings.setText(number_.text);
+    show(writeCompleted);
+}
+
+void Number_Write::close() {
+    grids_.FLX_Settings.setCol(col_);
+    grids_.FLX_Settings.SetFocus();
+}
+
+void Time_Write::start() {
+    const Comm_Context& comm = grids_.comm;
+    comm.link.PresetSingleRegister(comm.form.Unit_Id, longValue(cell().Address), timeSeconds(time_));
+}
+
+void Time_Write::failed() {
+    // The line has no value: only the write of a number gives one.
+    showStatusLine(grids_, "", cell().Address, writeFailed);
+}
+
+void Time_Write::succeeded() {
+    grids_.FLX_Settings.setText(time_);
+    cell().Value = time_;
+}
+
+} // namespace zorvane
