@@ -21,6 +21,8 @@ class Temporary_Folder {
     }
     Temporary_Folder(const Temporary_Folder&) = delete;
     Temporary_Folder& operator=(const Temporary_Folder&) = delete;
+    Temporary_Folder(Temporary_Folder&&) = delete;
+    Temporary_Folder& operator=(Temporary_Folder&&) = delete;
 
     [[nodiscard]] const std::string& path() const noexcept { return path_; }
 
@@ -40,6 +42,8 @@ class Unprivileged {
     }
     Unprivileged(const Unprivileged&) = delete;
     Unprivileged& operator=(const Unprivileged&) = delete;
+    Unprivileged(Unprivileged&&) = delete;
+    Unprivileged& operator=(Unprivileged&&) = delete;
 
   private:
     uid_t before_ = geteuid();
