@@ -32,10 +32,9 @@ class Silent_Asker : public Asker {
     }
 };
 
-/// The sum of the wire limits of the exchanges of one pass over all blocks; between two of them lies the
-/// pause, or the line's silence where that is longer.
+/// The sum of the wire limits of the exchanges of one pass over all blocks, and of the pause that lies before
+/// each request beside the line's silence.
 double limitMs(const Declara_Zorvane& document, double pauseMs, int& exchanges) {
-    const double silenceMs = static_cast<double>(frameSilence(wire.line())) / 1000;
     double sum = 0;
     exchanges = 0;
     for (std::int32_t i = 1; i <= document.Holding_Blocks.upperBound(); ++i) {
@@ -43,7 +42,7 @@ double limitMs(const Declara_Zorvane& document, double pauseMs, int& exchanges) 
         for (std::int32_t first = block.First_Address; first <= block.Last_Address; first += largestRead) {
             const std::int32_t count = std::min(largestRead, block.Last_Address - first + 1);
             const Rtu_Request request = readRequest(1, 0, static_cast<std::uint16_t>(count));
-            sum += wireLimitMs(wire, request) + std::max(0.0, pauseMs - silenceMs);
+            sum += wireLimitMs(wire, request) + pauseMs;
             ++exchanges;
         }
     }
