@@ -257,6 +257,8 @@ TEST_F(Line, APortWithoutPermissionIsTold) {
     std::filesystem::permissions(bench.path(""), std::filesystem::perms::all);
     const Ctl_Run denied = run(transfer("upload"), ::geteuid() == 0 ? nobody : 0);
     ::close(terminal);
+    constexpr int notStarted = 127;
+    if (denied.code == notStarted) GTEST_SKIP() << "another user can't reach the folder of the programs";
     EXPECT_EQ(denied.code, 1);
     EXPECT_THAT(denied.err,
                 HasSubstr("Permission denied: add your user to the group dialout and log in again."));

@@ -140,7 +140,9 @@ TEST_F(NativeFiles, ANameAloneLiesInTheCurrentFolder) {
     put("abc.ztp", "x");
     EXPECT_EQ(files.found("ABC.ZTP"), "abc.ztp");
     EXPECT_TRUE(files.exists("ABC.ZTP"));
-    fs::current_path(before);
+    std::error_code closedToThisUser;
+    fs::current_path(before, closedToThisUser);
+    if (closedToThisUser) fs::current_path("/");
 }
 
 TEST_F(NativeFiles, ALargeFileIsReadWhole) {
