@@ -52,10 +52,12 @@ class Set_Call : public Call {
         arguments
             .add_option("TEXT", text_,
                         "What the user types; in a list cell the entry's number, from 0. After \"--\" if it "
-                        "begins with \"-\" and no digit")
+                        "is an option's name")
             ->required();
         arguments.add_option("--save", out_, "Write the changed document to this file")->type_name("OUT");
     }
+
+    [[nodiscard]] bool endsInText() const override { return true; }
 
     int run(const Surroundings& surroundings) override {
         bool whole = true;
