@@ -113,7 +113,9 @@ TEST_F(Field_Table, SetTellsARefusedNumberAndKeepsTheUpperLimit) {
     const Ctl_Run set = run("set", {"1", "1", "1", "40000", "--json"});
     EXPECT_EQ(set.code, 0);
     EXPECT_EQ(parsed(set)["messages"],
-              json::array({"The value is out of range (value range -32768 to 32767)"}));
+              json::array({{{"style", 64},
+                            {"title", "Zorvane"},
+                            {"text", "The value is out of range (value range -32768 to 32767)"}}}));
     EXPECT_EQ(parsed(set)["grid"], "32767");
     EXPECT_EQ(parsed(set)["Dirty"], false);
     EXPECT_THAT(set.err, HasSubstr("The value is out of range"));
