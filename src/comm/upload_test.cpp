@@ -257,6 +257,18 @@ TEST_F(Upload, TwoPassesNeedTheFirstBlockTwice) {
     EXPECT_EQ(frame.progress.value(), 4);
 }
 
+TEST_F(Upload, LinkLostInTheSecondPassForgetsTheFirst) {
+    form.Scan_Passes = 2;
+    start();
+    scanTo(2);
+    scanTo(1);
+    EXPECT_EQ(form.Pass_Count, 1);
+    link.lost = true;
+    scanTo(2, false);
+    EXPECT_FALSE(form.Upload_Active);
+    EXPECT_EQ(form.Pass_Count, 0);
+}
+
 TEST_F(Upload, BarThatIsFullStaysFull) {
     link.blockCount = 1;
     start();

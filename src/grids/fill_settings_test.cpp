@@ -173,6 +173,7 @@ TEST_F(Fill_Settings_Test, BuildsTheTable) {
     field.Cells(0, 1).Width = 1100;
     field.Cells(0, 2).Value = "Limit";
     field.Cells(2, 2).Value = "120";
+    ownLower.setFixedRows(0);
     PRO_Llena_Settings(grids, 1, true);
     EXPECT_EQ(ownLower.Rows(), 3);
     EXPECT_EQ(ownLower.Cols(), 2);
