@@ -125,7 +125,8 @@ void ActiveReport::printRichText(Printed_Report& report, const Report_Control& c
     style.ForeColor = control.RichText.ForeColor;
     const std::size_t index = report.styles.indexOf(style);
     const double height = metrics_.lineHeight(style.Font);
-    for (std::string& line : wrappedLines(metrics_, control.RichText.text, style.Font, control.Width)) {
+    const double room = control.Width - 2 * textInset;
+    for (std::string& line : wrappedLines(metrics_, control.RichText.text, style.Font, room)) {
         Printed_Band band{Band_Role::Text, height, {}, {}, {}, {}, {}};
         band.texts.push_back({left, 0, control.Width, height, index, std::move(line), false});
         report.bands.push_back(std::move(band));

@@ -64,9 +64,8 @@ Report_Border gridBorder(bool last) {
     return border;
 }
 
-} // namespace
-
-void reportCellText(const Cell_Rec& cell, std::string& text) {
+/// `text` comes with the text of the cell before, and keeps it when no message answers.
+void takeCellText(const Cell_Rec& cell, std::string& text) {
     if (!cell.Has_Messages) {
         text = cell.Value;
         return;
@@ -75,6 +74,18 @@ void reportCellText(const Cell_Rec& cell, std::string& text) {
     const double code = Val(cell.Value);
     for (std::int32_t entry = 0; entry <= cell.Messages.upperBound(); ++entry)
         if (code == cell.Messages(entry).Code) text = cell.Messages(entry).Text;
+}
+
+} // namespace
+
+std::vector<std::string> reportRowTexts(const Field_Rec& field, std::int32_t row) {
+    std::vector<std::string> texts;
+    std::string text;
+    for (std::int32_t column = 1; column <= field.Columns; ++column) {
+        takeCellText(field.Cells(row, column), text);
+        texts.push_back(text);
+    }
+    return texts;
 }
 
 rptPrintKVRT::rptPrintKVRT(Document_Report_Sources sources)
@@ -242,13 +253,12 @@ void rptPrintKVRT::ActiveReport_FetchData(bool& EOF_) {
     if (Opcion <= 0) return;
     const Field_Rec& shown = field();
     if (Row_Counter > shown.Rows) return;
-    std::string text;
+    std::vector<std::string> texts = reportRowTexts(shown, Row_Counter);
     for (Report_Control& control : Detail.Controls) {
         control.Font.Bold = Row_Counter == 0;
         const std::int32_t column = longValue(control.Tag);
         if (Row_Counter > 0 && shown.Cells(0, column).Modifiable) control.ForeColor = blue;
-        reportCellText(shown.Cells(Row_Counter, column), text);
-        Fields.Item(control.DataField).Value = text;
+        Fields.Item(control.DataField).Value = std::move(texts.at(static_cast<std::size_t>(column - 1)));
     }
     ++Row_Counter;
     EOF_ = false;

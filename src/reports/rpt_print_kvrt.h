@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace zorvane {
 
@@ -15,9 +16,10 @@ struct Document_Report_Sources {
     std::string gridFont = reportFont; ///< name of the upper grid's font
 };
 
-/// The text of a cell in a report: its value, or the text of the last message with the value's code. `text`
-/// comes with the text of the cell before and keeps it when the cell has messages and none of them answers.
-void reportCellText(const Cell_Rec& cell, std::string& text);
+/// The texts of a row of a field's table in a report, from column 1: values, or for a cell with messages the
+/// text of the last message with the value's code. A cell with messages of which none answers shows the text
+/// of the cell before it. A row that isn't there is failure 9.
+[[nodiscard]] std::vector<std::string> reportRowTexts(const Field_Rec& field, std::int32_t row);
 
 /// One field of the document: a head with its description and room for notes by hand, and its table.
 class rptPrintKVRT : public ActiveReport {

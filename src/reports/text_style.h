@@ -56,6 +56,9 @@ enum Back_Style : int {
     Back_Opaque = 1,
 };
 
+/// Between a control's side and a text that stands at it, in twips.
+inline constexpr double textInset = 25;
+
 /// All of a control that concerns how its text looks.
 struct Text_Style {
     Report_Font Font;

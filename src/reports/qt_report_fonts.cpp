@@ -1,0 +1,36 @@
+#include "reports/qt_report_fonts.h"
+
+#include "values/code_page.h"
+
+#include <QFontMetricsF>
+#include <QStringList>
+
+#include <cmath>
+
+namespace zorvane {
+
+namespace {
+
+constexpr double twipsPerPoint = 20;
+
+} // namespace
+
+QFont fontInTwips(const Report_Font& font) {
+    QFont made;
+    made.setFamilies({QString::fromStdString(toUtf8(font.Name)), "Liberation Sans", "Arimo", "Nimbus Sans"});
+    made.setStyleHint(QFont::SansSerif);
+    made.setHintingPreference(QFont::PreferNoHinting);
+    made.setPixelSize(static_cast<int>(std::lround(font.Size * twipsPerPoint)));
+    made.setBold(font.Bold);
+    return made;
+}
+
+double Qt_Text_Metrics::textWidth(const std::string& text, const Report_Font& font) const {
+    return QFontMetricsF(fontInTwips(font)).horizontalAdvance(QString::fromStdString(toUtf8(text)));
+}
+
+double Qt_Text_Metrics::lineHeight(const Report_Font& font) const {
+    return QFontMetricsF(fontInTwips(font)).height();
+}
+
+} // namespace zorvane
