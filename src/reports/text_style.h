@@ -57,7 +57,7 @@ enum Back_Style : int {
 };
 
 /// Between a control's side and a text that stands at it, in twips.
-inline constexpr double textInset = 25;
+inline constexpr double textInset = 45;
 
 /// All of a control that concerns how its text looks.
 struct Text_Style {
