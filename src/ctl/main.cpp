@@ -4,6 +4,7 @@
 
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 
 #include <algorithm>
 #include <iostream>
@@ -15,6 +16,7 @@ namespace {
 std::unique_ptr<QCoreApplication> makeApplication(bool paints, int& count, char** arguments) {
     if (!paints) return std::make_unique<QCoreApplication>(count, arguments);
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    QLoggingCategory::setFilterRules("default.warning=false"); // about folders of a desktop session
     return std::make_unique<QGuiApplication>(count, arguments);
 }
 

@@ -1,7 +1,6 @@
 #include "reports/qt_page_painter.h"
 
 #include "reports/qt_report_fonts.h"
-#include "values/code_page.h"
 
 #include <QColor>
 #include <QFontMetricsF>
@@ -39,7 +38,7 @@ class Item_Painter {
         const Text_Style& style = styles_[item.style];
         const QFont font = fontInTwips(style.Font);
         const QFontMetricsF metrics(font);
-        const QString text = QString::fromStdString(toUtf8(item.text));
+        const QString text = paintedText(item.text);
         const double width = metrics.horizontalAdvance(text);
         const double above =
             style.VerticalAlignment == Align_Middle ? (item.height - metrics.height()) / 2 : 0;

@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 #include <QStringList>
 
+#include <algorithm>
 #include <cmath>
 
 namespace zorvane {
@@ -25,8 +26,16 @@ QFont fontInTwips(const Report_Font& font) {
     return made;
 }
 
+QString paintedText(const std::string& text) {
+    QString painted = QString::fromStdString(toUtf8(text));
+    std::replace_if(
+        painted.begin(), painted.end(),
+        [](QChar character) { return character.category() == QChar::Other_Control; }, QChar(u' '));
+    return painted;
+}
+
 double Qt_Text_Metrics::textWidth(const std::string& text, const Report_Font& font) const {
-    return QFontMetricsF(fontInTwips(font)).horizontalAdvance(QString::fromStdString(toUtf8(text)));
+    return QFontMetricsF(fontInTwips(font)).horizontalAdvance(paintedText(text));
 }
 
 double Qt_Text_Metrics::lineHeight(const Report_Font& font) const {
