@@ -1,6 +1,5 @@
-#include "app/print_commands.h"
-
 #include "app/document_commands.h"
+#include "app/print_commands.h"
 #include "app/testing/app_bench.h"
 #include "app/testing/recording_print_frame.h"
 #include "reports/testing/even_metrics.h"
@@ -67,7 +66,11 @@ struct PrintCommands : testing::Test, App_Bench {
     bool full = false;
     Print_Commands print{app,
                          printFrame,
-                         {textMetrics, [] { return Report_Time{"11/21/2026", 9, 5}; }, "Grid Font", painted,
+                         {textMetrics,
+                          [] {
+                              return Report_Time{"11/21/2026", 9, 5};
+                          },
+                          "Grid Font", painted,
                           [this](const std::string& path, const std::string& bytes) {
                               if (full) throw Run_Time_Failure(Failure::DiskFull);
                               written[path] = bytes;
@@ -88,10 +91,10 @@ TEST_F(PrintCommands, ThePreviewOfTheSelectedField) {
     settings.texts["Zorvane/PrintDialog/Height"] = "6000";
     journal.clear();
     print.PRO_Imprime_Pagina();
-    EXPECT_EQ(journal.lines(), (Lines{"MNU_PrintPage disabled",
-                                      "\"Preview Print Page\" at 100,200 5000x6000, zoom -2", //
-                                      "Mensaje shown", "Mensaje unloaded",
-                                      "\"Preview Print Page\" has pages: 1"}));
+    EXPECT_EQ(journal.lines(),
+              (Lines{"MNU_PrintPage disabled",
+                     "\"Preview Print Page\" at 100,200 5000x6000, zoom -2", //
+                     "Mensaje shown", "Mensaje unloaded", "\"Preview Print Page\" has pages: 1"}));
     const MainRepKVRT& report = *print.PrintGrid();
     EXPECT_TRUE(report.OnePage);
     EXPECT_EQ(report.Opcion, 2);
@@ -102,10 +105,9 @@ TEST_F(PrintCommands, ThePreviewOfTheSelectedField) {
 
 TEST_F(PrintCommands, ThePreviewOfAllFields) {
     print.PrintAllPages();
-    EXPECT_EQ(journal.lines(), (Lines{"MNU_PrintAll disabled",
-                                      "\"Preview Print All Pages\" at 3210,3075 6990x7380, zoom -2",
-                                      "Mensaje shown", "Mensaje unloaded",
-                                      "\"Preview Print All Pages\" has pages: 1"}));
+    EXPECT_EQ(journal.lines(),
+              (Lines{"MNU_PrintAll disabled", "\"Preview Print All Pages\" at 3210,3075 6990x7380, zoom -2",
+                     "Mensaje shown", "Mensaje unloaded", "\"Preview Print All Pages\" has pages: 1"}));
     EXPECT_FALSE(print.PrintAll()->OnePage);
     EXPECT_EQ(print.PrintAll()->Opcion, 0);
     EXPECT_EQ(print.PrintAll()->Pages.document.contents.size(), 2U);
@@ -197,8 +199,8 @@ TEST_F(PrintCommands, RefreshRestartsAPreviewWithPages) {
     print.PrintAllPages();
     journal.clear();
     print.PrintAll()->ActiveReport_ToolbarClick(print.PrintAll()->Tools.Item(3));
-    EXPECT_THAT(journal.lines(), ElementsAre("Mensaje shown", "Mensaje unloaded",
-                                             "\"Preview Print All Pages\" has pages: 1"));
+    EXPECT_THAT(journal.lines(),
+                ElementsAre("Mensaje shown", "Mensaje unloaded", "\"Preview Print All Pages\" has pages: 1"));
     print.PrintAll()->Pages.Clear();
     journal.clear();
     print.PrintAll_Refresh();

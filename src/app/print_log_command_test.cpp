@@ -1,5 +1,4 @@
 #include "app/print_log_command.h"
-
 #include "app/testing/recording_print_frame.h"
 #include "reports/testing/even_metrics.h"
 

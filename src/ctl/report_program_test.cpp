@@ -66,13 +66,12 @@ TEST_F(Report_Program, WritesEachFormat) {
 }
 
 TEST_F(Report_Program, PrintsOneFieldOrAll) {
-    ztp = bench.file("ABC.ZTP",
-                     doubles::smallTemplate() + lines({"[CONFIGURATION_FIELDS]", "FIELD_2_DESC=Inputs",
-                                                       "FIELD_2_RC=1,1"}));
+    ztp = bench.file("ABC.ZTP", doubles::smallTemplate() + lines({"[CONFIGURATION_FIELDS]",
+                                                                  "FIELD_2_DESC=Inputs", "FIELD_2_RC=1,1"}));
     const auto text = [&](const std::vector<std::string>& field) {
         std::vector<std::string> arguments = field;
-        for (const std::string& more : {std::string("--format"), std::string("txt"), std::string("--out"),
-                                        bench.path("r.txt")})
+        for (const std::string& more :
+             {std::string("--format"), std::string("txt"), std::string("--out"), bench.path("r.txt")})
             arguments.push_back(more);
         EXPECT_EQ(run(arguments).code, 0);
         return bench.bytes("r.txt");
@@ -86,7 +85,8 @@ TEST_F(Report_Program, TellsAFileThatCanNotBeWritten) {
     const Ctl_Run report = run({"--format", "txt", "--out", path, "--json"});
     EXPECT_EQ(report.code, 1);
     EXPECT_EQ(json::parse(report.out),
-              json::parse(R"({"output":")" + path + R"(","failure":{"number":76,"description":"Path not found"}})"));
+              json::parse(R"({"output":")" + path +
+                          R"(","failure":{"number":76,"description":"Path not found"}})"));
     EXPECT_THAT(report.err, HasSubstr("could not be written: Path not found (failure 76)"));
 }
 

@@ -46,12 +46,10 @@ Report_Tool& Report_Tools::Item(std::size_t index) {
 void ActiveReport::Run() {
     ActiveReport_ReportStart();
     Printed_Report report = runWithoutPages();
-    const Page_Band header{PageHeader.Height, [this](std::int32_t page, Style_Table& styles) {
-                               return headerOf(page, styles);
-                           }};
-    const Page_Band footer{PageFooter.Height, [this](std::int32_t page, Style_Table& styles) {
-                               return footerOf(page, styles);
-                           }};
+    const Page_Band header{PageHeader.Height,
+                           [this](std::int32_t page, Style_Table& styles) { return headerOf(page, styles); }};
+    const Page_Band footer{PageFooter.Height,
+                           [this](std::int32_t page, Style_Table& styles) { return footerOf(page, styles); }};
     Pages.document = layoutPages(std::move(report), PageSettings, header, footer);
     ActiveReport_ReportEnd();
     pagesChanged();
@@ -115,7 +113,8 @@ void ActiveReport::printPass(Printed_Report& report, double left,
         if (control.Visible && control.kind == Control_Kind::RichText)
             printRichText(report, control, left + control.Left);
     }
-    if (report.bands.size() == first) report.bands.push_back({Band_Role::Row, Detail.Height, {}, {}, {}, {}, {}});
+    if (report.bands.size() == first)
+        report.bands.push_back({Band_Role::Row, Detail.Height, {}, {}, {}, {}, {}});
     if (!TOC.titles().empty()) report.bands[first].contentsTitle = TOC.titles().back();
 }
 

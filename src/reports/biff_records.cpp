@@ -94,7 +94,8 @@ void Biff_Stream::textTable(const std::vector<std::string>& texts, std::uint32_t
             done += piece;
             if (done == wide.size()) break;
             nextRecord();
-            addNumber(data, wideCharacters, 1); // each further record says anew how its characters are written
+            addNumber(data, wideCharacters,
+                      1); // each further record says anew how its characters are written
         }
     }
     nextRecord();

@@ -1,5 +1,4 @@
 #include "reports/export_html.h"
-
 #include "reports/testing/report_bench.h"
 
 #include <gmock/gmock.h>
@@ -20,16 +19,17 @@ struct Export_Html : testing::Test, Report_Bench {
 };
 
 TEST_F(Export_Html, WritesATableForEachField) {
-    EXPECT_THAT(exported(), HasSubstr("<p class=\"line\"><span class=\"label\">Description:</span> Inputs</p>\n"
-                                      "<p class=\"line\"><span class=\"label\">Edits:</span>  "
-                                      "<span class=\"label\">Comments:</span> </p>\n"
-                                      "<table>\n"
-                                      "<tr><th>Name</th><th>Level</th></tr>\n"
-                                      "<tr><td>low</td>"
-                                      "<td style=\"text-align: right;color: #0000ff;\">10</td></tr>\n"
-                                      "<tr><td>high</td>"
-                                      "<td style=\"text-align: right;color: #0000ff;\">20</td></tr>\n"
-                                      "</table>\n"));
+    EXPECT_THAT(exported(),
+                HasSubstr("<p class=\"line\"><span class=\"label\">Description:</span> Inputs</p>\n"
+                          "<p class=\"line\"><span class=\"label\">Edits:</span>  "
+                          "<span class=\"label\">Comments:</span> </p>\n"
+                          "<table>\n"
+                          "<tr><th>Name</th><th>Level</th></tr>\n"
+                          "<tr><td>low</td>"
+                          "<td style=\"text-align: right;color: #0000ff;\">10</td></tr>\n"
+                          "<tr><td>high</td>"
+                          "<td style=\"text-align: right;color: #0000ff;\">20</td></tr>\n"
+                          "</table>\n"));
     EXPECT_THAT(exported(), HasSubstr("<footer><span class=\"date\">11/21/2026  9:05</span>/SITE/SITE7.ABC"));
 }
 

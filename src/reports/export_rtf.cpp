@@ -105,8 +105,8 @@ class Rtf_Export {
     /// The look of a text and the text, in a group of its own.
     std::string run(const Content_Cell& cell) {
         const Text_Style& style = content_.styles[cell.style];
-        std::string words = "\\f" + std::to_string(placeIn(fonts_, style.Font.Name)) + "\\fs" +
-                            number(style.Font.Size * 2);
+        std::string words =
+            "\\f" + std::to_string(placeIn(fonts_, style.Font.Name)) + "\\fs" + number(style.Font.Size * 2);
         if (style.Font.Bold) words += "\\b";
         if (style.ForeColor != 0) words += "\\cf" + colour(style.ForeColor);
         return "{" + words + " " + escaped(cell.text) + "}";

@@ -68,9 +68,7 @@ class Text_Export {
         const std::size_t room = width - cell.text.size();
         const int alignment =
             kind == Content_Kind::Heading ? Align_Left : content_.styles[cell.style].Alignment;
-        const std::size_t before = alignment == Align_Right    ? room
-                                   : alignment == Align_Center ? room / 2
-                                                               : 0;
+        const std::size_t before = alignment == Align_Right ? room : alignment == Align_Center ? room / 2 : 0;
         line += std::string(before, ' ') + inOneLine(cell.text) +
                 std::string(room - before + betweenColumns, ' ');
     }

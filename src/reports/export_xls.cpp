@@ -177,8 +177,8 @@ class Workbook {
             for (std::size_t column = room.firstColumn; column < end; ++column) {
                 const Content_Cell& cell = source.cells[column];
                 double& width = widths[column - room.firstColumn];
-                width = std::max({width, cell.width / twipsOfCharacter,
-                                  static_cast<double>(cell.text.size()) + 2});
+                width = std::max(
+                    {width, cell.width / twipsOfCharacter, static_cast<double>(cell.text.size()) + 2});
             }
         }
         for (std::uint32_t column = 0; column < widths.size(); ++column) {

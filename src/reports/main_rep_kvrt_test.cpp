@@ -1,5 +1,4 @@
 #include "reports/main_rep_kvrt.h"
-
 #include "reports/testing/page_text.h"
 #include "reports/testing/report_bench.h"
 #include "values/testing/failure_number.h"
@@ -43,34 +42,33 @@ TEST_F(MainReport, OneFieldOnItsPage) {
     report.FontSize = 10;
     runField(2);
     ASSERT_EQ(report.Pages.Count(), 1);
-    EXPECT_EQ(pageText(pages(), 0),
-              (Lines{
-                  // head of the field
-                  "box 1440,2185 1250x250 c0ffff",
-                  "text 1440,2185 1250x250 \"Description:\" 10",
-                  "box 1440,2415 650x250 c0ffff",
-                  "text 1440,2415 650x250 \"Edits:\" 10",
-                  "box 3090,2415 950x250 c0ffff",
-                  "text 3090,2415 950x250 \"Comments:\" 10",
-                  "text 2690,2185 10635x250 \"Outputs\" 10",
-                  "box 1440,2815 900x288 c0c0c0",
-                  "text 1440,2815 900x288 \"Name\" 10 center",
-                  "line 1440,2815 1440,3103",
-                  "line 2340,2815 2340,3103",
-                  "line 1440,2815 2340,2815",
-                  "line 1440,3103 2340,3103",
-                  // its row
-                  "text 1440,3120 900x288 \"all\" 10 center",
-                  // page header
-                  "text 8952,1440 1134x283 \"Page:  1 / \" 8.5 right",
-                  "text 10086,1440 425x283 \"1\" 8.5",
-                  "text 1440,1440 1276x283 \"Zorvane\" 8.5",
-                  "line 1440,1723 10531,1723",
-                  // page footer
-                  "text 8243,14040 2268x283 \"11/21/2026  9:05\" 8.5 right",
-                  "text 1440,14040 6520x283 \"/SITE/SITE7.ABC\" 8.5",
-                  "line 1440,14040 10531,14040",
-              }));
+    EXPECT_EQ(pageText(pages(), 0), (Lines{
+                                        // head of the field
+                                        "box 1440,2185 1250x250 c0ffff",
+                                        "text 1440,2185 1250x250 \"Description:\" 10",
+                                        "box 1440,2415 650x250 c0ffff",
+                                        "text 1440,2415 650x250 \"Edits:\" 10",
+                                        "box 3090,2415 950x250 c0ffff",
+                                        "text 3090,2415 950x250 \"Comments:\" 10",
+                                        "text 2690,2185 10635x250 \"Outputs\" 10",
+                                        "box 1440,2815 900x288 c0c0c0",
+                                        "text 1440,2815 900x288 \"Name\" 10 center",
+                                        "line 1440,2815 1440,3103",
+                                        "line 2340,2815 2340,3103",
+                                        "line 1440,2815 2340,2815",
+                                        "line 1440,3103 2340,3103",
+                                        // its row
+                                        "text 1440,3120 900x288 \"all\" 10 center",
+                                        // page header
+                                        "text 8952,1440 1134x283 \"Page:  1 / \" 8.5 right",
+                                        "text 10086,1440 425x283 \"1\" 8.5",
+                                        "text 1440,1440 1276x283 \"Zorvane\" 8.5",
+                                        "line 1440,1723 10531,1723",
+                                        // page footer
+                                        "text 8243,14040 2268x283 \"11/21/2026  9:05\" 8.5 right",
+                                        "text 1440,14040 6520x283 \"/SITE/SITE7.ABC\" 8.5",
+                                        "line 1440,14040 10531,14040",
+                                    }));
 }
 
 TEST_F(MainReport, AllFieldsFollowEachOther) {
@@ -81,19 +79,17 @@ TEST_F(MainReport, AllFieldsFollowEachOther) {
     Lines lines = pageText(pages(), 0);
     const auto firstRow = std::find(lines.begin(), lines.end(), "text 1440,3120 1100x288 \"low\" 10");
     ASSERT_NE(firstRow, lines.end());
-    EXPECT_THAT(Lines(firstRow, firstRow + 12),
-                ElementsAre("text 1440,3120 1100x288 \"low\" 10",     //
-                            "line 1440,3120 1440,3408 d0d0d0 dotted", //
-                            "line 1440,3408 2540,3408 d0d0d0 dotted",
-                            "text 2540,3120 800x288 \"10\" 10 right ff0000",
-                            "line 2540,3120 2540,3408 d0d0d0 dotted",
-                            "line 3340,3120 3340,3408 d0d0d0 dotted",
-                            "line 2540,3408 3340,3408 d0d0d0 dotted",
-                            "text 1440,3408 1100x288 \"high\" 10", //
-                            "line 1440,3408 1440,3696 d0d0d0 dotted",
-                            "line 1440,3696 2540,3696 d0d0d0 dotted",
-                            "text 2540,3408 800x288 \"20\" 10 right ff0000",
-                            "line 2540,3408 2540,3696 d0d0d0 dotted"));
+    EXPECT_THAT(
+        Lines(firstRow, firstRow + 12),
+        ElementsAre("text 1440,3120 1100x288 \"low\" 10",     //
+                    "line 1440,3120 1440,3408 d0d0d0 dotted", //
+                    "line 1440,3408 2540,3408 d0d0d0 dotted", "text 2540,3120 800x288 \"10\" 10 right ff0000",
+                    "line 2540,3120 2540,3408 d0d0d0 dotted", "line 3340,3120 3340,3408 d0d0d0 dotted",
+                    "line 2540,3408 3340,3408 d0d0d0 dotted",
+                    "text 1440,3408 1100x288 \"high\" 10", //
+                    "line 1440,3408 1440,3696 d0d0d0 dotted", "line 1440,3696 2540,3696 d0d0d0 dotted",
+                    "text 2540,3408 800x288 \"20\" 10 right ff0000",
+                    "line 2540,3408 2540,3696 d0d0d0 dotted"));
     // The second field begins below the first one's foot of 1020 twips.
     EXPECT_THAT(lines, Contains("text 2690,4726 10635x250 \"Outputs\" 10"));
     EXPECT_THAT(lines, Contains("text 1440,5661 900x288 \"all\" 10 center"));
@@ -121,10 +117,12 @@ TEST_F(MainReport, APathOfFiftyOneCharactersBecomesFiftyFourLong) {
 }
 
 TEST_F(MainReport, TheRouteIsInUpperCaseWhateverTheFilesSpelling) {
-    document.File_Folder = "/Pr\xFC" "fung/";
+    document.File_Folder = "/Pr\xFC"
+                           "fung/";
     document.File_Stem = "site7";
     document.File_Extension = "abc";
-    EXPECT_EQ(route(), "/PR\xDC" "FUNG/SITE7.ABC");
+    EXPECT_EQ(route(), "/PR\xDC"
+                       "FUNG/SITE7.ABC");
 }
 
 TEST_F(MainReport, ADocumentOfOneFieldPrintsOnePass) {
@@ -174,9 +172,8 @@ TEST_F(MainReport, EveryPageHasHeaderFooterAndTheHeadingsOfTheTable) {
     EXPECT_EQ(third[1], "row 78");
     EXPECT_EQ(third[3], "row 80");
     for (std::size_t page = 0; page < 3; ++page)
-        EXPECT_THAT(textsOf(pages(), page),
-                    AllOf(Contains("Page:  " + std::to_string(page + 1) + " / "), Contains("3"),
-                          Contains("/SITE/SITE7.ABC")));
+        EXPECT_THAT(textsOf(pages(), page), AllOf(Contains("Page:  " + std::to_string(page + 1) + " / "),
+                                                  Contains("3"), Contains("/SITE/SITE7.ABC")));
 }
 
 TEST_F(MainReport, ARunShowsTheBusyFormAndTellsOfItsEnd) {

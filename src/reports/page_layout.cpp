@@ -135,8 +135,10 @@ Page_Document layoutPages(Printed_Report report, const Page_Settings& paper, con
     const std::size_t total = document.pages.size();
     for (std::size_t index = 0; index < total; ++index) {
         const auto number = static_cast<std::int32_t>(index + 1);
-        painter.put(document.pages[index], paper.TopMargin, withTotal(header.print(number, document.styles), total));
-        painter.put(document.pages[index], footerTop, withTotal(footer.print(number, document.styles), total));
+        painter.put(document.pages[index], paper.TopMargin,
+                    withTotal(header.print(number, document.styles), total));
+        painter.put(document.pages[index], footerTop,
+                    withTotal(footer.print(number, document.styles), total));
     }
     return document;
 }

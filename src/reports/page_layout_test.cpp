@@ -1,5 +1,4 @@
 #include "reports/page_layout.h"
-
 #include "reports/testing/page_text.h"
 
 #include <gmock/gmock.h>
@@ -50,11 +49,11 @@ Lines bodyOf(const Page_Document& document, std::size_t page) {
 TEST(PageLayout, PutsBandsBetweenHeaderAndFooter) {
     const Page_Document document = laidOut({row("a"), row("b")});
     ASSERT_EQ(document.pages.size(), 1U);
-    EXPECT_THAT(pageText(document, 0), ElementsAre("text 10,20 50x30 \"a\" 8.5", //
-                                                   "text 10,50 50x30 \"b\" 8.5", //
-                                                   "text 10,10 50x10 \"h1\" 8.5", "text 70,10 50x10 \"1\" 8.5",
-                                                   "text 10,120 50x10 \"f1\" 8.5",
-                                                   "text 70,120 50x10 \"1\" 8.5"));
+    EXPECT_THAT(pageText(document, 0),
+                ElementsAre("text 10,20 50x30 \"a\" 8.5", //
+                            "text 10,50 50x30 \"b\" 8.5", //
+                            "text 10,10 50x10 \"h1\" 8.5", "text 70,10 50x10 \"1\" 8.5",
+                            "text 10,120 50x10 \"f1\" 8.5", "text 70,120 50x10 \"1\" 8.5"));
 }
 
 TEST(PageLayout, WithoutBandsThereAreNoPages) { EXPECT_THAT(laidOut({}).pages, IsEmpty()); }

@@ -26,9 +26,9 @@ class rptPrintKVRT : public ActiveReport {
   public:
     explicit rptPrintKVRT(Document_Report_Sources sources);
 
-    std::int16_t Opcion = 0; ///< the field's number; nothing is printed for 0 and below
-    bool Grid = false;       ///< rules around the table's cells
-    double FontSize = 8.25;  ///< points
+    std::int16_t Opcion = 0;  ///< the field's number; nothing is printed for 0 and below
+    bool Grid = false;        ///< rules around the table's cells
+    double FontSize = 8.25;   ///< points
     bool ChangeLocal = false; ///< columns fit their texts instead of having the template's widths
 
     /// Builds head and table from the field. A field that isn't there is failure 9.

@@ -1,5 +1,4 @@
 #include "reports/rpt_print_log.h"
-
 #include "reports/testing/page_text.h"
 #include "reports/testing/report_bench.h"
 
@@ -23,21 +22,23 @@ struct Log_Report : testing::Test, Report_Bench {
 };
 
 TEST_F(Log_Report, AShortLogOnItsPage) {
-    report.RichText = {"Transfer Method: Upload to PC\r\n\r\nRetries: 3\r\n", {"MS Sans Serif", 10, false}, 0};
+    report.RichText = {
+        "Transfer Method: Upload to PC\r\n\r\nRetries: 3\r\n", {"MS Sans Serif", 10, false}, 0};
     report.LogFileName = "/site/site7.log";
     report.Run();
     ASSERT_EQ(report.Pages.Count(), 1);
-    EXPECT_EQ(pageText(pages(), 0), (Lines{
-                                        "text 1440,1965 9071x240 \"Transfer Method: Upload to PC\" 10",
-                                        "text 1440,2445 9071x240 \"Retries: 3\" 10",
-                                        "text 8952,1440 1134x283 \"Page:  1 / \" 10 right",
-                                        "text 10086,1440 425x283 \"1\" 10",
-                                        "text 1440,1440 4677x283 \"Zorvane   log of communication error.\" 11.5",
-                                        "line 1440,1723 10511,1723",
-                                        "text 8243,14040 2268x283 \"11/21/2026  9:05\" 10 right",
-                                        "text 1440,14040 6520x283 \"/site/site7.log\" 10",
-                                        "line 1440,14040 10531,14040",
-                                    }));
+    EXPECT_EQ(pageText(pages(), 0),
+              (Lines{
+                  "text 1440,1965 9071x240 \"Transfer Method: Upload to PC\" 10",
+                  "text 1440,2445 9071x240 \"Retries: 3\" 10",
+                  "text 8952,1440 1134x283 \"Page:  1 / \" 10 right",
+                  "text 10086,1440 425x283 \"1\" 10",
+                  "text 1440,1440 4677x283 \"Zorvane   log of communication error.\" 11.5",
+                  "line 1440,1723 10511,1723",
+                  "text 8243,14040 2268x283 \"11/21/2026  9:05\" 10 right",
+                  "text 1440,14040 6520x283 \"/site/site7.log\" 10",
+                  "line 1440,14040 10531,14040",
+              }));
 }
 
 TEST_F(Log_Report, ALongLogGrowsOverPagesThatAllHaveHeaderAndFooter) {

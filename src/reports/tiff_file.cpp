@@ -6,9 +6,8 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
-#include <vector>
-
 #include <tiffio.h>
+#include <vector>
 
 namespace zorvane {
 
@@ -26,7 +25,8 @@ struct Tiff_File::Memory {
     static tmsize_t read(thandle_t handle, void* data, tmsize_t size) {
         Memory& memory = of(handle);
         if (memory.place >= memory.bytes.size()) return 0;
-        const std::size_t count = std::min(static_cast<std::size_t>(size), memory.bytes.size() - memory.place);
+        const std::size_t count =
+            std::min(static_cast<std::size_t>(size), memory.bytes.size() - memory.place);
         std::memcpy(data, memory.bytes.data() + memory.place, count);
         memory.place += count;
         return static_cast<tmsize_t>(count);

@@ -1,4 +1,5 @@
-// Writes a report in all six formats, and as JSON what each of its cells holds, for other programs to compare.
+// Writes a report in all six formats, and as JSON what each of its cells holds, for other programs to
+// compare.
 //   report_samples FOLDER
 
 #include "reports/byte_file.h"
@@ -9,9 +10,9 @@
 #include "reports/testing/report_bench.h"
 #include "values/code_page.h"
 
-#include <nlohmann/json.hpp>
-
 #include <QGuiApplication>
+
+#include <nlohmann/json.hpp>
 
 #include <iostream>
 
@@ -23,24 +24,27 @@ using nlohmann::json;
 const std::string euro = "\x80";
 
 void designTexts(Field_Rec& field) {
-    doubles::design(
-        field, "Texts, \"quoted\" & <angled> {braced} \\ " + euro,
-        {{"Name", 2600}, {"Value, <b>", 1700, "RIGHT", true}, {"K\xFChl {x}", 1900, "CENTER"}},
-        {{"quotes \"double\" 'single'", "1", "plain"},
-         {"angles <b>bold</b> & &amp;", "-40", "a, b, c"},
-         {"braces {a} }{ \\par \\'41", "1.50", "back\\slash\\"},
-         {"accents \xE0\xE9\xEE\xF6\xFC\xDF \xC5\xD8", "007", "degrees 20\xB0" "C \xB1" "5 \xB5" "A"},
-         {"euro " + euro + " dash \x96 dots \x85", "1234567890123456", "quote \x93ok\x94 \x99"},
-         {"=1+1", "+5", "=SUM(A1)"},
-         {"@home", "-x", "+49 30"},
-         {"'text", "0", "a;b\tc"},
-         {"", "12.5", "last"}});
+    doubles::design(field, "Texts, \"quoted\" & <angled> {braced} \\ " + euro,
+                    {{"Name", 2600}, {"Value, <b>", 1700, "RIGHT", true}, {"K\xFChl {x}", 1900, "CENTER"}},
+                    {{"quotes \"double\" 'single'", "1", "plain"},
+                     {"angles <b>bold</b> & &amp;", "-40", "a, b, c"},
+                     {"braces {a} }{ \\par \\'41", "1.50", "back\\slash\\"},
+                     {"accents \xE0\xE9\xEE\xF6\xFC\xDF \xC5\xD8", "007",
+                      "degrees 20\xB0"
+                      "C \xB1"
+                      "5 \xB5"
+                      "A"},
+                     {"euro " + euro + " dash \x96 dots \x85", "1234567890123456", "quote \x93ok\x94 \x99"},
+                     {"=1+1", "+5", "=SUM(A1)"},
+                     {"@home", "-x", "+49 30"},
+                     {"'text", "0", "a;b\tc"},
+                     {"", "12.5", "last"}});
 }
 
 /// More rows than a page has room for, and columns that run past the right margin.
 void designLongTable(Field_Rec& field) {
-    doubles::design(field, "Long table",
-                    {{"Row", 900, "RIGHT"}, {"Wide", 6000}, {"Beyond the margin", 4000}}, {});
+    doubles::design(field, "Long table", {{"Row", 900, "RIGHT"}, {"Wide", 6000}, {"Beyond the margin", 4000}},
+                    {});
     Cell_Rec heads[4];
     for (std::int32_t column = 1; column <= 3; ++column)
         heads[column] = field.Cells(0, column);

@@ -10,11 +10,11 @@
 #include "template/native_files.h"
 #include "values/code_page.h"
 
-#include <CLI/CLI.hpp>
-
 #include <QDate>
 #include <QLocale>
 #include <QTime>
+
+#include <CLI/CLI.hpp>
 
 #include <ostream>
 
@@ -95,14 +95,13 @@ class Report_Call : public Call {
 
     int runExport(const Surroundings& surroundings) {
         const Opened_Document opened = files_.open(surroundings);
-        const auto failure = opened.fileMissing()
-                                 ? Failure_Note{static_cast<int>(Failure::FileNotFound),
-                                                failureText(Failure::FileNotFound)}
-                                 : failureOf([&] { writeReport(opened.document); });
+        const auto failure = opened.fileMissing() ? Failure_Note{static_cast<int>(Failure::FileNotFound),
+                                                                 failureText(Failure::FileNotFound)}
+                                                  : failureOf([&] { writeReport(opened.document); });
         const std::string path = printablePath(pathFromNative(out_));
         if (surroundings.json)
-            printJson(surroundings.out, {{"output", jsonPath(pathFromNative(out_))},
-                                         {"failure", jsonFailure(failure)}});
+            printJson(surroundings.out,
+                      {{"output", jsonPath(pathFromNative(out_))}, {"failure", jsonFailure(failure)}});
         else if (!failure)
             surroundings.out << "Written: " << path << '\n';
         if (failure) tellFailure(surroundings.err, path + " could not be written", *failure);
