@@ -45,14 +45,24 @@ Report_Tool& Report_Tools::Item(std::size_t index) {
 
 void ActiveReport::Run() {
     ActiveReport_ReportStart();
-    Printed_Report report = runWithoutPages();
-    const Page_Band header{PageHeader.Height,
-                           [this](std::int32_t page, Style_Table& styles) { return headerOf(page, styles); }};
-    const Page_Band footer{PageFooter.Height,
-                           [this](std::int32_t page, Style_Table& styles) { return footerOf(page, styles); }};
-    Pages.document = layoutPages(std::move(report), PageSettings, header, footer);
+    try {
+        layOut();
+    } catch (...) {
+        ActiveReport_ReportEnd();
+        throw;
+    }
     ActiveReport_ReportEnd();
     pagesChanged();
+}
+
+void ActiveReport::layOut() {
+    const Page_Band header{PageHeader.Height, [this](std::int32_t page, Style_Table& styles) {
+                               return headerOf(page, styles);
+                           }};
+    const Page_Band footer{PageFooter.Height, [this](std::int32_t page, Style_Table& styles) {
+                               return footerOf(page, styles);
+                           }};
+    Pages.document = layoutPages(runWithoutPages(), PageSettings, header, footer);
 }
 
 void ActiveReport::Restart() {

@@ -80,8 +80,8 @@ class ActiveReport {
     std::string Caption;      ///< of that window
     int MousePointer = 0;     ///< 11: the hourglass
 
-    /// Runs the report and puts it on pages. A run-time failure of a handler passes; the pages then stay as
-    /// they were.
+    /// Runs the report and puts it on pages. A failure of a handler passes after `ReportEnd`; the pages
+    /// then stay as they were.
     void Run();
     /// A new run from the start. Whoever shows the report is told of the new pages.
     void Restart();
@@ -109,6 +109,7 @@ class ActiveReport {
     [[nodiscard]] const Text_Metrics& metrics() const { return metrics_; }
 
   private:
+    void layOut();
     void printInto(Printed_Report& report, double left);
     void printPass(Printed_Report& report, double left, const std::shared_ptr<const Printed_Band>& again);
     void printRichText(Printed_Report& report, const Report_Control& control, double left) const;

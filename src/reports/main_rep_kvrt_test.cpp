@@ -148,6 +148,7 @@ TEST_F(MainReport, NoRowSelectedPrintsAPageWithoutAField) {
 
 TEST_F(MainReport, AFieldThatIsNotThereIsABadIndex) {
     EXPECT_EQ(failureNumber([&] { runField(3); }), 9);
+    EXPECT_THAT(host.notes, ElementsAre("busy", "not busy"));
 }
 
 TEST_F(MainReport, EveryPageHasHeaderFooterAndTheHeadingsOfTheTable) {

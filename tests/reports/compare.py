@@ -102,6 +102,20 @@ def compare_xls(path, expected):
     for wanted in ("0.00", "000"):
         if wanted not in formats:
             fail(f"no number format {wanted}")
+    compare_large_xls(path.replace("sample.xls", "large.xls"))
+
+
+def compare_large_xls(path):
+    """What has no room in a record or on a sheet goes on in the next one."""
+    book = xlrd.open_workbook(path)
+    same("sheets", book.sheet_names(), ["Report", "Report 2", "Report 3"])
+    first, beside, below = book.sheets()
+    same("sizes", [(s.nrows, s.ncols) for s in (first, beside, below)], [(65536, 256), (1, 44), (4, 1)])
+    wide = [f"wide {column} €" for column in range(300)]
+    same("wide row", first.row_values(0) + beside.row_values(0), wide)
+    same("long text", first.cell_value(1, 0), "x" * 30000 + "€")
+    rows = first.col_values(0)[2:] + below.col_values(0)
+    same("rows", rows, [f"row {row} 0 €" for row in range(2, 65540)])
 
 
 def compare_sheet_cell(cell, text, place):

@@ -4,7 +4,9 @@
 
 #include "reports/byte_file.h"
 #include "reports/export_format.h"
+#include "reports/export_xls.h"
 #include "reports/main_rep_kvrt.h"
+#include "reports/ole_container.h"
 #include "reports/qt_page_exporters.h"
 #include "reports/qt_report_fonts.h"
 #include "reports/testing/report_bench.h"
@@ -85,6 +87,23 @@ json expected(const Declara_Zorvane& document) {
     return {{"fields", fields}};
 }
 
+/// More texts than a record holds, a text longer than one, and more rows and columns than a sheet has.
+void writeLargeWorkbook(const std::string& path) {
+    Report_Content content;
+    const std::size_t style = content.styles.indexOf({});
+    const auto addRow = [&](const std::string& name, std::size_t columns) {
+        Content_Row row;
+        for (std::size_t column = 0; column < columns; ++column)
+            row.cells.push_back({name + " " + std::to_string(column) + " " + euro, 0, 1000, style});
+        content.rows.push_back(std::move(row));
+    };
+    addRow("wide", 300);
+    content.rows.push_back({Content_Kind::Row, {{std::string(30000, 'x') + euro, 0, 1000, style}}});
+    for (int row = 2; row < 65540; ++row)
+        addRow("row " + std::to_string(row), 1);
+    writeByteFile(path, oleFile("Workbook", biffWorkbook(content)));
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -105,6 +124,7 @@ int main(int argc, char* argv[]) {
     report.HaveGrid = true;
     for (const char* name : {"xls", "pdf", "rtf", "txt", "tif", "html"})
         writeByteFile(folder + "/sample." + name, exportReport(report, formatOfName(name).value(), painted));
+    writeLargeWorkbook(folder + "/large.xls");
     json answer = expected(bench.document);
     answer["pages"] = report.Pages.Count();
     writeByteFile(folder + "/expected.json", answer.dump(1));
