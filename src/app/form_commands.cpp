@@ -83,11 +83,6 @@ void connectDocumentCommands(const Form_Parts& parts) {
     };
 }
 
-void connectReportCommands(const Form_Parts& parts) {
-    notYet(parts, {"MNU_PageSetup"});
-    parts.onChosen("MNU_Grid", [parts] { MNU_Grid_Click(parts.app); });
-}
-
 void connectCommunicationCommands(const Form_Parts& parts) {
     const App_Context& app = parts.app;
     parts.onChosen("MNU_Upload", [&app] { MNU_Upload_Click(app.grids.comm); });

@@ -23,7 +23,6 @@ struct Form_Parts {
 // there yet is disabled.
 
 void connectDocumentCommands(const Form_Parts& parts);      ///< "File" without its reports; a file dropped
-void connectReportCommands(const Form_Parts& parts);        ///< page set-up, printing, the grid in the report
 void connectCommunicationCommands(const Form_Parts& parts); ///< "Communication"
 void connectViewCommands(const Form_Parts& parts);          ///< "View"
 void connectWindowCommands(const Form_Parts& parts);        ///< "Windows" and the tray

@@ -95,6 +95,7 @@ void Form_Unload(const App_Context& app) {
         app.link().ClosePort();
     }
     app.frame.removeColumnTip();
+    app.frame.closePreviews();
     app.frame.endProgram();
 }
 

@@ -63,11 +63,10 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
            recovery_,
            state_,
            places.applicationFolder},
-      parts_{app_, frame_, edge_} {
+      parts_{app_, frame_, edge_}, reports_(app_, frame_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
     connectDocumentCommands(parts_);
-    connectReportCommands(parts_);
     connectCommunicationCommands(parts_);
     connectViewCommands(parts_);
     connectWindowCommands(parts_);
@@ -75,6 +74,7 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
     connectGrids(window_, app_.grids, edge_);
     connectTimers();
     connectLink();
+    reports_.connect(parts_);
 }
 
 /// The grids' handlers live on what is destroyed before the window is.
@@ -141,6 +141,7 @@ void KVRT_Principal::start() {
     clock_.start();
     edge_.run([this] {
         Form_Load(app_);
+        reports_.commands().LoadSettingsPrint();
         frame_.setTimerEnabled(Timer_Name::TMR_Abre_ZTP, true);
         frame_.setTimerEnabled(Timer_Name::TMR_Inicial_ZTP, true);
         copyTimer_.start();

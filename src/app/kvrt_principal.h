@@ -5,6 +5,7 @@
 #include "app/native_recovery_folder.h"
 #include "app/qt_settings_store.h"
 #include "app/qt_text_widths.h"
+#include "app/report_parts.h"
 #include "app/window_frame.h"
 #include "comm/qt_link.h"
 #include "template/native_files.h"
@@ -46,6 +47,7 @@ class KVRT_Principal {
     [[nodiscard]] Window_Frame& frame() { return frame_; }
     [[nodiscard]] Modbus_Link& link() { return link_.link(); }
     [[nodiscard]] Event_Edge& edge() { return edge_; }
+    [[nodiscard]] Report_Parts& reports() { return reports_; }
     /// An edit in progress brings the recovery copy up to date this often.
     [[nodiscard]] QTimer& TMR_Copia() { return copyTimer_; }
 
@@ -85,6 +87,7 @@ class KVRT_Principal {
     Qt_Text_Widths widths_;
     App_Context app_;
     Form_Parts parts_;
+    Report_Parts reports_;
     QTimer copyTimer_;
     QElapsedTimer clock_;
 };

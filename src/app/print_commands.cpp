@@ -30,6 +30,18 @@ double widthBetweenMargins(const Page_Settings& page) {
     return page.PaperWidth - (page.LeftMargin + page.RightMargin);
 }
 
+/// The busy form stands for the whole of an export, whose writing may take longer than its run.
+class Busy {
+  public:
+    explicit Busy(Print_Frame& frame) : frame_(frame) { frame_.showBusy(); }
+    ~Busy() { frame_.endBusy(); }
+    Busy(const Busy&) = delete;
+    Busy& operator=(const Busy&) = delete;
+
+  private:
+    Print_Frame& frame_;
+};
+
 bool hasPages(const MainRepKVRT* report) { return report != nullptr && report->Pages.Count() > 0; }
 
 } // namespace
@@ -67,8 +79,11 @@ void Print_Commands::MNU_PageSetup_Click() {
     }
 }
 
+/// The paper is the printer's, so it comes along.
 void Print_Commands::takeSettingsOver(MainRepKVRT& report) {
     report.Printer = Report_Setup().Printer;
+    report.PageSettings.PaperWidth = Report_Setup().PageSettings.PaperWidth;
+    report.PageSettings.PaperHeight = Report_Setup().PageSettings.PaperHeight;
     copyMargins(Report_Setup().PageSettings, report.PageSettings);
 }
 
@@ -187,7 +202,9 @@ void Print_Commands::exportWithDialog(MainRepKVRT& report) {
         return;
     const auto format = formatOfFilter(dialog.FilterIndex);
     if (!format) return;
-    services_.writeFile(dialog.FileName, zorvane::exportReport(report, *format, services_.painted));
+    const Busy busy(frame_);
+    const std::string bytes = zorvane::exportReport(report, *format, services_.painted);
+    if (!report.Canceled()) services_.writeFile(dialog.FileName, bytes);
 }
 
 } // namespace zorvane

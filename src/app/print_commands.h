@@ -62,6 +62,7 @@ class Print_Commands : private Main_Report_Host {
 
     void showBusy() override { frame_.showBusy(); }
     void endBusy() override { frame_.endBusy(); }
+    [[nodiscard]] bool keepsRunning() override { return frame_.keepsRunning(); }
     void SaveConfig(const Report_Rectangle& window) override;
     void showPages(MainRepKVRT& report) override { frame_.showPages(report); }
     void showFontDialog(MainRepKVRT& report) override { frame_.showFontDialog(report); }

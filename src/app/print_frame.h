@@ -28,8 +28,11 @@ class Print_Frame {
     virtual void releasePreview(const MainRepKVRT& report) = 0;
 
     /// The busy form `Mensaje`, shown with its timer running and without waiting; painted when this returns.
+    /// It goes with as many calls of `endBusy` as there were of `showBusy`.
     virtual void showBusy() = 0;
     virtual void endBusy() = 0;
+    /// While the form stands: serves the windows now and then. False once the user has cancelled.
+    [[nodiscard]] virtual bool keepsRunning() { return true; }
 
     /// The font dialog with `Guardar` False, not modally, one to a report. Its size goes to the report's
     /// `FontSizeDialog_ChangeFont`.

@@ -62,7 +62,16 @@ void ActiveReport::layOut() {
     const Page_Band footer{PageFooter.Height, [this](std::int32_t page, Style_Table& styles) {
                                return footerOf(page, styles);
                            }};
-    Pages.document = layoutPages(runWithoutPages(), PageSettings, header, footer);
+    Printed_Report printed = runWithoutPages();
+    Pages.document =
+        layoutPages(std::move(printed), PageSettings, header, footer, canceled_ ? Keeps_On{} : watch());
+}
+
+Keeps_On ActiveReport::watch() {
+    return [this] {
+        if (!canceled_) canceled_ = !goesOn();
+        return !canceled_;
+    };
 }
 
 void ActiveReport::Restart() {
@@ -72,7 +81,8 @@ void ActiveReport::Restart() {
 
 Printed_Report ActiveReport::runWithoutPages() {
     Printed_Report report;
-    printInto(report, 0);
+    canceled_ = false;
+    printInto(report, 0, watch());
     return report;
 }
 
@@ -88,7 +98,7 @@ Printed_Band ActiveReport::footerOf(std::int32_t page, Style_Table& styles) {
     return printed(PageFooter, Band_Role::Foot, 0, styles);
 }
 
-void ActiveReport::printInto(Printed_Report& report, double left) {
+void ActiveReport::printInto(Printed_Report& report, double left, const Keeps_On& keepsOn) {
     TOC.Clear();
     ActiveReport_DataInitialize();
     std::shared_ptr<const Printed_Band> again;
@@ -98,12 +108,12 @@ void ActiveReport::printInto(Printed_Report& report, double left) {
         again = headingsOf(report.bands.back());
     }
     bool ownPass = !grouped && Detail.Controls.Count() > 0;
-    for (;;) {
+    while (keepsOn()) {
         bool end = true;
         ActiveReport_FetchData(end);
         if (end && !ownPass) break;
         Detail_Format();
-        printPass(report, left, again);
+        printPass(report, left, again, keepsOn);
         ownPass = false;
         if (end) break;
     }
@@ -111,7 +121,7 @@ void ActiveReport::printInto(Printed_Report& report, double left) {
 }
 
 void ActiveReport::printPass(Printed_Report& report, double left,
-                             const std::shared_ptr<const Printed_Band>& again) {
+                             const std::shared_ptr<const Printed_Band>& again, const Keeps_On& keepsOn) {
     const std::size_t first = report.bands.size();
     const auto& controls = Detail.Controls;
     if (std::any_of(controls.begin(), controls.end(), standsInBand)) {
@@ -119,7 +129,7 @@ void ActiveReport::printPass(Printed_Report& report, double left,
         report.bands.back().again = again;
     }
     for (const Report_Control& control : controls) {
-        if (control.Visible && control.object) control.object->printInto(report, left + control.Left);
+        if (control.Visible && control.object) control.object->printInto(report, left + control.Left, keepsOn);
         if (control.Visible && control.kind == Control_Kind::RichText)
             printRichText(report, control, left + control.Left);
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reports/page_document.h"
+#include "reports/page_layout.h"
 #include "reports/page_settings.h"
 #include "reports/printed_report.h"
 #include "reports/report_band.h"
@@ -85,6 +86,8 @@ class ActiveReport {
     void Run();
     /// A new run from the start. Whoever shows the report is told of the new pages.
     void Restart();
+    /// Whether the last run was ended before its end. Its pages are those made until then.
+    [[nodiscard]] bool Canceled() const { return canceled_; }
     /// The page whose header or footer is being made, from 1.
     [[nodiscard]] std::int32_t PageNumber() const { return pageNumber_; }
 
@@ -103,6 +106,8 @@ class ActiveReport {
     virtual void PageHeader_Format() {}
     virtual void PageFooter_Format() {}
     virtual void ActiveReport_ReportEnd() {}
+    /// Asked again and again during a run; false ends it early.
+    [[nodiscard]] virtual bool goesOn() { return true; }
     /// The pages are those of a new run.
     virtual void pagesChanged() {}
 
@@ -110,8 +115,10 @@ class ActiveReport {
 
   private:
     void layOut();
-    void printInto(Printed_Report& report, double left);
-    void printPass(Printed_Report& report, double left, const std::shared_ptr<const Printed_Band>& again);
+    [[nodiscard]] Keeps_On watch();
+    void printInto(Printed_Report& report, double left, const Keeps_On& keepsOn);
+    void printPass(Printed_Report& report, double left, const std::shared_ptr<const Printed_Band>& again,
+                   const Keeps_On& keepsOn);
     void printRichText(Printed_Report& report, const Report_Control& control, double left) const;
     [[nodiscard]] Printed_Band printed(const Report_Band& band, Band_Role role, double left,
                                        Style_Table& styles);
@@ -120,6 +127,7 @@ class ActiveReport {
 
     const Text_Metrics& metrics_;
     std::int32_t pageNumber_ = 0;
+    bool canceled_ = false;
 };
 
 } // namespace zorvane

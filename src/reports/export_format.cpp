@@ -26,6 +26,7 @@ std::optional<Export_Format> formatOfName(const std::string& name) {
 
 std::string exportReport(ActiveReport& report, Export_Format format, const Page_Exporters& painted) {
     report.Run();
+    if (report.Canceled()) return "";
     switch (format) {
     case Export_Format::Excel:
         return oleFile("Workbook", biffWorkbook(contentOf(report)));

@@ -32,7 +32,8 @@ class Page_Exporters {
     [[nodiscard]] virtual std::string tiff(const Page_Document& pages) const = 0;
 };
 
-/// Runs the report to its end and gives the bytes of the file.
+/// Runs the report to its end and gives the bytes of the file. Those of a run that was ended early
+/// (`Canceled`) are no whole file.
 [[nodiscard]] std::string exportReport(ActiveReport& report, Export_Format format,
                                        const Page_Exporters& painted);
 

@@ -20,6 +20,8 @@ class Main_Report_Host {
     virtual void showBusy() = 0;
     /// Stops the timer of the busy form and unloads it.
     virtual void endBusy() = 0;
+    /// Called again and again while a report runs: time for the windows. False when the user cancelled.
+    [[nodiscard]] virtual bool keepsRunning() { return true; }
     /// Stores the window's rectangle in the section of the previews. Failures of it are dropped.
     virtual void SaveConfig(const Report_Rectangle& window) = 0;
     /// Shows the pages of the last run in the report's window, if it has one.
@@ -65,6 +67,7 @@ class MainRepKVRT : public ActiveReport {
     void PageHeader_Format() override;
     void PageFooter_Format() override;
     void ActiveReport_ReportEnd() override;
+    [[nodiscard]] bool goesOn() override { return host_.keepsRunning(); }
     void pagesChanged() override { host_.showPages(*this); }
 
   private:

@@ -123,12 +123,13 @@ std::size_t Style_Table::indexOf(const Text_Style& style) {
 }
 
 Page_Document layoutPages(Printed_Report report, const Page_Settings& paper, const Page_Band& header,
-                          const Page_Band& footer) {
+                          const Page_Band& footer, const Keeps_On& keepsOn) {
     Page_Document document{paper.PaperWidth, paper.PaperHeight, std::move(report.styles), {}, {}};
     const Sheet_Painter painter(document.styles, paper.LeftMargin);
     const double footerTop = paper.PaperHeight - paper.BottomMargin - footer.height;
     Page_Filler filler(document, painter, {paper.TopMargin + header.height, footerTop});
     for (std::size_t index = 0; index < report.bands.size(); ++index) {
+        if (keepsOn && !keepsOn()) break;
         const double together = heightTogether(report.bands, index);
         filler.add(std::move(report.bands[index]), together);
     }

@@ -45,7 +45,7 @@ std::string Qt_Page_Exporters::pdf(const Page_Document& pages, const std::string
             QPageLayout::Portrait, QMarginsF()));
         writer.setTitle(QString::fromStdString(toUtf8(title)));
         writer.setCreator("Zorvane");
-        if (!paintPages(writer, pages)) throw Run_Time_Failure(Failure::PathFileAccess);
+        if (!paintPages(writer, pages, {.keepsOn = keepsOn_})) throw Run_Time_Failure(Failure::PathFileAccess);
     }
     return file.data().toStdString();
 }
@@ -53,6 +53,7 @@ std::string Qt_Page_Exporters::pdf(const Page_Document& pages, const std::string
 std::string Qt_Page_Exporters::tiff(const Page_Document& pages) const {
     Tiff_File file(dotsPerInch);
     for (std::size_t page = 0; page < pages.pages.size(); ++page) {
+        if (keepsOn_ && !keepsOn_()) throw Run_Time_Failure(Failure::PathFileAccess);
         const QImage image = picture(pages, page);
         const auto rows = [&image](std::uint32_t row) { return image.constScanLine(static_cast<int>(row)); };
         file.addPage(static_cast<std::uint32_t>(image.width()), static_cast<std::uint32_t>(image.height()),

@@ -74,12 +74,13 @@ void paintPage(QPainter& painter, const Page_Document& document, std::size_t pag
         std::visit(paint, item);
 }
 
-bool paintPages(QPagedPaintDevice& device, const Page_Document& document) {
+bool paintPages(QPagedPaintDevice& device, const Page_Document& document, const Paint_Order& order) {
     QPainter painter;
     if (!painter.begin(&device)) return false;
     painter.scale(device.logicalDpiX() / twipsPerInch, device.logicalDpiY() / twipsPerInch);
-    for (std::size_t page = 0; page < document.pages.size(); ++page) {
-        if (page > 0 && !device.newPage()) return false;
+    for (std::size_t page = order.first; page < document.pages.size() && page <= order.last; ++page) {
+        if (order.keepsOn && !order.keepsOn()) return false;
+        if (page > order.first && !device.newPage()) return false;
         paintPage(painter, document, page);
     }
     return painter.end();

@@ -3,6 +3,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QScreen>
 
 namespace zorvane {
@@ -39,6 +40,20 @@ Mensaje::Mensaje(bool animated, QWidget* parent)
     timer_.setInterval(dotInterval);
     connect(&timer_, &QTimer::timeout, this, [this] { Timer1_Timer(); });
     load();
+}
+
+void Mensaje::onCancel(std::function<void()> handler) {
+    canceled_ = std::move(handler);
+    if (cancel_ != nullptr) return;
+    cancel_ = &addButton(QStringLiteral("BOT_Cancel"), QStringLiteral("Cancel"), {4500, 260, 1400, 345});
+    connect(cancel_, &QPushButton::clicked, this, [this] { reject(); });
+}
+
+/// Whoever showed the form unloads it.
+void Mensaje::reject() {
+    if (!canceled_) return Fixed_Dialog::reject();
+    cancel_->setEnabled(false);
+    canceled_();
 }
 
 void Mensaje::load() {

@@ -6,6 +6,7 @@
 
 class QLabel;
 class QProgressBar;
+class QPushButton;
 
 namespace zorvane {
 
@@ -16,11 +17,16 @@ class Mensaje final : public Fixed_Dialog {
     /// `animated` tells whether the animation's file is in the application folder.
     Mensaje(bool animated, QWidget* parent);
 
+    /// Gives the form a Cancel button. Escape and the form's own close button do the same.
+    void onCancel(std::function<void()> handler);
+
     [[nodiscard]] bool TimerEnabled() const { return timerEnabled_; }
     void setTimerEnabled(bool enabled);
 
     /// One more dot; a text of 35 characters starts again.
     void Timer1_Timer();
+
+    void reject() override;
 
   protected:
     void showEvent(QShowEvent* event) override;
@@ -31,6 +37,8 @@ class Mensaje final : public Fixed_Dialog {
 
     QLabel* label_ = nullptr;
     QProgressBar* animation_ = nullptr;
+    QPushButton* cancel_ = nullptr;
+    std::function<void()> canceled_;
     QTimer timer_;
     bool animated_;
     bool timerEnabled_ = true;
