@@ -15,9 +15,7 @@ using doubles::Even_Metrics;
 using doubles::Recording_Print_Frame;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Pair;
 using testing::StartsWith;
 
 using Lines = std::vector<std::string>;
