@@ -123,6 +123,18 @@ TEST_F(PrintCommands, WithBothPreviewsOpenTheParentMenuIsDisabled) {
     EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintAll));
 }
 
+TEST_F(PrintCommands, ClosingThePreviewOfAllLeavesTheEntryOfTheOtherDisabled) {
+    print.PrintAllPages();
+    print.PRO_Imprime_Pagina();
+    journal.clear();
+    print.PrintAll()->ActiveReport_Terminate();
+    const Lines lines = journal.lines();
+    EXPECT_THAT(Lines(lines.end() - 4, lines.end()),
+                ElementsAre("MNU_PrintAll enabled", "MNU_Print enabled", "MNU_PrintPage disabled",
+                            "\"Preview Print All Pages\" closed"));
+    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));
+}
+
 TEST_F(PrintCommands, ClosingAPreviewStoresItsPlaceAndEnablesItsEntry) {
     print.PRO_Imprime_Pagina();
     print.PrintGrid()->Window = {10, 20, 30, 40};
