@@ -37,7 +37,7 @@ Lines operator+(Lines first, const Lines& second) {
 }
 
 const Lines unloading =
-    placesStored + Lines{"link UnloadMonitor", "tray icon removed", "column tip removed", "program ended"};
+    placesStored + Lines{"link UnloadMonitor", "tray icon removed", "column tip removed", "previews closed", "program ended"};
 
 struct StartUp : testing::Test, App_Bench {};
 
@@ -244,7 +244,7 @@ TEST_F(Exits, UnloadingClosesAPortThatIsOpen) {
     Form_Unload(app);
     EXPECT_EQ(journal.lines(),
               (placesStored + Lines{"link UnloadMonitor", "tray icon removed", "link StopScan",
-                                    "link ClosePort", "column tip removed", "program ended"}));
+                                    "link ClosePort", "column tip removed", "previews closed", "program ended"}));
 }
 
 } // namespace

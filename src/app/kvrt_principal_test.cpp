@@ -94,7 +94,7 @@ TEST_F(Window_Start, TheDefaultTemplateCanBeChangedButNotSaved) {
 
 TEST_F(Window_Start, WhatIsNotThereYetIsDisabled) {
     start();
-    EXPECT_THAT(enabledOf({"MNU_PageSetup", "MNU_FontSize", "MNU_Minimizetotray", "MNU_HelpIndex",
+    EXPECT_THAT(enabledOf({"MNU_FontSize", "MNU_Minimizetotray", "MNU_HelpIndex",
                            "MNU_OnLine", "MNU_ContactUs"}),
                 IsEmpty());
 }

@@ -15,9 +15,7 @@ using doubles::Even_Metrics;
 using doubles::Recording_Print_Frame;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::Pair;
 using testing::StartsWith;
 
 using Lines = std::vector<std::string>;
@@ -123,6 +121,18 @@ TEST_F(PrintCommands, WithBothPreviewsOpenTheParentMenuIsDisabled) {
     EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_Print));
     EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));
     EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintAll));
+}
+
+TEST_F(PrintCommands, ClosingThePreviewOfAllLeavesTheEntryOfTheOtherDisabled) {
+    print.PrintAllPages();
+    print.PRO_Imprime_Pagina();
+    journal.clear();
+    print.PrintAll()->ActiveReport_Terminate();
+    const Lines lines = journal.lines();
+    EXPECT_THAT(Lines(lines.end() - 4, lines.end()),
+                ElementsAre("MNU_PrintAll enabled", "MNU_Print enabled", "MNU_PrintPage disabled",
+                            "\"Preview Print All Pages\" closed"));
+    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));
 }
 
 TEST_F(PrintCommands, ClosingAPreviewStoresItsPlaceAndEnablesItsEntry) {

@@ -182,8 +182,13 @@ void Report_Parts::dropFontDialog(const MainRepKVRT& report) {
 bool Report_Parts::platformQuestion(const std::string& text) { return prompts.yesNo(shownText(text)); }
 
 void Report_Parts::printPreview(MainRepKVRT& report) {
-    const Preview_Window* shown = window(&report);
-    if (shown != nullptr) printPages(report, fromCore(report.Caption), window(&report)->view().page(), true);
+    Preview_Window* shown = window(&report);
+    if (shown == nullptr) return;
+    const Declara_Zorvane& document = app_.document();
+    const QString title = document.File_Stem.empty()
+                              ? fromCore(report.Caption)
+                              : shownText(document.File_Stem + "." + document.File_Extension);
+    printPages(report, title, shown->view().page(), true);
 }
 
 void Report_Parts::printReport(rptPrintLog& report, bool prompt) {

@@ -98,17 +98,11 @@ std::string Window_Frame::panel(Panel panel) const {
 
 /// The first entry of the print menu has keys of its own, which the menu's state doesn't reach.
 void Window_Frame::setMenuEnabled(Menu_Entry entry, bool enabled) {
-    if (entry == Menu_Entry::MNU_PrintPage)
-        printPageEnabled_ = enabled;
-    else
-        window_.menu().action(nameOf(entry)).setEnabled(enabled);
-    window_.menu()
-        .action(nameOf(Menu_Entry::MNU_PrintPage))
-        .setEnabled(printPageEnabled_ && menuEnabled(Menu_Entry::MNU_Print));
+    window_.menu().action(nameOf(entry)).setEnabled(enabled);
+    if (entry == Menu_Entry::MNU_Print) setMenuEnabled(Menu_Entry::MNU_PrintPage, enabled);
 }
 
 bool Window_Frame::menuEnabled(Menu_Entry entry) const {
-    if (entry == Menu_Entry::MNU_PrintPage) return printPageEnabled_;
     return window_.menu().action(nameOf(entry)).isEnabled();
 }
 

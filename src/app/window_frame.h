@@ -92,7 +92,6 @@ class Window_Frame final : public Document_Frame {
     Window_Dialog dialog_;
     Frm_Debug* frmDebug_ = nullptr; ///< this and the next belong to the window
     Lost_Com* lostCom_ = nullptr;
-    bool printPageEnabled_ = true; ///< apart from that of the menu in which it stands
     int exitCode_ = 0;
 };
 

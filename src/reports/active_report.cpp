@@ -56,12 +56,10 @@ void ActiveReport::Run() {
 }
 
 void ActiveReport::layOut() {
-    const Page_Band header{PageHeader.Height, [this](std::int32_t page, Style_Table& styles) {
-                               return headerOf(page, styles);
-                           }};
-    const Page_Band footer{PageFooter.Height, [this](std::int32_t page, Style_Table& styles) {
-                               return footerOf(page, styles);
-                           }};
+    const Page_Band header{PageHeader.Height,
+                           [this](std::int32_t page, Style_Table& styles) { return headerOf(page, styles); }};
+    const Page_Band footer{PageFooter.Height,
+                           [this](std::int32_t page, Style_Table& styles) { return footerOf(page, styles); }};
     Printed_Report printed = runWithoutPages();
     Pages.document =
         layoutPages(std::move(printed), PageSettings, header, footer, canceled_ ? Keeps_On{} : watch());

@@ -64,6 +64,8 @@ class ActiveReport {
     virtual ~ActiveReport() = default;
     ActiveReport(const ActiveReport&) = delete;
     ActiveReport& operator=(const ActiveReport&) = delete;
+    ActiveReport(ActiveReport&&) = delete;
+    ActiveReport& operator=(ActiveReport&&) = delete;
 
     Report_Band PageHeader;
     Report_Band GroupHeader1;

@@ -3,16 +3,11 @@
 #include "values/run_time_failure.h"
 
 #include <cerrno>
-#include <cstdio>
-#include <memory>
+#include <fstream>
 
 namespace zorvane {
 
 namespace {
-
-struct Close_File {
-    void operator()(std::FILE* file) const { static_cast<void>(std::fclose(file)); }
-};
 
 Run_Time_Failure failureOfError(int error) {
     switch (error) {
@@ -34,12 +29,11 @@ Run_Time_Failure failureOfError(int error) {
 } // namespace
 
 void writeByteFile(const std::string& nativePath, const std::string& bytes) {
-    std::unique_ptr<std::FILE, Close_File> file(std::fopen(nativePath.c_str(), "wb"));
+    errno = 0;
+    std::ofstream file(nativePath, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
     if (!file) throw failureOfError(errno);
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
-                         std::fflush(file.get()) == 0;
-    if (!written) throw failureOfError(errno);
-    if (std::fclose(file.release()) != 0) throw failureOfError(errno);
 }
 
 } // namespace zorvane

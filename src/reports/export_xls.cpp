@@ -48,6 +48,7 @@ class Workbook {
     std::string bytes() && {
         const std::vector<Sheet_Room> rooms = sheets();
         std::vector<std::string> cells;
+        cells.reserve(rooms.size());
         for (const Sheet_Room& room : rooms)
             cells.push_back(cellsOf(room)); // first: they settle texts and looks
         const std::size_t firstPlace = writeGlobals(rooms.size());

@@ -130,7 +130,7 @@ void rptPrintKVRT::designHead() {
 
 void rptPrintKVRT::ActiveReport_DataInitialize() {
     if (Opcion <= 0) return;
-    Row_Counter = 1;
+    Row_Counter_ = 1;
     Detail.Controls.Clear();
     designHead(); // the heading row of the run before goes
     Fields.Clear();
@@ -252,15 +252,15 @@ void rptPrintKVRT::PRO_Ancho_Columna(std::int32_t column, std::int16_t& width) {
 void rptPrintKVRT::ActiveReport_FetchData(bool& EOF_) {
     if (Opcion <= 0) return;
     const Field_Rec& shown = field();
-    if (Row_Counter > shown.Rows) return;
-    std::vector<std::string> texts = reportRowTexts(shown, Row_Counter);
+    if (Row_Counter_ > shown.Rows) return;
+    std::vector<std::string> texts = reportRowTexts(shown, Row_Counter_);
     for (Report_Control& control : Detail.Controls) {
-        control.Font.Bold = Row_Counter == 0;
+        control.Font.Bold = Row_Counter_ == 0;
         const std::int32_t column = longValue(control.Tag);
-        if (Row_Counter > 0 && shown.Cells(0, column).Modifiable) control.ForeColor = blue;
+        if (Row_Counter_ > 0 && shown.Cells(0, column).Modifiable) control.ForeColor = blue;
         Fields.Item(control.DataField).Value = std::move(texts.at(static_cast<std::size_t>(column - 1)));
     }
-    ++Row_Counter;
+    ++Row_Counter_;
     EOF_ = false;
 }
 

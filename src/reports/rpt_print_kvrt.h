@@ -51,7 +51,7 @@ class rptPrintKVRT : public ActiveReport {
     void setFont(Report_Control& control) const;
 
     Document_Report_Sources sources_;
-    std::int16_t Row_Counter = 1; ///< the row that the next fetch gives
+    std::int16_t Row_Counter_ = 1; ///< the row that the next fetch gives
 };
 
 } // namespace zorvane

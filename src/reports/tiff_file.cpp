@@ -16,6 +16,11 @@ struct Tiff_File::Memory {
     std::size_t place = 0;
     TIFF* tiff = nullptr;
 
+    Memory() = default;
+    Memory(const Memory&) = delete;
+    Memory& operator=(const Memory&) = delete;
+    Memory(Memory&&) = delete;
+    Memory& operator=(Memory&&) = delete;
     ~Memory() {
         if (tiff != nullptr) TIFFClose(tiff);
     }

@@ -14,6 +14,8 @@ class Tiff_File {
     ~Tiff_File();
     Tiff_File(const Tiff_File&) = delete;
     Tiff_File& operator=(const Tiff_File&) = delete;
+    Tiff_File(Tiff_File&&) = delete;
+    Tiff_File& operator=(Tiff_File&&) = delete;
 
     /// `row` gives the three bytes of each dot of a row. What can't be written is failure 75.
     void addPage(std::uint32_t width, std::uint32_t height,

@@ -59,7 +59,7 @@ void Page_View::layOut() {
     const QScopedValueRollback<bool> placing(placing_, true);
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setSingleStep(lineStep);
-    verticalScrollBar()->setRange(0, stack_.pages == 0 ? 0 : std::max(0, stack_.height() - viewport()->height()));
+    verticalScrollBar()->setRange(0, lowestScroll());
     horizontalScrollBar()->setPageStep(viewport()->width());
     horizontalScrollBar()->setSingleStep(lineStep);
     horizontalScrollBar()->setRange(0, stack_.pages == 0 ? 0 : std::max(0, stack_.width() - viewport()->width()));
@@ -67,6 +67,14 @@ void Page_View::layOut() {
     scrollTo(page_, begins ? offset : offset * stack_.page.height() / heightBefore);
     viewport()->update();
     if (percent_ != percentBefore && zoomChanged) zoomChanged();
+}
+
+/// A whole page stands alone in the view, the last one too.
+int Page_View::lowestScroll() const {
+    if (stack_.pages == 0) return 0;
+    const int lowest = stack_.height() - viewport()->height();
+    const int lastPage = stack_.topOf(stack_.pages - 1) - Page_Stack::gap;
+    return std::max({0, lowest, zoom_ == zoomWholePage ? lastPage : 0});
 }
 
 void Page_View::scrollTo(int page, int offset) {

@@ -44,6 +44,7 @@ class Page_View final : public QAbstractScrollArea {
 
   private:
     void layOut();
+    [[nodiscard]] int lowestScroll() const;
     void scrollTo(int page, int offset);
     void followScroll();
     void paintOne(QPainter& painter, int index, const QRect& place);

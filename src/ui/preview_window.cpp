@@ -200,6 +200,15 @@ void Preview_Window::fillContents(const Page_Document* document) {
     splitter_->setSizes({side, splitter_->width() - side});
 }
 
+/// The first entry that begins on the page, else the one that goes on over it.
+int Preview_Window::contentsRowOf(int page) const {
+    const auto pageOf = [this](int row) { return contents_->item(row)->data(Qt::UserRole).toInt(); };
+    int row = -1;
+    while (row + 1 < contents_->count() && pageOf(row + 1) < page)
+        ++row;
+    return row + 1 < contents_->count() && pageOf(row + 1) == page ? row + 1 : row;
+}
+
 void Preview_Window::showPage() {
     const int page = view_->page();
     const int count = view_->pageCount();
@@ -218,10 +227,7 @@ void Preview_Window::showPage() {
     const QSignalBlocker blocked(contents_);
     const QListWidgetItem* current = contents_->currentItem();
     if (current != nullptr && current->data(Qt::UserRole).toInt() == page) return;
-    int row = -1;
-    while (row + 1 < contents_->count() && contents_->item(row + 1)->data(Qt::UserRole).toInt() <= page)
-        ++row;
-    contents_->setCurrentRow(row);
+    contents_->setCurrentRow(contentsRowOf(page));
 }
 
 void Preview_Window::showZoom() {

@@ -66,6 +66,7 @@ class Preview_Window final : public QMainWindow {
     QAction& addTool(QToolBar& bar, const QString& name, const QString& words, const QString& picture,
                      const QList<QKeySequence>& keys, const std::function<void()>& handler);
     void fillContents(const Page_Document* document);
+    [[nodiscard]] int contentsRowOf(int page) const;
     void showPage();
     void showZoom();
     void takeZoom(const QString& entry);
