@@ -13,9 +13,9 @@ namespace zorvane {
 
 class Mensaje;
 
-/// The busy form of a long run on the program's one thread. While it stands the windows are painted and timers
-/// served, but no window takes input except the busy form and a box that asks something, so what the run works
-/// on stays as it is.
+/// The busy form of a long run on the program's one thread. While it stands the windows are painted and
+/// timers served, but no window takes input except the busy form and a box that asks something, so what the
+/// run works on stays as it is.
 class Busy_Run final : public QObject {
   public:
     /// `makeForm` makes the form for each run.

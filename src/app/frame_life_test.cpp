@@ -36,8 +36,8 @@ Lines operator+(Lines first, const Lines& second) {
     return first;
 }
 
-const Lines unloading =
-    placesStored + Lines{"link UnloadMonitor", "tray icon removed", "column tip removed", "previews closed", "program ended"};
+const Lines unloading = placesStored + Lines{"link UnloadMonitor", "tray icon removed", "column tip removed",
+                                             "previews closed", "program ended"};
 
 struct StartUp : testing::Test, App_Bench {};
 
@@ -242,9 +242,9 @@ TEST_F(Exits, ExitWithADirtyFileYesAndAFailingWriteStaysOpenAndDirty) {
 TEST_F(Exits, UnloadingClosesAPortThatIsOpen) {
     form.Online = true;
     Form_Unload(app);
-    EXPECT_EQ(journal.lines(),
-              (placesStored + Lines{"link UnloadMonitor", "tray icon removed", "link StopScan",
-                                    "link ClosePort", "column tip removed", "previews closed", "program ended"}));
+    EXPECT_EQ(journal.lines(), (placesStored + Lines{"link UnloadMonitor", "tray icon removed",
+                                                     "link StopScan", "link ClosePort", "column tip removed",
+                                                     "previews closed", "program ended"}));
 }
 
 } // namespace

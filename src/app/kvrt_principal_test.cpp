@@ -94,9 +94,9 @@ TEST_F(Window_Start, TheDefaultTemplateCanBeChangedButNotSaved) {
 
 TEST_F(Window_Start, WhatIsNotThereYetIsDisabled) {
     start();
-    EXPECT_THAT(enabledOf({"MNU_FontSize", "MNU_Minimizetotray", "MNU_HelpIndex",
-                           "MNU_OnLine", "MNU_ContactUs"}),
-                IsEmpty());
+    EXPECT_THAT(
+        enabledOf({"MNU_FontSize", "MNU_Minimizetotray", "MNU_HelpIndex", "MNU_OnLine", "MNU_ContactUs"}),
+        IsEmpty());
 }
 
 class Bad_Start : public Program_Fixture {};

@@ -37,7 +37,8 @@ std::vector<Preview_Tool> toolsOf(MainRepKVRT& report) {
     for (std::size_t index = 1; index <= report.Tools.Count(); ++index) {
         const Report_Tool& tool = report.Tools.Item(index);
         const QIcon picture = tool.picture == toolPictureSetup ? icon(QStringLiteral("page_setup")) : QIcon();
-        tools.push_back({fromCore(tool.Caption), fromCore(tool.Tooltip), picture, tool.Visible, tool.Enabled});
+        tools.push_back(
+            {fromCore(tool.Caption), fromCore(tool.Tooltip), picture, tool.Visible, tool.Enabled});
     }
     return tools;
 }
@@ -49,17 +50,16 @@ Report_Rectangle reportRectangle(const Twips_Rect& place) {
 } // namespace
 
 Report_Parts::Report_Parts(const App_Context& app, Window_Frame& frame, Event_Edge& edge)
-    : app_(app), frame_(frame), edge_(edge), busy_(edge,
-                                                   [this] {
-                                                       const std::string file = app_.applicationFolder +
-                                                                                folderSeparator + animationFile;
-                                                       return std::make_unique<Mensaje>(app_.files.exists(file),
-                                                                                        dialogParent());
-                                                   }),
+    : app_(app), frame_(frame), edge_(edge),
+      busy_(edge,
+            [this] {
+                const std::string file = app_.applicationFolder + folderSeparator + animationFile;
+                return std::make_unique<Mensaje>(app_.files.exists(file), dialogParent());
+            }),
       exportDialog_([this] { return dialogParent(); }), exporters_([this] { return busy_.keepsRunning(); }),
       commands_(app, *this,
-                {metrics_, presentTime,
-                 toCore(frame.window().FLX_Configuration().view().font().family()), exporters_,
+                {metrics_, presentTime, toCore(frame.window().FLX_Configuration().view().font().family()),
+                 exporters_,
                  [](const std::string& path, const std::string& bytes) {
                      writeByteFile(pathToNative(path), bytes);
                  }}),
@@ -134,7 +134,9 @@ void Report_Parts::makeWindow(MainRepKVRT& report, int zoom) {
     made->setPlace({place.left, place.top, place.width, place.height});
     made->view().setZoom(zoom);
     made->events.toolClicked = [this, &report](int index) {
-        run([&] { report.ActiveReport_ToolbarClick(report.Tools.Item(static_cast<std::size_t>(index) + 1)); });
+        run([&] {
+            report.ActiveReport_ToolbarClick(report.Tools.Item(static_cast<std::size_t>(index) + 1));
+        });
     };
     made->events.print = [this, &report] { run([&] { printPreview(report); }); };
     made->events.closing = [this, &report] {

@@ -31,11 +31,13 @@ struct Report_Prompts {
     std::function<bool(const QString& text)> yesNo;
 };
 
-/// The font dialog of a preview, with `Guardar` False and not yet shown. It deletes itself when it is left, and
-/// gives its size before.
-using Make_Font_Dialog = std::function<QDialog*(QWidget* parent, const std::function<void(double size)>& give)>;
+/// The font dialog of a preview, with `Guardar` False and not yet shown. It deletes itself when it is left,
+/// and gives its size before.
+using Make_Font_Dialog =
+    std::function<QDialog*(QWidget* parent, const std::function<void(double size)>& give)>;
 
-/// The windows of the reports: previews, page set-up, printing, the busy form; and the commands that use them.
+/// The windows of the reports: previews, page set-up, printing, the busy form; and the commands that use
+/// them.
 class Report_Parts final : private Print_Frame {
   public:
     /// All three outlive it.

@@ -127,7 +127,8 @@ void ActiveReport::printPass(Printed_Report& report, double left,
         report.bands.back().again = again;
     }
     for (const Report_Control& control : controls) {
-        if (control.Visible && control.object) control.object->printInto(report, left + control.Left, keepsOn);
+        if (control.Visible && control.object)
+            control.object->printInto(report, left + control.Left, keepsOn);
         if (control.Visible && control.kind == Control_Kind::RichText)
             printRichText(report, control, left + control.Left);
     }

@@ -45,7 +45,8 @@ std::string Qt_Page_Exporters::pdf(const Page_Document& pages, const std::string
             QPageLayout::Portrait, QMarginsF()));
         writer.setTitle(QString::fromStdString(toUtf8(title)));
         writer.setCreator("Zorvane");
-        if (!paintPages(writer, pages, {.keepsOn = keepsOn_})) throw Run_Time_Failure(Failure::PathFileAccess);
+        if (!paintPages(writer, pages, {.keepsOn = keepsOn_}))
+            throw Run_Time_Failure(Failure::PathFileAccess);
     }
     return file.data().toStdString();
 }

@@ -75,7 +75,8 @@ QWidget* Page_Setup_Dialog::printerPart(const QStringList& printers) {
     for (const QString& name : printers)
         printers_->addItem(name, name);
     const QString chosen = fromCore(printerBefore_.DeviceName);
-    if (printers_->findData(chosen) < 0) printers_->addItem(chosen + QStringLiteral(" (not there now)"), chosen);
+    if (printers_->findData(chosen) < 0)
+        printers_->addItem(chosen + QStringLiteral(" (not there now)"), chosen);
     printers_->setCurrentIndex(printers_->findData(chosen));
     layout->addRow(QStringLiteral("&Name:"), printers_);
     return group;

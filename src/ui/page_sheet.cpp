@@ -19,7 +19,8 @@ std::optional<std::size_t> paperKindOf(const Page_Settings& page) {
     const double width = std::min(page.PaperWidth, page.PaperHeight);
     const double height = std::max(page.PaperWidth, page.PaperHeight);
     for (std::size_t index = 0; index < paperKinds.size(); ++index)
-        if (near(paperKinds.at(index).width, width) && near(paperKinds.at(index).height, height)) return index;
+        if (near(paperKinds.at(index).width, width) && near(paperKinds.at(index).height, height))
+            return index;
     return std::nullopt;
 }
 

@@ -5,8 +5,8 @@
 
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScrollBar>
 #include <QScopedValueRollback>
+#include <QScrollBar>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -62,7 +62,8 @@ void Page_View::layOut() {
     verticalScrollBar()->setRange(0, lowestScroll());
     horizontalScrollBar()->setPageStep(viewport()->width());
     horizontalScrollBar()->setSingleStep(lineStep);
-    horizontalScrollBar()->setRange(0, stack_.pages == 0 ? 0 : std::max(0, stack_.width() - viewport()->width()));
+    horizontalScrollBar()->setRange(0, stack_.pages == 0 ? 0
+                                                         : std::max(0, stack_.width() - viewport()->width()));
     const bool begins = offset <= 0 || heightBefore <= 0;
     scrollTo(page_, begins ? offset : offset * stack_.page.height() / heightBefore);
     viewport()->update();
@@ -78,7 +79,8 @@ int Page_View::lowestScroll() const {
 }
 
 void Page_View::scrollTo(int page, int offset) {
-    if (stack_.pages > 0) verticalScrollBar()->setValue(stack_.topOf(page) + std::max(-Page_Stack::gap, offset));
+    if (stack_.pages > 0)
+        verticalScrollBar()->setValue(stack_.topOf(page) + std::max(-Page_Stack::gap, offset));
 }
 
 void Page_View::setPage(int number) {
@@ -144,8 +146,8 @@ void Page_View::keyPressEvent(QKeyEvent* event) {
 
 QRect Page_View::placeOf(int index) const {
     const int room = viewport()->width() - stack_.page.width();
-    const int left = horizontalScrollBar()->maximum() > 0 ? Page_Stack::gap - horizontalScrollBar()->value()
-                                                          : room / 2;
+    const int left =
+        horizontalScrollBar()->maximum() > 0 ? Page_Stack::gap - horizontalScrollBar()->value() : room / 2;
     return {QPoint(left, stack_.topOf(index) - verticalScrollBar()->value()), stack_.page};
 }
 
@@ -193,7 +195,8 @@ void Page_View::paintEvent(QPaintEvent* event) {
         painter.setPen(palette().color(QPalette::Shadow));
         painter.drawRect(place.adjusted(-1, -1, 0, 0));
     }
-    std::erase_if(pictures_, [&](const auto& each) { return each.first < first - 1 || each.first > last + 1; });
+    std::erase_if(pictures_,
+                  [&](const auto& each) { return each.first < first - 1 || each.first > last + 1; });
 }
 
 } // namespace zorvane

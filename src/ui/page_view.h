@@ -21,8 +21,8 @@ class Page_View final : public QAbstractScrollArea {
     std::function<void()> pageChanged; ///< another page is the one shown, or the number of pages changed
     std::function<void()> zoomChanged;
 
-    /// The pages to show, none for a null pointer. The document stays where it is, and must, until another one
-    /// is given; its contents may change, and then it is given again. The page shown stays the one shown.
+    /// The pages to show, none for a null pointer. The document stays where it is, and must, until another
+    /// one is given; its contents may change, and then it is given again. The page shown stays the one shown.
     void setPages(const Page_Document* document);
     [[nodiscard]] int pageCount() const { return stack_.pages; }
 

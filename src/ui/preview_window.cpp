@@ -152,13 +152,15 @@ void Preview_Window::addPageTools() {
     pages_ = new QLabel(pageBar_);
     giveName(*pages_, QStringLiteral("PageCount"));
     pageBar_->addWidget(pages_);
-    next_ = &addTool(*pageBar_, QStringLiteral("NextPage"), QStringLiteral("Next page"), QStringLiteral("next"),
-                     {QKeySequence(Qt::Key_PageDown)}, [go] { go(1); });
-    last_ = &addTool(*pageBar_, QStringLiteral("LastPage"), QStringLiteral("Last page"), QStringLiteral("last"),
-                     {QKeySequence(Qt::CTRL | Qt::Key_End)}, [this] { view_->setPage(view_->pageCount()); });
+    next_ = &addTool(*pageBar_, QStringLiteral("NextPage"), QStringLiteral("Next page"),
+                     QStringLiteral("next"), {QKeySequence(Qt::Key_PageDown)}, [go] { go(1); });
+    last_ =
+        &addTool(*pageBar_, QStringLiteral("LastPage"), QStringLiteral("Last page"), QStringLiteral("last"),
+                 {QKeySequence(Qt::CTRL | Qt::Key_End)}, [this] { view_->setPage(view_->pageCount()); });
     pageBar_->addSeparator();
     addTool(*pageBar_, QStringLiteral("ZoomOut"), QStringLiteral("Zoom out"), QStringLiteral("zoom_out"),
-            {QKeySequence(Qt::CTRL | Qt::Key_Minus)}, [this] { view_->setZoom(previousZoom(view_->percent())); });
+            {QKeySequence(Qt::CTRL | Qt::Key_Minus)},
+            [this] { view_->setZoom(previousZoom(view_->percent())); });
     zoom_ = new QComboBox(pageBar_);
     giveName(*zoom_, QStringLiteral("Zoom"));
     zoom_->setAccessibleName(QStringLiteral("Zoom"));

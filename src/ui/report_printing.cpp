@@ -23,21 +23,24 @@ Paint_Order orderOf(const QPrinter& printer, const Page_Document& pages, int sho
         order.first = order.last = static_cast<std::size_t>(shown) - 1;
     } else if (printer.printRange() == QPrinter::PageRange && printer.fromPage() > 0) {
         order.first = static_cast<std::size_t>(printer.fromPage()) - 1;
-        order.last = std::min(order.last, static_cast<std::size_t>(std::max(printer.fromPage(), printer.toPage())) - 1);
+        order.last = std::min(order.last,
+                              static_cast<std::size_t>(std::max(printer.fromPage(), printer.toPage())) - 1);
     }
     return order;
 }
 
 } // namespace
 
-void prepare(QPrinter& printer, const Page_Document& pages, const Report_Printer& chosen, const QString& title) {
+void prepare(QPrinter& printer, const Page_Document& pages, const Report_Printer& chosen,
+             const QString& title) {
     const QString name = fromCore(chosen.DeviceName);
     if (!name.isEmpty() && QPrinterInfo::availablePrinterNames().contains(name)) printer.setPrinterName(name);
     const bool across = pages.paperWidth > pages.paperHeight;
     const QSizeF upright(std::min(pages.paperWidth, pages.paperHeight),
                          std::max(pages.paperWidth, pages.paperHeight));
     printer.setFullPage(true);
-    printer.setPageSize(QPageSize(upright / twipsPerPoint, QPageSize::Point, QString(), QPageSize::FuzzyMatch));
+    printer.setPageSize(
+        QPageSize(upright / twipsPerPoint, QPageSize::Point, QString(), QPageSize::FuzzyMatch));
     printer.setPageOrientation(across ? QPageLayout::Landscape : QPageLayout::Portrait);
     printer.setCopyCount(std::max(1, chosen.Copies));
     printer.setDocName(title);

@@ -13,10 +13,11 @@ namespace zorvane {
 
 /// Gives a printer the pages' paper, its whole sheet, and the name of the job. An installed printer that the
 /// report names is chosen.
-void prepare(QPrinter& printer, const Page_Document& pages, const Report_Printer& chosen, const QString& title);
+void prepare(QPrinter& printer, const Page_Document& pages, const Report_Printer& chosen,
+             const QString& title);
 
-/// Offers the choices that a report has: which pages, how many copies. `shown` is the page on the screen, from
-/// 1; 0 for a report that isn't shown.
+/// Offers the choices that a report has: which pages, how many copies. `shown` is the page on the screen,
+/// from 1; 0 for a report that isn't shown.
 void prepare(QPrintDialog& dialog, const Page_Document& pages, int shown);
 
 enum class Print_Outcome { Printed, Stopped, Failed };
