@@ -332,6 +332,7 @@ TEST_F(Window_Reports, ThePagesGoToAPdfThroughThePrintDialog) {
         dialog.printer()->setFromTo(2, 2);
         return true;
     };
+    QApplication::setActiveWindow(allWindow());
     QTest::keyClick(allWindow(), Qt::Key_P, Qt::ControlModifier);
     QProcess pdftotext;
     pdftotext.start("pdftotext", {QString::fromStdString(path("printed.pdf")), "-"});
@@ -422,6 +423,7 @@ TEST_F(Window_Reports, WhileAReportRunsOnlyItsFormTakesInput) {
     makeLong(30'000);
     int served = 0;
     QTimer user;
+    user.setSingleShot(true); // a simulated click serves events itself
     QObject::connect(&user, &QTimer::timeout, &user, [&] {
         ++served;
         QTest::keyClick(&program->window(), Qt::Key_Q, Qt::ControlModifier);

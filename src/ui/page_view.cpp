@@ -18,8 +18,6 @@ namespace {
 constexpr std::int64_t largestPicture = 16'000'000; ///< dots; a larger page is painted where it is seen
 constexpr int lineStep = 40;                        ///< pixels
 
-QSizeF paperOf(const Page_Document& document) { return {document.paperWidth, document.paperHeight}; }
-
 void paintSheet(QPainter& painter, const Page_Document& document, int index, const QSize& size) {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     painter.scale(size.width() / document.paperWidth, size.height() / document.paperHeight);
@@ -41,18 +39,20 @@ Page_View::Page_View(QWidget* parent) : QAbstractScrollArea(parent) {
 void Page_View::setPages(const Page_Document* document) {
     document_ = document;
     pictures_.clear();
-    layOut();
+    const int before = stack_.pages;
+    stack_.pages = document == nullptr ? 0 : static_cast<int>(document->pages.size());
+    if (stack_.pages > 0) paper_ = {document->paperWidth, document->paperHeight};
+    layOut(before > 0);
     if (pageChanged) pageChanged();
 }
 
-void Page_View::layOut() {
-    const int offset = stack_.pages == 0 ? 0 : verticalScrollBar()->value() - stack_.topOf(page_);
+void Page_View::layOut(bool keepsPlace) {
+    const int offset = keepsPlace ? verticalScrollBar()->value() - stack_.topOf(page_) : 0;
     const int heightBefore = stack_.page.height();
     const int percentBefore = percent_;
-    stack_.pages = document_ == nullptr ? 0 : static_cast<int>(document_->pages.size());
     if (stack_.pages > 0) {
-        percent_ = percentOf(zoom_, paperOf(*document_), viewport()->size(), logicalDpiY());
-        stack_.page = pagePixels(percent_, paperOf(*document_), logicalDpiY());
+        percent_ = percentOf(zoom_, paper_, viewport()->size(), logicalDpiY());
+        stack_.page = pagePixels(percent_, paper_, logicalDpiY());
     }
     if (stack_.page.height() != heightBefore) pictures_.clear();
     page_ = std::clamp(page_, 0, std::max(0, stack_.pages - 1));
@@ -97,7 +97,7 @@ void Page_View::setPage(int number) {
 void Page_View::setZoom(int zoom) {
     const bool named = zoom == zoomWholePage || zoom == zoomPageWidth;
     zoom_ = named ? zoom : std::clamp(zoom, smallestZoom, largestZoom);
-    layOut();
+    layOut(stack_.pages > 0);
     if (zoom_ == zoomWholePage) setPage(page());
     if (zoomChanged) zoomChanged();
 }
@@ -118,7 +118,7 @@ void Page_View::scrollContentsBy(int /*dx*/, int /*dy*/) {
 
 void Page_View::resizeEvent(QResizeEvent* event) {
     QAbstractScrollArea::resizeEvent(event);
-    layOut();
+    layOut(stack_.pages > 0);
     if (zoom_ == zoomWholePage) setPage(page());
 }
 

@@ -4,6 +4,7 @@
 
 #include <QAbstractScrollArea>
 #include <QPixmap>
+#include <QSizeF>
 
 #include <functional>
 #include <map>
@@ -43,7 +44,8 @@ class Page_View final : public QAbstractScrollArea {
     void scrollContentsBy(int dx, int dy) override;
 
   private:
-    void layOut();
+    /// Of a page that was already shown, the same part stays at the top of the view.
+    void layOut(bool keepsPlace);
     [[nodiscard]] int lowestScroll() const;
     void scrollTo(int page, int offset);
     void followScroll();
@@ -52,6 +54,7 @@ class Page_View final : public QAbstractScrollArea {
     [[nodiscard]] QPixmap picture(int index);
 
     const Page_Document* document_ = nullptr;
+    QSizeF paper_; ///< twips; like the number of pages, as they were given last
     Page_Stack stack_;
     int page_ = 0; ///< from 0
     int zoom_ = zoomWholePage;

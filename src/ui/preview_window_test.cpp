@@ -80,6 +80,7 @@ TEST_F(Preview, AClickOnAToolTellsWhich) {
     window.events.toolClicked = [&](int index) { clicked.push_back(index); };
     named<QToolButton>("Tool3").click();
     QTest::keyClick(&window, Qt::Key_S, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return clicked.size() == 2; }));
     EXPECT_THAT(clicked, ElementsAre(2, 0));
 }
 

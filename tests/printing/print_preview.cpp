@@ -70,6 +70,8 @@ int main(int argc, char** argv) {
         return dialog.exec() == QDialog::Accepted;
     };
     program.start();
+    program.frame().timers().fire(Timer_Name::TMR_Abre_ZTP);
+    program.frame().timers().fire(Timer_Name::TMR_Inicial_ZTP);
     program.window().menu().action("MNU_Open").trigger();
     program.window().menu().action("MNU_PageSetup").trigger();
     program.window().menu().action("MNU_PrintAll").trigger();

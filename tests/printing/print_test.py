@@ -18,6 +18,7 @@ import time
 
 SKIPPED = 77
 DEADLINE = 30  # seconds
+CUPS_PROGRAMS = ("/usr/lib/cups", "/usr/libexec/cups", "/usr/local/lib/cups")
 
 BACKEND = """#!/bin/sh
 [ $# -gt 0 ] || { echo 'direct keep "Unknown" "Keeps the files of its jobs"'; exit 0; }
@@ -52,6 +53,10 @@ class Printer:
         for name in ("root", "state", "cache", "spool", "tmp", "log", "bin/backend", "kept"):
             (folder / name).mkdir(parents=True)
         self.kept.chmod(0o777)  # a cupsd of root's runs its backends as another user
+        for helpers in (pathlib.Path(each) / "daemon" for each in CUPS_PROGRAMS):
+            if helpers.exists():  # what cupsd starts backends with
+                (folder / "bin/daemon").symlink_to(helpers)
+                break
         backend = folder / "bin/backend/keep"
         backend.write_text(BACKEND)
         backend.chmod(0o755)
