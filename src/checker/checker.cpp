@@ -14,6 +14,10 @@ void nothing(const Checked_Template&, const Report&) {}
 constexpr Rule readingStops{"reading-stops", Severity::Error, "a line on which the reader stops",
                             "The rest of the file isn't read, and the window says nothing of it.", nothing};
 
+/// For a template without any lines, since its file can't be read.
+constexpr Rule unreadableFile{"unreadable", Severity::Error, "a file that isn't there or can't be read",
+                              "Nothing of it was checked.", nothing};
+
 bool hasError(const std::vector<Finding>& findings, std::int32_t line) {
     return std::any_of(findings.begin(), findings.end(), [&](const Finding& finding) {
         return finding.line == line && finding.severity == Severity::Error;
@@ -41,6 +45,7 @@ std::vector<Rule> allRules() {
                            messageRules(), valueRules(), scanRules(), downloadRules()})
         rules.insert(rules.end(), set.begin(), set.end());
     rules.push_back(readingStops);
+    rules.push_back(unreadableFile);
     return rules;
 }
 
@@ -53,6 +58,16 @@ std::vector<Finding> checkTemplate(std::string_view fileName, std::string_view t
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& a, const Finding& b) { return a.line < b.line; });
     return findings;
+}
+
+Finding unreadable(std::string_view reason) {
+    return {0,
+            unreadableFile.severity,
+            unreadableFile.code,
+            "",
+            "the file can't be read: " + std::string(reason),
+            std::string(unreadableFile.why),
+            "Check its path and who may read it."};
 }
 
 } // namespace zorvane

@@ -15,4 +15,7 @@ namespace zorvane {
 /// name without its folder; some rules go by it. A line on which the reader would stop always has an error.
 [[nodiscard]] std::vector<Finding> checkTemplate(std::string_view fileName, std::string_view text);
 
+/// The finding for a template that can't be read at all; its line is 0.
+[[nodiscard]] Finding unreadable(std::string_view reason);
+
 } // namespace zorvane

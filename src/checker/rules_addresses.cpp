@@ -93,8 +93,8 @@ void checkUnscanned(const Checked_Template& checked, const Report& report) {
     });
 }
 
-/// How the program takes a cell's register.
-std::string reading(const Checked_Cell& cell) {
+/// What the program takes a cell's register for.
+std::string kindOf(const Checked_Cell& cell) {
     if (halfAddress(cell.cell->Address)) return "a half";
     if (cell.cell->Is_Ascii_Range) return "a text";
     if (cell.cell->Has_Messages) return "a list";
@@ -104,7 +104,19 @@ std::string reading(const Checked_Cell& cell) {
     return format == "NUMERIC_UNSIGNED" ? "an unsigned number" : "a number";
 }
 
-/// Each register's first cell, taken in the order of their registers.
+/// The kind, and how a number's sign is held.
+std::string readingOf(const Checked_Cell& cell) {
+    const std::string_view bits = trimBlanks(cell.definition->Bits_Negative_Format);
+    const std::string kind = kindOf(cell);
+    return bits.empty() || kind != "a number" ? kind : kind + " in the negative format " + std::string(bits);
+}
+
+/// Whether two cells that meet in a register take it in the same way.
+bool agree(const Checked_Cell& a, const Checked_Cell& b) {
+    const bool sameText = !a.cell->Is_Ascii_Range || addressText(*a.cell) == addressText(*b.cell);
+    return readingOf(a) == readingOf(b) && sameText;
+}
+
 void checkSharedAddresses(const Checked_Template& checked, const Report& report) {
     struct User {
         Register_Span span;
@@ -119,14 +131,13 @@ void checkSharedAddresses(const Checked_Template& checked, const Report& report)
                      [](const User& a, const User& b) { return a.span.first < b.span.first; });
     const User* reach = nullptr; // of those before, the one that reaches furthest
     for (const User& user : users) {
-        if (reach != nullptr && reach->span.meets(user.span) &&
-            reading(*reach->cell) != reading(*user.cell)) {
+        if (reach != nullptr && reach->span.meets(user.span) && !agree(*reach->cell, *user.cell)) {
             const bool later = user.cell->address->number >= reach->cell->address->number;
             const Checked_Cell& blamed = later ? *user.cell : *reach->cell;
             const Checked_Cell& other = later ? *reach->cell : *user.cell;
             report(*blamed.address,
-                   "register " + addressText(*blamed.cell) + " is " + reading(blamed) + " here (" +
-                       blamed.place() + ") and " + reading(other) + " in " + other.place(),
+                   "register " + addressText(*blamed.cell) + " is " + readingOf(blamed) + " here (" +
+                       blamed.place() + ") and " + readingOf(other) + " in " + other.place(),
                    "Mend the address, or give both cells the same format and list.");
         }
         if (reach == nullptr || user.span.last >= reach->span.last) reach = &user;
@@ -180,7 +191,7 @@ void compareLists(const Source_Line& before, const Source_Line& after, const Rep
             columns.push_back(static_cast<std::int32_t>(i) + 1);
     if (!columns.empty())
         report(after,
-               "it replaces what line " + numberText(before.number) + " says of column " + listed(columns),
+               "it replaces what line " + numberText(before.number) + " says of " + listed("column", columns),
                "Write one line that says it of all columns. ROWASCIIRANGE takes plain addresses too, and "
                "NUMERIC limits take times in seconds.");
 }
@@ -206,7 +217,7 @@ void checkOverwrittenLists(const Checked_Template& checked, const Report& report
 void checkNegativeColumns(const Checked_Template& checked, const Report& report) {
     forEachAddress(checked, [&](const Checked_Cell& cell) {
         if (!numberOf(cell.definition->Bits_Negative_Format) || halfAddress(cell.cell->Address)) return;
-        const std::string kind = reading(cell);
+        const std::string kind = kindOf(cell);
         if (kind != "a number")
             report(*cell.address, kind + " in a column with BITSNEGATIVEFORMAT (" + cell.place() + ")",
                    "Put the cell into a column without it.");

@@ -69,8 +69,11 @@ void checkMissingFields(const Checked_Template& checked, const Report& report) {
     const std::set<std::int32_t> described = fieldsWith(checked, "FIELD_#_DESC");
     std::int32_t next = 1;
     for (const auto& [field, line] : fieldsSpokenOf(checked)) {
+        std::vector<std::int32_t> gap;
         for (; next < field; ++next)
-            report(*line, "field " + numberText(next) + " is missing, and this is field " + numberText(field),
+            gap.push_back(next);
+        if (!gap.empty())
+            report(*line, "this is field " + numberText(field) + ", and there is no " + listed("field", gap),
                    "Number the fields 1, 2, 3 without a gap.");
         next = field + 1;
         if (!described.contains(field))
@@ -202,28 +205,30 @@ bool reachedByAnother(const Checked_Template& checked, const Source_Line& line, 
 
 void checkShortLists(const Checked_Template& checked, const Report& report) {
     for (const Source_Line& line : checked.lines()) {
-        const bool upper = line.is("CONFIGURATION_DEFAULT", "FIELD_#");
-        if (!upper && !isWholeRow(line)) continue;
-        const std::int32_t columns = upper ? checked.document().Config_Column_Count : line.table->columns;
+        if (!isWholeRow(line)) continue;
+        const std::int32_t columns = line.table->columns;
         const auto items = line.items();
-        if (std::cmp_greater_equal(items.size(), columns) || reachedByAnother(checked, line, columns))
-            continue;
-        report(line, itemsAndColumns(items.size(), columns),
-               upper ? "Write one text for each column, empty ones too."
-                     : "Write one item for each column, empty ones too: a comma more for each.");
+        if (std::cmp_less(items.size(), columns) && !reachedByAnother(checked, line, columns))
+            report(line, itemsAndColumns(items.size(), columns),
+                   "Write one item for each column, empty ones too: a comma more for each.");
     }
 }
 
 void checkUpperTexts(const Checked_Template& checked, const Report& report) {
-    if (checked.document().Config_Column_Count < 1) return;
+    const std::int32_t columns = checked.document().Config_Column_Count;
+    if (columns < 1) return;
+    const std::string advice = "Write one text for each column, empty ones too, in [CONFIGURATION_DEFAULT].";
     std::set<std::int32_t> fields;
-    for (const Source_Line* line : checked.named("CONFIGURATION_DEFAULT", "FIELD_#"))
+    for (const Source_Line* line : checked.named("CONFIGURATION_DEFAULT", "FIELD_#")) {
         fields.insert(line->keyNumber);
+        const auto items = line->items();
+        if (std::cmp_less(items.size(), columns))
+            report(*line, itemsAndColumns(items.size(), columns) + " of the upper grid", advice);
+    }
     for (const Source_Line* line : checked.named("CONFIGURATION_FIELDS", "FIELD_#_DESC"))
         if (!fields.contains(line->keyNumber))
             report(*line, "field " + numberText(line->keyNumber) + " has no texts for the upper grid",
-                   "Write FIELD_" + numberText(line->keyNumber) +
-                       "= in [CONFIGURATION_DEFAULT], one text a column.");
+                   advice);
 }
 
 /// The numbers from 1 to `count` that aren't given.
@@ -236,7 +241,7 @@ std::vector<std::int32_t> missingFrom(const std::set<std::int32_t>& given, std::
 
 void reportWidths(const Report& report, const Source_Line& line, const std::vector<std::int32_t>& missing) {
     if (missing.empty()) return;
-    report(line, "no width for column " + listed(missing),
+    report(line, "no width for " + listed("column", missing),
            "Write COL_" + numberText(missing.front()) +
                "_WIDTH= in twips: 1440 to the inch. 0 hides a column on purpose.");
 }
@@ -268,7 +273,7 @@ void checkEmptyRows(const Checked_Template& checked, const Report& report) {
         if (field < 1 || field > highestField || !done.insert(field).second) continue;
         const auto rows = missingFrom(spoken[field], checked.document().Fields(field).Rows);
         if (!rows.empty())
-            report(*line, "no line speaks of row " + listed(rows),
+            report(*line, "no line speaks of " + listed("row", rows),
                    "Write its ROWADDRESS_" + numberText(rows.front()) + " and ROW_" +
                        numberText(rows.front()) + ", or lower the number of rows.");
     }
@@ -295,12 +300,12 @@ constexpr std::array rules = {
          "Reading stops there, or what is said of it shows nowhere.", checkRanges},
     Rule{"list-long", Severity::Error, "a list with more items than there are columns",
          "Reading stops there, or the items that are too many are lost.", checkLongLists},
-    Rule{"list-short", Severity::Warning, "a list with fewer items than there are columns",
-         "The cells behind its end get no address or value; the upper grid can't be filled and a document "
-         "can't be saved.",
+    Rule{"list-short", Severity::Warning,
+         "a row's list of addresses or values that ends before the last column",
+         "The cells behind its end stay as they were: without an address, or without a value.",
          checkShortLists},
-    Rule{"upper-texts", Severity::Warning, "a field without its line in [CONFIGURATION_DEFAULT]",
-         "Until a document brings the texts the upper grid can't be filled, and nothing can be saved.",
+    Rule{"upper-texts", Severity::Warning, "a field with too few texts for the upper grid, or none",
+         "Unless a document brings them, the upper grid can't be filled and nothing can be saved.",
          checkUpperTexts},
     Rule{"width-missing", Severity::Warning, "a column without a width",
          "Its width is 0, so it isn't to be seen.", checkMissingWidths},

@@ -57,8 +57,7 @@ void checkBlockNumbers(const Checked_Template& checked, const Report& report) {
     for (const Source_Line* line : checked.named("PORT_CONFIGURATION", "HOLDINGREGISTERSBLOCK_#"))
         if (line->keyNumber != ++index)
             report(*line,
-                   "block " + numberText(line->keyNumber) + " is the block " + numberText(index) +
-                       " of the file",
+                   "block " + numberText(line->keyNumber) + " is block " + numberText(index) + " of the file",
                    "Number the lines 1, 2, 3 in their order, without a gap.");
 }
 
@@ -128,7 +127,8 @@ constexpr std::array rules = {
     Rule{"block-form", Severity::Error, "a scan block that can't be read, or goes backwards",
          "It takes a place among the blocks and leaves it empty, or reads other registers.", checkBlockForms},
     Rule{"block-size", Severity::Warning, "a scan block of more than 125 registers",
-         "It takes several requests, and one that fails fails them all.", checkBlockSizes},
+         "It is read in several requests that count as one block, so its values are not of one moment.",
+         checkBlockSizes},
     Rule{"block-overlap", Severity::Warning, "scan blocks that have registers in common",
          "These registers are read twice in every pass.", checkBlockOverlaps},
     Rule{"block-number", Severity::Warning, "a scan block whose number isn't its place in the file",
@@ -138,9 +138,10 @@ constexpr std::array rules = {
     Rule{"request-word", Severity::Warning, "a column whose request word no scan block has",
          "The column is never refreshed.", checkRequestWords},
     Rule{"request-cell", Severity::Warning, "a cell of an ALWAYS column in a block that isn't polled",
-         "While online the cell shows what was last read, for as long as it takes.", checkPolledCells},
+         "While online the cell shows what was last read of it, 0 at first.", checkPolledCells},
     Rule{"image-size", Severity::Warning, "HOLDINGREGISTERS below the highest register in use",
-         "The key tells how many registers there are.", checkImageSize},
+         "The key declares the size of the register image, and the rest of the template contradicts it.",
+         checkImageSize},
 };
 
 } // namespace

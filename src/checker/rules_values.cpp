@@ -78,6 +78,7 @@ void checkDefaultsInLimits(const Checked_Template& checked, const Report& report
         if (!value || cell.value == nullptr || limitLine(cell) == nullptr) return;
         const auto low = numberOf(cell.cell->Min_Value);
         const auto high = numberOf(cell.cell->Max_Value);
+        if (low && high && *low > *high) return; // told of already
         const bool inside = (!low || *value >= *low) && (!high || *value <= *high);
         if (inside) return;
         report(*cell.value,
@@ -274,7 +275,7 @@ constexpr std::array rules = {
          "An edit of the cell, or the filling of the grid, stops with \"Type mismatch\".",
          checkDefaultNumbers},
     Rule{"default-register", Severity::Warning, "a default that the register can't hold",
-         "A download writes another number, or none.", checkDefaultsInRegister},
+         "A download writes another number.", checkDefaultsInRegister},
     Rule{"default-time", Severity::Warning, "a default that is no time in a time cell", "It counts as 0:00.",
          checkDefaultTimes},
     Rule{"text-long", Severity::Warning, "a default that is longer than the registers of its text",

@@ -35,12 +35,12 @@ std::string counted(std::int64_t count, std::string_view noun) {
     return numberText(static_cast<double>(count)) + " " + std::string(noun) + (count == 1 ? "" : "s");
 }
 
-std::string listed(const std::vector<std::int32_t>& numbers) {
+std::string listed(std::string_view noun, const std::vector<std::int32_t>& numbers) {
     constexpr std::size_t mostNamed = 5;
     const std::size_t named = numbers.size() > mostNamed + 1 ? mostNamed : numbers.size();
-    std::string text;
+    std::string text = std::string(noun) + (numbers.size() == 1 ? "" : "s");
     for (std::size_t i = 0; i < named; ++i)
-        text += (i == 0 ? "" : ", ") + numberText(numbers[i]);
+        text += (i == 0 ? " " : ", ") + numberText(numbers[i]);
     const std::size_t rest = numbers.size() - named;
     return rest == 0 ? text : text + " and " + std::to_string(rest) + " more";
 }

@@ -13,8 +13,8 @@ namespace zorvane {
 /// "1 register", "2 registers"
 [[nodiscard]] std::string counted(std::int64_t count, std::string_view noun);
 
-/// "2, 3, 5 and 4 more": at most five are named.
-[[nodiscard]] std::string listed(const std::vector<std::int32_t>& numbers);
+/// "row 2", "rows 2, 3, 5, 8, 9 and 4 more"
+[[nodiscard]] std::string listed(std::string_view noun, const std::vector<std::int32_t>& numbers);
 
 /// "A, B or C"
 [[nodiscard]] std::string choice(const std::vector<std::string_view>& words);

@@ -33,6 +33,45 @@ Json findingJson(const std::string& path, const Finding& finding) {
             {"text", jsonText(finding.what + ". " + finding.why + " " + finding.instead)}};
 }
 
+/// Prints findings as they come, for people or as one JSON list, and counts them.
+class Finding_Printer {
+  public:
+    explicit Finding_Printer(const Surroundings& surroundings) : surroundings_(surroundings) {}
+
+    void add(const std::string& path, const Finding& finding) {
+        ++(finding.severity == Severity::Error ? errors_ : warnings_);
+        if (surroundings_.json)
+            all_.push_back(findingJson(path, finding));
+        else if (finding.line > 0) // a file without lines was told of already
+            printFinding(surroundings_.out, path, finding);
+    }
+
+    void finish() const {
+        if (surroundings_.json)
+            printJson(surroundings_.out, all_);
+        else
+            surroundings_.out << errors_ << (errors_ == 1 ? " error, " : " errors, ") << warnings_
+                              << (warnings_ == 1 ? " warning\n" : " warnings\n");
+    }
+
+    [[nodiscard]] bool anyError() const { return errors_ > 0; }
+
+  private:
+    const Surroundings& surroundings_;
+    Json all_ = Json::array();
+    std::int64_t errors_ = 0;
+    std::int64_t warnings_ = 0;
+};
+
+/// The findings of a file. One that can't be read is told to people.
+std::vector<Finding> findingsOf(const Surroundings& surroundings, const std::string& path) {
+    std::string text;
+    const auto failure = failureOf([&] { text = surroundings.files.read(path); });
+    if (!failure) return checkTemplate(splitPath(path).name, text);
+    tellFailure(surroundings.err, printablePath(path), *failure);
+    return {unreadable(failure->description)};
+}
+
 class Check_Call : public Call {
   public:
     void addArguments(CLI::App& arguments) override {
@@ -46,40 +85,17 @@ class Check_Call : public Call {
 
     int run(const Surroundings& surroundings) override {
         if (list_) return listCodes(surroundings);
-        Json all = Json::array();
-        std::int64_t errors = 0;
-        std::int64_t warnings = 0;
-        bool readable = true;
+        Finding_Printer printer(surroundings);
         for (const std::string& name : templates_) {
             const std::string path = pathFromNative(name);
-            const auto text = read(surroundings, path);
-            readable = readable && text;
-            if (!text) continue;
-            for (const Finding& finding : checkTemplate(splitPath(path).name, *text)) {
-                ++(finding.severity == Severity::Error ? errors : warnings);
-                if (surroundings.json)
-                    all.push_back(findingJson(path, finding));
-                else
-                    printFinding(surroundings.out, path, finding);
-            }
+            for (const Finding& finding : findingsOf(surroundings, path))
+                printer.add(path, finding);
         }
-        if (surroundings.json)
-            printJson(surroundings.out, all);
-        else if (readable || errors + warnings > 0)
-            surroundings.out << errors << (errors == 1 ? " error, " : " errors, ") << warnings
-                             << (warnings == 1 ? " warning\n" : " warnings\n");
-        return errors == 0 && readable ? Exit_Success : Exit_Failed;
+        printer.finish();
+        return printer.anyError() ? Exit_Failed : Exit_Success;
     }
 
   private:
-    /// The file's bytes; nothing, and a notice, when it can't be read.
-    static std::optional<std::string> read(const Surroundings& surroundings, const std::string& path) {
-        std::optional<std::string> text;
-        const auto failure = failureOf([&] { text = surroundings.files.read(path); });
-        if (failure) tellFailure(surroundings.err, printablePath(path), *failure);
-        return text;
-    }
-
     static int listCodes(const Surroundings& surroundings) {
         if (surroundings.json) {
             Json codes = Json::array();
