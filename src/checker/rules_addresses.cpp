@@ -25,7 +25,8 @@ template <class Look> void forEachAddress(const Checked_Template& checked, Look&
 
 /// The address as the template has it.
 std::string addressText(const Cell_Rec& cell) {
-    return cell.Is_Ascii_Range ? cell.Address + "-" + cell.Address_End : cell.Address;
+    if (!cell.Is_Ascii_Range) return cell.Address;
+    return cell.Address + "-" + cell.Address_End.text();
 }
 
 void checkAddressForms(const Checked_Template& checked, const Report& report) {
@@ -55,8 +56,8 @@ void checkBackwardTexts(const Checked_Template& checked, const Report& report) {
         if (span && span->first > span->last)
             report(*cell.address,
                    "the text " + quoted(addressText(*cell.cell)) + " goes backwards (" + cell.place() + ")",
-                   "Write the first register in front: " + cell.cell->Address_End + "-" + cell.cell->Address +
-                       ".");
+                   "Write the first register in front: " + cell.cell->Address_End.text() + "-" +
+                       cell.cell->Address + ".");
     });
 }
 

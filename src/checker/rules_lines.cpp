@@ -128,7 +128,7 @@ constexpr std::array rules = {
          "Files are read as Windows-1252, so every letter beyond English becomes two or three wrong ones.",
          checkUtf8},
     Rule{"code-page", Severity::Warning, "a byte that is no character of Windows-1252",
-         "It shows as nothing or as a box, and no other program reads it back.", checkCodePage},
+         "It shows as nothing or as a box.", checkCodePage},
     Rule{"control-character", Severity::Warning, "a tab or another control character outside of comments",
          "Only spaces count as blanks: the character becomes a part of the key, the value or the name.",
          checkControlCharacters},

@@ -107,6 +107,38 @@ void checkColours(const Checked_Template& checked, const Report& report) {
     }
 }
 
+/// The last line that sets a colour of cells in one state, text or ground; null when none does.
+const Source_Line* colourLine(const Checked_Template& checked, std::string_view state) {
+    const Source_Line* found = nullptr;
+    for (const Source_Line& line : checked.lines())
+        if (line.keyKnown && line.section == "COLORS" && line.key.substr(line.key.find('#') + 2) == state)
+            found = &line;
+    return found;
+}
+
+void checkSameColours(const Checked_Template& checked, const Report& report) {
+    struct Pair {
+        std::string_view state;
+        std::string Colour_Words::*text;
+        std::string Colour_Words::*ground;
+    };
+    constexpr std::array<Pair, 4> pairs = {{
+        {"MODIFIABLEVALUES", &Colour_Words::Color_Txt_Modifiable, &Colour_Words::Color_Back_Modifiable},
+        {"WRITTINGCOMM", &Colour_Words::Color_Txt_Writing, &Colour_Words::Color_Back_Writing},
+        {"ERRORWRITTINGCOMM", &Colour_Words::Color_Txt_Error, &Colour_Words::Color_Back_Error},
+        {"NORMAL", &Colour_Words::Color_Txt_Normal, &Colour_Words::Color_Back_Normal},
+    }};
+    const Colour_Words& words = checked.document().Colors;
+    for (const Pair& pair : pairs) {
+        const std::string& text = words.*pair.text;
+        const Source_Line* line = colourLine(checked, pair.state);
+        if (line != nullptr && colourOf(text) == colourOf(words.*pair.ground))
+            report(
+                *line, "text and ground of " + std::string(pair.state) + " are both " + upperTrimmed(text),
+                "Choose two colours that differ much: a dark text on a pale ground, or the other way round.");
+    }
+}
+
 void checkNegativeFormats(const Checked_Template& checked, const Report& report) {
     for (const Source_Line* line : checked.named("FIELD_#_COLUMNS", "COL_#_BITSNEGATIVEFORMAT")) {
         const std::string_view bits = trimBlanks(line->value);
@@ -130,6 +162,8 @@ constexpr std::array rules = {
     Rule{"format-word", Severity::Warning, "an unknown format of a cell",
          "The register is shown and written as a signed number.", checkFormats},
     Rule{"colour-word", Severity::Warning, "an unknown colour", "It shows as black.", checkColours},
+    Rule{"colour-same", Severity::Warning, "a text in the colour of its ground", "The text can't be seen.",
+         checkSameColours},
     Rule{"bits-number", Severity::Warning, "a negative format that isn't a number",
          "It counts as none for reading, and a negative number is written as 0.", checkNegativeFormats},
 };
