@@ -127,7 +127,7 @@ class Checked_Template::Reading {
             line.kind = kindOf(*text);
             target_.lines_.push_back(std::move(line));
         }
-        if (target_.lines_.empty()) target_.lines_.push_back({.number = 1});
+        if (target_.lines_.empty()) target_.lines_.emplace_back().number = 1;
     }
 
     /// Runs a step of the reading and keeps its failure with the line.

@@ -3,6 +3,7 @@
 #include "values/numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 namespace zorvane {
@@ -11,9 +12,10 @@ namespace {
 
 constexpr std::size_t longestWord = 64;
 
-/// How many letters have to be put in, taken out or changed to make one word of the other.
+/// How many letters have to be put in, taken out or changed to make one word of the other. REQUIRES: `b`
+/// isn't longer than the longest word.
 std::size_t editDistance(std::string_view a, std::string_view b) {
-    std::vector<std::size_t> row(b.size() + 1);
+    std::array<std::size_t, longestWord + 1> row{};
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (std::size_t i = 0; i < a.size(); ++i) {
         std::size_t diagonal = row[0];
@@ -24,7 +26,7 @@ std::size_t editDistance(std::string_view a, std::string_view b) {
             row[j + 1] = std::min({row[j] + 1, row[j + 1] + 1, changed});
         }
     }
-    return row.back();
+    return row[b.size()];
 }
 
 } // namespace
@@ -64,6 +66,7 @@ std::string_view nearest(std::string_view word, const std::vector<std::string_vi
     std::string_view best;
     std::size_t least = std::max<std::size_t>(2, word.size() / 4) + 1;
     for (const std::string_view candidate : known) {
+        if (candidate.size() > longestWord) continue;
         const std::size_t distance = editDistance(word, candidate);
         if (distance >= least || distance >= candidate.size()) continue;
         least = distance;
