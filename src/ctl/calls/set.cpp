@@ -72,7 +72,7 @@ class Set_Call : public Call {
             printJson(surroundings.out, entryJson(note));
         else
             surroundings.out << printable(note.outcome.grid) << '\n';
-        return opened.whole() && note.committed() && saved ? Exit_Success : Exit_Failed;
+        return opened.readToTheEnd() && note.committed() && saved ? Exit_Success : Exit_Failed;
     }
 
   private:
