@@ -10,6 +10,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <map>
 #include <utility>
 
 namespace zorvane {

@@ -3,7 +3,6 @@
 #include "template/model/declara_zorvane.h"
 
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
