@@ -13,6 +13,8 @@
 namespace {
 
 using namespace zorvane;
+using checker::Finding;
+using checker::Severity;
 
 void require(bool holds, const char* what) {
     if (holds) return;
@@ -30,7 +32,8 @@ bool hasErrorAt(const std::vector<Finding>& findings, std::int32_t line) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(data, data + size);
-    const std::vector<Finding> findings = checkTemplate(size % 2 == 0 ? "ABC.ZTP" : "kvrt.ztp", text);
+    const std::vector<Finding> findings =
+        checker::checkTemplate(size % 2 == 0 ? "ABC.ZTP" : "kvrt.ztp", text);
     const auto lines = 1 + std::count(text.begin(), text.end(), '\n');
     std::int32_t last = 1;
     for (const Finding& finding : findings) {

@@ -13,7 +13,7 @@
 #include <map>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -295,4 +295,4 @@ std::optional<Register_Span> plainSpan(std::string_view text) {
     return first && last ? std::optional(Register_Span{*first, *last}) : std::nullopt;
 }
 
-} // namespace zorvane
+} // namespace zorvane::checker

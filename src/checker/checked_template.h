@@ -10,7 +10,7 @@
 #include <tuple>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 /// What stopped the reader on a line.
 struct Line_Failure {
@@ -165,4 +165,4 @@ class Checked_Template {
 /// `first-last`, each well written. Nothing for any other text.
 [[nodiscard]] std::optional<Register_Span> plainSpan(std::string_view text);
 
-} // namespace zorvane
+} // namespace zorvane::checker

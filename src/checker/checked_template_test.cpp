@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::checker {
 namespace {
 
 TEST(CheckedTemplate, SortsLinesByTheirFirstCharacter) {
@@ -76,4 +76,4 @@ TEST(CheckedTemplate, NumbersAreWrittenInDigits) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::checker

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -70,4 +70,4 @@ Finding unreadable(std::string_view reason) {
             "Check its path and who may read it."};
 }
 
-} // namespace zorvane
+} // namespace zorvane::checker

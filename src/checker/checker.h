@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 /// All rules, in the order in which they are listed.
 [[nodiscard]] std::vector<Rule> allRules();
@@ -18,4 +18,4 @@ namespace zorvane {
 /// The finding for a template that can't be read at all; its line is 0.
 [[nodiscard]] Finding unreadable(std::string_view reason);
 
-} // namespace zorvane
+} // namespace zorvane::checker

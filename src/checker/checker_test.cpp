@@ -14,7 +14,7 @@
 #include <random>
 #include <set>
 
-namespace zorvane {
+namespace zorvane::checker {
 namespace {
 
 using doubles::findingsText;
@@ -258,4 +258,4 @@ TEST(Checker, FindsAnErrorWhereverTheReaderStopsInAThousandRandomTemplates) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::checker

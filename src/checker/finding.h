@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 /// An error: reading stops, or what was written can't work. A warning: it is read, but most likely not as it
 /// was meant.
@@ -21,4 +21,4 @@ struct Finding {
     std::string instead;   ///< what to write instead: whole sentences
 };
 
-} // namespace zorvane
+} // namespace zorvane::checker

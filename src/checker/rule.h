@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 class Report;
 
@@ -48,4 +48,4 @@ class Report {
 [[nodiscard]] std::span<const Rule> scanRules();
 [[nodiscard]] std::span<const Rule> downloadRules();
 
-} // namespace zorvane
+} // namespace zorvane::checker

@@ -11,7 +11,7 @@
 #include <map>
 #include <set>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -269,4 +269,4 @@ constexpr std::array rules = {
 
 std::span<const Rule> addressRules() { return rules; }
 
-} // namespace zorvane
+} // namespace zorvane::checker

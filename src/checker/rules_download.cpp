@@ -11,7 +11,7 @@
 #include <array>
 #include <set>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -233,4 +233,4 @@ constexpr std::array rules = {
 
 std::span<const Rule> downloadRules() { return rules; }
 
-} // namespace zorvane
+} // namespace zorvane::checker

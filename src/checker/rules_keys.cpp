@@ -11,7 +11,7 @@
 #include <map>
 #include <tuple>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -169,4 +169,4 @@ constexpr std::array rules = {
 
 std::span<const Rule> keyRules() { return rules; }
 
-} // namespace zorvane
+} // namespace zorvane::checker

@@ -11,7 +11,7 @@
 #include <set>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -317,4 +317,4 @@ constexpr std::array rules = {
 
 std::span<const Rule> layoutRules() { return rules; }
 
-} // namespace zorvane
+} // namespace zorvane::checker

@@ -9,7 +9,7 @@
 #include <array>
 #include <cstdio>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -149,4 +149,4 @@ constexpr std::array rules = {
 
 std::span<const Rule> lineRules() { return rules; }
 
-} // namespace zorvane
+} // namespace zorvane::checker

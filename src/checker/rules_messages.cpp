@@ -12,7 +12,7 @@
 #include <set>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -158,4 +158,4 @@ constexpr std::array rules = {
 
 std::span<const Rule> messageRules() { return rules; }
 
-} // namespace zorvane
+} // namespace zorvane::checker

@@ -9,7 +9,7 @@
 #include <array>
 #include <set>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -148,4 +148,4 @@ constexpr std::array rules = {
 
 std::span<const Rule> scanRules() { return rules; }
 
-} // namespace zorvane
+} // namespace zorvane::checker

@@ -9,7 +9,7 @@
 #include <set>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::checker {
 namespace {
 
 using doubles::findingsText;
@@ -445,4 +445,4 @@ TEST(Rules, HaveASampleEachAndACodeOfTheirOwn) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::checker

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <array>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -288,4 +288,4 @@ constexpr std::array rules = {
 
 std::span<const Rule> valueRules() { return rules; }
 
-} // namespace zorvane
+} // namespace zorvane::checker

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <array>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -172,4 +172,4 @@ constexpr std::array rules = {
 
 std::span<const Rule> wordRules() { return rules; }
 
-} // namespace zorvane
+} // namespace zorvane::checker

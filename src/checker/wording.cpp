@@ -6,7 +6,7 @@
 #include <array>
 #include <numeric>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 namespace {
 
@@ -75,4 +75,4 @@ std::string_view nearest(std::string_view word, const std::vector<std::string_vi
     return best;
 }
 
-} // namespace zorvane
+} // namespace zorvane::checker

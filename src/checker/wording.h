@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::checker {
 
 /// A text in quotation marks.
 [[nodiscard]] std::string quoted(std::string_view text);
@@ -25,4 +25,4 @@ namespace zorvane {
 /// The known word that is most like a misspelt one; empty when none is much like it. Letter case counts.
 [[nodiscard]] std::string_view nearest(std::string_view word, const std::vector<std::string_view>& known);
 
-} // namespace zorvane
+} // namespace zorvane::checker

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::checker {
 namespace {
 
 TEST(Wording, CountsInWords) {
@@ -38,4 +38,4 @@ TEST(Wording, NearestNeedsSomeLikeness) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::checker

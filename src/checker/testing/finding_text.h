@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane::doubles {
+namespace zorvane::checker::doubles {
 
 /// A line a finding, as "12: warning: what is wrong [code]".
 [[nodiscard]] inline std::string findingsText(const std::vector<Finding>& findings) {
@@ -17,4 +17,4 @@ namespace zorvane::doubles {
     return text;
 }
 
-} // namespace zorvane::doubles
+} // namespace zorvane::checker::doubles

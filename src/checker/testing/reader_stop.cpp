@@ -5,7 +5,11 @@
 #include "template/testing/recording_link_notice.h"
 #include "template/testing/scripted_asker.h"
 
-namespace zorvane::doubles {
+namespace zorvane::checker::doubles {
+
+using zorvane::doubles::Memory_Files;
+using zorvane::doubles::Recording_Link_Notice;
+using zorvane::doubles::Scripted_Asker;
 
 std::optional<std::int32_t> readerStop(const std::string& text) {
     const std::string path = "/app/ABC.ZTP";
@@ -21,4 +25,4 @@ std::optional<std::int32_t> readerStop(const std::string& text) {
     return whole ? std::nullopt : std::optional(document.Last_Line);
 }
 
-} // namespace zorvane::doubles
+} // namespace zorvane::checker::doubles

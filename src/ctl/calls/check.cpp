@@ -16,6 +16,10 @@ namespace zorvane {
 
 namespace {
 
+using checker::Finding;
+using checker::Rule;
+using checker::Severity;
+
 const char* severityWord(Severity severity) { return severity == Severity::Error ? "error" : "warning"; }
 
 void printFinding(std::ostream& out, const std::string& path, const Finding& finding) {
@@ -67,9 +71,9 @@ class Finding_Printer {
 std::vector<Finding> findingsOf(const Surroundings& surroundings, const std::string& path) {
     std::string text;
     const auto failure = failureOf([&] { text = surroundings.files.read(path); });
-    if (!failure) return checkTemplate(splitPath(path).name, text);
+    if (!failure) return checker::checkTemplate(splitPath(path).name, text);
     tellFailure(surroundings.err, printablePath(path), *failure);
-    return {unreadable(failure->description)};
+    return {checker::unreadable(failure->description)};
 }
 
 class Check_Call : public Call {
@@ -99,7 +103,7 @@ class Check_Call : public Call {
     static int listCodes(const Surroundings& surroundings) {
         if (surroundings.json) {
             Json codes = Json::array();
-            for (const Rule& rule : allRules())
+            for (const Rule& rule : checker::allRules())
                 codes.push_back({{"code", rule.code},
                                  {"severity", severityWord(rule.severity)},
                                  {"text", jsonText(rule.meaning)}});
@@ -108,7 +112,7 @@ class Check_Call : public Call {
         }
         Text_Table table;
         table.add({"Code", "Severity", "Meaning"});
-        for (const Rule& rule : allRules())
+        for (const Rule& rule : checker::allRules())
             table.add({std::string(rule.code), severityWord(rule.severity), std::string(rule.meaning)});
         table.print(surroundings.out, 0);
         return Exit_Success;
