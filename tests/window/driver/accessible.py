@@ -13,6 +13,7 @@ ACCESSIBLE = "org.a11y.atspi.Accessible"
 ROOT = "/org/a11y/atspi/accessible/root"
 NOWHERE = "/org/a11y/atspi/null"
 ANSWER_MS = 15000
+SCROLL_BAR = 20  # pixels
 
 STATES = {1: "active", 4: "checked", 7: "editable", 8: "enabled", 12: "focused", 16: "modal", 23: "selected",
           24: "sensitive", 25: "showing", 30: "visible", 43: "read-only"}
@@ -249,6 +250,12 @@ class Table:
     def cell(self, row, column):
         place = self.table.ask(self.INTERFACE, "GetAccessibleAt", GLib.Variant("(ii)", (row, column)))[0]
         return self.table._object(place)
+
+    def shows(self, row):
+        """Whether the middle of a row's first cell is on the screen, and no scroll bar over it."""
+        left, top, width, height = self.cell(row, 0).rectangle
+        _, table_top, _, table_height = self.table.rectangle
+        return height > 0 and table_top < top + height // 2 < table_top + table_height - SCROLL_BAR
 
     def headings(self):
         return [self.table.ask(self.INTERFACE, "GetColumnDescription", GLib.Variant("(i)", (column,)))[0]

@@ -1,11 +1,11 @@
 """The other two programs: the terminal program, to compare with, and the simulated controller."""
 import json
 import os
+import signal
 import subprocess
 
-from .waiting import expect, wait_for
-
 READY_S = 30
+SINGLE_WRITE, MULTIPLE_WRITE = 6, 16
 
 
 class Terminal:
@@ -57,6 +57,18 @@ class Simulator:
     def stop(self):
         self.process.terminate()
         self.process.wait(READY_S)
+
+    def pause(self):
+        """Leaves the line open and answers nothing."""
+        self.process.send_signal(signal.SIGSTOP)
+
+    def resume(self):
+        self.process.send_signal(signal.SIGCONT)
+
+    def writes(self):
+        """The write requests so far, whether they were answered or not."""
+        return [frame for frame in self.frames()
+                if frame["direction"] == "in" and frame.get("function") in (SINGLE_WRITE, MULTIPLE_WRITE)]
 
     def frames(self):
         """All frames so far, as the simulator logged them."""

@@ -1,5 +1,6 @@
 """The window program as its user meets it: menus, two grids, panels, dialogs."""
 import configparser
+import json
 import os
 import shutil
 
@@ -50,15 +51,26 @@ class Zorvane:
 
     def stored(self, section, key):
         """A value of the settings store, or None."""
-        settings = configparser.RawConfigParser()
-        settings.optionxform = str
-        settings.read(self.desktop.path("config", SETTINGS_FILE), encoding="utf-8")
-        return settings.get(section, key, fallback=None)
+        return self._settings_file().get(section, key, fallback=None)
 
     def store(self, section, **values):
-        """Puts values into the settings store, before the start."""
-        with open(self.desktop.path("config", SETTINGS_FILE), "a", encoding="utf-8") as file:
-            file.write(f"[{section}]\n" + "".join(f"{key}={text}\n" for key, text in values.items()))
+        """Puts values into the settings store, while the program doesn't run."""
+        settings = self._settings_file()
+        if not settings.has_section(section):
+            settings.add_section(section)
+        for key, text in values.items():
+            settings.set(section, key, text)
+        with open(self._settings_path(), "w", encoding="utf-8") as file:
+            settings.write(file, space_around_delimiters=False)
+
+    def _settings_file(self):
+        settings = configparser.RawConfigParser()
+        settings.optionxform = str
+        settings.read(self._settings_path(), encoding="utf-8")
+        return settings
+
+    def _settings_path(self):
+        return self.desktop.path("config", SETTINGS_FILE)
 
     def template(self, model):
         """The template of a model, whatever the case of its name."""
@@ -73,6 +85,16 @@ class Zorvane:
 
     def simulator(self, model="KVRT207D", *options, name="controller"):
         return Simulator(self.desktop, self._programs, self.template(model), *options, name=name)
+
+    def registers(self, simulator):
+        """What a simulated controller holds, read by the terminal program; the window isn't online meanwhile."""
+        file = self.desktop.path("registers.json")
+        document = self.desktop.path("nothing.kvrt207d")
+        open(document, "wb").close()
+        self.terminal.ask("upload", self.template("KVRT207D"), document, "--port", simulator.port, "--settings",
+                          "115200,n,8,1", "--registers", file)
+        with open(file, encoding="ascii") as registers:
+            return {int(address): value for address, value in json.load(registers).items()}
 
     @property
     def window(self):
@@ -172,8 +194,21 @@ class Zorvane:
     # Grids.
 
     def select_field(self, number):
-        """A click on a row of the upper grid; fields count from 1."""
-        self.hands.click(self.fields.cell(number - 1, 1))
+        """A click on a row of the upper grid, or on the one nearest to it and arrow keys; fields count from 1."""
+        grid = self.fields
+        seen = [row for row in range(grid.row_count) if grid.shows(row)]
+        nearest = min(seen, key=lambda row: abs(row - (number - 1)))
+        self.hands.click(grid.cell(nearest, 1))
+        way = number - 1 - nearest
+        if way:
+            self.hands.keys(*["Down" if way > 0 else "Up"] * abs(way))
+        self.expect_field(number)
+
+    def expect_field(self, number):
+        """That field's row is the selected one."""
+        grid = self.fields
+        expect("the selected rows of the upper grid",
+               lambda: [row + 1 for row in range(grid.row_count) if "selected" in grid.cell(row, 1).states], [number])
 
     def expect_state(self, row, column, wanted):
         """What a screen reader is told of a cell's state."""
@@ -269,12 +304,12 @@ class Dialog:
         return [part.name for part in self._types().walk() if part.role == "list item"]
 
     def choose_type(self, wanted):
-        types = self._types()
-        types.take_focus()
-        expect("the focus on the file types", lambda: "focused" in types.states, True)
-        self._program.hands.keys("Home")
-        for _ in range(self.file_types().index(wanted)):
-            self._program.hands.keys("Down")
+        hands, focus = self._program.hands, self._program.focus
+        hands.click(self._types())
+        wait_for("the open list of file types", lambda: focus.owner.role == "list item")
+        hands.keys("Home", *["Down"] * self.file_types().index(wanted))
+        expect("the file type that has the focus", lambda: focus.owner.name, wanted)
+        hands.keys("Return")
         expect("the chosen file type", self.file_type, wanted)
 
     def choose_file(self, path, button, read_only=False):

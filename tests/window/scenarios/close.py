@@ -11,6 +11,7 @@ def _opened(program):
     program.start()
     program.open(path)
     program.expect_title("site7.kvrt207d - Zorvane")
+    program.select_field(1)
     return path
 
 
@@ -47,6 +48,7 @@ def a_file_opens_after_close(program):
     _expect_closed(program)
     program.open(path)
     program.expect_title("site7.kvrt207d - Zorvane")
+    program.select_field(1)
     expect("the lower grid", lambda: program.settings.texts(),
            program.terminal.settings(program.template("KVRT207D"), path, 1))
 
@@ -96,7 +98,7 @@ def open_asks_about_the_changes(program):
     program.message(QUESTION).answer("No")
     program.expect_title("site7.kvrt100 - Zorvane")
     expect("the lower grid", lambda: program.settings.texts(),
-           program.terminal.settings(program.template("KVRT100"), other, 1))
+           program.terminal.settings(program.template("KVRT100"), other, 4))
 
 
 def exit_answered_no_ends(program):
@@ -131,7 +133,7 @@ def a_failed_save_keeps_the_program_open(program):
     program.message(QUESTION).answer("Yes")
     program.dialog("CommonDialog").choose_file(os.path.join(os.path.dirname(path), "nowhere", "x.kvrt207d"), "Save")
     failure = program.dialog("Msgb")
-    wanted = "Can't Save file : path/file error or directory is read only.\r\nExtra info: Path not found"
+    wanted = "Can't Save file : path/file error or directory is read only.\nExtra info: Path not found"
     expect("the failure", failure.text, wanted)
     failure.answer("Ok")
     program.message("The Zorvane can't write the file, please verify the read only properties...").answer("Ok")

@@ -106,8 +106,7 @@ def a_list_entry_keeps_the_other_half_of_its_register(program):
 def a_text_reaches_the_controller(program):
     controller = _online(program, OUTPUTS)
     program.enter(17, VALUE, "NORD-T3")
-    _expect_write(controller, MULTIPLE, 117, *(a * 256 + b for a, b in zip(b"NOR-3"[0:0], b"")),
-                  0x4E4F, 0x5244, 0x2D54, 0x3320)
+    _expect_write(controller, MULTIPLE, 117, 0x4E4F, 0x5244, 0x2D54, 0x3320)
     program.expect_cell(17, VALUE, "NORD-T3 ")
 
 

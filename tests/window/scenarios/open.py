@@ -15,7 +15,7 @@ def _sees_the_document(program, model):
     program.expect_title(f"{os.path.basename(path)} - Zorvane")
     fields = program.terminal.fields(template, path)
     expect("the upper grid", lambda: program.fields.texts(), fields)
-    for field in [*range(2, len(fields) + 1), 1]:
+    for field in range(1, len(fields) + 1):
         program.select_field(field)
         expect(f"the headings of field {field}", lambda: program.settings.headings(),
                program.terminal.headings(template, path, field))
@@ -39,16 +39,24 @@ def shows_a_board_document(program):
     _sees_the_document(program, "R7702-16")
 
 
-def shows_the_settings_of_the_first_field(program):
+def ends_on_the_fourth_field(program):
+    """Opening applies the font size, and that moves the selection on by three rows."""
     path = program.document()
     program.start()
     program.open(path)
+    program.expect_field(4)
     expect("the lower grid right after opening", lambda: program.settings.texts(),
-           program.terminal.settings(program.template("KVRT207D"), path, 1))
+           program.terminal.settings(program.template("KVRT207D"), path, 4))
+    for number, text in ((1, ""), (2, "Offline"), (3, "RTU: 1"), (4, "")):
+        program.expect_panel(number, text)
+
+
+def shows_letters_beyond_ascii(program):
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.select_field(1)
     program.expect_cell(10, 2, "Fan group 1 °C driven")
-    program.expect_panel(1, "")
-    program.expect_panel(2, "Offline")
-    program.expect_panel(4, "")
 
 
 def makes_the_document_commands_live(program):
@@ -68,6 +76,7 @@ def moves_through_the_fields_by_keyboard(program):
     program.open(path)
     program.select_field(2)
     program.hands.keys("Down", "Down")
+    program.expect_field(4)
     expect("the settings of the fourth field", lambda: program.settings.texts(),
            program.terminal.settings(program.template("KVRT207D"), path, 4))
     program.hands.keys("Up")
@@ -131,6 +140,7 @@ def read_only_refuses_edits(program):
     program.open(path, read_only=True)
     program.expect_panel(1, "READ ONLY")
     assert not program.is_enabled("File", "Save"), "Save is enabled"
+    program.select_field(1)
     program.settle_on(0, 2)
     program.expect_panel(4, "READ ONLY FILE. Can't modify the value.")
     program.hands.keys("F2")
@@ -150,6 +160,7 @@ def read_only_may_be_saved_under_another_name(program):
     program.save_as(copy)
     program.expect_title("copy.kvrt207d - Zorvane")
     program.expect_panel(1, "")
+    program.expect_panel(4, "")
     assert os.path.exists(copy), "the copy wasn't written"
 
 
@@ -159,7 +170,7 @@ def says_that_the_template_is_missing(program):
     program.start()
     program.open(path)
     folder = program.folder.rstrip("/")
-    program.message(f"The ZTP file ({folder}/ABC.ZTP) was not found in: \r\n{folder}").answer("Ok")
+    program.message(f"The ZTP file ({folder}/ABC.ZTP) was not found in: \n{folder}").answer("Ok")
 
 
 def says_that_a_file_does_not_fit(program):
@@ -189,5 +200,5 @@ def needs_a_template_in_the_folder(program):
     program.dialog("Msgb").answer("Ok")
     program.choose("File", "Open...")
     folder = program.folder.rstrip("/")
-    program.message(f"Does not exist any .ZTP file in this directory: \r\n{folder}").answer("Ok")
+    program.message(f"Does not exist any .ZTP file in this directory: \n{folder}").answer("Ok")
     assert not program.has_dialog("CommonDialog"), "a file dialog is open"

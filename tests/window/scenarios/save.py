@@ -11,6 +11,7 @@ def _opened(program, name=None, model="KVRT207D"):
     program.start()
     program.open(path)
     program.expect_title(f"{os.path.basename(path).lower()} - Zorvane")
+    program.select_field(1)
     return path
 
 
@@ -136,6 +137,7 @@ def the_default_file_is_made_once(program):
     program.save_as(default)
     program.expect_title("default.kvrt207d - Zorvane")
     program.expect_panel(1, "READ ONLY")
+    program.expect_panel(4, "")
     assert os.path.exists(default), "the factory file wasn't made"
     _change(program)
     program.expect_title("* default.kvrt207d - Zorvane")
@@ -148,6 +150,6 @@ def a_failed_save_as_says_why(program):
     program.save_as(os.path.join(os.path.dirname(path), "nowhere", "site9.kvrt207d"))
     box = program.dialog("Msgb")
     text = box.text()
-    assert text.startswith("Can't Save file : path/file error or directory is read only.\r\nExtra info: "), text
+    assert text.startswith("Can't Save file : path/file error or directory is read only.\nExtra info: "), text
     box.answer("Ok")
     program.expect_title("* site7.kvrt207d - Zorvane")

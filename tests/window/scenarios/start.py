@@ -45,7 +45,7 @@ def says_that_the_default_template_is_missing(program):
     os.remove(template)
     folder = os.path.dirname(template)
     program.start(shown=False)
-    program.message(f"The ZTP file ({template}) was not found in: \r\n{folder}").answer("Ok")
+    program.message(f"The ZTP file ({template}) was not found in: \n{folder}").answer("Ok")
     program.expect_title("Zorvane")
     expect("rows of the upper grid", lambda: program.fields.row_count, 0)
 
