@@ -32,7 +32,7 @@ def main(programs, name, evidence=None):
     run = getattr(importlib.import_module("scenarios." + module), scenario)
     shutil.rmtree(evidence or "", ignore_errors=True)
     with Desktop() as desktop:
-        program = Zorvane(desktop, programs)
+        program = Zorvane(desktop, os.path.abspath(programs))
         try:
             run(program)
         except Exception:

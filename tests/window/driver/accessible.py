@@ -13,7 +13,6 @@ ACCESSIBLE = "org.a11y.atspi.Accessible"
 ROOT = "/org/a11y/atspi/accessible/root"
 NOWHERE = "/org/a11y/atspi/null"
 ANSWER_MS = 15000
-SCROLL_BAR = 20  # pixels
 
 STATES = {1: "active", 4: "checked", 7: "editable", 8: "enabled", 12: "focused", 16: "modal", 23: "selected",
           24: "sensitive", 25: "showing", 30: "visible", 43: "read-only"}
@@ -137,7 +136,7 @@ class Accessible:
 
     @property
     def children(self):
-        return [Accessible(self.bus, *place) for place in self.ask(ACCESSIBLE, "GetChildren")[0]]
+        return [Accessible(self.bus, *place) for place in self.ask(ACCESSIBLE, "GetChildren")[0] if place[1] != NOWHERE]
 
     @property
     def is_shown(self):
@@ -168,9 +167,6 @@ class Accessible:
         if wanted not in actions:
             raise AssertionError(f"{self!r} offers {actions}, not {wanted!r}")
         self.bus.send(self.place, "org.a11y.atspi.Action", "DoAction", GLib.Variant("(i)", (actions.index(wanted),)))
-
-    def take_focus(self):
-        self.ask("org.a11y.atspi.Component", "GrabFocus")
 
     # Text fields.
 
@@ -250,12 +246,6 @@ class Table:
     def cell(self, row, column):
         place = self.table.ask(self.INTERFACE, "GetAccessibleAt", GLib.Variant("(ii)", (row, column)))[0]
         return self.table._object(place)
-
-    def shows(self, row):
-        """Whether the middle of a row's first cell is on the screen, and no scroll bar over it."""
-        left, top, width, height = self.cell(row, 0).rectangle
-        _, table_top, _, table_height = self.table.rectangle
-        return height > 0 and table_top < top + height // 2 < table_top + table_height - SCROLL_BAR
 
     def headings(self):
         return [self.table.ask(self.INTERFACE, "GetColumnDescription", GLib.Variant("(i)", (column,)))[0]

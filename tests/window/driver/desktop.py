@@ -71,8 +71,7 @@ class Desktop:
     def run(self, *command):
         """What a short command prints, as bytes."""
         done = subprocess.run(command, env=self.environment, capture_output=True, timeout=60)
-        if done.returncode != 0:
-            raise Vanished(f"{' '.join(command)}: {done.stderr.decode(errors='replace').strip()}")
+        assert done.returncode == 0, f"{' '.join(command)}: {done.stderr.decode(errors='replace').strip()}"
         return done.stdout
 
     def program(self, process):
@@ -136,7 +135,9 @@ class Desktop:
         with open(self.path("jwmrc"), "w", encoding="ascii") as settings:
             settings.write(WINDOW_MANAGER_SETTINGS)
         self.start(["jwm", "-f", self.path("jwmrc")], "window-manager")
-        wait_for("the window manager", lambda: self.run("xdotool", "get_desktop").strip() == b"0")
+        ask = ["xdotool", "get_desktop"]
+        wait_for("the window manager",
+                 lambda: subprocess.run(ask, env=self.environment, capture_output=True, timeout=60).returncode == 0)
 
 
 def end(process):

@@ -10,7 +10,7 @@ class Hands:
         self._desktop.run("xdotool", "key", "--delay", "15", *names)
 
     def write(self, text):
-        self._desktop.run("xdotool", "type", "--delay", "15", text)
+        self._desktop.run("xdotool", "type", "--delay", "15", "--", text)
 
     def click(self, thing, times=1):
         """The left button in the middle of a control or cell."""

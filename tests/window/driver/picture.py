@@ -26,7 +26,15 @@ class Picture:
         left, top, width, height = rectangle
         return self.colours((left + 2, top + 2, width - 4, height - 4)).most_common(1)[0][0]
 
+    def has_text_colour(self, rectangle, wanted):
+        return any(resembles(colour, wanted) for colour in self.colours(rectangle))
+
 
 def save(desktop, path):
     """The screen as a picture file."""
     desktop.run("import", "-window", "root", path)
+
+
+def resembles(colour, wanted, tolerance=40):
+    """Smoothed letters hardly ever have a pixel in exactly their own colour."""
+    return all(abs(a - b) <= tolerance for a, b in zip(colour, wanted))

@@ -10,6 +10,7 @@ def _editing(program, field):
     program.start()
     program.open(path)
     program.expect_title("site7.kvrt207d - Zorvane")
+    program.enlarge()
     program.select_field(field)
     expect("the lower grid", lambda: program.settings.texts(),
            program.terminal.settings(program.template("KVRT207D"), path, field))
@@ -115,7 +116,7 @@ def escape_leaves_a_list_as_it_was(program):
     _editing(program, OUTPUTS)
     program.open_list(0, VALUE)
     program.hands.keys("Down", "Escape")
-    expect("the focus", lambda: program.focus.owner, program.settings.cell(0, VALUE))
+    program.expect_focus_in_settings()
     program.expect_cell(0, VALUE, "Raise")
     _expect_unmarked(program)
 
@@ -148,7 +149,7 @@ def escape_drops_what_was_typed(program):
     program.hands.write("99")
     expect("the text in the editor", lambda: editor.text, "112599")
     program.hands.keys("Escape")
-    expect("the focus", lambda: program.focus.owner, program.settings.cell(0, VALUE))
+    program.expect_focus_in_settings()
     program.expect_cell(0, VALUE, "1125")
     _expect_unmarked(program)
 

@@ -24,6 +24,7 @@ def _online(program, field, *faults):
     program.start()
     program.open(path)
     program.expect_title("site7.kvrt207d - Zorvane")
+    program.enlarge()
     program.go_online()
     program.select_field(field)
     expect("the settings of the field", lambda: program.settings.texts()[0][0],
@@ -154,6 +155,7 @@ def a_failed_time_stays_as_typed(program):
     program.use_port(controller)
     program.start()
     program.open(path)
+    program.enlarge()
     program.go_online()
     program.select_field(TIMERS)
     program.enter(0, VALUE, "1:30")
@@ -176,6 +178,7 @@ def an_edit_survives_the_refresh(program):
     program.use_port(controller)
     program.start()
     program.open(path)
+    program.enlarge()
     program.go_online()
     program.select_field(CHANNELS)
     editor = program.begin_edit(0, 6)

@@ -84,6 +84,16 @@ def moves_through_the_fields_by_keyboard(program):
            program.terminal.settings(program.template("KVRT207D"), path, 3))
 
 
+def moves_through_the_fields_by_mouse(program):
+    path = program.document()
+    program.start()
+    program.open(path)
+    for field in (2, 1, 3, 2):
+        program.click_field(field)
+        expect(f"the settings of field {field}", lambda: program.settings.texts(),
+               program.terminal.settings(program.template("KVRT207D"), path, field))
+
+
 def offers_a_file_type_for_each_template(program):
     program.start()
     program.choose("File", "Open...")
