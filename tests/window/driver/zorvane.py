@@ -163,7 +163,7 @@ class Zorvane:
         return Dialog(self, given_name, wait_for(f"the dialog {given_name}", look))
 
     def has_dialog(self, given_name):
-        return any(child.description == given_name for child in self.root.children)
+        return any(child.description == given_name and child.is_shown for child in self.root.children)
 
     def message(self, text, title="Zorvane"):
         """The message box that is shown now, which must say that."""
