@@ -36,16 +36,10 @@ class Mouse_Track_Held {
     bool before_;
 };
 
-/// The interval that the template gives: four times its pause between requests.
-void takeTemplateInterval(const Form_Parts& parts) {
-    parts.frame.timers().setInterval(Timer_Name::TMR_Forza_analogas,
-                                     std::int64_t{4} * parts.app.document().Comm_Request_Ms);
-}
-
 template <class Opening> void openAnother(const Form_Parts& parts, Opening&& opening) {
     const Mouse_Track_Held held(parts.app.grids.navigation);
     std::forward<Opening>(opening)();
-    takeTemplateInterval(parts);
+    parts.frame.timers().setInterval(Timer_Name::TMR_Forza_analogas, parts.app.document().Forza_Analogas_Ms);
 }
 
 void recover(const Form_Parts& parts) {

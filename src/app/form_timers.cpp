@@ -26,10 +26,17 @@ Form_Timers::Form_Timers() {
     for (const Timer_Design& design : designs)
         at(design.name).setInterval(design.milliseconds);
     at(Timer_Name::TMR_Actualiza_valores).setTimerType(Qt::PreciseTimer);
+    for (const Timer_Design& design : designs)
+        QObject::connect(&at(design.name), &QTimer::timeout, &at(design.name),
+                         [this, name = design.name] { fire(name); });
 }
 
 void Form_Timers::onTick(Timer_Name timer, std::function<void()> handler) {
-    QObject::connect(&at(timer), &QTimer::timeout, &at(timer), std::move(handler));
+    handlers_.at(static_cast<std::size_t>(timer)) = std::move(handler);
+}
+
+void Form_Timers::fire(Timer_Name timer) const {
+    if (const auto& handler = handlers_.at(static_cast<std::size_t>(timer))) handler();
 }
 
 void Form_Timers::setEnabled(Timer_Name timer, bool enabled) {

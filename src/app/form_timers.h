@@ -21,6 +21,8 @@ class Form_Timers final {
     /// Enabling a timer that runs already changes nothing.
     void setEnabled(Timer_Name timer, bool enabled);
     [[nodiscard]] bool enabled(Timer_Name timer) const { return at(timer).isActive(); }
+    /// One tick of it now, whether it runs or not.
+    void fire(Timer_Name timer) const;
     /// In ms; 0 or less keeps the timer from running at all.
     void setInterval(Timer_Name timer, std::int64_t milliseconds);
     [[nodiscard]] std::int32_t interval(Timer_Name timer) const { return at(timer).interval(); }
@@ -34,6 +36,7 @@ class Form_Timers final {
     }
 
     std::array<QTimer, count> timers_;
+    std::array<std::function<void()>, count> handlers_;
 };
 
 } // namespace zorvane

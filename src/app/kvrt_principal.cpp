@@ -64,8 +64,6 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
            state_,
            places.applicationFolder},
       parts_{app_, frame_, edge_} {
-    PRO_Limpia_Modelo(document_);
-    PRO_Prepara_Lectura(document_);
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
     connectDocumentCommands(parts_);
@@ -112,8 +110,7 @@ void KVRT_Principal::connectTimers() {
     const Comm_Context& comm = app_.grids.comm;
     onTick(Timer_Name::TMR_Abre_ZTP, [this] {
         TMR_Abre_ZTP_Timer(app_);
-        frame_.timers().setInterval(Timer_Name::TMR_Forza_analogas,
-                                    std::int64_t{4} * document_.Comm_Request_Ms);
+        frame_.timers().setInterval(Timer_Name::TMR_Forza_analogas, document_.Forza_Analogas_Ms);
         frame_.timers().setEnabled(Timer_Name::TMR_Forza_analogas, true);
     });
     onTick(Timer_Name::TMR_Inicial_ZTP, [this] { TMR_Inicial_ZTP_Timer(app_); });

@@ -1,6 +1,7 @@
 #include "app/port_store.h"
 
 #include "template/asker.h"
+#include "template/native_files.h"
 #include "values/numbers.h"
 
 #include <charconv>
@@ -34,7 +35,7 @@ void takeNumber(Settings_Store& store, const char* key, Port_Settings& settings,
 
 Port_Settings storedPortSettings(Settings_Store& store) {
     Port_Settings settings;
-    settings.port = read(store, "Port");
+    settings.port = pathToNative(read(store, "Port"));
     takeNumber(store, "Slave", settings, &Port_Settings::slave);
     if (const auto line = parseLineSettings(read(store, "Settings"))) {
         Port_Settings changed = settings;
@@ -45,19 +46,19 @@ Port_Settings storedPortSettings(Settings_Store& store) {
     takeNumber(store, "TimeOut", settings, &Port_Settings::timeOutMs);
     settings.rts = parseRtsMode(read(store, "Rts")).value_or(settings.rts);
     takeNumber(store, "TxDelay", settings, &Port_Settings::txDelayMs);
-    settings.adapterEchoes = read(store, "Echo") == "1";
+    settings.adapterEchoes = read(store, "AdapterEchoes") == "True";
     return settings;
 }
 
 void storePortSettings(Settings_Store& store, const Port_Settings& settings) {
-    write(store, "Port", settings.port);
+    write(store, "Port", pathFromNative(settings.port));
     write(store, "Slave", numberText(settings.slave));
     write(store, "Settings", formatLineSettings(settings.line));
     write(store, "Retries", numberText(settings.retries));
     write(store, "TimeOut", numberText(settings.timeOutMs));
     write(store, "Rts", std::string(rtsModeText(settings.rts)));
     write(store, "TxDelay", numberText(settings.txDelayMs));
-    write(store, "Echo", settings.adapterEchoes ? "1" : "0");
+    write(store, "AdapterEchoes", settings.adapterEchoes ? "True" : "False");
 }
 
 } // namespace zorvane
