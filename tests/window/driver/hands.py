@@ -9,6 +9,11 @@ class Hands:
         """Keys one after the other, named as the X server does: "F2", "Return", "ctrl+s"."""
         self._desktop.run("xdotool", "key", "--delay", "15", *names)
 
+    def chord(self, held, key):
+        """A key while others are held down, which are let go after it."""
+        self._desktop.run("xdotool", *(part for name in held for part in ("keydown", name)), "key", key,
+                          *(part for name in reversed(held) for part in ("keyup", name)))
+
     def write(self, text):
         self._desktop.run("xdotool", "type", "--delay", "15", "--", text)
 

@@ -75,32 +75,34 @@ def live_values_change(program):
         wait_for("other measurements", lambda: program.settings.texts() != before)
 
 
-def upload_shows_its_progress(program):
-    controller = program.simulator("KVRT207D", "--pace", "9600")
-    program.use_port(controller)
-    _opened(program, _factory_document(program))
-    program.choose("Communication", "Upload to PC")
-    progress = program.dialog("Porcentaje")
-    expect("the progress form's words", lambda: progress.part.named("Label1").name,
-           "Uploading data from the controller...")
-    expect("the progress form's buttons", progress.buttons, ["Cancel"])
-    program.expect_panel(2, "Upload")
-    assert not program.window.find(role="menu bar").is_enabled, "the menu is live during an upload"
-    progress.wait_until_gone()
-    program.expect_panel(2, "Online")
-
-
-def upload_is_cancelled(program):
+def _uploading_slowly(program):
+    """An upload that waits for the answer to its question, so that there is time to look at it."""
     controller = program.simulator("KVRT207D", "--pace", "2400")
     program.use_port(controller)
     _opened(program, _factory_document(program))
     program.choose("Communication", "Upload to PC")
     progress = program.dialog("Porcentaje")
-    question = "The transfer is not complete. Do you want to abort anyway?"
     progress.press("Cancel")
-    program.message(question).answer("No")
-    progress.press("Cancel")
-    program.message(question).answer("Yes")
+    return progress, program.message("The transfer is not complete. Do you want to abort anyway?")
+
+
+def upload_shows_its_progress(program):
+    progress, question = _uploading_slowly(program)
+    expect("the progress form's words", lambda: progress.part.named("Label1").name,
+           "Uploading data from the controller...")
+    expect("the progress form's buttons", progress.buttons, ["Cancel"])
+    program.expect_panel(2, "Upload")
+    program.expect_panel(4, "Uploading... Wait a moment please")
+    assert not program.window.find(role="menu bar").is_enabled, "the menu is live during an upload"
+    question.answer("No")
+    progress.wait_until_gone()
+    program.expect_panel(2, "Online")
+    expect("the menu bar is enabled", lambda: program.window.find(role="menu bar").is_enabled, True)
+
+
+def upload_is_cancelled(program):
+    progress, question = _uploading_slowly(program)
+    question.answer("Yes")
     progress.wait_until_gone()
     expect("Upload is enabled", lambda: program.is_enabled("Communication", "Upload to PC"), True)
     program.expect_title("site7.kvrt207d - Zorvane")
