@@ -48,7 +48,8 @@ class Accessibility_Bus:
         self.connection.flush_sync(None)
 
     def close(self):
-        self.connection.close_sync(None)
+        if not self.connection.is_closed():
+            self.connection.close_sync(None)
 
 
 class Focus_Watch:

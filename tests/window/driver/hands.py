@@ -20,8 +20,11 @@ class Hands:
     def click(self, thing, times=1):
         """The left button in the middle of a control or cell."""
         left, top, width, height = thing.rectangle
-        self._desktop.run("xdotool", "mousemove", "--sync", str(left + width // 2), str(top + height // 2),
-                          "click", "--repeat", str(times), "--delay", "60", "1")
+        self.click_at(left + width // 2, top + height // 2, times)
+
+    def click_at(self, x, y, times=1):
+        self._desktop.run("xdotool", "mousemove", "--sync", str(x), str(y), "click", "--repeat", str(times), "--delay",
+                          "60", "1")
 
     def place_window(self, left, top, width, height):
         """Moves and sizes the active window, as dragging its frame would."""

@@ -11,14 +11,14 @@ WRITING = ((0x80, 0xFF, 0x80), (0x00, 0x00, 0xC0))
 FAILED = ((0xFF, 0xC0, 0x80), (0xFF, 0x00, 0x00))
 
 
-def _online(program, field, *faults):
+def _online(program, field, *faults, **port):
     """Online with a controller that holds the document's values; a field of the document is shown."""
     options = ["--config", os.path.join(program.folder, "EXAMPLE.KVRT207D")]
     for fault in faults:
         options += ["--fault", fault]
     controller = program.simulator("KVRT207D", *options)
     path = program.document()
-    program.use_port(controller)
+    program.use_port(controller, **port)
     program.start()
     program.open(path)
     program.expect_title("site7.kvrt207d - Zorvane")
@@ -106,16 +106,32 @@ def a_text_reaches_the_controller(program):
     controller = _online(program, OUTPUTS)
     program.enter(17, VALUE, "NORD-T3")
     _expect_write(controller, MULTIPLE, 117, 0x4E4F, 0x5244, 0x2D54, 0x3320)
+    program.expect_panel(4, "Writing ascii block: 117-120 @NORD-T3 ...Completed")
     program.expect_cell(17, VALUE, "NORD-T3 ")
 
 
-def a_write_shows_its_colours(program):
-    _online(program, REGULATION)
+def a_text_that_fails_is_told_in_the_panel(program):
+    _online(program, OUTPUTS, "wrong-echo@117")
+    program.enter(17, VALUE, "NORD-T3")
+    program.expect_panel(4, "Writing ascii block: 117-120 @NORD-T3 ...Failed")
+    program.expect_cell(17, VALUE, "BRUNN-T2")
+
+
+def a_write_in_progress_shows_its_colours(program):
+    """A silent controller and many retries keep the write going for a while."""
+    _leave_out_of_the_scan(program)
+    _online(program, REGULATION, "silent@250", Retries="20")
     program.settle_on(5, 0)
     program.expect_colours(0, VALUE, *MODIFIABLE)
     program.enter(0, VALUE, "1200")
+    program.expect_panel(4, "Write: 1200 @250 ...Pending")
     program.expect_state(0, VALUE, "Writing")
     program.expect_colours(0, VALUE, *WRITING)
+
+
+def a_write_that_went_well_shows_the_usual_colours(program):
+    _online(program, REGULATION)
+    program.enter(0, VALUE, "1200")
     program.expect_panel(4, "Write: 1200 @250 ...Completed")
     program.settle_on(5, 0)
     program.expect_colours(0, VALUE, *MODIFIABLE)
@@ -148,6 +164,19 @@ def silence_fails_the_write(program):
 
 def a_wrong_echo_fails_the_write(program):
     _a_write_fails(program, "wrong-echo", old="1125")
+
+
+def a_failed_list_choice_marks_the_document(program):
+    """The refresh brings the controller's entry back; the colours of the failure stay."""
+    _online(program, OUTPUTS, "wrong-echo@100")
+    program.hands.keys("ctrl+s")
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.expect_panel(4, "")
+    program.choose_entry(0, VALUE, "Trip")
+    program.expect_panel(4, "Write: 4 @100 ...Failed")
+    program.expect_cell(0, VALUE, "Raise")
+    program.expect_state(0, VALUE, "Write failed")
+    program.expect_title("* site7.kvrt207d - Zorvane")
 
 
 def a_failed_time_stays_as_typed(program):

@@ -94,6 +94,26 @@ def moves_through_the_fields_by_mouse(program):
                program.terminal.settings(program.template("KVRT207D"), path, field))
 
 
+def a_click_on_the_heading_selects_nothing(program):
+    program.start()
+    program.select_field(2)
+    left, top, _, _ = program.fields.table.rectangle
+    for _ in range(3):
+        program.hands.click_at(left + 60, top + 10)
+    program.hands.keys("Down")
+    program.expect_field(3)
+
+
+def a_click_below_the_rows_selects_the_last_one(program):
+    program.start()
+    program.click_field(2)
+    program.click_field(1)
+    left, top, _, height = program.fields.cell(3, 1).rectangle
+    program.hands.click_at(left + 20, top + height + 6)
+    program.expect_field(4)
+    expect("the first setting", lambda: program.settings.cell(0, 0).name, "First delay")
+
+
 def offers_a_file_type_for_each_template(program):
     program.start()
     program.choose("File", "Open...")

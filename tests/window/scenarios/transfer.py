@@ -238,3 +238,26 @@ def download_makes_a_second_controller_like_the_first(program):
                 *range(270, 278)]
     different = [address for address in compared if up[address] != down[address]]
     assert different == [], f"registers that differ: {different}"
+
+
+def close_ends_the_polling(program):
+    controller = program.simulator()
+    program.use_port(controller)
+    _opened(program, _factory_document(program))
+    program.go_online()
+    program.choose("File", "Close")
+    program.message("Do you want to save this file?").answer("No")
+    program.expect_title("Zorvane")
+    program.expect_panel(2, "")
+    assert not program.is_enabled("Communication", "Disconnect"), "Disconnect is enabled without a document"
+    assert not program.is_enabled("Communication", "Upload to PC"), "Upload is enabled without a document"
+
+
+def exit_while_online_ends_the_program(program):
+    controller = program.simulator()
+    program.use_port(controller)
+    _opened(program, _factory_document(program))
+    program.go_online()
+    program.choose("File", "Exit")
+    program.message("Do you want to save this file?").answer("No")
+    assert program.wait_for_end() == 0, "the program ended with a failure"
