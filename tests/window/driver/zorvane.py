@@ -47,6 +47,11 @@ class Zorvane:
         """Ends the program from outside, as a system that shuts down does."""
         end(self.process)
 
+    def kill(self):
+        """Ends the program with no chance to do anything about it."""
+        self.process.kill()
+        self.process.wait()
+
     # Files and other programs.
 
     def stored(self, section, key):
