@@ -57,6 +57,7 @@ def ends_by_the_exit_entry(program):
 
 
 def ends_by_the_keyboard(program):
+    program.without_leak_check()
     program.start()
     program.hands.keys("ctrl+q")
     assert program.wait_for_end() == 0, "the program ended with a failure"
