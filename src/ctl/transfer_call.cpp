@@ -54,7 +54,7 @@ int Transfer_Call::run(const Surroundings& surroundings) {
     link.ClearBlocks();
     Opened_Document opened =
         files_.open(surroundings, port_.ownTimeOut() ? static_cast<Link_Notice*>(&ownTimeOut) : &link);
-    if (!opened.transferable()) return refuse(surroundings);
+    if (!opened.readToTheEnd()) return refuse(surroundings);
 
     Main_Form_State form;
     Terminal_Frame frame(opened.document.Field_Count, freshSelection(opened.document), surroundings.err,
@@ -69,7 +69,7 @@ int Transfer_Call::run(const Surroundings& surroundings) {
     }
     const bool kept = report.finished() && keep(surroundings, opened, comm);
     printTransfer(surroundings, name_, report);
-    return report.complete() && kept && opened.whole() ? Exit_Success : Exit_Failed;
+    return report.complete() && kept ? Exit_Success : Exit_Failed;
 }
 
 int Transfer_Call::refuse(const Surroundings& surroundings) const {
