@@ -46,7 +46,8 @@ def upload_brings_the_controller_s_values(program):
 
 
 def online_menus_and_panels(program):
-    controller = program.simulator()
+    """Rx shows only in a tick of 90 ms in which nothing was sent: hence a slow controller."""
+    controller = program.simulator("KVRT207D", "--turnaround", "250")
     program.use_port(controller)
     _opened(program, _factory_document(program))
     program.go_online()
