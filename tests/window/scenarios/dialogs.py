@@ -37,7 +37,7 @@ def a_key_chord_shows_the_debug_form(program):
 def the_menu_opens_by_keyboard(program):
     program.start()
     program.select_field(2)
-    program.hands.keys("alt+f")
+    program.hands.chord(["alt"], "f")
     expect("the open menu", lambda: program.entry("File", "Open...").is_shown, True)
     program.hands.keys("o")
     program.dialog("CommonDialog").answer("Cancel")
