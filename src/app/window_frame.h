@@ -83,6 +83,7 @@ class Window_Frame final : public Document_Frame {
 
   private:
     [[nodiscard]] QWidget& part(Form_Part part) const;
+    void giveFocusBack();
 
     Main_Window& window_;
     Event_Edge& edge_;
