@@ -200,7 +200,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     bool wish_ = false; ///< StartScan to EndSession
     bool portWanted_ = false;
     bool paused_ = false;
-    bool halted_ = false;  ///< StopScan, until the scan is prepared or started again
+    bool halted_ = false; ///< StopScan, until the scan is prepared or started again
     bool lent_ = false;
     bool missDue_ = false; ///< one block is to be missed for want of a port or of blocks
 };
