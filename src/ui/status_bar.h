@@ -6,6 +6,9 @@
 #include <QStatusBar>
 
 #include <array>
+#include <functional>
+
+class QPushButton;
 
 namespace zorvane {
 
@@ -35,6 +38,11 @@ class Status_Bar final : public QStatusBar {
     [[nodiscard]] bool panelEnabled(int panel) const { return at(panel).isEnabled(); }
     void setPanelEnabled(int panel, bool enabled) { at(panel).setEnabled(enabled); }
 
+    /// The button "Log..." in the message panel, for the log of the last transfer.
+    void setLogOffered(bool offered);
+    [[nodiscard]] bool logOffered() const;
+    std::function<void()> logChosen;
+
     /// In twips.
     void setPanelWidths(const std::array<double, panelCount>& widths);
 
@@ -50,6 +58,7 @@ class Status_Bar final : public QStatusBar {
     void placePanels();
 
     std::array<Status_Panel*, panelCount> panels_{};
+    QPushButton* log_ = nullptr;
     std::array<double, panelCount> widths_ = Window_Layout{}.panelWidths;
 };
 

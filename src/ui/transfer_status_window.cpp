@@ -1,0 +1,40 @@
+#include "ui/transfer_status_window.h"
+
+#include "comm/status.h"
+#include "template/native_files.h"
+
+namespace zorvane {
+
+Transfer_Status_Window::~Transfer_Status_Window() { delete Status_.data(); }
+
+Frm_Status& Transfer_Status_Window::PRO_Muestra_Status(bool isUpload) {
+    delete Status_.data();
+    Status_ =
+        new Frm_Status({transferStatus(comm_, isUpload), [this] { return comm_.document.Always_Block_Count; },
+                        QString::fromStdString(pathToNative(comm_.document.File_Folder)), ask_, printLog_},
+                       handlers(), owner_);
+    Status_->show();
+    return *Status_;
+}
+
+Frm_Status_Events Transfer_Status_Window::handlers() {
+    return {[this](std::int16_t& isUpload) { Status_Connect(comm_, isUpload); },
+            [this](std::int16_t& isUpload) { Status_Retry(comm_, isUpload); }, [this] { Status_UnloadMe(); },
+            [this](std::int16_t& isUpload) { Status_CancelProg(comm_, isUpload); }};
+}
+
+void Transfer_Status_Window::unload() {
+    if (Status_) Status_->unload();
+}
+
+/// One of the form's own buttons may be at work yet.
+void Transfer_Status_Window::Status_UnloadMe() {
+    if (Status_) Status_->deleteLater();
+    Status_.clear();
+}
+
+bool transferLogOffered(const Main_Form_State& form) {
+    return !form.Upload_Active && !form.Download_Active && !form.Transfer_Errors.empty();
+}
+
+} // namespace zorvane
