@@ -146,7 +146,7 @@ void Port_Dialog::addLine(QFormLayout& form) {
     dataBits_ = &choice({{QStringLiteral("7"), 7}, {QStringLiteral("8"), 8}});
     addRow(form, QStringLiteral("&Data bits:"), *dataBits_, "CMB_DataBits");
     stopBits_ = &choice({{QStringLiteral("1"), 1}, {QStringLiteral("2"), 2}});
-    addRow(form, QStringLiteral("S&top bits:"), *stopBits_, "CMB_StopBits");
+    addRow(form, QStringLiteral("Stop b&its:"), *stopBits_, "CMB_StopBits");
 }
 
 void Port_Dialog::addExchange(QFormLayout& form) {
@@ -177,7 +177,7 @@ void Port_Dialog::addDirection(QFormLayout& form) {
 
 void Port_Dialog::addTest() {
     auto* row = new QHBoxLayout;
-    testButton_ = new QPushButton(QStringLiteral("Te&st"));
+    testButton_ = new QPushButton(QStringLiteral("&Test"));
     giveName(*testButton_, QStringLiteral("BOT_Test"));
     testButton_->setToolTip(QStringLiteral("Reads one register with what is entered"));
     testButton_->setAutoDefault(false);
@@ -264,7 +264,7 @@ void Port_Dialog::startOrStopTest() {
     }
     if (const std::string wrong = fault(); !wrong.empty()) return verdict_->setPlainText(fromPort(wrong));
     const Test_Request request = testRequest();
-    testButton_->setText(QStringLiteral("&Stop"));
+    testButton_->setText(QStringLiteral("S&top"));
     verdict_->setPlainText(QStringLiteral("Testing..."));
     if (parts_.lendPort) parts_.lendPort();
     test_.start(request, [this, request](const Test_Report& report) {
@@ -276,7 +276,7 @@ void Port_Dialog::startOrStopTest() {
 void Port_Dialog::testEnded() {
     test_.cancel();
     if (parts_.takePortBack) parts_.takePortBack();
-    testButton_->setText(QStringLiteral("Te&st"));
+    testButton_->setText(QStringLiteral("&Test"));
 }
 
 void Port_Dialog::done(int result) {

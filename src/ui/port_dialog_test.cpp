@@ -148,11 +148,11 @@ TEST_F(Port_Dialog_Test, TheTestAsksWithWhatIsEnteredAndTellsTheVerdict) {
     };
     press("BOT_Test");
     EXPECT_EQ(verdict(), "Testing...");
-    EXPECT_EQ(at<QPushButton>("BOT_Test").text(), "&Stop");
+    EXPECT_EQ(at<QPushButton>("BOT_Test").text(), "S&top");
     EXPECT_EQ(told, "lent ");
     clock.runFor(microsPerSecond);
     EXPECT_EQ(verdict(), "Good: Unit 7 answered after 20 ms.");
-    EXPECT_EQ(at<QPushButton>("BOT_Test").text(), "Te&st");
+    EXPECT_EQ(at<QPushButton>("BOT_Test").text(), "&Test");
     EXPECT_EQ(told, "lent back ");
     ASSERT_EQ(port.written.size(), 1U);
     EXPECT_EQ(port.written[0].at(3), 99); // register 40100 on the wire
