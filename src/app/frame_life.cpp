@@ -63,6 +63,7 @@ void TMR_Abre_ZTP_Timer(const App_Context& app) {
     PRO_Leer_INIFIle(app.document(), app.reading(),
                      app.applicationFolder + folderSeparator + defaultTemplate);
     app.state.documentType = defaultType;
+    app.document().No_Place = true;
     PRO_Arma_Configuration(app.grids);
     PRO_Llena_Configuration(app.grids);
     app.form().Document_Open = true;

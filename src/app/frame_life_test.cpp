@@ -106,6 +106,13 @@ TEST_F(StartUp, TheFirstTimerShowsTheDefaultTemplate) {
     EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Upload));
 }
 
+TEST_F(StartUp, TheDefaultTemplateCantBeSavedAlsoAfterAChange) {
+    files.put("/app/KVRT.ztp", smallTemplate());
+    TMR_Abre_ZTP_Timer(app);
+    edit(1, "11");
+    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save));
+}
+
 TEST_F(StartUp, AMissingDefaultTemplateIsToldAndLeavesAnEmptyScreen) {
     TMR_Abre_ZTP_Timer(app);
     EXPECT_EQ(messages(),

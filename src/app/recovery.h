@@ -62,6 +62,8 @@ class Recovery {
     /// The copies but for that of the document at hand, the newest first.
     [[nodiscard]] std::vector<Recovery_Entry> list();
     [[nodiscard]] std::string path(const Recovery_Entry& entry) const { return folder_.path(entry.file); }
+    /// The user doesn't want that copy any more.
+    void remove(const Recovery_Entry& entry) { folder_.remove(entry.file); }
 
   private:
     [[nodiscard]] std::vector<Recovery_Entry> all();

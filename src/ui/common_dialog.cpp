@@ -51,10 +51,10 @@ bool Common_Dialog::ShowOpen(QWidget* parent) {
     setUp(dialog);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     const QCheckBox* readOnly =
-        (Flags & Dialog_HideReadOnly) != 0 ? nullptr : addReadOnlyBox(dialog, (Flags & Dialog_ReadOnly) != 0);
+        (Flags & HideReadOnly) != 0 ? nullptr : addReadOnlyBox(dialog, (Flags & ReadOnly) != 0);
     if (!finish(dialog)) return false;
     const bool ticked = readOnly != nullptr && readOnly->isChecked();
-    Flags = ticked ? Flags | Dialog_ReadOnly : Flags & ~Dialog_ReadOnly;
+    Flags = ticked ? Flags | ReadOnly : Flags & ~ReadOnly;
     return true;
 }
 
@@ -62,7 +62,7 @@ bool Common_Dialog::ShowSave(QWidget* parent) {
     QFileDialog dialog(parent);
     setUp(dialog);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite, (Flags & Dialog_OverwritePrompt) == 0);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, (Flags & OverwritePrompt) == 0);
     if (!DefaultExt.isEmpty()) dialog.setDefaultSuffix(DefaultExt);
     return finish(dialog);
 }

@@ -9,16 +9,16 @@ class QWidget;
 
 namespace zorvane {
 
-/// What the flags of a file dialog say.
-enum Dialog_Flag : int {
-    Dialog_ReadOnly = 1,        ///< after ShowOpen: the user ticked the read-only box; before: it is ticked
-    Dialog_OverwritePrompt = 2, ///< ShowSave asks before it gives the name of a file that exists
-    Dialog_HideReadOnly = 4,    ///< ShowOpen has no read-only box
-};
-
 /// A file dialog, the same on every desktop. Names are the user's, with "/" between folders.
 class Common_Dialog final {
   public:
+    /// Bits of `Flags`.
+    enum Flag : int {
+        ReadOnly = 1,        ///< after ShowOpen: the user ticked the read-only box; before: it is ticked
+        OverwritePrompt = 2, ///< ShowSave asks before it gives the name of a file that exists
+        HideReadOnly = 4,    ///< ShowOpen has no read-only box
+    };
+
     QString FileName;
     QString DialogTitle;
     QString Filter;      ///< "text|pattern|text|pattern|"

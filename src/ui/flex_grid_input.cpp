@@ -42,7 +42,7 @@ void Flex_Grid_View::currentChanged(const QModelIndex& current, const QModelInde
 
 void Flex_Grid_View::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     QTableView::selectionChanged(selected, deselected);
-    if (flushing_) return;
+    if (flushing_ || (selected.isEmpty() && deselected.isEmpty())) return; // a new view tells of nothing, too
     selected_ = true;
     noteMove();
 }

@@ -101,6 +101,14 @@ TEST_F(Flex_Grid_View_Test, FollowsWhatTheOwnerSelectsWithoutTellingItBack) {
     EXPECT_TRUE(told.empty());
 }
 
+TEST_F(Flex_Grid_View_Test, ANewOneTellsNothing) {
+    Flex_Grid_View fresh(&window);
+    int told = 0;
+    fresh.events.RowColChange = fresh.events.SelChange = [&] { ++told; };
+    QApplication::processEvents();
+    EXPECT_EQ(told, 0);
+}
+
 TEST_F(Flex_Grid_View_Test, DoesntScrollForTheOwner) {
     show();
     stand(20, 0);

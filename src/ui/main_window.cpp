@@ -119,7 +119,12 @@ void Main_Window::dropSplitter() {
 }
 
 Twips_Rect Main_Window::formRect() const {
-    return {scale().twipsX(x()), scale().twipsY(y()), scale().twipsX(width()), scale().twipsY(height())};
+    const bool filled = windowState().testFlag(Qt::WindowMaximized) && normalGeometry().isValid();
+    const QSize size = filled ? normalGeometry().size() : this->size();
+    const QPoint corner =
+        filled ? normalGeometry().topLeft() - (geometry().topLeft() - frameGeometry().topLeft()) : pos();
+    return {scale().twipsX(corner.x()), scale().twipsY(corner.y()), scale().twipsX(size.width()),
+            scale().twipsY(size.height())};
 }
 
 void Main_Window::setFormRect(const Twips_Rect& place) {

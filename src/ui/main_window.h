@@ -45,7 +45,8 @@ class Main_Window final : public QMainWindow {
     [[nodiscard]] const Window_Layout& formLayout() const { return layout_; }
     [[nodiscard]] Twips_Scale scale() const { return layout_.scale; }
 
-    /// The form's place on the screen, in twips: the corner of its frame, and its size without the frame.
+    /// The form's place on the screen, in twips: the corner of its frame, and its size without the frame. Of
+    /// a maximized form it is the place that it goes back to.
     [[nodiscard]] Twips_Rect formRect() const;
     void setFormRect(const Twips_Rect& place);
 

@@ -42,13 +42,18 @@ Porcentaje::Porcentaje(Porcentaje_Hooks hooks, QWidget* parent)
     bar_->setValue(0);
     cancel_ = &addButton(QStringLiteral("BOT_Cancel"), QStringLiteral("Cancel"), cancelPlace);
     ok_ = &addButton(QStringLiteral("Bot_Ok"), QStringLiteral("Ok"), okPlace);
-    ok_->hide();
-    cancel_->setFocus();
+    load();
     connect(cancel_, &QPushButton::clicked, this, [this] { cancelChosen(); });
     connect(ok_, &QPushButton::clicked, this, [this] { unload(); });
 }
 
 void Porcentaje::setLabel(const QString& text) { label_->setText(text); }
+
+void Porcentaje::load() {
+    ok_->hide();
+    cancel_->show();
+    cancel_->setFocus();
+}
 
 void Porcentaje::Deshabilita_Cancelar() {
     cancel_->hide();

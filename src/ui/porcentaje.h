@@ -27,6 +27,8 @@ class Porcentaje final : public Fixed_Dialog {
     void setLabel(const QString& text);
     [[nodiscard]] QProgressBar& Progress_Bar() { return *bar_; }
 
+    /// The state of a new form: Cancel in place of Ok.
+    void load();
     /// The closing state: Ok in place of Cancel, and the bar at 0.
     void Deshabilita_Cancelar();
     /// Closes the form without asking.

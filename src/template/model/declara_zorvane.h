@@ -90,7 +90,7 @@ struct Declara_Zorvane {
     std::string File_Stem;      ///< the file's name before its first dot, upper case
     std::string File_Extension; ///< the rest, upper case, without that dot
     std::string File_Folder;    ///< ends in the folder separator
-    bool No_Place = false;      ///< it has a name but no file yet: what was opened is a recovery copy
+    bool No_Place = false; ///< it has no file of its own: a recovery copy, or the default template's values
 };
 
 /// The highest field number: the callers of the reader give the document room for fields 0 to 100.

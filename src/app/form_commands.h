@@ -1,0 +1,32 @@
+#pragma once
+
+#include "app/app_context.h"
+#include "app/event_edge.h"
+#include "app/window_frame.h"
+
+#include <functional>
+
+namespace zorvane {
+
+/// What the parts of the window's menu work on. Nothing in it is owned.
+struct Form_Parts {
+    const App_Context& app;
+    Window_Frame& frame;
+    Event_Edge& edge;
+
+    [[nodiscard]] Main_Window& window() const { return frame.window(); }
+    /// What an entry of the menu does.
+    void onChosen(const QString& entry, const std::function<void()>& handler) const;
+};
+
+// One function for each part of the menu: it gives every entry its command. An entry whose feature isn't
+// there yet is disabled.
+
+void connectDocumentCommands(const Form_Parts& parts);      ///< "File" without its reports; a file dropped
+void connectReportCommands(const Form_Parts& parts);        ///< page set-up, printing, the grid in the report
+void connectCommunicationCommands(const Form_Parts& parts); ///< "Communication"
+void connectViewCommands(const Form_Parts& parts);          ///< "View"
+void connectWindowCommands(const Form_Parts& parts);        ///< "Windows" and the tray
+void connectHelpCommands(const Form_Parts& parts);          ///< "Help"
+
+} // namespace zorvane

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "app/settings_store.h"
+#include "comm/port_settings.h"
+
+namespace zorvane {
+
+/// The port settings that the user chose last, section "ModbusPort". What isn't stored, or can't be used,
+/// stands at its default.
+[[nodiscard]] Port_Settings storedPortSettings(Settings_Store& store);
+
+void storePortSettings(Settings_Store& store, const Port_Settings& settings);
+
+} // namespace zorvane

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "app/recovery.h"
+
+#include <QDialog>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class QLabel;
+class QPushButton;
+class QTableWidget;
+
+namespace zorvane {
+
+/// "Recover...": the list of recovery copies, the newest first. Enter or a double click opens one, Delete
+/// deletes it.
+class Recover_Form final : public QDialog {
+  public:
+    using Remove_Copy = std::function<void(const Recovery_Entry& entry)>;
+    using Ask = std::function<int(const QString& prompt, int style, const QString& title)>;
+
+    Recover_Form(std::vector<Recovery_Entry> entries, Remove_Copy remove, Ask ask, QWidget* parent);
+
+    /// The copy to open, after the dialog was accepted.
+    [[nodiscard]] std::optional<Recovery_Entry> chosen() const;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void addTable();
+    void addButtons();
+    void fillTable();
+    void deleteChosen();
+    void update();
+    [[nodiscard]] std::optional<std::size_t> current() const;
+
+    std::vector<Recovery_Entry> entries_;
+    Remove_Copy remove_;
+    Ask ask_;
+    QTableWidget* table_ = nullptr;
+    QLabel* words_ = nullptr;
+    QPushButton* open_ = nullptr;
+    QPushButton* delete_ = nullptr;
+};
+
+} // namespace zorvane
