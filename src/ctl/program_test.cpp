@@ -235,9 +235,9 @@ TEST_F(Line, AFileIsNoPort) {
 }
 
 TEST_F(Line, ABusyPortIsTold) {
-    startController({"--fault", "silent"});
+    startController({"--fault", "silent", "--log", "-"});
     Spawned_Program holder(command(ctl, transfer("upload", {"--timeout", "60000"})));
-    ASSERT_TRUE(holder.awaitNotice("Uploading data from the controller..."));
+    ASSERT_TRUE(controller->awaitOutput(R"("direction":"in")")); // so the port is open
     const Ctl_Run busy = run(transfer("upload"));
     EXPECT_EQ(busy.code, 1);
     EXPECT_THAT(busy.err, HasSubstr("Busy: another program has the port open. Close that program and try "

@@ -41,7 +41,8 @@ void fillCell(VSFlexGrid& grid, Field_Rec& field, std::int32_t r, std::int32_t c
     const Cell_Fill fill = decide(cells(r, c + 1));
     if (fill.stored) field.Cells(r, c + 1).Value = *fill.stored;
     // A cell that shows nothing also loses what another field left there.
-    grid.setTextMatrix(r, c, fill.shown.value_or(""));
+    static const std::string nothing;
+    grid.setTextMatrix(r, c, fill.shown ? *fill.shown : nothing);
 }
 
 void fillCells(VSFlexGrid& grid, Declara_Zorvane& document, Field_Rec& field, const Cell_Decision& decide) {

@@ -100,11 +100,11 @@ Scene randomScene(Random_Texts& random) {
 }
 
 std::string describe(const Scene& scene) {
-    return "type \"" + scene.definition.Column_Type + "\", negative \"" +
-           scene.definition.Bits_Negative_Format + "\", format \"" + scene.cell.Format + "\", address \"" +
-           scene.cell.Address + "\", value \"" + scene.cell.Value + "\", limits \"" + scene.cell.Min_Value +
-           "\" to \"" + scene.cell.Max_Value + "\", ascii " + (scene.cell.Is_Ascii_Range ? "yes" : "no") +
-           ", text \"" + scene.text + "\"";
+    return "type \"" + scene.definition.Column_Type.text() + "\", negative \"" +
+           scene.definition.Bits_Negative_Format.text() + "\", format \"" + scene.cell.Format.text() +
+           "\", address \"" + scene.cell.Address + "\", value \"" + scene.cell.Value + "\", limits \"" +
+           scene.cell.Min_Value + "\" to \"" + scene.cell.Max_Value + "\", ascii " +
+           (scene.cell.Is_Ascii_Range ? "yes" : "no") + ", text \"" + scene.text + "\"";
 }
 
 /// The scene put before the user, and the text committed.

@@ -6,6 +6,7 @@
 #include <QPaintEvent>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace zorvane {
@@ -49,6 +50,7 @@ void Flex_Grid_View::setSelectsRows(bool rows) {
 }
 
 void Flex_Grid_View::cellChanged(std::int32_t row, std::int32_t col) {
+    if (!store().Visible()) return; // all cells count as changed when it is shown again
     if (!changed_) {
         changed_ = Cell_Range{row, col, row, col};
         scheduleFlush();
@@ -77,6 +79,8 @@ void Flex_Grid_View::currentChangedByOwner() {
 
 void Flex_Grid_View::visibleChanged() {
     visibleChanged_ = true;
+    constexpr std::int32_t all = std::numeric_limits<std::int32_t>::max();
+    changed_ = Cell_Range{0, 0, all, all};
     if (store().Visible()) {
         scheduleFlush();
         flush();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "values/box.h"
 #include "values/run_time_failure.h"
 
 #include <cstddef>
@@ -15,33 +16,28 @@ template <class T, std::int32_t Lower = 0> class Checked_Array {
     /// Gives the array new bounds; all entries are empty. An upper bound below `Lower` is failure 9.
     void redim(std::int32_t upper) {
         requireUpper(upper);
-        entries_.clear();
-        entries_.resize(count(upper));
-        dimensioned_ = true;
+        entries_.emplace(count(upper));
     }
 
     /// Gives the array new bounds and keeps the entries that lie within them.
     void redimPreserve(std::int32_t upper) {
         requireUpper(upper);
-        entries_.resize(count(upper));
-        dimensioned_ = true;
+        if (!entries_) entries_.emplace();
+        entries_->resize(count(upper));
     }
 
     /// Takes the dimensions away.
-    void erase() {
-        entries_.clear();
-        dimensioned_ = false;
-    }
+    void erase() { entries_.reset(); }
 
-    [[nodiscard]] bool dimensioned() const noexcept { return dimensioned_; }
+    [[nodiscard]] bool dimensioned() const noexcept { return static_cast<bool>(entries_); }
 
     [[nodiscard]] std::int32_t upperBound() const {
-        if (!dimensioned_) throw Run_Time_Failure(Failure::Subscript);
-        return static_cast<std::int32_t>(entries_.size()) + Lower - 1;
+        if (!entries_) throw Run_Time_Failure(Failure::Subscript);
+        return static_cast<std::int32_t>(entries_->size()) + Lower - 1;
     }
 
-    [[nodiscard]] T& operator()(std::int32_t index) { return entries_[offset(index)]; }
-    [[nodiscard]] const T& operator()(std::int32_t index) const { return entries_[offset(index)]; }
+    [[nodiscard]] T& operator()(std::int32_t index) { return (*entries_)[offset(index)]; }
+    [[nodiscard]] const T& operator()(std::int32_t index) const { return (*entries_)[offset(index)]; }
 
   private:
     static void requireUpper(std::int32_t upper) {
@@ -52,13 +48,12 @@ template <class T, std::int32_t Lower = 0> class Checked_Array {
     }
     [[nodiscard]] std::size_t offset(std::int32_t index) const {
         const auto place = static_cast<std::int64_t>(index) - Lower;
-        if (place < 0 || place >= static_cast<std::int64_t>(entries_.size()))
+        if (place < 0 || !entries_ || place >= static_cast<std::int64_t>(entries_->size()))
             throw Run_Time_Failure(Failure::Subscript);
         return static_cast<std::size_t>(place);
     }
 
-    std::vector<T> entries_;
-    bool dimensioned_ = false;
+    Box<std::vector<T>> entries_; ///< nothing: no dimensions
 };
 
 } // namespace zorvane

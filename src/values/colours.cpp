@@ -28,9 +28,10 @@ constexpr std::array<Colour_Word, 9> colourWords = {{{"BLACK", 0x404040},
 } // namespace
 
 std::int32_t colourOf(std::string_view word) {
-    const std::string wanted = upperTrimmed(word);
-    const auto found = std::find_if(colourWords.begin(), colourWords.end(),
-                                    [&](const Colour_Word& entry) { return entry.word == wanted; });
+    const std::string_view wanted = trimBlanks(word);
+    const auto found = std::find_if(colourWords.begin(), colourWords.end(), [&](const Colour_Word& entry) {
+        return isUpperCaseOf(entry.word, wanted);
+    });
     return found == colourWords.end() ? 0 : found->packed;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "values/checked_array.h"
+#include "values/seldom_text.h"
 
 #include <cstdint>
 #include <string>
@@ -16,22 +17,22 @@ struct Message_Rec {
 /// A cell of a field's table. All values, limits and addresses are text and are converted at each use.
 /// Members marked "row 0" are used by the definition row only and hold for the whole column.
 struct Cell_Rec {
-    std::int16_t Row = 0;       ///< row 0: always 0
-    std::int16_t Column = 0;    ///< row 0: the column's number
-    std::string Min_Value;      ///< lowest accepted value, decimal; a time as total seconds
-    std::string Max_Value;      ///< highest accepted value, same form
+    std::int16_t Row = 0;        ///< row 0: always 0
+    std::int16_t Column = 0;     ///< row 0: the column's number
+    std::int16_t Width = 0;      ///< row 0: grid column width in twips
+    bool Modifiable = false;     ///< row 0: the user may edit this column
+    bool Is_Ascii_Range = false; ///< the cell spans Address to Address_End as text
+    bool Has_Messages = false;   ///< Messages() is set: the value is a code with a text
+    std::string Min_Value;       ///< lowest accepted value, decimal; a time as total seconds
+    std::string Max_Value;       ///< highest accepted value, same form
     std::string Address;        ///< `40123`, `40123/HI`, `40123/LO`, first of an ASCII range; "": no register
-    std::string Address_End;    ///< last address of an ASCII range
-    bool Modifiable = false;    ///< row 0: the user may edit this column
+    Seldom_Text Address_End;    ///< last address of an ASCII range
     std::string Value;          ///< row 0: the heading; else the document's value as text
-    std::int16_t Width = 0;     ///< row 0: grid column width in twips
-    std::string Alignment;      ///< row 0: LEFT, RIGHT, RIGTH (a valid spelling of right) or CENTER
-    std::string Column_Type;    ///< row 0: kind of typed entry
-    std::string Modbus_Request; ///< row 0: request word of the column, upper case
-    std::string Bits_Negative_Format;    ///< row 0: how a negative number is held in the register
-    bool Is_Ascii_Range = false;         ///< the cell spans Address to Address_End as text
-    bool Has_Messages = false;           ///< Messages() is set: the value is a code with a text
-    std::string Format;                  ///< TIME, TIMEMM, TIMESS, NUMERIC_UNSIGNED, or empty: signed 16 bits
+    Seldom_Text Alignment;      ///< row 0: LEFT, RIGHT, RIGTH (a valid spelling of right) or CENTER
+    Seldom_Text Column_Type;    ///< row 0: kind of typed entry
+    Seldom_Text Modbus_Request; ///< row 0: request word of the column, upper case
+    Seldom_Text Bits_Negative_Format;    ///< row 0: how a negative number is held in the register
+    Seldom_Text Format;                  ///< TIME, TIMEMM, TIMESS, NUMERIC_UNSIGNED, or empty: signed 16 bits
     Checked_Array<Message_Rec> Messages; ///< entries from 1; entry 0 stays empty
 };
 

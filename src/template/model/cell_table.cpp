@@ -5,33 +5,14 @@
 
 namespace zorvane {
 
-namespace {
-
-/// Rows are mostly narrower than this: then a row is one group.
-constexpr std::int32_t largestGroup = 32;
-
-} // namespace
-
 void Cell_Table::redim(std::int32_t rows, std::int32_t columns) {
     if (rows < 0 || columns < 0) throw Run_Time_Failure(Failure::Subscript);
     table_.clear();
     table_.resize(static_cast<std::size_t>(rows) + 1);
     rows_ = rows;
     columns_ = columns;
-    groupSize_ = std::min(columns + 1, largestGroup);
+    groupSize_ = std::min(columns + 1, static_cast<std::int32_t>(largestGroup));
     dropIndex();
-}
-
-void Cell_Table::require(std::int32_t row, std::int32_t column) const {
-    if (row < 0 || row > rows_ || column < 0 || column > columns_) throw Run_Time_Failure(Failure::Subscript);
-}
-
-std::size_t Cell_Table::groupOf(std::int32_t column) const noexcept {
-    return static_cast<std::size_t>(column / groupSize_);
-}
-
-std::size_t Cell_Table::placeOf(std::int32_t column) const noexcept {
-    return static_cast<std::size_t>(column % groupSize_);
 }
 
 Cell_Rec& Cell_Table::operator()(std::int32_t row, std::int32_t column) {
@@ -46,13 +27,9 @@ Cell_Rec& Cell_Table::operator()(std::int32_t row, std::int32_t column) {
     return cells.groups[group][placeOf(column)];
 }
 
-const Cell_Rec& Cell_Table::operator()(std::int32_t row, std::int32_t column) const {
-    static const Cell_Rec untouched;
-    require(row, column);
-    const Row& cells = table_[static_cast<std::size_t>(row)];
-    const std::size_t group = groupOf(column);
-    return group < cells.groups.size() && cells.groups[group] ? cells.groups[group][placeOf(column)]
-                                                              : untouched;
+const Cell_Rec& Cell_Table::untouched() noexcept {
+    static const Cell_Rec cell;
+    return cell;
 }
 
 std::int32_t Cell_Table::rows() const {

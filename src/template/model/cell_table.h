@@ -19,7 +19,13 @@ class Cell_Table {
     void redim(std::int32_t rows, std::int32_t columns);
 
     [[nodiscard]] Cell_Rec& operator()(std::int32_t row, std::int32_t column);
-    [[nodiscard]] const Cell_Rec& operator()(std::int32_t row, std::int32_t column) const;
+    [[nodiscard]] const Cell_Rec& operator()(std::int32_t row, std::int32_t column) const {
+        require(row, column);
+        const Row& cells = table_[static_cast<std::size_t>(row)];
+        const std::size_t group = groupOf(column);
+        return group < cells.groups.size() && cells.groups[group] ? cells.groups[group][placeOf(column)]
+                                                                  : untouched();
+    }
 
     [[nodiscard]] bool dimensioned() const noexcept { return rows_ >= 0; }
 
@@ -43,9 +49,20 @@ class Cell_Table {
         std::int32_t lastWritten = -1;
     };
 
-    void require(std::int32_t row, std::int32_t column) const;
-    [[nodiscard]] std::size_t groupOf(std::int32_t column) const noexcept;
-    [[nodiscard]] std::size_t placeOf(std::int32_t column) const noexcept;
+    /// Rows are mostly narrower than this: then a row is one group.
+    static constexpr std::uint32_t largestGroup = 32;
+
+    void require(std::int32_t row, std::int32_t column) const {
+        if (row < 0 || row > rows_ || column < 0 || column > columns_)
+            throw Run_Time_Failure(Failure::Subscript);
+    }
+    [[nodiscard]] static std::size_t groupOf(std::int32_t column) noexcept {
+        return static_cast<std::uint32_t>(column) / largestGroup;
+    }
+    [[nodiscard]] static std::size_t placeOf(std::int32_t column) noexcept {
+        return static_cast<std::uint32_t>(column) % largestGroup;
+    }
+    [[nodiscard]] static const Cell_Rec& untouched() noexcept;
     void buildIndex();
     void dropIndex();
 
