@@ -116,7 +116,7 @@ std::string_view trafficHeading(Traffic_Column column) noexcept {
 
 std::string trafficText(const Traffic_Entry& entry, Traffic_Column column, Micros midnight) {
     if (column == Traffic_Column::Time)
-        return std::visit([midnight](const auto& row) { return timeOfDay(row.at - midnight); }, entry);
+        return std::visit([midnight](const auto& row) { return timeOfDayText(row.at - midnight); }, entry);
     const bool result = column == Traffic_Column::Result;
     return std::visit(
         Overloaded{[column](const Exchange_Record& exchange) { return exchangeText(exchange, column); },
@@ -156,7 +156,7 @@ std::string trafficLine(const Traffic_Entry& entry, Micros midnight) {
     return line + raw;
 }
 
-std::string timeOfDay(Micros sinceMidnight) {
+std::string timeOfDayText(Micros sinceMidnight) {
     const std::int64_t ms = (sinceMidnight / microsPerMs % msPerDay + msPerDay) % msPerDay;
     return padded(ms / 3600000, 2) + ":" + padded(ms / 60000 % 60, 2) + ":" + padded(ms / 1000 % 60, 2) +
            "." + padded(ms % 1000, 3);

@@ -41,7 +41,7 @@ inline constexpr std::array trafficColumns = {
 [[nodiscard]] std::string trafficLine(const Traffic_Entry& entry, Micros midnight);
 
 /// "14:05:07.250": time of day, in ms, of so many microseconds since midnight; later days begin anew.
-[[nodiscard]] std::string timeOfDay(Micros sinceMidnight);
+[[nodiscard]] std::string timeOfDayText(Micros sinceMidnight);
 
 /// The rows kept, the newest last; the oldest go when there are too many.
 class Traffic_Rows {

@@ -79,10 +79,10 @@ TEST(TrafficRows, ALineHasTabsAndTheBytesBehind) {
 
 TEST(TrafficRows, TimeOfDayBeginsAnewEachDay) {
     constexpr Micros day = 24 * 60 * 60 * microsPerSecond;
-    EXPECT_EQ(timeOfDay(day - 1), "23:59:59.999");
-    EXPECT_EQ(timeOfDay(day), "00:00:00.000");
-    EXPECT_EQ(timeOfDay(3 * day + 61 * microsPerSecond), "00:01:01.000");
-    EXPECT_EQ(timeOfDay(-microsPerMs), "23:59:59.999");
+    EXPECT_EQ(timeOfDayText(day - 1), "23:59:59.999");
+    EXPECT_EQ(timeOfDayText(day), "00:00:00.000");
+    EXPECT_EQ(timeOfDayText(3 * day + 61 * microsPerSecond), "00:01:01.000");
+    EXPECT_EQ(timeOfDayText(-microsPerMs), "23:59:59.999");
 }
 
 TEST(TrafficRows, TheOldestGoWhenThereAreTooMany) {

@@ -76,12 +76,14 @@ struct Frm_Status_Test : ::testing::Test, doubles::Comm_Bench {
     int answer = 6;
     QString printed;
     Transfer_Status_Window status{
-        comm, nullptr,
-        [this](const QString& prompt, int style, const QString& title) {
-            asked += QStringLiteral("%1/%2/%3").arg(prompt).arg(style).arg(title);
-            return answer;
-        },
-        [this](QTextEdit& text, const QString& name) { printed = name + "|" + text.toPlainText().left(15); }};
+        comm,
+        nullptr,
+        {[this](const QString& prompt, int style, const QString& title) {
+             asked += QStringLiteral("%1/%2/%3").arg(prompt).arg(style).arg(title);
+             return answer;
+         },
+         [this](QTextEdit& text, const QString& name) { printed = name + "|" + text.toPlainText().left(15); },
+         {}}};
     static constexpr const char* report =
         "Transfer Method: Upload to PC\r\nTarget Slave Number: 7\r\nPort: Com 3\r\n"
         "Baud: 9600 Parity: Event Format: 8,1 stop\r\n"

@@ -7,14 +7,23 @@
 
 namespace zorvane {
 
+/// What the transfer status window needs of the program.
+struct Transfer_Status_Hooks {
+    Ask_User ask;
+    /// Prints the report, or what is selected in it; may be empty.
+    std::function<void(QTextEdit& RtbStatus, const QString& LogFileName)> printLog;
+    /// Runs what a button does, where run-time failures are caught; may be empty.
+    std::function<void(const std::function<void()>& handler)> guard;
+};
+
 /// The main form's side of the transfer status form: opens it and answers its buttons.
 class Transfer_Status_Window final {
   public:
-    using Print_Log = std::function<void(QTextEdit& RtbStatus, const QString& LogFileName)>;
+    using Print_Log = decltype(Transfer_Status_Hooks::printLog);
 
     /// All parts must outlive it.
-    Transfer_Status_Window(const Comm_Context& comm, QWidget* owner, Ask_User ask, Print_Log printLog = {})
-        : comm_(comm), owner_(owner), ask_(std::move(ask)), printLog_(std::move(printLog)) {}
+    Transfer_Status_Window(const Comm_Context& comm, QWidget* owner, Transfer_Status_Hooks hooks)
+        : comm_(comm), owner_(owner), hooks_(std::move(hooks)) {}
     ~Transfer_Status_Window();
     Transfer_Status_Window(const Transfer_Status_Window&) = delete;
     Transfer_Status_Window& operator=(const Transfer_Status_Window&) = delete;
@@ -29,11 +38,11 @@ class Transfer_Status_Window final {
   private:
     [[nodiscard]] Frm_Status_Events handlers();
     void Status_UnloadMe();
+    void run(const std::function<void()>& handler) const;
 
     Comm_Context comm_;
     QWidget* owner_;
-    Ask_User ask_;
-    Print_Log printLog_;
+    Transfer_Status_Hooks hooks_;
     QPointer<Frm_Status> Status_;
 };
 
