@@ -96,11 +96,13 @@ void KVRT_Principal::connectForm() {
     frame_.grids().refill = [this](std::int32_t row) {
         PRO_Llena_Settings(app_.grids, toInteger(row), false);
     };
-    frame_.Porcentaje().hooks = {[this] { link().PauseScan(); },
-                                 frame_.ask,
-                                 [this] { form_.Cancel_Requested = true; },
-                                 [this] { link().ResumeScan(); },
-                                 {}};
+    Porcentaje_Hooks& hooks = frame_.Porcentaje().hooks;
+    hooks.pauseScan = [this] { link().PauseScan(); };
+    hooks.ask = [this](const QString& prompt, int style, const QString& title) {
+        return frame_.ask(prompt, style, title);
+    };
+    hooks.abort = [this] { form_.Cancel_Requested = true; };
+    hooks.resumeScan = [this] { link().ResumeScan(); };
 }
 
 void KVRT_Principal::connectTimers() {

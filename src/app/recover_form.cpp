@@ -20,6 +20,7 @@ namespace {
 
 constexpr double formWidth = 9000; // twips
 constexpr double formHeight = 5000;
+constexpr double columnMargin = 240;
 
 struct Column {
     const char* heading;
@@ -62,6 +63,7 @@ void Recover_Form::addTable() {
     table_->verticalHeader()->hide();
     table_->horizontalHeader()->setStretchLastSection(true);
     table_->horizontalHeader()->setHighlightSections(false);
+    table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -100,6 +102,8 @@ void Recover_Form::fillTable() {
             table_->setItem(static_cast<int>(r), static_cast<int>(c),
                             new QTableWidgetItem(shownText(entries_[r].*columns[c].member)));
     table_->resizeColumnsToContents();
+    for (int c = 0; c < table_->columnCount(); ++c)
+        table_->setColumnWidth(c, table_->columnWidth(c) + scaleOf(*this).pixelsX(columnMargin));
     if (!entries_.empty()) table_->selectRow(0);
     update();
 }

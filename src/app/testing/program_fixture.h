@@ -120,9 +120,14 @@ class Program_Fixture : public testing::Test {
         return texts;
     }
 
+    /// Without a window manager nobody gives the window the focus back after a dialog.
+    void focus(Flex_Grid& grid) {
+        QApplication::setActiveWindow(&program->window());
+        grid.view().setFocus();
+    }
     /// The user selects a field in the upper grid by keys.
     void selectField(std::int32_t row) {
-        upper().view().setFocus();
+        focus(upper());
         while (upper().Row() != row)
             QTest::keyClick(&upper().view(), upper().Row() < row ? Qt::Key_Down : Qt::Key_Up);
         QApplication::processEvents();
@@ -131,7 +136,7 @@ class Program_Fixture : public testing::Test {
     void type(std::int32_t row, std::int32_t col, const QString& entry) {
         lower().setRow(row);
         lower().setCol(col);
-        lower().view().setFocus();
+        focus(lower());
         QTest::keyClick(&lower().view(), Qt::Key_Delete);
         QTest::keyClicks(QApplication::focusWidget(), entry);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
