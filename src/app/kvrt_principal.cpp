@@ -46,8 +46,8 @@ Program_Places programPlaces() {
 KVRT_Principal::KVRT_Principal(const Program_Places& places)
     : recoveryFolder_(places.recoveryFolder),
       recovery_(recoveryFolder_, timeOfDay, std::to_string(QCoreApplication::applicationPid())),
-      frame_(window_, edge_),
-      line_(app_, frame_, storedPortSettings(openStore(settings_, places.settingsFile))),
+      frame_(window_, edge_), line_(app_, frame_, pathToNative(places.applicationFolder),
+                                    storedPortSettings(openStore(settings_, places.settingsFile))),
       formWindows_(frame_), widths_([this] { return window_.FLX_Settings().view().font(); },
                                     [this] { return window_.scale().perPixelX; }),
       app_{{{document_, form_, line_.link(), frame_},

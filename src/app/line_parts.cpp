@@ -5,8 +5,10 @@
 
 namespace zorvane {
 
-Line_Parts::Line_Parts(const App_Context& app, Window_Frame& frame, const Port_Settings& settings)
-    : app_(app), frame_(frame), simulator_([this] { return openTemplate(); }),
+Line_Parts::Line_Parts(const App_Context& app, Window_Frame& frame, const std::string& programFolder,
+                       const Port_Settings& settings)
+    : app_(app), frame_(frame), simulator_([this] { return openTemplate(); },
+                                           Qt_Simulator::programIn(QString::fromStdString(programFolder))),
       windows_(&frame.window(), simulator_,
                {[this](const Port_Settings& chosen) { storePortSettings(app_.settings, chosen); },
                 [this] { return testRegister(); },

@@ -15,8 +15,10 @@ namespace zorvane {
 /// of a transfer.
 class Line_Parts {
   public:
-    /// All must outlive it. `app` isn't read before `connect`.
-    Line_Parts(const App_Context& app, Window_Frame& frame, const Port_Settings& settings);
+    /// `app` and `frame` must outlive it; `app` isn't read before `connect`. `programFolder` is where the
+    /// simulated controller lies, UTF-8.
+    Line_Parts(const App_Context& app, Window_Frame& frame, const std::string& programFolder,
+               const Port_Settings& settings);
     Line_Parts(const Line_Parts&) = delete;
     Line_Parts& operator=(const Line_Parts&) = delete;
 

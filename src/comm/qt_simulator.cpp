@@ -1,6 +1,5 @@
 #include "comm/qt_simulator.h"
 
-#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
@@ -25,12 +24,10 @@ constexpr int startLimitMs = 5000;
 constexpr int stopLimitMs = 2000;
 const QString programName = QStringLiteral("zorvane-sim");
 
-QString fileIn(const QString& folder) { return QStandardPaths::findExecutable(programName, {folder}); }
-
 /// A path for the pseudo-terminal that nobody else has. The folder of the session is this user's own.
 QString freshLine() {
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (folder.isEmpty()) folder = QDir::tempPath();
+    QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    if (!QFileInfo(folder).isWritable()) folder = QDir::tempPath();
     return QDir(folder).filePath(QStringLiteral("zorvane-line-") +
                                  QUuid::createUuid().toString(QUuid::Id128));
 }
@@ -54,10 +51,9 @@ Qt_Simulator::Qt_Simulator(std::function<std::string()> templatePath, QString pr
 
 Qt_Simulator::~Qt_Simulator() { stop(); }
 
-QString Qt_Simulator::foundProgram() {
-    const QString own = QFileInfo(QCoreApplication::applicationFilePath()).canonicalPath();
-    const QString beside = fileIn(own);
-    return beside.isEmpty() ? QStandardPaths::findExecutable(programName) : beside;
+QString Qt_Simulator::programIn(const QString& folder) {
+    const QString own = QStandardPaths::findExecutable(programName, {folder});
+    return own.isEmpty() ? QStandardPaths::findExecutable(programName) : own;
 }
 
 std::int64_t Qt_Simulator::processId() const { return process_ ? process_->processId() : 0; }

@@ -17,7 +17,7 @@ class Qt_Simulator final : public Simulator {
   public:
     /// `templatePath` gives the path of the open template (UTF-8), or nothing while none is open. `program`
     /// is the path of zorvane-sim.
-    explicit Qt_Simulator(std::function<std::string()> templatePath, QString program = foundProgram());
+    explicit Qt_Simulator(std::function<std::string()> templatePath, QString program);
     ~Qt_Simulator() override;
     Qt_Simulator(const Qt_Simulator&) = delete;
     Qt_Simulator& operator=(const Qt_Simulator&) = delete;
@@ -28,9 +28,9 @@ class Qt_Simulator final : public Simulator {
     /// The process, or 0 while none runs.
     [[nodiscard]] std::int64_t processId() const;
 
-    /// zorvane-sim beside the program, with links resolved, or else where programs are looked for; empty when
-    /// there is none.
-    [[nodiscard]] static QString foundProgram();
+    /// zorvane-sim in that folder, the program's own, or else where programs are looked for; empty when there
+    /// is none.
+    [[nodiscard]] static QString programIn(const QString& folder);
 
   private:
     [[nodiscard]] Start launch(const std::string& templatePath, std::int32_t slave);

@@ -145,6 +145,12 @@ TEST_F(Simulator_Bench, EndsWithAProgramThatIsKilled) {
     ::prctl(PR_SET_CHILD_SUBREAPER, 0);
 }
 
+TEST(QtSimulator, IsFoundInTheProgramsOwnFolder) {
+    const std::filesystem::path sim(ZORVANE_SIM);
+    EXPECT_EQ(Qt_Simulator::programIn(QString::fromStdString(sim.parent_path().string())).toStdString(),
+              sim.string());
+}
+
 TEST(QtPortWatch, TellsOnceWhatIsPluggedInAndOut) {
     const QTemporaryDir devices;
     int told = 0;
