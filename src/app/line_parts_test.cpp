@@ -92,6 +92,37 @@ TEST_F(Window_Line, AfterAFailedUploadThePanelKeepsItsTextAndTheLogIsOffered) {
     EXPECT_TRUE(program->window().formEnabled());
 }
 
+TEST_F(Window_Line, ATemplatesPortKeysLeaveThePortAndTheUnitNumber) {
+    put("app/PORTS.ZTP", text("app/KVRT207D.ZTP") +
+                             "\r\n[PORT_CONFIGURATION]\r\nPORT=4\r\nSETTINGS=300,o,7,2\r\nRTU=99\r\n"
+                             "RETRIES=17\r\n");
+    std::filesystem::copy_file(path("site.KVRT207D"), path("site.PORTS"));
+    Port_Settings own;
+    own.port = "/tmp/relay";
+    own.slave = 12;
+    program->link().setPortSettings(own);
+    chosenType = "PORTS";
+    open("site.PORTS");
+    EXPECT_EQ(program->app().document().File_Extension, "PORTS");
+    EXPECT_EQ(program->link().portSettings(), own);
+    EXPECT_EQ(program->app().form().Unit_Id, 0);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return panel(3) == "RTU: 12"; }, 2000));
+}
+
+TEST_F(Window_Line, ThePortDialogOpensWhileTheLinkIsOnline) {
+    use(simulatedPortName);
+    choose("MNU_Upload");
+    ASSERT_TRUE(transferOver());
+    EXPECT_TRUE(program->app().form().Online);
+    QTimer::singleShot(0, [this] {
+        ASSERT_NE(program->line().windows().portDialog(), nullptr);
+        program->line().windows().portDialog()->reject();
+    });
+    choose("MNU_Port_Settings");
+    EXPECT_TRUE(program->app().form().Online);
+    EXPECT_TRUE(program->link().portOpen());
+}
+
 TEST_F(Window_Line, PortSettingsAreKeptForTheNextTime) {
     QTimer::singleShot(0, [this] {
         Port_Dialog* dialog = program->line().windows().portDialog();
