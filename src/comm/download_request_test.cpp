@@ -177,6 +177,12 @@ TEST_F(DownloadRequest, LowHalfKeepsTheHighByteOfTheImage) {
     EXPECT_EQ(request("12/LO", "300"), "single 7 12 4908"); // not masked: 0x1200 + 300
 }
 
+TEST_F(DownloadRequest, HalvesOfARegisterBeyond0x7FFFStayNegative) {
+    link.image[12] = 0x8034;
+    EXPECT_EQ(request("12/LO", "5"), "single 7 12 -32763"); // -32716 without its low byte, + 5: 0x8005
+    EXPECT_EQ(request("12/HI", "128"), "single 7 12 32820");
+}
+
 TEST_F(DownloadRequest, AddressWithoutASlashThatIsNoNumberHasNothingToWaitFor) {
     EXPECT_EQ(request("", "5"), "no register");
     EXPECT_EQ(request("abc", "5"), "no register");

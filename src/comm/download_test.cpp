@@ -290,6 +290,22 @@ TEST_F(Download, NegativeWordOutlivesItsCell) {
                 ElementsAre("link PresetSingleRegister 0 200 133"));
 }
 
+TEST_F(Download, NegativeWordOfACellThatIsNotDownloadableCountsToo) {
+    field.Cells(0, 2).Bits_Negative_Format = "8";
+    setCell(1, "100", "-5");
+    setCell(2, "101", "5");
+    document.Not_Downloadable_Count = 1;
+    document.Not_Downloadable.redim(1);
+    document.Not_Downloadable(1) = "100";
+    Field_Rec& second = addField(1, 2);
+    second.Cells(0, 2).Bits_Negative_Format = "eight";
+    second.Cells(1, 2).Address = "200";
+    second.Cells(1, 2).Value = "-9";
+    MNU_Download_Click(comm);
+    EXPECT_THAT(journal.beginningWith("link PresetSingleRegister"),
+                ElementsAre("link PresetSingleRegister 7 101 5", "link PresetSingleRegister 0 200 133"));
+}
+
 TEST_F(Download, CancelDuringAWriteDisconnectsAndEndsTheCommand) {
     setCell(1, "100", "120");
     setCell(2, "101", "121");

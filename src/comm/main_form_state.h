@@ -33,7 +33,7 @@ struct Main_Form_State {
     bool Write_Busy = false;
     bool Nothing_Sent = false;
 
-    std::string Poll_Request; ///< `Current_Request` at the start of the last refresh
+    std::string Poll_Request; ///< `Current_Request` at the start of the last refresh or online fill
     bool Comm_Lost_Now = false;
     bool Lost_Shown = false; ///< the user has been told of the lost link
     std::int32_t Saved_Tx_Count = 0;

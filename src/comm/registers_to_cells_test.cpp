@@ -185,6 +185,17 @@ TEST_F(RegistersToCells, AddressBeyond32BitsIsFailure6) {
     }
 }
 
+TEST_F(RegistersToCells, GoesColumnByColumnUntilAFailure) {
+    Field_Rec& table = addField(2, 2);
+    table.Cells(1, 1).Address = "100";
+    table.Cells(2, 1).Address = "101";
+    table.Cells(1, 2).Address = "10000000000";
+    link.image = {{100, 1}, {101, 2}};
+    EXPECT_THROW(PRO_Aplica_Registros(comm, 2), Run_Time_Failure);
+    EXPECT_EQ(table.Cells(1, 1).Value, "1") << "what came before the failure stays";
+    EXPECT_EQ(table.Cells(2, 1).Value, "2") << "the first column was done before the second began";
+}
+
 TEST_F(RegistersToCells, AsciiRangeBeyondTheAddressSpaceIsFailure6AndNoLongWait) {
     cell.Address = "1";
     cell.Address_End = "2000000000";

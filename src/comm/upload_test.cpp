@@ -154,6 +154,25 @@ TEST_F(Upload, EachFailedExchangeIsARecord) {
     EXPECT_EQ(third.Retry, 1);
 }
 
+TEST_F(Upload, CountsFromTheClearedCounters) {
+    link.transactions = 9;
+    start();
+    tick();
+    EXPECT_EQ(form.Retry_Count, 0);
+    link.finishScan(true);
+    tick();
+    EXPECT_EQ(form.Retry_Count, 1);
+}
+
+TEST_F(Upload, AnExchangeIsCountedOnceHoweverManyTicksSeeIt) {
+    start();
+    link.finishScan(false);
+    tick();
+    tick();
+    EXPECT_EQ(form.Transfer_Errors.size(), 1U);
+    EXPECT_EQ(form.Retry_Count, 1);
+}
+
 TEST_F(Upload, SilentControllerFailsAtTheFirstChangeOfBlock) {
     start();
     link.lost = true;
@@ -257,6 +276,18 @@ TEST_F(Upload, TwoPassesNeedTheFirstBlockTwice) {
     EXPECT_EQ(frame.progress.value(), 4);
 }
 
+TEST_F(Upload, LinkLostInTheSecondPassForgetsTheFirst) {
+    form.Scan_Passes = 2;
+    start();
+    scanTo(2);
+    scanTo(1);
+    EXPECT_EQ(form.Pass_Count, 1);
+    link.lost = true;
+    scanTo(2, false);
+    EXPECT_FALSE(form.Upload_Active);
+    EXPECT_EQ(form.Pass_Count, 0);
+}
+
 TEST_F(Upload, BarThatIsFullStaysFull) {
     link.blockCount = 1;
     start();
@@ -266,8 +297,9 @@ TEST_F(Upload, BarThatIsFullStaysFull) {
 }
 
 TEST_F(Upload, TransactionCountMayWrap) {
-    link.transactions = 255;
     start();
+    link.transactions = 255;
+    tick();
     scanTo(2, false);
     EXPECT_EQ(link.transactions, 0);
     EXPECT_EQ(form.Transfer_Errors.size(), 1U);

@@ -34,6 +34,8 @@ class Call {
   public:
     virtual ~Call() = default;
     virtual void addArguments(CLI::App& arguments) = 0;
+    /// Whether its last argument is a text of any kind, one that begins like an option too.
+    [[nodiscard]] virtual bool endsInText() const { return false; }
     /// The exit code.
     [[nodiscard]] virtual int run(const Surroundings& surroundings) = 0;
 };

@@ -16,7 +16,7 @@ namespace {
 /// Why a document that was not read whole must not be written there; empty when it may.
 std::string refusal(const Opened_Document& opened, const std::string& outPath) {
     if (opened.fileMissing()) return failureText(Failure::FileNotFound);
-    if (opened.whole() || !opened.configuration) return "";
+    if (opened.readToTheEnd() || !opened.configuration) return "";
     std::error_code error;
     const bool same =
         std::filesystem::equivalent(pathToNative(opened.configuration->path), outPath, error) && !error;

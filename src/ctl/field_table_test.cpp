@@ -93,11 +93,29 @@ TEST_F(Field_Table, SetTakesNegativeNumbersAndAnythingBehindTwoHyphens) {
     EXPECT_EQ(parsed(run("set", {"1", "1", "1", "", "--json"}))["Value"], "0");
 }
 
+TEST_F(Field_Table, SetTakesATextThatBeginsLikeAnOption) {
+    EXPECT_EQ(parsed(run("set", {"1", "1", "1", "-.5", "--json"}))["Value"], "-0.5");
+    EXPECT_EQ(parsed(run("set", {"--json", "1", "1", "1", "-abc"}))["Value"], "0");
+    EXPECT_EQ(parsed(run("set", {"1", "1", "1", "++", "--json"}))["Value"], "0");
+    EXPECT_EQ(parsed(run("set", {"1", "1", "1", "--json", "--", "--json"}))["Value"], "0");
+    EXPECT_EQ(run("set", {"1", "1", "1", "-.5", "--save", bench.path("out.ABC")}).out, "-.5\n");
+    EXPECT_EQ(run("set", {"1", "1", "1", "5", "--jsom"}).code, 2) << "one argument too many";
+    EXPECT_EQ(run("set", {"1", "1", "1", "--json"}).code, 2) << "an option's name is an option";
+}
+
+TEST_F(Field_Table, AnOptionsEmptyValueIsNotTheNextArgument) {
+    const std::string registers = bench.file("r.json", R"({"100": 7})");
+    const Ctl_Run shown = run("show", {"1", "--registers=" + registers, "--request=", "--json"});
+    EXPECT_EQ(parsed(shown)["grid"][0][0], "7");
+}
+
 TEST_F(Field_Table, SetTellsARefusedNumberAndKeepsTheUpperLimit) {
     const Ctl_Run set = run("set", {"1", "1", "1", "40000", "--json"});
     EXPECT_EQ(set.code, 0);
     EXPECT_EQ(parsed(set)["messages"],
-              json::array({"The value is out of range (value range -32768 to 32767)"}));
+              json::array({{{"style", 64},
+                            {"title", "Zorvane"},
+                            {"text", "The value is out of range (value range -32768 to 32767)"}}}));
     EXPECT_EQ(parsed(set)["grid"], "32767");
     EXPECT_EQ(parsed(set)["Dirty"], false);
     EXPECT_THAT(set.err, HasSubstr("The value is out of range"));

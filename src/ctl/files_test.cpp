@@ -106,13 +106,23 @@ TEST_F(Save, WithAMissingFileNothingIsWritten) {
     EXPECT_EQ(bench.bytes("out.ABC"), "kept");
 }
 
-TEST_F(Save, AFailureInTheTemplateStillWritesWhatWasRead) {
+TEST_F(Save, ATemplateWithoutScanBlocksIsReadToItsEndSoTheSaveIsWhole) {
     const std::string empty = bench.file("EMPTY.ZTP", "");
+    const std::string config = bench.file("site.EMPTY", "; nothing yet\r\n");
+    const Ctl_Run run = bench.run({"save", empty, config, config, "--json"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_EQ(json::parse(run.out), json::parse(R"({"Save_Failed":false,"result":""})"));
+    EXPECT_EQ(bench.bytes("site.EMPTY"), "[Configuration_Default]\r\n\r\n");
+    EXPECT_THAT(run.err, HasSubstr("at least one HOLDINGREGISTERSBLOCK_# line"));
+}
+
+TEST_F(Save, AFailureInTheTemplateStillWritesWhatWasRead) {
+    const std::string broken = bench.file("BROKEN.ZTP", "[\r\n");
     const Ctl_Run run =
-        bench.run({"save", empty, bench.file("site.EMPTY", ""), bench.path("out.EMPTY"), "--json"});
+        bench.run({"save", broken, bench.file("site.BROKEN", ""), bench.path("out.BROKEN"), "--json"});
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(json::parse(run.out), json::parse(R"({"Save_Failed":false,"result":""})"));
-    EXPECT_EQ(bench.bytes("out.EMPTY"), "[Configuration_Default]\r\n\r\n");
+    EXPECT_EQ(bench.bytes("out.BROKEN"), "[Configuration_Default]\r\n\r\n");
 }
 
 TEST_F(Save, ARejectedConfigurationIsNotWrittenOverItself) {

@@ -23,13 +23,13 @@ class Telling_Frame final : public Held_Frame {
     using Held_Frame::Held_Frame;
 
     int Msgb_Show(const std::string& prompt, int style, const std::string& title) override {
-        told_.push_back(prompt);
+        told_.push_back({style, title, prompt});
         return Held_Frame::Msgb_Show(prompt, style, title);
     }
-    [[nodiscard]] const std::vector<std::string>& told() const noexcept { return told_; }
+    [[nodiscard]] const std::vector<Message_Note>& told() const noexcept { return told_; }
 
   private:
-    std::vector<std::string> told_;
+    std::vector<Message_Note> told_;
 };
 
 std::optional<Failure_Note> noteOf(const std::optional<Run_Time_Failure>& failure) {

@@ -39,7 +39,7 @@ struct Cell_Place {
 struct Entry_Note {
     Entry_Outcome outcome;
     std::optional<Failure_Note> failure;
-    std::vector<std::string> messages;
+    std::vector<Message_Note> messages;
     bool Dirty = false;
 
     /// The entry reached its commit, and that came to its end.

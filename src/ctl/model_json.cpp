@@ -2,8 +2,6 @@
 
 namespace zorvane {
 
-namespace {
-
 Json messagesJson(const std::vector<Message_Note>& messages) {
     Json list = Json::array();
     for (const Message_Note& note : messages)
@@ -11,6 +9,8 @@ Json messagesJson(const std::vector<Message_Note>& messages) {
             {{"style", note.style}, {"title", jsonText(note.title)}, {"text", jsonPath(note.text)}});
     return list;
 }
+
+namespace {
 
 Json configurationJson(const std::optional<Reading_Note>& note) {
     if (!note) return nullptr;

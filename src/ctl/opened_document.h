@@ -43,8 +43,8 @@ struct Opened_Document {
 
     /// Both files were there and were read from end to end.
     [[nodiscard]] bool whole() const { return ztp.whole() && (!configuration || configuration->whole()); }
-    /// No line of the files is missing from the document, so it may go to a controller.
-    [[nodiscard]] bool transferable() const {
+    /// No line of the files is missing from the document, so it may be written and may go to a controller.
+    [[nodiscard]] bool readToTheEnd() const {
         return ztp.toTheEnd() && (!configuration || configuration->toTheEnd());
     }
     /// A file that was to be read isn't there.

@@ -48,7 +48,7 @@ int Port_Call::run(const Surroundings& surroundings) {
     link.ClearBlocks();
     Opened_Document opened =
         files_.open(surroundings, port_.ownTimeOut() ? static_cast<Link_Notice*>(&ownTimeOut) : &link);
-    if (!opened.transferable()) return refuse(surroundings);
+    if (!opened.readToTheEnd()) return refuse(surroundings);
     if (const std::string wrong = fault(opened); !wrong.empty()) {
         tell(surroundings.err, wrong);
         return refuse(surroundings);

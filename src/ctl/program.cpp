@@ -1,4 +1,5 @@
 #include "ctl/call.h"
+#include "ctl/command_line.h"
 #include "template/native_files.h"
 
 #include <CLI/CLI.hpp>
@@ -43,6 +44,20 @@ std::vector<Prepared_Call> prepareCalls(CLI::App& program, const std::vector<Cal
     return prepared;
 }
 
+/// The whole command line as the parser takes it.
+std::vector<std::string> meantLine(const std::vector<Prepared_Call>& prepared,
+                                   const std::vector<std::string>& arguments) {
+    const auto named =
+        std::find_if(prepared.begin(), prepared.end(), [&arguments](const Prepared_Call& each) {
+            return !arguments.empty() && each.arguments->get_name() == arguments.front();
+        });
+    if (named == prepared.end()) return arguments;
+    std::vector<std::string> line = meantArguments(*named->arguments, named->call->endsInText(),
+                                                   {arguments.begin() + 1, arguments.end()});
+    line.insert(line.begin(), arguments.front());
+    return line;
+}
+
 } // namespace
 
 std::string withoutEndSeparator(std::string folder) {
@@ -73,7 +88,8 @@ int runProgram(const std::vector<Call_Entry>& calls, const std::vector<std::stri
     Common_Options options;
     const std::vector<Prepared_Call> prepared = prepareCalls(program, calls, options);
     try {
-        program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+        const std::vector<std::string> line = meantLine(prepared, arguments);
+        program.parse(std::vector<std::string>(line.rbegin(), line.rend()));
     } catch (const CLI::ParseError& error) {
         const int code = program.exit(error, surroundings.out, surroundings.err);
         return code == 0 ? Exit_Success : Exit_Usage;

@@ -23,7 +23,7 @@ int Transfer_Call::work(const Port_Work& work) const {
     const Transfer_Report report = transfer(work.comm, work.frame);
     const bool kept = report.finished() && keep(work.surroundings, work.opened, work.comm);
     printTransfer(work.surroundings, name_, report);
-    return report.complete() && kept && work.opened.whole() ? Exit_Success : Exit_Failed;
+    return report.complete() && kept ? Exit_Success : Exit_Failed;
 }
 
 int Transfer_Call::refuse(const Surroundings& surroundings) const {

@@ -99,6 +99,14 @@ TEST_F(Commit_List_Test, OnlineAFailureKeepsTheChosenTextAndStillMarksTheDocumen
     EXPECT_EQ(commit("1"), expected);
 }
 
+TEST_F(Commit_List_Test, ADisconnectDuringTheWriteStoresTheEntryOfflineAsWell) {
+    form.Online = true;
+    frame.duringPause = [this](std::int32_t) { form.Online = false; };
+    EXPECT_EQ(written("1"), "link PresetSingleRegister 3 1004 1");
+    EXPECT_EQ(cell().Value, "1");
+    EXPECT_EQ(ownLower.TextMatrix(1, 0), "") << "no column is current then";
+}
+
 TEST_F(Commit_List_Test, AHighHalfKeepsTheLowByteOfTheImage) {
     form.Online = true;
     setList("2000/HI", "(0)a,(1)b,(2)c,(3)d,(4)e,(5)f");

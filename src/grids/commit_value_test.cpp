@@ -207,6 +207,26 @@ TEST_F(Commit_Value_Test, AValueBelowTheLowerLimitBecomesTheUpperOne) {
     EXPECT_FALSE(form.Dirty);
 }
 
+TEST_F(Commit_Value_Test, ARefusalOnlineBringsTheGridBackIntoTheTabOrder) {
+    form.Online = true;
+    ownLower.setTabStop(false);
+    limits("10", "20");
+    EXPECT_TRUE(enter("5"));
+    EXPECT_TRUE(ownLower.TabStop());
+    ownLower.setTabStop(false);
+    column().Column_Type = "TIME";
+    cell().Format = "TIME";
+    EXPECT_TRUE(enter("0:05"));
+    EXPECT_TRUE(ownLower.TabStop());
+}
+
+TEST_F(Commit_Value_Test, ARefusalOfflineLeavesTheTabOrder) {
+    ownLower.setTabStop(false);
+    limits("10", "20");
+    EXPECT_TRUE(enter("5"));
+    EXPECT_FALSE(ownLower.TabStop());
+}
+
 TEST_F(Commit_Value_Test, AnUnsignedColumnWithoutLimitsRefusesAllBut0) {
     column().Column_Type = "NUMERIC_UNSIGNED";
     EXPECT_TRUE(enter("1"));

@@ -58,7 +58,8 @@ void fillCells(VSFlexGrid& grid, Declara_Zorvane& document, Field_Rec& field, co
 
 Cell_Decision decisionFor(const Comm_Context& comm) {
     if (!comm.form.Online) return offlineFill;
-    return [view = Online_View{comm.image(), comm.form.Current_Request, [&link = comm.link] {
+    comm.form.Poll_Request = comm.form.Current_Request;
+    return [view = Online_View{comm.image(), comm.form.Poll_Request, [&link = comm.link] {
                                    return link.CommLost();
                                }}](const Cell_Rec& cell) { return onlineFill(cell, view); };
 }

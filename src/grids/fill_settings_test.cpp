@@ -173,6 +173,7 @@ TEST_F(Fill_Settings_Test, BuildsTheTable) {
     field.Cells(0, 1).Width = 1100;
     field.Cells(0, 2).Value = "Limit";
     field.Cells(2, 2).Value = "120";
+    ownLower.setFixedRows(0);
     PRO_Llena_Settings(grids, 1, true);
     EXPECT_EQ(ownLower.Rows(), 3);
     EXPECT_EQ(ownLower.Cols(), 2);
@@ -276,15 +277,30 @@ TEST_F(Fill_Settings_Test, OnlineTakesTheImageAndDoesNotMarkTheDocument) {
     EXPECT_EQ(ownLower.TextMatrix(1, 0), "1:30");
     EXPECT_EQ(field.Cells(1, 1).Value, "1:30");
     EXPECT_EQ(ownLower.TextMatrix(1, 1), "12") << "its own request word differs";
+    EXPECT_EQ(form.Poll_Request, "ALWAYS");
     EXPECT_FALSE(form.Dirty);
 }
 
+TEST_F(Fill_Settings_Test, LeavesTheCurrentCellOnTheLastOneVisited) {
+    Field_Rec& field = addTable(3, 2);
+    PRO_Llena_Settings(grids, 1, true);
+    EXPECT_EQ(ownLower.Row(), 3);
+    EXPECT_EQ(ownLower.Col(), 1);
+    field.Cells(2, 1).Address = "5/LO";
+    field.Cells(2, 1).Value = "abc";
+    EXPECT_EQ(failureNumber([this] { PRO_Llena_Settings(grids, 1, true); }), 13);
+    EXPECT_EQ(ownLower.Row(), 2) << "a failure leaves it on its cell";
+    EXPECT_EQ(ownLower.Col(), 0);
+}
+
 TEST_F(Fill_Settings_Test, OfflineDoesNotMarkTheDocument) {
+    form.Current_Request = "NONE";
     Field_Rec& field = addTable(1, 1);
     field.Cells(1, 1).Address = "5/LO";
     field.Cells(1, 1).Value = "3.0";
     PRO_Llena_Settings(grids, 1, true);
     EXPECT_EQ(field.Cells(1, 1).Value, "3");
+    EXPECT_EQ(form.Poll_Request, "") << "only an online fill looks at the request word";
     EXPECT_FALSE(form.Dirty);
 }
 

@@ -53,12 +53,13 @@ class Flx_Settings_Test : public testing::Test, protected doubles::Grid_Bench {
 TEST_F(Flx_Settings_Test, AReadOnlyDocumentRefusesEveryMoveWithALine) {
     addTable(1, 2).Cells(0, 2).Modifiable = false;
     document.Read_Only = true;
+    ownLower.setComboList("|#0;Off");
     for (std::int32_t col = 0; col < 2; ++col) {
         frame.setPanel(Panel::Message, "");
         EXPECT_FALSE(beforeEdit(1, col));
         EXPECT_EQ(frame.panel(Panel::Message), "READ ONLY FILE. Can't modify the value.");
     }
-    EXPECT_EQ(ownLower.ComboList(), "");
+    EXPECT_EQ(ownLower.ComboList(), "|#0;Off") << "nothing is prepared";
 }
 
 TEST_F(Flx_Settings_Test, EveryRowOfAModifiableColumnCanBeEdited) {

@@ -46,6 +46,14 @@ TEST(ReadMessages, AClosingBracketBeforeTheOpeningOneIsFailure5) {
     EXPECT_EQ(messageText(cell, 0), "Off") << "what was read so far stands";
 }
 
+TEST(ReadMessages, AnItemThatFailsLeavesAnEmptyEntry) {
+    for (const char* list : {"(0)Off,)1(On", "(0)Off,(99999999999)On"}) {
+        Cell_Rec cell;
+        EXPECT_NE(failureNumber([&] { readMessages(cell, list); }), 0);
+        EXPECT_EQ(cellText(cell), R"(Has_Messages, Messages 0="Off" 0="")") << list;
+    }
+}
+
 TEST(ReadMessages, ACodeBeyond32BitsIsFailure6) {
     EXPECT_EQ(failureNumber([] { (void)listCell("(99999999999)On"); }), 6);
 }

@@ -107,6 +107,7 @@ TEST(ActualizaArchivo, OtherFieldsPassThrough) {
 
 TEST(ActualizaArchivo, AnotherModelHasOneColumnMoreInItsField4) {
     EXPECT_EQ(updated("ROW_1=1\n", "KVRT100"), "ROW_1=1\r\n");
+    EXPECT_EQ(updated("ROW_1=1\n", "KVRT207D2"), "ROW_1=1\r\n");
 }
 
 TEST(ActualizaArchivo, TheModelIsTheTrimmedUpperCaseOfTheExtension) {

@@ -92,8 +92,8 @@ TEST(LeerINIFIle, CountsTheAlwaysBlocks) {
     bench.readTemplate(
         "[PORT_CONFIGURATION]\n"
         "HOLDINGREGISTERSBLOCK_1=1-9\nHOLDINGREGISTERSBLOCK_2=10-19\nHOLDINGREGISTERSBLOCK_3=20-29\n"
-        "HOLDINGREQUESTBLOCK_1=ALWAYS\nHOLDINGREQUESTBLOCK_3=always\n");
-    EXPECT_EQ(bench.document.Always_Block_Count, 2);
+        "HOLDINGREQUESTBLOCK_1=ALWAYS\nHOLDINGREQUESTBLOCK_2=ALWAYS2\nHOLDINGREQUESTBLOCK_3=always\n");
+    EXPECT_EQ(bench.document.Always_Block_Count, 2) << "the word is compared as a whole";
 }
 
 TEST(LeerINIFIle, CountsWhateverBlocksAreThereEvenWithoutALineOfItsOwn) {

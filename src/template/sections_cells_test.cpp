@@ -226,6 +226,21 @@ TEST_F(Cells, ABrokenListItemFailsAtTheFirstCellAndLeavesTheOthers) {
     EXPECT_FALSE(bench.cell(1, 1, 2).Has_Messages);
 }
 
+TEST_F(Cells, TheSearchEndsAtTheRowsOfASizeThatWasRefusedHalfway) {
+    configure("ROWADDRESS_1", "100");
+    configure("ROWADDRESS_3", "100");
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_1_RC", "-1,1"), 9);
+    EXPECT_TRUE(messages("ADDRESS_100", "(0)Off"));
+    EXPECT_FALSE(bench.cell(1, 1, 1).Has_Messages) << "no rows left to search";
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_1_RC", "1,32768"), 6);
+    EXPECT_TRUE(messages("ADDRESS_100", "(0)Off"));
+    EXPECT_TRUE(bench.cell(1, 1, 1).Has_Messages);
+    EXPECT_FALSE(bench.cell(1, 3, 1).Has_Messages) << "row 3 lies beyond the new size";
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_1_RC", "4,32768"), 6);
+    EXPECT_EQ(bench.failureOf("FIELD_#_MESSAGES", 1, "ADDRESS_100", "(0)Off"), 9) << "the table has no row 4";
+    EXPECT_TRUE(bench.cell(1, 3, 1).Has_Messages) << "but row 3 comes first";
+}
+
 TEST_F(Cells, AListForAFieldThatIsntThereIsFailure9) {
     EXPECT_EQ(bench.failureOf("FIELD_#_MESSAGES", 101, "ADDRESS_1", "(0)Off"), 9);
     EXPECT_EQ(bench.failureOf("FIELD_#_MESSAGES", 2, "ADDRESS_1", "(0)Off"), 9) << "no size yet";

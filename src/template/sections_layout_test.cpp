@@ -74,6 +74,21 @@ TEST(ConfigurationColumns, AColumnBeyondTheCountIsFailure9) {
     EXPECT_EQ(bench.failureOf("CONFIGURATION_COLUMNS", 0, "CONFIGURATION_NC", "-1"), 9);
 }
 
+TEST(ConfigurationColumns, ANegativeCountIsStoredBeforeItFails) {
+    Interpreter_Bench bench;
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_COLUMNS", 0, "CONFIGURATION_NC", "-1"), 9);
+    EXPECT_EQ(bench.document.Config_Column_Count, -1);
+}
+
+TEST(ConfigurationColumns, TheirWordsStandAsTheyAre) {
+    Interpreter_Bench bench;
+    bench.readTemplate("[CONFIGURATION_COLUMNS]\nCONFIGURATION_NC=1\nCOL_1_DESC=Name ; x\n"
+                       "COL_1_ALIGNMENT=left ; x\nCOL_1_TYPE=Ascii ; x\n");
+    EXPECT_EQ(documentText(bench.document),
+              "Config_Column_Count 1\n"
+              "Config_Columns(1) Description \"Name \", Alignment \"left \", Column_Type \"Ascii \"\n");
+}
+
 TEST(ConfigurationColumns, AKeyWithoutANumberGoesToColumn0) {
     Interpreter_Bench bench;
     bench.line("CONFIGURATION_COLUMNS", "CONFIGURATION_NC", "1");
@@ -97,6 +112,15 @@ TEST(Fields, TheCountGoesUpWhateverTheNumber) {
     EXPECT_EQ(bench.document.Fields(50).Description, "Last");
 }
 
+TEST(Fields, TheCountGoesUpBeforeTheNumberIsLookedAt) {
+    Interpreter_Bench bench;
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_101_DESC", "x"), 9);
+    EXPECT_EQ(bench.document.Field_Count, 1);
+    bench.document.Field_Count = 32767;
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_1_DESC", "x"), 6);
+    EXPECT_EQ(bench.document.Field_Count, 32767);
+}
+
 TEST(Fields, ANumberAbove100IsFailure9) {
     Interpreter_Bench bench;
     EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_101_DESC", "x"), 9);
@@ -116,6 +140,22 @@ TEST(FieldSize, WithoutACommaIsIgnored) {
     Interpreter_Bench bench;
     EXPECT_TRUE(bench.line("CONFIGURATION_FIELDS", "FIELD_2_RC", "3"));
     EXPECT_FALSE(bench.document.Fields(2).Cells.dimensioned());
+}
+
+TEST(FieldSize, WithoutACommaItLeavesTheTableAlone) {
+    Interpreter_Bench bench;
+    bench.makeField(2, "3,4");
+    EXPECT_TRUE(bench.line("CONFIGURATION_FIELDS", "FIELD_2_RC", "5"));
+    EXPECT_EQ(fieldText(bench.document, 2), "Fields(2) Rows 3, Columns 4\n");
+    EXPECT_EQ(bench.document.Fields(2).Cells.rows(), 3);
+}
+
+TEST(FieldSize, OneRefusedHalfwayKeepsItsRows) {
+    Interpreter_Bench bench;
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_1_RC", "7,32768"), 6);
+    EXPECT_EQ(bench.document.Fields(1).Rows, 7);
+    EXPECT_EQ(bench.document.Fields(1).Columns, 0);
+    EXPECT_FALSE(bench.document.Fields(1).Cells.dimensioned());
 }
 
 TEST(FieldSize, ReadsTheNumericBeginnings) {

@@ -5,6 +5,7 @@
 #include "values/numbers.h"
 
 #include <array>
+#include <cmath>
 
 namespace zorvane {
 
@@ -38,7 +39,9 @@ void readSize(const Interpreter& interpreter, const Key_Line& line) {
 }
 
 void readImageSize(const Interpreter& interpreter, const Key_Line& line) {
-    interpreter.link.SetHoldingRegisters(1, Val(line.value), true, 1);
+    const double size = Val(line.value);
+    if (std::isinf(size)) throw Run_Time_Failure(Failure::Overflow);
+    interpreter.link.SetHoldingRegisters(1, size, true, 1);
 }
 
 void readAddressBase(const Interpreter& interpreter, const Key_Line& line) {

@@ -22,6 +22,13 @@ TEST(NotDownloadable, EachLineIsAnEntryAsItStands) {
                                             "Not_Downloadable(2)  40200/HI \n");
 }
 
+TEST(NotDownloadable, MoreThan32767AreFailure6) {
+    Interpreter_Bench bench;
+    bench.document.Not_Downloadable_Count = 32767;
+    EXPECT_EQ(bench.failureOf("ADDRESS_NOTDOWNLOADABLE", 0, "ADDRESS_1", "40100"), 6);
+    EXPECT_EQ(bench.document.Not_Downloadable_Count, 32767);
+}
+
 TEST(NotDownloadable, AKeyWithASecondUnderscoreIsAnotherKey) {
     Interpreter_Bench bench;
     bench.line("ADDRESS_NOTDOWNLOADABLE", "ADDRESS_1_X", "40100");
@@ -56,10 +63,28 @@ TEST(PortConfiguration, MalformedTimingsAre0) {
     EXPECT_EQ(bench.failureOf("PORT_CONFIGURATION", 0, "COMMUNICATIONS_1_OUT", "99999999999"), 6);
 }
 
+TEST(PortConfiguration, APauseWhoseFourfoldIsBeyond32BitsIsToldToTheLinkAndThenFails) {
+    Interpreter_Bench bench;
+    bench.line("PORT_CONFIGURATION", "COMMUNICATIONS_1_REQUEST", "536870911");
+    EXPECT_EQ(bench.document.Forza_Analogas_Ms, 2147483644);
+    EXPECT_EQ(bench.failureOf("PORT_CONFIGURATION", 0, "COMMUNICATIONS_1_REQUEST", "536870912"), 6);
+    EXPECT_EQ(bench.document.Comm_Request_Ms, 536870912);
+    EXPECT_EQ(bench.link.calls, (Calls{"SetTimings 536870911 0", "SetTimings 536870912 0"}));
+}
+
 TEST(PortConfiguration, TheImageSizeGoesToTheLink) {
     Interpreter_Bench bench;
     bench.line("PORT_CONFIGURATION", "HOLDINGREGISTERS", "9999");
     EXPECT_EQ(bench.link.calls, (Calls{"SetHoldingRegisters 1 9999 True 1"}));
+}
+
+TEST(PortConfiguration, TheImageSizeIsNoWholeNumberOf32Bits) {
+    Interpreter_Bench bench;
+    bench.line("PORT_CONFIGURATION", "HOLDINGREGISTERS", "2.5");
+    bench.line("PORT_CONFIGURATION", "HOLDINGREGISTERS", "3000000000 registers");
+    EXPECT_EQ(bench.link.calls,
+              (Calls{"SetHoldingRegisters 1 2.5 True 1", "SetHoldingRegisters 1 3000000000 True 1"}));
+    EXPECT_EQ(bench.failureOf("PORT_CONFIGURATION", 0, "HOLDINGREGISTERS", "1e999"), 6);
 }
 
 TEST(PortConfiguration, TheAddressBaseGoesToTheLink) {
@@ -86,6 +111,24 @@ TEST(ScanBlocks, AMalformedRangeRaisesTheCountAndLeavesAnEmptyBlock) {
                                             "Holding_Blocks(0) empty\n"
                                             "Holding_Blocks(1) empty\n");
     EXPECT_EQ(bench.document.Holding_Blocks(1).Request, "");
+}
+
+TEST(ScanBlocks, ARangeIsCutAtItsFirstDash) {
+    Interpreter_Bench bench;
+    bench.line("PORT_CONFIGURATION", "HOLDINGREGISTERSBLOCK_1", "100-200-300");
+    bench.line("PORT_CONFIGURATION", "HOLDINGREGISTERSBLOCK_2", "-5-10");
+    EXPECT_EQ(documentText(bench.document),
+              "Holding_Block_Count 2\n"
+              "Holding_Blocks(0) empty\n"
+              "Holding_Blocks(1) First_Address 100, Last_Address 200, Function_Code 3, Request \"NONE\"\n"
+              "Holding_Blocks(2) Last_Address 5, Function_Code 3, Request \"NONE\"\n");
+}
+
+TEST(ScanBlocks, MoreThan32767AreFailure6) {
+    Interpreter_Bench bench;
+    bench.document.Holding_Block_Count = 32767;
+    EXPECT_EQ(bench.failureOf("PORT_CONFIGURATION", 0, "HOLDINGREGISTERSBLOCK_1", "1-2"), 6);
+    EXPECT_EQ(bench.document.Holding_Block_Count, 32767);
 }
 
 TEST(ScanBlocks, TheFirstOneMakesTheArrayIfNobodyDid) {

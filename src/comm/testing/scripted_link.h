@@ -90,7 +90,10 @@ class Scripted_Link : public modbus_control {
     void ClearLastResponse() override;
     [[nodiscard]] std::string ExchangeLine1() const override { return line1_; }
     [[nodiscard]] std::string ExchangeLine2() const override { return line2_; }
-    void ClearCounters() override { note("ClearCounters"); }
+    void ClearCounters() override {
+        note("ClearCounters");
+        transactions = 0;
+    }
     void ResetTransferLog() override { note("ResetTransferLog"); }
     [[nodiscard]] std::int32_t TxCount() const override { return tx; }
     [[nodiscard]] std::int32_t RxCount() const override { return rx; }

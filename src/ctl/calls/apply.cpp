@@ -29,7 +29,7 @@ class Apply_Call : public Call {
         if (failure) tellFailure(surroundings.err, "The registers could not all be applied", *failure);
         const bool saved = out_.empty() || save(surroundings, opened, !failure);
         print(surroundings, opened, failure);
-        return opened.whole() && !failure && saved ? Exit_Success : Exit_Failed;
+        return opened.readToTheEnd() && !failure && saved ? Exit_Success : Exit_Failed;
     }
 
   private:

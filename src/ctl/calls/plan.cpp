@@ -80,7 +80,7 @@ class Plan_Call : public Call {
             printJson(surroundings.out, planJson(plan));
         else
             printPlan(surroundings.out, plan);
-        return opened.whole() && !plan.failure ? Exit_Success : Exit_Failed;
+        return opened.readToTheEnd() && !plan.failure ? Exit_Success : Exit_Failed;
     }
 
   private:

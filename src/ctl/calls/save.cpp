@@ -28,7 +28,7 @@ class Save_Call : public Call {
                       {{"Save_Failed", opened.document.Save_Failed}, {"result", jsonText(result)}});
         else if (result.empty())
             surroundings.out << "Written: " << printablePath(pathFromNative(out_)) << '\n';
-        return result.empty() && opened.whole() ? Exit_Success : Exit_Failed;
+        return result.empty() && opened.readToTheEnd() ? Exit_Success : Exit_Failed;
     }
 
   private:

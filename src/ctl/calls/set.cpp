@@ -1,8 +1,8 @@
 #include "ctl/call.h"
 #include "ctl/document_arguments.h"
 #include "ctl/field_argument.h"
-#include "ctl/json_text.h"
 #include "ctl/lower_grid.h"
+#include "ctl/model_json.h"
 #include "ctl/notices.h"
 #include "values/code_page.h"
 
@@ -15,23 +15,20 @@ namespace zorvane {
 namespace {
 
 Json entryJson(const Entry_Note& note) {
-    Json messages = Json::array();
-    for (const std::string& text : note.messages)
-        messages.push_back(jsonText(text));
     const Entry_Outcome& outcome = note.outcome;
     return {{"refused", outcome.refused ? jsonText(*outcome.refused) : Json()},
             {"Value", jsonText(outcome.Value)},
             {"Min_Value", jsonText(outcome.Min_Value)},
             {"Max_Value", jsonText(outcome.Max_Value)},
             {"grid", jsonText(outcome.grid)},
-            {"messages", messages},
+            {"messages", messagesJson(note.messages)},
             {"Dirty", note.Dirty},
             {"failure", jsonFailure(note.failure)}};
 }
 
 void tellEntry(std::ostream& err, const Entry_Note& note) {
-    for (const std::string& text : note.messages)
-        tell(err, printable(text));
+    for (const Message_Note& message : note.messages)
+        tell(err, printable(message.text));
     if (note.outcome.refused)
         tell(err, "The cell can't be edited: " + printable(*note.outcome.refused) + ".");
     if (note.failure) tellFailure(err, "The entry could not be committed", *note.failure);
@@ -52,10 +49,12 @@ class Set_Call : public Call {
         arguments
             .add_option("TEXT", text_,
                         "What the user types; in a list cell the entry's number, from 0. After \"--\" if it "
-                        "begins with \"-\" and no digit")
+                        "is an option's name")
             ->required();
         arguments.add_option("--save", out_, "Write the changed document to this file")->type_name("OUT");
     }
+
+    [[nodiscard]] bool endsInText() const override { return true; }
 
     int run(const Surroundings& surroundings) override {
         bool whole = true;
@@ -72,7 +71,7 @@ class Set_Call : public Call {
             printJson(surroundings.out, entryJson(note));
         else
             surroundings.out << printable(note.outcome.grid) << '\n';
-        return opened.whole() && note.committed() && saved ? Exit_Success : Exit_Failed;
+        return opened.readToTheEnd() && note.committed() && saved ? Exit_Success : Exit_Failed;
     }
 
   private:

@@ -85,7 +85,7 @@ class Show_Call : public Call {
             writeTable(surroundings.out, shown);
         else
             printTable(surroundings.out, shown.table);
-        return opened.whole() && !shown.failure ? Exit_Success : Exit_Failed;
+        return opened.readToTheEnd() && !shown.failure ? Exit_Success : Exit_Failed;
     }
 
   private:

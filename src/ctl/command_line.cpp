@@ -1,0 +1,53 @@
+#include "ctl/command_line.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <iterator>
+
+namespace zorvane {
+
+namespace {
+
+const std::string endOfOptions = "--";
+
+/// The parser takes a digit for a number's, and stops at "++" too.
+bool looksLikeOption(const std::string& argument) {
+    if (argument == "++") return true;
+    return argument.size() > 1 && argument[0] == '-' && (argument[1] < '0' || argument[1] > '9');
+}
+
+const CLI::Option* optionOf(const CLI::App& call, const std::string& argument) {
+    return call.get_option_no_throw(argument.substr(0, argument.find('=')));
+}
+
+bool takesValue(const CLI::Option& option) { return option.get_items_expected_max() > 0; }
+
+} // namespace
+
+std::vector<std::string> meantArguments(const CLI::App& call, bool endsInText,
+                                        const std::vector<std::string>& arguments) {
+    std::vector<std::string> meant;
+    std::vector<std::string> behind;
+    auto at = arguments.begin();
+    for (; at != arguments.end() && *at != endOfOptions && behind.empty(); ++at) {
+        const CLI::Option* const option = looksLikeOption(*at) ? optionOf(call, *at) : nullptr;
+        if (option != nullptr && takesValue(*option)) {
+            const std::size_t equals = at->find('=');
+            meant.push_back(at->substr(0, equals));
+            if (equals != std::string::npos)
+                meant.push_back(at->substr(equals + 1));
+            else if (std::next(at) != arguments.end())
+                meant.push_back(*++at);
+        } else if (option == nullptr && looksLikeOption(*at) && endsInText) {
+            behind = {endOfOptions, *at};
+        } else {
+            meant.push_back(*at);
+        }
+    }
+    meant.insert(meant.end(), at, arguments.end());
+    meant.insert(meant.end(), behind.begin(), behind.end());
+    return meant;
+}
+
+} // namespace zorvane
