@@ -104,12 +104,13 @@ Test_Verdict echoVerdict(const Test_Request& request) {
 }
 
 Test_Verdict damagedVerdict(const Test_Request& request, const Try_Result& result, Answer_Fault fault) {
-    Advice advice{"Baud: has the controller " + std::to_string(request.settings.line.baud) + "?",
-                  "Parity and stop bits: has it " + lineWords(request.settings.line) + "?",
-                  "Noise: terminate both ends of the line, bias it in one place, join the grounds.",
-                  "Two units with the same number, or a second master on the line."};
+    Advice advice;
     if (fault == Answer_Fault::Truncated)
-        advice.insert(advice.begin(), "The answer stops half-way: try a longer time-out.");
+        advice.push_back("The answer stops half-way: try a longer time-out.");
+    advice.push_back("Baud: has the controller " + std::to_string(request.settings.line.baud) + "?");
+    advice.push_back("Parity and stop bits: has it " + lineWords(request.settings.line) + "?");
+    advice.push_back("Noise: terminate both ends of the line, bias it in one place, join the grounds.");
+    advice.push_back("Two units with the same number, or a second master on the line.");
     return {Verdict_Kind::Damaged,
             "Something came back that is no whole answer: " + std::string(faultText(fault)) + ", " +
                 bytesText(result.received.size()) + ".",

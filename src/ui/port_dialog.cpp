@@ -71,6 +71,16 @@ QComboBox& choice(const std::vector<std::pair<QString, int>>& entries) {
 
 void choose(QComboBox& box, int data) { box.setCurrentIndex(box.findData(data)); }
 
+/// A list into which any text may be typed. It completes nothing: Enter would take the first entry of the
+/// list for a text that was set, and an entry for the number that was meant.
+QComboBox& editableChoice() {
+    auto* box = new QComboBox;
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    box->setCompleter(nullptr);
+    return *box;
+}
+
 QFormLayout& group(QBoxLayout& column, const QString& title) {
     auto* box = new QGroupBox(title);
     auto* form = new QFormLayout(box);
@@ -115,10 +125,9 @@ Port_Dialog::~Port_Dialog() {
 }
 
 void Port_Dialog::addPort(QFormLayout& form) {
-    port_ = new QComboBox;
+    port_ = &editableChoice();
     port_->setModel(new QStandardItemModel(port_));
-    port_->setEditable(true);
-    port_->setInsertPolicy(QComboBox::NoInsert);
+    port_->setCompleter(nullptr); // a new model brings a new one
     port_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     port_->setMinimumContentsLength(28);
     addRow(form, QStringLiteral("&Port:"), *port_, "CMB_Port");
@@ -133,9 +142,7 @@ void Port_Dialog::addPort(QFormLayout& form) {
 }
 
 void Port_Dialog::addLine(QFormLayout& form) {
-    baud_ = new QComboBox;
-    baud_->setEditable(true);
-    baud_->setInsertPolicy(QComboBox::NoInsert);
+    baud_ = &editableChoice();
     for (const int rate : usualBauds)
         baud_->addItem(QString::number(rate));
     baud_->setValidator(new QIntValidator(leastBaud, mostBaud, baud_));

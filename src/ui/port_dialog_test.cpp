@@ -190,6 +190,25 @@ TEST_F(Port_Dialog_Test, ClosingTheDialogEndsTheTest) {
     EXPECT_FALSE(port.isOpen());
 }
 
+TEST_F(Port_Dialog_Test, EnterInAnyFieldAcceptsWhatStandsThere) {
+    for (const char* port : {"Simulated controller", "/tmp/relay", "ttyS0"}) {
+        chosen.port = port;
+        make();
+        QApplication::setActiveWindow(dialog.get());
+        QTest::keyClick(at<QComboBox>("CMB_Port").lineEdit(), Qt::Key_Return);
+        EXPECT_EQ(dialog->result(), QDialog::Accepted);
+        EXPECT_EQ(dialog->settings().port, port);
+        make();
+        QTest::keyClick(&at<QSpinBox>("NUM_Slave"), Qt::Key_Return);
+        EXPECT_EQ(dialog->result(), QDialog::Accepted);
+        EXPECT_EQ(dialog->settings().port, port);
+        make();
+        QTest::keyClick(&at<QPushButton>("BOT_Test"), Qt::Key_Return);
+        EXPECT_EQ(dialog->result(), QDialog::Accepted);
+        EXPECT_EQ(dialog->settings().port, port);
+    }
+}
+
 TEST_F(Port_Dialog_Test, WithoutAPortTheTestSaysSo) {
     chosen.port.clear();
     make();
