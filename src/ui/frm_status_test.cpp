@@ -326,5 +326,16 @@ TEST(StatusBarLog, TheButtonStandsInTheMessagePanelAndLeavesItsText) {
     EXPECT_EQ(bar.findChild<QWidget*>("StatusBar1_4")->geometry(), before);
 }
 
+TEST(StatusBarLog, InAWindowTooNarrowForMessagesItCoversNoTextOfTheLink) {
+    Status_Bar bar(nullptr);
+    bar.resize(456, bar.height()); // as designed
+    bar.setPanelWidths({1852, 1587, 1852, 0, 661, 661, 450});
+    bar.show();
+    bar.setLogOffered(true);
+    const QRect button = bar.findChild<QPushButton*>("BOT_Log")->geometry();
+    EXPECT_FALSE(button.intersects(bar.findChild<QWidget*>("StatusBar1_3")->geometry()));
+    EXPECT_TRUE(bar.rect().contains(button));
+}
+
 } // namespace
 } // namespace zorvane

@@ -103,11 +103,17 @@ void Status_Bar::placePanels() {
         left += widths_[i];
         panels_[i]->setGeometry(from, 2, std::max(1, scale.pixelsX(left) - from), std::max(1, height() - 3));
     }
-    if (log_->isHidden()) return;
+    if (!log_->isHidden()) placeLog();
+}
+
+/// A panel too narrow for the button lets it reach over the lights, which are off after a transfer.
+void Status_Bar::placeLog() {
     QRect message = panels_[messagePanel]->geometry();
     const int width = log_->fontMetrics().horizontalAdvance(log_->text()) + 6 * textMargin;
-    log_->setGeometry(message.right() - width, message.top(), width, message.height());
-    message.setRight(std::max(message.left(), message.right() - width - 1));
+    const int left = std::max(message.left(), message.right() - width);
+    log_->setGeometry(left, message.top(), width, message.height());
+    log_->raise();
+    message.setRight(std::max(message.left(), left - 1));
     panels_[messagePanel]->setGeometry(message);
 }
 

@@ -56,6 +56,7 @@ class Status_Bar final : public QStatusBar {
         return *panels_.at(static_cast<std::size_t>(panel - 1));
     }
     void placePanels();
+    void placeLog();
 
     std::array<Status_Panel*, panelCount> panels_{};
     QPushButton* log_ = nullptr;
