@@ -72,7 +72,10 @@ void Line_Windows::showPortSettings(bool modal) {
         dialog_->show();
 }
 
-bool Line_Windows::monitorVisible() const { return monitor_ && monitor_->isVisible(); }
+bool Line_Windows::monitorVisible() const {
+    const Monitor_Window* const window = monitor_;
+    return window != nullptr && window->isVisible();
+}
 
 void Line_Windows::showMonitor(const Window_Place& place) {
     if (!monitor_) {
@@ -91,7 +94,10 @@ void Line_Windows::activateMonitor() {
     monitor_->activateWindow();
 }
 
-Window_Place Line_Windows::monitorPlace() const { return monitor_ ? monitor_->place() : monitorPlace_; }
+Window_Place Line_Windows::monitorPlace() const {
+    const Monitor_Window* const window = monitor_;
+    return window != nullptr ? window->place() : monitorPlace_;
+}
 
 void Line_Windows::unloadMonitor() {
     if (!monitor_) return;
