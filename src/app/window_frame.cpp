@@ -116,6 +116,11 @@ bool Window_Frame::menuChecked(Menu_Entry entry) const {
 
 void Window_Frame::setCaption(const std::string& text) { window_.setWindowTitle(shownText(text)); }
 
+void Window_Frame::setFormEnabled(bool enabled) {
+    window_.setFormEnabled(enabled);
+    callIfAny(extras.formEnabledSet);
+}
+
 void Window_Frame::setLostComShown(bool shown) {
     if (shown && lostCom_ == nullptr) lostCom_ = new Lost_Com(&window_);
     if (lostCom_ != nullptr) lostCom_->setVisible(shown);
