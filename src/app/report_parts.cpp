@@ -16,6 +16,7 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinterInfo>
+#include <QTextEdit>
 #include <QTime>
 
 namespace zorvane {
@@ -193,8 +194,17 @@ void Report_Parts::printPreview(MainRepKVRT& report) {
     printPages(report, title, shown->view().page(), true);
 }
 
+/// Paper is white, so the log is black whatever the desktop's colours are.
+void Report_Parts::printLog(const QTextEdit& RtbStatus, const QString& logFile) {
+    QString text = RtbStatus.toPlainText();
+    text.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
+    const QFont font = RtbStatus.font();
+    const Rich_Text log{toCore(text), {toCore(font.family()), font.pointSizeF(), font.bold()}, 0};
+    run([&] { log_.btnPrint_Click(log, pathFromNative(logFile.toStdString())); });
+}
+
 void Report_Parts::printReport(rptPrintLog& report, bool prompt) {
-    printPages(report, fromCore(report.LogFileName), 0, prompt);
+    printPages(report, shownText(report.LogFileName), 0, prompt);
 }
 
 void Report_Parts::printPages(ActiveReport& report, const QString& title, int shown, bool prompt) {

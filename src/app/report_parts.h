@@ -16,7 +16,7 @@
 
 class QDialog;
 class QPrintDialog;
-class QPrinter;
+class QTextEdit;
 
 namespace zorvane {
 
@@ -50,6 +50,9 @@ class Report_Parts final : private Print_Frame {
 
     /// Gives the report entries of the menu, and what the frame is asked about previews, to the commands.
     void connect(const Form_Parts& parts);
+
+    /// "&Print Log..." of the transfer status form: the whole log, whatever is selected in it.
+    void printLog(const QTextEdit& RtbStatus, const QString& logFile);
 
     [[nodiscard]] Print_Commands& commands() { return commands_; }
     [[nodiscard]] Print_Log_Command& log() { return log_; }

@@ -12,7 +12,7 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QTextEdit>
 #include <QTimer>
 #include <QToolButton>
 
@@ -366,11 +366,10 @@ TEST_F(Window_Reports, TheLogIsPrintedAfterAChoice) {
         dialog.printer()->setOutputFileName(QString::fromStdString(path("log.pdf")));
         return true;
     };
-    Rich_Text log;
+    QTextEdit log;
     for (int line = 0; line < 200; ++line)
-        log.text += "Tx: 01 03\r\n";
-    log.font.Size = 10;
-    reports().log().btnPrint_Click(log, "monitor.log");
+        log.append("Tx: 01 03");
+    reports().printLog(log, "monitor.log");
     EXPECT_EQ(asked, 1);
     EXPECT_GT(reports().log().report()->Pages.Count(), 1);
     EXPECT_THAT(text("log.pdf"), StartsWith("%PDF-"));
