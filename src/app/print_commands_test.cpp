@@ -305,6 +305,47 @@ TEST_F(PrintCommands, AnExistingFileIsOverwrittenOnlyAfterYes) {
     EXPECT_EQ(written.count("/home/a.txt"), 1U);
 }
 
+TEST_F(PrintCommands, ARunCancelledByTheUserKeepsThePagesMade) {
+    printFrame.cancelsAfter = 3;
+    print.PrintAllPages();
+    EXPECT_TRUE(print.PrintAll()->Canceled());
+    EXPECT_EQ(print.PrintAll()->Pages.Count(), 1);
+    EXPECT_EQ(print.PrintAll()->Pages.document.contents.size(), 1U);
+    printFrame.cancelsAfter.reset();
+    print.PrintAll_Refresh();
+    EXPECT_FALSE(print.PrintAll()->Canceled());
+    EXPECT_EQ(print.PrintAll()->Pages.document.contents.size(), 2U);
+}
+
+TEST_F(PrintCommands, AnExportCancelledByTheUserWritesNothing) {
+    print.PRO_Imprime_Pagina();
+    printFrame.cancelsAfter = 2;
+    exportTo("/home/a.txt", 4);
+    EXPECT_THAT(written, IsEmpty());
+    EXPECT_EQ(journal.lines().back(), "Mensaje unloaded");
+}
+
+TEST_F(PrintCommands, TheBusyFormStandsForTheWholeOfAnExport) {
+    print.PRO_Imprime_Pagina();
+    journal.clear();
+    exportTo("/home/a.txt", 4);
+    EXPECT_THAT(Lines(journal.lines().begin() + 1, journal.lines().end()),
+                ElementsAre("Mensaje shown", "Mensaje shown", "Mensaje unloaded",
+                            "\"Preview Print Page\" has pages: 1", "Mensaje unloaded"));
+}
+
+TEST_F(PrintCommands, APaperChosenInThePageSetUpReachesThePreviews) {
+    print.PrintAllPages();
+    printFrame.setUp = [](Page_Settings& page, Report_Printer&) {
+        std::swap(page.PaperWidth, page.PaperHeight);
+        return true;
+    };
+    print.MNU_PageSetup_Click();
+    EXPECT_EQ(print.PrintAll()->PageSettings.PaperWidth, 15840);
+    EXPECT_EQ(print.PrintAll()->PrintWidth, 15840 - 2880);
+    EXPECT_EQ(print.PrintAll()->Pages.document.paperHeight, 12240);
+}
+
 TEST_F(PrintCommands, ACancelledOrFailingExportEndsQuietly) {
     print.PRO_Imprime_Pagina();
     journal.clear();

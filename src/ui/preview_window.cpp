@@ -151,6 +151,7 @@ void Preview_Window::addPageTools() {
     pageBar_->addWidget(page_);
     pages_ = new QLabel(pageBar_);
     giveName(*pages_, QStringLiteral("PageCount"));
+    pages_->setContentsMargins(4, 0, 4, 0);
     pageBar_->addWidget(pages_);
     next_ = &addTool(*pageBar_, QStringLiteral("NextPage"), QStringLiteral("Next page"),
                      QStringLiteral("next"), {QKeySequence(Qt::Key_PageDown)}, [go] { go(1); });
@@ -220,7 +221,7 @@ void Preview_Window::showPage() {
         page_->setValue(page);
     }
     page_->setEnabled(count > 0);
-    pages_->setText(QStringLiteral(" of ") + QString::number(count) + u' ');
+    pages_->setText(QStringLiteral("of ") + QString::number(count));
     first_->setEnabled(page > 1);
     previous_->setEnabled(page > 1);
     next_->setEnabled(page < count);

@@ -6,6 +6,7 @@
 #include "values/numbers.h"
 
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace zorvane::doubles {
@@ -18,6 +19,8 @@ class Recording_Print_Frame : public Print_Frame {
     /// What the user does in the page set-up dialog: gives True to confirm. Without it he cancels.
     std::function<bool(Page_Settings&, Report_Printer&)> setUp;
     bool yes = true; ///< the user's answer to the platform's question
+    /// When the user presses Cancel in the busy form: after so many times that the run asked.
+    std::optional<int> cancelsAfter;
     Scripted_Dialog dialog;
 
     bool PageSetup(Page_Settings& page, Report_Printer& printer) override {
@@ -37,6 +40,7 @@ class Recording_Print_Frame : public Print_Frame {
     }
     void showBusy() override { journal_.add("Mensaje shown"); }
     void endBusy() override { journal_.add("Mensaje unloaded"); }
+    bool keepsRunning() override { return !cancelsAfter || --*cancelsAfter > 0; }
     void showFontDialog(MainRepKVRT&) override { journal_.add("font dialog"); }
     void dropFontDialog(const MainRepKVRT&) override { journal_.add("font dialog dropped"); }
     CommonDialog& OpenFile() override { return dialog; }
