@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QDate>
+#include <QFileDialog>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPrintDialog>
@@ -44,6 +45,13 @@ std::vector<Preview_Tool> toolsOf(MainRepKVRT& report) {
     return tools;
 }
 
+/// A name without an extension gets that of the chosen file type, whose pattern may say another one.
+void nameAfterType(QFileDialog& dialog) {
+    const auto index = dialog.nameFilters().indexOf(dialog.selectedNameFilter());
+    if (const auto format = formatOfFilter(static_cast<int>(index) + 1))
+        dialog.setDefaultSuffix(QString::fromStdString(extensionOf(*format)));
+}
+
 Report_Rectangle reportRectangle(const Twips_Rect& place) {
     return {place.left, place.top, place.width, place.height};
 }
@@ -67,6 +75,12 @@ Report_Parts::Report_Parts(const App_Context& app, Window_Frame& frame, Event_Ed
       log_(*this, metrics_, presentTime) {
     prompts.pageSetup = [](Page_Setup_Dialog& dialog) { return dialog.exec() == QDialog::Accepted; };
     prompts.print = [](QPrintDialog& dialog) { return dialog.exec() == QDialog::Accepted; };
+    prompts.exportFile = [](QFileDialog& dialog) { return dialog.exec() == QDialog::Accepted; };
+    exportDialog_.run = [this](QFileDialog& dialog) {
+        const bool chosen = prompts.exportFile(dialog);
+        nameAfterType(dialog);
+        return chosen;
+    };
     prompts.yesNo = [this](const QString& text) {
         return QMessageBox::question(dialogParent(), fromCore(applicationTitle), text) == QMessageBox::Yes;
     };

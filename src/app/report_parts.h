@@ -15,6 +15,7 @@
 #include <memory>
 
 class QDialog;
+class QFileDialog;
 class QPrintDialog;
 class QTextEdit;
 
@@ -28,6 +29,7 @@ class Preview_Window;
 struct Report_Prompts {
     std::function<bool(Page_Setup_Dialog& dialog)> pageSetup;
     std::function<bool(QPrintDialog& dialog)> print;
+    std::function<bool(QFileDialog& dialog)> exportFile;
     std::function<bool(const QString& text)> yesNo;
 };
 
@@ -58,7 +60,6 @@ class Report_Parts final : private Print_Frame {
     [[nodiscard]] Print_Log_Command& log() { return log_; }
     /// The window of a report, or none.
     [[nodiscard]] Preview_Window* window(const MainRepKVRT* report) const;
-    [[nodiscard]] Window_Dialog& exportDialog() { return exportDialog_; }
     [[nodiscard]] Busy_Run& busy() { return busy_; }
 
   private:

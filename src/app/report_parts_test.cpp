@@ -36,7 +36,7 @@ class Window_Reports : public Program_Fixture {
             questions.push_back(text.toStdString());
             return yes;
         };
-        reports().exportDialog().run = [this](QFileDialog& dialog) {
+        reports().prompts.exportFile = [this](QFileDialog& dialog) {
             if (exportFile.empty()) return false;
             dialog.selectNameFilter(dialog.nameFilters().at(exportIndex - 1));
             dialog.selectFile(QString::fromStdString(exportFile));
@@ -294,6 +294,15 @@ TEST_F(Window_Reports, AllSixFormatsThroughTheFileDialog) {
     exportTo("a.html", 6);
     EXPECT_THAT(text("a.html"), StartsWith("<!DOCTYPE html>"));
     EXPECT_THAT(questions, IsEmpty());
+}
+
+TEST_F(Window_Reports, ANameWithoutAnExtensionGetsThatOfItsType) {
+    startReports();
+    choose("MNU_PrintAll");
+    exportTo("b", 2);
+    EXPECT_THAT(text("b.pdf"), StartsWith("%PDF-"));
+    exportTo("b", 4);
+    EXPECT_THAT(text("b.txt"), StartsWith("Zorvane\r\n"));
 }
 
 TEST_F(Window_Reports, AnExistingFileIsAskedAbout) {

@@ -10,6 +10,12 @@
 
 namespace zorvane {
 
+namespace {
+
+constexpr std::array<const char*, 6> extensions = {"xls", "pdf", "rtf", "txt", "tif", "html"};
+
+} // namespace
+
 std::optional<Export_Format> formatOfFilter(int filterIndex) {
     if (filterIndex < static_cast<int>(Export_Format::Excel) ||
         filterIndex > static_cast<int>(Export_Format::Html))
@@ -18,11 +24,12 @@ std::optional<Export_Format> formatOfFilter(int filterIndex) {
 }
 
 std::optional<Export_Format> formatOfName(const std::string& name) {
-    const std::array<const char*, 6> names = {"xls", "pdf", "rtf", "txt", "tif", "html"};
-    for (std::size_t index = 0; index < names.size(); ++index)
-        if (name == names[index]) return formatOfFilter(static_cast<int>(index) + 1);
+    for (std::size_t index = 0; index < extensions.size(); ++index)
+        if (name == extensions[index]) return formatOfFilter(static_cast<int>(index) + 1);
     return std::nullopt;
 }
+
+std::string extensionOf(Export_Format format) { return extensions.at(static_cast<std::size_t>(format) - 1); }
 
 std::string exportReport(ActiveReport& report, Export_Format format, const Page_Exporters& painted) {
     report.Run();

@@ -23,6 +23,9 @@ enum class Export_Format : int {
 /// The format of an extension as a command line names it: "xls", "pdf", "rtf", "txt", "tif", "html".
 [[nodiscard]] std::optional<Export_Format> formatOfName(const std::string& name);
 
+/// A format's extension: "xls".
+[[nodiscard]] std::string extensionOf(Export_Format format);
+
 /// The formats whose pages are painted.
 class Page_Exporters {
   public:

@@ -94,7 +94,7 @@ def exports_what_it_shows(program):
     window.find(role="push button", name="Export...").press()
     dialog = program.dialog("CommonDialog")
     assert dialog.title == "Export as...", dialog.title
-    dialog.choose_type("PDF File (*.pdf)")
+    dialog.choose_type("PDF File(*.pdf)")
     dialog.choose_file(file, "Save")
     wait_for("the file", lambda: os.path.exists(file) and os.path.getsize(file))
     with open(file, "rb") as written:
