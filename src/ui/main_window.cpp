@@ -1,6 +1,7 @@
 #include "ui/main_window.h"
 
 #include "ui/caption_frame.h"
+#include "ui/column_tip.h"
 #include "ui/icons.h"
 #include "ui/split_bar.h"
 #include "ui/text.h"
@@ -54,6 +55,7 @@ Main_Window::Main_Window() {
     settings_ = std::make_unique<Flex_Grid>(
         addGrid(*frame3_, QStringLiteral("FLX_Settings"), QStringLiteral("Settings")));
     settings_->view().setEditable(true);
+    tip_ = new Column_Tip(settings_->view(), client_);
     setDesignSize();
 }
 

@@ -14,6 +14,7 @@
 namespace zorvane {
 
 class Caption_Frame;
+class Column_Tip;
 class Split_Bar;
 
 /// What the main form tells its owner. No handler lets an exception out.
@@ -41,6 +42,7 @@ class Main_Window final : public QMainWindow {
     [[nodiscard]] QWidget& Frame2();
     [[nodiscard]] QWidget& Frame3();
     [[nodiscard]] QWidget& PicLineHoriz();
+    [[nodiscard]] Column_Tip& picTip() { return *tip_; }
 
     [[nodiscard]] const Window_Layout& formLayout() const { return layout_; }
     [[nodiscard]] Twips_Scale scale() const { return layout_.scale; }
@@ -77,6 +79,7 @@ class Main_Window final : public QMainWindow {
     Split_Bar* splitter_ = nullptr;
     QWidget* line1_ = nullptr;
     Status_Bar* statusBar_ = nullptr;
+    Column_Tip* tip_ = nullptr;
     std::unique_ptr<Main_Menu> menu_;
     std::unique_ptr<Flex_Grid> configuration_;
     std::unique_ptr<Flex_Grid> settings_;
