@@ -141,6 +141,8 @@ class Victim {
 
     void saveAs() {
         if (!bench_.form.Document_Open) return;
+        // A document read from a file that a failed save left torn is torn itself, and so would be its copy.
+        if (!bench_.state.modelEmptied && !stateOf(bench_.document)) return edit();
         bench_.choose(bench_.path);
         MNU_Saveas_Click(bench_.real);
     }

@@ -34,14 +34,14 @@ double single(double value) {
     return static_cast<double>(static_cast<float>(value));
 }
 
-/// A number of single precision has seven digits worth writing.
+} // namespace
+
 std::string singleText(double value) {
+    // A number of single precision has seven digits worth writing.
     std::array<char, 32> digits{};
     std::snprintf(digits.data(), digits.size(), "%.7g", value);
     return numberText(Val(digits.data()));
 }
-
-} // namespace
 
 bool hasStoredRectangle(Settings_Store& store, const std::string& section) {
     return std::any_of(rectangleKeys.begin(), rectangleKeys.end(), [&](const Rectangle_Key& entry) {

@@ -23,6 +23,9 @@ inline constexpr Window_Rectangle fallbackRectangle{3075, 3210, 6990, 7380};
 /// Writes a window's four values as text.
 void storeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place);
 
+/// A number of single precision as the store keeps it.
+[[nodiscard]] std::string singleText(double value);
+
 inline const std::string mainWindowSection = "MainWindow";
 inline const std::string monitorSection = "ModbusDialog";
 inline const std::string previewSection = "PrintDialog";

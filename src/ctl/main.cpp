@@ -1,17 +1,40 @@
+#include "ctl/painted_calls.h"
 #include "ctl/port_calls.h"
 #include "template/native_files.h"
 
-#include <QCoreApplication>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QLoggingCategory>
 
+#include <algorithm>
 #include <iostream>
+#include <memory>
+
+namespace {
+
+/// Only calls that paint take the fonts' time to load. They need no screen.
+std::unique_ptr<QCoreApplication> makeApplication(bool paints, int& count, char** arguments) {
+    if (!paints) return std::make_unique<QCoreApplication>(count, arguments);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QLoggingCategory::setFilterRules("default.warning=false"); // about folders of a desktop session
+    return std::make_unique<QGuiApplication>(count, arguments);
+}
+
+bool paints(const std::vector<std::string>& arguments) {
+    const std::vector<zorvane::Call_Entry> calls = zorvane::paintedCalls();
+    return std::any_of(calls.begin(), calls.end(), [&](const zorvane::Call_Entry& call) {
+        return !arguments.empty() && arguments.front() == call.name;
+    });
+}
+
+} // namespace
 
 int main(int argc, char* argv[]) {
     using namespace zorvane;
     std::ios::sync_with_stdio(false);
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     int ownName = 1; // the program's name only: the other arguments are none of Qt's business
-    const QCoreApplication application(ownName, argv);
+    const auto application = makeApplication(paints(arguments), ownName, argv);
     const QString folder =
         QFileInfo(QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath()).path();
 
@@ -20,6 +43,8 @@ int main(int argc, char* argv[]) {
                                     withoutEndSeparator(pathFromNative(folder.toStdString()))};
     std::vector<Call_Entry> calls = documentCalls();
     for (const Call_Entry& call : portCalls())
+        calls.push_back(call);
+    for (const Call_Entry& call : paintedCalls())
         calls.push_back(call);
     const int code = runProgram(calls, arguments, surroundings);
     std::cout.flush();

@@ -1,0 +1,195 @@
+#include "app/print_commands.h"
+
+#include "app/frame_life.h"
+#include "values/numbers.h"
+
+namespace zorvane {
+
+namespace {
+
+const std::string marginSection = "Settings";
+constexpr int wholePageZoom = -2;
+constexpr double bindingRoom = 720; ///< twips
+
+struct Margin_Key {
+    const char* key; ///< spelt as it has always been stored
+    double Page_Settings::*margin;
+};
+
+constexpr std::array<Margin_Key, 4> marginKeys = {{{"PrintLeftMargin", &Page_Settings::LeftMargin},
+                                                   {"PrintRigthMargin", &Page_Settings::RightMargin},
+                                                   {"PrinttopMargin", &Page_Settings::TopMargin},
+                                                   {"PrintbottonMargin", &Page_Settings::BottomMargin}}};
+
+void copyMargins(const Page_Settings& from, Page_Settings& to) {
+    for (const Margin_Key& key : marginKeys)
+        to.*key.margin = from.*key.margin;
+}
+
+double widthBetweenMargins(const Page_Settings& page) {
+    return page.PaperWidth - (page.LeftMargin + page.RightMargin);
+}
+
+bool hasPages(const MainRepKVRT* report) { return report != nullptr && report->Pages.Count() > 0; }
+
+} // namespace
+
+Print_Commands::Print_Commands(const App_Context& app, Print_Frame& frame, Print_Services services)
+    : app_(app), frame_(frame), services_(std::move(services)) {}
+
+std::unique_ptr<MainRepKVRT> Print_Commands::makeReport() {
+    const Document_Report_Sources sources{app_.document(), services_.metrics, services_.gridFont};
+    Main_Report_Host& host = *this;
+    return std::make_unique<MainRepKVRT>(sources, services_.clock, host);
+}
+
+MainRepKVRT& Print_Commands::Report_Setup() {
+    if (!Report_Setup_) Report_Setup_ = makeReport();
+    return *Report_Setup_;
+}
+
+void Print_Commands::MNU_PageSetup_Click() {
+    MainRepKVRT& setup = Report_Setup();
+    if (!frame_.PageSetup(setup.PageSettings, setup.Printer)) return;
+    if (hasPages(PrintAll())) {
+        takeSettingsOver(*PrintAll_);
+        SaveSettingsPrint();
+        PrintAll_->PrintWidth = widthBetweenMargins(setup.PageSettings);
+        PrintAll_->Restart();
+    }
+    if (hasPages(PrintGrid())) {
+        takeSettingsOver(*PrintGrid_);
+        PrintGrid_->PageSettings.Gutter = bindingRoom;
+        PrintGrid_->PageSettings.MirrorMargins = true;
+        SaveSettingsPrint();
+        PrintGrid_->PrintWidth = widthBetweenMargins(setup.PageSettings);
+        PrintGrid_->Restart();
+    }
+}
+
+void Print_Commands::takeSettingsOver(MainRepKVRT& report) {
+    report.Printer = Report_Setup().Printer;
+    copyMargins(Report_Setup().PageSettings, report.PageSettings);
+}
+
+void Print_Commands::PRO_Imprime_Pagina() {
+    disableEntry(Menu_Entry::MNU_PrintPage, Menu_Entry::MNU_PrintAll);
+    if (!PrintGrid_) {
+        makePreview(PrintGrid_, "Preview Print Page");
+        PrintGrid_->UnloadMe = [this] { PrintGrid_UnloadMe(); };
+        PrintGrid_->ConfigurePage = [this] { PrintGrid_ConfigurePage(); };
+        PrintGrid_->Refresh = [this] { PrintGrid_Refresh(); };
+    }
+    PrintGrid_->OnePage = true;
+    PrintGrid_->Opcion = app_.grids.FLX_Configuration.RowSel();
+    show(*PrintGrid_);
+}
+
+void Print_Commands::PrintAllPages() {
+    disableEntry(Menu_Entry::MNU_PrintAll, Menu_Entry::MNU_PrintPage);
+    if (!PrintAll_) {
+        makePreview(PrintAll_, "Preview Print All Pages");
+        PrintAll_->UnloadMe = [this] { PrintAll_UnloadMe(); };
+        PrintAll_->ConfigurePage = [this] { PrintAll_ConfigurePage(); };
+        PrintAll_->Refresh = [this] { PrintAll_Refresh(); };
+    }
+    PrintAll_->OnePage = false;
+    PrintAll_->Opcion = 0;
+    show(*PrintAll_);
+}
+
+void Print_Commands::disableEntry(Menu_Entry entry, Menu_Entry other) {
+    app_.frame.setMenuEnabled(entry, false);
+    if (!app_.frame.menuEnabled(other)) app_.frame.setMenuEnabled(Menu_Entry::MNU_Print, false);
+}
+
+void Print_Commands::makePreview(Report_Slot& slot, const std::string& caption) {
+    slot = makeReport();
+    auto& [left, top, width, height] = Print_Setup_Window_;
+    PRO_Lee_Dialogos(app_, Stored_Dialog::Preview, top, left, width, height);
+    slot->Window = {left, top, width, height};
+    takeSettingsOver(*slot);
+    slot->PrintWidth = widthBetweenMargins(Report_Setup().PageSettings);
+    slot->Caption = caption;
+}
+
+void Print_Commands::show(MainRepKVRT& report) {
+    report.FontSize = app_.state.Font_Size;
+    report.HaveGrid = app_.frame.menuChecked(Menu_Entry::MNU_Grid);
+    frame_.showPreview(report, wholePageZoom);
+    report.Run();
+}
+
+void Print_Commands::PRO_Descarga_Reportes() {
+    if (PrintAll_) PrintAll_->ActiveReport_Terminate();
+    if (PrintGrid_) PrintGrid_->ActiveReport_Terminate();
+}
+
+void Print_Commands::PrintAll_UnloadMe() { unload(PrintAll_, Menu_Entry::MNU_PrintAll); }
+
+void Print_Commands::PrintGrid_UnloadMe() { unload(PrintGrid_, Menu_Entry::MNU_PrintPage); }
+
+void Print_Commands::unload(Report_Slot& slot, Menu_Entry entry) {
+    app_.frame.setMenuEnabled(entry, true);
+    app_.frame.setMenuEnabled(Menu_Entry::MNU_Print, true);
+    // "Print Page" follows its menu in the window; while its own preview is open it stays disabled.
+    if (PrintGrid_ && slot != PrintGrid_) app_.frame.setMenuEnabled(Menu_Entry::MNU_PrintPage, false);
+    if (!slot) return;
+    if (slot->Pages.Count() > 0) slot->Pages.Clear();
+    frame_.releasePreview(*slot);
+    slot.reset();
+}
+
+void Print_Commands::PrintAll_Refresh() {
+    if (hasPages(PrintAll())) PrintAll_->Restart();
+}
+
+void Print_Commands::PrintGrid_Refresh() {
+    if (hasPages(PrintGrid())) PrintGrid_->Restart();
+}
+
+void Print_Commands::applyFontSize(double size) {
+    for (MainRepKVRT* report : {PrintAll(), PrintGrid()}) {
+        if (!hasPages(report)) continue;
+        report->FontSize = size;
+        report->Restart();
+    }
+}
+
+void Print_Commands::SaveSettingsPrint() {
+    const Page_Settings& page = Report_Setup().PageSettings;
+    for (const auto& [key, margin] : marginKeys)
+        app_.settings.SaveSetting(applicationTitle, marginSection, key, singleText(page.*margin));
+}
+
+void Print_Commands::LoadSettingsPrint() {
+    Page_Settings& page = Report_Setup().PageSettings;
+    for (const auto& [key, margin] : marginKeys)
+        page.*margin = Val(app_.settings.GetSetting(applicationTitle, marginSection, key, "1440"));
+}
+
+void Print_Commands::SaveConfig(const Report_Rectangle& window) {
+    storeRectangle(app_.settings, previewSection, {window.Top, window.Left, window.Width, window.Height});
+}
+
+void Print_Commands::exportReport(MainRepKVRT& report) {
+    ignoringFailure([&] { exportWithDialog(report); });
+}
+
+void Print_Commands::exportWithDialog(MainRepKVRT& report) {
+    CommonDialog& dialog = frame_.OpenFile();
+    dialog.FileName.clear();
+    dialog.DialogTitle = "Export as...";
+    dialog.Filter = exportFilter;
+    dialog.CancelError = true;
+    dialog.InitDir = app_.applicationFolder;
+    dialog.ShowSave();
+    if (app_.files.exists(dialog.FileName) &&
+        !frame_.platformQuestion("File " + dialog.FileName + " exist overwrite it?"))
+        return;
+    const auto format = formatOfFilter(dialog.FilterIndex);
+    if (!format) return;
+    services_.writeFile(dialog.FileName, zorvane::exportReport(report, *format, services_.painted));
+}
+
+} // namespace zorvane

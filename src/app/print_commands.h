@@ -1,0 +1,94 @@
+#pragma once
+
+#include "app/app_context.h"
+#include "app/print_frame.h"
+#include "app/window_rectangles.h"
+#include "reports/export_format.h"
+
+#include <array>
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace zorvane {
+
+/// What reports are made of besides the document.
+struct Print_Services {
+    const Text_Metrics& metrics;
+    Report_Clock clock;
+    std::string gridFont; ///< name of the upper grid's font
+    const Page_Exporters& painted;
+    /// Writes a file, over one that is there. Failures as those of `writeByteFile`.
+    std::function<void(const std::string& path, const std::string& bytes)> writeFile;
+};
+
+/// The main form's commands around the reports: page set-up, the two previews, the export.
+class Print_Commands : private Main_Report_Host {
+  public:
+    Print_Commands(const App_Context& app, Print_Frame& frame, Print_Services services);
+
+    /// "Pa&ge Setup...": an open preview that has pages takes the new settings over, which are stored then.
+    void MNU_PageSetup_Click();
+    /// "Print Pag&e": the preview of the selected field.
+    void PRO_Imprime_Pagina();
+    /// "P&rint All...": the preview of all fields.
+    void PrintAllPages();
+    /// Closes both previews, as the main form does when it closes.
+    void PRO_Descarga_Reportes();
+
+    /// Stores the four margins of `Report_Setup`, which is made if there is none.
+    void SaveSettingsPrint();
+    /// Reads them, at the start; one inch for those never stored, 0 for those that aren't numbers.
+    void LoadSettingsPrint();
+
+    void PrintAll_UnloadMe();
+    void PrintGrid_UnloadMe();
+    void PrintAll_ConfigurePage() { MNU_PageSetup_Click(); }
+    void PrintGrid_ConfigurePage() { MNU_PageSetup_Click(); }
+    void PrintAll_Refresh();
+    void PrintGrid_Refresh();
+
+    /// Gives the previews that have pages a text size in points, and makes them anew.
+    void applyFontSize(double size);
+
+    /// The open previews, or none.
+    [[nodiscard]] MainRepKVRT* PrintAll() const { return PrintAll_.get(); }
+    [[nodiscard]] MainRepKVRT* PrintGrid() const { return PrintGrid_.get(); }
+    /// The report that is never shown: it holds the settings that each new preview copies.
+    [[nodiscard]] MainRepKVRT& Report_Setup();
+
+  private:
+    using Report_Slot = std::unique_ptr<MainRepKVRT>;
+
+    void showBusy() override { frame_.showBusy(); }
+    void endBusy() override { frame_.endBusy(); }
+    void SaveConfig(const Report_Rectangle& window) override;
+    void showPages(MainRepKVRT& report) override { frame_.showPages(report); }
+    void showFontDialog(MainRepKVRT& report) override { frame_.showFontDialog(report); }
+    void dropFontDialog(MainRepKVRT& report) override { frame_.dropFontDialog(report); }
+    void exportReport(MainRepKVRT& report) override;
+
+    [[nodiscard]] Report_Slot makeReport();
+    void makePreview(Report_Slot& slot, const std::string& caption);
+    void takeSettingsOver(MainRepKVRT& report);
+    void show(MainRepKVRT& report);
+    void unload(Report_Slot& slot, Menu_Entry entry);
+    void disableEntry(Menu_Entry entry, Menu_Entry other);
+    void exportWithDialog(MainRepKVRT& report);
+
+    const App_Context& app_;
+    Print_Frame& frame_;
+    Print_Services services_;
+    Report_Slot Report_Setup_;
+    Report_Slot PrintAll_;
+    Report_Slot PrintGrid_;
+    /// Left, top, width and height read for a new preview.
+    std::array<double, 4> Print_Setup_Window_{fallbackRectangle.left, fallbackRectangle.top,
+                                              fallbackRectangle.width, fallbackRectangle.height};
+};
+
+inline const std::string exportFilter =
+    "Excel file (*.xls)|*.xls|PDF File(*.pdf)|*.pdf|RTF File(*.rtf)|*.rtf|Text File(*.txt)|*.rtf|"
+    "TIF File(*.tif)|*.tif|HTML File(*.html)|*.html";
+
+} // namespace zorvane

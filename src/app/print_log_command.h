@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/print_frame.h"
+
+#include <memory>
+#include <string>
+
+namespace zorvane {
+
+/// "&Print Log..." of the transfer status form.
+class Print_Log_Command {
+  public:
+    Print_Log_Command(Print_Frame& frame, const Text_Metrics& metrics, Report_Clock clock);
+
+    /// Prints a log after the user chose a printer; there is no preview. A report of an earlier press gives
+    /// its window's rectangle to the new one and goes.
+    void btnPrint_Click(const Rich_Text& RtbStatus, const std::string& logFileName);
+    /// The report was closed.
+    void RptLog_UnloadMe() { report_.reset(); }
+
+    [[nodiscard]] rptPrintLog* report() const { return report_.get(); }
+
+  private:
+    Print_Frame& frame_;
+    const Text_Metrics& metrics_;
+    Report_Clock clock_;
+    std::unique_ptr<rptPrintLog> report_;
+};
+
+} // namespace zorvane

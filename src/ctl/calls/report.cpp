@@ -1,0 +1,140 @@
+#include "ctl/document_arguments.h"
+#include "ctl/json_stream.h"
+#include "ctl/notices.h"
+#include "ctl/painted_calls.h"
+#include "reports/byte_file.h"
+#include "reports/export_format.h"
+#include "reports/main_rep_kvrt.h"
+#include "reports/qt_page_exporters.h"
+#include "reports/qt_report_fonts.h"
+#include "template/native_files.h"
+#include "values/code_page.h"
+
+#include <QDate>
+#include <QLocale>
+#include <QTime>
+
+#include <CLI/CLI.hpp>
+
+#include <ostream>
+
+namespace zorvane {
+
+namespace {
+
+/// A report that nobody looks at while it runs.
+class Unseen_Host : public Main_Report_Host {
+  public:
+    void showBusy() override {}
+    void endBusy() override {}
+    void SaveConfig(const Report_Rectangle&) override {}
+    void showPages(MainRepKVRT&) override {}
+    void showFontDialog(MainRepKVRT&) override {}
+    void dropFontDialog(MainRepKVRT&) override {}
+    void exportReport(MainRepKVRT&) override {}
+};
+
+Report_Time presentTime() {
+    const QTime time = QTime::currentTime();
+    return {fromUtf8(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString()),
+            time.hour(), time.minute()};
+}
+
+/// The texts of a field's table as a report prints them, row by row up to a failure.
+std::optional<Failure_Note> writeRows(Json_Stream& json, const Declara_Zorvane& document,
+                                      std::int32_t field) {
+    return failureOf([&] {
+        const Field_Rec& shown = document.Fields(field);
+        for (std::int32_t row = 1; row <= shown.Rows; ++row) {
+            Json texts = Json::array();
+            for (const std::string& text : reportRowTexts(shown, row))
+                texts.push_back(jsonText(text));
+            json.value(texts);
+        }
+    });
+}
+
+class Report_Call : public Call {
+  public:
+    void addArguments(CLI::App& arguments) override {
+        files_.addTemplate(arguments);
+        files_.addConfiguration(arguments);
+        arguments.add_option("FIELD", field_, "The field's number, from 1 (default: all fields)")
+            ->check(CLI::PositiveNumber);
+        arguments.add_option("--format", format_, "The format of the file")
+            ->check(CLI::IsMember({"xls", "pdf", "rtf", "txt", "tif", "html"}));
+        CLI::Option* const out = arguments.add_option("--out", out_, "The file to write");
+        out->type_name("FILE")->needs("--format");
+        arguments.add_flag("--grid", grid_, "Draw rules around the cells");
+        arguments.add_option("--font-size", fontSize_, "Size of the text in points")
+            ->check(CLI::Range(4.0, 72.0))
+            ->capture_default_str();
+    }
+
+    int run(const Surroundings& surroundings) override {
+        if (!out_.empty()) return runExport(surroundings);
+        if (surroundings.json && field_ > 0) return printRows(surroundings);
+        tell(surroundings.err, "Name a file with --format and --out, or a FIELD with --json.");
+        return Exit_Usage;
+    }
+
+  private:
+    int printRows(const Surroundings& surroundings) {
+        const Opened_Document opened = files_.open(surroundings);
+        Json_Stream json(surroundings.out);
+        json.openObject();
+        json.name("rows");
+        json.openList();
+        const auto failure = writeRows(json, opened.document, field_);
+        json.close();
+        json.member("failure", jsonFailure(failure));
+        json.close();
+        if (failure) tellFailure(surroundings.err, "The field could not be printed whole", *failure);
+        return opened.whole() && !failure ? Exit_Success : Exit_Failed;
+    }
+
+    int runExport(const Surroundings& surroundings) {
+        const Opened_Document opened = files_.open(surroundings);
+        const auto failure = opened.fileMissing() ? Failure_Note{static_cast<int>(Failure::FileNotFound),
+                                                                 failureText(Failure::FileNotFound)}
+                                                  : failureOf([&] { writeReport(opened.document); });
+        const std::string path = printablePath(pathFromNative(out_));
+        if (surroundings.json)
+            printJson(surroundings.out,
+                      {{"output", jsonPath(pathFromNative(out_))}, {"failure", jsonFailure(failure)}});
+        else if (!failure)
+            surroundings.out << "Written: " << path << '\n';
+        if (failure) tellFailure(surroundings.err, path + " could not be written", *failure);
+        return opened.whole() && !failure ? Exit_Success : Exit_Failed;
+    }
+
+    void writeReport(const Declara_Zorvane& document) const {
+        const Qt_Text_Metrics metrics;
+        Unseen_Host host;
+        MainRepKVRT report({document, metrics}, presentTime, host);
+        report.OnePage = field_ > 0;
+        report.Opcion = field_;
+        report.HaveGrid = grid_;
+        report.FontSize = fontSize_;
+        const Page_Settings& paper = report.PageSettings;
+        report.PrintWidth = paper.PaperWidth - (paper.LeftMargin + paper.RightMargin);
+        writeByteFile(out_, exportReport(report, formatOfName(format_).value(), Qt_Page_Exporters()));
+    }
+
+    Document_Arguments files_;
+    std::int32_t field_ = 0;
+    std::string format_;
+    std::string out_;
+    bool grid_ = false;
+    double fontSize_ = 8.25;
+};
+
+} // namespace
+
+std::vector<Call_Entry> paintedCalls() {
+    return {{"report", "Print a document, or one of its fields, to a file", makeReportCall}};
+}
+
+std::unique_ptr<Call> makeReportCall() { return std::make_unique<Report_Call>(); }
+
+} // namespace zorvane

@@ -1,0 +1,111 @@
+// zorvanectl report: the built program.
+
+#include "ctl/testing/ctl_bench.h"
+#include "ctl/testing/small_model.h"
+#include "ctl/testing/spawned_program.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+namespace zorvane {
+namespace {
+
+using doubles::Ctl_Bench;
+using doubles::Ctl_Run;
+using doubles::lines;
+using doubles::Spawned_Program;
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+struct Report_Program : testing::Test {
+    Ctl_Run run(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), {ZORVANECTL, "report", ztp, config});
+        Spawned_Program program(arguments);
+        const int code = program.finish();
+        return {code, program.out(), program.err()};
+    }
+
+    Ctl_Bench bench;
+    std::string ztp = bench.file("ABC.ZTP", doubles::smallTemplate());
+    std::string config = bench.file("site.ABC", doubles::smallConfiguration());
+};
+
+TEST_F(Report_Program, PrintsTheTextsOfAFieldsTable) {
+    const Ctl_Run report = run({"1", "--json"});
+    EXPECT_EQ(report.code, 0);
+    EXPECT_EQ(report.err, "");
+    EXPECT_EQ(report.out, "{\n  \"rows\": [[\"10\",\"On\"],[\"-5\",\"7\"]],\n  \"failure\": null\n}\n");
+}
+
+TEST_F(Report_Program, AListCellWithoutAValueShowsTheTextBefore) {
+    config = bench.file("site.ABC", lines({"[Field_1_Default]", "ROW_1=10"}));
+    EXPECT_EQ(json::parse(run({"1", "--json"}).out)["rows"][0], json::parse(R"(["10","10"])"));
+}
+
+TEST_F(Report_Program, AFieldThatIsNotThereIsAFailure) {
+    const Ctl_Run report = run({"101", "--json"});
+    EXPECT_EQ(report.code, 1);
+    EXPECT_EQ(json::parse(report.out)["failure"],
+              json::parse(R"({"number":9,"description":"Subscript out of range"})"));
+    EXPECT_EQ(json::parse(report.out)["rows"], json::array());
+}
+
+TEST_F(Report_Program, WritesEachFormat) {
+    const std::vector<std::pair<std::string, std::string>> beginnings = {
+        {"xls", "\xD0\xCF\x11\xE0"}, {"pdf", "%PDF-"}, {"rtf", "{\\rtf1"},
+        {"txt", "Zorvane\r\n"},      {"tif", "II*"},   {"html", "<!DOCTYPE html>"}};
+    for (const auto& [format, beginning] : beginnings) {
+        const std::string name = "report." + format;
+        const Ctl_Run report = run({"--format", format, "--out", bench.path(name)});
+        EXPECT_EQ(report.code, 0) << report.err;
+        EXPECT_EQ(report.out, "Written: " + bench.path(name) + "\n");
+        EXPECT_EQ(report.err, "");
+        EXPECT_THAT(bench.bytes(name), StartsWith(beginning));
+    }
+}
+
+TEST_F(Report_Program, PrintsOneFieldOrAll) {
+    ztp = bench.file("ABC.ZTP", doubles::smallTemplate() + lines({"[CONFIGURATION_FIELDS]",
+                                                                  "FIELD_2_DESC=Inputs", "FIELD_2_RC=1,1"}));
+    const auto text = [&](const std::vector<std::string>& field) {
+        std::vector<std::string> arguments = field;
+        for (const std::string& more :
+             {std::string("--format"), std::string("txt"), std::string("--out"), bench.path("r.txt")})
+            arguments.push_back(more);
+        EXPECT_EQ(run(arguments).code, 0);
+        return bench.bytes("r.txt");
+    };
+    EXPECT_THAT(text({}), testing::AllOf(HasSubstr("Outputs"), HasSubstr("Inputs")));
+    EXPECT_THAT(text({"2"}), testing::AllOf(testing::Not(HasSubstr("Outputs")), HasSubstr("Inputs")));
+}
+
+TEST_F(Report_Program, TellsAFileThatCanNotBeWritten) {
+    const std::string path = bench.path("missing/r.txt");
+    const Ctl_Run report = run({"--format", "txt", "--out", path, "--json"});
+    EXPECT_EQ(report.code, 1);
+    EXPECT_EQ(json::parse(report.out),
+              json::parse(R"({"output":")" + path +
+                          R"(","failure":{"number":76,"description":"Path not found"}})"));
+    EXPECT_THAT(report.err, HasSubstr("could not be written: Path not found (failure 76)"));
+}
+
+TEST_F(Report_Program, TellsAMissingDocument) {
+    config = bench.path("none.ABC");
+    const Ctl_Run report = run({"--format", "txt", "--out", bench.path("r.txt")});
+    EXPECT_EQ(report.code, 1);
+    EXPECT_FALSE(bench.exists("r.txt"));
+}
+
+TEST_F(Report_Program, NeedsAFormatAndAFileOrAFieldAsJson) {
+    EXPECT_EQ(run({}).code, 2);
+    EXPECT_EQ(run({"--json"}).code, 2);
+    EXPECT_EQ(run({"1"}).code, 2);
+    EXPECT_EQ(run({"--out", bench.path("r.txt")}).code, 2);
+    EXPECT_EQ(run({"--format", "doc", "--out", bench.path("r.doc")}).code, 2);
+    EXPECT_EQ(run({"0", "--json"}).code, 2);
+    EXPECT_EQ(run({"--format", "txt", "--out", bench.path("r.txt"), "--font-size", "1000"}).code, 2);
+}
+
+} // namespace
+} // namespace zorvane

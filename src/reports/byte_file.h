@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace zorvane {
+
+/// Writes a whole file of this machine (UTF-8 path), over one that is there. Failures: 61 disk full, 70 no
+/// permission, 76 no such folder, 75 anything else.
+void writeByteFile(const std::string& nativePath, const std::string& bytes);
+
+} // namespace zorvane

@@ -1,0 +1,54 @@
+#include "reports/export_rtf.h"
+#include "reports/testing/report_bench.h"
+
+#include <gmock/gmock.h>
+
+namespace zorvane {
+namespace {
+
+using doubles::design;
+using doubles::Report_Bench;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+struct Export_Rtf : testing::Test, Report_Bench {
+    [[nodiscard]] std::string exported() {
+        MainRepKVRT report(sources(), clock, host);
+        return exportRtf(contentOf(report));
+    }
+};
+
+TEST_F(Export_Rtf, HasPaperHeaderAndFooter) {
+    const std::string rtf = exported();
+    EXPECT_THAT(rtf, StartsWith("{\\rtf1\\ansi\\ansicpg1252"));
+    EXPECT_THAT(rtf, HasSubstr("\\paperw12240\\paperh15840\\margl1440\\margr1440\\margt1440\\margb1440\n"));
+    EXPECT_THAT(rtf, HasSubstr("Zorvane\\tab Page: \\chpgn  / {\\field{\\*\\fldinst NUMPAGES}}\\par}\n"));
+    EXPECT_THAT(rtf, HasSubstr(" /SITE/SITE7.ABC\\tab 11/21/2026  9:05\\par}\n"));
+}
+
+TEST_F(Export_Rtf, WritesATableWhoseHeadingsComeAgain) {
+    document.Field_Count = 1;
+    const std::string rtf = exported();
+    EXPECT_THAT(rtf, HasSubstr("\\trowd\\trgaph60\\trkeep\\trhdr"));
+    EXPECT_THAT(rtf, HasSubstr("\\trowd\\trgaph60\\trkeep\\cellx1100\\cellx1900\n"
+                               "\\pard\\intbl\\ql {\\f1\\fs17 low}\\cell\n"
+                               "\\pard\\intbl\\qr {\\f1\\fs17\\cf4 10}\\cell\n"
+                               "\\row\n"));
+}
+
+TEST_F(Export_Rtf, EscapesEveryText) {
+    design(document.Fields(1), "{x}", {{"a"}}, {{"back\\slash"}, {"\x80\xE9\x81"}, {"tab\there"}});
+    const std::string rtf = exported();
+    EXPECT_THAT(rtf, HasSubstr("\\{x\\}"));
+    EXPECT_THAT(rtf, HasSubstr(" back\\\\slash}"));
+    EXPECT_THAT(rtf, HasSubstr(" \\'80\\'e9\\'81}"));
+    EXPECT_THAT(rtf, HasSubstr(" tab\\tab here}"));
+}
+
+TEST_F(Export_Rtf, AColumnWithoutWidthStillHasRoomForItsText) {
+    design(document.Fields(1), "x", {{"a", 0}, {"b", 0}}, {{"1", "2"}});
+    EXPECT_THAT(exported(), HasSubstr("\\cellx360\\cellx720\n"));
+}
+
+} // namespace
+} // namespace zorvane

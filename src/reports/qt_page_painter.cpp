@@ -1,0 +1,88 @@
+#include "reports/qt_page_painter.h"
+
+#include "reports/qt_report_fonts.h"
+
+#include <QColor>
+#include <QFontMetricsF>
+#include <QPagedPaintDevice>
+#include <QPainter>
+#include <QPen>
+
+namespace zorvane {
+
+namespace {
+
+constexpr double twipsPerInch = 1440;
+constexpr double ruleWidth = 10; ///< twips
+
+QColor colourOf(Packed_Colour packed) {
+    return QColor(static_cast<int>(packed & 0xFFU), static_cast<int>(packed >> 8 & 0xFFU),
+                  static_cast<int>(packed >> 16 & 0xFFU));
+}
+
+class Item_Painter {
+  public:
+    Item_Painter(QPainter& painter, const Style_Table& styles) : painter_(painter), styles_(styles) {}
+
+    void operator()(const Box_Item& box) const {
+        painter_.fillRect(QRectF(box.left, box.top, box.width, box.height), colourOf(box.colour));
+    }
+
+    void operator()(const Line_Item& line) const {
+        const Qt::PenStyle style = line.style == Border_Dot ? Qt::DotLine : Qt::SolidLine;
+        painter_.setPen(QPen(colourOf(line.colour), ruleWidth, style, Qt::FlatCap));
+        painter_.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
+    }
+
+    void operator()(const Text_Item& item) const {
+        const Text_Style& style = styles_[item.style];
+        const QFont font = fontInTwips(style.Font);
+        const QFontMetricsF metrics(font);
+        const QString text = paintedText(item.text);
+        const double width = metrics.horizontalAdvance(text);
+        const double above =
+            style.VerticalAlignment == Align_Middle ? (item.height - metrics.height()) / 2 : 0;
+        const QPointF place(leftOf(item, style, width), item.top + above + metrics.ascent());
+        const bool cut = place.x() < item.left || place.x() + width > item.left + item.width;
+        if (cut) {
+            painter_.save();
+            // Only the sides cut: below, a text may need more room than its control has.
+            painter_.setClipRect(QRectF(item.left, item.top - item.height, item.width, 3 * item.height));
+        }
+        painter_.setFont(font);
+        painter_.setPen(colourOf(style.ForeColor));
+        painter_.drawText(place, text);
+        if (cut) painter_.restore();
+    }
+
+  private:
+    static double leftOf(const Text_Item& item, const Text_Style& style, double width) {
+        if (style.Alignment == Align_Right) return item.left + item.width - width - textInset;
+        if (style.Alignment == Align_Center) return item.left + (item.width - width) / 2;
+        return item.left + textInset;
+    }
+
+    QPainter& painter_;
+    const Style_Table& styles_;
+};
+
+} // namespace
+
+void paintPage(QPainter& painter, const Page_Document& document, std::size_t page) {
+    const Item_Painter paint(painter, document.styles);
+    for (const Page_Item& item : document.pages.at(page).items)
+        std::visit(paint, item);
+}
+
+bool paintPages(QPagedPaintDevice& device, const Page_Document& document) {
+    QPainter painter;
+    if (!painter.begin(&device)) return false;
+    painter.scale(device.logicalDpiX() / twipsPerInch, device.logicalDpiY() / twipsPerInch);
+    for (std::size_t page = 0; page < document.pages.size(); ++page) {
+        if (page > 0 && !device.newPage()) return false;
+        paintPage(painter, document, page);
+    }
+    return painter.end();
+}
+
+} // namespace zorvane

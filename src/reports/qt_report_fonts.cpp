@@ -1,0 +1,45 @@
+#include "reports/qt_report_fonts.h"
+
+#include "values/code_page.h"
+
+#include <QFontMetricsF>
+#include <QStringList>
+
+#include <algorithm>
+#include <cmath>
+
+namespace zorvane {
+
+namespace {
+
+constexpr double twipsPerPoint = 20;
+
+} // namespace
+
+QFont fontInTwips(const Report_Font& font) {
+    QFont made;
+    made.setFamilies({QString::fromStdString(toUtf8(font.Name)), "Liberation Sans", "Arimo", "Nimbus Sans"});
+    made.setStyleHint(QFont::SansSerif);
+    made.setHintingPreference(QFont::PreferNoHinting);
+    made.setPixelSize(static_cast<int>(std::lround(font.Size * twipsPerPoint)));
+    made.setBold(font.Bold);
+    return made;
+}
+
+QString paintedText(const std::string& text) {
+    QString painted = QString::fromStdString(toUtf8(text));
+    std::replace_if(
+        painted.begin(), painted.end(),
+        [](QChar character) { return character.category() == QChar::Other_Control; }, QChar(u' '));
+    return painted;
+}
+
+double Qt_Text_Metrics::textWidth(const std::string& text, const Report_Font& font) const {
+    return QFontMetricsF(fontInTwips(font)).horizontalAdvance(paintedText(text));
+}
+
+double Qt_Text_Metrics::lineHeight(const Report_Font& font) const {
+    return QFontMetricsF(fontInTwips(font)).height();
+}
+
+} // namespace zorvane

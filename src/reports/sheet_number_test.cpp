@@ -1,0 +1,44 @@
+#include "reports/sheet_number.h"
+
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+/// "value format", or "text".
+std::string taken(const std::string& text) {
+    const auto number = sheetNumber(text);
+    if (!number) return "text";
+    return std::to_string(number->value) + " " + number->format;
+}
+
+TEST(SheetNumber, TakesNumbersWithTheFormTheyHave) {
+    EXPECT_EQ(taken("0"), "0.000000 ");
+    EXPECT_EQ(taken("-40"), "-40.000000 ");
+    EXPECT_EQ(taken("1500"), "1500.000000 ");
+    EXPECT_EQ(taken("1.50"), "1.500000 0.00");
+    EXPECT_EQ(taken("0.5"), "0.500000 0.0");
+    EXPECT_EQ(taken("007"), "7.000000 000");
+    EXPECT_EQ(taken("-01.20"), "-1.200000 00.00");
+}
+
+TEST(SheetNumber, OtherFormsOfNumbersHaveTheWorksheetsOwnFormat) {
+    EXPECT_EQ(taken("+5"), "5.000000 ");
+    EXPECT_EQ(taken(" 5 "), "5.000000 ");
+    EXPECT_EQ(taken(".5"), "0.500000 ");
+    EXPECT_EQ(taken("1e3"), "1000.000000 ");
+}
+
+TEST(SheetNumber, LeavesTextsAlone) {
+    for (const char* text : {"", " ", "=1+1", "+x", "-", "@a", "0:45", "12abc", "1,5", "1e999"})
+        EXPECT_EQ(taken(text), "text") << text;
+}
+
+TEST(SheetNumber, LeavesNumbersThatWouldLoseDigits) {
+    EXPECT_EQ(taken("123456789012345"), "123456789012345.000000 ");
+    EXPECT_EQ(taken("1234567890123456"), "text");
+    EXPECT_EQ(taken("0.1234567890123456"), "text");
+}
+
+} // namespace
+} // namespace zorvane

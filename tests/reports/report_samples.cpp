@@ -1,0 +1,133 @@
+// Writes a report in all six formats, and as JSON what each of its cells holds, for other programs to
+// compare.
+//   report_samples FOLDER
+
+#include "reports/byte_file.h"
+#include "reports/export_format.h"
+#include "reports/export_xls.h"
+#include "reports/main_rep_kvrt.h"
+#include "reports/ole_container.h"
+#include "reports/qt_page_exporters.h"
+#include "reports/qt_report_fonts.h"
+#include "reports/testing/report_bench.h"
+#include "values/code_page.h"
+
+#include <QGuiApplication>
+
+#include <nlohmann/json.hpp>
+
+#include <iostream>
+
+namespace {
+
+using namespace zorvane;
+using nlohmann::json;
+
+const std::string euro = "\x80";
+
+void designTexts(Field_Rec& field) {
+    doubles::design(field, "Texts, \"quoted\" & <angled> {braced} \\ " + euro,
+                    {{"Name", 2600}, {"Value, <b>", 1700, "RIGHT", true}, {"K\xFChl {x}", 1900, "CENTER"}},
+                    {{"quotes \"double\" 'single'", "1", "plain"},
+                     {"angles <b>bold</b> & &amp;", "-40", "a, b, c"},
+                     {"braces {a} }{ \\par \\'41", "1.50", "back\\slash\\"},
+                     {"accents \xE0\xE9\xEE\xF6\xFC\xDF \xC5\xD8", "007",
+                      "degrees 20\xB0"
+                      "C \xB1"
+                      "5 \xB5"
+                      "A"},
+                     {"euro " + euro + " dash \x96 dots \x85", "1234567890123456", "quote \x93ok\x94 \x99"},
+                     {"=1+1", "+5", "=SUM(A1)"},
+                     {"@home", "-x", "+49 30"},
+                     {"'text", "0", "a;b\tc"},
+                     {"", "12.5", "last"}});
+}
+
+/// More rows than a page has room for, and columns that run past the right margin.
+void designLongTable(Field_Rec& field) {
+    doubles::design(field, "Long table", {{"Row", 900, "RIGHT"}, {"Wide", 6000}, {"Beyond the margin", 4000}},
+                    {});
+    Cell_Rec heads[4];
+    for (std::int32_t column = 1; column <= 3; ++column)
+        heads[column] = field.Cells(0, column);
+    field.Rows = 120;
+    field.Cells.redim(field.Rows, field.Columns);
+    for (std::int32_t column = 1; column <= 3; ++column)
+        field.Cells(0, column) = heads[column];
+    for (std::int32_t row = 1; row <= field.Rows; ++row) {
+        field.Cells(row, 1).Value = std::to_string(row);
+        field.Cells(row, 2).Value = "row number " + std::to_string(row);
+        field.Cells(row, 3).Value = "far " + std::to_string(row);
+    }
+}
+
+void designMessages(Field_Rec& field) {
+    doubles::design(field, "Messages", {{"Name", 2000}, {"State", 2000}}, {{"one", "1"}, {"two", "7"}});
+    for (const std::int32_t row : {1, 2})
+        doubles::giveMessages(field.Cells(row, 2), {{1, "On, \"really\" {yes}"}});
+}
+
+json expected(const Declara_Zorvane& document) {
+    json fields = json::array();
+    for (std::int32_t number = 1; number <= document.Field_Count; ++number) {
+        const Field_Rec& field = document.Fields(number);
+        json headings = json::array();
+        for (std::int32_t column = 1; column <= field.Columns; ++column)
+            headings.push_back(toUtf8(field.Cells(0, column).Value));
+        json rows = json::array();
+        for (std::int32_t row = 1; row <= field.Rows; ++row) {
+            json texts = json::array();
+            for (const std::string& text : reportRowTexts(field, row))
+                texts.push_back(toUtf8(text));
+            rows.push_back(texts);
+        }
+        fields.push_back(
+            {{"description", toUtf8(field.Description)}, {"headings", headings}, {"rows", rows}});
+    }
+    return {{"fields", fields}};
+}
+
+/// More texts than a record holds, a text longer than one, and more rows and columns than a sheet has.
+void writeLargeWorkbook(const std::string& path) {
+    Report_Content content;
+    const std::size_t style = content.styles.indexOf({});
+    const auto addRow = [&](const std::string& name, std::size_t columns) {
+        Content_Row row;
+        for (std::size_t column = 0; column < columns; ++column)
+            row.cells.push_back({name + " " + std::to_string(column) + " " + euro, 0, 1000, style});
+        content.rows.push_back(std::move(row));
+    };
+    addRow("wide", 300);
+    content.rows.push_back({Content_Kind::Row, {{std::string(30000, 'x') + euro, 0, 1000, style}}});
+    for (int row = 2; row < 65540; ++row)
+        addRow("row " + std::to_string(row), 1);
+    writeByteFile(path, oleFile("Workbook", biffWorkbook(content)));
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
+    if (argc != 2) return 2;
+    const std::string folder = argv[1];
+    doubles::Report_Bench bench;
+    bench.document.Fields.redim(3);
+    bench.document.Field_Count = 3;
+    designTexts(bench.document.Fields(1));
+    designLongTable(bench.document.Fields(2));
+    designMessages(bench.document.Fields(3));
+
+    const Qt_Text_Metrics metrics;
+    const Qt_Page_Exporters painted;
+    MainRepKVRT report({bench.document, metrics}, bench.clock, bench.host);
+    report.HaveGrid = true;
+    for (const char* name : {"xls", "pdf", "rtf", "txt", "tif", "html"})
+        writeByteFile(folder + "/sample." + name, exportReport(report, formatOfName(name).value(), painted));
+    writeLargeWorkbook(folder + "/large.xls");
+    json answer = expected(bench.document);
+    answer["pages"] = report.Pages.Count();
+    writeByteFile(folder + "/expected.json", answer.dump(1));
+    std::cout << report.Pages.Count() << " pages\n";
+    return 0;
+}
