@@ -24,7 +24,8 @@ bool openOnDesktop(const std::string& /*operation*/, const std::string& file,
                    const std::string& /*parameters*/, const std::string& folder) {
     if (folder.empty()) return QDesktopServices::openUrl(QUrl(QString::fromStdString(file)));
     const std::string found = pathToNative(Native_Files().found(folder + folderSeparator + file));
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(QByteArray::fromStdString(found))));
+    return QDesktopServices::openUrl(
+        QUrl::fromLocalFile(QFile::decodeName(QByteArray::fromStdString(found))));
 }
 
 } // namespace
@@ -86,6 +87,10 @@ Desktop_Parts::Desktop_Parts(const Form_Parts& parts)
 
 void Desktop_Parts::connectViewCommands() {
     parts_.onChosen("MNU_FontSize", [this] { MNU_FontSize_Click(); });
+    // A transfer goes by the grids' rows, which a new size moves.
+    parts_.window().events.formEnabledSet = [this](bool enabled) {
+        if (fontDialog_ != nullptr) fontDialog_->setEnabled(enabled);
+    };
 }
 
 void Desktop_Parts::MNU_FontSize_Click() {

@@ -7,8 +7,8 @@
 
 namespace zorvane {
 
-/// The platform's shell open: a file by its name in a folder, or an address with no folder. False when nothing
-/// took it.
+/// The platform's shell open: a file by its name in a folder, or an address with no folder. False when
+/// nothing took it.
 using Shell_Execute = std::function<bool(const std::string& operation, const std::string& file,
                                          const std::string& parameters, const std::string& folder)>;
 

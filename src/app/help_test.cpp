@@ -44,9 +44,9 @@ TEST_F(Help, ADesktopThatOpensNothingIsToldOf) {
     files.put("/app/Zorvane.chm", "ITSF");
     MNU_HelpIndex_Click(app, shell);
     MNU_OnLine_Click(app, shell);
-    EXPECT_EQ(messages(), (Lines{
-                              R"(Msgb 64 "Zorvane": "No program of this desktop opens /app/Zorvane.chm")",
-                              R"(Msgb 64 "Zorvane": "No program of this desktop opens https://zorvane.example/")"}));
+    EXPECT_EQ(messages(),
+              (Lines{R"(Msgb 64 "Zorvane": "No program of this desktop opens /app/Zorvane.chm")",
+                     R"(Msgb 64 "Zorvane": "No program of this desktop opens https://zorvane.example/")"}));
 }
 
 } // namespace

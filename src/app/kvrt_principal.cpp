@@ -118,6 +118,7 @@ void KVRT_Principal::connectTimers() {
     onTick(Timer_Name::TMR_Actualiza_online, [&comm] { TMR_Actualiza_online_Timer(comm); });
     onTick(Timer_Name::TMR_TxRx, [&comm] { TMR_TxRx_Timer(comm); });
     onTick(Timer_Name::TMR_Forza_analogas, [&comm] { TMR_Forza_analogas_Timer(comm); });
+    onTick(Timer_Name::TIM_Tamaño_normal, [this] { TIM_Tamaño_normal_Timer(app_); });
     copyTimer_.setInterval(recoveryTickMs);
     QObject::connect(&copyTimer_, &QTimer::timeout, &copyTimer_,
                      [this] { edge_.run([this] { TMR_Copia_Timer(app_, clock_.elapsed()); }); });

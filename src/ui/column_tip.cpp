@@ -28,9 +28,7 @@ constexpr double tipPoints = 8.25;
 
 QString columnWidthText(std::int32_t twips) {
     const std::int64_t hundredths = (std::int64_t{twips} * 100 + twipsPerInch / 2) / twipsPerInch;
-    return QStringLiteral("%1.%2 inch")
-        .arg(hundredths / 100)
-        .arg(hundredths % 100, 2, 10, QLatin1Char('0'));
+    return QStringLiteral("%1.%2 inch").arg(hundredths / 100).arg(hundredths % 100, 2, 10, QLatin1Char('0'));
 }
 
 Column_Tip::Column_Tip(Flex_Grid_View& grid, QWidget* form) : QFrame(form), grid_(grid) {
@@ -61,7 +59,7 @@ void Column_Tip::start() {
     if (std::exchange(watching_, true)) return;
     const QPoint corner = grid_.mapToGlobal(QPoint(0, 0)) - QPoint(areaMargin, areaMargin);
     area_ = QRect(corner, grid_.size());
-    cursor_ = QCursor::pos();
+    if (cursor_.isNull()) cursor_ = QCursor::pos();
     qApp->installEventFilter(this);
 }
 
@@ -87,8 +85,7 @@ bool Column_Tip::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
     case QEvent::MouseMove:
         // The window under the mouse gets each move first, the widget gets it again.
-        if (watched->isWidgetType())
-            mouseMoved(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
+        if (watched->isWidgetType()) mouseMoved(static_cast<QMouseEvent*>(event)->globalPosition().toPoint());
         break;
     case QEvent::MouseButtonPress:
     case QEvent::MouseButtonRelease:

@@ -40,8 +40,8 @@ class Column_Tip final : public QFrame {
     Flex_Grid_View& grid_;
     QLabel* words_ = nullptr;
     QLabel* width_ = nullptr;
-    QRect area_;   ///< of the grid, screen pixels, when the watch began
-    QPoint cursor_; ///< screen pixels
+    QRect area_;    ///< of the grid, screen pixels, when the watch began
+    QPoint cursor_; ///< screen pixels, where the mouse was seen last
     bool watching_ = false;
     bool dragging_ = false;
 };

@@ -92,9 +92,7 @@ TEST_F(Font_Dialog_Test, TheSampleFitsItsFrameAtEachSize) {
     open(0);
     for (int row = 0; row < 7; ++row) {
         list().setCurrentRow(row);
-        EXPECT_TRUE(
-            named<QGroupBox>("Frame1").rect().contains(named<QLabel>("Label2").geometry()))
-            << row;
+        EXPECT_TRUE(named<QGroupBox>("Frame1").rect().contains(named<QLabel>("Label2").geometry())) << row;
     }
 }
 

@@ -24,6 +24,7 @@ struct Main_Window_Events {
     std::function<void(const QString& path)> fileDropped; ///< a file was dropped on the window
     std::function<void(bool busy)> resizing;              ///< the form begins and ends laying itself out
     std::function<void()> minimized;
+    std::function<void(bool enabled)> formEnabledSet; ///< the form takes input from now on, or doesn't
 };
 
 /// `KVRT_Principal`, the main form: menu, two frames with a grid each, the splitter between them, the status
@@ -70,8 +71,11 @@ class Main_Window final : public QMainWindow {
     Flex_Grid_View& addGrid(QWidget& frame, const QString& name, const QString& words);
     void setDesignSize();
     void applyLayout();
+    void tellMinimized();
     void dragSplitter(int mouseY);
     void dropSplitter();
+    void enterSplitter();
+    void leaveSplitter();
 
     QWidget* client_ = nullptr;
     Caption_Frame* frame2_ = nullptr;
@@ -85,6 +89,7 @@ class Main_Window final : public QMainWindow {
     std::unique_ptr<Flex_Grid> settings_;
     Window_Layout layout_;
     QPointer<QWidget> focusBeforeDisabling_;
+    QPointer<QWidget> focusBeforeSplitter_;
     bool formEnabled_ = true;
 };
 
