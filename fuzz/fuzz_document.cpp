@@ -51,9 +51,10 @@ Fuzz_Document::Fuzz_Document() {
 
 Reading_Services Fuzz_Document::services() { return {files_, asker, silentLink, "/app"}; }
 
-void Fuzz_Document::readTemplate(std::string_view text) {
+std::optional<std::int32_t> Fuzz_Document::readTemplate(std::string_view text) {
     files_.text = text;
-    ignoringFailure([&] { PRO_Leer_INIFIle(document_, services(), "ABC.ZTP"); });
+    const bool ended = ignoringFailure([&] { PRO_Leer_INIFIle(document_, services(), "ABC.ZTP"); });
+    return ended ? std::nullopt : std::optional(document_.Last_Line);
 }
 
 std::optional<bool> Fuzz_Document::readConfiguration(std::string_view text) {

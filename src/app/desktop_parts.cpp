@@ -62,6 +62,16 @@ void Desktop_Tray_Icon::popUpMenu() { window_.menu().trayMenu().popup(QCursor::p
 
 std::string Window_Tray_Form::caption() const { return toCore(window_.windowTitle()); }
 
+void Window_Tray_Form::hide() {
+    hiddenByTray_ = true;
+    window_.hide();
+}
+
+void Window_Tray_Form::showNormal() {
+    hiddenByTray_ = false;
+    window_.showNormal();
+}
+
 void Window_Tray_Form::activate() {
     window_.raise();
     window_.activateWindow();

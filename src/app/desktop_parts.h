@@ -35,15 +35,17 @@ class Window_Tray_Form final : public Tray_Form {
     explicit Window_Tray_Form(Main_Window& window) : window_(window) {}
 
     [[nodiscard]] bool hidden() const override { return window_.isHidden(); }
-    [[nodiscard]] bool minimized() const override { return window_.isMinimized(); }
+    /// A window that hid while it was minimized still counts as such, though some desktops forget it.
+    [[nodiscard]] bool minimized() const override { return hiddenByTray_ || window_.isMinimized(); }
     [[nodiscard]] std::string caption() const override;
-    void hide() override { window_.hide(); }
-    void showNormal() override { window_.showNormal(); }
+    void hide() override;
+    void showNormal() override;
     void activate() override;
     void setEntryChecked(bool checked) override;
 
   private:
     Main_Window& window_;
+    bool hiddenByTray_ = false;
 };
 
 /// What the desktop has to do with the window: its menus "View", "Windows" and "Help", the tray, the tip at a

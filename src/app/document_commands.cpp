@@ -89,14 +89,6 @@ bool chooseTarget(const App_Context& app) {
 
 } // namespace
 
-void takeName(Declara_Zorvane& document, std::string_view path) {
-    const Document_Name name = documentName(path);
-    document.File_Folder = name.folder;
-    document.File_Stem = name.stem;
-    if (name.hasExtension) document.File_Extension = name.extension;
-    document.No_Place = false;
-}
-
 void PRO_Limpia_Documento(const App_Context& app) {
     PRO_Limpia_Modelo(app.document());
     app.grids.FLX_Configuration.setRows(0);

@@ -3,7 +3,6 @@
 #include "app/app_context.h"
 
 #include <string>
-#include <string_view>
 
 namespace zorvane {
 
@@ -27,9 +26,6 @@ void MNU_Saveas_Click(const App_Context& app);
 /// Asks about unsaved changes and clears the document. `ok` is false only when the user cancelled; it stays
 /// true when the save failed, and a caller that goes on loses the changes.
 void PRO_Cierra_Documento(const App_Context& app, bool& ok);
-
-/// Names the document after a path. A name without an extension leaves the extension as it was.
-void takeName(Declara_Zorvane& document, std::string_view path);
 
 /// Resets the model and the frame.
 void PRO_Limpia_Documento(const App_Context& app);

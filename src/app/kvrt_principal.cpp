@@ -46,11 +46,11 @@ Program_Places programPlaces() {
 KVRT_Principal::KVRT_Principal(const Program_Places& places)
     : recoveryFolder_(places.recoveryFolder),
       recovery_(recoveryFolder_, timeOfDay, std::to_string(QCoreApplication::applicationPid())),
-      frame_(window_, edge_),
-      link_(storedPortSettings(openStore(settings_, places.settingsFile)), frame_, &linkWindows_),
+      frame_(window_, edge_), line_(app_, frame_, pathToNative(places.applicationFolder),
+                                    storedPortSettings(openStore(settings_, places.settingsFile))),
       formWindows_(frame_), widths_([this] { return window_.FLX_Settings().view().font(); },
                                     [this] { return window_.scale().perPixelX; }),
-      app_{{{document_, form_, link_.link(), frame_},
+      app_{{{document_, form_, line_.link(), frame_},
             window_.FLX_Configuration(),
             window_.FLX_Settings(),
             navigation_,
@@ -72,6 +72,7 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
     connectGrids(window_, app_.grids, edge_);
     connectTimers();
     connectLink();
+    line_.connect(parts_);
 }
 
 /// The grids' handlers live on what is destroyed before the window is.

@@ -3,11 +3,11 @@
 #include "app/app_context.h"
 #include "app/desktop_parts.h"
 #include "app/form_commands.h"
+#include "app/line_parts.h"
 #include "app/native_recovery_folder.h"
 #include "app/qt_settings_store.h"
 #include "app/qt_text_widths.h"
 #include "app/window_frame.h"
-#include "comm/qt_link.h"
 #include "template/native_files.h"
 
 #include <QElapsedTimer>
@@ -45,7 +45,8 @@ class KVRT_Principal {
     [[nodiscard]] const App_Context& app() const { return app_; }
     [[nodiscard]] Main_Window& window() { return window_; }
     [[nodiscard]] Window_Frame& frame() { return frame_; }
-    [[nodiscard]] Modbus_Link& link() { return link_.link(); }
+    [[nodiscard]] Modbus_Link& link() { return line_.link(); }
+    [[nodiscard]] Line_Parts& line() { return line_; }
     [[nodiscard]] Event_Edge& edge() { return edge_; }
     [[nodiscard]] Desktop_Parts& desktop() { return desktop_; }
     /// An edit in progress brings the recovery copy up to date this often.
@@ -81,8 +82,7 @@ class KVRT_Principal {
     Recovery recovery_;
     Main_Window window_;
     Window_Frame frame_;
-    No_Link_Windows linkWindows_; ///< the port dialog and the monitor
-    Qt_Link link_;
+    Line_Parts line_;
     Form_Windows formWindows_;
     Qt_Text_Widths widths_;
     App_Context app_;

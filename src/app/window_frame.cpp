@@ -116,6 +116,11 @@ bool Window_Frame::menuChecked(Menu_Entry entry) const {
 
 void Window_Frame::setCaption(const std::string& text) { window_.setWindowTitle(shownText(text)); }
 
+void Window_Frame::setFormEnabled(bool enabled) {
+    window_.setFormEnabled(enabled);
+    callIfAny(extras.formEnabledSet);
+}
+
 void Window_Frame::setLostComShown(bool shown) {
     if (shown && lostCom_ == nullptr) lostCom_ = new Lost_Com(&window_);
     if (lostCom_ != nullptr) lostCom_->setVisible(shown);
@@ -156,9 +161,24 @@ void Window_Frame::setPartVisible(Form_Part part, bool visible) {
     this->part(part).setVisible(visible);
     if (part != Form_Part::PicLineHoriz)
         window_.PicLineHoriz().setVisible(!window_.Frame2().isHidden() && !window_.Frame3().isHidden());
+    giveFocusBack();
 }
 
-void Window_Frame::setPartEnabled(Form_Part part, bool enabled) { this->part(part).setEnabled(enabled); }
+void Window_Frame::setPartEnabled(Form_Part part, bool enabled) {
+    this->part(part).setEnabled(enabled);
+    giveFocusBack();
+}
+
+/// Hidden grids lose the keyboard. When they are back it mustn't go nowhere.
+void Window_Frame::giveFocusBack() {
+    if (window_.Frame2().isHidden() || !window_.Frame2().isEnabled()) return;
+    QWidget* const last = window_.focusWidget();
+    const bool usable = last != nullptr && last->isVisibleTo(&window_) && last->isEnabled();
+    if (!usable)
+        window_.FLX_Configuration().view().setFocus();
+    else if (window_.isActiveWindow() && QApplication::focusWidget() == nullptr)
+        last->setFocus();
+}
 
 Window_Rectangle Window_Frame::formRectangle() const {
     const Twips_Rect place = window_.formRect();

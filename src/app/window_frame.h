@@ -24,6 +24,7 @@ struct Window_Extras {
     std::function<void()> closePreviews;
     std::function<void(double fontSize)> restartPreviews;
     std::function<void()> unloadFrmStatus;
+    std::function<void()> formEnabledSet; ///< the form was enabled or disabled
 };
 
 /// The main form on the screen, as the logic knows it.
@@ -42,7 +43,7 @@ class Window_Frame final : public Document_Frame {
     void setMenuEnabled(Menu_Entry entry, bool enabled) override;
     [[nodiscard]] bool menuEnabled(Menu_Entry entry) const override;
     void setCaption(const std::string& text) override;
-    void setFormEnabled(bool enabled) override { window_.setFormEnabled(enabled); }
+    void setFormEnabled(bool enabled) override;
     void setTimerEnabled(Timer_Name timer, bool enabled) override { timers_.setEnabled(timer, enabled); }
     [[nodiscard]] Window_Progress& Porcentaje() override { return progress_; }
     [[nodiscard]] Window_Grids& grids() override { return grids_; }
@@ -84,6 +85,7 @@ class Window_Frame final : public Document_Frame {
 
   private:
     [[nodiscard]] QWidget& part(Form_Part part) const;
+    void giveFocusBack();
 
     Main_Window& window_;
     Event_Edge& edge_;

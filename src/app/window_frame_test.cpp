@@ -126,6 +126,24 @@ TEST_F(Frame_Test, TheSplitterIsThereWhenBothFramesAre) {
     EXPECT_FALSE(window.PicLineHoriz().isHidden());
 }
 
+TEST_F(Frame_Test, AGridHasTheFocusAgainWhenTheWindowWokeUpWithoutGrids) {
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    frame.setPartVisible(Form_Part::Frame2, false);
+    frame.setPartVisible(Form_Part::Frame3, false);
+    QPushButton other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    other.close();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    frame.setPartVisible(Form_Part::Frame2, true);
+    frame.setPartVisible(Form_Part::Frame3, true);
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    EXPECT_TRUE(QApplication::focusWidget()->isVisible());
+}
+
 TEST_F(Frame_Test, PrintPageFollowsItsMenu) {
     frame.setMenuEnabled(Menu_Entry::MNU_Print, false);
     EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));

@@ -110,6 +110,7 @@ Walk_End walk(const Comm_Context& comm) {
 } // namespace
 
 void MNU_Download_Click(const Comm_Context& comm) {
+    comm.form.Transfer_Was_Upload = false;
     prepare(comm);
     showDownloading(comm);
     comm.link.EndSession();

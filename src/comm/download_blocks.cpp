@@ -16,10 +16,6 @@ bool holds(const Register_Range& block, Block_Kind kind, std::int32_t address) n
 
 } // namespace
 
-bool isBoardFamily(std::string_view model) noexcept {
-    return model == "R7702-16" || model == "R7702-32" || model == "R7702-64";
-}
-
 std::optional<Register_Range> findBlock(const Checked_Array<Download_Block_Rec>& blocks, Block_Kind kind,
                                         std::int32_t address) {
     for (std::int32_t i = 0; i <= blocks.upperBound(); ++i) {

@@ -1,18 +1,15 @@
 #pragma once
 
 #include "comm/register_image.h"
+#include "template/board_family.h"
 #include "template/model/declara_zorvane.h"
 #include "values/checked_array.h"
 
 #include <cstdint>
 #include <optional>
-#include <string_view>
 #include <vector>
 
 namespace zorvane {
-
-/// "R7702-16", "R7702-32" and "R7702-64" take whole blocks of registers where others take single ones.
-[[nodiscard]] bool isBoardFamily(std::string_view model) noexcept;
 
 /// The values of `Block_Kind`.
 enum class Block_Kind : std::int16_t { Numeric = 0, Message_List = 1, Ascii = 2 };

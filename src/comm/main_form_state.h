@@ -23,6 +23,7 @@ struct Main_Form_State {
 
     bool Upload_Active = false;
     bool Download_Active = false;
+    bool Transfer_Was_Upload = false; ///< the last transfer, which the records are of
     std::int16_t Saved_Transaction = 0;
     std::int16_t Retry_Count = 0;
     std::int32_t Scan_Index = 0;

@@ -49,7 +49,15 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     /// The pause between exchanges and the time-out in force, in ms.
     [[nodiscard]] std::int32_t pauseMs() const;
     [[nodiscard]] std::int32_t timeOutMs() const;
+    /// The timings of the template, in ms; 0 or below where it has none.
+    [[nodiscard]] std::int32_t templatePauseMs() const { return requestMs_; }
+    [[nodiscard]] std::int32_t templateTimeOutMs() const { return outMs_; }
+    /// What is taken off a register's number to get its address on the wire.
+    [[nodiscard]] std::int32_t addressBase() const { return addressBase_; }
     [[nodiscard]] bool portOpen() const { return port_.isOpen(); }
+    /// Closes the port for somebody else's use; `takePortBack` opens it again if it is still wanted.
+    void lendPort();
+    void takePortBack();
     void setObserver(Traffic_Observer* observer) { observer_ = observer; }
 
     void SetTimings(std::int32_t requestMs, std::int32_t outMs) override;
@@ -192,7 +200,8 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     bool wish_ = false; ///< StartScan to EndSession
     bool portWanted_ = false;
     bool paused_ = false;
-    bool halted_ = false;  ///< StopScan, until the scan is prepared or started again
+    bool halted_ = false; ///< StopScan, until the scan is prepared or started again
+    bool lent_ = false;
     bool missDue_ = false; ///< one block is to be missed for want of a port or of blocks
 };
 

@@ -1,6 +1,8 @@
 // The link's port: opening it, losing it and finding it again.
 #include "comm/modbus_link.h"
 
+#include <utility>
+
 namespace zorvane {
 
 bool Modbus_Link::openPort() {
@@ -52,6 +54,15 @@ void Modbus_Link::releasePort() {
     halted_ = false;
     reopenAlarm_->disarm();
     port_.close();
+}
+
+void Modbus_Link::lendPort() {
+    lent_ = portWanted_;
+    if (lent_) releasePort();
+}
+
+void Modbus_Link::takePortBack() {
+    if (std::exchange(lent_, false) && portWanted_) PrepareScan();
 }
 
 void Modbus_Link::note(const std::string& text) {

@@ -4,6 +4,7 @@
 #include "comm/qt_link_clock.h"
 #include "comm/qt_port_finder.h"
 #include "comm/qt_serial_port.h"
+#include "comm/simulated_port.h"
 
 namespace zorvane {
 
@@ -14,15 +15,19 @@ namespace zorvane {
 ///     modbus_control& link = assembly.link();
 class Qt_Link {
   public:
-    /// The asker and the windows must outlive it; without windows the link has none.
-    Qt_Link(const Port_Settings& settings, Asker& asker, Link_Windows* windows = nullptr);
+    /// The other parts must outlive it; without windows or a simulator the link has none.
+    Qt_Link(const Port_Settings& settings, Asker& asker, Link_Windows* windows = nullptr,
+            Simulator* simulator = nullptr);
 
     [[nodiscard]] Modbus_Link& link() { return link_; }
     [[nodiscard]] Port_Finder& finder() { return finder_; }
+    [[nodiscard]] Link_Clock& clock() { return clock_; }
 
   private:
     Qt_Link_Clock clock_;
-    Qt_Serial_Port port_;
+    No_Simulator noSimulator_;
+    Qt_Serial_Port serial_;
+    Simulated_Port port_;
     Qt_Port_Finder finder_;
     No_Link_Windows noWindows_;
     Modbus_Link link_;

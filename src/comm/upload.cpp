@@ -132,6 +132,7 @@ Scan_Step noteBlock(const Comm_Context& comm) {
 
 void MNU_Upload_Click(const Comm_Context& comm) {
     PRO_Limpia_Errores(comm.form);
+    comm.form.Transfer_Was_Upload = true;
     if (!comm.form.Comm_Active) ignoringFailure([&] { startUpload(comm); });
     comm.form.Comm_Active = true;
 }

@@ -51,6 +51,7 @@ struct Call_Entry {
 [[nodiscard]] std::vector<Call_Entry> documentCalls();
 
 [[nodiscard]] std::unique_ptr<Call> makeModelsCall();
+[[nodiscard]] std::unique_ptr<Call> makeCheckCall();
 [[nodiscard]] std::unique_ptr<Call> makeDumpCall();
 [[nodiscard]] std::unique_ptr<Call> makeSaveCall();
 [[nodiscard]] std::unique_ptr<Call> makeUpdateCall();

@@ -61,9 +61,14 @@ class Held_Grids : public Grid_View {
     [[nodiscard]] std::int32_t settingsRow() const override { return selection_.settingsRow; }
     [[nodiscard]] std::int32_t settingsCol() const override { return selection_.settingsColumn; }
     void refillSettings(std::int32_t /*row*/) override {}
-    void setSettingsText(std::int32_t /*row*/, std::int32_t /*col*/, const std::string& /*text*/) override {}
+    void setSettingsText(std::int32_t row, std::int32_t col, const std::string& text) override {
+        if (onText) onText(row, col, text);
+    }
     void setSettingsTabStop(bool /*on*/) override {}
     void setSettingsRedraw(bool /*on*/) override {}
+
+    /// What a refresh writes into the lower grid; may be empty.
+    std::function<void(std::int32_t row, std::int32_t col, const std::string& text)> onText;
 
   private:
     std::int32_t rows_;
@@ -86,6 +91,7 @@ class Held_Frame : public Frame {
     [[nodiscard]] Held_Progress& Porcentaje() override { return progress_; }
     [[nodiscard]] const Held_Progress& Porcentaje() const { return progress_; }
     [[nodiscard]] Grid_View& grids() override { return grids_; }
+    [[nodiscard]] Held_Grids& held() { return grids_; }
     void setLostComShown(bool /*shown*/) override {}
     void unloadFrmStatus() override {}
     void wait_until(const std::function<bool()>& /*condition*/) override {}

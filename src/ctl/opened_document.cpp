@@ -1,7 +1,7 @@
 #include "ctl/opened_document.h"
 
+#include "template/file_names.h"
 #include "template/pro_leer_archivo.h"
-#include "values/code_page.h"
 
 namespace zorvane {
 
@@ -54,22 +54,6 @@ bool Reading_Note::toTheEnd() const {
     return ok && loaded && (!failure || afterTheEnd);
 }
 
-Path_Parts splitPath(const std::string& path) {
-    const std::size_t separator = path.rfind('/');
-    if (separator == std::string::npos) return {"", path};
-    return {path.substr(0, separator + 1), path.substr(separator + 1)};
-}
-
-void nameDocument(Declara_Zorvane& document, const std::string& path) {
-    const Path_Parts parts = splitPath(path);
-    document.File_Folder = parts.folder;
-    document.File_Stem = parts.name;
-    const std::size_t dot = parts.name.find('.');
-    if (dot == std::string::npos || dot == 0) return;
-    document.File_Extension = upperTrimmed(parts.name.substr(dot + 1));
-    document.File_Stem = upperTrimmed(parts.name.substr(0, dot));
-}
-
 Opened_Document openDocument(const Opening& opening) {
     Opened_Document opened;
     Declara_Zorvane& document = opened.document;
@@ -84,7 +68,7 @@ Opened_Document openDocument(const Opening& opening) {
     noteReading(opened.ztp, document);
     if (!opening.configurationPath) return opened;
 
-    nameDocument(document, *opening.configurationPath);
+    takeName(document, *opening.configurationPath);
     Reading_Note& configuration = opened.configuration.emplace();
     configuration.path = *opening.configurationPath;
     configuration.failure =

@@ -76,15 +76,4 @@ template <class Statement> [[nodiscard]] std::optional<Failure_Note> failureOf(S
     }
 }
 
-/// A path cut as the document keeps it.
-struct Path_Parts {
-    std::string folder; ///< with the separator at its end; empty when the path names none
-    std::string name;
-};
-[[nodiscard]] Path_Parts splitPath(const std::string& path);
-
-/// Sets `File_Folder`, `File_Stem` and `File_Extension`: the name is cut at its first dot, unless that stands
-/// in first place.
-void nameDocument(Declara_Zorvane& document, const std::string& path);
-
 } // namespace zorvane

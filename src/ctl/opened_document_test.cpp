@@ -1,4 +1,4 @@
-// The names of a document, and what its reading tells the link.
+// What the reading of a document tells the link.
 
 #include "ctl/opened_document.h"
 #include "ctl/testing/small_model.h"
@@ -8,30 +8,6 @@
 
 namespace zorvane {
 namespace {
-
-Declara_Zorvane named(const std::string& path) {
-    Declara_Zorvane document;
-    nameDocument(document, path);
-    return document;
-}
-
-TEST(DocumentName, IsCutAtItsFirstDotInUpperCase) {
-    const Declara_Zorvane document = named("/sites/abc.def.KVRT207d");
-    EXPECT_EQ(document.File_Folder, "/sites/");
-    EXPECT_EQ(document.File_Stem, "ABC");
-    EXPECT_EQ(document.File_Extension, "DEF.KVRT207D");
-}
-
-TEST(DocumentName, WithoutAFolderHasNone) {
-    EXPECT_EQ(named("site7.ABC").File_Folder, "");
-    EXPECT_EQ(named("site7.ABC").File_Stem, "SITE7");
-}
-
-TEST(DocumentName, WithADotInFirstPlaceOrNoneStaysWhole) {
-    EXPECT_EQ(named("/a/.Abc").File_Stem, ".Abc");
-    EXPECT_EQ(named("/a/.Abc").File_Extension, "");
-    EXPECT_EQ(named("/a/Plain").File_Stem, "Plain");
-}
 
 class Noted_Link : public Link_Notice {
   public:

@@ -9,5 +9,6 @@ namespace zorvane {
 
 [[nodiscard]] std::unique_ptr<Call> makeUploadCall();
 [[nodiscard]] std::unique_ptr<Call> makeDownloadCall();
+[[nodiscard]] std::unique_ptr<Call> makeWatchCall();
 
 } // namespace zorvane

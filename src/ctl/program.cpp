@@ -69,6 +69,7 @@ std::string withoutEndSeparator(std::string folder) {
 std::vector<Call_Entry> documentCalls() {
     return {
         {"models", "List the controller models of the application folder", makeModelsCall},
+        {"check", "Tell what a template's author should know of it", makeCheckCall},
         {"dump", "Show what a template and a configuration say", makeDumpCall},
         {"show", "Show the table of a field, offline or on a register image", makeShowCall},
         {"set", "Commit an entry in a cell, as the window's editor would", makeSetCall},

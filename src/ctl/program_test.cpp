@@ -289,5 +289,70 @@ TEST_F(Line, BadPortOptionsAreWrongUsage) {
         EXPECT_EQ(run(transfer("upload", options)).code, 2) << options[0] << ' ' << options[1];
 }
 
+/// The relay model, whose field 5 has live readings.
+class Live_Line : public Line {
+  protected:
+    Live_Line() {
+        ztp = models() + "/KVRT207D.ZTP";
+        config = models() + "/EXAMPLE.KVRT207D";
+        held = config;
+    }
+    static std::string models() { return std::filesystem::path(ctl).parent_path().string(); }
+    std::vector<std::string> watch(std::vector<std::string> options) {
+        std::vector<std::string> arguments = {"watch", ztp, config, "FIELD", "--port", port};
+        arguments[3] = std::to_string(liveField);
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        return arguments;
+    }
+    int liveField = 5;
+};
+
+TEST_F(Live_Line, LiveValuesLive) {
+    startController();
+    const Ctl_Run live = run(watch({"--json", "--count", "3"}));
+    EXPECT_EQ(live.code, 0) << live.err;
+    std::istringstream out(live.out);
+    std::vector<json> refreshes;
+    for (std::string line; std::getline(out, line);)
+        refreshes.push_back(json::parse(line));
+    ASSERT_EQ(refreshes.size(), 3U);
+    EXPECT_EQ(refreshes[2]["refresh"], 3);
+    EXPECT_EQ(refreshes[0]["lost"], false);
+    EXPECT_FALSE(refreshes[0]["cells"].empty());
+    EXPECT_NE(refreshes[0]["cells"], refreshes[2]["cells"]);
+}
+
+TEST_F(Live_Line, CtrlCEndsAWatchWithSuccess) {
+    startController();
+    Spawned_Program program(command(ctl, watch({"--json"})));
+    ASSERT_TRUE(program.awaitOutput("\"refresh\":2"));
+    program.signal(SIGINT);
+    EXPECT_EQ(program.finish(), 0) << program.err();
+}
+
+TEST_F(Live_Line, AWatchSeesTheControllerGoAndComeBack) {
+    startController({"--fault", "silent:4"});
+    const Ctl_Run live = run(watch({"--json", "--count", "4", "--timeout", "150", "--retries", "0"}));
+    EXPECT_EQ(live.code, 0) << live.err;
+    EXPECT_THAT(live.out, HasSubstr("\"lost\":true"));
+    EXPECT_THAT(live.err, HasSubstr("zorvanectl: Lost communication to device...\n"
+                                    "zorvanectl: The controller answers again.\n"));
+}
+
+TEST_F(Live_Line, AWatchOfAPortThatIsntThereFailsAtOnce) {
+    const Ctl_Run live = run(watch({}));
+    EXPECT_EQ(live.code, 1);
+    EXPECT_EQ(live.out, "");
+    EXPECT_THAT(live.err, HasSubstr("No such port: plug the adapter in, or choose another port."));
+}
+
+TEST_F(Live_Line, AFieldWithoutLiveValuesIsRefused) {
+    startController();
+    liveField = 3;
+    const Ctl_Run live = run(watch({}));
+    EXPECT_EQ(live.code, 1);
+    EXPECT_EQ(live.err, "zorvanectl: Field 3 has no live column (ALWAYS): choose another field.\n");
+}
+
 } // namespace
 } // namespace zorvane

@@ -12,6 +12,7 @@ namespace zorvane {
 namespace {
 
 constexpr int uploadTickMs = 10;
+constexpr int onlineTickMs = 400;
 
 /// A message of several lines as one.
 std::string oneLine(std::string text) {
@@ -30,11 +31,16 @@ Terminal_Frame::Terminal_Frame(std::int32_t fields, const Grid_Selection& select
                                bool terminal)
     : Held_Frame(fields, selection), printer_(err, terminal) {
     Porcentaje().changed = [this] { showProgress(); };
-    uploadTimer_.setSingleShot(true);
-    uploadTimer_.setInterval(uploadTickMs);
-    uploadTimer_.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&uploadTimer_, &QTimer::timeout, &uploadTimer_, [this] {
-        if (onTimer) onTimer(Timer_Name::TMR_Actualiza_valores);
+    addTimer(uploadTimer_, Timer_Name::TMR_Actualiza_valores, uploadTickMs);
+    addTimer(onlineTimer_, Timer_Name::TMR_Actualiza_online, onlineTickMs);
+}
+
+void Terminal_Frame::addTimer(QTimer& timer, Timer_Name name, int milliseconds) {
+    timer.setSingleShot(true);
+    timer.setInterval(milliseconds);
+    timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer, &QTimer::timeout, &timer, [this, name] {
+        if (onTimer) onTimer(name);
     });
 }
 
@@ -50,11 +56,14 @@ void Terminal_Frame::setPanel(Panel panel, const std::string& text) {
 }
 
 void Terminal_Frame::setTimerEnabled(Timer_Name timer, bool enabled) {
-    if (timer != Timer_Name::TMR_Actualiza_valores) return;
+    QTimer* ticking = nullptr;
+    if (timer == Timer_Name::TMR_Actualiza_valores) ticking = &uploadTimer_;
+    if (timer == Timer_Name::TMR_Actualiza_online) ticking = &onlineTimer_;
+    if (ticking == nullptr) return;
     if (enabled)
-        uploadTimer_.start();
+        ticking->start();
     else
-        uploadTimer_.stop();
+        ticking->stop();
 }
 
 void Terminal_Frame::wait_until(const std::function<bool()>& condition) {

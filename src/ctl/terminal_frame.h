@@ -9,7 +9,8 @@
 
 namespace zorvane {
 
-/// The main form of a program in a terminal: waits serve the event loop, the upload's timer ticks, and people
+/// The main form of a program in a terminal: waits serve the event loop, the timers of the upload and of the
+/// live refresh tick, and people
 /// see the progress, the failed writes and the link's messages. REQUIRES: a QCoreApplication.
 class Terminal_Frame : public Held_Frame {
   public:
@@ -22,10 +23,12 @@ class Terminal_Frame : public Held_Frame {
     void wait_ms(std::int32_t milliseconds) override;
 
   private:
+    void addTimer(QTimer& timer, Timer_Name name, int milliseconds);
     void showProgress();
 
     Progress_Printer printer_;
     QTimer uploadTimer_;
+    QTimer onlineTimer_;
     std::string shownLabel_;
 };
 

@@ -72,11 +72,18 @@ bool needsImage(const Declara_Zorvane& document) {
     return false;
 }
 
-/// Reads every block once, so that a download after it writes nothing back that was made up. A link that is
-/// lost on the way is found by the download.
-void readImage(const Comm_Context& comm) {
+std::vector<std::string> failedWrites(const std::vector<std::string>& messages) {
+    std::vector<std::string> refusals;
+    std::copy_if(messages.begin(), messages.end(), std::back_inserter(refusals),
+                 [](const std::string& text) { return text.ends_with(" ...Failed"); });
+    return refusals;
+}
+
+} // namespace
+
+void readWholePass(const Comm_Context& comm, const std::string& request) {
     modbus_control& link = comm.link;
-    selectScan(comm, transferScan);
+    selectScan(comm, request);
     if (link.ScanBlockCount() == 0) return;
     comm.form.Cancel_Requested = false;
     link.ResetScan();
@@ -93,15 +100,6 @@ void readImage(const Comm_Context& comm) {
     }
     link.EndSession();
 }
-
-std::vector<std::string> failedWrites(const std::vector<std::string>& messages) {
-    std::vector<std::string> refusals;
-    std::copy_if(messages.begin(), messages.end(), std::back_inserter(refusals),
-                 [](const std::string& text) { return text.ends_with(" ...Failed"); });
-    return refusals;
-}
-
-} // namespace
 
 Transfer_Report runUpload(const Comm_Context& comm, Held_Frame& frame) {
     std::optional<Failure_Note> failure;
@@ -124,7 +122,9 @@ Transfer_Report runUpload(const Comm_Context& comm, Held_Frame& frame) {
 }
 
 Transfer_Report runDownload(const Comm_Context& comm, Held_Frame& frame) {
-    if (needsImage(comm.document)) readImage(comm);
+    // A download after it writes nothing back that was made up. A link that is lost on the way is found by
+    // it.
+    if (needsImage(comm.document)) readWholePass(comm, transferScan);
     keepLog(comm);
     std::optional<Failure_Note> failure = failureOf([&] { MNU_Download_Click(comm); });
     Transfer_Report report = endTransfer(comm, frame, std::move(failure));

@@ -36,6 +36,10 @@ struct Transfer_Report {
 /// Writes every modifiable cell to the controller.
 [[nodiscard]] Transfer_Report runDownload(const Comm_Context& comm, Held_Frame& frame);
 
+/// Reads every block of that request word once, or goes on until the link is lost or the form's
+/// `Cancel_Requested` is set. The port stays open, and the scan is off afterwards.
+void readWholePass(const Comm_Context& comm, const std::string& request);
+
 /// The registers of the document's blocks, as the link last saw them.
 [[nodiscard]] Register_Values scannedRegisters(const Comm_Context& comm);
 

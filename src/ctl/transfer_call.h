@@ -1,23 +1,17 @@
 #pragma once
 
-#include "ctl/document_arguments.h"
-#include "ctl/port_arguments.h"
-#include "ctl/terminal_frame.h"
+#include "ctl/port_call.h"
 #include "ctl/transfer.h"
 
 #include <string>
 
 namespace zorvane {
 
-/// A call that reads a document and runs one transfer on a serial port. Ctrl+C gives the transfer up, in
-/// order.
-class Transfer_Call : public Call {
+/// A call that runs one transfer. Ctrl+C gives it up, in order.
+class Transfer_Call : public Port_Call {
   public:
     /// `name` is "Upload" or "Download".
     explicit Transfer_Call(std::string name) : name_(std::move(name)) {}
-
-    void addArguments(CLI::App& arguments) override;
-    [[nodiscard]] int run(const Surroundings& surroundings) override;
 
   protected:
     [[nodiscard]] virtual Transfer_Report transfer(const Comm_Context& comm, Terminal_Frame& frame) const = 0;
@@ -28,11 +22,10 @@ class Transfer_Call : public Call {
     }
 
   private:
-    [[nodiscard]] int refuse(const Surroundings& surroundings) const;
+    [[nodiscard]] int work(const Port_Work& work) const override;
+    [[nodiscard]] int refuse(const Surroundings& surroundings) const override;
 
     std::string name_;
-    Document_Arguments files_;
-    Port_Arguments port_;
 };
 
 } // namespace zorvane

@@ -1,16 +1,21 @@
 #include "template/file_names.h"
 
 #include "template/files.h"
+#include "template/model/declara_zorvane.h"
 #include "values/code_page.h"
 
 namespace zorvane {
 
-Document_Name documentName(std::string_view path) {
-    Document_Name result;
+Path_Parts splitPath(std::string_view path) noexcept {
     const std::size_t separator = path.rfind(folderSeparator);
     const std::size_t start = separator == std::string_view::npos ? 0 : separator + 1;
-    const std::string_view name = path.substr(start);
-    result.folder = path.substr(0, start);
+    return {path.substr(0, start), path.substr(start)};
+}
+
+Document_Name documentName(std::string_view path) {
+    const auto [folder, name] = splitPath(path);
+    Document_Name result;
+    result.folder = folder;
     result.stem = name;
     const std::size_t dot = name.find('.');
     if (dot == std::string_view::npos || dot == 0) return result;
@@ -18,6 +23,14 @@ Document_Name documentName(std::string_view path) {
     result.stem = upperTrimmed(name.substr(0, dot));
     result.hasExtension = true;
     return result;
+}
+
+void takeName(Declara_Zorvane& document, std::string_view path) {
+    const Document_Name name = documentName(path);
+    document.File_Folder = name.folder;
+    document.File_Stem = name.stem;
+    if (name.hasExtension) document.File_Extension = name.extension;
+    document.No_Place = false;
 }
 
 std::string lastExtension(std::string_view path) {

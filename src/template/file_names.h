@@ -6,6 +6,17 @@
 
 namespace zorvane {
 
+struct Declara_Zorvane;
+
+/// A path cut before the file's name.
+struct Path_Parts {
+    std::string_view folder; ///< with the separator at its end; empty when the path names none
+    std::string_view name;
+};
+
+/// The parts are views of `path`.
+[[nodiscard]] Path_Parts splitPath(std::string_view path) noexcept;
+
 /// A path taken apart: the folder with its separator, and the name cut at its first dot.
 struct Document_Name {
     std::string folder;
@@ -16,6 +27,10 @@ struct Document_Name {
 };
 
 [[nodiscard]] Document_Name documentName(std::string_view path);
+
+/// Names the document after a path, which is then its place. A name without an extension leaves the extension
+/// as it was.
+void takeName(Declara_Zorvane& document, std::string_view path);
 
 /// The name of the template that a document's last extension asks for: `site.abc` asks for "ABC.ZTP".
 [[nodiscard]] std::string templateName(std::string_view path);

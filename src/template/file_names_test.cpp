@@ -1,4 +1,5 @@
 #include "template/file_names.h"
+#include "template/model/declara_zorvane.h"
 
 #include <gtest/gtest.h>
 
@@ -30,6 +31,48 @@ TEST(FileNames, ANameWithoutADotPastItsFirstCharacterStaysAsSpelt) {
     EXPECT_EQ(partsOf("/home/.Abc"), (Parts{"/home/", ".Abc", "", false}));
     EXPECT_EQ(partsOf("/home/.Abc.def"), (Parts{"/home/", ".Abc.def", "", false}));
     EXPECT_EQ(partsOf(""), (Parts{"", "", "", false}));
+}
+
+Declara_Zorvane named(const std::string& path) {
+    Declara_Zorvane document;
+    takeName(document, path);
+    return document;
+}
+
+TEST(TakenName, IsCutAtItsFirstDotInUpperCase) {
+    const Declara_Zorvane document = named("/sites/abc.def.KVRT207d");
+    EXPECT_EQ(document.File_Folder, "/sites/");
+    EXPECT_EQ(document.File_Stem, "ABC");
+    EXPECT_EQ(document.File_Extension, "DEF.KVRT207D");
+}
+
+TEST(TakenName, WithoutAFolderHasNone) {
+    EXPECT_EQ(named("site7.ABC").File_Folder, "");
+    EXPECT_EQ(named("site7.ABC").File_Stem, "SITE7");
+}
+
+TEST(TakenName, WithADotInFirstPlaceOrNoneStaysWhole) {
+    EXPECT_EQ(named("/a/.Abc").File_Stem, ".Abc");
+    EXPECT_EQ(named("/a/.Abc").File_Extension, "");
+    EXPECT_EQ(named("/a/Plain").File_Stem, "Plain");
+}
+
+TEST(TakenName, WithoutAnExtensionLeavesTheExtensionAndIsAPlace) {
+    Declara_Zorvane document = named("/a/site.ABC");
+    document.No_Place = true;
+    takeName(document, "/b/plain");
+    EXPECT_EQ(document.File_Folder, "/b/");
+    EXPECT_EQ(document.File_Stem, "plain");
+    EXPECT_EQ(document.File_Extension, "ABC");
+    EXPECT_FALSE(document.No_Place);
+}
+
+TEST(FileNames, APathIsCutBeforeItsName) {
+    EXPECT_EQ(splitPath("/a.b/c.d").folder, "/a.b/");
+    EXPECT_EQ(splitPath("/a.b/c.d").name, "c.d");
+    EXPECT_EQ(splitPath("c.d").folder, "");
+    EXPECT_EQ(splitPath("c.d").name, "c.d");
+    EXPECT_EQ(splitPath("/a/").name, "");
 }
 
 TEST(FileNames, TheLastExtensionNamesTheTemplate) {

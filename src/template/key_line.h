@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorvane {
 
@@ -56,6 +57,30 @@ bool readFieldDefault(const Interpreter& interpreter, const Key_Line& line);
 bool readConfigurationDefault(const Interpreter& interpreter, const Key_Line& line);
 bool readDefaultColumns(const Interpreter& interpreter, const Key_Line& line);
 bool readColors(const Interpreter& interpreter, const Key_Line& line);
+
+/// The keys that a section has, normalised: "COL_#_WIDTH".
+using Key_Names = std::vector<std::string_view>;
+
+[[nodiscard]] Key_Names hardwareNames();
+[[nodiscard]] Key_Names configurationColumnsNames();
+[[nodiscard]] Key_Names configurationFieldsNames();
+[[nodiscard]] Key_Names fieldColumnsNames();
+[[nodiscard]] Key_Names fieldConfigurationNames();
+[[nodiscard]] Key_Names fieldMessagesNames();
+[[nodiscard]] Key_Names notDownloadableNames();
+[[nodiscard]] Key_Names portConfigurationNames();
+[[nodiscard]] Key_Names fieldDefaultNames();
+[[nodiscard]] Key_Names configurationDefaultNames();
+[[nodiscard]] Key_Names defaultColumnsNames();
+[[nodiscard]] Key_Names colorsNames();
+
+/// The keys of a section's table.
+template <class Table> [[nodiscard]] Key_Names namesIn(const Table& table) {
+    Key_Names names;
+    for (const auto& entry : table)
+        names.push_back(entry.first);
+    return names;
+}
 
 /// The action that a section's table has for a key, or null.
 template <class Table> [[nodiscard]] auto findAction(const Table& table, const std::string& key) {

@@ -14,21 +14,22 @@ struct Section {
     std::string_view name;
     Numbered_Key (*normalise)(std::string_view key);
     Section_Reader read;
+    Key_Names (*keys)();
 };
 
 constexpr std::array<Section, 12> sections = {{
-    {"HARDWARE", twoUnderscoreKey, readHardware},
-    {"CONFIGURATION_COLUMNS", twoUnderscoreKey, readConfigurationColumns},
-    {"CONFIGURATION_FIELDS", twoUnderscoreKey, readConfigurationFields},
-    {"FIELD_#_COLUMNS", twoUnderscoreKey, readFieldColumns},
-    {"FIELD_#_CONFIGURATION", oneUnderscoreKey, readFieldConfiguration},
-    {"FIELD_#_MESSAGES", oneUnderscoreKey, readFieldMessages},
-    {"ADDRESS_NOTDOWNLOADABLE", openUnderscoreKey, readNotDownloadable},
-    {"PORT_CONFIGURATION", openUnderscoreKey, readPortConfiguration},
-    {"FIELD_#_DEFAULT", oneUnderscoreKey, readFieldDefault},
-    {"CONFIGURATION_DEFAULT", oneUnderscoreKey, readConfigurationDefault},
-    {"DEFAULT_#_COLUMNS", twoUnderscoreKey, readDefaultColumns},
-    {"COLORS", twoUnderscoreKey, readColors},
+    {"HARDWARE", twoUnderscoreKey, readHardware, hardwareNames},
+    {"CONFIGURATION_COLUMNS", twoUnderscoreKey, readConfigurationColumns, configurationColumnsNames},
+    {"CONFIGURATION_FIELDS", twoUnderscoreKey, readConfigurationFields, configurationFieldsNames},
+    {"FIELD_#_COLUMNS", twoUnderscoreKey, readFieldColumns, fieldColumnsNames},
+    {"FIELD_#_CONFIGURATION", oneUnderscoreKey, readFieldConfiguration, fieldConfigurationNames},
+    {"FIELD_#_MESSAGES", oneUnderscoreKey, readFieldMessages, fieldMessagesNames},
+    {"ADDRESS_NOTDOWNLOADABLE", openUnderscoreKey, readNotDownloadable, notDownloadableNames},
+    {"PORT_CONFIGURATION", openUnderscoreKey, readPortConfiguration, portConfigurationNames},
+    {"FIELD_#_DEFAULT", oneUnderscoreKey, readFieldDefault, fieldDefaultNames},
+    {"CONFIGURATION_DEFAULT", oneUnderscoreKey, readConfigurationDefault, configurationDefaultNames},
+    {"DEFAULT_#_COLUMNS", twoUnderscoreKey, readDefaultColumns, defaultColumnsNames},
+    {"COLORS", twoUnderscoreKey, readColors, colorsNames},
 }};
 
 /// A section by its name in any letter case.
@@ -68,5 +69,22 @@ bool isReservedKey(std::string_view key) {
 }
 
 bool isKnownSection(std::string_view section) { return findSection(section) != nullptr; }
+
+std::vector<std::string_view> knownSections() {
+    std::vector<std::string_view> names;
+    for (const Section& section : sections)
+        names.push_back(section.name);
+    return names;
+}
+
+std::vector<std::string_view> knownKeys(std::string_view section) {
+    const Section* known = findSection(section);
+    return known == nullptr ? std::vector<std::string_view>{} : known->keys();
+}
+
+std::optional<Numbered_Key> numberedKey(std::string_view section, std::string_view key) {
+    const Section* known = findSection(section);
+    return known == nullptr ? std::nullopt : std::optional(known->normalise(key));
+}
 
 } // namespace zorvane

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "template/key_line.h"
 #include "template/link_notice.h"
 #include "template/model/declara_zorvane.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zorvane {
 
@@ -25,5 +28,15 @@ void PRO_Separa_Prefijo(std::string_view text, std::string& tail, std::string& h
 
 /// Whether the interpreter knows a section of that name, in any letter case, with "#" for its number.
 [[nodiscard]] bool isKnownSection(std::string_view section);
+
+/// The sections that the interpreter knows, in upper case with "#" for a number.
+[[nodiscard]] std::vector<std::string_view> knownSections();
+
+/// The keys that a section knows, in the same form; none for an unknown section.
+[[nodiscard]] std::vector<std::string_view> knownKeys(std::string_view section);
+
+/// A key as its section takes it apart, whether it knows the key or not; nothing for an unknown section.
+/// Failure 6 for a number beyond 32 bits.
+[[nodiscard]] std::optional<Numbered_Key> numberedKey(std::string_view section, std::string_view key);
 
 } // namespace zorvane

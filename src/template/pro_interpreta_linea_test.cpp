@@ -114,5 +114,23 @@ TEST(KnownSection, IsNamedInAnyLetterCaseWithItsHashSign) {
     EXPECT_FALSE(isKnownSection("BOARDS"));
 }
 
+TEST(KnownSection, TellsItsKeys) {
+    EXPECT_EQ(knownSections().size(), 12U);
+    EXPECT_EQ(knownKeys("Field_#_Default"), std::vector<std::string_view>{"ROW_#"});
+    EXPECT_EQ(knownKeys("CONFIGURATION_FIELDS"),
+              (std::vector<std::string_view>{"FIELD_#_DESC", "FIELD_#_RC"}));
+    EXPECT_EQ(knownKeys("BOARDS"), std::vector<std::string_view>{});
+    for (const std::string_view section : knownSections())
+        EXPECT_FALSE(knownKeys(section).empty()) << section;
+}
+
+TEST(KnownSection, TakesItsKeysApart) {
+    EXPECT_EQ(numberedKey("CONFIGURATION_FIELDS", "field_3_rc")->key, "FIELD_#_RC");
+    EXPECT_EQ(numberedKey("CONFIGURATION_FIELDS", "field_3_rc")->number, 3);
+    EXPECT_EQ(numberedKey("FIELD_#_MESSAGES", "ADDRESS_100_2")->key, "ADDRESS_#");
+    EXPECT_EQ(numberedKey("BOARDS", "ADDRESS_100"), std::nullopt);
+    EXPECT_EQ(doubles::failureNumber([] { (void)numberedKey("COLORS", "TXT_99999999999_NORMAL"); }), 6);
+}
+
 } // namespace
 } // namespace zorvane

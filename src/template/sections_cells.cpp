@@ -53,6 +53,9 @@ constexpr std::array<std::pair<std::string_view, Item_Action>, 7> itemKeys = {{
     {"ROWADDRESSFORMAT_#", storeFormat},
 }};
 
+/// [FIELD_#_MESSAGES] has but this.
+constexpr std::string_view addressKey = "ADDRESS_#";
+
 } // namespace
 
 bool readFieldConfiguration(const Interpreter& interpreter, const Key_Line& line) {
@@ -68,7 +71,7 @@ bool readFieldConfiguration(const Interpreter& interpreter, const Key_Line& line
 
 /// Gives every cell of the field that lies at the key's register, whole or half, its own copy of the list.
 bool readFieldMessages(const Interpreter& interpreter, const Key_Line& line) {
-    if (line.key != "ADDRESS_#") return true;
+    if (line.key != addressKey) return true;
     Field_Rec& field = interpreter.document.Fields(line.section);
     if (field.Rows < 0 || field.Columns < 0) return true;
     for (const Register_Cell& place : field.Cells.cellsAtRegister(line.number)) {
@@ -80,5 +83,9 @@ bool readFieldMessages(const Interpreter& interpreter, const Key_Line& line) {
     if (field.Rows > field.Cells.rows()) throw Run_Time_Failure(Failure::Subscript);
     return true;
 }
+
+Key_Names fieldConfigurationNames() { return namesIn(itemKeys); }
+
+Key_Names fieldMessagesNames() { return {addressKey}; }
 
 } // namespace zorvane

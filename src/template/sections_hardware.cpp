@@ -39,4 +39,6 @@ bool readHardware(const Interpreter& interpreter, const Key_Line& line) {
     return true;
 }
 
+Key_Names hardwareNames() { return namesIn(keys); }
+
 } // namespace zorvane

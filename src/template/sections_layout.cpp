@@ -156,4 +156,12 @@ bool readDefaultColumns(const Interpreter& interpreter, const Key_Line& line) {
     return true;
 }
 
+Key_Names configurationColumnsNames() { return namesIn(configurationColumnsKeys); }
+
+Key_Names configurationFieldsNames() { return namesIn(configurationFieldsKeys); }
+
+Key_Names fieldColumnsNames() { return namesIn(fieldColumnsKeys); }
+
+Key_Names defaultColumnsNames() { return namesIn(defaultColumnsKeys); }
+
 } // namespace zorvane

@@ -82,6 +82,9 @@ constexpr std::array<std::pair<std::string_view, Port_Action>, 11> portKeys = {{
     {"HOLDINGREQUESTBLOCK_#", readScanRequest},
 }};
 
+/// [ADDRESS_NOTDOWNLOADABLE] has but this.
+constexpr std::string_view addressKey = "ADDRESS_#";
+
 } // namespace
 
 bool readPortConfiguration(const Interpreter& interpreter, const Key_Line& line) {
@@ -90,12 +93,16 @@ bool readPortConfiguration(const Interpreter& interpreter, const Key_Line& line)
 }
 
 bool readNotDownloadable(const Interpreter& interpreter, const Key_Line& line) {
-    if (line.key != "ADDRESS_#") return true;
+    if (line.key != addressKey) return true;
     Declara_Zorvane& document = interpreter.document;
     document.Not_Downloadable_Count = toInteger(document.Not_Downloadable_Count + 1.0);
     document.Not_Downloadable.redimPreserve(document.Not_Downloadable_Count);
     document.Not_Downloadable(document.Not_Downloadable_Count) = line.value;
     return true;
 }
+
+Key_Names portConfigurationNames() { return namesIn(portKeys); }
+
+Key_Names notDownloadableNames() { return {addressKey}; }
 
 } // namespace zorvane

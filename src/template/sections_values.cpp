@@ -41,12 +41,15 @@ constexpr std::array<std::pair<std::string_view, Color_Member>, 10> colorKeys = 
     {"BCKGRND_#_ERRORWRITTINGCOMM", &Colour_Words::Color_Back_Error},
 }};
 
+constexpr std::string_view rowKey = "ROW_#";
+constexpr std::string_view fieldKey = "FIELD_#";
+
 } // namespace
 
 /// Stores a row's values. More of them than the field has columns rejects the line there; a row beyond the
 /// last one stores nothing.
 bool readFieldDefault(const Interpreter& interpreter, const Key_Line& line) {
-    if (line.key != "ROW_#") return true;
+    if (line.key != rowKey) return true;
     const Field_Rec& field = interpreter.document.Fields(line.section);
     bool accepted = true;
     forEachItem(line.value, [&](std::int32_t column, std::string_view item) {
@@ -61,7 +64,7 @@ bool readFieldDefault(const Interpreter& interpreter, const Key_Line& line) {
 
 /// Ends with exactly the items of this line.
 bool readConfigurationDefault(const Interpreter& interpreter, const Key_Line& line) {
-    if (line.key != "FIELD_#") return true;
+    if (line.key != fieldKey) return true;
     auto& values = interpreter.field(line.number).Config_Values;
     forEachItem(line.value, [&](std::int32_t k, std::string_view item) {
         values.redimPreserve(k);
@@ -75,5 +78,11 @@ bool readColors(const Interpreter& interpreter, const Key_Line& line) {
     if (const auto member = findAction(colorKeys, line.key)) interpreter.document.Colors.*member = line.value;
     return true;
 }
+
+Key_Names fieldDefaultNames() { return {rowKey}; }
+
+Key_Names configurationDefaultNames() { return {fieldKey}; }
+
+Key_Names colorsNames() { return namesIn(colorKeys); }
 
 } // namespace zorvane

@@ -4,6 +4,7 @@
 
 #include <QHelpEvent>
 #include <QPainter>
+#include <QPushButton>
 #include <QToolTip>
 
 #include <algorithm>
@@ -25,6 +26,7 @@ constexpr std::array<Panel_Design, panelCount> panelDesigns = {{{"File type", ""
                                                                 {"Rx", "Receiving data"},
                                                                 {"", ""}}};
 constexpr int textMargin = 4;
+constexpr std::size_t messagePanel = 3; // from 0
 constexpr double panelPoints = 8.25;
 
 } // namespace
@@ -69,8 +71,23 @@ Status_Bar::Status_Bar(QWidget* parent) : QStatusBar(parent) {
         panels_[i]->setText(QString::fromLatin1(panelDesigns[i].text));
         panels_[i]->setOwnToolTip(QString::fromLatin1(panelDesigns[i].toolTip));
     }
+    log_ = new QPushButton(QStringLiteral("Log..."), this);
+    giveName(*log_, QStringLiteral("BOT_Log"));
+    log_->setFont(panels_[messagePanel]->font());
+    log_->setToolTip(QStringLiteral("Show the log of the last transfer"));
+    log_->hide();
+    connect(log_, &QPushButton::clicked, this, [this] {
+        if (logChosen) logChosen();
+    });
     setFixedHeight(scaleOf(*this).pixelsY(Window_Layout{}.statusHeight));
 }
+
+void Status_Bar::setLogOffered(bool offered) {
+    log_->setVisible(offered);
+    placePanels();
+}
+
+bool Status_Bar::logOffered() const { return !log_->isHidden(); }
 
 void Status_Bar::setPanelWidths(const std::array<double, panelCount>& widths) {
     widths_ = widths;
@@ -86,6 +103,18 @@ void Status_Bar::placePanels() {
         left += widths_[i];
         panels_[i]->setGeometry(from, 2, std::max(1, scale.pixelsX(left) - from), std::max(1, height() - 3));
     }
+    if (!log_->isHidden()) placeLog();
+}
+
+/// A panel too narrow for the button lets it reach over the lights, which are off after a transfer.
+void Status_Bar::placeLog() {
+    QRect message = panels_[messagePanel]->geometry();
+    const int width = log_->fontMetrics().horizontalAdvance(log_->text()) + 6 * textMargin;
+    const int left = std::max(message.left(), message.right() - width);
+    log_->setGeometry(left, message.top(), width, message.height());
+    log_->raise();
+    message.setRight(std::max(message.left(), left - 1));
+    panels_[messagePanel]->setGeometry(message);
 }
 
 void Status_Bar::resizeEvent(QResizeEvent* event) {

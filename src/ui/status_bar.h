@@ -6,6 +6,9 @@
 #include <QStatusBar>
 
 #include <array>
+#include <functional>
+
+class QPushButton;
 
 namespace zorvane {
 
@@ -35,6 +38,11 @@ class Status_Bar final : public QStatusBar {
     [[nodiscard]] bool panelEnabled(int panel) const { return at(panel).isEnabled(); }
     void setPanelEnabled(int panel, bool enabled) { at(panel).setEnabled(enabled); }
 
+    /// The button "Log..." in the message panel, for the log of the last transfer.
+    void setLogOffered(bool offered);
+    [[nodiscard]] bool logOffered() const;
+    std::function<void()> logChosen;
+
     /// In twips.
     void setPanelWidths(const std::array<double, panelCount>& widths);
 
@@ -48,8 +56,10 @@ class Status_Bar final : public QStatusBar {
         return *panels_.at(static_cast<std::size_t>(panel - 1));
     }
     void placePanels();
+    void placeLog();
 
     std::array<Status_Panel*, panelCount> panels_{};
+    QPushButton* log_ = nullptr;
     std::array<double, panelCount> widths_ = Window_Layout{}.panelWidths;
 };
 

@@ -36,8 +36,14 @@ template <class T, std::int32_t Lower = 0> class Checked_Array {
         return static_cast<std::int32_t>(entries_->size()) + Lower - 1;
     }
 
-    [[nodiscard]] T& operator()(std::int32_t index) { return (*entries_)[offset(index)]; }
-    [[nodiscard]] const T& operator()(std::int32_t index) const { return (*entries_)[offset(index)]; }
+    [[nodiscard]] T& operator()(std::int32_t index) {
+        const std::size_t place = offset(index); // first: without dimensions there are no entries
+        return (*entries_)[place];
+    }
+    [[nodiscard]] const T& operator()(std::int32_t index) const {
+        const std::size_t place = offset(index);
+        return (*entries_)[place];
+    }
 
   private:
     static void requireUpper(std::int32_t upper) {

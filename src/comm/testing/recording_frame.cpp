@@ -147,7 +147,10 @@ void Recording_Frame::setLostComShown(bool shown) {
     journal_.add(shown ? "LostCom shown" : "LostCom unloaded");
 }
 
-void Recording_Frame::unloadFrmStatus() { journal_.add("FrmStatus unloaded"); }
+void Recording_Frame::unloadFrmStatus() {
+    journal_.add("FrmStatus unloaded");
+    if (onUnloadFrmStatus) onUnloadFrmStatus();
+}
 
 void Recording_Frame::wait_until(const std::function<bool()>& condition) {
     while (!condition())

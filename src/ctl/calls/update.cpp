@@ -2,6 +2,7 @@
 #include "ctl/json_text.h"
 #include "ctl/notices.h"
 #include "ctl/opened_document.h"
+#include "template/file_names.h"
 #include "template/native_files.h"
 #include "template/pro_actualiza_archivo.h"
 
@@ -20,10 +21,10 @@ struct Stem_And_Extension {
 };
 
 std::optional<Stem_And_Extension> cutAtFirstDot(const std::string& path) {
-    const Path_Parts parts = splitPath(path);
-    const std::size_t dot = parts.name.find('.');
+    const std::size_t start = splitPath(path).folder.size();
+    const std::size_t dot = path.find('.', start);
     if (dot == std::string::npos) return std::nullopt;
-    return Stem_And_Extension{parts.folder + parts.name.substr(0, dot), parts.name.substr(dot + 1)};
+    return Stem_And_Extension{path.substr(0, dot), path.substr(dot + 1)};
 }
 
 class Update_Call : public Call {

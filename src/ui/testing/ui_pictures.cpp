@@ -1,12 +1,18 @@
 // Writes pictures of the window and its dialogs, for people to look at: ui_pictures FOLDER [dark]
+#include "comm/simulated_port.h"
+#include "comm/testing/hand_clock.h"
+#include "comm/testing/scripted_port.h"
 #include "ui/acercade.h"
 #include "ui/column_tip.h"
 #include "ui/common_dialog.h"
 #include "ui/font_dialog.h"
+#include "ui/frm_status.h"
 #include "ui/lost_com.h"
 #include "ui/mensaje.h"
+#include "ui/monitor_window.h"
 #include "ui/msgb.h"
 #include "ui/porcentaje.h"
+#include "ui/port_dialog.h"
 #include "ui/testing/sample_window.h"
 
 #include <QApplication>
@@ -16,7 +22,9 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QStyle>
+#include <QTableView>
 #include <QTest>
 
 namespace {
@@ -121,6 +129,66 @@ void takeDialogs(Pictures& pictures) {
     open.ShowOpen(nullptr);
 }
 
+void takePortDialog(Pictures& pictures) {
+    testing::Scripted_Finder finder;
+    finder.list = {{"ttyUSB0", "/dev/ttyUSB0", "FT232R USB UART", {}, {}, {}}};
+    testing::Scripted_Port port;
+    testing::Hand_Clock clock;
+    Port_Settings settings;
+    settings.port = "ttyUSB0";
+    Port_Dialog dialog({finder, port, clock, {20, 600}, 40100, 40001, {}, {}}, settings, nullptr);
+    dialog.show();
+    QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("BOT_Test")), Qt::LeftButton);
+    clock.runFor(microsPerSecond);
+    pictures.take(dialog, QStringLiteral("port_settings"));
+}
+
+Exchange_Record sampleExchange(int number) {
+    constexpr int everyFifth = 5;
+    Exchange_Record exchange;
+    exchange.at = (50707 * 1000LL + number * 137LL) * microsPerMs;
+    exchange.duration = 34200 + number * 10;
+    exchange.unit = 7;
+    exchange.firstRegister = 40100;
+    exchange.wireAddress = 99;
+    exchange.count = 4;
+    exchange.good = number % everyFifth != 0;
+    exchange.result = exchange.good ? "good" : "wrong CRC";
+    if (exchange.good) exchange.values = {1000, 65531, static_cast<std::uint16_t>(number), 0};
+    exchange.sent = {0x07, 0x03, 0x00, 0x63, 0x00, 0x04, 0xB4, 0x71};
+    exchange.received = {0x07, 0x03, 0x08, 0x03, 0xE8, 0xFF, 0xFB, 0x00, 0x2A, 0x00, 0x00, 0x1B, 0x7C};
+    return exchange;
+}
+
+void takeMonitor(Pictures& pictures) {
+    Monitor_Window monitor(0, {}, nullptr);
+    monitor.feed().portNoted(50700 * microsPerSecond, "The port is open.");
+    constexpr int rows = 40;
+    for (int i = 1; i < rows; ++i)
+        monitor.feed().exchangeSeen(sampleExchange(i));
+    monitor.feed().straySeen({50720 * microsPerSecond, {0xFF, 0x80}, "noise"});
+    monitor.show();
+    QTest::qWait(100);
+    monitor.findChild<QTableView*>()->selectRow(rows - 3);
+    pictures.take(monitor, QStringLiteral("monitor"));
+}
+
+void takeFrmStatus(Pictures& pictures) {
+    const Transfer_Status status{
+        "Upload to PC",
+        {"7", "9600,E,8,1", "ttyUSB0", "2", "500", "0"},
+        {{"100", "109", "FC 3", "", "", "No response", 1}, {"100", "109", "FC 3", "", "", "No response", 2}},
+        {}};
+    Frm_Status form({status, [] { return 1; }, {}, {}, [](QTextEdit&, const QString&) {}}, {}, nullptr);
+    pictures.take(form, QStringLiteral("frm_status"));
+    Main_Window window;
+    samples::fillWindow(window);
+    window.StatusBar1().setText(4, QStringLiteral("Error. The controller does not respond."));
+    window.StatusBar1().setLogOffered(true);
+    window.resize(window.width() * 3 / 2, window.height());
+    pictures.take(window, QStringLiteral("window_log"));
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -131,5 +199,8 @@ int main(int argc, char** argv) {
     Pictures pictures(QString::fromLocal8Bit(argv[1]));
     takeWindow(pictures);
     takeDialogs(pictures);
+    takePortDialog(pictures);
+    takeMonitor(pictures);
+    takeFrmStatus(pictures);
     return 0;
 }

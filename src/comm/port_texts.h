@@ -1,0 +1,26 @@
+#pragma once
+
+#include "comm/port_finder.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zorvane {
+
+/// What the template says of the link's timings, in ms; 0 or below where it says nothing.
+struct Template_Timings {
+    std::int32_t pauseMs = 0;
+    std::int32_t timeOutMs = 0;
+};
+
+/// Which timings are in force, a sentence a line.
+[[nodiscard]] std::string timingsText(const Template_Timings& ofTemplate, std::int32_t ownTimeOutMs);
+
+/// A port as a list shows it: its name and what is known of it.
+[[nodiscard]] std::string portListText(const Port_Entry& port);
+
+/// What is known of the port that is chosen or typed, in one line.
+[[nodiscard]] std::string portHint(const std::vector<Port_Entry>& ports, const std::string& chosen);
+
+} // namespace zorvane

@@ -1,0 +1,32 @@
+#include "comm/port_texts.h"
+
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+TEST(PortTexts, TimingsNameWhereTheyComeFrom) {
+    EXPECT_EQ(timingsText({0, 0}, 500), "Time-out in force: 500 ms, from this dialog.\n"
+                                        "Pause between requests: none beyond what Modbus asks for.");
+    EXPECT_EQ(timingsText({20, 600}, 500),
+              "Time-out in force: 600 ms, from the template; the 500 ms here don't count.\n"
+              "Pause between requests: 20 ms, from the template.");
+    EXPECT_EQ(timingsText({-1, -1}, 750), timingsText({0, 0}, 750));
+}
+
+TEST(PortTexts, PortsInTheListAndBesideIt) {
+    const std::vector<Port_Entry> ports{{"ttyUSB0", "/dev/ttyUSB0", "FT232R USB UART", {}, {}, {}},
+                                        {"ttyS0", "/dev/ttyS0", {}, {}, {}, {}}};
+    EXPECT_EQ(portListText(ports[0]), "ttyUSB0 - FT232R USB UART");
+    EXPECT_EQ(portListText(ports[1]), "ttyS0");
+    EXPECT_EQ(portHint(ports, "ttyUSB0"), "FT232R USB UART");
+    EXPECT_EQ(portHint(ports, "/dev/ttyUSB0"), "FT232R USB UART");
+    EXPECT_EQ(portHint(ports, "ttyS0"), "Present.");
+    EXPECT_EQ(portHint(ports, "/tmp/relay"), "Not in the list of ports now.");
+    EXPECT_EQ(portHint(ports, ""), "Choose a port, or type its name or path.");
+    EXPECT_EQ(portHint(ports, "Simulated controller"),
+              "A controller in this computer, made from the open template.");
+}
+
+} // namespace
+} // namespace zorvane

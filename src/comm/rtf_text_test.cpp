@@ -1,0 +1,19 @@
+#include "comm/rtf_text.h"
+
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+TEST(RtfText, LinesAndSpecialCharacters) {
+    EXPECT_EQ(rtfDocument("Port: Com 3\r\n{a\\b}\tc\n\xE9"),
+              "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fmodern Courier New;}}\r\n\\f0\\fs18\r\n"
+              "Port: Com 3\\par\r\n\\{a\\\\b\\}\\tab c\\par\r\n\\'e9}\r\n");
+}
+
+TEST(RtfText, ControlCharactersAreEscaped) {
+    EXPECT_NE(rtfDocument(std::string("a\x01z")).find("a\\'01z"), std::string::npos);
+}
+
+} // namespace
+} // namespace zorvane

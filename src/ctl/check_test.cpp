@@ -1,0 +1,122 @@
+// zorvanectl check: what it prints, and how it ends.
+
+#include "ctl/testing/ctl_bench.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+namespace zorvane {
+namespace {
+
+using doubles::Ctl_Bench;
+using doubles::Ctl_Run;
+using doubles::lines;
+using nlohmann::json;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+/// A template in which nothing is found, with one line more in front.
+std::string templateWith(const std::string& line) {
+    return lines(
+        {"[HARDWARE]", line, "CONTROLLER=ABC", "[PORT_CONFIGURATION]", "HOLDINGREGISTERSBLOCK_1=1-9"});
+}
+
+TEST(Check, PrintsFindingsAsACompilerDoes) {
+    Ctl_Bench bench;
+    const std::string ztp = bench.file("ABC.ZTP", templateWith("CONTROLER=\xC4"));
+    const Ctl_Run run = bench.run({"check", ztp});
+    EXPECT_EQ(run.out, ztp + ":2: warning: unknown key \"CONTROLER\" in [HARDWARE] [key-unknown]\n"
+                             "    | CONTROLER=\xC3\x84\n"
+                             "    The line has no effect.\n"
+                             "    Write CONTROLLER.\n"
+                             "0 errors, 1 warning\n");
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.code, 0) << "warnings only";
+}
+
+TEST(Check, AnErrorEndsWith1) {
+    Ctl_Bench bench;
+    const std::string ztp =
+        bench.file("ABC.ZTP", templateWith("[") + lines({"[CONFIGURATION_COLUMNS]", "COL_1_WIDTH=1"}));
+    const Ctl_Run run = bench.run({"check", ztp});
+    EXPECT_THAT(
+        run.out,
+        HasSubstr(ztp + ":2: error: a section header without a name: reading stops here [header-end]\n"));
+    EXPECT_THAT(run.out, HasSubstr(ztp + ":7: error: the upper grid has no columns yet [before-count]\n"));
+    EXPECT_EQ(run.code, 1);
+}
+
+TEST(Check, AGoodTemplateEndsWith0) {
+    Ctl_Bench bench;
+    const Ctl_Run run = bench.run({"check", bench.file("ABC.ZTP", templateWith("; nothing"))});
+    EXPECT_EQ(run.out, "0 errors, 0 warnings\n");
+    EXPECT_EQ(run.code, 0);
+}
+
+TEST(Check, JsonIsOneListForAllFiles) {
+    Ctl_Bench bench;
+    const std::string abc = bench.file("ABC.ZTP", templateWith("NAME=\xC4"));
+    const std::string start =
+        bench.file("kvrt.ZTP", templateWith("DOWNLOAD_1_MULTIPLEREGISTERBLOCKNUMERIC=1-9"));
+    const Ctl_Run run = bench.run({"check", abc, start, "--json"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(json::parse(run.out), json::parse(R"([
+        {"file":")" + abc + R"(","line":2,"severity":"warning","code":"key-unknown",
+         "text":"unknown key \"NAME\" in [HARDWARE]. The line has no effect. The known ones are CONTROLLER, DOWNLOAD_#_MULTIPLEREGISTERBLOCKNUMERIC, DOWNLOAD_#_MULTIPLEREGISTERBLOCKMESSAGELIST or DOWNLOAD_#_MULTIPLEREGISTERBLOCKASCII."},
+        {"file":")" + start + R"(","line":2,"severity":"warning","code":"controller-order",
+         "text":"a DOWNLOAD line in front of CONTROLLER. The block is kept without the controller's name. Write CONTROLLER as the first line of [HARDWARE]."},
+        {"file":")" + start + R"(","line":2,"severity":"error","code":"default-download",
+         "text":"a DOWNLOAD line in the template that the window starts with. The window reads this file at its start with no room for such blocks, and ends. Put the controller into a template of another name."}
+    ])"));
+}
+
+TEST(Check, NothingFoundIsAnEmptyList) {
+    Ctl_Bench bench;
+    EXPECT_EQ(bench.run({"check", "--json", bench.file("ABC.ZTP", templateWith(""))}).out, "[]\n");
+}
+
+TEST(Check, AMissingFileIsToldAndTheOthersAreChecked) {
+    Ctl_Bench bench;
+    const std::string ztp = bench.file("ABC.ZTP", templateWith("NAME=x"));
+    const Ctl_Run run = bench.run({"check", bench.path("GONE.ZTP"), ztp});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err,
+              "zorvanectl: " + bench.path("GONE.ZTP") + ": File not found (failure 53). Check the path.\n");
+    EXPECT_THAT(run.out, StartsWith(ztp + ":2: warning: unknown key \"NAME\""));
+    EXPECT_THAT(run.out, testing::EndsWith("1 error, 1 warning\n"));
+}
+
+TEST(Check, AFileThatCannotBeReadIsInTheJsonToo) {
+    Ctl_Bench bench;
+    const Ctl_Run run = bench.run({"check", bench.path(""), "--json"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_THAT(run.err, StartsWith("zorvanectl: " + bench.path("")));
+    const json found = json::parse(run.out);
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found[0]["code"], "unreadable");
+    EXPECT_EQ(found[0]["line"], 0);
+    EXPECT_EQ(found[0]["severity"], "error");
+}
+
+TEST(Check, ListsTheCodes) {
+    Ctl_Bench bench;
+    const Ctl_Run run = bench.run({"check", "--list"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_THAT(
+        run.out,
+        HasSubstr(
+            "\nkey-blank           warning   a blank in front of a key, or between it and the \"=\"\n"));
+    const json codes = json::parse(bench.run({"check", "--list", "--json"}).out);
+    EXPECT_EQ(codes[0], json::parse(R"({"code":"byte-order-mark","severity":"error",
+                                        "text":"a byte order mark at the beginning of the file"})"));
+}
+
+TEST(Check, WithoutATemplateOrWithTooMuchIsWrongUsage) {
+    Ctl_Bench bench;
+    EXPECT_EQ(bench.run({"check"}).code, 2);
+    EXPECT_EQ(bench.run({"check", "--list", "ABC.ZTP"}).code, 2);
+    EXPECT_EQ(bench.run({"check", "ABC.ZTP", "--lines"}).code, 2);
+}
+
+} // namespace
+} // namespace zorvane

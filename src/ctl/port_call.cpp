@@ -1,0 +1,67 @@
+#include "ctl/port_call.h"
+
+#include "comm/cancel.h"
+#include "comm/qt_link.h"
+#include "comm/session.h"
+#include "ctl/notices.h"
+#include "ctl/rehearsal.h"
+#include "ctl/stop_signals.h"
+
+#include <CLI/CLI.hpp>
+
+#include <unistd.h>
+
+namespace zorvane {
+
+namespace {
+
+/// Shows the messages of a link that is made before the frame is.
+class Late_Asker : public Asker {
+  public:
+    Asker* to = nullptr;
+    int Msgb_Show(const std::string& prompt, int style, const std::string& title) override {
+        return to == nullptr ? int{Msgb_Code_Ok} : to->Msgb_Show(prompt, style, title);
+    }
+};
+
+} // namespace
+
+void Port_Call::addArguments(CLI::App& arguments) {
+    files_.addTemplate(arguments);
+    files_.addConfiguration(arguments);
+    port_.add(arguments);
+}
+
+Grid_Selection Port_Call::selection(const Declara_Zorvane& document) const {
+    return freshSelection(document);
+}
+
+int Port_Call::run(const Surroundings& surroundings) {
+    if (const std::string wrong = port_.fault(); !wrong.empty()) {
+        tell(surroundings.err, wrong);
+        return Exit_Usage;
+    }
+    Late_Asker asker;
+    Qt_Link assembly(port_.settings(), asker);
+    modbus_control& link = assembly.link();
+    Own_Time_Out ownTimeOut(link);
+    link.ClearBlocks();
+    Opened_Document opened =
+        files_.open(surroundings, port_.ownTimeOut() ? static_cast<Link_Notice*>(&ownTimeOut) : &link);
+    if (!opened.readToTheEnd()) return refuse(surroundings);
+    if (const std::string wrong = fault(opened); !wrong.empty()) {
+        tell(surroundings.err, wrong);
+        return refuse(surroundings);
+    }
+
+    Main_Form_State form;
+    Terminal_Frame frame(opened.document.Field_Count, selection(opened.document), surroundings.err,
+                         ::isatty(STDERR_FILENO) != 0);
+    asker.to = &frame;
+    const Comm_Context comm{opened.document, form, link, frame};
+    ignoringFailure([&] { PRO_Registra_Bloques(comm); });
+    const Stop_Signals stopSignals([&comm] { BOT_Cancel_Click(comm); });
+    return work({surroundings, opened, comm, frame, assembly.link()});
+}
+
+} // namespace zorvane

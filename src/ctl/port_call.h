@@ -1,0 +1,42 @@
+#pragma once
+
+#include "comm/comm_context.h"
+#include "comm/modbus_link.h"
+#include "ctl/document_arguments.h"
+#include "ctl/port_arguments.h"
+#include "ctl/terminal_frame.h"
+
+namespace zorvane {
+
+/// What a call works with once its document is read.
+struct Port_Work {
+    const Surroundings& surroundings;
+    Opened_Document& opened;
+    const Comm_Context& comm;
+    Terminal_Frame& frame;
+    const Modbus_Link& line; ///< the link of `comm`, to be asked about its port
+};
+
+/// A call that reads a document and works with a controller on a serial port. Ctrl+C sets the form's
+/// `Cancel_Requested`.
+class Port_Call : public Call {
+  public:
+    void addArguments(CLI::App& arguments) override;
+    [[nodiscard]] int run(const Surroundings& surroundings) override;
+
+  protected:
+    /// What stands in the way of working with this document, in words; empty when nothing does.
+    [[nodiscard]] virtual std::string fault(const Opened_Document& /*opened*/) const { return {}; }
+    /// Works with a document whose blocks are registered at a link whose port is closed; gives the exit code.
+    [[nodiscard]] virtual int work(const Port_Work& work) const = 0;
+    /// The exit code when the document can't be used, after the reason was told.
+    [[nodiscard]] virtual int refuse(const Surroundings& surroundings) const = 0;
+    /// Where the user of the window would stand in the grids.
+    [[nodiscard]] virtual Grid_Selection selection(const Declara_Zorvane& document) const;
+
+  private:
+    Document_Arguments files_;
+    Port_Arguments port_;
+};
+
+} // namespace zorvane

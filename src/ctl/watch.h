@@ -1,0 +1,47 @@
+#pragma once
+
+#include "comm/comm_context.h"
+#include "ctl/held_frame.h"
+#include "ctl/json_text.h"
+
+#include <cstdint>
+#include <functional>
+#include <iosfwd>
+#include <map>
+#include <string>
+#include <utility>
+
+namespace zorvane {
+
+/// What one refresh brought: the texts of the live cells of a field.
+struct Live_Refresh {
+    std::int32_t number = 0;                                            ///< from 1
+    bool lost = false;                                                  ///< the controller doesn't answer
+    std::map<std::pair<std::int32_t, std::int32_t>, std::string> texts; ///< by row and column, from 1
+};
+
+/// {"refresh","lost","cells":[{"row","column","heading","text"}]}
+[[nodiscard]] Json refreshJson(const Declara_Zorvane& document, std::int32_t field,
+                               const Live_Refresh& refresh);
+
+/// The live columns as a table, each row behind the text of its first column.
+void printRefresh(std::ostream& out, const Declara_Zorvane& document, std::int32_t field,
+                  const Live_Refresh& refresh);
+
+/// Why a field can't be watched, in words; empty when it can.
+[[nodiscard]] std::string watchFault(const Declara_Zorvane& document, std::int32_t field);
+
+/// How a watch goes.
+struct Watch_Plan {
+    std::int32_t field = 1;
+    std::int32_t count = 0; ///< refreshes; 0 for no end
+    std::function<void(const Live_Refresh& refresh)> show;
+    std::function<bool()> portOpen; ///< whether the port could be opened at all
+};
+
+/// Reads the live blocks once, then shows the field at each tick of the live refresh, until the count is
+/// reached or the form's `Cancel_Requested` is set. A lost link is waited for. Gives false when the link was
+/// lost at the end, or nothing was shown.
+[[nodiscard]] bool runWatch(const Comm_Context& comm, Held_Frame& frame, const Watch_Plan& plan);
+
+} // namespace zorvane

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "comm/modbus_link.h"
+#include "comm/qt_link_clock.h"
+#include "comm/qt_serial_port.h"
+#include "comm/simulated_port.h"
+#include "ui/monitor_window.h"
+#include "ui/port_dialog.h"
+
+#include <QPointer>
+
+#include <memory>
+
+namespace zorvane {
+
+/// What the windows of the link need of the program.
+struct Line_Windows_Hooks {
+    std::function<void(const Port_Settings& settings)> keep; ///< the user has chosen these; may be empty
+    std::function<std::int32_t()> testRegister;              ///< a register of the open template, or 0
+    Ask_User ask;
+};
+
+/// The windows of the link: the port dialog and the monitor. They are made before the link, which is handed
+/// to them by `attach`.
+///
+///     Line_Windows windows(mainWindow, simulator, hooks);
+///     Qt_Link assembly(settings, asker, &windows, &simulator);
+///     windows.attach(assembly.link(), assembly.finder(), assembly.clock());
+class Line_Windows final : public Link_Windows {
+  public:
+    /// Owner and simulator must outlive it.
+    Line_Windows(QWidget* owner, Simulator& simulator, Line_Windows_Hooks hooks);
+    ~Line_Windows() override;
+    Line_Windows(const Line_Windows&) = delete;
+    Line_Windows& operator=(const Line_Windows&) = delete;
+
+    /// All three must outlive its use.
+    void attach(Modbus_Link& link, Port_Finder& finder, Link_Clock& clock);
+
+    void showPortSettings(bool modal) override;
+    [[nodiscard]] bool monitorLoaded() const override { return !monitor_.isNull(); }
+    [[nodiscard]] bool monitorVisible() const override;
+    void showMonitor(const Window_Place& place) override;
+    void activateMonitor() override;
+    /// Where it stands, or where it stood last.
+    [[nodiscard]] Window_Place monitorPlace() const override;
+    void unloadMonitor() override;
+    void hideMonitor() override;
+    void restoreMonitor() override;
+    void minimizeMonitor() override;
+
+    /// While they are there.
+    [[nodiscard]] Port_Dialog* portDialog() const { return dialog_; }
+    [[nodiscard]] Monitor_Window* monitor() const { return monitor_; }
+
+  private:
+    [[nodiscard]] Port_Dialog_Parts dialogParts();
+    void take(const Port_Settings& settings);
+
+    QWidget* owner_;
+    Simulator& simulator_;
+    Line_Windows_Hooks hooks_;
+    Modbus_Link* link_ = nullptr;
+    Port_Finder* finder_ = nullptr;
+    Link_Clock* clock_ = nullptr;
+    Qt_Serial_Port testSerial_;
+    Simulated_Port testPort_;
+    QPointer<Port_Dialog> dialog_;
+    QPointer<Monitor_Window> monitor_;
+    Window_Place monitorPlace_{1500, 1500, 14700, 7200};
+    bool shownBeforeHiding_ = false;
+};
+
+} // namespace zorvane

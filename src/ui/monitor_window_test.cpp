@@ -1,0 +1,228 @@
+#include "ui/monitor_window.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+Exchange_Record exchangeOf(std::int32_t number) {
+    Exchange_Record exchange;
+    exchange.at = number * microsPerSecond;
+    exchange.duration = 12300;
+    exchange.unit = 7;
+    exchange.firstRegister = 40100;
+    exchange.wireAddress = 99;
+    exchange.count = 1;
+    exchange.values = {static_cast<std::uint16_t>(number)};
+    exchange.good = true;
+    exchange.result = "good";
+    exchange.sent = {0x07, 0x03};
+    exchange.received = {0x07, static_cast<std::uint8_t>(number)};
+    return exchange;
+}
+
+struct Monitor_Window_Test : ::testing::Test {
+    Monitor_Window_Test() { window.show(); }
+
+    /// As the link reports it, and time for the window to show it.
+    void report(std::int32_t count) {
+        for (std::int32_t i = 0; i < count; ++i)
+            window.feed().exchangeSeen(exchangeOf(++last));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return window.feed().held() || window.feed().waiting() == 0; }));
+    }
+    template <class Widget> Widget& at(const char* name) {
+        auto* widget = window.findChild<Widget*>(QString::fromLatin1(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return *widget;
+    }
+    void press(const char* name) { QTest::mouseClick(&at<QPushButton>(name), Qt::LeftButton); }
+    QTableView& table() { return at<QTableView>("TBL_Exchanges"); }
+    QString cell(int row, Traffic_Column column) {
+        return window.model().index(row, static_cast<int>(column)).data().toString();
+    }
+
+    QStringList asked;
+    std::int32_t last = 0;
+    Monitor_Window window{0,
+                          [this](const QString& prompt, int, const QString&) {
+                              asked += prompt;
+                              return 1;
+                          },
+                          nullptr};
+};
+
+TEST_F(Monitor_Window_Test, ShowsExchangesAndTheBytesOfTheOneSelected) {
+    report(3);
+    EXPECT_EQ(window.model().rowCount(), 3);
+    EXPECT_EQ(cell(1, Traffic_Column::Time), "00:00:02.000");
+    EXPECT_EQ(cell(1, Traffic_Column::Values), "2");
+    EXPECT_EQ(at<QPlainTextEdit>("TXT_Bytes").toPlainText(), "");
+    table().selectRow(1);
+    EXPECT_EQ(at<QPlainTextEdit>("TXT_Bytes").toPlainText(), "Tx: 07 03\nRx: 07 02");
+    EXPECT_EQ(at<QLabel>("LBL_Count").text(), "3 rows");
+}
+
+TEST_F(Monitor_Window_Test, StrayBytesAndNotesOfThePortAreRows) {
+    window.feed().portNoted(0, "The port is open.");
+    window.feed().straySeen({0, {0xFF}, "noise"});
+    report(0);
+    EXPECT_EQ(cell(0, Traffic_Column::Result), "The port is open.");
+    EXPECT_EQ(cell(1, Traffic_Column::Result), "1 byte outside an exchange: noise");
+}
+
+TEST_F(Monitor_Window_Test, PausedItHoldsRowsBackAndShowsThemAfterwards) {
+    report(1);
+    press("BOT_Pause");
+    report(2);
+    QTest::qWait(100);
+    EXPECT_EQ(window.model().rowCount(), 1);
+    EXPECT_EQ(at<QLabel>("LBL_Count").text(), "1 rows, paused");
+    press("BOT_Pause");
+    EXPECT_EQ(window.model().rowCount(), 3);
+    EXPECT_EQ(at<QLabel>("LBL_Count").text(), "3 rows");
+}
+
+TEST_F(Monitor_Window_Test, ClearEmptiesItWhatWaitsToo) {
+    report(2);
+    table().selectRow(0);
+    press("BOT_Pause");
+    report(2);
+    press("BOT_Clear");
+    press("BOT_Pause");
+    EXPECT_EQ(window.model().rowCount(), 0);
+    EXPECT_EQ(at<QPlainTextEdit>("TXT_Bytes").toPlainText(), "");
+}
+
+TEST_F(Monitor_Window_Test, CopiesTheSelectedRowsElseAll) {
+    report(3);
+    const QString head = "Time\tms\tUnit\tFunction\tRegisters\tOn the wire\tValues\tResult\tBytes\n";
+    table().selectRow(1);
+    press("BOT_Copy");
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              head + "00:00:02.000\t12.3\t7\t3 read\t40100\t99\t2\tgood\tTx: 07 03 Rx: 07 02\n");
+    table().clearSelection();
+    press("BOT_Copy");
+    EXPECT_EQ(QApplication::clipboard()->text().count(u'\n'), 4);
+    table().selectRow(2);
+    table().setFocus();
+    QTest::keySequence(&table(), QKeySequence::Copy);
+    EXPECT_TRUE(QApplication::clipboard()->text().contains("00:00:03.000"));
+}
+
+TEST_F(Monitor_Window_Test, SavesAsText) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("monitor.txt");
+    report(2);
+    window.OpenFile.run = [&path](QFileDialog& dialog) {
+        dialog.show();
+        auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+        return true;
+    };
+    press("BOT_Save");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QString::fromUtf8(file.readAll()), window.text());
+    EXPECT_TRUE(asked.isEmpty());
+}
+
+TEST_F(Monitor_Window_Test, AFileThatCantBeWrittenIsTold) {
+    const QTemporaryDir folder;
+    EXPECT_FALSE(window.save(folder.filePath("missing/monitor.txt")));
+}
+
+TEST_F(Monitor_Window_Test, FollowsTheEndUnlessTheUserScrolledAway) {
+    report(500);
+    QScrollBar& bar = *table().verticalScrollBar();
+    EXPECT_EQ(bar.value(), bar.maximum());
+    bar.setValue(10);
+    report(10);
+    EXPECT_EQ(bar.value(), 10);
+}
+
+TEST_F(Monitor_Window_Test, ClosingOnlyHidesItAndItGoesOnCollecting) {
+    report(1);
+    window.close();
+    EXPECT_FALSE(window.isVisible());
+    report(1);
+    window.show();
+    EXPECT_EQ(window.model().rowCount(), 2);
+}
+
+TEST_F(Monitor_Window_Test, KeepsItsPlaceInTwips) {
+    window.setPlace({1500, 3000, 12000, 6000});
+    EXPECT_EQ(window.size(), QSize(800, 400));
+    const Window_Place place = window.place();
+    EXPECT_EQ(place.left, 1500);
+    EXPECT_EQ(place.top, 3000);
+    EXPECT_EQ(place.width, 12000);
+    EXPECT_EQ(place.height, 6000);
+    window.setPlace({-900000, 0, 9000, 6000}); // on a screen that is gone
+    EXPECT_EQ(window.place().left, 1500);
+    EXPECT_EQ(window.place().width, 9000);
+}
+
+TEST(TrafficModel, IsAModelAndKeepsTheNewestRowsOnly) {
+    Traffic_Model model(0, 5);
+    const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    const auto add = [&model](std::int32_t from, std::int32_t count) {
+        std::vector<Traffic_Entry> entries;
+        for (std::int32_t i = 0; i < count; ++i)
+            entries.emplace_back(exchangeOf(from + i));
+        model.add(std::move(entries));
+    };
+    const auto value = [&model](int row) { return model.index(row, 6).data().toInt(); };
+    add(1, 3);
+    EXPECT_EQ(model.rowCount(), 3);
+    add(4, 4);
+    EXPECT_EQ(model.rowCount(), 5);
+    EXPECT_EQ(value(0), 3);
+    add(10, 20);
+    EXPECT_EQ(model.rowCount(), 5);
+    EXPECT_EQ(value(0), 25);
+    EXPECT_EQ(value(4), 29);
+    model.clear();
+    EXPECT_EQ(model.rowCount(), 0);
+}
+
+TEST(TrafficFeed, HandsRowsOnTogetherAndRunsNoTimerWhileNothingComes) {
+    std::vector<std::size_t> batches;
+    Traffic_Feed feed([&](const std::vector<Traffic_Entry>& entries) { batches.push_back(entries.size()); });
+    QTest::qWait(3 * Traffic_Feed::leastPauseMs);
+    EXPECT_TRUE(batches.empty());
+    for (int i = 0; i < 50; ++i)
+        feed.portNoted(i, "note");
+    EXPECT_TRUE(batches.empty());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !batches.empty(); }));
+    EXPECT_EQ(batches, std::vector<std::size_t>{50});
+}
+
+TEST(TrafficFeed, HeldBackItKeepsTheNewestOnly) {
+    std::vector<Traffic_Entry> shown;
+    Traffic_Feed feed([&](std::vector<Traffic_Entry> entries) { shown = std::move(entries); }, 3);
+    feed.setHeld(true);
+    for (int i = 0; i < 5; ++i)
+        feed.portNoted(i, std::to_string(i));
+    EXPECT_EQ(feed.waiting(), 3U);
+    feed.setHeld(false);
+    ASSERT_EQ(shown.size(), 3U);
+    EXPECT_EQ(std::get<Port_Note>(shown[0]).text, "2");
+}
+
+} // namespace
+} // namespace zorvane

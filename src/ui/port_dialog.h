@@ -1,0 +1,81 @@
+#pragma once
+
+#include "comm/port_texts.h"
+#include "comm/test_verdict.h"
+
+#include <QDialog>
+
+#include <functional>
+
+class QCheckBox;
+class QComboBox;
+class QFormLayout;
+class QLabel;
+class QPlainTextEdit;
+class QPushButton;
+class QSpinBox;
+
+namespace zorvane {
+
+/// What the port dialog works with.
+struct Port_Dialog_Parts {
+    Port_Finder& finder;
+    Byte_Port& testPort; ///< closed, and nobody else's
+    Link_Clock& clock;
+    Template_Timings timings;
+    std::int32_t testRegister = 0;      ///< what the test reads, as the template numbers it
+    std::int32_t addressBase = 0;       ///< taken off its number on the wire
+    std::function<void()> lendPort;     ///< the link leaves its port to the test; may be empty
+    std::function<void()> takePortBack; ///< the test is over; may be empty
+};
+
+/// The port settings. Its owner takes `settings()` after it was accepted; they are usable then.
+class Port_Dialog final : public QDialog {
+  public:
+    Port_Dialog(Port_Dialog_Parts parts, const Port_Settings& settings, QWidget* parent);
+    ~Port_Dialog() override;
+
+    [[nodiscard]] Port_Settings settings() const;
+    /// Reads the list of ports again; what is chosen or typed stays.
+    void refreshPorts();
+
+    void done(int result) override;
+    void accept() override;
+
+  private:
+    void addPort(QFormLayout& form);
+    void addLine(QFormLayout& form);
+    void addExchange(QFormLayout& form);
+    void addDirection(QFormLayout& form);
+    void addTest();
+    void fill(const Port_Settings& settings);
+    void showHint();
+    void showTimings();
+    [[nodiscard]] std::string chosenPort() const;
+    [[nodiscard]] Test_Request testRequest() const;
+    /// What is wrong with what is entered; empty when it is usable.
+    [[nodiscard]] std::string fault() const;
+    void startOrStopTest();
+    void testEnded();
+
+    Port_Dialog_Parts parts_;
+    Test_Exchange test_;
+    std::vector<Port_Entry> ports_;
+    QComboBox* port_ = nullptr;
+    QLabel* hint_ = nullptr;
+    QSpinBox* slave_ = nullptr;
+    QComboBox* baud_ = nullptr;
+    QComboBox* parity_ = nullptr;
+    QComboBox* dataBits_ = nullptr;
+    QComboBox* stopBits_ = nullptr;
+    QSpinBox* retries_ = nullptr;
+    QSpinBox* timeOut_ = nullptr;
+    QComboBox* rts_ = nullptr;
+    QSpinBox* delay_ = nullptr;
+    QCheckBox* echo_ = nullptr;
+    QLabel* timings_ = nullptr;
+    QPushButton* testButton_ = nullptr;
+    QPlainTextEdit* verdict_ = nullptr;
+};
+
+} // namespace zorvane

@@ -1,0 +1,233 @@
+#include "comm/simulated_port.h"
+#include "comm/testing/hand_clock.h"
+#include "comm/testing/scripted_port.h"
+#include "comm/testing/toy_slave.h"
+#include "ui/port_dialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+using testing::Hand_Clock;
+using testing::Scripted_Finder;
+using testing::Scripted_Port;
+using testing::Toy_Slave;
+
+struct Port_Dialog_Test : ::testing::Test {
+    Port_Dialog_Test() {
+        finder.list = {{"ttyUSB0", "/dev/ttyUSB0", "FT232R USB UART", {}, {}, {}},
+                       {"ttyS0", "/dev/ttyS0", {}, {}, {}, {}}};
+        chosen.port = "ttyUSB0";
+        chosen.slave = 12;
+        chosen.line = {19200, 'E', 7, 2};
+        chosen.retries = 5;
+        chosen.timeOutMs = 750;
+        chosen.rts = Rts_Mode::HighOnSend;
+        chosen.txDelayMs = 3;
+        chosen.adapterEchoes = true;
+    }
+
+    Port_Dialog& make() {
+        dialog = std::make_unique<Port_Dialog>(Port_Dialog_Parts{finder, port, clock, timings, 40100, 40001,
+                                                                 [this] { told += "lent "; },
+                                                                 [this] { told += "back "; }},
+                                               chosen, nullptr);
+        dialog->show();
+        return *dialog;
+    }
+    template <class Widget> Widget& at(const char* name) {
+        auto* widget = dialog->findChild<Widget*>(QString::fromLatin1(name));
+        EXPECT_NE(widget, nullptr) << name;
+        return *widget;
+    }
+    QString verdict() { return at<QPlainTextEdit>("TXT_Verdict").toPlainText(); }
+    void press(const char* name) { QTest::mouseClick(&at<QPushButton>(name), Qt::LeftButton); }
+
+    Scripted_Finder finder;
+    Scripted_Port port;
+    Hand_Clock clock;
+    Template_Timings timings{20, 600};
+    Port_Settings chosen;
+    std::string told;
+    std::unique_ptr<Port_Dialog> dialog;
+};
+
+TEST_F(Port_Dialog_Test, ShowsAndGivesBackEverySetting) {
+    make();
+    EXPECT_EQ(at<QComboBox>("CMB_Port").currentText(), "ttyUSB0");
+    EXPECT_EQ(at<QLabel>("LBL_Port").text(), "FT232R USB UART");
+    EXPECT_EQ(at<QComboBox>("CMB_Parity").currentText(), "Even");
+    EXPECT_EQ(at<QComboBox>("CMB_Rts").currentText(), "RTS high while sending");
+    EXPECT_EQ(dialog->settings(), chosen);
+}
+
+TEST_F(Port_Dialog_Test, TakesWhatTheUserEnters) {
+    make();
+    at<QComboBox>("CMB_Port").setEditText(" /tmp/relay ");
+    at<QSpinBox>("NUM_Slave").setValue(247);
+    at<QComboBox>("CMB_Baud").setEditText("31250");
+    at<QComboBox>("CMB_Parity").setCurrentText("Odd");
+    at<QComboBox>("CMB_DataBits").setCurrentText("8");
+    at<QComboBox>("CMB_StopBits").setCurrentText("1");
+    at<QSpinBox>("NUM_Retries").setValue(0);
+    at<QSpinBox>("NUM_TimeOut").setValue(1500);
+    at<QComboBox>("CMB_Rts").setCurrentText("Kernel RS-485");
+    at<QSpinBox>("NUM_Delay").setValue(9);
+    at<QCheckBox>("CHK_Echo").setChecked(false);
+    const Port_Settings expected{"/tmp/relay", 247, {31250, 'O', 8, 1}, 0, 1500, Rts_Mode::KernelRs485, 9,
+                                 false};
+    EXPECT_EQ(dialog->settings(), expected);
+    press("BOT_Ok");
+    EXPECT_EQ(dialog->result(), QDialog::Accepted);
+}
+
+TEST_F(Port_Dialog_Test, SlaveNumberAndBaudStayInTheirRanges) {
+    make();
+    EXPECT_EQ(at<QSpinBox>("NUM_Slave").minimum(), 1);
+    EXPECT_EQ(at<QSpinBox>("NUM_Slave").maximum(), 247);
+    at<QComboBox>("CMB_Baud").setEditText("299");
+    press("BOT_Ok");
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(verdict(), "The baud rate is 299, it must be from 300 to 921600.");
+    at<QComboBox>("CMB_Baud").lineEdit()->clear();
+    QTest::keyClicks(at<QComboBox>("CMB_Baud").lineEdit(), "x9216001");
+    EXPECT_EQ(at<QComboBox>("CMB_Baud").currentText(), "921600");
+}
+
+TEST_F(Port_Dialog_Test, ThePortListHasDescriptionsAndTheSimulatedController) {
+    make();
+    auto& box = at<QComboBox>("CMB_Port");
+    ASSERT_EQ(box.count(), 3);
+    EXPECT_EQ(box.itemData(0, Qt::DisplayRole), "ttyUSB0 - FT232R USB UART");
+    EXPECT_EQ(box.itemData(2, Qt::DisplayRole), "Simulated controller");
+    box.setCurrentIndex(1);
+    EXPECT_EQ(box.currentText(), "ttyS0");
+    box.setCurrentIndex(0);
+    EXPECT_EQ(box.currentText(), "ttyUSB0"); // without the description
+}
+
+TEST_F(Port_Dialog_Test, ThePortListFollowsTheAdaptersAndLeavesWhatIsTyped) {
+    make();
+    at<QComboBox>("CMB_Port").setEditText("/tmp/relay");
+    finder.list.erase(finder.list.begin());
+    dialog->refreshPorts();
+    EXPECT_EQ(at<QComboBox>("CMB_Port").count(), 2);
+    EXPECT_EQ(at<QComboBox>("CMB_Port").currentText(), "/tmp/relay");
+    EXPECT_EQ(at<QLabel>("LBL_Port").text(), "Not in the list of ports now.");
+}
+
+TEST_F(Port_Dialog_Test, SaysWhichTimingsAreInForce) {
+    make();
+    EXPECT_EQ(at<QLabel>("LBL_Timings").text(),
+              "Time-out in force: 600 ms, from the template; the 750 ms here don't count.\n"
+              "Pause between requests: 20 ms, from the template.");
+    timings = {};
+    make();
+    at<QSpinBox>("NUM_TimeOut").setValue(300);
+    EXPECT_EQ(at<QLabel>("LBL_Timings").text(), "Time-out in force: 300 ms, from this dialog.\n"
+                                                "Pause between requests: none beyond what Modbus asks for.");
+}
+
+TEST_F(Port_Dialog_Test, TheTestAsksWithWhatIsEnteredAndTellsTheVerdict) {
+    make();
+    at<QCheckBox>("CHK_Echo").setChecked(false);
+    at<QSpinBox>("NUM_Slave").setValue(7);
+    Toy_Slave slave(7);
+    port.onWrite = [&](const Byte_Array& request) {
+        clock.in(20 * microsPerMs, [this, answer = slave.answer(request)] { port.deliver(answer); });
+    };
+    press("BOT_Test");
+    EXPECT_EQ(verdict(), "Testing...");
+    EXPECT_EQ(at<QPushButton>("BOT_Test").text(), "S&top");
+    EXPECT_EQ(told, "lent ");
+    clock.runFor(microsPerSecond);
+    EXPECT_EQ(verdict(), "Good: Unit 7 answered after 20 ms.");
+    EXPECT_EQ(at<QPushButton>("BOT_Test").text(), "&Test");
+    EXPECT_EQ(told, "lent back ");
+    ASSERT_EQ(port.written.size(), 1U);
+    EXPECT_EQ(port.written[0].at(3), 99); // register 40100 on the wire
+    EXPECT_EQ(port.settingsSeen.slave, 7);
+}
+
+TEST_F(Port_Dialog_Test, TheTestUsesTheTimeOutInForce) {
+    make();
+    press("BOT_Test");
+    clock.runFor(5 * microsPerSecond);
+    EXPECT_TRUE(verdict().startsWith("Silence: nothing came back within 600 ms.\n1. "))
+        << verdict().toStdString();
+}
+
+TEST_F(Port_Dialog_Test, TheTestCanBeStopped) {
+    make();
+    press("BOT_Test");
+    EXPECT_TRUE(port.isOpen());
+    press("BOT_Test");
+    EXPECT_FALSE(port.isOpen());
+    EXPECT_EQ(verdict(), "The test was stopped.");
+    EXPECT_EQ(told, "lent back ");
+    clock.runFor(5 * microsPerSecond);
+    EXPECT_EQ(verdict(), "The test was stopped.");
+}
+
+TEST_F(Port_Dialog_Test, ClosingTheDialogEndsTheTest) {
+    make();
+    press("BOT_Test");
+    QTest::keyClick(dialog.get(), Qt::Key_Escape);
+    EXPECT_FALSE(port.isOpen());
+    EXPECT_EQ(told, "lent back ");
+    press("BOT_Test");
+    dialog.reset();
+    EXPECT_FALSE(port.isOpen());
+}
+
+TEST_F(Port_Dialog_Test, EnterInAnyFieldAcceptsWhatStandsThere) {
+    for (const char* port : {"Simulated controller", "/tmp/relay", "ttyS0"}) {
+        chosen.port = port;
+        make();
+        QApplication::setActiveWindow(dialog.get());
+        QTest::keyClick(at<QComboBox>("CMB_Port").lineEdit(), Qt::Key_Return);
+        EXPECT_EQ(dialog->result(), QDialog::Accepted);
+        EXPECT_EQ(dialog->settings().port, port);
+        make();
+        QTest::keyClick(&at<QSpinBox>("NUM_Slave"), Qt::Key_Return);
+        EXPECT_EQ(dialog->result(), QDialog::Accepted);
+        EXPECT_EQ(dialog->settings().port, port);
+        make();
+        QTest::keyClick(&at<QPushButton>("BOT_Test"), Qt::Key_Return);
+        EXPECT_EQ(dialog->result(), QDialog::Accepted);
+        EXPECT_EQ(dialog->settings().port, port);
+    }
+}
+
+TEST_F(Port_Dialog_Test, WithoutAPortTheTestSaysSo) {
+    chosen.port.clear();
+    make();
+    press("BOT_Test");
+    EXPECT_EQ(verdict(), "Choose a port, or type its name or path.");
+    EXPECT_EQ(told, "");
+}
+
+TEST_F(Port_Dialog_Test, EveryControlHasItsNameAndWords) {
+    make();
+    for (const char* name :
+         {"CMB_Port", "NUM_Slave", "CMB_Baud", "CMB_Parity", "CMB_DataBits", "CMB_StopBits", "NUM_Retries",
+          "NUM_TimeOut", "CMB_Rts", "NUM_Delay", "TXT_Verdict"}) {
+        EXPECT_EQ(at<QWidget>(name).accessibleDescription(), name);
+        EXPECT_FALSE(at<QWidget>(name).accessibleName().isEmpty()) << name;
+    }
+    EXPECT_EQ(at<QSpinBox>("NUM_Slave").accessibleName(), "Slave number:");
+    EXPECT_TRUE(dialog->accessibleName().isEmpty());
+}
+
+} // namespace
+} // namespace zorvane

@@ -1,0 +1,33 @@
+#include "ui/traffic_feed.h"
+
+#include <iterator>
+#include <utility>
+
+namespace zorvane {
+
+Traffic_Feed::Traffic_Feed(Show show, std::size_t limit) : show_(std::move(show)), limit_(limit) {
+    timer_.setSingleShot(true);
+    timer_.setInterval(leastPauseMs);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { hand(); });
+}
+
+void Traffic_Feed::setHeld(bool held) {
+    held_ = held;
+    if (!held_ && !pending_.empty()) hand();
+}
+
+void Traffic_Feed::take(Traffic_Entry entry) {
+    if (pending_.size() == limit_) pending_.pop_front();
+    pending_.push_back(std::move(entry));
+    if (!held_ && !timer_.isActive()) timer_.start();
+}
+
+void Traffic_Feed::hand() {
+    if (held_ || pending_.empty()) return;
+    std::vector<Traffic_Entry> entries(std::make_move_iterator(pending_.begin()),
+                                       std::make_move_iterator(pending_.end()));
+    pending_.clear();
+    show_(std::move(entries));
+}
+
+} // namespace zorvane

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "comm/traffic_rows.h"
+
+#include <QTimer>
+
+#include <deque>
+#include <functional>
+
+namespace zorvane {
+
+/// Collects what the link reports and hands it on in one go, at most 30 times a second; no timer runs while
+/// nothing comes. Held back, it keeps the newest entries only.
+class Traffic_Feed final : public Traffic_Observer {
+  public:
+    using Show = std::function<void(std::vector<Traffic_Entry> entries)>;
+    static constexpr int leastPauseMs = 34;
+
+    explicit Traffic_Feed(Show show, std::size_t limit = Traffic_Rows::usualLimit);
+
+    void exchangeSeen(const Exchange_Record& exchange) override { take(exchange); }
+    void straySeen(const Stray_Record& stray) override { take(stray); }
+    void portNoted(Micros at, const std::string& text) override { take(Port_Note{at, text}); }
+
+    void setHeld(bool held);
+    [[nodiscard]] bool held() const { return held_; }
+    [[nodiscard]] std::size_t waiting() const { return pending_.size(); }
+    void clear() { pending_.clear(); }
+
+  private:
+    void take(Traffic_Entry entry);
+    void hand();
+
+    Show show_;
+    std::size_t limit_;
+    std::deque<Traffic_Entry> pending_;
+    QTimer timer_;
+    bool held_ = false;
+};
+
+} // namespace zorvane

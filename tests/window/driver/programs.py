@@ -1,0 +1,78 @@
+"""The other two programs: the terminal program, to compare with, and the simulated controller."""
+import json
+import os
+import signal
+import subprocess
+
+READY_S = 30
+SINGLE_WRITE, MULTIPLE_WRITE = 6, 16
+
+
+class Terminal:
+    """`zorvanectl`, which understands the same documents without a window."""
+
+    def __init__(self, programs):
+        self._programs = programs
+
+    def ask(self, call, *arguments):
+        command = [os.path.join(self._programs, "zorvanectl"), call, *map(str, arguments), "--json"]
+        done = subprocess.run(command, capture_output=True, timeout=60)
+        assert done.returncode == 0, f"{' '.join(command)}: {done.stdout} {done.stderr}"
+        return json.loads(done.stdout)
+
+    def headings(self, template, config, field):
+        return self.ask("show", template, config, field)["headings"]
+
+    def settings(self, template, config, field):
+        """The lower grid's texts for a field."""
+        return self.ask("show", template, config, field)["grid"]
+
+    def fields(self, template, *config):
+        """The upper grid's texts: a number, the field's name, and what the document says over them."""
+        document = self.ask("dump", template, *config)
+        rows = []
+        for number in range(1, document["Field_Count"] + 1):
+            field = document["Fields"][str(number)]
+            row = [""] * document["Config_Column_Count"]
+            row[0] = str(number) if document["Numeric_Rows"] else ""
+            row[1] = field["Description"]
+            for column, text in enumerate(field["Config_Values"]):
+                row[column] = text or row[column]
+            rows.append(row)
+        return rows
+
+
+class Simulator:
+    """A simulated controller on a pseudo-terminal, whose path is `port`."""
+
+    def __init__(self, desktop, programs, template, *options, name="controller"):
+        self.port = desktop.path(name)
+        self._log = desktop.path("logs", name + ".json")
+        command = [os.path.join(programs, "zorvane-sim"), "--template", template, "--pty", self.port, "--log",
+                   self._log, *options]
+        self.process = desktop.start(command, name, stdout=subprocess.PIPE)
+        line = self.process.stdout.readline().decode()
+        assert line.startswith("ready"), f"the simulator did not start: {line!r}"
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait(READY_S)
+
+    def pause(self):
+        """Leaves the line open and answers nothing."""
+        self.process.send_signal(signal.SIGSTOP)
+
+    def resume(self):
+        self.process.send_signal(signal.SIGCONT)
+
+    def writes(self):
+        """The write requests so far, whether they were answered or not."""
+        return [frame for frame in self.frames()
+                if frame["direction"] == "in" and frame.get("function") in (SINGLE_WRITE, MULTIPLE_WRITE)]
+
+    def frames(self):
+        """All frames so far, as the simulator logged them."""
+        if not os.path.exists(self._log):
+            return []
+        with open(self._log, encoding="utf-8") as log:
+            return [json.loads(line) for line in log if line.endswith("\n")]

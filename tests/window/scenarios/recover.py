@@ -1,0 +1,82 @@
+"""A program that is killed leaves the unsaved changes behind, and File > Recover... brings them back."""
+import os
+
+from driver.accessible import Table
+from driver.waiting import expect, wait_for
+
+
+def _kept(program):
+    """The copies in the folders of the user's data, those left out that are still being written."""
+    return [name for _, _, names in os.walk(program.desktop.environment["XDG_DATA_HOME"]) for name in names
+            if not name.endswith(".unfinished")]
+
+
+def _killed_with_a_change(program):
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.select_field(1)
+    program.enter(0, 2, "Breaker Q7")
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    wait_for("a recovery copy", lambda: _kept(program))
+    program.kill()
+    return path
+
+
+def a_killed_program_s_changes_come_back(program):
+    path = _killed_with_a_change(program)
+    with open(path, "rb") as file:
+        before = file.read()
+    program.start()
+    program.choose("File", "Recover...")
+    form = program.dialog("FrmRecover")
+    copies = Table(form.part.named("LST_Copies"))
+    expect("the number of copies", lambda: copies.row_count, 1)
+    assert "site7" in copies.texts()[0][1].lower(), f"the copy is {copies.texts()}"
+    assert "KVRT207D" in copies.texts()[0][2].upper(), f"the copy is {copies.texts()}"
+    form.answer("Open")
+    wait_for("the mark in the title", lambda: program.title.startswith("* "))
+    program.select_field(1)
+    program.expect_cell(0, 2, "Breaker Q7")
+    with open(path, "rb") as file:
+        assert file.read() == before, "the document's own file was written"
+    assert not program.is_enabled("File", "Save"), "Save is enabled for a copy without a place"
+    other = os.path.join(os.path.dirname(path), "kept.kvrt207d")
+    program.save_as(other)
+    program.expect_title("kept.kvrt207d - Zorvane")
+    with open(other, "rb") as file:
+        assert b"Breaker Q7" in file.read(), "the change isn't in the file"
+
+
+def a_copy_is_deleted_after_a_question(program):
+    _killed_with_a_change(program)
+    program.start()
+    program.choose("File", "Recover...")
+    form = program.dialog("FrmRecover")
+    form.press("Delete")
+    question = program.dialog("Msgb")
+    assert question.text().startswith("Do you want to delete the copy of "), question.text()
+    question.answer("Yes")
+    copies = Table(form.part.named("LST_Copies"))
+    expect("the number of copies", lambda: copies.row_count, 0)
+    form.answer("Cancel")
+    expect("kept files", lambda: _kept(program), [])
+
+
+def saving_leaves_nothing_to_recover(program):
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.select_field(1)
+    program.enter(0, 2, "Breaker Q7")
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    wait_for("a recovery copy", lambda: _kept(program))
+    program.hands.keys("ctrl+s")
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.choose("File", "Exit")
+    assert program.wait_for_end() == 0, "the program ended with a failure"
+    program.start()
+    program.choose("File", "Recover...")
+    form = program.dialog("FrmRecover")
+    expect("the number of copies", lambda: Table(form.part.named("LST_Copies")).row_count, 0)
