@@ -4,8 +4,10 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QAccessible>
 #include <QAction>
+#include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QKeySequence>
@@ -16,6 +18,7 @@
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <QTextEdit>
 
 #include <map>
 
@@ -30,14 +33,17 @@ template <class... Kinds> bool isOneOf(const QWidget& widget) {
 bool isPartOfAControl(const QWidget& widget, const QWidget& window) {
     for (const QWidget* above = widget.parentWidget(); above != nullptr && above != &window;
          above = above->parentWidget())
-        if (isOneOf<QAbstractItemView, QPlainTextEdit, QLineEdit, QMenuBar>(*above)) return true;
+        if (isOneOf<QAbstractItemView, QAbstractSpinBox, QComboBox, QLineEdit, QMenuBar, QPlainTextEdit,
+                    QTextEdit>(*above))
+            return true;
     return false;
 }
 
 bool isControl(const QWidget& widget, const QWidget& window) {
-    const bool kind = isOneOf<QAbstractButton, QAbstractItemView, QGroupBox, QLabel, QLineEdit,
-                              QPlainTextEdit, QProgressBar, QStatusBar>(widget) ||
-                      dynamic_cast<const Split_Bar*>(&widget) != nullptr;
+    const bool kind =
+        isOneOf<QAbstractButton, QAbstractItemView, QAbstractSpinBox, QComboBox, QGroupBox, QLabel, QLineEdit,
+                QPlainTextEdit, QProgressBar, QStatusBar, QTextEdit>(widget) ||
+        dynamic_cast<const Split_Bar*>(&widget) != nullptr;
     return kind && !isOneOf<QHeaderView>(widget) && !isPartOfAControl(widget, window);
 }
 
@@ -114,10 +120,13 @@ std::vector<std::string> tabOrder(QWidget& window) {
 
 std::vector<std::string> keyClashes(const QWidget& window) {
     Key_Owners owners;
-    for (const QWidget* widget : window.findChildren<QWidget*>())
-        if (const auto* button = qobject_cast<const QAbstractButton*>(widget);
-            button != nullptr && !button->isHidden())
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        if (widget->isHidden()) continue;
+        if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
             addKey(owners, button->text(), button->objectName());
+        if (const auto* label = qobject_cast<const QLabel*>(widget); label != nullptr && label->buddy())
+            addKey(owners, label->text(), label->buddy()->objectName());
+    }
     return clashesOf(owners);
 }
 
