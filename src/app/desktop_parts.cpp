@@ -104,21 +104,23 @@ void Desktop_Parts::connectViewCommands() {
 }
 
 void Desktop_Parts::MNU_FontSize_Click() {
-    if (fontDialog_ == nullptr) {
+    Font_Dialog* shown = fontDialog_.data();
+    if (shown == nullptr) {
         std::int16_t stored = 1;
         PRO_Indice_Font(parts_.app, stored);
-        fontDialog_ = new Font_Dialog(stored, &parts_.window());
-        fontDialog_->setAttribute(Qt::WA_DeleteOnClose);
-        fontDialog_->save = [this](std::int16_t index) { storeFontIndex(parts_.app, index); };
-        fontDialog_->ChangeFont = [this](double size) {
+        auto* dialog = new Font_Dialog(stored, &parts_.window());
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->save = [this](std::int16_t index) { storeFontIndex(parts_.app, index); };
+        dialog->ChangeFont = [this](double size) {
             fontDialog_.clear();
             parts_.edge.run([&] { FontSizeDialog_ChangeFont(parts_.app, size); });
         };
+        fontDialog_ = shown = dialog;
     }
-    fontDialog_->Guardar = true;
-    fontDialog_->show();
-    fontDialog_->raise();
-    fontDialog_->activateWindow();
+    shown->Guardar = true;
+    shown->show();
+    shown->raise();
+    shown->activateWindow();
 }
 
 void Desktop_Parts::connectWindowCommands() {

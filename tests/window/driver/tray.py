@@ -21,6 +21,8 @@ class Tray:
 
     def click(self, button=1, times=1):
         """On the icon."""
+        # xdotool waits long for a pointer to arrive where it is already, so it comes from somewhere else.
+        self._desktop.run("xdotool", "mousemove", "640", "900")
         self._desktop.run("xdotool", "mousemove", "--sync", "--window", wait_for("the icon", self.icon), "8", "8")
         self._desktop.run("xdotool", "click", "--repeat", str(times), "--delay", "60", str(button))
 
