@@ -2,7 +2,6 @@
 
 #include "app/document_commands.h"
 #include "app/frame_life.h"
-#include "app/menu_state.h"
 #include "app/recover_command.h"
 #include "app/recover_form.h"
 #include "comm/download.h"
@@ -10,12 +9,9 @@
 #include "comm/session.h"
 #include "comm/upload.h"
 #include "template/native_files.h"
-#include "ui/acercade.h"
 
-#include <QAction>
 #include <QFile>
 
-#include <initializer_list>
 #include <utility>
 
 namespace zorvane {
@@ -57,11 +53,6 @@ void openDropped(const Form_Parts& parts, const QString& file) {
     openAnother(parts, [&] { openFile(parts.app, path, false); });
 }
 
-void notYet(const Form_Parts& parts, std::initializer_list<const char*> entries) {
-    for (const char* entry : entries)
-        parts.window().menu().action(QString::fromLatin1(entry)).setEnabled(false);
-}
-
 } // namespace
 
 void Form_Parts::onChosen(const QString& entry, const std::function<void()>& handler) const {
@@ -90,23 +81,6 @@ void connectCommunicationCommands(const Form_Parts& parts) {
     parts.onChosen("MNU_Disconnect", [&app] { MNU_Disconnect_Click(app.grids.comm); });
     parts.onChosen("MNU_Port_Settings", [&app] { MNU_Port_Settings_Click(app.grids.comm); });
     parts.onChosen("separador4", [&app] { separador4_Click(app.grids.comm); });
-}
-
-void connectViewCommands(const Form_Parts& parts) { notYet(parts, {"MNU_FontSize"}); }
-
-void connectWindowCommands(const Form_Parts& parts) {
-    notYet(parts, {"MNU_Minimizetotray"});
-    parts.onChosen("MNU_Minimize", [parts] { parts.window().showMinimized(); });
-    parts.onChosen("MNU_Maximize", [parts] { parts.window().showMaximized(); });
-}
-
-void connectHelpCommands(const Form_Parts& parts) {
-    notYet(parts, {"MNU_HelpIndex", "MNU_OnLine", "MNU_ContactUs"});
-    parts.onChosen("MNU_About", [parts] {
-        auto* about = new Acercade(parts.frame.ask, &parts.window());
-        about->setAttribute(Qt::WA_DeleteOnClose);
-        about->show();
-    });
 }
 
 } // namespace zorvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/app_context.h"
+#include "app/desktop_parts.h"
 #include "app/form_commands.h"
 #include "app/line_parts.h"
 #include "app/native_recovery_folder.h"
@@ -49,6 +50,7 @@ class KVRT_Principal {
     [[nodiscard]] Line_Parts& line() { return line_; }
     [[nodiscard]] Event_Edge& edge() { return edge_; }
     [[nodiscard]] Report_Parts& reports() { return reports_; }
+    [[nodiscard]] Desktop_Parts& desktop() { return desktop_; }
     /// An edit in progress brings the recovery copy up to date this often.
     [[nodiscard]] QTimer& TMR_Copia() { return copyTimer_; }
 
@@ -58,7 +60,7 @@ class KVRT_Principal {
       public:
         explicit Form_Windows(Window_Frame& frame) : frame_(frame) {}
         void showFrmDebug() override;
-        void updateColumnTip() override {}
+        void updateColumnTip() override;
         [[nodiscard]] Mouse_Place mousePlace() const override;
 
       private:
@@ -88,6 +90,7 @@ class KVRT_Principal {
     App_Context app_;
     Form_Parts parts_;
     Report_Parts reports_;
+    Desktop_Parts desktop_;
     QTimer copyTimer_;
     QElapsedTimer clock_;
 };

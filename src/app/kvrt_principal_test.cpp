@@ -92,13 +92,6 @@ TEST_F(Window_Start, TheDefaultTemplateCanBeChangedButNotSaved) {
     EXPECT_FALSE(enabled("MNU_Save"));
 }
 
-TEST_F(Window_Start, WhatIsNotThereYetIsDisabled) {
-    start();
-    EXPECT_THAT(
-        enabledOf({"MNU_FontSize", "MNU_Minimizetotray", "MNU_HelpIndex", "MNU_OnLine", "MNU_ContactUs"}),
-        IsEmpty());
-}
-
 class Bad_Start : public Program_Fixture {};
 
 TEST_F(Bad_Start, AMissingDefaultTemplateGivesAMessageAndAnEmptyScreen) {

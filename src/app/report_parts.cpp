@@ -1,8 +1,10 @@
 #include "app/report_parts.h"
 
+#include "app/font_size.h"
 #include "app/menu_state.h"
 #include "reports/byte_file.h"
 #include "template/native_files.h"
+#include "ui/font_dialog.h"
 #include "ui/icons.h"
 #include "ui/mensaje.h"
 #include "ui/page_setup_dialog.h"
@@ -178,13 +180,21 @@ void Report_Parts::releasePreview(const MainRepKVRT& report) {
     shown->deleteLater(); // it may be in the midst of its closing
 }
 
+QDialog* Report_Parts::makeFontDialog(MainRepKVRT& report) {
+    std::int16_t stored = 1;
+    PRO_Indice_Font(app_, stored);
+    auto* dialog = new Font_Dialog(stored, window(&report));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->Guardar = false;
+    dialog->ChangeFont = [this, &report](double size) {
+        run([&] { report.FontSizeDialog_ChangeFont(size); });
+    };
+    return dialog;
+}
+
 void Report_Parts::showFontDialog(MainRepKVRT& report) {
     Open_Preview& preview = previews_[&report];
-    if (!makeFontDialog) return;
-    if (!preview.fontDialog)
-        preview.fontDialog = makeFontDialog(preview.window, [this, &report](double size) {
-            run([&] { report.FontSizeDialog_ChangeFont(size); });
-        });
+    if (!preview.fontDialog) preview.fontDialog = makeFontDialog(report);
     preview.fontDialog->show();
     preview.fontDialog->raise();
     preview.fontDialog->activateWindow();

@@ -33,11 +33,6 @@ struct Report_Prompts {
     std::function<bool(const QString& text)> yesNo;
 };
 
-/// The font dialog of a preview, with `Guardar` False and not yet shown. It deletes itself when it is left,
-/// and gives its size before.
-using Make_Font_Dialog =
-    std::function<QDialog*(QWidget* parent, const std::function<void(double size)>& give)>;
-
 /// The windows of the reports: previews, page set-up, printing, the busy form; and the commands that use
 /// them.
 class Report_Parts final : private Print_Frame {
@@ -47,8 +42,6 @@ class Report_Parts final : private Print_Frame {
     ~Report_Parts() override;
 
     Report_Prompts prompts;
-    /// Without it the tool "Font Size..." does nothing.
-    Make_Font_Dialog makeFontDialog;
 
     /// Gives the report entries of the menu, and what the frame is asked about previews, to the commands.
     void connect(const Form_Parts& parts);
@@ -83,6 +76,8 @@ class Report_Parts final : private Print_Frame {
 
     /// Something happened to a window of ours: nothing begins while a report runs.
     void run(const std::function<void()>& handler);
+    /// The dialog of a preview, with `Guardar` False: it keeps nothing.
+    [[nodiscard]] QDialog* makeFontDialog(MainRepKVRT& report);
     void makeWindow(MainRepKVRT& report, int zoom);
     void printPreview(MainRepKVRT& report);
     void printPages(ActiveReport& report, const QString& title, int shown, bool prompt);

@@ -8,6 +8,7 @@
 #include <QDoubleSpinBox>
 #include <QFileDialog>
 #include <QLabel>
+#include <QListWidget>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
@@ -226,21 +227,16 @@ TEST_F(Window_Reports, ThePreviewsOwnFontDialogChangesOnlyThatPreview) {
     startReports();
     choose("MNU_PrintAll");
     choose("MNU_PrintPage");
-    std::function<void(double)> give;
-    QPointer<QDialog> made;
-    reports().makeFontDialog = [&](QWidget* parent, const std::function<void(double)>& handler) {
-        give = handler;
-        made = new QDialog(parent);
-        return made.data();
-    };
     click(*allWindow(), 4);
-    ASSERT_TRUE(made);
-    EXPECT_TRUE(made->isVisible());
-    EXPECT_FALSE(made->isModal());
-    const QDialog* first = made;
+    const QPointer<QDialog> dialog = allWindow()->findChild<QDialog*>("FontDialog");
+    ASSERT_TRUE(dialog);
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_FALSE(dialog->isModal());
     click(*allWindow(), 4);
-    EXPECT_EQ(made.data(), first);
-    give(12);
+    EXPECT_EQ(allWindow()->findChildren<QDialog*>("FontDialog").size(), 1);
+    dialog->findChild<QListWidget*>("List1")->setCurrentRow(6);
+    dialog->findChild<QPushButton*>("OKButton")->click();
+    EXPECT_FALSE(dialog && dialog->isVisible());
     EXPECT_EQ(commands().PrintAll()->FontSize, 12);
     EXPECT_EQ(commands().PrintGrid()->FontSize, 8.25);
     EXPECT_EQ(stored("Settings", "FontSize"), "");
