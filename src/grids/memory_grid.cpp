@@ -90,11 +90,15 @@ void Memory_Grid::setTextMatrix(std::int32_t row, std::int32_t col, const std::s
 }
 
 void Memory_Grid::setCellBackColor(std::int32_t colour) {
-    setCurrentColours(Colours{colour, currentColours().fore});
+    if (!hasCurrent()) return;
+    std::uint16_t& entry = currentEntry();
+    if (palette_[entry].back != colour) entry = paletteEntry(Colours{colour, palette_[entry].fore});
 }
 
 void Memory_Grid::setCellForeColor(std::int32_t colour) {
-    setCurrentColours(Colours{currentColours().back, colour});
+    if (!hasCurrent()) return;
+    std::uint16_t& entry = currentEntry();
+    if (palette_[entry].fore != colour) entry = paletteEntry(Colours{palette_[entry].back, colour});
 }
 
 Memory_Grid::Colours Memory_Grid::coloursOf(std::int32_t row, std::int32_t col) const {
@@ -107,14 +111,13 @@ Memory_Grid::Colours Memory_Grid::currentColours() const {
     return hasCurrent() ? coloursOf(row_, col_) : Colours{};
 }
 
-void Memory_Grid::setCurrentColours(Colours colours) {
-    if (!hasCurrent()) return;
+std::uint16_t& Memory_Grid::currentEntry() {
     std::vector<std::uint16_t>& row = line(row_).colours;
     if (place(col_) >= row.size()) {
         row.reserve(columns_.size());
         row.resize(place(col_) + 1);
     }
-    row[place(col_)] = paletteEntry(colours);
+    return row[place(col_)];
 }
 
 std::uint16_t Memory_Grid::paletteEntry(Colours colours) {

@@ -106,7 +106,8 @@ class Memory_Grid final : public VSFlexGrid {
 
     [[nodiscard]] bool hasCurrent() const noexcept { return row_ >= 0 && col_ >= 0; }
     [[nodiscard]] Colours currentColours() const;
-    void setCurrentColours(Colours colours);
+    /// The current cell's place in the palette. REQUIRES: a cell is current.
+    [[nodiscard]] std::uint16_t& currentEntry();
     [[nodiscard]] std::uint16_t paletteEntry(Colours colours);
     [[nodiscard]] Column& column(std::int32_t col);
     [[nodiscard]] const Column& column(std::int32_t col) const;
