@@ -65,11 +65,13 @@ QWidget* Monitor_Window::makeButtons() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    pause_ = &addButton(*row, "BOT_Pause", QStringLiteral("&Pause"), [this] {
-        feed_.setHeld(pause_->isChecked());
+    pause_ = &addButton(*row, "BOT_Pause", QStringLiteral("&Pause"), nullptr);
+    pause_->setCheckable(true);
+    // Not clicked: a screen reader toggles without a click.
+    connect(pause_, &QPushButton::toggled, this, [this](bool held) {
+        feed_.setHeld(held);
         showCount();
     });
-    pause_->setCheckable(true);
     addButton(*row, "BOT_Clear", QStringLiteral("C&lear"), [this] { clear(); });
     addButton(*row, "BOT_Copy", QStringLiteral("&Copy"), [this] { copy(); });
     addButton(*row, "BOT_Save", QStringLiteral("&Save..."), [this] { saveAs(); });
@@ -84,7 +86,7 @@ QPushButton& Monitor_Window::addButton(QWidget& row, const char* name, const QSt
                                        std::function<void()> chosen) {
     auto* button = new QPushButton(text);
     giveName(*button, QString::fromLatin1(name));
-    connect(button, &QPushButton::clicked, this, std::move(chosen));
+    if (chosen) connect(button, &QPushButton::clicked, this, std::move(chosen));
     row.layout()->addWidget(button);
     return *button;
 }

@@ -1,0 +1,172 @@
+"""A transfer or a live write that is cut short: the window closed, another document opened, the adapter unplugged."""
+import os
+
+from driver.waiting import expect, wait_for
+
+REGULATION, VALUE = 3, 1
+SAVE_QUESTION = "Do you want to save this file?"
+NO_ANSWER = "Error. The controller does not respond."
+NO_RESPONSE = "The controller does not respond..."
+FOR_EVER = 3600000
+
+
+def _opened(program, *faults, pace="115200", **port):
+    options = ["--config", os.path.join(program.folder, "EXAMPLE.KVRT207D"), "--pace", pace]
+    for fault in faults:
+        options += ["--fault", fault]
+    controller = program.simulator("KVRT207D", *options)
+    program.use_port(controller, **port)
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    return controller
+
+
+def _begin(program, transfer, panel):
+    program.choose("Communication", transfer)
+    program.dialog("Porcentaje")
+    program.expect_panel(2, panel)
+
+
+def _close_main_window(program):
+    """As the box of its title bar does, whichever window has the keyboard."""
+    number = program.desktop.run("xdotool", "search", "--name", "site7.kvrt207d - Zorvane").decode().split()[0]
+    program.desktop.run("xdotool", "windowquit", number)
+
+
+def _expect_usable(program):
+    """Offline, with both transfers on offer, and the document still there."""
+    expect("the progress form is shown", lambda: program.has_dialog("Porcentaje"), False)
+    for transfer in ("Upload to PC", "Download to Device"):
+        expect(f"{transfer} is enabled", lambda: program.is_enabled("Communication", transfer), True)
+    expect("Disconnect is enabled", lambda: program.is_enabled("Communication", "Disconnect"), False)
+    assert program.process.poll() is None, "the program has ended"
+    program.select_field(REGULATION)
+
+
+def closing_in_an_upload_ends_the_program(program):
+    _opened(program, pace="2400")
+    _begin(program, "Upload to PC", "Upload")
+    _close_main_window(program)
+    assert program.wait_for_end() == 0, "the program ended with a failure"
+
+
+def closing_in_a_download_ends_the_program(program):
+    controller = _opened(program, pace="2400")
+    _begin(program, "Download to Device", "Download")
+    wait_for("the first writes", lambda: len(controller.writes()) > 2)
+    _close_main_window(program)
+    assert program.wait_for_end() == 0, "the program ended with a failure"
+
+
+def unplugged_in_an_upload(program):
+    """The line goes at the fourth block and stays away."""
+    _opened(program, f"unplug={FOR_EVER}@250")
+    program.choose("Communication", "Upload to PC")
+    progress = program.dialog("Porcentaje")
+    expect("the progress form's words", lambda: progress.part.named("Label1").name, NO_ANSWER)
+    progress.answer("Ok")
+    program.expect_panel(2, "Offline")
+    program.expect_panel(4, NO_ANSWER)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    _expect_usable(program)
+
+
+def unplugged_in_a_download(program):
+    """The line goes at a write. The walk goes on to the next field, where the lost link ends it."""
+    _opened(program, f"unplug={FOR_EVER}@220")
+    program.choose("Communication", "Download to Device")
+    progress = program.dialog("Porcentaje")
+    expect("the progress form's words", lambda: progress.part.named("Label1").name, NO_ANSWER, deadline=90)
+    progress.answer("Ok")
+    program.expect_panel(2, "Offline")
+    program.expect_panel(4, NO_ANSWER)
+    _expect_usable(program)
+
+
+def _leave_out_of_the_scan(program):
+    """The window never reads the registers 250 and 251, so that only writes meet a fault there."""
+    template = program.template("KVRT207D")
+    with open(template, "rb") as file:
+        text = file.read()
+    assert text.count(b"=250-261") == 1
+    with open(template, "wb") as file:
+        file.write(text.replace(b"=250-261", b"=252-261"))
+
+
+def _writing(program, *faults, **port):
+    """In the middle of a live write that meets the faults."""
+    _leave_out_of_the_scan(program)
+    controller = _opened(program, *faults, **port)
+    program.enlarge()
+    program.go_online()
+    program.select_field(REGULATION)
+    program.enter(0, VALUE, "1200")
+    wait_for("the write on the line", controller.writes)
+    return controller
+
+
+def unplugged_in_a_live_write(program):
+    """The write fails, the cell says so, and polling goes on when the adapter is back."""
+    _writing(program, "unplug=1500:1@250")
+    program.expect_panel(4, "Write: 1200 @250 ...Failed")
+    program.expect_state(0, VALUE, "Write failed")
+    wait_for("polling again", lambda: program.panel(2) == "Online" and not program.has_dialog("LostCom"))
+    program.enter(0, VALUE, "1300")
+    program.expect_panel(4, "Write: 1300 @250 ...Completed")
+    program.expect_state(0, VALUE, "Modifiable")
+
+
+def unplugged_for_good_in_a_live_write(program):
+    _writing(program, f"unplug={FOR_EVER}:1@250")
+    program.expect_panel(2, "Retrying")
+    program.dialog("LostCom").answer("OK")
+    program.choose("Communication", "Disconnect")
+    program.expect_panel(2, "Offline")
+    _expect_usable(program)
+
+
+def closing_in_a_live_write_ends_the_program(program):
+    _writing(program, "silent@250", Retries="20")
+    program.expect_panel(4, "Write: 1200 @250 ...Pending")
+    _answer_no_if_asked(program, lambda: program.choose("File", "Exit"))
+    assert program.wait_for_end() == 0, "the program ended with a failure"
+
+
+def _answer_no_if_asked(program, act):
+    act()
+    program.message(SAVE_QUESTION).answer("No")
+
+
+def opening_another_document_in_a_live_write(program):
+    """The polling ends with the old document, and nothing of it shows in the new one."""
+    _writing(program, "silent@250", Retries="20")
+    program.expect_panel(4, "Write: 1200 @250 ...Pending")
+    other = program.document("KVRT100", "other.kvrt100")
+    _answer_no_if_asked(program, lambda: program.choose("File", "Open..."))
+    program.dialog("CommonDialog").choose_file(other, "Open")
+    program.expect_title("other.kvrt100 - Zorvane")
+    expect("Upload is enabled", lambda: program.is_enabled("Communication", "Upload to PC"), True)
+    expect("Disconnect is enabled", lambda: program.is_enabled("Communication", "Disconnect"), False)
+    program.select_field(1)
+    expect("the settings of the new document", lambda: program.settings.texts(),
+           program.terminal.settings(program.template("KVRT100"), other, 1))
+
+
+def opening_another_document_while_online(program):
+    controller = _opened(program)
+    program.go_online()
+    other = program.document("KVRT100", "other.kvrt100")
+    _answer_no_if_asked(program, lambda: program.choose("File", "Open..."))
+    program.dialog("CommonDialog").choose_file(other, "Open")
+    program.expect_title("other.kvrt100 - Zorvane")
+    expect("Disconnect is enabled", lambda: program.is_enabled("Communication", "Disconnect"), False)
+    expect("Upload is enabled", lambda: program.is_enabled("Communication", "Upload to PC"), True)
+    for number in (5, 6):
+        program.expect_panel(number, "")
+    asked = len(controller.frames())
+    program.select_field(1)
+    expect("the settings of the new document", lambda: program.settings.texts(),
+           program.terminal.settings(program.template("KVRT100"), other, 1))
+    assert len(controller.frames()) == asked, "the old controller is still polled"
