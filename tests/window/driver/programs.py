@@ -68,7 +68,7 @@ class Simulator:
     def writes(self):
         """The write requests so far, whether they were answered or not."""
         return [frame for frame in self.frames()
-                if frame["direction"] == "in" and frame.get("function") in (SINGLE_WRITE, MULTIPLE_WRITE)]
+                if frame.get("direction") == "in" and frame.get("function") in (SINGLE_WRITE, MULTIPLE_WRITE)]
 
     def frames(self):
         """All frames so far, as the simulator logged them."""

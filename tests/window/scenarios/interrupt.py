@@ -10,8 +10,8 @@ NO_RESPONSE = "The controller does not respond..."
 FOR_EVER = 3600000
 
 
-def _opened(program, *faults, pace="115200", **port):
-    options = ["--config", os.path.join(program.folder, "EXAMPLE.KVRT207D"), "--pace", pace]
+def _opened(program, *faults, turnaround="0", **port):
+    options = ["--config", os.path.join(program.folder, "EXAMPLE.KVRT207D"), "--turnaround", turnaround]
     for fault in faults:
         options += ["--fault", fault]
     controller = program.simulator("KVRT207D", *options)
@@ -29,10 +29,11 @@ def _begin(program, transfer, panel):
     program.expect_panel(2, panel)
 
 
-def _close_main_window(program):
-    """As the box of its title bar does, whichever window has the keyboard."""
-    number = program.desktop.run("xdotool", "search", "--name", "site7.kvrt207d - Zorvane").decode().split()[0]
-    program.desktop.run("xdotool", "windowquit", number)
+def _press_close_box(program):
+    """The box of the main window's title bar. The form is disabled during a transfer, and takes no input."""
+    left, top, width, _ = program.window.rectangle
+    program.hands.click_at(left + width - 9, top - 12)
+    wait_for("the main window to be active", lambda: "active" in program.window.states)
 
 
 def _expect_usable(program):
@@ -45,19 +46,39 @@ def _expect_usable(program):
     program.select_field(REGULATION)
 
 
-def closing_in_an_upload_ends_the_program(program):
-    _opened(program, pace="2400")
+def closing_in_an_upload_leaves_it_alone(program):
+    """Only the progress form takes input then. Cancelled, the window closes as usual."""
+    controller = _opened(program, turnaround="300")
     _begin(program, "Upload to PC", "Upload")
-    _close_main_window(program)
-    assert program.wait_for_end() == 0, "the program ended with a failure"
+    _press_close_box(program)
+    program.expect_panel(2, "Online")
+    asked = [frame["address"] for frame in controller.frames() if frame["direction"] == "in"]
+    assert asked[:7] == [100, 200, 220, 250, 270, 300, 320], asked[:7]
 
 
-def closing_in_a_download_ends_the_program(program):
-    controller = _opened(program, pace="2400")
+def closing_in_a_download_leaves_it_alone(program):
+    controller = _opened(program, turnaround="50")
     _begin(program, "Download to Device", "Download")
     wait_for("the first writes", lambda: len(controller.writes()) > 2)
-    _close_main_window(program)
-    assert program.wait_for_end() == 0, "the program ended with a failure"
+    _press_close_box(program)
+    program.expect_panel(4, "Ready")
+    assert len(controller.writes()) > 50, f"{len(controller.writes())} writes"
+    _expect_usable(program)
+
+
+def ended_by_the_system_in_an_upload(program):
+    """As at the end of a session: the program goes, and its document is as it was."""
+    _opened(program, turnaround="300")
+    path = os.path.join(program.desktop.folder, "documents", "site7.kvrt207d")
+    with open(path, "rb") as file:
+        before = file.read()
+    _begin(program, "Upload to PC", "Upload")
+    program.stop()
+    with open(path, "rb") as file:
+        assert file.read() == before, "the document was written"
+    program.start()
+    program.open(path)
+    wait_for("the document", lambda: "site7.kvrt207d" in program.title)
 
 
 def unplugged_in_an_upload(program):
@@ -107,15 +128,23 @@ def _writing(program, *faults, **port):
     return controller
 
 
+def _read_after_the_unplug(controller):
+    frames = controller.frames()
+    unplugged = [place for place, frame in enumerate(frames) if "event" in frame]
+    return unplugged and any(frame.get("direction") == "out" for frame in frames[unplugged[-1]:])
+
+
 def unplugged_in_a_live_write(program):
-    """The write fails, the cell says so, and polling goes on when the adapter is back."""
-    _writing(program, "unplug=1500:1@250")
+    """The write fails, the cell says so, and polling goes on when the adapter is back. The next value is written."""
+    controller = _writing(program, "unplug=1500:1@250")
     program.expect_panel(4, "Write: 1200 @250 ...Failed")
     program.expect_state(0, VALUE, "Write failed")
-    wait_for("polling again", lambda: program.panel(2) == "Online" and not program.has_dialog("LostCom"))
+    wait_for("polling again", lambda: _read_after_the_unplug(controller))
+    wait_for("the panels and forms of a link that is there",
+             lambda: program.panel(2) == "Online" and not program.has_dialog("LostCom"))
     program.enter(0, VALUE, "1300")
-    program.expect_panel(4, "Write: 1300 @250 ...Completed")
-    program.expect_state(0, VALUE, "Modifiable")
+    expect("the writes that the controller took",
+           lambda: [write["values"] for write in controller.writes() if write["taken"]], [[1300]])
 
 
 def unplugged_for_good_in_a_live_write(program):
@@ -130,43 +159,44 @@ def unplugged_for_good_in_a_live_write(program):
 def closing_in_a_live_write_ends_the_program(program):
     _writing(program, "silent@250", Retries="20")
     program.expect_panel(4, "Write: 1200 @250 ...Pending")
-    _answer_no_if_asked(program, lambda: program.choose("File", "Exit"))
+    program.choose("File", "Exit")
+    program.message(SAVE_QUESTION).answer("No")
     assert program.wait_for_end() == 0, "the program ended with a failure"
 
 
-def _answer_no_if_asked(program, act):
-    act()
-    program.message(SAVE_QUESTION).answer("No")
-
-
-def opening_another_document_in_a_live_write(program):
-    """The polling ends with the old document, and nothing of it shows in the new one."""
-    _writing(program, "silent@250", Retries="20")
-    program.expect_panel(4, "Write: 1200 @250 ...Pending")
+def _open_another(program):
     other = program.document("KVRT100", "other.kvrt100")
-    _answer_no_if_asked(program, lambda: program.choose("File", "Open..."))
-    program.dialog("CommonDialog").choose_file(other, "Open")
+    program.open(other)
+    program.message(SAVE_QUESTION).answer("No")
     program.expect_title("other.kvrt100 - Zorvane")
-    expect("Upload is enabled", lambda: program.is_enabled("Communication", "Upload to PC"), True)
-    expect("Disconnect is enabled", lambda: program.is_enabled("Communication", "Disconnect"), False)
+    return other
+
+
+def _expect_settings_of(program, other):
     program.select_field(1)
     expect("the settings of the new document", lambda: program.settings.texts(),
            program.terminal.settings(program.template("KVRT100"), other, 1))
+
+
+def opening_another_document_in_a_live_write(program):
+    """The polling ends with the old document, and the window goes on with the new one."""
+    _writing(program, "silent@250", Retries="20")
+    program.expect_panel(4, "Write: 1200 @250 ...Pending")
+    _open_another(program)
+    expect("Upload is enabled", lambda: program.is_enabled("Communication", "Upload to PC"), True)
+    expect("Disconnect is enabled", lambda: program.is_enabled("Communication", "Disconnect"), False)
+    program.select_field(1)
+    program.select_field(2)
 
 
 def opening_another_document_while_online(program):
     controller = _opened(program)
     program.go_online()
-    other = program.document("KVRT100", "other.kvrt100")
-    _answer_no_if_asked(program, lambda: program.choose("File", "Open..."))
-    program.dialog("CommonDialog").choose_file(other, "Open")
-    program.expect_title("other.kvrt100 - Zorvane")
+    other = _open_another(program)
     expect("Disconnect is enabled", lambda: program.is_enabled("Communication", "Disconnect"), False)
     expect("Upload is enabled", lambda: program.is_enabled("Communication", "Upload to PC"), True)
     for number in (5, 6):
         program.expect_panel(number, "")
     asked = len(controller.frames())
-    program.select_field(1)
-    expect("the settings of the new document", lambda: program.settings.texts(),
-           program.terminal.settings(program.template("KVRT100"), other, 1))
+    _expect_settings_of(program, other)
     assert len(controller.frames()) == asked, "the old controller is still polled"
