@@ -1,5 +1,5 @@
-// One refresh of the lower grid while online: a field of 1,000 rows, every polled value another one than before,
-// from the register image to the painted screen.
+// One refresh of the lower grid while online: a field of 1,000 rows, every polled value another one than
+// before, from the register image to the painted screen.
 
 #include "app/window_grids.h"
 #include "comm/dry_run_link.h"
