@@ -14,4 +14,8 @@ namespace zorvane {
 [[nodiscard]] std::string cellDescription(const Grid_Context& grids, std::int32_t row, std::int32_t col,
                                           const Memory_Grid::Colours& colours);
 
+/// What a cell's tool tip says: the description of a cell that something went wrong with, else nothing.
+[[nodiscard]] std::string cellToolTip(const Grid_Context& grids, std::int32_t row, std::int32_t col,
+                                      const Memory_Grid::Colours& colours);
+
 } // namespace zorvane

@@ -49,6 +49,19 @@ TEST_F(Cell_Description, TellsThatTheControllerIsSilent) {
     EXPECT_EQ(described(1, 1), "Link lost");
 }
 
+TEST_F(Cell_Description, OnlyACellInTroubleHasAToolTip) {
+    const auto tip = [&] { return cellToolTip(app.grids, 1, 1, lower.coloursOf(1, 1)); };
+    EXPECT_EQ(tip(), "");
+    colour(document.Colors.Color_Back_Writing, document.Colors.Color_Txt_Writing);
+    EXPECT_EQ(tip(), "");
+    colour(document.Colors.Color_Back_Error, document.Colors.Color_Txt_Error);
+    EXPECT_EQ(tip(), "Write failed");
+    lower.setCellBackColor(0);
+    lower.setTextMatrix(1, 1, "???");
+    form.Online = true;
+    EXPECT_EQ(tip(), "Link lost");
+}
+
 TEST_F(Cell_Description, IsEmptyForACellThatTheDocumentDoesntHave) {
     EXPECT_EQ(cellDescription(app.grids, 9, 1, {}), "");
     EXPECT_EQ(cellDescription(app.grids, 1, 9, {}), "");

@@ -48,14 +48,6 @@ void showFrames(const App_Context& app, bool visible) {
 
 } // namespace
 
-double Font_Size_Map(double listed) noexcept {
-    for (const Font_Size_Entry& entry : fontSizes)
-        if (entry.listed == listed) return entry.applied;
-    return listed;
-}
-
-std::string listedFontSize(std::size_t index) { return " " + numberText(fontSizes.at(index).listed); }
-
 void PRO_Indice_Font(const App_Context& app, std::int16_t& index) {
     index = 1;
     ignoringFailure([&] {

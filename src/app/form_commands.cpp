@@ -10,7 +10,6 @@
 #include "comm/session.h"
 #include "comm/upload.h"
 #include "template/native_files.h"
-#include "ui/acercade.h"
 
 #include <QAction>
 #include <QFile>
@@ -95,23 +94,6 @@ void connectCommunicationCommands(const Form_Parts& parts) {
     parts.onChosen("MNU_Disconnect", [&app] { MNU_Disconnect_Click(app.grids.comm); });
     parts.onChosen("MNU_Port_Settings", [&app] { MNU_Port_Settings_Click(app.grids.comm); });
     parts.onChosen("separador4", [&app] { separador4_Click(app.grids.comm); });
-}
-
-void connectViewCommands(const Form_Parts& parts) { notYet(parts, {"MNU_FontSize"}); }
-
-void connectWindowCommands(const Form_Parts& parts) {
-    notYet(parts, {"MNU_Minimizetotray"});
-    parts.onChosen("MNU_Minimize", [parts] { parts.window().showMinimized(); });
-    parts.onChosen("MNU_Maximize", [parts] { parts.window().showMaximized(); });
-}
-
-void connectHelpCommands(const Form_Parts& parts) {
-    notYet(parts, {"MNU_HelpIndex", "MNU_OnLine", "MNU_ContactUs"});
-    parts.onChosen("MNU_About", [parts] {
-        auto* about = new Acercade(parts.frame.ask, &parts.window());
-        about->setAttribute(Qt::WA_DeleteOnClose);
-        about->show();
-    });
 }
 
 } // namespace zorvane

@@ -20,13 +20,10 @@ struct Form_Parts {
 };
 
 // One function for each part of the menu: it gives every entry its command. An entry whose feature isn't
-// there yet is disabled.
+// there yet is disabled. The rest of the menu is in `desktop_parts.h`.
 
 void connectDocumentCommands(const Form_Parts& parts);      ///< "File" without its reports; a file dropped
 void connectReportCommands(const Form_Parts& parts);        ///< page set-up, printing, the grid in the report
 void connectCommunicationCommands(const Form_Parts& parts); ///< "Communication"
-void connectViewCommands(const Form_Parts& parts);          ///< "View"
-void connectWindowCommands(const Form_Parts& parts);        ///< "Windows" and the tray
-void connectHelpCommands(const Form_Parts& parts);          ///< "Help"
 
 } // namespace zorvane

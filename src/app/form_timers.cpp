@@ -12,12 +12,12 @@ struct Timer_Design {
     int milliseconds;
 };
 
-/// The last one gets its interval from the template.
+/// TMR_Forza_analogas gets its interval from the template.
 constexpr std::array designs = {
     Timer_Design{Timer_Name::TMR_Abre_ZTP, 100},         Timer_Design{Timer_Name::TMR_Inicial_ZTP, 200},
     Timer_Design{Timer_Name::TMR_Verifica_monitor, 500}, Timer_Design{Timer_Name::TMR_Actualiza_valores, 10},
     Timer_Design{Timer_Name::TMR_Actualiza_online, 400}, Timer_Design{Timer_Name::TMR_TxRx, 90},
-    Timer_Design{Timer_Name::TMR_Forza_analogas, 0},
+    Timer_Design{Timer_Name::TMR_Forza_analogas, 0},     Timer_Design{Timer_Name::TIM_Tamaño_normal, 100},
 };
 
 } // namespace

@@ -28,7 +28,7 @@ class Form_Timers final {
     [[nodiscard]] std::int32_t interval(Timer_Name timer) const { return at(timer).interval(); }
 
   private:
-    static constexpr std::size_t count = 7;
+    static constexpr std::size_t count = 8;
 
     [[nodiscard]] QTimer& at(Timer_Name timer) { return timers_.at(static_cast<std::size_t>(timer)); }
     [[nodiscard]] const QTimer& at(Timer_Name timer) const {

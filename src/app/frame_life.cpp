@@ -13,6 +13,9 @@ namespace zorvane {
 
 namespace {
 
+constexpr double normalWidth = 6855; // twips
+constexpr double normalHeight = 7410;
+
 /// What came of the question about unsaved changes on the way out.
 enum class Exit_Answer { Leave, Stay };
 
@@ -75,6 +78,14 @@ void TMR_Abre_ZTP_Timer(const App_Context& app) {
 void TMR_Inicial_ZTP_Timer(const App_Context& app) {
     app.frame.setTimerEnabled(Timer_Name::TMR_Inicial_ZTP, false);
     app.frame.showForm();
+}
+
+void TIM_Tamaño_normal_Timer(const App_Context& app) {
+    app.frame.setTimerEnabled(Timer_Name::TIM_Tamaño_normal, false);
+    Window_Rectangle place = app.frame.formRectangle();
+    place.width = normalWidth;
+    place.height = normalHeight;
+    app.frame.moveForm(place);
 }
 
 void Form_QueryUnload(const App_Context& app, std::int16_t& Cancel, std::int16_t /*UnloadMode*/) {

@@ -14,6 +14,9 @@ void TMR_Abre_ZTP_Timer(const App_Context& app);
 /// 200 ms after the start, once: shows the main form.
 void TMR_Inicial_ZTP_Timer(const App_Context& app);
 
+/// 100 ms after it was enabled, once: gives the main form its normal size. Nothing enables it by itself.
+void TIM_Tamaño_normal_Timer(const App_Context& app);
+
 /// The window is about to close: asks about unsaved changes, stores the windows' places, and ends the program
 /// unless the user cancelled or the save failed. `Cancel` is then 1.
 void Form_QueryUnload(const App_Context& app, std::int16_t& Cancel, std::int16_t UnloadMode);

@@ -41,6 +41,11 @@ const Lines unloading =
 
 struct StartUp : testing::Test, App_Bench {};
 
+TEST_F(StartUp, TheNormalSizeIsGivenOnce) {
+    TIM_Tamaño_normal_Timer(app);
+    EXPECT_EQ(journal.lines(), (Lines{"TIM_Tamaño_normal off", "form at 1000 2000, 6855 by 7410"}));
+}
+
 TEST_F(StartUp, FormLoadPreparesTheFormAndReadsNoFile) {
     form.Dirty = form.Document_Open = true;
     state.Filter_Text = "left over";

@@ -59,6 +59,9 @@ void connectGrids(Main_Window& window, const Grid_Context& grids, Event_Edge& ed
     settings.view().cells().describe = [&grids, &settings](std::int32_t row, std::int32_t col) {
         return cellDescription(grids, row, col, settings.coloursOf(row, col));
     };
+    settings.view().cells().explain = [&grids, &settings](std::int32_t row, std::int32_t col) {
+        return cellToolTip(grids, row, col, settings.coloursOf(row, col));
+    };
 }
 
 } // namespace zorvane

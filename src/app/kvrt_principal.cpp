@@ -63,15 +63,12 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
            recovery_,
            state_,
            places.applicationFolder},
-      parts_{app_, frame_, edge_} {
+      parts_{app_, frame_, edge_}, desktop_(parts_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
     connectDocumentCommands(parts_);
     connectReportCommands(parts_);
     connectCommunicationCommands(parts_);
-    connectViewCommands(parts_);
-    connectWindowCommands(parts_);
-    connectHelpCommands(parts_);
     connectGrids(window_, app_.grids, edge_);
     connectTimers();
     connectLink();
@@ -122,6 +119,7 @@ void KVRT_Principal::connectTimers() {
     onTick(Timer_Name::TMR_Actualiza_online, [&comm] { TMR_Actualiza_online_Timer(comm); });
     onTick(Timer_Name::TMR_TxRx, [&comm] { TMR_TxRx_Timer(comm); });
     onTick(Timer_Name::TMR_Forza_analogas, [&comm] { TMR_Forza_analogas_Timer(comm); });
+    onTick(Timer_Name::TIM_Tamaño_normal, [this] { TIM_Tamaño_normal_Timer(app_); });
     copyTimer_.setInterval(recoveryTickMs);
     QObject::connect(&copyTimer_, &QTimer::timeout, &copyTimer_,
                      [this] { edge_.run([this] { TMR_Copia_Timer(app_, clock_.elapsed()); }); });
@@ -161,6 +159,10 @@ void KVRT_Principal::stopOnFailure(const Run_Time_Failure& failure) {
 }
 
 void KVRT_Principal::Form_Windows::showFrmDebug() { frame_.FrmDebug().show(); }
+
+void KVRT_Principal::Form_Windows::updateColumnTip() {
+    if (frame_.extras.updateColumnTip) frame_.extras.updateColumnTip();
+}
 
 Mouse_Place KVRT_Principal::Form_Windows::mousePlace() const {
     Main_Window& window = frame_.window();

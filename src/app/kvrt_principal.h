@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/app_context.h"
+#include "app/desktop_parts.h"
 #include "app/form_commands.h"
 #include "app/line_parts.h"
 #include "app/native_recovery_folder.h"
@@ -47,6 +48,7 @@ class KVRT_Principal {
     [[nodiscard]] Modbus_Link& link() { return line_.link(); }
     [[nodiscard]] Line_Parts& line() { return line_; }
     [[nodiscard]] Event_Edge& edge() { return edge_; }
+    [[nodiscard]] Desktop_Parts& desktop() { return desktop_; }
     /// An edit in progress brings the recovery copy up to date this often.
     [[nodiscard]] QTimer& TMR_Copia() { return copyTimer_; }
 
@@ -56,7 +58,7 @@ class KVRT_Principal {
       public:
         explicit Form_Windows(Window_Frame& frame) : frame_(frame) {}
         void showFrmDebug() override;
-        void updateColumnTip() override {}
+        void updateColumnTip() override;
         [[nodiscard]] Mouse_Place mousePlace() const override;
 
       private:
@@ -85,6 +87,7 @@ class KVRT_Principal {
     Qt_Text_Widths widths_;
     App_Context app_;
     Form_Parts parts_;
+    Desktop_Parts desktop_;
     QTimer copyTimer_;
     QElapsedTimer clock_;
 };

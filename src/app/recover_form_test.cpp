@@ -2,6 +2,7 @@
 
 #include "app/recover_form.h"
 #include "app/testing/program_fixture.h"
+#include "ui/testing/control_walk.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -55,6 +56,12 @@ TEST_F(Recover_Form_Test, ListsTimeNameModelAndReason) {
     EXPECT_EQ(table().rowCount(), 2);
     EXPECT_EQ(form.windowTitle(), "Recover");
     EXPECT_EQ(form.accessibleDescription(), "FrmRecover");
+}
+
+TEST_F(Recover_Form_Test, IsUsableByKeyboardAndScreenReader) {
+    EXPECT_THAT(doubles::controlFaults(form), IsEmpty());
+    EXPECT_THAT(doubles::keyClashes(form), IsEmpty());
+    EXPECT_THAT(doubles::tabOrder(form), ElementsAre("LST_Copies", "BOT_Delete", "BOT_Open", "BOT_Cancel"));
 }
 
 TEST_F(Recover_Form_Test, EveryColumnShowsItsTextsWhole) {

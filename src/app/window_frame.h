@@ -19,6 +19,7 @@ class Lost_Com;
 /// may be empty: then there is none.
 struct Window_Extras {
     std::function<void()> removeTrayIcon;
+    std::function<void()> updateColumnTip;
     std::function<void()> removeColumnTip;
     std::function<void()> closePreviews;
     std::function<void(double fontSize)> restartPreviews;

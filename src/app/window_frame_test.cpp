@@ -194,7 +194,8 @@ TEST_F(Frame_Test, TheProgressFormStartsAnewWithEachTransfer) {
     progress.show();
     progress.setValue(3);
     EXPECT_EQ(named<QProgressBar>("Progress_Bar").value(), 3);
-    EXPECT_EQ(named<QLabel>("Label1").text(), "Uploading data from the controller...");
+    EXPECT_EQ(named<QWidget>("Porcentaje").findChild<QLabel*>("Label1")->text(),
+              "Uploading data from the controller...");
     progress.Deshabilita_Cancelar();
     EXPECT_EQ(progress.value(), 0);
     EXPECT_TRUE(named<QPushButton>("Bot_Ok").isVisible());

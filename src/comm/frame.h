@@ -33,6 +33,7 @@ enum class Timer_Name {
     TMR_Actualiza_online,  ///< 400
     TMR_TxRx,              ///< 90
     TMR_Forza_analogas,    ///< set by the template
+    TIM_Tamaño_normal,     ///< 100, once
 };
 
 /// Panels of the status bar, by number.

@@ -40,6 +40,7 @@ struct Main_Form_State {
     std::int32_t Saved_Rx_Count = 0;
     /// Left, top, width and height of the monitor window, in twips, when the settings had them at start-up.
     std::optional<std::array<std::int32_t, 4>> Monitor_Place;
+    bool In_Tray = false; ///< the icon is in the desktop's tray
 
     std::vector<Info_Rec_Errors> Transfer_Errors;
     std::vector<Info_Rec_Errors> Transfer_Log;

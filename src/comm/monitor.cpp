@@ -32,16 +32,21 @@ void askEnd(const Comm_Context& comm, const Toolbar_Actions& actions) {
 
 } // namespace
 
+void showMonitorWindow(const Comm_Context& comm) {
+    modbus_control& link = comm.link;
+    if (const auto& place = comm.form.Monitor_Place)
+        link.ShowMonitor((*place)[0], (*place)[1], (*place)[2], (*place)[3]);
+    else
+        link.ShowMonitor(link.MonitorLeft(), link.MonitorTop(), link.MonitorWidth(), link.MonitorHeight());
+}
+
 void separador4_Click(const Comm_Context& comm) {
     modbus_control& link = comm.link;
     if (link.MonitorLoaded()) {
         if (!link.MonitorVisible()) link.ActivateMonitor();
         return;
     }
-    if (const auto& place = comm.form.Monitor_Place)
-        link.ShowMonitor((*place)[0], (*place)[1], (*place)[2], (*place)[3]);
-    else
-        link.ShowMonitor(link.MonitorLeft(), link.MonitorTop(), link.MonitorWidth(), link.MonitorHeight());
+    showMonitorWindow(comm);
     link.ActivateMonitor();
 }
 

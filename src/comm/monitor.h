@@ -10,6 +10,9 @@ namespace zorvane {
 /// forward when it is hidden. It never closes it.
 void separador4_Click(const Comm_Context& comm);
 
+/// Opens the monitor window where the user last had it, if that is known.
+void showMonitorWindow(const Comm_Context& comm);
+
 /// "Port Settings": the link's own dialog, whether the link is open or closed.
 void MNU_Port_Settings_Click(const Comm_Context& comm);
 

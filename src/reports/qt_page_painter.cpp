@@ -3,7 +3,6 @@
 #include "reports/qt_report_fonts.h"
 
 #include <QColor>
-#include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPen>
@@ -34,10 +33,9 @@ class Item_Painter {
         painter_.drawLine(QPointF(line.x1, line.y1), QPointF(line.x2, line.y2));
     }
 
-    void operator()(const Text_Item& item) const {
+    void operator()(const Text_Item& item) {
         const Text_Style& style = styles_[item.style];
-        const QFont font = fontInTwips(style.Font);
-        const QFontMetricsF metrics(font);
+        const auto& [name, font, metrics] = fonts_.of(style.Font);
         const QString text = paintedText(item.text);
         const double width = metrics.horizontalAdvance(text);
         const double above =
@@ -64,12 +62,13 @@ class Item_Painter {
 
     QPainter& painter_;
     const Style_Table& styles_;
+    Qt_Report_Fonts fonts_;
 };
 
 } // namespace
 
 void paintPage(QPainter& painter, const Page_Document& document, std::size_t page) {
-    const Item_Painter paint(painter, document.styles);
+    Item_Painter paint(painter, document.styles);
     for (const Page_Item& item : document.pages.at(page).items)
         std::visit(paint, item);
 }

@@ -2,7 +2,6 @@
 
 #include "values/code_page.h"
 
-#include <QFontMetricsF>
 #include <QStringList>
 
 #include <algorithm>
@@ -34,12 +33,18 @@ QString paintedText(const std::string& text) {
     return painted;
 }
 
-double Qt_Text_Metrics::textWidth(const std::string& text, const Report_Font& font) const {
-    return QFontMetricsF(fontInTwips(font)).horizontalAdvance(paintedText(text));
+const Qt_Report_Fonts::Entry& Qt_Report_Fonts::of(const Report_Font& name) {
+    const auto found = std::find_if(entries_.begin(), entries_.end(),
+                                    [&](const Entry& entry) { return entry.name == name; });
+    if (found != entries_.end()) return *found;
+    const QFont font = fontInTwips(name);
+    return entries_.emplace_back(Entry{name, font, QFontMetricsF(font)});
 }
 
-double Qt_Text_Metrics::lineHeight(const Report_Font& font) const {
-    return QFontMetricsF(fontInTwips(font)).height();
+double Qt_Text_Metrics::textWidth(const std::string& text, const Report_Font& font) const {
+    return fonts_.of(font).metrics.horizontalAdvance(paintedText(text));
 }
+
+double Qt_Text_Metrics::lineHeight(const Report_Font& font) const { return fonts_.of(font).metrics.height(); }
 
 } // namespace zorvane

@@ -72,6 +72,8 @@ QVariant Flex_Grid_Model::data(const QModelIndex& index, int role) const {
         return QVariant(qtAlignment(store.ColAlignment(col)));
     case Qt::AccessibleDescriptionRole:
         return describe ? fromCore(describe(row, col)) : QVariant();
+    case Qt::ToolTipRole:
+        return explain ? fromCore(explain(row, col)) : QVariant();
     default:
         return {};
     }

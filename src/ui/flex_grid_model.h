@@ -22,6 +22,8 @@ class Flex_Grid_Model final : public QAbstractTableModel {
 
     Memory_Grid store;
     Describe_Cell describe;
+    /// What the tool tip of a cell says; empty for none.
+    Describe_Cell explain;
 
     [[nodiscard]] bool sizesDiffer() const;
     /// Takes the sizes of the store over; views start anew.

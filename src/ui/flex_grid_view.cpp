@@ -194,6 +194,7 @@ void Flex_Grid_View::sectionDragged(int column, int pixels) {
     if (flushing_ || column >= store().Cols()) return;
     store().setColWidth(column, qRound(scaleOf(*this).twipsX(pixels)));
     resizedColumn_ = column;
+    if (events.UserResizing) events.UserResizing(column, store().ColWidth(column));
 }
 
 void Flex_Grid_View::tellUserResize() {

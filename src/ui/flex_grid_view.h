@@ -27,6 +27,8 @@ struct Flex_Grid_Events {
     std::function<void(std::int32_t row, std::int32_t col, bool& cancel)> StartEdit;
     /// An edit ended with a text or an entry taken; the cell has it already and is the current one.
     std::function<void(std::int32_t row, std::int32_t col)> AfterEdit;
+    /// The user drags a column's border; the column is that wide now, in twips.
+    std::function<void(std::int32_t col, std::int32_t twips)> UserResizing;
     /// The user changed a column's width and let go of it; the row is -1.
     std::function<void(std::int32_t row, std::int32_t col)> AfterUserResize;
     std::function<void()> RowColChange; ///< the user moved to another cell

@@ -1,5 +1,6 @@
 #include "comm/testing/comm_bench.h"
 #include "ui/status_bar.h"
+#include "ui/testing/control_walk.h"
 #include "ui/transfer_status_window.h"
 
 #include <QApplication>
@@ -94,6 +95,13 @@ struct Frm_Status_Test : ::testing::Test, doubles::Comm_Bench {
         "----------------------------------------------------------\r\n"
         "MODBUS MONITOR DATA\r\nTx: 07 03 00 64 00 0A\r\nRx: no answer\r\n";
 };
+
+TEST_F(Frm_Status_Test, IsUsableByKeyboardAndScreenReader) {
+    open();
+    EXPECT_EQ(doubles::controlFaults(*status.Status()), std::vector<std::string>{});
+    EXPECT_EQ(doubles::keyClashes(*status.Status()), std::vector<std::string>{"Alt+C: BtnConnect BtnCancel"})
+        << "both captions are required; Esc cancels";
+}
 
 TEST_F(Frm_Status_Test, TextsAndTips) {
     Frm_Status& shown = open();

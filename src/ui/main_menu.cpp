@@ -28,9 +28,9 @@ constexpr Menu_Line separator{};
 constexpr std::array fileLines = {
     Menu_Line{"MNU_Open", "&Open...", "Ctrl+O"},
     Menu_Line{"MNU_Close", "&Close", ""},
-    Menu_Line{"MNU_Save", "&Save", "Ctrl+S"},
+    Menu_Line{"MNU_Save", "Sa&ve", "Ctrl+S"},
     Menu_Line{"MNU_Saveas", "Save &As...", "Ctrl+Shift+S"},
-    Menu_Line{"MNU_Recover", "Reco&ver...", ""},
+    Menu_Line{"MNU_Recover", "&Recover...", ""},
     separator,
     Menu_Line{"MNU_PageSetup", "Pa&ge Setup...", ""},
     Menu_Line{"MNU_Print", "&Print...", ""},

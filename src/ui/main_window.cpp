@@ -1,6 +1,7 @@
 #include "ui/main_window.h"
 
 #include "ui/caption_frame.h"
+#include "ui/column_tip.h"
 #include "ui/icons.h"
 #include "ui/split_bar.h"
 #include "ui/text.h"
@@ -12,6 +13,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QShortcut>
 #include <QWindowStateChangeEvent>
 
 namespace zorvane {
@@ -46,6 +48,8 @@ Main_Window::Main_Window() {
     splitter_ = new Split_Bar(client_);
     splitter_->onDrag = [this](int mouseY) { dragSplitter(mouseY); };
     splitter_->onDrop = [this] { dropSplitter(); };
+    splitter_->onLeave = [this] { leaveSplitter(); };
+    connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, this, [this] { enterSplitter(); });
     frame2_ = new Caption_Frame(QStringLiteral("Frame2"), QStringLiteral(" Configuration "), client_);
     frame3_ = new Caption_Frame(QStringLiteral("Frame3"), QStringLiteral(" Settings "), client_);
     configuration_ = std::make_unique<Flex_Grid>(
@@ -54,6 +58,7 @@ Main_Window::Main_Window() {
     settings_ = std::make_unique<Flex_Grid>(
         addGrid(*frame3_, QStringLiteral("FLX_Settings"), QStringLiteral("Settings")));
     settings_->view().setEditable(true);
+    tip_ = new Column_Tip(settings_->view(), client_);
     setDesignSize();
 }
 
@@ -104,7 +109,14 @@ void Main_Window::resizeEvent(QResizeEvent* event) {
 
 void Main_Window::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::WindowStateChange && isMinimized() && events.minimized) events.minimized();
+    // Whoever is told may hide the window, which Qt is about to show as minimized.
+    if (event->type() == QEvent::WindowStateChange && isMinimized())
+        QMetaObject::invokeMethod(
+            this, [this] { tellMinimized(); }, Qt::QueuedConnection);
+}
+
+void Main_Window::tellMinimized() {
+    if (isMinimized() && events.minimized) events.minimized();
 }
 
 void Main_Window::dragSplitter(int mouseY) {
@@ -116,6 +128,18 @@ void Main_Window::dragSplitter(int mouseY) {
 void Main_Window::dropSplitter() {
     layout_ = splitterReleased(layout_);
     applyLayout();
+}
+
+/// No stop of Tab: the key that goes to it is its own.
+void Main_Window::enterSplitter() {
+    if (!splitter_->isVisible() || splitter_->hasFocus()) return;
+    focusBeforeSplitter_ = focusWidget();
+    splitter_->setFocus();
+}
+
+void Main_Window::leaveSplitter() {
+    QWidget* before = focusBeforeSplitter_ != nullptr ? focusBeforeSplitter_.data() : &settings_->view();
+    before->setFocus();
 }
 
 Twips_Rect Main_Window::formRect() const {
@@ -139,6 +163,7 @@ void Main_Window::setFormEnabled(bool enabled) {
     if (!enabled) focusBeforeDisabling_ = focusWidget();
     menuBar()->setEnabled(enabled);
     client_->setEnabled(enabled);
+    if (events.formEnabledSet) events.formEnabledSet(enabled);
     if (enabled && focusBeforeDisabling_ != nullptr) focusBeforeDisabling_->setFocus();
 }
 

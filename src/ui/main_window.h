@@ -14,6 +14,7 @@
 namespace zorvane {
 
 class Caption_Frame;
+class Column_Tip;
 class Split_Bar;
 
 /// What the main form tells its owner. No handler lets an exception out.
@@ -23,6 +24,7 @@ struct Main_Window_Events {
     std::function<void(const QString& path)> fileDropped; ///< a file was dropped on the window
     std::function<void(bool busy)> resizing;              ///< the form begins and ends laying itself out
     std::function<void()> minimized;
+    std::function<void(bool enabled)> formEnabledSet; ///< the form takes input from now on, or doesn't
 };
 
 /// `KVRT_Principal`, the main form: menu, two frames with a grid each, the splitter between them, the status
@@ -41,6 +43,7 @@ class Main_Window final : public QMainWindow {
     [[nodiscard]] QWidget& Frame2();
     [[nodiscard]] QWidget& Frame3();
     [[nodiscard]] QWidget& PicLineHoriz();
+    [[nodiscard]] Column_Tip& picTip() { return *tip_; }
 
     [[nodiscard]] const Window_Layout& formLayout() const { return layout_; }
     [[nodiscard]] Twips_Scale scale() const { return layout_.scale; }
@@ -68,8 +71,11 @@ class Main_Window final : public QMainWindow {
     Flex_Grid_View& addGrid(QWidget& frame, const QString& name, const QString& words);
     void setDesignSize();
     void applyLayout();
+    void tellMinimized();
     void dragSplitter(int mouseY);
     void dropSplitter();
+    void enterSplitter();
+    void leaveSplitter();
 
     QWidget* client_ = nullptr;
     Caption_Frame* frame2_ = nullptr;
@@ -77,11 +83,13 @@ class Main_Window final : public QMainWindow {
     Split_Bar* splitter_ = nullptr;
     QWidget* line1_ = nullptr;
     Status_Bar* statusBar_ = nullptr;
+    Column_Tip* tip_ = nullptr;
     std::unique_ptr<Main_Menu> menu_;
     std::unique_ptr<Flex_Grid> configuration_;
     std::unique_ptr<Flex_Grid> settings_;
     Window_Layout layout_;
     QPointer<QWidget> focusBeforeDisabling_;
+    QPointer<QWidget> focusBeforeSplitter_;
     bool formEnabled_ = true;
 };
 

@@ -86,7 +86,7 @@ TEST_F(Main_Window_Test, NamesEveryControl) {
 
 TEST_F(Main_Window_Test, HasTheMenus) {
     EXPECT_EQ(captionsOf(menuCalled("MNU_File")),
-              "&Open... | &Close | &Save | Save &As... | Reco&ver... | - | Pa&ge Setup... | &Print... | "
+              "&Open... | &Close | Sa&ve | Save &As... | &Recover... | - | Pa&ge Setup... | &Print... | "
               "&Show grid  in report | - | E&xit");
     EXPECT_EQ(captionsOf(*window.menu().action("MNU_Print").menu()), "Print Pag&e | P&rint All...");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Communication")),

@@ -1,4 +1,5 @@
 #include "ui/monitor_window.h"
+#include "ui/testing/control_walk.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -64,6 +65,11 @@ struct Monitor_Window_Test : ::testing::Test {
                           },
                           nullptr};
 };
+
+TEST_F(Monitor_Window_Test, IsUsableByKeyboardAndScreenReader) {
+    EXPECT_EQ(doubles::controlFaults(window), std::vector<std::string>{});
+    EXPECT_EQ(doubles::keyClashes(window), std::vector<std::string>{});
+}
 
 TEST_F(Monitor_Window_Test, ShowsExchangesAndTheBytesOfTheOneSelected) {
     report(3);

@@ -53,6 +53,7 @@ void name(QWidget& widget, const char* given, const QString& words) {
 void addRow(QFormLayout& form, const QString& words, QWidget& field, const char* given) {
     name(field, given, QString(words).remove(u'&'));
     form.addRow(words, &field);
+    giveName(*form.labelForField(&field), QStringLiteral("LBL_") + QLatin1String(given));
 }
 
 QSpinBox& number(int low, int high, const QString& unit) {
@@ -81,8 +82,9 @@ QComboBox& editableChoice() {
     return *box;
 }
 
-QFormLayout& group(QBoxLayout& column, const QString& title) {
+QFormLayout& group(QBoxLayout& column, const QString& title, const char* given) {
     auto* box = new QGroupBox(title);
+    giveName(*box, QString::fromLatin1(given));
     auto* form = new QFormLayout(box);
     column.addWidget(box);
     return *form;
@@ -101,10 +103,10 @@ Port_Dialog::Port_Dialog(Port_Dialog_Parts parts, const Port_Settings& settings,
     columns->addLayout(left);
     columns->addLayout(right);
     whole->addLayout(columns);
-    addPort(group(*left, QStringLiteral("Port")));
-    addLine(group(*left, QStringLiteral("Line, as the controller has it")));
-    addExchange(group(*right, QStringLiteral("Exchange")));
-    addDirection(group(*right, QStringLiteral("RS-485")));
+    addPort(group(*left, QStringLiteral("Port"), "FRM_Port"));
+    addLine(group(*left, QStringLiteral("Line, as the controller has it"), "FRM_Line"));
+    addExchange(group(*right, QStringLiteral("Exchange"), "FRM_Exchange"));
+    addDirection(group(*right, QStringLiteral("RS-485"), "FRM_Direction"));
     left->addStretch();
     right->addStretch();
     addTest();

@@ -3,6 +3,7 @@
 #include "comm/testing/scripted_port.h"
 #include "comm/testing/toy_slave.h"
 #include "ui/port_dialog.h"
+#include "ui/testing/control_walk.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -61,6 +62,13 @@ struct Port_Dialog_Test : ::testing::Test {
     std::string told;
     std::unique_ptr<Port_Dialog> dialog;
 };
+
+TEST_F(Port_Dialog_Test, IsUsableByKeyboardAndScreenReader) {
+    make();
+    EXPECT_EQ(doubles::controlFaults(*dialog), std::vector<std::string>{});
+    EXPECT_EQ(doubles::keyClashes(*dialog), std::vector<std::string>{});
+    EXPECT_EQ(doubles::tabOrder(*dialog).front(), "CMB_Port");
+}
 
 TEST_F(Port_Dialog_Test, ShowsAndGivesBackEverySetting) {
     make();

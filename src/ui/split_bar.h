@@ -6,7 +6,8 @@
 
 namespace zorvane {
 
-/// The bar between the two frames. It lies behind them, and in front of them and white while it is dragged.
+/// The bar between the two frames. It lies behind them, and in front of them and white while it is dragged or
+/// has the keyboard.
 class Split_Bar final : public QWidget {
   public:
     explicit Split_Bar(QWidget* parent);
@@ -14,14 +15,21 @@ class Split_Bar final : public QWidget {
     std::function<void(int mouseY)>
         onDrag; ///< the mouse, in pixels below the bar's top, its left button down
     std::function<void()> onDrop;
+    std::function<void()> onLeave; ///< the user has done with it by keyboard
 
   protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    /// Up and Down move the bar; Return and Esc give the keyboard back.
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
   private:
+    void step(int pixels);
+
     bool dragging_ = false;
 };
 

@@ -198,4 +198,5 @@ def main():
     print(f"{kind}: {sum(len(field['rows']) for field in expected['fields'])} rows as in the model")
 
 
-main()
+if __name__ == "__main__":
+    main()

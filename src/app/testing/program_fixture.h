@@ -69,6 +69,11 @@ class Program_Fixture : public testing::Test {
             answers.pop_front();
             return answer;
         };
+        program->desktop().shell = [this](const std::string& operation, const std::string& file,
+                                          const std::string& parameters, const std::string& where) {
+            opened.push_back({operation, file, parameters, where});
+            return true;
+        };
         program->frame().dialog().run = [this](QFileDialog& dialog) { return whenAsked(dialog); };
     }
 
@@ -146,6 +151,8 @@ class Program_Fixture : public testing::Test {
     Temporary_Folder folder;
     std::unique_ptr<KVRT_Principal> program;
     std::vector<Shown_Message> messages;
+    std::vector<std::vector<std::string>>
+        opened;              ///< outside the program: operation, file, parameters, folder
     std::deque<int> answers; ///< codes; beyond them every message is left with Ok
     std::string chosenFile;  ///< what the user chooses in the file dialog; empty for Cancel
     std::string chosenType;  ///< the extension of the file type chosen there; empty for the one on offer

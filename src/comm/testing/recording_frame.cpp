@@ -37,6 +37,7 @@ const char* nameOf(Timer_Name timer) {
         {Timer_Name::TMR_Actualiza_online, "TMR_Actualiza_online"},
         {Timer_Name::TMR_TxRx, "TMR_TxRx"},
         {Timer_Name::TMR_Forza_analogas, "TMR_Forza_analogas"},
+        {Timer_Name::TIM_Tamaño_normal, "TIM_Tamaño_normal"},
     };
     return names.at(timer);
 }

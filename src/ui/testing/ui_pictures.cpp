@@ -3,7 +3,9 @@
 #include "comm/testing/hand_clock.h"
 #include "comm/testing/scripted_port.h"
 #include "ui/acercade.h"
+#include "ui/column_tip.h"
 #include "ui/common_dialog.h"
+#include "ui/font_dialog.h"
 #include "ui/frm_status.h"
 #include "ui/lost_com.h"
 #include "ui/mensaje.h"
@@ -16,6 +18,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
@@ -51,6 +54,20 @@ class Pictures {
     QDir folder_;
 };
 
+/// A border that is being dragged.
+void takeColumnTip(Pictures& pictures, Main_Window& window) {
+    Flex_Grid_Events& events = window.FLX_Settings().events();
+    events.MouseMove = [&window](std::int16_t, std::int16_t, float, float) { window.picTip().start(); };
+    events.UserResizing = [&window](std::int32_t, std::int32_t twips) { window.picTip().drag(twips); };
+    QHeaderView& header = *window.FLX_Settings().view().horizontalHeader();
+    const QPoint border(header.sectionSize(0) - 1, 5);
+    QTest::mouseMove(header.viewport(), border);
+    QTest::mousePress(header.viewport(), Qt::LeftButton, {}, border);
+    QTest::mouseMove(header.viewport(), border + QPoint(30, 0));
+    pictures.take(window, QStringLiteral("window_column_tip"));
+    QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, border + QPoint(30, 0));
+}
+
 void takeWindow(Pictures& pictures) {
     Main_Window window;
     samples::fillWindow(window);
@@ -60,6 +77,14 @@ void takeWindow(Pictures& pictures) {
     pictures.take(window, QStringLiteral("window_wide"));
     QTest::keyClick(&window.FLX_Settings().view(), Qt::Key_F2);
     pictures.take(window, QStringLiteral("window_editing"));
+    takeColumnTip(pictures, window);
+    for (const double points : {7.5, 12.0}) {
+        window.FLX_Configuration().setFontSize(points);
+        window.FLX_Settings().setFontSize(points);
+        pictures.take(window, QStringLiteral("window_font_%1").arg(points));
+    }
+    window.PicLineHoriz().setFocus();
+    pictures.take(window, QStringLiteral("window_splitter"));
     QMenu& menu = *window.menuBar()->actions().constFirst()->menu();
     pictures.take(menu, QStringLiteral("menu_file"));
     menu.hide();
@@ -84,6 +109,10 @@ void takeDialogs(Pictures& pictures) {
     progress.setLabel(QStringLiteral("Uploading data from the controller..."));
     progress.Progress_Bar().setValue(40);
     pictures.take(progress, QStringLiteral("porcentaje"));
+    Font_Dialog sizes(1, nullptr);
+    pictures.take(sizes, QStringLiteral("font_dialog"));
+    Font_Dialog largest(6, nullptr);
+    pictures.take(largest, QStringLiteral("font_dialog_largest"));
     Lost_Com lost(nullptr);
     pictures.take(lost, QStringLiteral("lostcom"));
     Mensaje busy(false, nullptr);

@@ -168,7 +168,7 @@ def _open_another(program):
     other = program.document("KVRT100", "other.kvrt100")
     program.open(other)
     program.message(SAVE_QUESTION).answer("No")
-    program.expect_title("other.kvrt100 - Zorvane")
+    wait_for("the other document", lambda: program.title.endswith("other.kvrt100 - Zorvane"))
     return other
 
 
@@ -179,10 +179,12 @@ def _expect_settings_of(program, other):
 
 
 def opening_another_document_in_a_live_write(program):
-    """The polling ends with the old document, and the window goes on with the new one."""
+    """The polling ends with the old document, and the window goes on with the new one. The write ends as failed,
+    which takes the keyboard to the lower grid; its words are about the cell that is there then."""
     _writing(program, "silent@250", Retries="20")
     program.expect_panel(4, "Write: 1200 @250 ...Pending")
     _open_another(program)
+    wait_for("the end of the write", lambda: program.panel(4).endswith(" ...Failed"))
     expect("Upload is enabled", lambda: program.is_enabled("Communication", "Upload to PC"), True)
     expect("Disconnect is enabled", lambda: program.is_enabled("Communication", "Disconnect"), False)
     program.select_field(1)

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "app/app_context.h"
+
+#include <functional>
+#include <string>
+
+namespace zorvane {
+
+/// The platform's shell open: a file by its name in a folder, or an address with no folder. False when
+/// nothing took it.
+using Shell_Execute = std::function<bool(const std::string& operation, const std::string& file,
+                                         const std::string& parameters, const std::string& folder)>;
+
+/// Where the maker is found. Whoever distributes the program puts the own ones here.
+inline const std::string makerHomePage = "https://zorvane.example/";
+inline const std::string makerMailLink = "mailto:contact@zorvane.example?subject=Zorvane";
+
+inline const std::string helpFile = "Zorvane.chm";
+
+/// "&Index": the help file of the application folder in the desktop's viewer, or a message.
+void MNU_HelpIndex_Click(const App_Context& app, const Shell_Execute& RunShellExecute);
+/// "&Brevik Online": the maker's home page.
+void MNU_OnLine_Click(const App_Context& app, const Shell_Execute& ShellExecute);
+/// "Contact &Us": a new mail to the maker.
+void MNU_ContactUs_Click(const App_Context& app, const Shell_Execute& ShellExecute);
+
+} // namespace zorvane

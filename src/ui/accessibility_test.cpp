@@ -1,0 +1,134 @@
+// What somebody meets who uses the program by keyboard or by a screen reader: every control of every window.
+
+#include "ui/acercade.h"
+#include "ui/font_dialog.h"
+#include "ui/frm_debug.h"
+#include "ui/lost_com.h"
+#include "ui/main_window.h"
+#include "ui/mensaje.h"
+#include "ui/msgb.h"
+#include "ui/porcentaje.h"
+#include "ui/testing/control_walk.h"
+#include "ui/testing/sample_window.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+using doubles::controlFaults;
+using doubles::keyClashes;
+using doubles::tabOrder;
+using Words = std::vector<std::string>;
+
+const Words none;
+const Ask_User ask = [](const QString&, int, const QString&) { return 1; };
+
+/// Shows a dialog and walks it; Tab goes to `order`.
+void expectUsable(QWidget& dialog, const Words& order) {
+    dialog.show();
+    QApplication::processEvents();
+    EXPECT_EQ(controlFaults(dialog), none);
+    EXPECT_EQ(keyClashes(dialog), none);
+    EXPECT_EQ(tabOrder(dialog), order);
+}
+
+struct Main_Window_Access : testing::Test {
+    Main_Window_Access() {
+        samples::fillWindow(window);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QApplication::processEvents();
+    }
+    Main_Window window;
+};
+
+TEST_F(Main_Window_Access, EveryControlHasNameDescriptionAndRole) {
+    EXPECT_EQ(controlFaults(window), none);
+    EXPECT_EQ(tabOrder(window), (Words{"FLX_Configuration", "FLX_Settings"}));
+}
+
+TEST_F(Main_Window_Access, NoTwoEntriesOfAMenuAnswerToOneLetter) {
+    EXPECT_EQ(keyClashes(*window.menuBar()), none);
+    EXPECT_EQ(keyClashes(window.menu().trayMenu()), none);
+}
+
+TEST_F(Main_Window_Access, TheSplitterMovesByKeys) {
+    window.FLX_Settings().SetFocus();
+    const int height = window.Frame2().height();
+    QTest::keyClick(&window, Qt::Key_F8);
+    ASSERT_TRUE(window.PicLineHoriz().hasFocus());
+    QTest::keyClick(&window.PicLineHoriz(), Qt::Key_Down);
+    QTest::keyClick(&window.PicLineHoriz(), Qt::Key_Down);
+    EXPECT_EQ(window.Frame2().height(), height + 2 * 8);
+    QTest::keyClick(&window.PicLineHoriz(), Qt::Key_Up);
+    EXPECT_EQ(window.Frame2().height(), height + 8);
+    QTest::keyClick(&window.PicLineHoriz(), Qt::Key_Return);
+    EXPECT_TRUE(window.FLX_Settings().view().hasFocus());
+}
+
+TEST_F(Main_Window_Access, TheSplitterStopsAtItsLimitsByKeysToo) {
+    QTest::keyClick(&window, Qt::Key_F8);
+    for (int i = 0; i < 100; ++i)
+        QTest::keyClick(&window.PicLineHoriz(), Qt::Key_Down);
+    EXPECT_EQ(window.PicLineHoriz().y(), qRound((6285.0 - 1000) / 15));
+}
+
+TEST_F(Main_Window_Access, ACellTellsItsTroubleAsDescriptionAndToolTip) {
+    Flex_Grid_Model& cells = window.FLX_Settings().view().cells();
+    cells.describe = [](std::int32_t row, std::int32_t) { return row == 3 ? "Write failed" : "Modifiable"; };
+    cells.explain = [](std::int32_t row, std::int32_t) { return row == 3 ? "Write failed" : ""; };
+    EXPECT_EQ(cells.index(2, 1).data(Qt::ToolTipRole), "Write failed");
+    EXPECT_EQ(cells.index(2, 1).data(Qt::AccessibleDescriptionRole), "Write failed");
+    EXPECT_EQ(cells.index(1, 1).data(Qt::ToolTipRole), "");
+}
+
+TEST(Dialog_Access, MessageBoxes) {
+    Msgb yesNoCancel("Do you want to save this file?", 35, "Zorvane", nullptr);
+    expectUsable(yesNoCancel, {"BOT_1", "BOT_2", "BOT_3"});
+    Msgb note("Done", 64, "Zorvane", nullptr);
+    expectUsable(note, {"BOT_2"});
+}
+
+TEST(Dialog_Access, ProgressForm) {
+    Porcentaje form({{}, ask, {}, {}, {}}, nullptr);
+    expectUsable(form, {"BOT_Cancel"});
+    form.Deshabilita_Cancelar();
+    expectUsable(form, {"Bot_Ok"});
+}
+
+TEST(Dialog_Access, BusyForm) {
+    Mensaje dots(false, nullptr);
+    expectUsable(dots, {});
+    Mensaje animated(true, nullptr);
+    expectUsable(animated, {});
+}
+
+TEST(Dialog_Access, NoticeOfTheLostLink) {
+    Lost_Com notice(nullptr);
+    expectUsable(notice, {"OKButton"});
+}
+
+TEST(Dialog_Access, AboutBox) {
+    Acercade about(ask, nullptr);
+    expectUsable(about, {"Command1"});
+}
+
+TEST(Dialog_Access, DebugForm) {
+    Frm_Debug form(nullptr);
+    expectUsable(form, {"EDT_Prueba"});
+}
+
+TEST(Dialog_Access, FontDialog) {
+    Font_Dialog dialog(1, nullptr);
+    expectUsable(dialog, {"Text1", "List1", "OKButton", "CancelButton"});
+}
+
+} // namespace
+} // namespace zorvane

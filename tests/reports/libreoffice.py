@@ -1,0 +1,71 @@
+"""Has LibreOffice open an exported report and compares what it read with the model, cell by cell.
+
+    libreoffice.py FORMAT FOLDER    FOLDER holds sample.FORMAT and expected.json of report_samples
+"""
+
+import csv
+import json
+import pathlib
+import subprocess
+import sys
+import tempfile
+
+from compare import Tables, expected_tables, fail, is_number, same
+
+# Comma, double quote, UTF-8, from line 1, cells as they are shown, the first sheet.
+CSV = 'csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false,false,false,1'
+HTML = "html:HTML (StarWriter)"
+
+
+def converted(path, target):
+    """The file that LibreOffice makes of another one, as text. It has a profile of its own."""
+    with tempfile.TemporaryDirectory() as folder:
+        profile = pathlib.Path(folder, "profile").as_uri()
+        subprocess.run(["soffice", f"-env:UserInstallation={profile}", "--headless", "--convert-to", target,
+                        "--outdir", folder, path], check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        made = [file for file in pathlib.Path(folder).iterdir() if file.is_file()]
+        same("files made", len(made), 1)
+        return made[0].read_text(encoding="utf-8")
+
+
+def compare_xls(path, expected):
+    rows = list(csv.reader(converted(path, CSV).splitlines()))
+    row = 0
+    for field in expected["fields"]:
+        while rows[row][0] != "Description:":
+            row += 1
+        same("description", rows[row][1], field["description"])
+        row += 2
+        same("headings", rows[row][: len(field["headings"])], field["headings"])
+        for texts in field["rows"]:
+            row += 1
+            for column, text in enumerate(texts):
+                found = rows[row][column]
+                if is_number(text) and found != text:
+                    same(f"row {row}, column {column}", float(found), float(text))
+                else:
+                    same(f"row {row}, column {column}", found, text)
+
+
+def compare_page(path, expected):
+    page = Tables()
+    page.feed(converted(path, HTML))
+
+    def plain(table):
+        return [[" ".join(text.split()) for text in row] for row in table]
+
+    same("tables", [plain(table) for table in page.tables], [plain(table) for table in expected_tables(expected)])
+
+
+def main():
+    kind, folder = sys.argv[1:]
+    with open(f"{folder}/expected.json", encoding="utf-8") as file:
+        expected = json.load(file)
+    if not expected["fields"]:
+        fail("nothing to compare")
+    (compare_xls if kind == "xls" else compare_page)(f"{folder}/sample.{kind}", expected)
+    print(f"{kind}: {sum(len(field['rows']) for field in expected['fields'])} rows as in the model")
+
+
+if __name__ == "__main__":
+    main()
