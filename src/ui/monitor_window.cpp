@@ -16,6 +16,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSplitter>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -32,6 +33,19 @@ constexpr std::array columnWidths = {13, 8, 5, 14, 13, 13, 34, 34};
 constexpr int byteLines = 4;
 constexpr int startWidth = 980;
 constexpr int startHeight = 480;
+
+/// Lays out no more of a text than its cell can show: a block of 125 registers would cost as much as a page.
+class Cut_Text_Delegate final : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        const int narrowest = std::max(1, option->fontMetrics.horizontalAdvance(QLatin1Char('.')));
+        option->text.truncate(option->rect.width() / narrowest + 1);
+    }
+};
 
 } // namespace
 
@@ -65,11 +79,13 @@ QWidget* Monitor_Window::makeButtons() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    pause_ = &addButton(*row, "BOT_Pause", QStringLiteral("&Pause"), [this] {
-        feed_.setHeld(pause_->isChecked());
+    pause_ = &addButton(*row, "BOT_Pause", QStringLiteral("&Pause"), nullptr);
+    pause_->setCheckable(true);
+    // Not clicked: a screen reader toggles without a click.
+    connect(pause_, &QPushButton::toggled, this, [this](bool held) {
+        feed_.setHeld(held);
         showCount();
     });
-    pause_->setCheckable(true);
     addButton(*row, "BOT_Clear", QStringLiteral("C&lear"), [this] { clear(); });
     addButton(*row, "BOT_Copy", QStringLiteral("&Copy"), [this] { copy(); });
     addButton(*row, "BOT_Save", QStringLiteral("&Save..."), [this] { saveAs(); });
@@ -84,7 +100,7 @@ QPushButton& Monitor_Window::addButton(QWidget& row, const char* name, const QSt
                                        std::function<void()> chosen) {
     auto* button = new QPushButton(text);
     giveName(*button, QString::fromLatin1(name));
-    connect(button, &QPushButton::clicked, this, std::move(chosen));
+    if (chosen) connect(button, &QPushButton::clicked, this, std::move(chosen));
     row.layout()->addWidget(button);
     return *button;
 }
@@ -94,6 +110,7 @@ void Monitor_Window::makeTable() {
     giveName(*table_, QStringLiteral("TBL_Exchanges"));
     table_->setAccessibleName(QStringLiteral("Exchanges"));
     table_->setModel(&model_);
+    table_->setItemDelegate(new Cut_Text_Delegate(table_));
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);

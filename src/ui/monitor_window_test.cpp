@@ -94,12 +94,20 @@ TEST_F(Monitor_Window_Test, PausedItHoldsRowsBackAndShowsThemAfterwards) {
     report(1);
     press("BOT_Pause");
     report(2);
-    QTest::qWait(100);
+    QTest::qWait(2 * Traffic_Feed::leastPauseMs);
     EXPECT_EQ(window.model().rowCount(), 1);
     EXPECT_EQ(at<QLabel>("LBL_Count").text(), "1 rows, paused");
     press("BOT_Pause");
     EXPECT_EQ(window.model().rowCount(), 3);
     EXPECT_EQ(at<QLabel>("LBL_Count").text(), "3 rows");
+}
+
+TEST_F(Monitor_Window_Test, PauseIsToggledWithoutAClickToo) {
+    at<QPushButton>("BOT_Pause").toggle();
+    EXPECT_TRUE(window.feed().held());
+    EXPECT_EQ(at<QLabel>("LBL_Count").text(), "0 rows, paused");
+    at<QPushButton>("BOT_Pause").toggle();
+    EXPECT_FALSE(window.feed().held());
 }
 
 TEST_F(Monitor_Window_Test, ClearEmptiesItWhatWaitsToo) {

@@ -9,12 +9,13 @@
 
 namespace zorvane {
 
-/// Collects what the link reports and hands it on in one go, at most 30 times a second; no timer runs while
-/// nothing comes. Held back, it keeps the newest entries only.
+/// Collects what the link reports and hands it on in one go, at most five times a second, since the whole
+/// table is painted each time; no timer runs while nothing comes. Held back, it keeps the newest entries
+/// only.
 class Traffic_Feed final : public Traffic_Observer {
   public:
     using Show = std::function<void(std::vector<Traffic_Entry> entries)>;
-    static constexpr int leastPauseMs = 34;
+    static constexpr int leastPauseMs = 200;
 
     explicit Traffic_Feed(Show show, std::size_t limit = Traffic_Rows::usualLimit);
 

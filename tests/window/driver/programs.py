@@ -47,9 +47,9 @@ class Simulator:
 
     def __init__(self, desktop, programs, template, *options, name="controller"):
         self.port = desktop.path(name)
-        self._log = desktop.path("logs", name + ".json")
+        self.log = desktop.path("logs", name + ".json")
         command = [os.path.join(programs, "zorvane-sim"), "--template", template, "--pty", self.port, "--log",
-                   self._log, *options]
+                   self.log, *options]
         self.process = desktop.start(command, name, stdout=subprocess.PIPE)
         line = self.process.stdout.readline().decode()
         assert line.startswith("ready"), f"the simulator did not start: {line!r}"
@@ -68,11 +68,11 @@ class Simulator:
     def writes(self):
         """The write requests so far, whether they were answered or not."""
         return [frame for frame in self.frames()
-                if frame["direction"] == "in" and frame.get("function") in (SINGLE_WRITE, MULTIPLE_WRITE)]
+                if frame.get("direction") == "in" and frame.get("function") in (SINGLE_WRITE, MULTIPLE_WRITE)]
 
     def frames(self):
         """All frames so far, as the simulator logged them."""
-        if not os.path.exists(self._log):
+        if not os.path.exists(self.log):
             return []
-        with open(self._log, encoding="utf-8") as log:
+        with open(self.log, encoding="utf-8") as log:
             return [json.loads(line) for line in log if line.endswith("\n")]

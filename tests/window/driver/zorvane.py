@@ -12,6 +12,7 @@ from .programs import Simulator, Terminal
 from .waiting import Vanished, expect, wait_for
 
 SETTINGS_FILE = "Zorvane/Zorvane.conf"
+SIMULATOR = "zorvane-sim"
 MODEL_ENDINGS = (".ZTP", ".KVRT", ".KVRT100", ".KVRT207D", ".R7702-16")
 
 
@@ -22,9 +23,9 @@ class Zorvane:
         self.desktop = desktop
         self.folder = desktop.path("program", "")
         for file in os.listdir(programs):
-            if file == executable or file.upper().endswith(MODEL_ENDINGS):
+            if file in (executable, SIMULATOR) or file.upper().endswith(MODEL_ENDINGS):
                 shutil.copy2(os.path.join(programs, file), self.folder)
-        self._programs = programs
+        self.programs = programs
         self._executable = os.path.join(self.folder, executable)
         self.terminal = Terminal(programs)
         self.hands = Hands(desktop)
@@ -94,7 +95,7 @@ class Zorvane:
         return path
 
     def simulator(self, model="KVRT207D", *options, name="controller"):
-        return Simulator(self.desktop, self._programs, self.template(model), *options, name=name)
+        return Simulator(self.desktop, self.programs, self.template(model), *options, name=name)
 
     def registers(self, simulator):
         """What a simulated controller holds, read by the terminal program; the window isn't online meanwhile."""

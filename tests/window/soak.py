@@ -1,0 +1,192 @@
+#!/usr/bin/python3
+"""Polls a controller with faults for a long time, through the real window.
+
+    soak.py PROGRAMS [--minutes N] [--seed N]
+
+One of ten exchanges goes wrong in some way, at about ten times the usual pace. Every value that the window shows must
+be one that the controller sent for that very register a moment ago, or "???" while the line is lost. Each minute a
+line tells the resident memory of the window. Exit code 1 when a value was wrong, the window stopped following the
+controller, or memory grew by more than a tenth after the start.
+"""
+import argparse
+import collections
+import json
+import os
+import sys
+import time
+
+from driver.desktop import Desktop
+from driver.line_model import Line_Model
+from driver.waiting import Vanished, wait_for
+from driver.zorvane import Zorvane
+
+BLOCKS, REGISTERS = 4, 50
+PAUSE_MS = 2
+FAULTS = ("silent:1.5%", "late=60:1.5%", "late=150:1%", "crc:1.5%", "truncate=5:1%", "noise=7:1%", "wrong-unit:1%",
+          "short:1%", "exception=4:1%", "unplug=300:0.05%")
+TIME_OUT_MS = 100
+LOST = "???"
+# What the window shows is at most one pass of the scan and one refresh old; the rest is for a busy machine.
+LAG_S = 5.0
+LONGEST_STILL_S = 30.0
+MOST_GROWTH = 0.10
+
+
+class Sent_Values:
+    """What the simulated controller sent for each register, from its log, the last few seconds of it."""
+
+    def __init__(self, path):
+        self._file = open(path, encoding="utf-8")
+        self._rest = ""
+        self._sent = collections.defaultdict(collections.deque)
+        self.requests = 0
+        self.faults = collections.Counter()
+
+    def follow(self):
+        now = time.monotonic()
+        lines = (self._rest + self._file.read()).split("\n")
+        self._rest = lines.pop()
+        for line in lines:
+            self._take(json.loads(line), now)
+
+    def _take(self, frame, now):
+        if frame.get("direction") == "in":
+            self.requests += 1
+            if "fault" in frame:
+                self.faults[frame["fault"].split(":")[0]] += 1
+        elif "address" in frame:
+            for address, value in enumerate(frame.get("values", []), frame["address"]):
+                self._note(self._sent[address], value, now)
+
+    @staticmethod
+    def _note(values, value, now):
+        """The newest one stays, however old it is: nothing else was sent since."""
+        values.append((now, value))
+        while values[0][0] < now - LAG_S and len(values) > 1:
+            values.popleft()
+
+    def lately(self, address):
+        """The values of the last seconds, and the one before them."""
+        return {value for _, value in self._sent[address]}
+
+
+class Soak:
+    def __init__(self, program, seed):
+        self.program = program
+        model = Line_Model(program.folder, BLOCKS, REGISTERS, in_one_field=True, pause_ms=PAUSE_MS)
+        self.addresses = model.addresses
+        faults = [part for fault in FAULTS for part in ("--fault", fault)]
+        controller = program.simulator("LINETEST", *model.options(), "--seed", str(seed), *faults)
+        self.sent = Sent_Values(controller.log)
+        program.use_port(controller, Retries="2", TimeOut=str(TIME_OUT_MS))
+        program.start()
+        program.open(model.document(program.desktop.path("documents", "site.linetest")))
+        program.expect_title("site.linetest - Zorvane")
+        self._go_online()
+        self.cells = []
+        self.checked = self.lost = 0
+        self.wrong = []
+        self.before = {}
+        self.longest_still = 0.0
+
+    def _go_online(self):
+        """An upload that met a fault stays offline; a clean one goes online."""
+        def online():
+            program = self.program
+            if program.panel(2) == "Online":
+                return True
+            if program.has_dialog("Porcentaje"):
+                progress = program.dialog("Porcentaje")
+                if "Ok" in progress.buttons():
+                    progress.answer("Ok")
+            elif program.is_enabled("Communication", "Upload to PC"):
+                program.choose("Communication", "Upload to PC")
+            return False
+        wait_for("a clean upload", online, 120)
+
+    def look(self):
+        """Checks every value that is shown."""
+        table = self.program.settings
+        if len(self.cells) != table.row_count:
+            self.cells = [table.cell(row, 1) for row in range(table.row_count)]
+        now = time.monotonic()
+        self.sent.follow()
+        allowed = [self.sent.lately(address) for address in self.addresses]
+        shown = [cell.name for cell in self.cells]
+        self.sent.follow()
+        for address, text, old in zip(self.addresses, shown, allowed):
+            self.checked += 1
+            if text == LOST:
+                self.lost += 1
+            elif text not in {str(value) for value in old | self.sent.lately(address)}:
+                self.wrong.append((address, text, sorted(old)))
+            self._follow_cell(address, text, now)
+
+    def _follow_cell(self, address, text, now):
+        """How long a cell kept its text: all of them move with each reading, and most readings differ."""
+        old_text, since = self.before.get(address, ("", now))
+        if text != old_text:
+            since = now
+        self.before[address] = (text, since)
+        self.longest_still = max(self.longest_still, now - since)
+
+    def memory_mb(self):
+        with open(f"/proc/{self.program.process.pid}/status", encoding="ascii") as status:
+            return next(int(line.split()[1]) for line in status if line.startswith("VmRSS")) / 1024
+
+    def tell(self, started, memory):
+        seconds = time.monotonic() - started
+        faulty = sum(self.sent.faults.values())
+        print(f"{seconds / 60:5.1f} min: {memory:6.1f} MB, {self.sent.requests} requests "
+              f"({self.sent.requests / seconds:.0f} a second, {100 * faulty / max(self.sent.requests, 1):.1f} % faulty), "
+              f"{self.checked} values seen, {self.lost} lost, {len(self.wrong)} wrong", flush=True)
+
+
+def run(soak, minutes):
+    """Looks until the time is over. The memory of each minute is told; the last and that after the start are given."""
+    started = time.monotonic()
+    warm = started + min(180, minutes * 60 / 6)
+    end = started + minutes * 60
+    first = None
+    told = started
+    while time.monotonic() < end:
+        if soak.program.process.poll() is not None:
+            raise SystemExit(f"the window ended with exit code {soak.program.process.returncode}")
+        try:
+            soak.look()
+        except Vanished as gone:
+            print(f"not seen: {gone}", flush=True)
+        now = time.monotonic()
+        if first is None and now >= warm:
+            first = soak.memory_mb()
+            soak.tell(started, first)
+        if now - told >= 60:
+            soak.tell(started, soak.memory_mb())
+            told = now
+        time.sleep(max(0.0, 1 - (time.monotonic() - now)))
+    last = soak.memory_mb()
+    soak.tell(started, last)
+    return first, last
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("programs")
+    parser.add_argument("--minutes", type=float, default=60)
+    parser.add_argument("--seed", type=int, default=1)
+    options = parser.parse_args()
+    with Desktop() as desktop:
+        soak = Soak(Zorvane(desktop, os.path.abspath(options.programs)), options.seed)
+        first, last = run(soak, options.minutes)
+    growth = last / first - 1
+    print("faults:", ", ".join(f"{name} {count}" for name, count in sorted(soak.sent.faults.items())))
+    print(f"memory: {first:.1f} MB after the start, {last:.1f} MB at the end, {100 * growth:+.1f} %")
+    print(f"longest time that a cell kept its text: {soak.longest_still:.1f} s")
+    for address, text, sent in soak.wrong[:20]:
+        print(f"wrong: register {address} showed {text!r}, sent were {sent}")
+    good = not soak.wrong and growth <= MOST_GROWTH and soak.longest_still < LONGEST_STILL_S
+    return 0 if good else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
