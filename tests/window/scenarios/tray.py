@@ -46,8 +46,7 @@ def comes_back_by_the_icons_menu(program):
     tray = _start_in_tray(program)
     for place in (1, 2):  # "All", "Application Window"
         _put_away(program)
-        tray.click(button=3)
-        tray.wait_for_menu()
+        tray.open_menu()
         program.hands.keys(*["Down"] * place, "Return")
         _wait_until_back(program)
 
