@@ -4,6 +4,7 @@
 #include "app/document_commands.h"
 #include "app/kvrt_principal.h"
 #include "template/testing/temporary_folder.h"
+#include "ui/testing/dark_palette.h"
 #include "ui/text.h"
 
 #include <QApplication>
@@ -17,15 +18,6 @@
 namespace {
 
 using namespace zorvane;
-
-QPalette darkPalette() {
-    QPalette palette(QColor(53, 53, 53));
-    palette.setColor(QPalette::Base, QColor(35, 35, 35));
-    palette.setColor(QPalette::AlternateBase, QColor(45, 45, 45));
-    palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
 
 /// The window after Open, at its field 2.
 void take(const QDir& folder, const std::string& model) {
@@ -50,7 +42,7 @@ int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     if (argc < 2) return 2;
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    if (argc > 2) QApplication::setPalette(darkPalette());
+    if (argc > 2) QApplication::setPalette(samples::darkPalette());
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     QDir().mkpath(folder.path());
     for (const std::string model : {"KVRT", "KVRT100", "KVRT207D", "R7702-16"})

@@ -5,6 +5,7 @@
 #include "ui/mensaje.h"
 #include "ui/page_setup_dialog.h"
 #include "ui/preview_window.h"
+#include "ui/testing/dark_palette.h"
 
 #include <QAction>
 #include <QApplication>
@@ -18,15 +19,6 @@
 namespace {
 
 using namespace zorvane;
-
-QPalette darkPalette() {
-    QPalette palette(QColor(53, 53, 53));
-    palette.setColor(QPalette::Base, QColor(35, 35, 35));
-    palette.setColor(QPalette::AlternateBase, QColor(45, 45, 45));
-    palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
 
 class Pictures {
   public:
@@ -108,7 +100,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     if (argc < 2) return 2;
     QApplication::setStyle(QStringLiteral("Fusion"));
-    if (argc > 2) QApplication::setPalette(darkPalette());
+    if (argc > 2) QApplication::setPalette(samples::darkPalette());
     const doubles::Temporary_Folder work;
     Pictures pictures(QString::fromLocal8Bit(argv[1]), work.path());
     for (const char* model : {"KVRT", "KVRT100", "KVRT207D", "R7702-16"})

@@ -13,6 +13,7 @@
 #include "ui/msgb.h"
 #include "ui/porcentaje.h"
 #include "ui/port_dialog.h"
+#include "ui/testing/dark_palette.h"
 #include "ui/testing/sample_window.h"
 
 #include <QApplication>
@@ -30,15 +31,6 @@
 namespace {
 
 using namespace zorvane;
-
-QPalette darkPalette() {
-    QPalette palette(QColor(53, 53, 53));
-    palette.setColor(QPalette::Base, QColor(35, 35, 35));
-    palette.setColor(QPalette::AlternateBase, QColor(45, 45, 45));
-    palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
 
 class Pictures {
   public:
@@ -195,7 +187,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     if (argc < 2) return 2;
     QApplication::setStyle(QStringLiteral("Fusion"));
-    if (argc > 2) QApplication::setPalette(darkPalette());
+    if (argc > 2) QApplication::setPalette(samples::darkPalette());
     Pictures pictures(QString::fromLocal8Bit(argv[1]));
     takeWindow(pictures);
     takeDialogs(pictures);
