@@ -125,6 +125,14 @@ TEST(Dialog_Access, DebugForm) {
     expectUsable(form, {"EDT_Prueba"});
 }
 
+TEST(Dialog_Access, WidgetsOfOurOwnTellWhatTheyAre) {
+    Frm_Debug form(nullptr);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&form)->role(), QAccessible::Window);
+    Main_Window window;
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window.PicLineHoriz())->role(), QAccessible::Separator);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window.PicLineHoriz())->text(QAccessible::Name), "Splitter");
+}
+
 TEST(Dialog_Access, FontDialog) {
     Font_Dialog dialog(1, nullptr);
     expectUsable(dialog, {"Text1", "List1", "OKButton", "CancelButton"});
