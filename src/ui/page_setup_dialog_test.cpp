@@ -1,4 +1,5 @@
 #include "ui/page_setup_dialog.h"
+#include "ui/testing/control_walk.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -36,6 +37,12 @@ TEST_F(PageSetup, ShowsWhatIsInForce) {
     open(false);
     EXPECT_EQ(named<QComboBox>("PaperSize").currentText(), "Letter (8.5 x 11 in)");
     EXPECT_EQ(named<QDoubleSpinBox>("LeftMargin").text(), "1.00 in");
+}
+
+TEST_F(PageSetup, NoTwoControlsAnswerToOneLetter) {
+    open();
+    dialog->show();
+    EXPECT_EQ(doubles::keyClashes(*dialog), std::vector<std::string>{});
 }
 
 TEST_F(PageSetup, WhatWasNotTouchedStaysExact) {
