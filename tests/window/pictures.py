@@ -8,23 +8,27 @@ import re
 import sys
 
 import tour
-from driver.desktop import Desktop
+from driver.desktop import SCREEN, Desktop
 from driver.waiting import wait_for
 from driver.zorvane import Zorvane
 
 COLOURS = 32
+AWAY = (1270, 900)  # where the mouse makes no tool tip
+WORKPLACE = "/tmp/zorvane"  # a name that can be shown
 LARGEST = 60_000  # bytes
 
 
-def frame_of(desktop):
-    """Left, top, width and height of the active window with its frame."""
-    window = desktop.run("xdotool", "getactivewindow").decode().strip()
-    geometry = dict(line.split("=") for line in
-                    desktop.run("xdotool", "getwindowgeometry", "--shell", window).decode().split())
-    border = desktop.run("xprop", "-id", window, "_NET_FRAME_EXTENTS").decode()
+def frame_of(desktop, part):
+    """Left, top, width and height of a window with its frame; a menu, or what the tray shows, has none."""
+    if part is None:
+        return 0, SCREEN[1] - 120, 200, 120
+    if part.role == "popup menu":
+        return part.rectangle
+    active = desktop.run("xdotool", "getactivewindow").decode().strip()
+    border = desktop.run("xprop", "-id", active, "_NET_FRAME_EXTENTS").decode()
     left, right, top, bottom = map(int, re.findall(r"\d+", border.split("=")[1]))
-    return (int(geometry["X"]) - left, int(geometry["Y"]) - top,
-            int(geometry["WIDTH"]) + left + right, int(geometry["HEIGHT"]) + top + bottom)
+    x, y, width, height = part.rectangle
+    return x - left, y - top, width + left + right, height + top + bottom
 
 
 def still_picture(desktop, crop):
@@ -37,9 +41,9 @@ def still_picture(desktop, crop):
     return wait_for("a picture that stays", look, 5)
 
 
-def take(desktop, path):
-    left, top, width, height = frame_of(desktop)
-    desktop.run("xdotool", "mousemove", "1270", "1014")
+def take(desktop, path, part):
+    left, top, width, height = frame_of(desktop, part)
+    desktop.run("xdotool", "mousemove", *map(str, AWAY))
     crop = f"{width}x{height}+{left}+{top}"
     try:
         still_picture(desktop, crop)
@@ -55,14 +59,15 @@ def main(programs, folder, *names):
     folder = os.path.abspath(folder)
     os.makedirs(folder, exist_ok=True)
     taken = []
-    with Desktop() as desktop:
+    with Desktop(WORKPLACE) as desktop:
         program = Zorvane(desktop, os.path.abspath(programs))
 
-        def visit(name, _window):
+        def visit(name, window):
             if not names or name in names:
-                take(desktop, os.path.join(folder, name + ".png"))
+                take(desktop, os.path.join(folder, name + ".png"), window)
                 taken.append(name)
         tour.take_all(program, visit)
+        tour.in_the_tray(program, visit)
     missing = set(names) - set(taken)
     assert not missing, f"no such pictures: {missing}"
 

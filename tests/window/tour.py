@@ -3,16 +3,17 @@
 `take_all(program, visit)` calls `visit(name, window)` at each stop; `window` is the accessible that is then in front.
 """
 import os
+import re
 import shutil
 
 from driver.accessible import Table
-from driver.tray import Tray
+from driver.tray import Tray, listed_windows
 from driver.waiting import Vanished, expect, wait_for
 
 MODEL = "KVRT207D"
 OUTPUTS, CHANNELS, REGULATION, TIMERS, MEASUREMENTS = 1, 2, 3, 4, 5
 VALUE, REMARK = 1, 2
-OLD_REGISTER, SILENT_REGISTER = 251, 330
+WRONG_REGISTER = 251
 
 
 def with_controller(program, *options, name="controller", **port):
@@ -23,7 +24,7 @@ def with_controller(program, *options, name="controller", **port):
     return controller
 
 
-def opened(program, width=640, height=600):
+def opened(program, width=820, height=560):
     """The program with the example document, at a size at which its first fields need no scrolling."""
     path = program.document()
     program.start()
@@ -33,9 +34,26 @@ def opened(program, width=640, height=600):
     return path
 
 
-def resize(program, width, height):
+def resize(program, width, height, window=None):
     program.hands.place_window(60, 60, width, height)
-    wait_for("the window's new size", lambda: program.window.rectangle[2:] == (width, height))
+    wait_for("the window's new size", lambda: (window or program.window).rectangle[2:] == (width, height))
+
+
+def _names_only(dialog):
+    """Without the columns of sizes and dates, which differ from run to run."""
+    dialog.part.find(role="push button", name="List View").press()
+
+
+def _enter_folder(program, dialog, folder):
+    """Goes to a folder by typing it, as if it were a file."""
+    field = dialog.part.find(role="text")
+    program.hands.chord(["alt"], "n")
+    expect("the focus on the file's name", lambda: "focused" in field.states, True)
+    program.hands.write(folder)
+    program.hands.keys("Return")
+    # The list that offers files while one types would lie over the types.
+    program.hands.keys("ctrl+a", "BackSpace")
+    wait_for("the folder's file", lambda: dialog.part.find(role="list item", name="site7.kvrt207d"))
 
 
 def preview_of(program, title):
@@ -63,6 +81,10 @@ def at_rest(program, visit):
     visit("start", program.window)
     program.choose("File", "Open...")
     dialog = program.dialog("CommonDialog")
+    dialog.choose_type("KVRT207D Configuration (*.KVRT207D)")
+    resize(program, 620, 360, dialog.part)
+    _names_only(dialog)
+    _enter_folder(program, dialog, os.path.dirname(program.document()))
     visit("open", dialog.part)
     dialog.answer("Cancel")
     finish(program)
@@ -73,6 +95,10 @@ def at_rest(program, visit):
     visit("document", program.window)
     program.choose("File", "Save As...")
     dialog = program.dialog("CommonDialog")
+    resize(program, 620, 340, dialog.part)
+    _names_only(dialog)
+    program.hands.chord(["alt"], "n")
+    program.hands.write("site8")
     visit("save_as", dialog.part)
     dialog.answer("Cancel")
     for name, entry, given_name, button in (
@@ -120,15 +146,15 @@ def at_rest(program, visit):
 
     program.choose("File", "Print...", "Print All...")
     window = preview_of(program, "Preview Print All Pages")
-    program.hands.place_window(60, 60, 900, 700)
-    expect("the preview's size", lambda: window.rectangle[2:], (900, 700))
+    resize(program, 900, 700, window)
     visit("preview", window)
     window.find(role="push button", name="Export...").press()
     dialog = program.dialog("CommonDialog")
+    resize(program, 620, 340, dialog.part)
+    _names_only(dialog)
+    program.hands.chord(["alt"], "n")
+    program.hands.write("site7")
     visit("export", dialog.part)
-    dialog.answer("Cancel")
-    window.find(role="push button", name="Font Size...").press()
-    dialog = program.dialog("FontDialog")
     dialog.answer("Cancel")
     program.hands.keys("Escape")
     finish(program)
@@ -157,7 +183,7 @@ def recovering(program, visit):
 
 def on_the_line(program, visit):
     """Transfers, live values, live writes, a lost link."""
-    controller = with_controller(program, "--pace", "4800", "--fault", f"wrong-echo@{OLD_REGISTER}")
+    controller = with_controller(program, "--pace", "4800", "--fault", f"wrong-echo@{WRONG_REGISTER}")
     opened(program)
     program.choose("Communication", "Upload to PC")
     progress = program.dialog("Porcentaje")
@@ -174,7 +200,10 @@ def on_the_line(program, visit):
     monitor = program.dialog("ModbusMonitor").part
     table = Table(monitor.find(role="table"))
     wait_for("rows in the monitor", lambda: table.row_count >= 12)
+    resize(program, 1000, 420, monitor)
     monitor.named("BOT_Pause").toggle()
+    program.hands.keys("Tab", "Tab", "Tab", "Tab", "Home", "Down")
+    wait_for("the bytes of a row", lambda: monitor.named("TXT_Bytes").text)
     visit("monitor", monitor)
     program.hands.keys("alt+F4")
     wait_for("the main window", lambda: "active" in program.window.states)
@@ -229,15 +258,51 @@ def without_answer(program, visit):
 
 
 def in_the_tray(program, visit):
+    """A right click on the icon of a window that is away."""
     tray = Tray(program.desktop)
     opened(program)
     program.choose("Windows", "Minimize to tray")
     wait_for("the icon", tray.icon)
-    visit("in_tray", program.window)
+    program.choose("Windows", "Minimize")
+    expect("windows that the window manager knows", lambda: listed_windows(program.desktop), [])
+    tray.open_menu()
+    visit("tray", None)
+    program.hands.keys("Escape")
     finish(program)
 
 
-PARTS = (at_rest, recovering, on_the_line, with_records, without_answer)
+def menus(program, visit):
+    """Each menu of an open document, pulled down."""
+    opened(program)
+    for letter, caption in (("f", "File"), ("c", "Communication"), ("v", "View"), ("w", "Windows"), ("h", "Help")):
+        program.hands.chord(["alt"], letter)
+        entry = program.window.find(role="menu bar").find(role="menu item", name=caption)
+        wait_for(f"the menu {caption}", lambda: entry.children[0].is_shown)
+        visit("menu_" + caption.lower(), entry.children[0])
+        program.hands.keys("Escape", "Escape")
+    finish(program)
+
+
+def long_report(program, visit):
+    """A table so long that its report takes a while."""
+    template = program.template(MODEL)
+    with open(template, "rb") as file:
+        text = file.read()
+    with open(template, "wb") as file:
+        file.write(re.sub(rb"(FIELD_\d_RC)=\d+", rb"\1=30000", text))
+    opened(program)
+    program.expect_field(TIMERS)
+    program.choose("File", "Print...", "Print All...")
+    wait_for("the busy form", lambda: program.has_dialog("Mensaje"))
+    form = next(child for child in program.root.children if child.description == "Mensaje")
+    visit("busy", form)
+    form.find(role="push button").press()
+    finish(program)
+    with open(template, "wb") as file:
+        file.write(text)
+
+
+PARTS = (at_rest, menus, long_report, recovering, on_the_line, with_records, without_answer)
 
 
 def take_all(program, visit):

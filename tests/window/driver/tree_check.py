@@ -25,6 +25,8 @@ def name_of(control):
 
 def window_faults(window):
     """What is wrong in a window, a line each."""
+    if window.role == "popup menu":
+        return [fault for entry in window.children for fault in part_faults(entry)]
     faults = []
     if window.role not in WINDOWS:
         faults.append(f"the window has the role {window.role!r}")

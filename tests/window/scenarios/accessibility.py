@@ -87,3 +87,10 @@ def an_unreachable_cell_tells_its_text_too(program):
     expect("the grid's texts", lambda: Table(program.settings.table).texts(),
            program.terminal.settings(template, path, 3))
     assert Table(program.settings.table).headings() == program.terminal.headings(template, path, 3)
+
+
+def menus_and_the_busy_form(program):
+    _tell_all(program, tour.menus, ["menu_file", "menu_communication", "menu_view", "menu_windows", "menu_help"])
+    listener = Listener(program)
+    tour.long_report(program, listener)
+    assert listener.faults == [], listener.faults
