@@ -12,10 +12,13 @@ TEXT_FILE = "Text File(*.txt) (*.rtf)"
 SEEN_PIXELS = 20  # a focus of fewer different pixels would hardly be noticed
 
 
-def _menu(program, *letters):
-    """Alt and the menu's letter, then the letters of the entries."""
-    program.hands.chord(["alt"], letters[0])
-    program.hands.keys(*letters[1:])
+def _menu(program, menu, letter):
+    """Alt and the menu's letter, then the letter of an entry."""
+    wait_for("the main window", lambda: "active" in program.window.states)
+    pulled_down = program.entry(menu).children[0]
+    program.hands.chord(["alt"], menu[0].lower())
+    wait_for(f"the menu {menu}", lambda: pulled_down.is_shown)
+    program.hands.keys(letter)
 
 
 def _to_cell(program, row, column):
@@ -73,7 +76,7 @@ def the_main_job_from_start_to_end(program):
         _choose_file(program, path)
         program.expect_title("site7.kvrt207d - Zorvane")
 
-        _menu(program, "c", "p")
+        _menu(program, "Communication", "p")
         port = program.dialog("PortSettings")
         program.hands.keys("ctrl+a")
         program.hands.write("Simulated controller")
@@ -91,8 +94,9 @@ def the_main_job_from_start_to_end(program):
         program.hands.write("Trip")
         program.hands.keys("Return")
         program.expect_cell(0, VALUE, "Trip")
+        program.expect_focus_in_settings()
 
-        _menu(program, "c", "d")
+        _menu(program, "Communication", "d")
         program.expect_panel(2, "Download")
         program.expect_panel(4, "Ready")
         expect("the progress form is shown", lambda: program.has_dialog("Porcentaje"), False)
@@ -102,7 +106,7 @@ def the_main_job_from_start_to_end(program):
         program.hands.keys("Escape")
         form.wait_until_gone()
 
-        _menu(program, "c", "u")
+        _menu(program, "Communication", "u")
         program.expect_panel(2, "Online")
         expect("the progress form is shown", lambda: program.has_dialog("Porcentaje"), False)
         _select(program, MEASUREMENTS)
@@ -112,7 +116,7 @@ def the_main_job_from_start_to_end(program):
         program.expect_cell(0, VALUE, "1200")
         _type_value(program, 0, "1250")
         program.expect_panel(4, "Write: 1250 @250 ...Completed")
-        _menu(program, "c", "i")
+        _menu(program, "Communication", "i")
         program.expect_panel(2, "Offline")
 
         program.hands.keys("ctrl+p")
@@ -187,7 +191,7 @@ def the_focus_can_be_seen(program):
         _seen(program, opened, close, "chosen entry of the menu")
         program.hands.keys("Escape", "Escape")
 
-        _menu(program, "v", "f")
+        _menu(program, "View", "f")
         dialog = program.dialog("FontDialog")
         for name in ("OKButton", "CancelButton"):
             button = dialog.part.named(name)
