@@ -72,7 +72,7 @@ Report_Parts::Report_Parts(const App_Context& app, Window_Frame& frame, Event_Ed
                 {metrics_, presentTime, toCore(frame.window().FLX_Configuration().view().font().family()),
                  exporters_,
                  [](const std::string& path, const std::string& bytes) {
-                     writeByteFile(pathToNative(path), bytes);
+                     writeByteFile(pathToNative(Native_Files().found(path)), bytes);
                  }}),
       log_(*this, metrics_, presentTime) {
     prompts.pageSetup = [](Page_Setup_Dialog& dialog) { return dialog.exec() == QDialog::Accepted; };

@@ -314,6 +314,16 @@ TEST_F(Window_Reports, AnExistingFileIsAskedAbout) {
     EXPECT_THAT(text("a.txt"), HasSubstr("Description: Output Setup"));
 }
 
+TEST_F(Window_Reports, AFileInOtherLettersIsTheOneOverwritten) {
+    startReports();
+    choose("MNU_PrintAll");
+    put("REPORT.TXT", "old");
+    exportTo("report.txt", 4);
+    EXPECT_THAT(questions, ElementsAre("File " + path("report.txt") + " exist overwrite it?"));
+    EXPECT_THAT(text("REPORT.TXT"), HasSubstr("Description: Output Setup"));
+    EXPECT_FALSE(std::filesystem::exists(path("report.txt")));
+}
+
 TEST_F(Window_Reports, ACancelledOrImpossibleExportSaysNothing) {
     startReports();
     choose("MNU_PrintAll");
