@@ -94,7 +94,7 @@ class Rtf_Export {
 
     [[nodiscard]] std::string header() const {
         return "{\\header\\pard\\plain" + rightEdge() + "\\brdrb\\brdrs\\f0\\fs17 " +
-               escaped(content_.title) + "\\tab Page: \\chpgn  / {\\field{\\*\\fldinst NUMPAGES}}\\par}\n";
+               escaped(content_.title) + "\\tab Page:  \\chpgn  / {\\field{\\*\\fldinst NUMPAGES}}\\par}\n";
     }
 
     [[nodiscard]] std::string footer() const {
