@@ -110,6 +110,17 @@ TEST_F(Window_Reports, EntriesFollowTheDocumentAndTheOpenPreviews) {
     EXPECT_EQ(commands().PrintGrid(), nullptr);
 }
 
+TEST_F(Window_Reports, AnotherDocumentLeavesTheEntryOfAnOpenPreviewDisabled) {
+    startReports();
+    choose("MNU_PrintPage");
+    open("app/EXAMPLE.KVRT100");
+    ASSERT_NE(commands().PrintGrid(), nullptr);
+    EXPECT_TRUE(enabled("MNU_Print"));
+    EXPECT_FALSE(enabled("MNU_PrintPage"));
+    oneWindow()->close();
+    EXPECT_TRUE(enabled("MNU_PrintPage"));
+}
+
 TEST_F(Window_Reports, ThePreviewShowsAllFieldsAsAWholePage) {
     startReports();
     choose("MNU_PrintAll");
