@@ -254,6 +254,14 @@ TEST_F(PrintCommands, MarginsAreReadUnderTheKeysAsTheyHaveAlwaysBeenSpelt) {
     EXPECT_EQ(settings.texts["Zorvane/Settings/PrintbottonMargin"], "1440");
 }
 
+TEST_F(PrintCommands, AMarginBeyondSinglePrecisionIsLeftAside) {
+    settings.texts["Zorvane/Settings/PrinttopMargin"] = "1e400";
+    settings.texts["Zorvane/Settings/PrintbottonMargin"] = "-1e39";
+    print.LoadSettingsPrint();
+    EXPECT_EQ(print.Report_Setup().PageSettings.TopMargin, 1440);
+    EXPECT_EQ(print.Report_Setup().PageSettings.BottomMargin, 1440);
+}
+
 TEST_F(PrintCommands, ANewPreviewCopiesTheSetUp) {
     confirm(1000);
     print.MNU_PageSetup_Click();
