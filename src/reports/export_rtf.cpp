@@ -84,7 +84,8 @@ class Rtf_Export {
         const Page_Settings& sheet = content_.paper;
         return "\\paperw" + number(sheet.PaperWidth) + "\\paperh" + number(sheet.PaperHeight) + "\\margl" +
                number(sheet.LeftMargin) + "\\margr" + number(sheet.RightMargin) + "\\margt" +
-               number(sheet.TopMargin) + "\\margb" + number(sheet.BottomMargin) + "\n";
+               number(sheet.TopMargin) + "\\margb" + number(sheet.BottomMargin) +
+               (sheet.PaperWidth > sheet.PaperHeight ? "\\landscape" : "") + "\n";
     }
 
     [[nodiscard]] std::string rightEdge() const {

@@ -26,6 +26,14 @@ TEST_F(Export_Rtf, HasPaperHeaderAndFooter) {
     EXPECT_THAT(rtf, HasSubstr(" /SITE/SITE7.ABC\\tab 11/21/2026  9:05\\par}\n"));
 }
 
+TEST_F(Export_Rtf, APaperLyingAcrossIsSaidToBe) {
+    MainRepKVRT report(sources(), clock, host);
+    std::swap(report.PageSettings.PaperWidth, report.PageSettings.PaperHeight);
+    EXPECT_THAT(
+        exportRtf(contentOf(report)),
+        HasSubstr("\\paperw15840\\paperh12240\\margl1440\\margr1440\\margt1440\\margb1440\\landscape\n"));
+}
+
 TEST_F(Export_Rtf, WritesATableWhoseHeadingsComeAgain) {
     document.Field_Count = 1;
     const std::string rtf = exported();
