@@ -41,9 +41,8 @@ TEST_F(Content, AColumnOfNegativeWidthKeepsItsPlaceInTheTable) {
     document.Field_Count = 1;
     document.Fields(1).Cells(0, 1).Width = -1;
     MainRepKVRT report(sources(), clock, host);
-    EXPECT_THAT(linesOf(contentOf(report)),
-                ElementsAre("Line Description:|Inputs", "Line Edits:||Comments:|", "Heading Name|Level",
-                            "Row low|10", "Row high|20"));
+    EXPECT_THAT(linesOf(contentOf(report)), ElementsAre("Line Description:|Inputs", "Line Edits:||Comments:|",
+                                                        "Heading Name|Level", "Row low|10", "Row high|20"));
 }
 
 TEST_F(Content, OfALog) {
