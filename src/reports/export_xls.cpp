@@ -159,7 +159,10 @@ class Workbook {
 
     void writeSheet(const Sheet_Room& room, const std::string& cells, bool selected) {
         constexpr std::uint32_t worksheet = 0x0010;
+        constexpr std::uint32_t automatic = 1;
         stream_.record(Biff::Bof, beginOfStream(worksheet));
+        // A sheet may begin with its page header, but then LibreOffice passes over it.
+        stream_.record(Biff::CalcMode, Biff_Bytes().u16(automatic));
         writePage();
         writeColumns(room);
         Biff_Bytes dimensions;

@@ -32,6 +32,15 @@ TEST_F(Export_Xls, HasThePagesHeaderAndFooter) {
     EXPECT_THAT(workbook, HasSubstr(toUtf16("&L/SITE/SITE7.ABC&R11/21/2026  9:05")));
 }
 
+TEST_F(Export_Xls, NoSheetBeginsWithItsPageHeader) {
+    // LibreOffice passes over the first record of a sheet when it is the page header.
+    constexpr std::uint32_t worksheet = 0x0010;
+    const std::string workbook = exported({});
+    const std::size_t kind = workbook.rfind(Biff_Bytes().u16(0x0600).u16(worksheet).bytes());
+    ASSERT_NE(kind, std::string::npos);
+    EXPECT_EQ(workbook.substr(kind + 16, 2), Biff_Bytes().u16(0x000D).bytes());
+}
+
 TEST_F(Export_Xls, PrintsOnThePaperOfThePageSetUp) {
     Page_Settings page;
     EXPECT_THAT(exported(page), HasSubstr(setUp(1, 2)));
