@@ -95,7 +95,9 @@ class Rtf_Export {
 
     [[nodiscard]] std::string header() const {
         return "{\\header\\pard\\plain" + rightEdge() + "\\brdrb\\brdrs\\f0\\fs17 " +
-               escaped(content_.title) + "\\tab Page:  \\chpgn  / {\\field{\\*\\fldinst NUMPAGES}}\\par}\n";
+               escaped(content_.title) +
+               "\\tab Page:  \\chpgn  / {\\field{\\*\\fldinst {\\f0\\fs17 NUMPAGES}}{\\fldrslt {\\f0\\fs17 "
+               "1}}}\\par}\n";
     }
 
     [[nodiscard]] std::string footer() const {
