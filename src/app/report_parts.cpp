@@ -172,6 +172,7 @@ void Report_Parts::releasePreview(const MainRepKVRT& report) {
     const auto found = previews_.find(&report);
     if (found == previews_.end()) return;
     Preview_Window* shown = found->second.window;
+    if (QDialog* dialog = found->second.fontDialog) dialog->close(); // it still speaks of the report
     previews_.erase(found);
     if (shown == nullptr) return;
     shown->events = {};

@@ -253,6 +253,16 @@ TEST_F(Window_Reports, ThePreviewsOwnFontDialogChangesOnlyThatPreview) {
     EXPECT_EQ(stored("Settings", "FontSize"), "");
 }
 
+TEST_F(Window_Reports, APreviewTakesItsFontDialogAlong) {
+    startReports();
+    choose("MNU_PrintAll");
+    click(*allWindow(), 4);
+    const QPointer<QDialog> dialog = allWindow()->findChild<QDialog*>("FontDialog");
+    ASSERT_TRUE(dialog && dialog->isVisible());
+    allWindow()->close();
+    EXPECT_FALSE(dialog && dialog->isVisible());
+}
+
 TEST_F(Window_Reports, ClosingTheDocumentClosesThePreviews) {
     startReports();
     choose("MNU_PrintAll");
