@@ -8,8 +8,8 @@
 namespace zorvane {
 
 /// Reads the four stored values of a window, `current` standing in for those that were never stored. One that
-/// isn't a number, a negative size or a place beyond the screen puts all four to the fallback. A number
-/// beyond single precision is failure 6.
+/// isn't a number, a negative size or a place beyond the screen puts all four to the fallback. Any other
+/// number beyond single precision is failure 6.
 [[nodiscard]] Window_Rectangle storedRectangle(Settings_Store& store, const std::string& section,
                                                const Window_Rectangle& current,
                                                const Window_Rectangle& screen);
