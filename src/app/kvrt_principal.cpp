@@ -140,6 +140,8 @@ void KVRT_Principal::start() {
     clock_.start();
     edge_.run([this] {
         Form_Load(app_);
+        if (const auto& place = form_.Monitor_Place)
+            line_.windows().rememberMonitorPlace({(*place)[0], (*place)[1], (*place)[2], (*place)[3]});
         reports_.commands().LoadSettingsPrint();
         frame_.setTimerEnabled(Timer_Name::TMR_Abre_ZTP, true);
         frame_.setTimerEnabled(Timer_Name::TMR_Inicial_ZTP, true);

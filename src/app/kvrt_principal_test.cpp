@@ -362,6 +362,17 @@ TEST_F(Window_Exit, AStoredTopOfAbcGivesTheFallbackPlace) {
     EXPECT_EQ(program->frame().formRectangle(), (Window_Rectangle{3075, 3210, 6990, 7380}));
 }
 
+TEST_F(Window_Exit, AMonitorThatWasntOpenedKeepsItsStoredPlace) {
+    put("settings.conf", "[ModbusDialog]\nTop=1000\nLeft=2000\nWidth=12000\nHeight=6000\n");
+    start();
+    choose("MNU_Exit");
+    const auto stored = [this](const char* key) {
+        return program->app().settings.GetSetting("Zorvane", "ModbusDialog", key, "none");
+    };
+    EXPECT_EQ(Words({stored("Top"), stored("Left"), stored("Width"), stored("Height")}),
+              (Words{"1000", "2000", "12000", "6000"}));
+}
+
 TEST_F(Window_Exit, AnExitInTheMiddleOfAWaitUnwindsIt) {
     start();
     bool wentOn = false;
