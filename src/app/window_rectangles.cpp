@@ -74,4 +74,9 @@ void storeRectangle(Settings_Store& store, const std::string& section, const Win
         store.SaveSetting(applicationTitle, section, key, singleText(place.*member));
 }
 
+void storeWholeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place) {
+    for (const auto& [key, member] : rectangleKeys)
+        store.SaveSetting(applicationTitle, section, key, numberText(toLong(place.*member)));
+}
+
 } // namespace zorvane

@@ -20,8 +20,11 @@ namespace zorvane {
 /// The rectangle in place of one that can't be used.
 inline constexpr Window_Rectangle fallbackRectangle{3075, 3210, 6990, 7380};
 
-/// Writes a window's four values as text.
+/// Writes a window's four values as text of single precision.
 void storeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place);
+
+/// Writes a window's four values as text of whole numbers.
+void storeWholeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place);
 
 /// A number of single precision as the store keeps it.
 [[nodiscard]] std::string singleText(double value);

@@ -120,9 +120,17 @@ TEST_F(WindowRectangles, AreStoredAsTextOfSinglePrecision) {
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/Top"], "1309.091");
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/Left"], "0.1");
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/Width"], "12345680");
-    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Top"], "22");
-    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Height"], "44");
     EXPECT_FALSE(settings.texts.contains("Zorvane/PrintDialog/Top"));
+}
+
+TEST_F(WindowRectangles, TheMonitorsIsStoredAsTextOfWholeNumbers) {
+    link.monitorLeft = 123456789;
+    link.monitorTop = -22;
+    PRO_Guarda_Ventanas(app);
+    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Left"], "123456789");
+    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Top"], "-22");
+    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Width"], "33");
+    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Height"], "44");
 }
 
 } // namespace
