@@ -18,7 +18,6 @@
 #include <QCursor>
 #include <QDateTime>
 #include <QFileInfo>
-#include <QPlainTextEdit>
 #include <QStandardPaths>
 
 namespace zorvane {
@@ -129,7 +128,7 @@ void KVRT_Principal::connectLink() {
     link().onExchange([this](const std::string& line1, const std::string& line2) {
         edge_.run([&] {
             const Debug_Line debug = [this](const std::string& line) {
-                frame_.FrmDebug().EDT_Prueba().appendPlainText(fromCore(line));
+                frame_.FrmDebug().addLine(fromCore(line));
             };
             modbus_control_Event10(form_, debug, line1, line2);
         });
