@@ -3,7 +3,9 @@
 #include "app/testing/program_fixture.h"
 #include "ui/msgb.h"
 
+#include <QCheckBox>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
@@ -183,6 +185,21 @@ TEST_F(Window_Documents, TheReadOnlyTickWorksAlsoAfterSaveAs) {
     open("site7.KVRT207D");
     EXPECT_EQ(panel(1), "READ ONLY");
     EXPECT_TRUE(enabled("MNU_Saveas"));
+}
+
+TEST_F(Window_Documents, ATickForOneFileIsNoneForTheNext) {
+    readOnlyTicked = true;
+    startWith("site7.KVRT207D");
+    ASSERT_EQ(panel(1), "READ ONLY");
+    bool ticked = true;
+    program->frame().dialog().run = [this, &ticked](QFileDialog& dialog) {
+        ticked = dialog.findChild<QCheckBox*>("CHK_ReadOnly")->isChecked();
+        dialog.selectFile(QString::fromStdString(path("site7.KVRT207D")));
+        return true;
+    };
+    choose("MNU_Open");
+    EXPECT_FALSE(ticked);
+    EXPECT_EQ(panel(1), "");
 }
 
 TEST_F(Window_Documents, AReadOnlyDocumentRefusesEveryEdit) {
