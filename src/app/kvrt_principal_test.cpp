@@ -3,7 +3,9 @@
 #include "app/testing/program_fixture.h"
 #include "ui/msgb.h"
 
+#include <QCheckBox>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
@@ -185,6 +187,21 @@ TEST_F(Window_Documents, TheReadOnlyTickWorksAlsoAfterSaveAs) {
     EXPECT_TRUE(enabled("MNU_Saveas"));
 }
 
+TEST_F(Window_Documents, ATickForOneFileIsNoneForTheNext) {
+    readOnlyTicked = true;
+    startWith("site7.KVRT207D");
+    ASSERT_EQ(panel(1), "READ ONLY");
+    bool ticked = true;
+    program->frame().dialog().run = [this, &ticked](QFileDialog& dialog) {
+        ticked = dialog.findChild<QCheckBox*>("CHK_ReadOnly")->isChecked();
+        dialog.selectFile(QString::fromStdString(path("site7.KVRT207D")));
+        return true;
+    };
+    choose("MNU_Open");
+    EXPECT_FALSE(ticked);
+    EXPECT_EQ(panel(1), "");
+}
+
 TEST_F(Window_Documents, AReadOnlyDocumentRefusesEveryEdit) {
     readOnlyTicked = true;
     startWith("site7.KVRT207D");
@@ -360,6 +377,17 @@ TEST_F(Window_Exit, AStoredTopOfAbcGivesTheFallbackPlace) {
     put("settings.conf", "[MainWindow]\nTop=abc\nLeft=1\nWidth=9000\nHeight=9000\n");
     start();
     EXPECT_EQ(program->frame().formRectangle(), (Window_Rectangle{3075, 3210, 6990, 7380}));
+}
+
+TEST_F(Window_Exit, AMonitorThatWasntOpenedKeepsItsStoredPlace) {
+    put("settings.conf", "[ModbusDialog]\nTop=1000\nLeft=2000\nWidth=12000\nHeight=6000\n");
+    start();
+    choose("MNU_Exit");
+    const auto stored = [this](const char* key) {
+        return program->app().settings.GetSetting("Zorvane", "ModbusDialog", key, "none");
+    };
+    EXPECT_EQ(Words({stored("Top"), stored("Left"), stored("Width"), stored("Height")}),
+              (Words{"1000", "2000", "12000", "6000"}));
 }
 
 TEST_F(Window_Exit, AnExitInTheMiddleOfAWaitUnwindsIt) {

@@ -168,6 +168,17 @@ TEST(Frm_Debug_Test, HidesWhenItIsClosed) {
     EXPECT_EQ(form.EDT_Prueba().toPlainText(), "kept");
 }
 
+TEST(Frm_Debug_Test, EachLineThatArrivesEndsTheTextWithItsLineEnd) {
+    Frm_Debug form(nullptr);
+    form.addLine("Tx: 01 03");
+    EXPECT_EQ(form.EDT_Prueba().toPlainText(), "Tx: 01 03\n");
+    form.addLine("Rx: 01 03");
+    EXPECT_EQ(form.EDT_Prueba().toPlainText(), "Tx: 01 03\nRx: 01 03\n");
+    form.EDT_Prueba().setPlainText("typed");
+    form.addLine("Tx");
+    EXPECT_EQ(form.EDT_Prueba().toPlainText(), "typedTx\n") << "behind whatever stands there";
+}
+
 /// The progress form, and what its Cancel button does in order.
 class Porcentaje_Test : public testing::Test {
   protected:
