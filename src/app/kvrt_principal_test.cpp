@@ -398,6 +398,10 @@ TEST_F(Window_Exit, AFailureOutsideOfACommitKeepsACopyAndEndsTheProgram) {
     EXPECT_THAT(messages,
                 ElementsAre(Shown_Message{"Run-time error '9': Subscript out of range", 16, "Zorvane"}));
     EXPECT_EQ(program->frame().exitCode(), 1);
+    std::vector<std::string> copies;
+    for (const auto& entry : std::filesystem::directory_iterator(path("recovery")))
+        copies.push_back(text("recovery/" + entry.path().filename().string()));
+    EXPECT_THAT(copies, ElementsAre(testing::HasSubstr(";kept=run-time error\r\n")));
 }
 
 class Window_Recovery : public Window_Exit {};

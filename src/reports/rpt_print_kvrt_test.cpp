@@ -48,6 +48,15 @@ TEST_F(Sub_Report, PrintsHeadRowsAndFoot) {
     EXPECT_EQ(printed.bands[3].height, 1020);
 }
 
+TEST_F(Sub_Report, HasItsDesignUntilItRuns) {
+    EXPECT_EQ(report.Caption, "Printing Report...");
+    EXPECT_EQ(report.PrintWidth, 10635);
+    const auto designed = [this](const char* name) { return report.GroupHeader1.Controls(name).Caption; };
+    EXPECT_EQ(designed("FldEdits"), "Yes");
+    EXPECT_EQ(designed("Fldcomments"), "none comentaries");
+    EXPECT_EQ(designed("FldDescription"), "Channel Setup");
+}
+
 TEST_F(Sub_Report, TheHeadMakesRoomForItsTexts) {
     report.FontSize = 10;
     report.Window.Width = 9000;

@@ -59,6 +59,8 @@ struct Frm_Status_Test : ::testing::Test, doubles::Comm_Bench {
         status.Status()->OpenFile.FilterIndex = filter;
         status.Status()->OpenFile.run = [name](QFileDialog& dialog) {
             EXPECT_EQ(dialog.windowTitle(), "Save Modbus Monitor log as...");
+            EXPECT_EQ(dialog.nameFilters(), (QStringList{"Modbus Monitor Log file (*.log)",
+                                                         "Modbus Monitor Log RTF file (*.rtf)"}));
             dialog.show();
             auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
             edit->setText(name);

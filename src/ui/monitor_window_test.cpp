@@ -157,7 +157,17 @@ TEST_F(Monitor_Window_Test, SavesAsText) {
 
 TEST_F(Monitor_Window_Test, AFileThatCantBeWrittenIsTold) {
     const QTemporaryDir folder;
-    EXPECT_FALSE(window.save(folder.filePath("missing/monitor.txt")));
+    const QString path = folder.filePath("missing/monitor.txt");
+    window.OpenFile.run = [&path](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Save the monitor as...");
+        EXPECT_EQ(dialog.nameFilters(), QStringList{"Text with tabs (*.txt)"});
+        dialog.show();
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+        return true;
+    };
+    press("BOT_Save");
+    EXPECT_EQ(asked,
+              QStringList{"The file can't be written:\n" + path + "\n\nChoose another folder or name."});
 }
 
 TEST_F(Monitor_Window_Test, FollowsTheEndUnlessTheUserScrolledAway) {
