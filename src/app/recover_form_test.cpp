@@ -55,11 +55,13 @@ TEST_F(Recover_Form_Test, ListsTimeNameModelAndReason) {
                             "Kept because", "changed"}));
     EXPECT_EQ(table().rowCount(), 2);
     EXPECT_EQ(form.windowTitle(), "Recover");
-    EXPECT_EQ(
-        named<QLabel>("LBL_Words").text(),
-        "Documents with changes that were not saved. A copy opens as a document of its own; save it where "
-        "you want it.");
     EXPECT_EQ(form.accessibleDescription(), "FrmRecover");
+    EXPECT_EQ(table().accessibleName(), "Recovery copies");
+    EXPECT_EQ(
+        doubles::captions(form),
+        (Words{"Documents with changes that were not saved. A copy opens as a document of its own; save it "
+               "where you want it.",
+               "&Delete", "&Open", "Cancel"}));
 }
 
 TEST_F(Recover_Form_Test, IsUsableByKeyboardAndScreenReader) {

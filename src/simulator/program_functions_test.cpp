@@ -221,6 +221,13 @@ TEST_F(Program_Test, SaysWhyItCanNotStart) {
     EXPECT_EQ(waitForEnd().exitCode, 2);
 }
 
+TEST_F(Program_Test, GoesOnWithoutItsLogWhenThatIsFull) {
+    startBare({"--template", path("T.ZTP"), "--pty", link(), "--log", "/dev/full"});
+    waitUntilReady();
+    EXPECT_EQ(Master(link()).read(100, 2), (Words{1000, 1001}));
+    EXPECT_EQ(end(SIGTERM).complaints, "zorvane-sim: the log can't be written any more\n");
+}
+
 TEST_F(Program_Test, ServesASerialPortUntilItGoes) {
     Unique_Fd master(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
     ASSERT_EQ(::unlockpt(master.get()), 0);

@@ -261,6 +261,7 @@ TEST(Mensaje_Test, HasTheDesignSizes) {
     EXPECT_EQ(busy.windowTitle(), "Processing Information ...");
     EXPECT_EQ(named<QWidget>(busy, "Frame1").geometry(), twips(60, 60, 6015, 855));
     EXPECT_EQ(named<QLabel>(busy, "Label1").geometry(), twips(150, 300, 5655, 495));
+    EXPECT_EQ(named<QLabel>(busy, "TXT_Mensaje").text(), "Please wait");
     EXPECT_TRUE(named<QLabel>(busy, "TXT_Mensaje").font().bold());
     EXPECT_TRUE(busy.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     EXPECT_TRUE(busy.testAttribute(Qt::WA_ShowWithoutActivating));

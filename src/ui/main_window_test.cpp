@@ -85,6 +85,10 @@ TEST_F(Main_Window_Test, NamesEveryControl) {
 }
 
 TEST_F(Main_Window_Test, HasTheMenus) {
+    std::vector<std::string> titles;
+    for (const QAction* entry : window.menuBar()->actions())
+        titles.push_back(entry->text().toStdString());
+    EXPECT_EQ(titles, (std::vector<std::string>{"&File", "&Communication", "&View", "&Windows", "&Help"}));
     EXPECT_EQ(captionsOf(menuCalled("MNU_File")),
               "&Open... | &Close | Sa&ve | Save &As... | &Recover... | - | Pa&ge Setup... | &Print... | "
               "&Show grid  in report | - | E&xit");

@@ -71,6 +71,13 @@ TEST_F(Monitor_Window_Test, IsUsableByKeyboardAndScreenReader) {
     EXPECT_EQ(doubles::keyClashes(window), std::vector<std::string>{});
 }
 
+TEST_F(Monitor_Window_Test, SaysWhatItsPartsAre) {
+    EXPECT_EQ(doubles::captions(window),
+              (std::vector<std::string>{"&Pause", "C&lear", "&Copy", "&Save...", "0 rows"}));
+    EXPECT_EQ(at<QPlainTextEdit>("TXT_Bytes").accessibleName(), "Raw bytes");
+    EXPECT_EQ(at<QPlainTextEdit>("TXT_Bytes").placeholderText(), "Select a row to see its bytes.");
+}
+
 TEST_F(Monitor_Window_Test, ShowsExchangesAndTheBytesOfTheOneSelected) {
     report(3);
     EXPECT_EQ(window.model().rowCount(), 3);

@@ -1,4 +1,5 @@
 #include "ui/page_setup_dialog.h"
+#include "ui/testing/control_walk.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -36,6 +37,20 @@ TEST_F(PageSetup, ShowsWhatIsInForce) {
     open(false);
     EXPECT_EQ(named<QComboBox>("PaperSize").currentText(), "Letter (8.5 x 11 in)");
     EXPECT_EQ(named<QDoubleSpinBox>("LeftMargin").text(), "1.00 in");
+}
+
+TEST_F(PageSetup, SaysWhatEachSettingIs) {
+    open();
+    EXPECT_EQ(doubles::captions(*dialog),
+              (std::vector<std::string>{"Printer", "&Name:", "Paper", "&Size:", "&Portrait", "L&andscape",
+                                        "Orientation:", "Margins", "&Left:", "&Right:", "&Top:", "&Bottom:",
+                                        "The margins leave no room on the paper.", "OK", "Cancel"}));
+    EXPECT_EQ(named<QComboBox>("Printer").itemText(0).toStdString(), "The desktop's own");
+    for (const auto& [name, words] :
+         {std::pair("PaperSize", "Paper size"), std::pair("LeftMargin", "Left margin"),
+          std::pair("RightMargin", "Right margin"), std::pair("TopMargin", "Top margin"),
+          std::pair("BottomMargin", "Bottom margin")})
+        EXPECT_EQ(named<QWidget>(name).accessibleName(), words);
 }
 
 TEST_F(PageSetup, WhatWasNotTouchedStaysExact) {
