@@ -98,6 +98,7 @@ TEST_F(Main_Window_Test, HasTheMenus) {
     EXPECT_EQ(captionsOf(menuCalled("MNU_View")), "&Font size...");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Windows")), "&Minimize | Ma&ximize | Minimize to &tray");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Help")), "&Index | &Brevik Online | Contact &Us  | &About");
+    EXPECT_EQ(window.menu().trayMenu().title(), "Tray");
     EXPECT_EQ(captionsOf(window.menu().trayMenu()), "All | Application Window | Monitor Window");
 }
 
