@@ -134,6 +134,22 @@ TEST_F(Bad_Start, ATemplateWithoutScanBlocksEndsTheProgramAtItsStart) {
     EXPECT_EQ(program->frame().exitCode(), 1);
 }
 
+TEST_F(Bad_Start, DownloadBlocksInTheDefaultTemplateEndTheProgramAtItsStart) {
+    put("app/kvrt.ztp", "[HARDWARE]\r\nDOWNLOAD_1_MULTIPLEREGISTERBLOCKNUMERIC=1-8\r\n"
+                        "[PORT_CONFIGURATION]\r\nHOLDINGREGISTERSBLOCK_1=1-8\r\n");
+    start();
+    EXPECT_THAT(messages,
+                ElementsAre(Shown_Message{"Run-time error '9': Subscript out of range", 16, "Zorvane"}));
+    EXPECT_EQ(program->frame().exitCode(), 1);
+}
+
+TEST_F(Bad_Start, TheSameTemplateWithoutDownloadBlocksStarts) {
+    put("app/kvrt.ztp", "[HARDWARE]\r\n[PORT_CONFIGURATION]\r\nHOLDINGREGISTERSBLOCK_1=1-8\r\n");
+    start();
+    EXPECT_THAT(messages, IsEmpty());
+    EXPECT_FALSE(program->edge().ended());
+}
+
 class Window_Documents : public Program_Fixture {
   protected:
     Window_Documents() {
@@ -410,6 +426,10 @@ TEST_F(Window_Exit, AFailureOutsideOfACommitKeepsACopyAndEndsTheProgram) {
     EXPECT_THAT(messages,
                 ElementsAre(Shown_Message{"Run-time error '9': Subscript out of range", 16, "Zorvane"}));
     EXPECT_EQ(program->frame().exitCode(), 1);
+    std::vector<std::string> copies;
+    for (const auto& entry : std::filesystem::directory_iterator(path("recovery")))
+        copies.push_back(text("recovery/" + entry.path().filename().string()));
+    EXPECT_THAT(copies, ElementsAre(testing::HasSubstr(";kept=run-time error\r\n")));
 }
 
 class Window_Recovery : public Window_Exit {};
