@@ -280,9 +280,17 @@ class Zorvane:
         wait_for("the open list", lambda: self.focus.owner.role in ("list", "list item"))
 
     def choose_entry(self, row, column, text):
-        """Chooses an entry of a list cell by typing its text."""
+        """Chooses an entry of a list cell by typing its text. A busy machine may serve two of the letters so far apart
+        that the search starts anew with the second: then they are typed once more."""
         self.open_list(row, column)
-        self.hands.write(text)
+        for last in (False, False, True):
+            self.hands.write(text)
+            try:
+                expect("the entry with the focus", lambda: self.focus.owner.name, text, deadline=3)
+                break
+            except AssertionError:
+                if last:
+                    raise
         self.hands.keys("Return")
 
 
