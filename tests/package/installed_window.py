@@ -38,7 +38,7 @@ def finds_the_administrator_s_model(program):
     dialog = program.dialog("CommonDialog")
     assert any("*.SITE9" in name for name in dialog.file_types()), dialog.file_types()
     dialog.choose_file(path, "Open")
-    program.expect_title("hall.SITE9 - Zorvane")
+    program.expect_title("hall.site9 - Zorvane")
 
 
 def keeps_settings_and_documents_with_the_user(program):
