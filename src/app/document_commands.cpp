@@ -25,6 +25,11 @@ void clearClosed(const App_Context& app) {
 
 std::string savingText(const std::string& name) { return "Saving file " + name + " ..."; }
 
+/// The document was closed or replaced while the panel told of its saving. Whatever came is left as it is.
+void forgetSaving(const App_Context& app, const std::string& name) {
+    if (app.frame.panel(Panel::Message) == savingText(name)) app.frame.setPanel(Panel::Message, "");
+}
+
 /// Widths that the user dragged reach the file through Save As only.
 void keepWidths(const App_Context& app) {
     Declara_Zorvane& document = app.document();
@@ -144,7 +149,9 @@ void MNU_Save_Click(const App_Context& app) {
     std::string result;
     PRO_Escribe_Archivo(document, app.files, document.File_Folder + name, result);
     const std::string saved = recoveryText(document);
+    const Document_Mark mark(document);
     app.frame.wait_ms(savingMs);
+    if (!mark.holds()) return forgetSaving(app, name);
     if (result.empty())
         settleCopy(app, saved);
     else

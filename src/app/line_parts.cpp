@@ -43,6 +43,7 @@ void Line_Parts::connect(const Form_Parts& parts, Transfer_Status_Window::Print_
                         [&edge = parts.edge](const std::function<void()>& handler) { edge.run(handler); }});
     frame_.extras.unloadFrmStatus = [this] { status_->unload(); };
     frame_.extras.formEnabledSet = [this] {
+        status_->setEnabled(frame_.window().formEnabled());
         QMetaObject::invokeMethod(
             &frame_.window().StatusBar1(), [this] { showLogButton(); }, Qt::QueuedConnection);
     };
