@@ -390,8 +390,9 @@ struct Orphaned_Download : Download {
     void expectDropped() {
         const auto& lines = journal.lines();
         const auto from = std::find(lines.begin(), lines.end(), "link StopScan");
-        EXPECT_THAT(std::vector(from, lines.end()), ElementsAre("link StopScan", "link ClosePort", "link EndSession",
-                                                 "Porcentaje unloaded", "form enabled"));
+        EXPECT_THAT(std::vector(from, lines.end()),
+                    ElementsAre("link StopScan", "link ClosePort", "link EndSession", "Porcentaje unloaded",
+                                "form enabled"));
         for (const std::string& before : std::vector(lines.begin(), from))
             EXPECT_EQ(before, "FLX_Settings tab stop on");
         EXPECT_FALSE(form.Download_Active);

@@ -327,9 +327,8 @@ TEST_F(Upload, AnUploadWhoseDocumentIsGoneIsDropped) {
     document.Fields.redim(highestField);
     addField(1, 1).Cells(1, 1).Address = "100";
     scanTo(2, false);
-    EXPECT_THAT(journal.lines(),
-                ElementsAre("TMR_Actualiza_valores off", "link StopScan", "link ClosePort", "link EndSession",
-                            "Porcentaje unloaded", "form enabled"));
+    EXPECT_THAT(journal.lines(), ElementsAre("TMR_Actualiza_valores off", "link StopScan", "link ClosePort",
+                                             "link EndSession", "Porcentaje unloaded", "form enabled"));
     EXPECT_FALSE(form.Upload_Active);
     EXPECT_FALSE(form.Comm_Active);
     EXPECT_THAT(form.Transfer_Errors, IsEmpty());

@@ -430,7 +430,8 @@ class Orphaned_Write_Test : public Live_Write_Test,
         EXPECT_FALSE(form.Dirty);
         EXPECT_EQ(writes(), std::vector<std::string>{});
         for (const std::string& line : journal.lines())
-            EXPECT_TRUE(line == "panel 4 = \"\"" || line == "wait 500 ms" || line == "FLX_Settings tab stop on")
+            EXPECT_TRUE(line == "panel 4 = \"\"" || line == "wait 500 ms" ||
+                        line == "FLX_Settings tab stop on")
                 << line;
         EXPECT_TRUE(ownLower.TabStop());
         EXPECT_EQ(ownLower.focusCalls(), focusBefore);
