@@ -16,6 +16,9 @@ constexpr Micros failedQuiet = 5 * microsPerMs;
 constexpr std::size_t tellingPieces = 8;
 /// The two ends' clocks may differ: a wait for bytes is shorter than reckoned by one part in so many.
 constexpr Micros clockTolerance = 32;
+/// The last bytes before an answer can be whole are told one by one, so that a wait that ends late delays
+/// nothing. One of them may be on the point of coming in anyway.
+constexpr std::size_t toldSingly = 3;
 /// Stray bytes are told in parcels of at most this many.
 constexpr std::size_t strayParcel = 512;
 /// Of a line that babbles, this much is kept for the monitor.
@@ -91,10 +94,8 @@ Micros Rtu_Transaction::sendTime() const {
 Micros Rtu_Transaction::earliestAnswer() const {
     const auto start = searchStart();
     if (state_ != State::Wait || !learntPace_ || !start) return 0;
-    std::size_t missing = leastMissing(result_.request, receivedBytes(), *start);
-    // One of them may be on the point of coming in.
-    if (!result_.received.empty()) --missing;
-    const Micros characters = wireTime(settings_.line, missing);
+    const std::size_t missing = leastMissing(result_.request, receivedBytes(), *start);
+    const Micros characters = wireTime(settings_.line, missing - std::min(missing, toldSingly));
     const Micros whole = std::max(clock_.now(), txEnd_) + characters - characters / clockTolerance;
     // Whether an answer has begun must be known at the deadline.
     return std::min(whole, deadline_ - settleTime() / 2);

@@ -28,8 +28,11 @@ PAUSE_MS = 2
 FAULTS = ("silent:1%", "late=60:1.2%", "late=150:0.8%", "crc:1.3%", "truncate=5:1%", "noise=7:1%", "wrong-unit:1%",
           "short:1%", "exception=4:0.8%", "echo:0.8%", "busy=1000000:0.8%", "wrong-echo:20%", "unplug=300:0.05%")
 TIME_OUT_MS = 100
-SET_COLUMN, SET_ROWS = 2, 6
+SET_COLUMN = 2
+# After an edit the row below is current. A click there would move nothing, and nobody would be told of it.
+SET_ROWS = (0, 2, 4, 6)
 WRITE_EVERY_S = 6.0
+WRITE_ENDS_S = 5.0
 LOST = "???"
 # What the window shows is at most one pass of the scan and one refresh old; the rest is for a busy machine.
 LAG_S = 5.0
@@ -96,7 +99,7 @@ class Soak:
         self.wrong = []
         self.before = {}
         self.longest_still = 0.0
-        self.written = self.failed = self.interrupted = 0
+        self.written = self.failed = self.interrupted = self.tries = 0
         self.wrote_at = 0.0
         program.enlarge()
 
@@ -107,9 +110,12 @@ class Soak:
             if program.panel(2) == "Online":
                 return True
             if program.has_dialog("Porcentaje"):
-                progress = program.dialog("Porcentaje")
-                if "Ok" in progress.buttons():
-                    progress.answer("Ok")
+                try:
+                    progress = program.dialog("Porcentaje")
+                    if "Ok" in progress.buttons():
+                        progress.answer("Ok")
+                except AssertionError:
+                    pass  # it went by itself
             elif program.is_enabled("Communication", "Upload to PC"):
                 program.choose("Communication", "Upload to PC")
             return False
@@ -145,17 +151,22 @@ class Soak:
         """Types a value from time to time. The form of a lost line may take the keyboard meanwhile."""
         if time.monotonic() - self.wrote_at < WRITE_EVERY_S or self.program.panel(2) != "Online":
             return
-        row, value = (self.written + self.failed) % SET_ROWS, 1 + (self.written + self.failed) % 30000
+        row, value = SET_ROWS[self.tries % len(SET_ROWS)], 1 + self.tries % 30000
         old = self.program.settings.cell(row, SET_COLUMN).name
+        self.tries += 1
+        began = time.monotonic()
         try:
             self.program.enter(row, SET_COLUMN, str(value))
-            end = wait_for("the end of the write", lambda: self._end_of_write(row, value))
-        except AssertionError:
+            end = wait_for("the end of the write", lambda: self._end_of_write(row, value), WRITE_ENDS_S)
+        except AssertionError as failure:
             self.interrupted += 1
+            print(f"not written: {failure}", flush=True)
             self.program.hands.keys("Escape")
         else:
             self._check_write(row, value, old, end)
         self.wrote_at = time.monotonic()
+        # Nobody looked at the other cells meanwhile.
+        self.before = {address: (text, since + self.wrote_at - began) for address, (text, since) in self.before.items()}
 
     def _end_of_write(self, row, value):
         line = self.program.panel(4)
