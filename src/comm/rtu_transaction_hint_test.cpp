@@ -243,7 +243,9 @@ void expectSameOutcomes(Micros timeOut, Micros latest) {
         EXPECT_EQ(a.received, b.received) << i;
         EXPECT_EQ(a.noise, b.noise) << i;
         EXPECT_LE(Following_Line::took(a) - Following_Line::took(b), latest) << i;
-        if (a.answer) EXPECT_EQ(Following_Line::took(a), Following_Line::took(b)) << i;
+        if (a.answer) {
+            EXPECT_EQ(Following_Line::took(a), Following_Line::took(b)) << i;
+        }
         if (::testing::Test::HasFailure()) break;
     }
 }

@@ -201,7 +201,9 @@ TEST_F(Monitor_Window_Test, ACellShowsAsMuchOfItsTextAsFits) {
         const QString shown = delegate.fitting(values, width, metrics);
         EXPECT_TRUE(shown.endsWith(QChar(0x2026)) || shown == values) << shown.toStdString();
         EXPECT_TRUE(values.startsWith(shown.chopped(1)));
-        if (shown.size() > 1) EXPECT_LE(metrics.horizontalAdvance(shown), width + shown.size());
+        if (shown.size() > 1) {
+            EXPECT_LE(metrics.horizontalAdvance(shown), width + shown.size());
+        }
     }
     EXPECT_EQ(delegate.fitting(QString(), 50, metrics), QString());
     EXPECT_EQ(delegate.fitting(QStringLiteral("\u00B0C \u20AC"), 10000, metrics),
