@@ -147,11 +147,14 @@ void MNU_Save_Click(const App_Context& app) {
     app.frame.setPanel(Panel::Message, savingText(name));
     keepCopy(app, "before Save");
     std::string result;
-    PRO_Escribe_Archivo(document, app.files, document.File_Folder + name, result);
+    const std::string path = document.File_Folder + name;
+    PRO_Escribe_Archivo(document, app.files, path, result);
     const std::string saved = recoveryText(document);
     const Document_Mark mark(document);
     app.frame.wait_ms(savingMs);
-    if (!mark.holds()) return forgetSaving(app, name);
+    // The user was free meanwhile to close it, to open another, or to save it under another name.
+    const std::string present = document.File_Folder + document.File_Stem + "." + document.File_Extension;
+    if (!mark.holds() || present != path) return forgetSaving(app, name);
     if (result.empty())
         settleCopy(app, saved);
     else

@@ -5,6 +5,8 @@
 
 #include <QCloseEvent>
 #include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTextCursor>
 
 namespace zorvane {
 
@@ -29,6 +31,15 @@ Frm_Debug::Frm_Debug(QWidget* parent) : QWidget(parent, Qt::Window) {
     const Twips_Scale scale = scaleOf(*this);
     resize(scale.size(startWidth, startHeight));
     placeAt(*text_, {textLeft, textTop, startWidth - textLeft, startHeight - textTop});
+}
+
+void Frm_Debug::addLine(const QString& line) {
+    QScrollBar& bar = *text_->verticalScrollBar();
+    const bool atEnd = bar.value() == bar.maximum();
+    QTextCursor end(text_->document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(line + u'\n');
+    if (atEnd) bar.setValue(bar.maximum());
 }
 
 void Frm_Debug::resizeEvent(QResizeEvent* event) {

@@ -20,6 +20,8 @@ namespace {
 
 using testing::ElementsAre;
 
+using Words = std::vector<std::string>;
+
 /// Letter pages with a black square inch each in the left upper corner of the paper.
 Page_Document pagesOf(int count) {
     Page_Document document{12240, 15840, {}, {}, {}};
@@ -73,6 +75,15 @@ TEST_F(Preview, TheReportsToolsComeFirstWithTheirTips) {
     EXPECT_THAT(seen, ElementsAre("&Setup...|Page setup", "&Export...|Export Report",
                                   "&Refresh|Refresh Report", "Font Size...|Font Size"));
     EXPECT_EQ(window.windowTitle(), "Preview Print Page");
+}
+
+TEST_F(Preview, ItsOwnToolsSayWhatTheyDo) {
+    Words tips;
+    for (const char* name : {"FirstPage", "PreviousPage", "NextPage", "LastPage", "ZoomOut", "ZoomIn"})
+        tips.push_back(named<QAction>(name).toolTip().toStdString());
+    EXPECT_THAT(tips, ElementsAre("First page (Ctrl+Home)", "Previous page (PgUp)", "Next page (PgDown)",
+                                  "Last page (Ctrl+End)", "Zoom out (Ctrl+-)", "Zoom in (Ctrl++)"));
+    EXPECT_EQ(named<QListWidget>("TOC").accessibleName(), "Table of contents");
 }
 
 TEST_F(Preview, AClickOnAToolTellsWhich) {
