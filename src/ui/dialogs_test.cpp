@@ -174,6 +174,7 @@ TEST(Frm_Debug_Test, HidesWhenItIsClosed) {
 TEST(Frm_Debug_Test, EscapeHidesIt) {
     Frm_Debug form(nullptr);
     form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
     QTest::keyClick(&form.EDT_Prueba(), Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
 }

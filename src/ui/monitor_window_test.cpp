@@ -155,6 +155,7 @@ TEST_F(Monitor_Window_Test, BeginsInTheTableSoThatKeysSelectRows) {
 
 TEST_F(Monitor_Window_Test, EscapeClosesItAndKeepsItsRows) {
     report(2);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(window.model().rowCount(), 2);
