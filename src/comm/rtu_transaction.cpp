@@ -12,7 +12,7 @@ namespace {
 constexpr Micros damagedSettle = 20 * microsPerMs;
 /// After any failed try the next request waits for at least this much silence.
 constexpr Micros failedQuiet = 5 * microsPerMs;
-/// Stray bytes are told in parcels of at most this many.
+/// Stray bytes wait for the line to fall silent before they are told, unless more than this many came.
 constexpr std::size_t strayParcel = 512;
 /// Of a line that babbles, this much is kept for the monitor.
 constexpr std::size_t receivedLimit = 4096;
@@ -302,10 +302,9 @@ void Rtu_Transaction::finish() {
 }
 
 void Rtu_Transaction::portLost(const std::string& reason) {
-    const bool underWay = state_ != State::Idle;
     rtsRaised_ = false;
-    stray_.clear();
-    if (underWay) {
+    if (!stray_.empty()) tellStray("stray bytes");
+    if (state_ != State::Idle) {
         result_.portLost = true;
         result_.fault = "port lost";
         if (!result_.sent.empty()) late_.expect(result_.request, deadline_ + timeOut_);
