@@ -76,6 +76,11 @@ TEST(Val, BeyondADoubleIsInfiniteOr0) {
     EXPECT_EQ(Val(std::string(400, '9')), infinity);
 }
 
+TEST(Val, TheWholeExponentWeighsMoreThanTheDigitsBeforeIt) {
+    EXPECT_EQ(Val("10000e-400"), 0.0);
+    EXPECT_EQ(Val("0.00001e400"), std::numeric_limits<double>::infinity());
+}
+
 TEST(Val, LongTextsOfDigitsKeepTheirSize) {
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0.0);
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1e401"), 1.0);

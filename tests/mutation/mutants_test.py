@@ -34,6 +34,9 @@ class Places(unittest.TestCase):
         self.assertEqual(changes("constexpr std::array<int, 6> table = {};"), [])
         self.assertEqual(changes("void f() { char digits[12]; }"), [])
 
+    def test_a_pure_virtual_function_stays(self):
+        self.assertEqual(changes("struct Grid { virtual int Rows() const = 0; };"), [])
+
     def test_a_condition_and_the_answer_of_a_bool_function_are_negated(self):
         self.assertEqual(changes("void f() { if (ready) start(); }"),
                          ["void f() { if (!(ready)) start(); }", "void f() { if (ready) ; }"])

@@ -248,7 +248,8 @@ class Finder:
     def look_at_number(self, token, index, before, after):
         closes_template = after in (">", ">>") and token.end < len(self.text) and self.text[token.end] == ">"
         sizes_buffer = before == "[" and self.text_at(index - 3) == "char"
-        if closes_template or sizes_buffer:
+        pure_virtual = token.text == "0" and before == "=" and self.text_at(index - 2) in (")", "const", "noexcept")
+        if closes_template or sizes_buffer or pure_virtual:
             return
         self.add("constant", token.start, token.end, f"({token.text} + 1)")
         if re.sub(r"[0'.xXuUlLfF]", "", token.text):
