@@ -302,7 +302,6 @@ void Rtu_Transaction::finish() {
 }
 
 void Rtu_Transaction::portLost(const std::string& reason) {
-    rtsRaised_ = false;
     if (!stray_.empty()) tellStray("stray bytes");
     if (state_ != State::Idle) {
         result_.portLost = true;
