@@ -97,7 +97,6 @@ bool Modbus_Link::withdrawScan() {
 void Modbus_Link::restartScan() {
     scan_.restart(clock_.now());
     scanTries_ = 0;
-    missDue_ = true;
     if (current_.kind != Current::Kind::Scan) return;
     if (withdrawScan()) return next();
     current_.stale = true;

@@ -61,6 +61,17 @@ TEST(ModbusLinkScan, EndSessionEndsTheScan) {
     EXPECT_EQ(rig.log.exchanges.size(), count);
 }
 
+TEST(ModbusLinkScan, EndSessionTakesBackARequestThatHasNotGoneOut) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.SetTimings(50, 0);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.EndSession();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), 1U);
+}
+
 TEST(ModbusLinkScan, PauseHoldsTheScanAndNotAWrite) {
     Link_Rig rig;
     rig.block(1, 5);
@@ -89,6 +100,35 @@ TEST(ModbusLinkScan, AfterStopAndCloseNothingGoesOut) {
     EXPECT_EQ(rig.port.written.size(), sent);
     rig.link.PrepareScan();
     EXPECT_TRUE(rig.exchanges(2)) << "the wish to scan stands";
+}
+
+TEST(ModbusLinkScan, AStoppedScanRestsOnAnOpenPortUntilItIsPreparedOrStarted) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.StopScan();
+    const std::size_t sent = rig.port.written.size();
+    rig.link.ResumeScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), sent);
+    EXPECT_TRUE(rig.link.portOpen());
+    rig.link.StartScan();
+    EXPECT_TRUE(rig.exchanges(2));
+}
+
+TEST(ModbusLinkScan, ResetScanGoesOnWithARequestThatHasNotGoneOut) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.link.SetTimings(50, 0);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.clock.runFor(10 * ms);
+    rig.link.ResetScan();
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_EQ(rig.log.exchanges[1].firstRegister, 1);
+    EXPECT_EQ(rig.log.exchanges[2].firstRegister, 6);
 }
 
 TEST(ModbusLinkScan, ResetScanGoesBackToTheFirstBlock) {
@@ -173,6 +213,13 @@ TEST(ModbusLinkScan, AScanWithoutBlocksIsLostAtOnce) {
     EXPECT_EQ(indexesOfOnePass(rig).size(), 1U);
     EXPECT_TRUE(rig.link.CommLost());
     EXPECT_EQ(rig.link.ScanBlockCount(), 0);
+}
+
+TEST(ModbusLinkScan, AScanWithoutBlocksIsLostTooWhenTheWishToScanStoodBefore) {
+    Link_Rig rig;
+    rig.link.StartScan();
+    EXPECT_EQ(indexesOfOnePass(rig).size(), 1U);
+    EXPECT_TRUE(rig.link.CommLost());
 }
 
 TEST(ModbusLinkScan, PreparingWithoutBlocksIsNotLost) {
