@@ -349,6 +349,19 @@ TEST(ModbusLink, TemplateTimingsOf0LeaveTheSettingsOwn) {
     EXPECT_EQ(rig.link.pauseMs(), 0);
 }
 
+TEST(ModbusLink, TemplateTimingsCountFromTheNextRequestOn) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.SetTimings(1, 300);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(2));
+    const Micros firstEnd = rig.log.exchanges[0].at + rig.log.exchanges[0].duration;
+    EXPECT_EQ(rig.log.exchanges[1].at, firstEnd + frameSilence(rig.link.portSettings().line) + ms);
+    rig.faults = [](int, const Byte_Array&) {};
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_EQ(rig.log.exchanges[2].duration, rig.requestTime() + 300 * ms);
+}
+
 TEST(ModbusLink, PortParametersAreTheSettings) {
     Port_Settings settings = Link_Rig::defaults();
     settings.port = "/dev/ttyS2";

@@ -30,6 +30,14 @@ TEST_F(RtuTransaction, TheNextRequestGoesOutOneSilenceAfterTheLastByte) {
     EXPECT_EQ(recorder.results.at(0).endedAt, end);
 }
 
+TEST_F(RtuTransaction, AnAnswerThatIsInBeforeTheRequestIsOutMovesNothing) {
+    begin(read);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    begin(read);
+    EXPECT_EQ(sentAt.at(1), sentAt[0] + requestTime + silence);
+}
+
 TEST_F(RtuTransaction, ThePauseOfTheTemplateComesOnTop) {
     transaction.setWaits(50 * ms, 100 * ms);
     recorder.onFinished = [this] {
@@ -98,6 +106,19 @@ TEST_F(RtuTransaction, AWrongCrcFailsOnceTheLineWasSilentFor20Ms) {
     ASSERT_EQ(recorder.results.size(), 1U);
     EXPECT_EQ(fault(), "wrong CRC");
     EXPECT_EQ(recorder.results[0].received, damaged);
+}
+
+TEST_F(RtuTransaction, AfterAWrongCrcNoLateAnswerIsWaitedFor) {
+    begin(read);
+    clock.runFor(requestTime + 20 * ms);
+    Byte_Array damaged = answer;
+    damaged[4] ^= 1U;
+    port.deliver(damaged);
+    clock.runFor(20 * ms);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    const Micros failed = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt.at(1), failed);
 }
 
 TEST_F(RtuTransaction, AfterAFailedTryTheLineIsSilentFor5MsAtLeast) {
@@ -192,6 +213,19 @@ TEST_F(RtuTransaction, ALateAnswerOfAnotherShapeDoesNotEndTheWait) {
     ASSERT_EQ(recorder.results.size(), 2U);
     EXPECT_EQ(recorder.results[1].answer->registers, (std::vector<std::uint16_t>{7, 8}));
     EXPECT_EQ(recorder.results[1].noise, 0U);
+}
+
+TEST_F(RtuTransaction, ALateAnswerThatHoldsWhatLooksLikeADamagedOneDoesNotEndTheWait) {
+    begin(readRequest(1, 0, 5));
+    clock.runFor(requestTime + 100 * ms);
+    begin(read);
+    clock.runFor(requestTime + 10 * ms);
+    port.deliver(withCrc(bytesOf("01 03 0A 01 03 04 00 07 00 08 00 00 00")));
+    clock.runFor(50 * ms);
+    EXPECT_EQ(recorder.results.size(), 1U);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_EQ(recorder.results[1].answer->registers, (std::vector<std::uint16_t>{7, 8}));
 }
 
 TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
@@ -300,6 +334,14 @@ TEST_F(RtuTransaction, ALostPortEndsTheRequestWhateverItsState) {
     EXPECT_EQ(recorder.lost, (std::vector<std::string>{"gone", "gone again"}));
     clock.runFor(microsPerSecond);
     EXPECT_EQ(recorder.results.size(), 2U);
+}
+
+TEST_F(RtuTransaction, AnAnswerMayStillComeAfterThePortWasLost) {
+    begin(read);
+    port.unplug();
+    open();
+    begin(read);
+    EXPECT_EQ(sentAt.at(1), sentAt[0] + requestTime + 200 * ms);
 }
 
 TEST_F(RtuTransaction, APortThatTakesNoBytesIsLost) {

@@ -390,6 +390,20 @@ TEST_F(Commit_Value_Test, MinutesUnderANumericColumnTakeATimeAs0) {
 
 // Free text and ASCII.
 
+TEST_F(Commit_Value_Test, TheEditedColumnIsCurrentAfterwardsWhereverTheUserWent) {
+    for (const char* type : {"NOTE", "NUMERIC", "ASCII"}) {
+        column().Column_Type = type;
+        cell().Value = "7";
+        cell().Is_Ascii_Range = type == std::string("ASCII");
+        ownLower.setRow(1);
+        ownLower.setCol(1);
+        bool rejected = true;
+        PRO_Escribe_Valor(grids, 1, 0, "5", rejected);
+        EXPECT_EQ(ownLower.Col(), 0) << type;
+        EXPECT_EQ(cell().Value, "5") << type;
+    }
+}
+
 TEST_F(Commit_Value_Test, FreeTextStartsTheScanLast) {
     column().Column_Type = "";
     enter("  note ");

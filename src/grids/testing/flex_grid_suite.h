@@ -168,6 +168,21 @@ TYPED_TEST_P(Flex_Grid_Test, CanHaveNoCurrentColumn) {
     EXPECT_EQ(grid.CellForeColor(), 0xC00000);
 }
 
+TYPED_TEST_P(Flex_Grid_Test, CanHaveNoCurrentRowAndNoEndOfTheSelection) {
+    this->fill();
+    VSFlexGrid& grid = this->grid();
+    grid.setRow(1);
+    grid.setCol(1);
+    grid.setRowSel(-1);
+    grid.setColSel(-1);
+    EXPECT_EQ(grid.RowSel(), -1);
+    EXPECT_EQ(grid.ColSel(), -1);
+    EXPECT_EQ(grid.Text(), "1,1");
+    grid.setRow(-1);
+    EXPECT_EQ(grid.Row(), -1);
+    EXPECT_EQ(grid.Text(), "");
+}
+
 TYPED_TEST_P(Flex_Grid_Test, RefusesPlacesThatItDoesntHave) {
     this->fill();
     VSFlexGrid& grid = this->grid();
@@ -289,7 +304,8 @@ REGISTER_TYPED_TEST_SUITE_P(Flex_Grid_Test, IsEmptyAtFirst, TextAddressesTheCurr
                             KeepsTextsOfTheCodePage, KeepsWhatOverlapsWhenItsSizeChanges,
                             ForgetsAllAtZeroRows, MovesTheCurrentCellIntoWhatIsLeft,
                             SelectsFromTheCurrentCellOn, DrawsTheSelectionToTheCurrentCell,
-                            CanHaveNoCurrentColumn, RefusesPlacesThatItDoesntHave, KeepsSizesAndAlignments,
+                            CanHaveNoCurrentColumn, CanHaveNoCurrentRowAndNoEndOfTheSelection,
+                            RefusesPlacesThatItDoesntHave, KeepsSizesAndAlignments,
                             KeepsTheEditorsSettingsUntilTheyAreSetAnew, CanBeHiddenAndLeaveTheTabOrder,
                             ShowsTheTableOfAField, TakesACommitAndItsRefusal, ShowsALiveWriteByItsColours);
 
