@@ -68,7 +68,6 @@ void describeCell(Entry_Outcome& outcome, Terminal_Grids& grids, std::int32_t ro
 
 void Terminal_Grids::select(std::int32_t field) {
     if (field < 0 || field > highestField) throw Run_Time_Failure(Failure::Subscript);
-    configuration_.setCols(1);
     configuration_.setRows(highestField + 1);
     configuration_.setRow(field);
     ignoringFailure([&] { PRO_Llena_Settings(context_, toInteger(field), true); });
