@@ -389,6 +389,13 @@ TEST(ModbusLink, TheBenchProcedure) {
     EXPECT_THROW(rig.link.SetCommPort(1, "100,n,8,1"), Run_Time_Failure);
 }
 
+TEST(ModbusLink, OpenPortOpensThePortOfTheSettings) {
+    Link_Rig rig;
+    rig.link.OpenPort();
+    EXPECT_EQ(rig.port.attempts, std::vector<std::string>{"ttyUSB0"});
+    EXPECT_TRUE(rig.link.portOpen());
+}
+
 TEST(ModbusLink, NewSettingsTakeEffectOnAnOpenPort) {
     Link_Rig rig;
     rig.block(1, 5);

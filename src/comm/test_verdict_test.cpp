@@ -126,6 +126,10 @@ std::vector<Case> cases() {
         {"busy", exception(6), Kind::Exception,
          "Unit 7 is there, but it refused: BUSY.\n"
          "Port, line and slave number are right. It is busy: test again in a moment."},
+        {"gateway without a path", exception(10), Kind::Exception,
+         "Unit 7 is there, but it refused: Gateway path unavailable (exception 10).\n"
+         "Port and line are right as far as the gateway. Check the slave number, and the line behind the "
+         "gateway."},
         {"gateway", exception(11), Kind::Exception,
          "Unit 7 is there, but it refused: Gateway target failed to respond (exception 11).\n"
          "Port and line are right as far as the gateway. Check the slave number, and the line behind the "
@@ -181,6 +185,21 @@ TEST(TestVerdict, TheUnitIsThereWhenItRefuses) {
     EXPECT_TRUE((Test_Verdict{Verdict_Kind::Exception, {}, {}}.unitIsThere()));
     EXPECT_FALSE((Test_Verdict{Verdict_Kind::Silence, {}, {}}.unitIsThere()));
     EXPECT_FALSE((Test_Verdict{Verdict_Kind::Echo, {}, {}}.unitIsThere()));
+}
+
+TEST(TestVerdict, AdviceOnTheLineNamesItsSettings) {
+    const auto advice = [](const Line_Settings& line) {
+        Test_Bench bench;
+        bench.request.settings.line = line;
+        return bench.run().advice.at(2);
+    };
+    EXPECT_EQ(advice({9600, 'N', 8, 2}),
+              "Is the controller set to 9600 baud, no parity, 8 data bits, 2 stop bits? One wrong setting is "
+              "silence.");
+    EXPECT_EQ(
+        advice({19200, 'O', 7, 1}),
+        "Is the controller set to 19200 baud, odd parity, 7 data bits, 1 stop bit? One wrong setting is "
+        "silence.");
 }
 
 TEST(TestVerdict, AdviceOnTheDirectionFollowsTheRtsMode) {
