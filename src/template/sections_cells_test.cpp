@@ -38,6 +38,14 @@ TEST_F(Cells, AddressesStandAsTheyAreAndMayBeEmpty) {
     EXPECT_EQ(text(2, 2), R"(Address " 100/lo")");
 }
 
+TEST_F(Cells, NoLineIsRejected) {
+    for (const char* key : {"ROWADDRESS_1", "ROWASCIIRANGE_1", "ROWADDRESSNUMERICMAXVALUE_1",
+                            "ROWADDRESSFORMAT_1", "UNKNOWN_1"})
+        EXPECT_TRUE(configure(key, "100,101")) << key;
+    for (const char* key : {"ADDRESS_100", "ADDRESS_999", "UNKNOWN_1"})
+        EXPECT_TRUE(messages(key, "(0)Off")) << key;
+}
+
 TEST_F(Cells, AShorterListLeavesTheOtherColumnsAlone) {
     configure("ROWADDRESS_1", "100,101,102");
     configure("ROWADDRESS_1", "200");

@@ -37,6 +37,9 @@ class Places(unittest.TestCase):
     def test_a_pure_virtual_function_stays(self):
         self.assertEqual(changes("struct Grid { virtual int Rows() const = 0; };"), [])
 
+    def test_the_ends_of_a_text_in_memory_stay(self):
+        self.assertEqual(changes("const char* end(Text text) { return text.data() + text.size(); }"), [])
+
     def test_a_condition_and_the_answer_of_a_bool_function_are_negated(self):
         self.assertEqual(changes("void f() { if (ready) start(); }"),
                          ["void f() { if (!(ready)) start(); }", "void f() { if (ready) ; }"])

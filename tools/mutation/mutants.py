@@ -227,6 +227,8 @@ class Finder:
         before, after = self.text_at(index - 1), self.text_at(index + 1)
         if before == "operator":
             return
+        if before == ")" and self.text_at(index - 3) in ("data", "begin", "end"):
+            return  # where a text lies in memory: what comes of another place is undefined
         for kind, swaps in SWAPS.items():
             if token.text in swaps and (kind in PREFIXED or self.blank_around(token)) and before not in (",", "("):
                 self.add(kind, token.start, token.end, swaps[token.text])
