@@ -45,6 +45,43 @@ TEST(Scan, StartsAtTheFirstBlockOfTheMode) {
     EXPECT_EQ(frameAt(scan, 0), (Scan_Frame{7, 10, 6}));
 }
 
+TEST(Scan, ARestartForgetsAllThatTheWalkWaitedFor) {
+    const std::vector<Scan_Block> blocks = {
+        {1, 300, "NONE", 0}, {500, 501, "NONE", 0}, {600, 601, "NONE", 0}};
+    const Scan_Frame first{0, 1, 125};
+    Scan inABlock = scanOf(blocks);
+    inABlock.frameAnswered(true, 1 * ms);
+    inABlock.restart(2 * ms);
+    EXPECT_EQ(frameAt(inABlock, 2 * ms), first);
+
+    Scan unseenIndex = scanOf(blocks);
+    unseenIndex.indexSeen();
+    for (int frames = 0; frames < 4; ++frames)
+        unseenIndex.frameAnswered(true, 1 * ms);
+    EXPECT_EQ(frameAt(unseenIndex, 2 * ms), std::nullopt);
+    unseenIndex.restart(2 * ms);
+    EXPECT_EQ(unseenIndex.index(), 1);
+    EXPECT_EQ(frameAt(unseenIndex, 2 * ms), first);
+    for (int frames = 0; frames < 3; ++frames)
+        unseenIndex.frameAnswered(true, 3 * ms);
+    EXPECT_EQ(frameAt(unseenIndex, 3 * ms), (Scan_Frame{0, 500, 2})) << "nobody watches any more";
+
+    Scan unseenFailure = scanOf(blocks);
+    unseenFailure.tryFailed(1 * ms);
+    EXPECT_EQ(frameAt(unseenFailure, 2 * ms), std::nullopt);
+    unseenFailure.restart(2 * ms);
+    EXPECT_EQ(frameAt(unseenFailure, 2 * ms), first);
+}
+
+TEST(Scan, ARestartedPassThatNobodySawIsFollowedAtOnce) {
+    Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "NONE", 0}});
+    scan.indexSeen();
+    scan.restart(0);
+    scan.frameAnswered(true, 1 * ms);
+    scan.frameAnswered(true, 2 * ms);
+    EXPECT_EQ(frameAt(scan, 2 * ms), (Scan_Frame{0, 1, 5}));
+}
+
 TEST(Scan, AnUnseenIndexStaysFor25MsOnceSomebodyLooks) {
     Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "NONE", 0}, {20, 21, "NONE", 0}});
     scan.indexSeen();
