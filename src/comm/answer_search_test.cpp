@@ -83,6 +83,15 @@ TEST(AnswerSearch, NamesWhatIsWrongWithAForeignFrame) {
     EXPECT_EQ(why(presetMultiple(17, 1, {10, 258}), "11 10 00 01 00 01"), Answer_Fault::EchoQuantity);
 }
 
+TEST(AnswerSearch, AFrameOfTheUnitAndFunctionWithTwoFaultsHasAWrongCrc) {
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("11 03 08 02 2B 00 00 00 64 00 00")), Answer_Fault::BadCrc);
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("11 83 08 02 2B 00 00 00 64 00 00")), Answer_Fault::BadCrc);
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("11 03 08 02 2B 00 00 00 64 00")), Answer_Fault::Noise)
+        << "shorter than an answer";
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("12 03 08 02 2B 00 00 00 64 00 00")), Answer_Fault::Noise);
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("11 04 08 02 2B 00 00 00 64 00 00")), Answer_Fault::Noise);
+}
+
 TEST(AnswerSearch, NothingAndNoise) {
     EXPECT_EQ(whyNoAnswer(request, {}), Answer_Fault::Nothing);
     EXPECT_EQ(whyNoAnswer(request, bytesOf("00 FF 5A")), Answer_Fault::Noise);
