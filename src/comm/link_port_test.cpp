@@ -85,6 +85,44 @@ TEST(LinkPort, AScanOnAPortThatIsNotThereEndsAsOnASilentController) {
     EXPECT_TRUE(rig.link.CommLost());
 }
 
+TEST(LinkPort, APreparedScanOnAPortThatIsNotThereShowsItsFirstIndexUntilItIsStarted) {
+    Link_Rig rig;
+    onlyPorts(rig, {});
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.link.StartScan();
+    rig.link.SetScanMode("NONE");
+    rig.link.PrepareScan();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    rig.link.StartScan();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+}
+
+TEST(LinkPort, APortThatCouldNotBeOpenedIsTriedAgainEveryHalfSecond) {
+    Link_Rig rig;
+    onlyPorts(rig, {});
+    rig.block(1, 5);
+    rig.scan();
+    rig.clock.runFor(500 * ms - 1);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+    rig.clock.runFor(1);
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.clock.runFor(500 * ms);
+    EXPECT_EQ(rig.port.attempts.size(), 3U);
+    EXPECT_TRUE(rig.exchanges(1));
+    EXPECT_FALSE(rig.link.CommLost());
+}
+
+TEST(LinkPort, TheFirstRequestWaitsForTheSilenceOfTheOpenedLine) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    const Micros opened = rig.clock.now();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.log.exchanges[0].at, opened + frameSilence(rig.link.portSettings().line));
+}
+
 TEST(LinkPort, ANewAttemptClearsTheLoss) {
     Link_Rig rig;
     onlyPorts(rig, {});

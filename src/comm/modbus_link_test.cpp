@@ -247,6 +247,19 @@ TEST(ModbusLink, StopScanEndsAPendingWriteAsFailed) {
     EXPECT_TRUE(rig.log.exchanges.empty());
 }
 
+TEST(ModbusLink, ClosePortAloneEndsAPendingWriteAsFailed) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    rig.link.PresetSingleRegister(0, 1, 5);
+    rig.clock.runFor(5 * ms);
+    rig.link.ClosePort();
+    EXPECT_FALSE(rig.link.WriteBusy());
+    EXPECT_TRUE(rig.link.WriteFailed());
+    rig.link.PrepareScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_TRUE(rig.log.exchanges.empty());
+}
+
 TEST(ModbusLink, AWriteWithoutAnOpenPortFailsAtOnce) {
     Link_Rig rig;
     rig.link.PresetSingleRegister(0, 1, 5);
