@@ -259,6 +259,16 @@ TEST(TestVerdict, ATestAfterACancelledOneHasItsOwnEnd) {
     EXPECT_EQ(bench.run().kind, Verdict_Kind::Good);
 }
 
+TEST(TestVerdict, ATestAfterOneThatWasCancelledOnAMissingPortHasItsOwnEnd) {
+    Test_Bench bench;
+    bench.port.onOpen = [](const std::string&) { return Port_Opening{}; };
+    bench.exchange.start(bench.request, [](const Test_Report&) { FAIL(); });
+    bench.exchange.cancel();
+    bench.port.onOpen = nullptr;
+    bench.answer([](Toy_Slave& slave, const Byte_Array& sent) { return slave.answer(sent); });
+    EXPECT_EQ(bench.run().kind, Verdict_Kind::Good);
+}
+
 class Scripted_Simulator final : public Simulator {
   public:
     Start start(std::int32_t slave) override {
