@@ -37,6 +37,8 @@ TEST(ScanPlan, NoneCoversEveryBlockAndAnyOtherWordItsOwn) {
     scan.plan().clear();
     EXPECT_TRUE(scan.plan().numbers().empty());
     EXPECT_EQ(scan.plan().mode(), "always");
+    scan.plan().add({50, 51, "always", 0});
+    EXPECT_EQ(scan.plan().numbers(), (std::vector<std::int32_t>{1})) << "blocks count from 1 again";
 }
 
 TEST(Scan, StartsAtTheFirstBlockOfTheMode) {
