@@ -187,6 +187,19 @@ TEST(ModbusLink, AWriteAbove123RegistersGoesOutInSeveralFrames) {
     }
 }
 
+TEST(ModbusLink, EveryPartOfAWriteHasItsOwnTries) {
+    Link_Rig rig;
+    rig.faults = [&](int number, const Byte_Array& request) {
+        if (number % 3 == 2) rig.reply(rig.slave.answer(request), 5 * ms);
+    };
+    rig.link.PrepareScan();
+    rig.link.PresetMultipleRegisters(0, 100, std::vector<std::int32_t>(200, 7));
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_FALSE(rig.link.WriteFailed());
+    EXPECT_EQ(rig.log.exchanges.size(), 6U);
+    EXPECT_EQ(rig.slave.registers[299], 7);
+}
+
 TEST(ModbusLink, AFailedPartEndsTheWholeWrite) {
     Link_Rig rig;
     rig.faults = [&](int number, const Byte_Array& request) {
@@ -436,6 +449,46 @@ TEST(ModbusLink, WhoIsToldOfAnExchangeMayStopTheLink) {
     ASSERT_TRUE(rig.exchanges(1));
     rig.clock.runFor(microsPerSecond);
     EXPECT_EQ(rig.log.exchanges.size(), 1U);
+}
+
+/// Windows that write down what they are asked, at 1, 2 with a size of 3 by 4.
+struct Recording_Windows final : Link_Windows {
+    void showPortSettings(bool modal) override { asked.push_back(modal ? "settings, modal" : "settings"); }
+    [[nodiscard]] bool monitorLoaded() const override { return true; }
+    [[nodiscard]] bool monitorVisible() const override { return false; }
+    void showMonitor(const Window_Place& place) override {
+        asked.push_back("show at " + std::to_string(place.left) + ", " + std::to_string(place.top) + ": " +
+                        std::to_string(place.width) + " by " + std::to_string(place.height));
+    }
+    void activateMonitor() override { asked.emplace_back("activate"); }
+    [[nodiscard]] Window_Place monitorPlace() const override { return {1, 2, 3, 4}; }
+    void unloadMonitor() override { asked.emplace_back("unload"); }
+    void hideMonitor() override { asked.emplace_back("hide"); }
+    void restoreMonitor() override { asked.emplace_back("restore"); }
+    void minimizeMonitor() override { asked.emplace_back("minimize"); }
+
+    std::vector<std::string> asked;
+};
+
+TEST(ModbusLink, HandsOnWhatItsWindowsAreAsked) {
+    Link_Rig rig;
+    Recording_Windows windows;
+    Modbus_Link link({rig.port, rig.clock, rig.finder, rig.asker, windows}, Link_Rig::defaults());
+    link.ShowPortSettings(true);
+    link.ShowMonitor(10, 20, 30, 40);
+    link.ActivateMonitor();
+    link.HideMonitor();
+    link.RestoreMonitor();
+    link.MonitorMinimized();
+    link.UnloadMonitor();
+    EXPECT_THAT(windows.asked, ElementsAre("settings, modal", "show at 10, 20: 30 by 40", "activate", "hide",
+                                           "restore", "minimize", "unload"));
+    EXPECT_TRUE(link.MonitorLoaded());
+    EXPECT_FALSE(link.MonitorVisible());
+    EXPECT_EQ(link.MonitorLeft(), 1);
+    EXPECT_EQ(link.MonitorTop(), 2);
+    EXPECT_EQ(link.MonitorWidth(), 3);
+    EXPECT_EQ(link.MonitorHeight(), 4);
 }
 
 TEST(ModbusLink, ALinkWithoutWindowsHasNoMonitor) {
