@@ -200,6 +200,20 @@ TEST_P(LinkUnplug, TheAdapterIsFoundUnderAnotherName) {
     EXPECT_EQ(rig.port.attempts.back(), "/dev/ttyUSB3") << "the chosen adapter, not its old name";
 }
 
+TEST(LinkPort, OfTwoAdaptersAlikeTheOneIsMeantThatHasTheLastName) {
+    Link_Rig rig;
+    rig.finder.list = {usb("ttyUSB0", "")};
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    for (const auto& list : {std::vector{usb("ttyUSB1", "")}, {usb("ttyUSB0", ""), usb("ttyUSB1", "")}}) {
+        rig.port.unplug();
+        rig.finder.list = list;
+        ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.link.CommLost(); }, 2 * microsPerSecond));
+    }
+    EXPECT_THAT(rig.port.attempts, ElementsAre("ttyUSB0", "/dev/ttyUSB1", "/dev/ttyUSB1"));
+}
+
 INSTANTIATE_TEST_SUITE_P(Moments, LinkUnplug,
                          ::testing::Values(Moment::BeforeTheRequest, Moment::DuringTheRequest,
                                            Moment::BetweenRequests),

@@ -95,6 +95,37 @@ TEST(ModbusLink, EveryTryCounts) {
     EXPECT_EQ(rig.link.LastResponse(), "");
 }
 
+TEST(ModbusLink, EveryBlockHasItsOwnTries) {
+    Link_Rig rig;
+    rig.faults = [&](int, const Byte_Array& request) {
+        if (request.at(3) == 1) rig.reply(rig.slave.answer(request), 5 * ms);
+    };
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.block(8, 9);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(8));
+    std::vector<std::int32_t> firsts;
+    for (const Exchange_Record& exchange : rig.log.exchanges)
+        firsts.push_back(exchange.firstRegister);
+    EXPECT_THAT(firsts, ElementsAre(1, 6, 6, 6, 8, 8, 8, 1));
+}
+
+TEST(ModbusLink, ALinkThatGoesAwayLowersRtsAndClosesItsPort) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.rts = Rts_Mode::HighOnSend;
+    Link_Rig rig;
+    {
+        Modbus_Link link({rig.port, rig.clock, rig.finder, rig.asker, rig.windows}, settings);
+        link.PrepareScan();
+        link.PresetSingleRegister(0, 1, 5);
+        rig.clock.runFor(5 * ms);
+        EXPECT_TRUE(rig.port.rts);
+    }
+    EXPECT_FALSE(rig.port.rts);
+    EXPECT_FALSE(rig.port.isOpen());
+}
+
 TEST(ModbusLink, ALostLinkComesBackByItself) {
     Link_Rig rig;
     bool silent = true;

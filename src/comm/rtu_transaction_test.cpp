@@ -16,6 +16,17 @@ TEST_F(RtuTransaction, TheFirstRequestWaitsForTheSilenceOfTheLine) {
     EXPECT_EQ(recorder.sent, 1);
 }
 
+TEST_F(RtuTransaction, KnowsTheUsualLineWithoutBeingTold) {
+    Rtu_Transaction untold{port, clock, recorder};
+    untold.setWaits(0, 100 * ms);
+    untold.lineOpened();
+    const Micros start = clock.now();
+    untold.submit(read);
+    clock.runFor(10 * ms);
+    ASSERT_EQ(sentAt.size(), 1U);
+    EXPECT_EQ(sentAt[0], start + silence);
+}
+
 TEST_F(RtuTransaction, TheNextRequestGoesOutOneSilenceAfterTheLastByte) {
     recorder.onFinished = [this] {
         if (recorder.results.size() == 1) transaction.submit(read);
@@ -300,6 +311,15 @@ TEST_F(RtuTransaction, RtsFallsWhenTheRequestIsTakenBack) {
     clock.runFor(silence + ms);
     EXPECT_TRUE(port.rts);
     EXPECT_TRUE(transaction.withdraw());
+    EXPECT_FALSE(port.rts);
+}
+
+TEST_F(RtuTransaction, RtsFallsWhenTheRequestIsAbandoned) {
+    settings.rts = Rts_Mode::HighOnSend;
+    use(settings);
+    begin(read);
+    EXPECT_TRUE(port.rts);
+    transaction.abandon();
     EXPECT_FALSE(port.rts);
 }
 
