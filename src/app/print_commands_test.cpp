@@ -129,9 +129,8 @@ TEST_F(PrintCommands, ClosingThePreviewOfAllLeavesTheEntryOfTheOtherDisabled) {
     journal.clear();
     print.PrintAll()->ActiveReport_Terminate();
     const Lines lines = journal.lines();
-    EXPECT_THAT(Lines(lines.end() - 4, lines.end()),
-                ElementsAre("MNU_PrintAll enabled", "MNU_Print enabled", "MNU_PrintPage disabled",
-                            "\"Preview Print All Pages\" closed"));
+    EXPECT_THAT(Lines(lines.end() - 3, lines.end()), ElementsAre("MNU_PrintAll enabled", "MNU_Print enabled",
+                                                                 "\"Preview Print All Pages\" closed"));
     EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));
 }
 
@@ -253,6 +252,14 @@ TEST_F(PrintCommands, MarginsAreReadUnderTheKeysAsTheyHaveAlwaysBeenSpelt) {
     print.SaveSettingsPrint();
     EXPECT_EQ(settings.texts["Zorvane/Settings/PrintRigthMargin"], "200.5");
     EXPECT_EQ(settings.texts["Zorvane/Settings/PrintbottonMargin"], "1440");
+}
+
+TEST_F(PrintCommands, AMarginBeyondSinglePrecisionIsLeftAside) {
+    settings.texts["Zorvane/Settings/PrinttopMargin"] = "1e400";
+    settings.texts["Zorvane/Settings/PrintbottonMargin"] = "-1e39";
+    print.LoadSettingsPrint();
+    EXPECT_EQ(print.Report_Setup().PageSettings.TopMargin, 1440);
+    EXPECT_EQ(print.Report_Setup().PageSettings.BottomMargin, 1440);
 }
 
 TEST_F(PrintCommands, ANewPreviewCopiesTheSetUp) {

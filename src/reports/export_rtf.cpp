@@ -84,7 +84,8 @@ class Rtf_Export {
         const Page_Settings& sheet = content_.paper;
         return "\\paperw" + number(sheet.PaperWidth) + "\\paperh" + number(sheet.PaperHeight) + "\\margl" +
                number(sheet.LeftMargin) + "\\margr" + number(sheet.RightMargin) + "\\margt" +
-               number(sheet.TopMargin) + "\\margb" + number(sheet.BottomMargin) + "\n";
+               number(sheet.TopMargin) + "\\margb" + number(sheet.BottomMargin) +
+               (sheet.PaperWidth > sheet.PaperHeight ? "\\landscape" : "") + "\n";
     }
 
     [[nodiscard]] std::string rightEdge() const {
@@ -94,7 +95,9 @@ class Rtf_Export {
 
     [[nodiscard]] std::string header() const {
         return "{\\header\\pard\\plain" + rightEdge() + "\\brdrb\\brdrs\\f0\\fs17 " +
-               escaped(content_.title) + "\\tab Page: \\chpgn  / {\\field{\\*\\fldinst NUMPAGES}}\\par}\n";
+               escaped(content_.title) +
+               "\\tab Page:  \\chpgn  / {\\field{\\*\\fldinst {\\f0\\fs17 NUMPAGES}}{\\fldrslt {\\f0\\fs17 "
+               "1}}}\\par}\n";
     }
 
     [[nodiscard]] std::string footer() const {
