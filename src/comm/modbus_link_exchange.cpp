@@ -60,8 +60,7 @@ void Modbus_Link::refuseFrame(const std::string& why) {
 void Modbus_Link::missScan() {
     if (!scanWanted() || !missDue_) return;
     missDue_ = false;
-    status_.commLost = true;
-    status_.lastRequestFailed = true;
+    status_.lastRequestFailed = true; // the loss was told when the port went or couldn't be opened
     scan_.blockGivenUp(clock_.now());
     armScanAlarm();
 }

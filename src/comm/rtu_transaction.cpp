@@ -232,7 +232,6 @@ void Rtu_Transaction::settle() {
     if (state_ == State::Settle) return;
     state_ = State::Settle;
     settleLimit_ = std::max(clock_.now(), txEnd_) + wireTime(settings_.line, largestFrame) + 2 * settleTime();
-    if (!rtsRaised_) return armForState();
     lowerRts();
     armForState();
 }
