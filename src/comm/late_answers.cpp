@@ -16,9 +16,7 @@ bool sameShape(const Rtu_Request& a, const Rtu_Request& b) {
 
 } // namespace
 
-void Late_Answers::expect(const Rtu_Request& request, Micros until) {
-    expected_.push_back({request, until});
-}
+void Late_Answers::expect(const Rtu_Request& request, Micros until) { expected_.push_back({request, until}); }
 
 void Late_Answers::expectOnLine(const Rtu_Request& request, Micros lineUntil, Micros until) {
     lineUntil_ = lineUntil;

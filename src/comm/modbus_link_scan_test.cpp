@@ -87,6 +87,17 @@ TEST(ModbusLinkScan, PauseHoldsTheScanAndNotAWrite) {
     EXPECT_TRUE(rig.exchanges(count + 2));
 }
 
+TEST(ModbusLinkScan, PauseTakesBackARequestThatHasNotGoneOut) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.SetTimings(50, 0);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.PauseScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), 1U);
+}
+
 TEST(ModbusLinkScan, AfterStopAndCloseNothingGoesOut) {
     Link_Rig rig;
     rig.block(1, 5);
@@ -129,6 +140,21 @@ TEST(ModbusLinkScan, ResetScanGoesOnWithARequestThatHasNotGoneOut) {
     ASSERT_TRUE(rig.exchanges(3));
     EXPECT_EQ(rig.log.exchanges[1].firstRegister, 1);
     EXPECT_EQ(rig.log.exchanges[2].firstRegister, 6);
+}
+
+TEST(ModbusLinkScan, AfterAResetABlockHasAllItsTriesAgain) {
+    Link_Rig rig;
+    rig.faults = [](int, const Byte_Array&) {};
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(2));
+    rig.link.ResetScan();
+    ASSERT_TRUE(rig.exchanges(6));
+    std::vector<std::int32_t> firsts;
+    for (const Exchange_Record& exchange : rig.log.exchanges)
+        firsts.push_back(exchange.firstRegister);
+    EXPECT_THAT(firsts, ElementsAre(1, 1, 1, 1, 1, 6));
 }
 
 TEST(ModbusLinkScan, ResetScanGoesBackToTheFirstBlock) {

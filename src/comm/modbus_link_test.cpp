@@ -393,6 +393,52 @@ TEST(ModbusLink, ClearBlocksEmptiesListAndImage) {
     EXPECT_EQ(rig.link.RegisterValue(0, 1), 0);
 }
 
+TEST(ModbusLink, ClearBlocksGoesBackToTheStart) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.port.written.size() == 2; }, microsPerSecond));
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+    rig.link.ClearBlocks();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 0);
+    ASSERT_TRUE(rig.exchanges(2)) << "the answer under way finds no block";
+    EXPECT_EQ(rig.link.ScanBlockCount(), 0);
+}
+
+TEST(ModbusLink, TellsAnExchangeInAllItsParts) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.slave = 7;
+    Link_Rig rig(settings);
+    rig.slave = testing::Toy_Slave(7);
+    rig.slave.registers = {{99, 5}, {100, 6}};
+    rig.link.SetAddressBase(40001);
+    rig.block(40100, 40101);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    const Exchange_Record read = rig.log.exchanges[0];
+    EXPECT_EQ(read.unit, 7);
+    EXPECT_EQ(read.function, Function_Code::ReadHoldingRegisters);
+    EXPECT_EQ(read.firstRegister, 40100);
+    EXPECT_EQ(read.wireAddress, 99);
+    EXPECT_EQ(read.count, 2);
+    EXPECT_EQ(read.values, (std::vector<std::uint16_t>{5, 6}));
+    EXPECT_TRUE(read.good);
+    EXPECT_EQ(read.duration, rig.requestTime() + 5 * ms);
+    EXPECT_EQ(read.sent, withCrc(bytesOf("07 03 00 63 00 02")));
+    EXPECT_EQ(read.received, withCrc(bytesOf("07 03 04 00 05 00 06")));
+
+    rig.link.EndSession();
+    rig.link.PresetMultipleRegisters(0, 40101, {8, 9});
+    ASSERT_TRUE(rig.writeEnds());
+    const Exchange_Record write = rig.log.exchanges.back();
+    EXPECT_EQ(write.function, Function_Code::PresetMultipleRegisters);
+    EXPECT_EQ(write.firstRegister, 40101);
+    EXPECT_EQ(write.wireAddress, 100);
+    EXPECT_EQ(write.count, 2);
+    EXPECT_EQ(write.values, (std::vector<std::uint16_t>{8, 9}));
+}
+
 TEST(ModbusLink, TemplateTimingsOf0LeaveTheSettingsOwn) {
     Link_Rig rig;
     EXPECT_EQ(rig.link.timeOutMs(), 100);
@@ -466,6 +512,17 @@ TEST(ModbusLink, NewSettingsTakeEffectOnAnOpenPort) {
     EXPECT_TRUE(rig.exchanges(3));
     rig.link.setPortSettings(changed);
     EXPECT_EQ(rig.port.attempts.size(), 2U) << "the same settings change nothing";
+}
+
+TEST(ModbusLink, NewSettingsLeaveAClosedPortClosed) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    rig.link.ClosePort();
+    Port_Settings changed = rig.link.portSettings();
+    changed.line.baud = 19200;
+    rig.link.setPortSettings(changed);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+    EXPECT_FALSE(rig.link.portOpen());
 }
 
 TEST(ModbusLink, WhoIsToldOfAnExchangeMayStopTheLink) {

@@ -29,7 +29,9 @@ TEST_F(RtuTransactionEcho, WhatFollowsAnAnswerIsStray) {
     more.insert(more.end(), {0x00, 0xFF});
     port.deliver(more);
     EXPECT_EQ(recorder.results.at(0).received, answer);
-    clock.runFor(100 * ms);
+    clock.runFor(20 * ms - 1);
+    EXPECT_TRUE(recorder.strays.empty());
+    clock.runFor(1);
     EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
 }
 

@@ -27,6 +27,15 @@ TEST_F(RtuTransaction, KnowsTheUsualLineWithoutBeingTold) {
     EXPECT_EQ(sentAt[0], start + silence);
 }
 
+TEST_F(RtuTransaction, ASlowerLineHasALongerSilenceFromTheNextRequestOn) {
+    settings.line.baud = 1200;
+    use(settings);
+    const Micros start = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt[0], start + frameSilence(settings.line));
+    EXPECT_GT(frameSilence(settings.line), 7 * silence);
+}
+
 TEST_F(RtuTransaction, TheNextRequestGoesOutOneSilenceAfterTheLastByte) {
     recorder.onFinished = [this] {
         if (recorder.results.size() == 1) transaction.submit(read);
@@ -161,6 +170,20 @@ TEST_F(RtuTransaction, ALineThatNeverFallsSilentHoldsNothingForEver) {
     EXPECT_LE(recorder.results[0].received.size(), 4096U);
 }
 
+TEST_F(RtuTransaction, OfMoreThan4096BytesOnlyTheLastOnesAreKept) {
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(Byte_Array(4096, 0x5A));
+    clock.runFor(200 * ms);
+    EXPECT_EQ(recorder.results.at(0).received.size(), 4096U);
+    clock.runFor(200 * ms);
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(Byte_Array(4097, 0x5A));
+    clock.runFor(200 * ms);
+    EXPECT_EQ(recorder.results.at(1).received.size(), 256U) << "as many as the longest frame has";
+}
+
 TEST_F(RtuTransaction, ADamagedAnswerInABabblingLineFailsInTheEnd) {
     begin(read);
     clock.runFor(requestTime);
@@ -275,6 +298,20 @@ TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineNoLongerThanItsTimeOut) {
     transaction.abandon();
 }
 
+TEST_F(RtuTransaction, WhatCameForAnAbandonedRequestIsNotTheNextOnes) {
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(bytesOf("5A 5A"));
+    transaction.abandon();
+    clock.runFor(microsPerSecond);
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(recorder.results[0].received, answer);
+    EXPECT_EQ(recorder.results[0].noise, 0U);
+}
+
 TEST_F(RtuTransaction, ARequestThatHasNotGoneOutCanBeTakenBack) {
     transaction.submit(read);
     EXPECT_TRUE(transaction.withdraw());
@@ -370,6 +407,7 @@ TEST_F(RtuTransaction, APortThatTakesNoBytesIsLost) {
     clock.runFor(10 * ms);
     ASSERT_EQ(recorder.results.size(), 1U);
     EXPECT_TRUE(recorder.results[0].portLost);
+    EXPECT_TRUE(recorder.results[0].sent.empty());
     EXPECT_FALSE(port.isOpen());
     EXPECT_EQ(recorder.lost,
               std::vector<std::string>{"The port took no bytes: the adapter is gone or doesn't work."});
