@@ -156,6 +156,18 @@ TEST_F(RtuTransaction, AfterAFailedTryTheLineIsSilentFor5MsAtLeast) {
     EXPECT_EQ(sentAt.at(1), noise + 5 * ms);
 }
 
+TEST_F(RtuTransaction, AGoodAnswerEndsTheLongerSilence) {
+    begin(read);
+    clock.runFor(requestTime + 100 * ms);
+    EXPECT_EQ(fault(), "no answer");
+    begin(readRequest(1, 0, 1));
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(withCrc(bytesOf("01 03 02 00 07")));
+    const Micros end = clock.now();
+    begin(readRequest(1, 0, 1));
+    EXPECT_EQ(sentAt.at(2), end + silence);
+}
+
 TEST_F(RtuTransaction, ALineThatNeverFallsSilentHoldsNothingForEver) {
     std::function<void()> babble = [&] {
         port.deliver(bytesOf("5A A5 5A"));
@@ -287,6 +299,17 @@ TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineUntilItsAnswerCame) {
     clock.runFor(10 * ms);
     EXPECT_EQ(sentAt.at(1), end + silence);
     EXPECT_TRUE(recorder.results.empty());
+}
+
+TEST_F(RtuTransaction, ALineThatFallsSilentBehindAnAbandonedRequestIsFree) {
+    begin(read);
+    clock.runFor(requestTime + 5 * ms);
+    transaction.abandon();
+    transaction.submit(readRequest(1, 0, 3));
+    port.deliver(bytesOf("5A"));
+    const Micros last = clock.now();
+    clock.runFor(30 * ms);
+    EXPECT_EQ(sentAt.at(1), last + 20 * ms);
 }
 
 TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineNoLongerThanItsTimeOut) {
