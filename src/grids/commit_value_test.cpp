@@ -359,6 +359,13 @@ TEST_F(Commit_Value_Test, ATimeTooLongToCountIsAnOverflow) {
     EXPECT_EQ(cell().Value, "7");
 }
 
+TEST_F(Commit_Value_Test, ACommitThatFailsRejectsNothing) {
+    cell().Format = "TIME";
+    bool rejected = true;
+    EXPECT_THROW(PRO_Escribe_Valor(grids, 1, 0, "99999999999:00", rejected), Run_Time_Failure);
+    EXPECT_FALSE(rejected);
+}
+
 TEST_F(Commit_Value_Test, MinutesUnderATimeColumnTakeAPlainNumber) {
     column().Column_Type = "TIME";
     cell().Format = "TIMEMM";
