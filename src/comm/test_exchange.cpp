@@ -40,7 +40,6 @@ void Test_Exchange::tryFinished(const Try_Result& result) {
 
 void Test_Exchange::ring() {
     const Done done = std::exchange(done_, nullptr);
-    transaction_.abandon();
     port_.close();
     if (done) done(report_);
 }
