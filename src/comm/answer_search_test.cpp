@@ -52,6 +52,17 @@ TEST(AnswerSearch, WaitsForTheRestOfATruncatedAnswer) {
     }
 }
 
+TEST(AnswerSearch, LooksAtNoMoreThanCameOfAWritesAnswer) {
+    const Rtu_Request write = presetSingle(17, 0x0102, 0x0304);
+    const Byte_Array whole = encodeRequest(write);
+    for (std::size_t length = 1; length < whole.size(); ++length) {
+        Byte_Array begun(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
+        begun.push_back(0xEE); // what stands behind the bytes that came
+        EXPECT_EQ(whyNoAnswer(write, Byte_View(begun).first(length)), Answer_Fault::Truncated) << length;
+    }
+    EXPECT_EQ(whyNoAnswer(write, bytesOf("11 06 01 02 03 05")), Answer_Fault::Noise) << "another value";
+}
+
 TEST(AnswerSearch, SaysWhenAnExceptionStandsInAnAnswerThatIsStillComing) {
     const Byte_Array inside = joined(bytesOf("11 03 06"), withCrc(bytesOf("11 83 02")));
     const Finding finding = findAnswer(request, inside);

@@ -135,6 +135,29 @@ TEST(LinkPort, ANewAttemptClearsTheLoss) {
     EXPECT_EQ(rig.asker.messages.size(), 1U);
 }
 
+TEST(LinkPort, AnOpenedPortIsNoted) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    EXPECT_THAT(rig.log.notes, ElementsAre("The port is open."));
+}
+
+TEST(LinkPort, ALentPortIsNotLookedForUntilItIsTakenBack) {
+    Link_Rig rig;
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    onlyPorts(rig, {});
+    rig.port.unplug();
+    rig.link.lendPort();
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.clock.runFor(2 * microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+    rig.link.takePortBack();
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+    EXPECT_TRUE(rig.link.portOpen());
+}
+
 TEST(LinkPort, WarningsOfThePortAreNotedAndStopNothing) {
     Link_Rig rig;
     rig.port.onOpen = [](const std::string&) { return Port_Opening{true, "", {"The port has no RTS line"}}; };

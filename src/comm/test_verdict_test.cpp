@@ -181,6 +181,15 @@ TEST(TestVerdict, AsksForOneRegisterByItsAddressOnTheWire) {
     EXPECT_EQ(bench.port.attempts, std::vector<std::string>{"ttyUSB0"});
 }
 
+TEST(TestVerdict, AsksOneSilenceAfterThePortWasOpened) {
+    Test_Bench bench;
+    Micros sentAt = 0;
+    bench.port.onWrite = [&](const Byte_Array&) { sentAt = bench.clock.now(); };
+    const Micros opened = bench.clock.now();
+    bench.run();
+    EXPECT_EQ(sentAt, opened + frameSilence(bench.request.settings.line));
+}
+
 TEST(TestVerdict, TheUnitIsThereWhenItRefuses) {
     EXPECT_TRUE((Test_Verdict{Verdict_Kind::Exception, {}, {}}.unitIsThere()));
     EXPECT_FALSE((Test_Verdict{Verdict_Kind::Silence, {}, {}}.unitIsThere()));

@@ -249,6 +249,15 @@ TEST_F(Cells, TheSearchEndsAtTheRowsOfASizeThatWasRefusedHalfway) {
     EXPECT_TRUE(bench.cell(1, 3, 1).Has_Messages) << "but row 3 comes first";
 }
 
+TEST_F(Cells, ASizeWithoutRowsOrColumnsLeavesNothingToSearch) {
+    configure("ROWADDRESS_1", "100");
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_1_RC", "3,-1"), 9);
+    EXPECT_TRUE(messages("ADDRESS_100", "(0)Off"));
+    EXPECT_FALSE(bench.cell(1, 1, 1).Has_Messages);
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_2_RC", "-1,3"), 9);
+    EXPECT_TRUE(bench.line("FIELD_#_MESSAGES", 2, "ADDRESS_100", "(0)Off")) << "no table, and none is missed";
+}
+
 TEST_F(Cells, AListForAFieldThatIsntThereIsFailure9) {
     EXPECT_EQ(bench.failureOf("FIELD_#_MESSAGES", 101, "ADDRESS_1", "(0)Off"), 9);
     EXPECT_EQ(bench.failureOf("FIELD_#_MESSAGES", 2, "ADDRESS_1", "(0)Off"), 9) << "no size yet";
