@@ -60,6 +60,8 @@ TYPED_TEST_P(Flex_Grid_Test, IsEmptyAtFirst) {
     EXPECT_EQ(grid.ComboList(), "");
     EXPECT_EQ(grid.ComboData(), "");
     EXPECT_EQ(grid.EditMaxLength(), 0);
+    EXPECT_EQ(grid.RowSel(), -1);
+    EXPECT_EQ(grid.ColSel(), -1);
 }
 
 TYPED_TEST_P(Flex_Grid_Test, TextAddressesTheCurrentCell) {
