@@ -53,7 +53,6 @@ void Modbus_Link::refuseFrame(const std::string& why) {
     ++status_.transactionCount;
     status_.lastRequestFailed = true;
     status_.lastResponse = why;
-    scanTries_ = 0;
     scan_.blockGivenUp(clock_.now());
 }
 

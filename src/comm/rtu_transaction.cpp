@@ -239,7 +239,7 @@ void Rtu_Transaction::settle() {
 void Rtu_Transaction::atDeadline() {
     // An answer that has begun may end: the time-out is about a slave that doesn't speak.
     const auto start = searchStart();
-    const bool fresh = clock_.now() < lastActivity_ + settleTime() && !result_.received.empty();
+    const bool fresh = clock_.now() < lastActivity_ + settleTime();
     if (start && findAnswer(result_.request, receivedBytes(), *start).partial && fresh) return settle();
     fail(faultNow(), true);
 }
