@@ -111,6 +111,17 @@ TEST(ModbusLink, EveryBlockHasItsOwnTries) {
     EXPECT_THAT(firsts, ElementsAre(1, 6, 6, 6, 8, 8, 8, 1));
 }
 
+TEST(ModbusLink, ABlockBehindOneThatTheWireCannotCarryHasAllItsTries) {
+    Link_Rig rig;
+    rig.faults = [](int, const Byte_Array&) {};
+    rig.block(-5, -1);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(2));
+    rig.clock.runUntilTrue([&] { return rig.link.CommLost(); }, microsPerSecond);
+    EXPECT_EQ(rig.log.exchanges.size(), 3U);
+}
+
 TEST(ModbusLink, ALinkThatGoesAwayLowersRtsAndClosesItsPort) {
     Port_Settings settings = Link_Rig::defaults();
     settings.rts = Rts_Mode::HighOnSend;

@@ -107,7 +107,9 @@ TEST_F(RtuTransaction, AnAnswerThatStopsInTheMiddleFailsAtTheTimeOut) {
         begin(read);
         clock.runFor(requestTime + 20 * ms);
         port.deliver(Byte_Array(answer.begin(), answer.begin() + static_cast<std::ptrdiff_t>(length)));
-        clock.runFor(100 * ms);
+        clock.runUntil(sentAt.back() + requestTime + 100 * ms - 1);
+        EXPECT_EQ(recorder.results.size(), length - 1);
+        clock.runFor(1);
         ASSERT_EQ(recorder.results.size(), length);
         EXPECT_EQ(fault(), "answer cut short");
         clock.runFor(200 * ms);
