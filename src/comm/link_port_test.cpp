@@ -135,6 +135,15 @@ TEST(LinkPort, ANewAttemptClearsTheLoss) {
     EXPECT_EQ(rig.asker.messages.size(), 1U);
 }
 
+TEST(LinkPort, AnUnplugWhileNothingIsAskedIsALoss) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_FALSE(rig.link.CommLost());
+    rig.port.unplug();
+    EXPECT_TRUE(rig.link.CommLost());
+}
+
 TEST(LinkPort, AnOpenedPortIsNoted) {
     Link_Rig rig;
     rig.link.PrepareScan();

@@ -128,6 +128,25 @@ TEST(ModbusLinkScan, AStoppedScanRestsOnAnOpenPortUntilItIsPreparedOrStarted) {
     EXPECT_TRUE(rig.exchanges(2));
 }
 
+TEST(ModbusLinkScan, AStoppedWriteDoesNotDelayALookAtTheScan) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.line.baud = 115200;
+    Link_Rig rig(settings);
+    rig.turnaround = 100;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    ASSERT_TRUE(rig.exchanges(2));
+    rig.link.PresetSingleRegister(0, 1, 5);
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.port.written.size() == 3; }, microsPerSecond));
+    rig.link.StopScan();
+    rig.link.StartScan();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+    rig.clock.runFor(1 * ms);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+}
+
 TEST(ModbusLinkScan, ResetScanGoesOnWithARequestThatHasNotGoneOut) {
     Link_Rig rig;
     rig.block(1, 5);
