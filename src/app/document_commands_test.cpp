@@ -207,6 +207,22 @@ TEST_F(SaveCommand, SaysNothingOfAFailureAndTheTitleGoesCleanEvenSo) {
     EXPECT_EQ(folder.texts.size(), 1U) << "and in a recovery copy";
 }
 
+TEST_F(SaveCommand, ADocumentThatIsClosedMeanwhileLeavesThePlainCaption) {
+    frame.base.duringPause = [this](std::int32_t) { MNU_Close_Click(app); };
+    MNU_Save_Click(app);
+    EXPECT_EQ(frame.base.caption(), "Zorvane");
+    EXPECT_EQ(frame.panel(Panel::Message), "");
+    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save));
+}
+
+TEST_F(SaveCommand, AnotherDocumentThatIsOpenedMeanwhileKeepsItsStatus) {
+    files.put("/home/long.abc", doubles::fileText({"[Field_1_Default]", "ROW_1=low,77,1"}));
+    frame.base.duringPause = [this](std::int32_t) { openFile(app, "/home/long.abc", false); };
+    MNU_Save_Click(app);
+    EXPECT_EQ(frame.panel(Panel::Message), "This file fit on the template.");
+    EXPECT_EQ(frame.base.caption(), "Zorvane");
+}
+
 TEST_F(SaveCommand, WidthsThatTheUserDraggedStayOutOfTheFile) {
     lower.setColWidth(0, 1234);
     MNU_Save_Click(app);
@@ -349,6 +365,32 @@ TEST_P(LetterCase, SaveWritesTheFileThatWasOpenedAndNoSecondOneAppears) {
 
 INSTANTIATE_TEST_SUITE_P(Spellings, LetterCase,
                          testing::Values("site7.kvrt207d", "SITE7.KVRT207D", "Site7.Kvrt207d"));
+
+TEST_F(DocumentCommands, ADocumentOpenedInTheSecondOfASaveKeepsItsOwnMark) {
+    edit(1, "11");
+    frame.base.duringPause = [this](std::int32_t) {
+        frame.base.duringPause = nullptr;
+        answer(Msgb_Code_No);
+        openFile(app, "/home/site7.abc", false);
+        edit(2, "22");
+        journal.clear();
+    };
+    MNU_Save_Click(app);
+    EXPECT_TRUE(form.Dirty);
+    EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_THAT(journal.lines(), IsEmpty());
+}
+
+TEST_F(DocumentCommands, ADocumentClosedInTheSecondOfASaveTakesItsPanelAlong) {
+    frame.base.duringPause = [this](std::int32_t) {
+        bool ok = true;
+        PRO_Cierra_Documento(app, ok);
+        frame.setPanel(Panel::Message, "Saving file SITE7.ABC ...");
+        journal.clear();
+    };
+    MNU_Save_Click(app);
+    EXPECT_THAT(journal.lines(), ElementsAre("panel 4 = \"\""));
+}
 
 } // namespace
 } // namespace zorvane
