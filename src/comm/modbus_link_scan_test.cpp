@@ -26,6 +26,12 @@ TEST(ModbusLinkScan, ScanModeChoosesTheBlocks) {
     EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
 }
 
+TEST(ModbusLinkScan, ShowsIndex0BeforeThereAreBlocks) {
+    const Link_Rig rig;
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 0);
+    EXPECT_EQ(rig.link.ScanBlockCount(), 0);
+}
+
 TEST(ModbusLinkScan, UnitIdStays0) {
     Link_Rig rig;
     std::int32_t unit = 0;
