@@ -144,8 +144,7 @@ TEST_F(Field_Table, SetTellsAPlaceThatIsNotThere) {
 }
 
 TEST_F(Field_Table, SetNamesTheEntriesOfAListThatWasGivenAText) {
-    const std::string advice =
-        "zorvanectl: The cell is a list. Give the number of an entry: 0 Off, 1 On.\n";
+    const std::string advice = "zorvanectl: The cell is a list. Give the number of an entry: 0 Off, 1 On.\n";
     EXPECT_THAT(run("set", {"1", "1", "2", "On"}).err, EndsWith(advice));
     EXPECT_THAT(run("set", {"1", "1", "2", "99"}).err, EndsWith(advice));
     EXPECT_EQ(run("set", {"1", "1", "2", "1"}).err, "");
