@@ -35,6 +35,12 @@ std::string escaped(std::string_view text) {
 
 std::string number(double value) { return std::to_string(std::lround(value)); }
 
+/// A measure of the paper, in twips. Readers of RTF take none beyond 22 inches, and nothing below 0.
+std::string measure(double twips) {
+    constexpr double largest = 31680;
+    return number(std::clamp(twips, 0.0, largest));
+}
+
 /// A list in which each value has one place.
 template <class Value> std::size_t placeIn(std::vector<Value>& list, const Value& value) {
     const auto found = std::find(list.begin(), list.end(), value);
@@ -82,14 +88,14 @@ class Rtf_Export {
 
     [[nodiscard]] std::string paper() const {
         const Page_Settings& sheet = content_.paper;
-        return "\\paperw" + number(sheet.PaperWidth) + "\\paperh" + number(sheet.PaperHeight) + "\\margl" +
-               number(sheet.LeftMargin) + "\\margr" + number(sheet.RightMargin) + "\\margt" +
-               number(sheet.TopMargin) + "\\margb" + number(sheet.BottomMargin) + "\n";
+        return "\\paperw" + measure(sheet.PaperWidth) + "\\paperh" + measure(sheet.PaperHeight) + "\\margl" +
+               measure(sheet.LeftMargin) + "\\margr" + measure(sheet.RightMargin) + "\\margt" +
+               measure(sheet.TopMargin) + "\\margb" + measure(sheet.BottomMargin) + "\n";
     }
 
     [[nodiscard]] std::string rightEdge() const {
         const Page_Settings& sheet = content_.paper;
-        return "\\tqr\\tx" + number(sheet.PaperWidth - sheet.LeftMargin - sheet.RightMargin);
+        return "\\tqr\\tx" + measure(sheet.PaperWidth - sheet.LeftMargin - sheet.RightMargin);
     }
 
     [[nodiscard]] std::string header() const {

@@ -26,6 +26,16 @@ TEST_F(Export_Rtf, HasPaperHeaderAndFooter) {
     EXPECT_THAT(rtf, HasSubstr(" /SITE/SITE7.ABC\\tab 11/21/2026  9:05\\par}\n"));
 }
 
+TEST_F(Export_Rtf, AMeasureThatNoPaperHasStaysWithinWhatReadersTake) {
+    MainRepKVRT report(sources(), clock, host);
+    report.PageSettings.PaperHeight = 1e30;
+    report.PageSettings.LeftMargin = -1440;
+    report.PageSettings.RightMargin = 99999;
+    const std::string rtf = exportRtf(contentOf(report));
+    EXPECT_THAT(rtf, HasSubstr("\\paperw12240\\paperh31680\\margl0\\margr31680\\margt1440\\margb1440\n"));
+    EXPECT_THAT(rtf, HasSubstr("\\tqr\\tx0\\"));
+}
+
 TEST_F(Export_Rtf, WritesATableWhoseHeadingsComeAgain) {
     document.Field_Count = 1;
     const std::string rtf = exported();
