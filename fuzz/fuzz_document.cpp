@@ -1,9 +1,7 @@
 #include "fuzz/fuzz_document.h"
 
+#include "fuzz/require.h"
 #include "template/pro_escribe_archivo.h"
-
-#include <cstdio>
-#include <cstdlib>
 
 namespace zorvane::fuzz {
 
@@ -80,10 +78,7 @@ void Fuzz_Document::writeAndReadBack() {
     PRO_Escribe_Archivo(document_, files_, "SITE7.ABC", result);
     if (!result.empty()) return;
     const std::string written = files_.text;
-    if (readConfiguration(written) == false) {
-        std::fprintf(stderr, "a document rejects its own file:\n%s", written.c_str());
-        std::abort();
-    }
+    require(readConfiguration(written) != false, "a document takes its own file");
 }
 
 } // namespace zorvane::fuzz

@@ -36,10 +36,12 @@ class Fuzz_Document {
     /// it back.
     void writeAndReadBack();
 
-    [[nodiscard]] const Declara_Zorvane& document() const noexcept { return document_; }
+    [[nodiscard]] Declara_Zorvane& document() noexcept { return document_; }
+
+    /// Whether the document is small enough for a fuzzer's run, and has a column wherever it has a row.
+    [[nodiscard]] bool mayBeWritten() const;
 
   private:
-    [[nodiscard]] bool mayBeWritten() const;
     [[nodiscard]] Reading_Services services();
 
     Declara_Zorvane document_;

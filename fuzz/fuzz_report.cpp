@@ -1,5 +1,6 @@
 #include "fuzz/fuzz_report.h"
 
+#include "fuzz/split.h"
 #include "values/font_sizes.h"
 #include "values/numbers.h"
 
@@ -66,16 +67,6 @@ Content_Row rowOf(std::string_view text, std::string_view looks, Style_Table& st
 }
 
 } // namespace
-
-std::vector<std::string> split(std::string_view text, char separator) {
-    std::vector<std::string> parts;
-    for (std::size_t end = text.find(separator); end != std::string_view::npos; end = text.find(separator)) {
-        parts.emplace_back(text.substr(0, end));
-        text.remove_prefix(end + 1);
-    }
-    parts.emplace_back(text);
-    return parts;
-}
 
 Report_Content reportFrom(std::string_view input) {
     Report_Content content;

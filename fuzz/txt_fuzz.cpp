@@ -2,6 +2,7 @@
 
 #include "fuzz/fuzz_report.h"
 #include "fuzz/require.h"
+#include "fuzz/split.h"
 #include "reports/export_txt.h"
 #include "values/code_page.h"
 

@@ -136,8 +136,11 @@ void PRO_Guarda_Ventanas(const App_Context& app) {
 
 void PRO_Lee_Dialogos(const App_Context& app, Stored_Dialog which, double& top, double& left, double& width,
                       double& height) {
-    const Window_Rectangle place =
-        storedRectangle(app.settings, sectionOf(which), {top, left, width, height}, app.frame.screen());
+    Window_Rectangle place = fallbackRectangle;
+    ignoringFailure([&] {
+        place =
+            storedRectangle(app.settings, sectionOf(which), {top, left, width, height}, app.frame.screen());
+    });
     top = place.top;
     left = place.left;
     width = place.width;

@@ -3,6 +3,9 @@
 #include "app/frame_life.h"
 #include "values/numbers.h"
 
+#include <cmath>
+#include <limits>
+
 namespace zorvane {
 
 namespace {
@@ -179,8 +182,11 @@ void Print_Commands::SaveSettingsPrint() {
 
 void Print_Commands::LoadSettingsPrint() {
     Page_Settings& page = Report_Setup().PageSettings;
-    for (const auto& [key, margin] : marginKeys)
-        page.*margin = Val(app_.settings.GetSetting(applicationTitle, marginSection, key, "1440"));
+    for (const auto& [key, margin] : marginKeys) {
+        const double stored = Val(app_.settings.GetSetting(applicationTitle, marginSection, key, "1440"));
+        const bool single = std::abs(stored) <= std::numeric_limits<float>::max();
+        page.*margin = single ? stored : Page_Settings().*margin;
+    }
 }
 
 void Print_Commands::SaveConfig(const Report_Rectangle& window) {

@@ -101,6 +101,14 @@ TEST_F(PrintCommands, ThePreviewOfTheSelectedField) {
     EXPECT_EQ(report.PrintWidth, 12240 - 2880);
 }
 
+TEST_F(PrintCommands, AStoredPlaceTooLargeForAWindowDoesNotStopThePreview) {
+    settings.texts["Zorvane/PrintDialog/Left"] = "3e388";
+    print.PrintAllPages();
+    EXPECT_THAT(journal.lines(),
+                testing::Contains("\"Preview Print All Pages\" at 3210,3075 6990x7380, zoom -2"));
+    EXPECT_EQ(print.PrintAll()->Pages.Count(), 1);
+}
+
 TEST_F(PrintCommands, ThePreviewOfAllFields) {
     print.PrintAllPages();
     EXPECT_EQ(journal.lines(),
@@ -253,6 +261,17 @@ TEST_F(PrintCommands, MarginsAreReadUnderTheKeysAsTheyHaveAlwaysBeenSpelt) {
     print.SaveSettingsPrint();
     EXPECT_EQ(settings.texts["Zorvane/Settings/PrintRigthMargin"], "200.5");
     EXPECT_EQ(settings.texts["Zorvane/Settings/PrintbottonMargin"], "1440");
+}
+
+TEST_F(PrintCommands, AMarginTooLargeForTheStoreCountsAsNeverStored) {
+    settings.texts["Zorvane/Settings/PrintLeftMargin"] = "1e999";
+    settings.texts["Zorvane/Settings/PrinttopMargin"] = "-1e39";
+    settings.texts["Zorvane/Settings/PrintbottonMargin"] = "3e38";
+    print.LoadSettingsPrint();
+    const Page_Settings& page = print.Report_Setup().PageSettings;
+    EXPECT_EQ(page.LeftMargin, 1440);
+    EXPECT_EQ(page.TopMargin, 1440);
+    EXPECT_EQ(page.BottomMargin, 3e38);
 }
 
 TEST_F(PrintCommands, ANewPreviewCopiesTheSetUp) {
