@@ -127,7 +127,8 @@ class Workbook_Reader {
         require(cellFormats_ <= mostCellFormats, "there are no more looks than programs read");
         std::vector<Sheet_Cells> sheets;
         for (const std::uint32_t place : sheetPlaces_) {
-            require(next_ < records_.size() && records_[next_].place == place, "a sheet lies where it should");
+            require(next_ < records_.size() && records_[next_].place == place,
+                    "a sheet lies where it should");
             sheets.push_back(takeSheet());
         }
         require(next_ == records_.size() && uses_ == texts_.uses, "the workbook has nothing else");

@@ -17,8 +17,8 @@ using Sheet_Value = std::variant<std::monostate, double, std::string>;
 using Sheet_Cells = std::map<std::pair<std::uint32_t, std::uint32_t>, Sheet_Value>;
 
 /// Reads a workbook stream strictly: every record has room, the streams of all sheets lie where the workbook
-/// says, texts and looks that cells name exist, and no text is longer than its record allows. Gives the sheets
-/// in their order.
+/// says, texts and looks that cells name exist, and no text is longer than its record allows. Gives the
+/// sheets in their order.
 [[nodiscard]] std::vector<Sheet_Cells> readBiff(std::string_view stream);
 
 } // namespace zorvane::fuzz

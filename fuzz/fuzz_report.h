@@ -11,8 +11,8 @@ namespace zorvane::fuzz {
 ///   settings: title, route, date, looks, measures: five texts
 ///   row:      L, H, R, T or G for its kind, and its texts behind it
 ///
-/// Each byte of `looks` is the look of a text, taken in turn. `measures` are paper width, paper height and the
-/// margins left, top, right and bottom with commas between; what is missing stands at its default.
+/// Each byte of `looks` is the look of a text, taken in turn. `measures` are paper width, paper height and
+/// the margins left, top, right and bottom with commas between; what is missing stands at its default.
 [[nodiscard]] Report_Content reportFrom(std::string_view input);
 
 } // namespace zorvane::fuzz

@@ -1,6 +1,6 @@
-// Any text as what the user leaves in any kind of cell, offline and online: the commit takes one of its ways out,
-// what it refuses stays, nothing but the cell's texts changes, and a number that went to the controller is read
-// back as the cell's value.
+// Any text as what the user leaves in any kind of cell, offline and online: the commit takes one of its ways
+// out, what it refuses stays, nothing but the cell's texts changes, and a number that went to the controller
+// is read back as the cell's value.
 
 #include "comm/cell_reading.h"
 #include "comm/dry_run_link.h"
@@ -124,13 +124,15 @@ void checkWayOut(const Scene& scene, const Table& table, bool rejected, bool fai
     const std::string& value = table.cell().Value;
     if (!way || failed) {
         require(value == scene.cell.Value || scene.online, "a failure changes nothing");
-        require(!way || std::holds_alternative<Number_Accepted>(*way) || scene.online, "no other way out fails");
+        require(!way || std::holds_alternative<Number_Accepted>(*way) || scene.online,
+                "no other way out fails");
         return;
     }
     if (std::holds_alternative<Time_Refused>(*way) || std::holds_alternative<Number_Too_Wide>(*way))
         require(value == scene.cell.Value, "a refused entry changes nothing");
     if (const auto* refused = std::get_if<Number_Refused>(&*way)) {
-        require(rejected && value == refused->limits.high, "a number beyond its limits becomes the upper one");
+        require(rejected && value == refused->limits.high,
+                "a number beyond its limits becomes the upper one");
     }
     if (const auto* time = std::get_if<Time_Accepted>(&*way))
         require(timeText(timeSeconds(time->time)) == time->time, "a time has the system's own form");
@@ -145,8 +147,10 @@ void checkReadBack(const Scene& scene, const Table& table) {
     const std::optional<Way_Out> way = decide(scene);
     if (!way || !std::holds_alternative<Number_Accepted>(*way) || table.link.writes().empty()) return;
     const double number = Val(table.cell().Value);
-    const bool plain = upperTrimmed(scene.cell.Format).empty() || upperTrimmed(scene.cell.Format) == "NUMERIC_UNSIGNED";
-    if (!plain || scene.cell.Is_Ascii_Range || scene.cell.Has_Messages || number != std::nearbyint(number)) return;
+    const bool plain =
+        upperTrimmed(scene.cell.Format).empty() || upperTrimmed(scene.cell.Format) == "NUMERIC_UNSIGNED";
+    if (!plain || scene.cell.Is_Ascii_Range || scene.cell.Has_Messages || number != std::nearbyint(number))
+        return;
     // A column with a format of its own for negative numbers holds fewer of them.
     const std::string bits = scene.definition.Bits_Negative_Format;
     if (!bits.empty() && (!isNumeric(bits) || Val(bits) < 1 || Val(bits) > 16 ||

@@ -64,7 +64,7 @@ class Html_Reader {
     }
 
     void begin(const std::string& name, std::string_view attributes) {
-        static constexpr std::array names = {"body", "header", "footer", "p",  "span",
+        static constexpr std::array names = {"body",  "header", "footer", "p", "span",
                                              "table", "tr",     "th",     "td"};
         require(std::find(names.begin(), names.end(), name) != names.end(), "a tag is the writer's own");
         const bool plain = std::all_of(attributes.begin(), attributes.end(), [](char character) {

@@ -1,5 +1,6 @@
-// Random bands on a random sheet of paper: every text comes once and in its order, each page has a band, and what
-// has room between header and footer stands there. And any text in lines of any width: no character is lost.
+// Random bands on a random sheet of paper: every text comes once and in its order, each page has a band, and
+// what has room between header and footer stands there. And any text in lines of any width: no character is
+// lost.
 
 #include "fuzz/require.h"
 #include "reports/line_wrap.h"
@@ -41,7 +42,8 @@ class Random_Report {
   private:
     Printed_Band band() {
         Printed_Band band;
-        band.role = bytes_.PickValueInArray({Band_Role::Head, Band_Role::Row, Band_Role::Foot, Band_Role::Text});
+        band.role =
+            bytes_.PickValueInArray({Band_Role::Head, Band_Role::Row, Band_Role::Foot, Band_Role::Text});
         band.height = bytes_.ConsumeIntegralInRange(0, 20000);
         const int count = bytes_.ConsumeIntegralInRange(0, 3);
         for (int index = 0; index < count; ++index) {
@@ -99,7 +101,8 @@ std::vector<std::string> checkPage(const Page_Document& document, std::size_t in
     const auto bodyEnd = items.size() - 4; // they come last: name and total of both
     require(items[bodyEnd]->text == "header" + std::to_string(index + 1) && items[bodyEnd + 1]->text == total,
             "the header knows its page and their number");
-    require(items[bodyEnd + 2]->text == "footer" + std::to_string(index + 1) && items[bodyEnd + 3]->text == total,
+    require(items[bodyEnd + 2]->text == "footer" + std::to_string(index + 1) &&
+                items[bodyEnd + 3]->text == total,
             "the footer knows its page and their number");
     const double first = bodyEnd > 0 ? items[0]->top : 0;
     for (std::size_t item = 0; item < bodyEnd; ++item) {
@@ -115,8 +118,8 @@ std::vector<std::string> checkPage(const Page_Document& document, std::size_t in
 void checkLayout(FuzzedDataProvider& bytes) {
     const Page_Settings paper = randomPaper(bytes);
     const Random_Report made(bytes);
-    const Page_Document document = layoutPages(made.report, paper, pageBand(headerHeight, "header"),
-                                               pageBand(footerHeight, "footer"));
+    const Page_Document document =
+        layoutPages(made.report, paper, pageBand(headerHeight, "header"), pageBand(footerHeight, "footer"));
     require(document.pages.size() <= made.report.bands.size(), "each page has a band");
     require(document.pages.empty() == made.report.bands.empty() || made.texts.empty(), "bands make pages");
     const double footerTop = paper.PaperHeight - paper.BottomMargin - footerHeight;

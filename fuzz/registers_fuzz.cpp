@@ -65,7 +65,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string json(data, data + size);
     const auto taken = readByTerminal(json);
     const auto simulated = readBySimulator(json);
-    require(simulated.has_value() == (taken.has_value() && onWire(*taken)), "both programs take the same files");
+    require(simulated.has_value() == (taken.has_value() && onWire(*taken)),
+            "both programs take the same files");
     if (!taken) return 0;
     require(parseRegisters(registersText(*taken)) == *taken, "registers are read as they were written");
     if (simulated)

@@ -35,7 +35,8 @@ class Quiet_Host : public Main_Report_Host {
 void checkPages(const MainRepKVRT& report) {
     std::int32_t last = 1;
     for (const Contents_Entry& entry : report.Pages.document.contents) {
-        require(entry.page >= last && entry.page <= report.Pages.Count(), "the contents go from page to page");
+        require(entry.page >= last && entry.page <= report.Pages.Count(),
+                "the contents go from page to page");
         last = entry.page;
     }
 }
@@ -48,8 +49,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (!reader.mayBeWritten()) return 0;
     const doubles::Even_Metrics metrics;
     Quiet_Host host;
-    MainRepKVRT report({reader.document(), metrics, "Grid Font"}, [] { return Report_Time{"1/2/2026", 9, 5}; },
-                       host);
+    MainRepKVRT report(
+        {reader.document(), metrics, "Grid Font"},
+        [] {
+            return Report_Time{"1/2/2026", 9, 5};
+        },
+        host);
     report.HaveGrid = size % 2 == 0;
     report.FontSize = fontSizes.at(size % fontSizes.size()).applied;
     ignoringFailure([&] {

@@ -12,6 +12,8 @@ namespace zorvane::fuzz {
 
 namespace {
 
+constexpr char replaced = '\x1A';
+
 bool isLetter(char character) { return character >= 'a' && character <= 'z'; }
 bool isNumberPart(char character) { return character == '-' || (character >= '0' && character <= '9'); }
 
@@ -61,9 +63,17 @@ class Rtf_Reader {
     void takeControl() {
         if (!rest_.empty() && isLetter(rest_.front())) {
             const std::string word = takeWhile(isLetter);
-            checkNumber(takeWhile(isNumberPart));
+            const std::string number = takeWhile(isNumberPart);
+            checkNumber(number);
             if (!rest_.empty() && rest_.front() == ' ') take();
-            obey(word);
+            if (word == "u") {
+                require(number == "-3" && rest_.starts_with("\\'3f"),
+                        "the only one is the replacement character");
+                rest_.remove_prefix(4);
+                show(replaced);
+            } else {
+                obey(word);
+            }
             return;
         }
         const char symbol = take();
@@ -111,6 +121,15 @@ class Rtf_Reader {
 };
 
 } // namespace
+
+std::string seenInRtf(std::string text) {
+    const auto standsForNothing = [](char character) {
+        const bool control = static_cast<unsigned char>(character) < 0x20 && character != '\t';
+        return control || std::string_view("\x7F\x81\x8D\x8F\x90\x9D").find(character) != std::string::npos;
+    };
+    std::replace_if(text.begin(), text.end(), standsForNothing, replaced);
+    return text;
+}
 
 Rtf_Texts readRtf(std::string_view file) { return Rtf_Reader(file).texts(); }
 

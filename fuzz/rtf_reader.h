@@ -12,8 +12,12 @@ struct Rtf_Texts {
     std::string text;               ///< outside of tables, each paragraph ended by LF
 };
 
-/// Reads a file strictly: one group holds all, groups are balanced, every byte is printable ASCII or an end of
-/// line, and each control word's number has room in 32 bits.
+/// Reads a file strictly: one group holds all, groups are balanced, every byte is printable ASCII or an end
+/// of line, and each control word's number has room in 32 bits.
 [[nodiscard]] Rtf_Texts readRtf(std::string_view file);
+
+/// A text as a reader should see it: control characters but for the tab, and bytes that stand for no
+/// character, are replaced by 0x1A.
+[[nodiscard]] std::string seenInRtf(std::string text);
 
 } // namespace zorvane::fuzz

@@ -23,14 +23,19 @@ using namespace zorvane;
 using fuzz::require;
 
 /// A line of the input for each; an empty one is a value that was never stored.
-constexpr std::array keys = {
-    "ModbusPort/Settings",    "ModbusPort/Slave",        "ModbusPort/Retries",         "ModbusPort/TimeOut",
-    "ModbusPort/Rts",         "ModbusPort/TxDelay",      "ModbusPort/AdapterEchoes",   "ModbusPort/Port",
-    "Settings/FontSize",      "Settings/Grid",           "Settings/PrintLeftMargin",   "Settings/PrintRigthMargin",
-    "Settings/PrinttopMargin", "Settings/PrintbottonMargin", "MainWindow/Top",         "MainWindow/Left",
-    "MainWindow/Width",       "MainWindow/Height",       "ModbusDialog/Top",           "ModbusDialog/Left",
-    "ModbusDialog/Width",     "ModbusDialog/Height",     "PrintDialog/Top",            "PrintDialog/Left",
-    "PrintDialog/Width",      "PrintDialog/Height"};
+constexpr std::array keys = {"ModbusPort/Settings",      "ModbusPort/Slave",
+                             "ModbusPort/Retries",       "ModbusPort/TimeOut",
+                             "ModbusPort/Rts",           "ModbusPort/TxDelay",
+                             "ModbusPort/AdapterEchoes", "ModbusPort/Port",
+                             "Settings/FontSize",        "Settings/Grid",
+                             "Settings/PrintLeftMargin", "Settings/PrintRigthMargin",
+                             "Settings/PrinttopMargin",  "Settings/PrintbottonMargin",
+                             "MainWindow/Top",           "MainWindow/Left",
+                             "MainWindow/Width",         "MainWindow/Height",
+                             "ModbusDialog/Top",         "ModbusDialog/Left",
+                             "ModbusDialog/Width",       "ModbusDialog/Height",
+                             "PrintDialog/Top",          "PrintDialog/Left",
+                             "PrintDialog/Width",        "PrintDialog/Height"};
 
 class No_Painted_Formats : public Page_Exporters {
   public:
@@ -67,7 +72,13 @@ void checkMargins(doubles::App_Bench& bench) {
     const No_Painted_Formats painted;
     doubles::Recording_Print_Frame frame(bench.journal);
     Print_Commands commands(bench.app, frame,
-                            {metrics, [] { return Report_Time{"1/2/2026", 9, 5}; }, "Sans", painted, {}});
+                            {metrics,
+                             [] {
+                                 return Report_Time{"1/2/2026", 9, 5};
+                             },
+                             "Sans",
+                             painted,
+                             {}});
     commands.LoadSettingsPrint();
     const Page_Settings paper = commands.Report_Setup().PageSettings;
     for (const double margin : {paper.LeftMargin, paper.TopMargin, paper.RightMargin, paper.BottomMargin})
@@ -88,7 +99,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::vector<std::string> lines = fuzz::split({reinterpret_cast<const char*>(data), size}, '\n');
     doubles::App_Bench bench;
     for (std::size_t index = 0; index < std::min(keys.size(), lines.size()); ++index)
-        if (!lines[index].empty()) bench.settings.texts[std::string("Zorvane/") + keys.at(index)] = lines[index];
+        if (!lines[index].empty())
+            bench.settings.texts[std::string("Zorvane/") + keys.at(index)] = lines[index];
 
     PRO_Leer_INIFIle(bench.document, bench.app.reading(), "/app/ABC.ZTP");
     Form_Load(bench.app);

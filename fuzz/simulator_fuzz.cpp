@@ -1,8 +1,8 @@
-// Any bytes as the faults of a simulated controller and as what a client sends it: no byte of a client is lost,
-// every frame that goes out is whole where no fault strikes, and only a good write changes a register.
+// Any bytes as the faults of a simulated controller and as what a client sends it: no byte of a client is
+// lost, every frame that goes out is whole where no fault strikes, and only a good write changes a register.
 //
-// An input is the texts of faults, a line each, up to an empty line, then the client's bytes. Each byte 0xFE among
-// them is a pause instead.
+// An input is the texts of faults, a line each, up to an empty line, then the client's bytes. Each byte 0xFE
+// among them is a pause instead.
 
 #include "fuzz/require.h"
 #include "fuzz/split.h"
@@ -56,7 +56,8 @@ class Line {
   public:
     explicit Line(std::vector<Fault_Rule> faults)
         : faultless_(faults.empty()), controller_(smallMap(), unit, std::move(faults), 1),
-          collector_(Line_Pace(9600, 10), [this](Bytes_View frame) { return controller_.checkSumRight(frame); }) {}
+          collector_(Line_Pace(9600, 10),
+                     [this](Bytes_View frame) { return controller_.checkSumRight(frame); }) {}
 
     void send(Bytes_View bytes) {
         sent_.insert(sent_.end(), bytes.begin(), bytes.end());
@@ -93,7 +94,8 @@ class Line {
         if (!writes && facts.function != functionReadRegisters)
             require(registers() == before, "only reads and writes move registers");
         if (facts.unit != unit && facts.unit != 0)
-            require(reaction.outgoing.empty() && registers() == before, "another unit's request is let alone");
+            require(reaction.outgoing.empty() && registers() == before,
+                    "another unit's request is let alone");
         if (facts.unit == 0) require(reaction.outgoing.empty(), "a broadcast isn't answered");
         if (faultless_)
             for (const Outgoing& outgoing : reaction.outgoing)

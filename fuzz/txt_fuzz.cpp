@@ -19,7 +19,8 @@ using fuzz::require;
 std::string shown(std::string text) {
     std::replace_if(
         text.begin(), text.end(),
-        [](char character) { return static_cast<unsigned char>(character) < 0x20 || character == 0x7F; }, ' ');
+        [](char character) { return static_cast<unsigned char>(character) < 0x20 || character == 0x7F; },
+        ' ');
     return toUtf8(text);
 }
 

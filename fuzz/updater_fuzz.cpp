@@ -1,5 +1,5 @@
-// Any bytes as a configuration file of the older generation: the old file stays as it is, each line of the new
-// one comes from the old one, and after a second update the third gives the first again.
+// Any bytes as a configuration file of the older generation: the old file stays as it is, each line of the
+// new one comes from the old one, and after a second update the third gives the first again.
 
 #include "fuzz/fuzz_document.h"
 #include "fuzz/require.h"

@@ -37,8 +37,8 @@ void PRO_Guarda_Ventanas(const App_Context& app);
 /// Which dialog is about to open.
 enum class Stored_Dialog { Monitor, Preview };
 
-/// The stored place of a dialog about to open; what the out arguments hold stands in for values never stored. A
-/// number too large for single precision gives the fallback, as any other place that can't be used.
+/// The stored place of a dialog about to open; what the out arguments hold stands in for values never stored.
+/// A number too large for single precision gives the fallback, as any other place that can't be used.
 void PRO_Lee_Dialogos(const App_Context& app, Stored_Dialog which, double& top, double& left, double& width,
                       double& height);
 

@@ -15,7 +15,15 @@ namespace {
 
 constexpr double narrowestColumn = 360; ///< twips; a column without width would take its text's place away
 
+/// A control character, or one of the five bytes of Windows-1252 that stand for no character. Readers of RTF
+/// stumble over some of them.
+bool standsForNothing(char character) {
+    return static_cast<unsigned char>(character) < 0x20 ||
+           std::string_view("\x7F\x81\x8D\x8F\x90\x9D").find(character) != std::string_view::npos;
+}
+
 std::string escaped(std::string_view text) {
+    constexpr const char* replacementCharacter = "\\u-3\\'3f";
     std::string rtf;
     for (const char character : text) {
         const auto code = static_cast<unsigned char>(character);
@@ -23,7 +31,9 @@ std::string escaped(std::string_view text) {
             rtf += std::string("\\") + character;
         else if (character == '\t')
             rtf += "\\tab ";
-        else if (code < 0x20 || code >= 0x7F) {
+        else if (standsForNothing(character))
+            rtf += replacementCharacter;
+        else if (code >= 0x80) {
             std::array<char, 5> hex{};
             std::snprintf(hex.data(), hex.size(), "\\'%02x", code);
             rtf += hex.data();

@@ -51,8 +51,15 @@ TEST_F(Export_Rtf, EscapesEveryText) {
     const std::string rtf = exported();
     EXPECT_THAT(rtf, HasSubstr("\\{x\\}"));
     EXPECT_THAT(rtf, HasSubstr(" back\\\\slash}"));
-    EXPECT_THAT(rtf, HasSubstr(" \\'80\\'e9\\'81}"));
+    EXPECT_THAT(rtf, HasSubstr(" \\'80\\'e9\\u-3\\'3f}"));
     EXPECT_THAT(rtf, HasSubstr(" tab\\tab here}"));
+}
+
+TEST_F(Export_Rtf, WhatStandsForNoCharacterIsReplaced) {
+    design(document.Fields(1), "x", {{"a"}}, {{std::string("nul\0, bell\x07", 11)}, {"\x7F\x9D\xFF"}});
+    const std::string rtf = exported();
+    EXPECT_THAT(rtf, HasSubstr(" nul\\u-3\\'3f, bell\\u-3\\'3f}"));
+    EXPECT_THAT(rtf, HasSubstr(" \\u-3\\'3f\\u-3\\'3f\\'ff}"));
 }
 
 TEST_F(Export_Rtf, AColumnWithoutWidthStillHasRoomForItsText) {

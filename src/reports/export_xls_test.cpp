@@ -1,6 +1,5 @@
-#include "reports/export_xls.h"
-
 #include "reports/biff_records.h"
+#include "reports/export_xls.h"
 
 #include <gmock/gmock.h>
 
@@ -33,8 +32,8 @@ TEST(Export_Xls, TextsTooLongForAPageHeaderAreCut) {
     content.date = std::string(100, 'd');
     const std::string book = biffWorkbook(content);
     EXPECT_THAT(book, HasSubstr(recordText(Biff::Header, "&L" + std::string(60, 'x') + "&RPage: &P / &N")));
-    EXPECT_THAT(book, HasSubstr(recordText(Biff::Footer, "&L" + std::string(120, '&') + "&R" +
-                                                             std::string(60, 'd'))));
+    EXPECT_THAT(book, HasSubstr(recordText(Biff::Footer,
+                                           "&L" + std::string(120, '&') + "&R" + std::string(60, 'd'))));
 }
 
 } // namespace
