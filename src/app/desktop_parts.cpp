@@ -137,11 +137,17 @@ void Desktop_Parts::connectHelpCommands() {
     parts_.onChosen("MNU_HelpIndex", [this] { MNU_HelpIndex_Click(parts_.app, shell); });
     parts_.onChosen("MNU_OnLine", [this] { MNU_OnLine_Click(parts_.app, shell); });
     parts_.onChosen("MNU_ContactUs", [this] { MNU_ContactUs_Click(parts_.app, shell); });
-    parts_.onChosen("MNU_About", [this] {
-        auto* about = new Acercade(parts_.frame.ask, &parts_.window());
-        about->setAttribute(Qt::WA_DeleteOnClose);
-        about->show();
-    });
+    parts_.onChosen("MNU_About", [this] { MNU_About_Click(); });
+}
+
+void Desktop_Parts::MNU_About_Click() {
+    if (about_ == nullptr) {
+        about_ = new Acercade(parts_.frame.ask, &parts_.window());
+        about_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    about_->show();
+    about_->raise();
+    about_->activateWindow();
 }
 
 void Desktop_Parts::connectColumnTip() {

@@ -13,6 +13,8 @@ class QSystemTrayIcon;
 
 namespace zorvane {
 
+class Acercade;
+
 /// The icon in the tray of this desktop.
 class Desktop_Tray_Icon final : public Tray_Icon {
   public:
@@ -70,12 +72,14 @@ class Desktop_Parts {
     void connectHelpCommands();
     void connectColumnTip();
     void MNU_FontSize_Click();
+    void MNU_About_Click();
 
     Form_Parts parts_;
     Desktop_Tray_Icon icon_;
     Window_Tray_Form form_;
     Tray tray_;
     QPointer<Font_Dialog> fontDialog_;
+    QPointer<Acercade> about_;
 };
 
 } // namespace zorvane

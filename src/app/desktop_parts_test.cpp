@@ -166,6 +166,21 @@ TEST_F(Window_Desktop, AMissingHelpFileGivesAMessage) {
     EXPECT_THAT(opened, IsEmpty());
 }
 
+TEST_F(Window_Desktop, TheAboutBoxIsShownWithoutWaitingAndOnce) {
+    start();
+    choose("MNU_About");
+    choose("MNU_About");
+    const auto boxes = program->window().findChildren<QDialog*>("Acercade");
+    ASSERT_EQ(boxes.size(), 1);
+    EXPECT_TRUE(boxes.front()->isVisible());
+    EXPECT_FALSE(boxes.front()->isModal());
+    QTest::mouseClick(boxes.front()->findChild<QPushButton*>("Command1"), Qt::LeftButton);
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(program->window().findChildren<QDialog*>("Acercade").isEmpty());
+    choose("MNU_About");
+    EXPECT_EQ(program->window().findChildren<QDialog*>("Acercade").size(), 1);
+}
+
 TEST_F(Window_Desktop, ABordersDragTellsTheWidth) {
     startWith("site7.KVRT207D");
     QHeaderView& header = *lower().view().horizontalHeader();

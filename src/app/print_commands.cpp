@@ -150,8 +150,6 @@ void Print_Commands::PrintGrid_UnloadMe() { unload(PrintGrid_, Menu_Entry::MNU_P
 void Print_Commands::unload(Report_Slot& slot, Menu_Entry entry) {
     app_.frame.setMenuEnabled(entry, true);
     app_.frame.setMenuEnabled(Menu_Entry::MNU_Print, true);
-    // "Print Page" follows its menu in the window; while its own preview is open it stays disabled.
-    if (PrintGrid_ && slot != PrintGrid_) app_.frame.setMenuEnabled(Menu_Entry::MNU_PrintPage, false);
     if (!slot) return;
     if (slot->Pages.Count() > 0) slot->Pages.Clear();
     frame_.releasePreview(*slot);
@@ -184,8 +182,7 @@ void Print_Commands::LoadSettingsPrint() {
     Page_Settings& page = Report_Setup().PageSettings;
     for (const auto& [key, margin] : marginKeys) {
         const double stored = Val(app_.settings.GetSetting(applicationTitle, marginSection, key, "1440"));
-        const bool single = std::abs(stored) <= std::numeric_limits<float>::max();
-        page.*margin = single ? stored : Page_Settings().*margin;
+        if (std::abs(stored) <= std::numeric_limits<float>::max()) page.*margin = stored;
     }
 }
 

@@ -38,8 +38,8 @@ class Print_Commands : private Main_Report_Host {
 
     /// Stores the four margins of `Report_Setup`, which is made if there is none.
     void SaveSettingsPrint();
-    /// Reads them, at the start; one inch for those never stored or beyond single
-    /// precision, 0 for those that aren't numbers.
+    /// Reads them, at the start; one inch for those never stored, 0 for those that aren't numbers. A number
+    /// too large for single precision leaves its margin as it is.
     void LoadSettingsPrint();
 
     void PrintAll_UnloadMe();

@@ -72,7 +72,7 @@ Report_Parts::Report_Parts(const App_Context& app, Window_Frame& frame, Event_Ed
                 {metrics_, presentTime, toCore(frame.window().FLX_Configuration().view().font().family()),
                  exporters_,
                  [](const std::string& path, const std::string& bytes) {
-                     writeByteFile(pathToNative(path), bytes);
+                     writeByteFile(pathToNative(Native_Files().found(path)), bytes);
                  }}),
       log_(*this, metrics_, presentTime) {
     prompts.pageSetup = [](Page_Setup_Dialog& dialog) { return dialog.exec() == QDialog::Accepted; };
@@ -172,6 +172,7 @@ void Report_Parts::releasePreview(const MainRepKVRT& report) {
     const auto found = previews_.find(&report);
     if (found == previews_.end()) return;
     Preview_Window* shown = found->second.window;
+    if (QDialog* dialog = found->second.fontDialog) dialog->close(); // it still speaks of the report
     previews_.erase(found);
     if (shown == nullptr) return;
     shown->events = {};

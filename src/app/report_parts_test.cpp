@@ -110,6 +110,17 @@ TEST_F(Window_Reports, EntriesFollowTheDocumentAndTheOpenPreviews) {
     EXPECT_EQ(commands().PrintGrid(), nullptr);
 }
 
+TEST_F(Window_Reports, AnotherDocumentLeavesTheEntryOfAnOpenPreviewDisabled) {
+    startReports();
+    choose("MNU_PrintPage");
+    open("app/EXAMPLE.KVRT100");
+    ASSERT_NE(commands().PrintGrid(), nullptr);
+    EXPECT_TRUE(enabled("MNU_Print"));
+    EXPECT_FALSE(enabled("MNU_PrintPage"));
+    oneWindow()->close();
+    EXPECT_TRUE(enabled("MNU_PrintPage"));
+}
+
 TEST_F(Window_Reports, ThePreviewShowsAllFieldsAsAWholePage) {
     startReports();
     choose("MNU_PrintAll");
@@ -242,6 +253,16 @@ TEST_F(Window_Reports, ThePreviewsOwnFontDialogChangesOnlyThatPreview) {
     EXPECT_EQ(stored("Settings", "FontSize"), "");
 }
 
+TEST_F(Window_Reports, APreviewTakesItsFontDialogAlong) {
+    startReports();
+    choose("MNU_PrintAll");
+    click(*allWindow(), 4);
+    const QPointer<QDialog> dialog = allWindow()->findChild<QDialog*>("FontDialog");
+    ASSERT_TRUE(dialog && dialog->isVisible());
+    allWindow()->close();
+    EXPECT_FALSE(dialog && dialog->isVisible());
+}
+
 TEST_F(Window_Reports, ClosingTheDocumentClosesThePreviews) {
     startReports();
     choose("MNU_PrintAll");
@@ -312,6 +333,16 @@ TEST_F(Window_Reports, AnExistingFileIsAskedAbout) {
     yes = true;
     exportTo("a.txt", 4);
     EXPECT_THAT(text("a.txt"), HasSubstr("Description: Output Setup"));
+}
+
+TEST_F(Window_Reports, AFileInOtherLettersIsTheOneOverwritten) {
+    startReports();
+    choose("MNU_PrintAll");
+    put("REPORT.TXT", "old");
+    exportTo("report.txt", 4);
+    EXPECT_THAT(questions, ElementsAre("File " + path("report.txt") + " exist overwrite it?"));
+    EXPECT_THAT(text("REPORT.TXT"), HasSubstr("Description: Output Setup"));
+    EXPECT_FALSE(std::filesystem::exists(path("report.txt")));
 }
 
 TEST_F(Window_Reports, ACancelledOrImpossibleExportSaysNothing) {

@@ -96,14 +96,20 @@ std::string Window_Frame::panel(Panel panel) const {
     return pathFromNative(window_.StatusBar1().text(static_cast<int>(panel)).toStdString());
 }
 
-/// The first entry of the print menu has keys of its own, which the menu's state doesn't reach.
+/// "Print Page" has keys of its own, which the state of the menu around it doesn't reach.
 void Window_Frame::setMenuEnabled(Menu_Entry entry, bool enabled) {
-    window_.menu().action(nameOf(entry)).setEnabled(enabled);
-    if (entry == Menu_Entry::MNU_Print) setMenuEnabled(Menu_Entry::MNU_PrintPage, enabled);
+    Main_Menu& menu = window_.menu();
+    if (entry == Menu_Entry::MNU_PrintPage)
+        printPageEnabled_ = enabled;
+    else
+        menu.action(nameOf(entry)).setEnabled(enabled);
+    menu.action(nameOf(Menu_Entry::MNU_PrintPage))
+        .setEnabled(printPageEnabled_ && menu.action(nameOf(Menu_Entry::MNU_Print)).isEnabled());
 }
 
 bool Window_Frame::menuEnabled(Menu_Entry entry) const {
-    return window_.menu().action(nameOf(entry)).isEnabled();
+    return entry == Menu_Entry::MNU_PrintPage ? printPageEnabled_
+                                              : window_.menu().action(nameOf(entry)).isEnabled();
 }
 
 void Window_Frame::setMenuChecked(Menu_Entry entry, bool checked) {

@@ -95,6 +95,7 @@ class Window_Frame final : public Document_Frame {
     Window_Dialog dialog_;
     Frm_Debug* frmDebug_ = nullptr; ///< this and the next belong to the window
     Lost_Com* lostCom_ = nullptr;
+    bool printPageEnabled_ = true; ///< by itself, whatever its menu is
     int exitCode_ = 0;
 };
 

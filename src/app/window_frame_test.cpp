@@ -7,6 +7,7 @@
 #include "template/native_files.h"
 #include "template/testing/temporary_folder.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QFontMetricsF>
 #include <QLabel>
@@ -144,11 +145,17 @@ TEST_F(Frame_Test, AGridHasTheFocusAgainWhenTheWindowWokeUpWithoutGrids) {
     EXPECT_TRUE(QApplication::focusWidget()->isVisible());
 }
 
-TEST_F(Frame_Test, PrintPageFollowsItsMenu) {
+TEST_F(Frame_Test, PrintPageCanBeChosenWhileItAndItsMenuAreEnabled) {
+    const QAction& entry = window.menu().action("MNU_PrintPage");
     frame.setMenuEnabled(Menu_Entry::MNU_Print, false);
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));
-    frame.setMenuEnabled(Menu_Entry::MNU_Print, true);
+    EXPECT_FALSE(entry.isEnabled());
     EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));
+    frame.setMenuEnabled(Menu_Entry::MNU_Print, true);
+    EXPECT_TRUE(entry.isEnabled());
+    frame.setMenuEnabled(Menu_Entry::MNU_PrintPage, false);
+    frame.setMenuEnabled(Menu_Entry::MNU_Print, true);
+    EXPECT_FALSE(entry.isEnabled());
+    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));
 }
 
 TEST_F(Frame_Test, WaitsServeEventsUntilTheConditionHolds) {

@@ -11,6 +11,7 @@ namespace zorvane {
 /// The records of a BIFF8 workbook stream that reports are made of.
 enum class Biff : std::uint16_t {
     Eof = 0x000A,
+    CalcMode = 0x000D,
     Header = 0x0014,
     Footer = 0x0015,
     LeftMargin = 0x0026,

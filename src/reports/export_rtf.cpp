@@ -100,7 +100,8 @@ class Rtf_Export {
         const Page_Settings& sheet = content_.paper;
         return "\\paperw" + measure(sheet.PaperWidth) + "\\paperh" + measure(sheet.PaperHeight) + "\\margl" +
                measure(sheet.LeftMargin) + "\\margr" + measure(sheet.RightMargin) + "\\margt" +
-               measure(sheet.TopMargin) + "\\margb" + measure(sheet.BottomMargin) + "\n";
+               measure(sheet.TopMargin) + "\\margb" + measure(sheet.BottomMargin) +
+               (sheet.PaperWidth > sheet.PaperHeight ? "\\landscape" : "") + "\n";
     }
 
     [[nodiscard]] std::string rightEdge() const {
@@ -110,7 +111,9 @@ class Rtf_Export {
 
     [[nodiscard]] std::string header() const {
         return "{\\header\\pard\\plain" + rightEdge() + "\\brdrb\\brdrs\\f0\\fs17 " +
-               escaped(content_.title) + "\\tab Page: \\chpgn  / {\\field{\\*\\fldinst NUMPAGES}}\\par}\n";
+               escaped(content_.title) +
+               "\\tab Page:  \\chpgn  / {\\field{\\*\\fldinst {\\f0\\fs17 NUMPAGES}}{\\fldrslt {\\f0\\fs17 "
+               "1}}}\\par}\n";
     }
 
     [[nodiscard]] std::string footer() const {

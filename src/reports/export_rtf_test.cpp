@@ -22,7 +22,8 @@ TEST_F(Export_Rtf, HasPaperHeaderAndFooter) {
     const std::string rtf = exported();
     EXPECT_THAT(rtf, StartsWith("{\\rtf1\\ansi\\ansicpg1252"));
     EXPECT_THAT(rtf, HasSubstr("\\paperw12240\\paperh15840\\margl1440\\margr1440\\margt1440\\margb1440\n"));
-    EXPECT_THAT(rtf, HasSubstr("Zorvane\\tab Page: \\chpgn  / {\\field{\\*\\fldinst NUMPAGES}}\\par}\n"));
+    EXPECT_THAT(rtf, HasSubstr("Zorvane\\tab Page:  \\chpgn  / {\\field{\\*\\fldinst {\\f0\\fs17 "
+                               "NUMPAGES}}{\\fldrslt {\\f0\\fs17 1}}}\\par}\n"));
     EXPECT_THAT(rtf, HasSubstr(" /SITE/SITE7.ABC\\tab 11/21/2026  9:05\\par}\n"));
 }
 
@@ -34,6 +35,14 @@ TEST_F(Export_Rtf, AMeasureThatNoPaperHasStaysWithinWhatReadersTake) {
     const std::string rtf = exportRtf(contentOf(report));
     EXPECT_THAT(rtf, HasSubstr("\\paperw12240\\paperh31680\\margl0\\margr31680\\margt1440\\margb1440\n"));
     EXPECT_THAT(rtf, HasSubstr("\\tqr\\tx0\\"));
+}
+
+TEST_F(Export_Rtf, APaperLyingAcrossIsSaidToBe) {
+    MainRepKVRT report(sources(), clock, host);
+    std::swap(report.PageSettings.PaperWidth, report.PageSettings.PaperHeight);
+    EXPECT_THAT(
+        exportRtf(contentOf(report)),
+        HasSubstr("\\paperw15840\\paperh12240\\margl1440\\margr1440\\margt1440\\margb1440\\landscape\n"));
 }
 
 TEST_F(Export_Rtf, WritesATableWhoseHeadingsComeAgain) {

@@ -5,6 +5,7 @@
 #include "reports/sheet_number.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <unordered_map>
 
@@ -18,6 +19,30 @@ constexpr std::size_t longestText = 32767;
 constexpr double twipsOfCharacter = 105; ///< a digit of the default font, by which columns are measured
 constexpr double widestColumn = 255;     ///< in characters
 constexpr double twipsPerInch = 1440;
+
+struct Sheet_Paper {
+    double width; ///< upright, in twips
+    double height;
+    std::uint32_t number; ///< by which a workbook names it
+};
+
+constexpr std::array<Sheet_Paper, 7> papers = {{{12240, 15840, 1},
+                                                {12240, 20160, 5},
+                                                {10440, 15120, 7},
+                                                {15840, 24480, 3},
+                                                {16838, 23811, 8},
+                                                {11906, 16838, 9},
+                                                {8391, 11906, 11}}};
+
+/// The number of a paper in either orientation; that of Letter for one without a number.
+std::uint32_t paperNumber(const Page_Settings& page) {
+    constexpr double tolerance = 20; // twips; papers are rounded to points here and there
+    const auto [width, height] = std::minmax(page.PaperWidth, page.PaperHeight);
+    for (const Sheet_Paper& paper : papers)
+        if (std::abs(paper.width - width) <= tolerance && std::abs(paper.height - height) <= tolerance)
+            return paper.number;
+    return papers.front().number;
+}
 
 /// A part of the report that has room on one sheet.
 struct Sheet_Room {
@@ -136,7 +161,10 @@ class Workbook {
 
     void writeSheet(const Sheet_Room& room, const std::string& cells, bool selected) {
         constexpr std::uint32_t worksheet = 0x0010;
+        constexpr std::uint32_t automatic = 1;
         stream_.record(Biff::Bof, beginOfStream(worksheet));
+        // A sheet may begin with its page header, but then LibreOffice passes over it.
+        stream_.record(Biff::CalcMode, Biff_Bytes().u16(automatic));
         writePage();
         writeColumns(room);
         Biff_Bytes dimensions;
@@ -153,7 +181,7 @@ class Workbook {
     }
 
     void writePage() {
-        const std::string header = "&L" + pageText(content_.title) + "&RPage: &P / &N";
+        const std::string header = "&L" + pageText(content_.title) + "&RPage:  &P / &N";
         const std::string footer = "&L" + pageText(content_.route) + "&R" + pageText(content_.date);
         stream_.record(Biff::Header, Biff_Bytes().longText(header));
         stream_.record(Biff::Footer, Biff_Bytes().longText(footer));
@@ -162,10 +190,9 @@ class Workbook {
         stream_.record(Biff::RightMargin, Biff_Bytes().real(paper.RightMargin / twipsPerInch));
         stream_.record(Biff::TopMargin, Biff_Bytes().real(paper.TopMargin / twipsPerInch));
         stream_.record(Biff::BottomMargin, Biff_Bytes().real(paper.BottomMargin / twipsPerInch));
-        constexpr std::uint32_t letter = 1;
-        constexpr std::uint32_t portrait = 2;
+        const std::uint32_t portrait = paper.PaperWidth > paper.PaperHeight ? 0 : 2;
         Biff_Bytes setup;
-        setup.u16(letter).u16(100).u16(1).u16(1).u16(1).u16(portrait).u16(600).u16(600);
+        setup.u16(paperNumber(paper)).u16(100).u16(1).u16(1).u16(1).u16(portrait).u16(600).u16(600);
         setup.real(0.5).real(0.5).u16(1);
         stream_.record(Biff::Setup, setup);
     }

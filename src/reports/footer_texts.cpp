@@ -1,5 +1,7 @@
 #include "reports/footer_texts.h"
 
+#include "template/native_files.h"
+#include "values/code_page.h"
 #include "values/numbers.h"
 
 namespace zorvane {
@@ -13,8 +15,9 @@ constexpr std::size_t keptBehind = 48;
 } // namespace
 
 std::string routeText(const std::string& path) {
-    if (path.size() <= longestRoute) return path;
-    return path.substr(0, keptInFront) + "..." + path.substr(path.size() - keptBehind);
+    const std::string shown = fromUtf8(pathToNative(path));
+    if (shown.size() <= longestRoute) return shown;
+    return shown.substr(0, keptInFront) + "..." + shown.substr(shown.size() - keptBehind);
 }
 
 std::string dateText(const Report_Time& time) {

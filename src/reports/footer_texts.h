@@ -15,7 +15,7 @@ struct Report_Time {
 using Report_Clock = std::function<Report_Time()>;
 
 /// A path as a footer shows it: one of more than 50 characters keeps its first 3 and its last 48, with "..."
-/// between them.
+/// between them. A character that Windows-1252 lacks is "?".
 [[nodiscard]] std::string routeText(const std::string& path);
 
 /// The date, two blanks and the time: "11/21/2026  9:05".

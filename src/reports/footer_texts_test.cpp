@@ -15,6 +15,19 @@ TEST(FooterTexts, ALongerPathKeepsThreeCharactersAndTheLastFortyEight) {
     EXPECT_EQ(routeText(std::string(100, 'a') + std::string(48, 'z')), "aaa..." + std::string(48, 'z'));
 }
 
+TEST(FooterTexts, ACharacterBeyondTheCodePageIsAQuestionMark) {
+    // U+03A9 and a byte that is no UTF-8, as paths keep them
+    EXPECT_EQ(routeText("/\x81"
+                        "3A9\x81 dir/\x8D"
+                        "FF\x8D.abc"),
+              "/? dir/?.abc");
+    std::string fifty = "/";
+    for (int letter = 0; letter < 49; ++letter)
+        fifty += "\x81"
+                 "3A9\x81";
+    EXPECT_EQ(routeText(fifty), "/" + std::string(49, '?')) << "each counts as one";
+}
+
 TEST(FooterTexts, DateAndTimeHaveTwoBlanksBetweenThem) {
     EXPECT_EQ(dateText({"11/21/2026", 9, 5}), "11/21/2026  9:05");
     EXPECT_EQ(dateText({"21.11.26", 0, 0}), "21.11.26  0:00");

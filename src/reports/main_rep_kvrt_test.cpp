@@ -184,6 +184,26 @@ TEST_F(MainReport, ARunShowsTheBusyFormAndTellsOfItsEnd) {
     EXPECT_EQ(report.MousePointer, 0);
 }
 
+TEST_F(MainReport, TheHourglassShowsWhileItRuns) {
+    struct Pointer_Host : doubles::Noting_Host {
+        const MainRepKVRT* report = nullptr;
+        std::vector<int> pointers;
+        void showBusy() override { pointers.push_back(report->MousePointer); }
+        [[nodiscard]] bool keepsRunning() override {
+            pointers.push_back(report->MousePointer);
+            return true;
+        }
+        void endBusy() override { pointers.push_back(report->MousePointer); }
+    } own;
+    MainRepKVRT watched(sources(), clock, own);
+    own.report = &watched;
+    watched.Run();
+    ASSERT_GT(own.pointers.size(), 2U);
+    EXPECT_EQ(own.pointers.back(), 0);
+    own.pointers.pop_back();
+    EXPECT_THAT(own.pointers, Each(11));
+}
+
 TEST_F(MainReport, EachSubreportIsMadeForItsField) {
     report.HaveGrid = true;
     report.FontSize = 9;

@@ -7,21 +7,24 @@ namespace zorvane {
 
 namespace {
 
-std::vector<const Printed_Text*> inReadingOrder(const Printed_Band& band) {
-    std::vector<const Printed_Text*> texts;
-    for (const Printed_Text& text : band.texts)
-        texts.push_back(&text);
-    std::stable_sort(texts.begin(), texts.end(), [](const Printed_Text* one, const Printed_Text* other) {
-        return std::pair(one->top, one->left) < std::pair(other->top, other->left);
-    });
-    return texts;
-}
-
 Content_Kind kindOf(const Printed_Band& band, double top) {
     if (band.role == Band_Role::Text) return Content_Kind::Text;
     if (band.role == Band_Role::Head)
         return band.repeatFrom && top >= *band.repeatFrom ? Content_Kind::Heading : Content_Kind::Line;
     return Content_Kind::Row;
+}
+
+/// From top to bottom and from left to right; a table's columns in their order, even where one of negative
+/// width lets the next one stand before it.
+std::vector<const Printed_Text*> inReadingOrder(const Printed_Band& band) {
+    std::vector<const Printed_Text*> texts;
+    for (const Printed_Text& text : band.texts)
+        texts.push_back(&text);
+    std::stable_sort(texts.begin(), texts.end(), [&](const Printed_Text* one, const Printed_Text* other) {
+        if (one->top != other->top) return one->top < other->top;
+        return kindOf(band, one->top) == Content_Kind::Line && one->left < other->left;
+    });
+    return texts;
 }
 
 void addRows(std::vector<Content_Row>& rows, const Printed_Band& band) {

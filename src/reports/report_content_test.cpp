@@ -37,6 +37,14 @@ TEST_F(Content, OfAllFields) {
                             "Line Edits:||Comments:|", "Heading Name", "Row all"));
 }
 
+TEST_F(Content, AColumnOfNegativeWidthKeepsItsPlaceInTheTable) {
+    document.Field_Count = 1;
+    document.Fields(1).Cells(0, 1).Width = -1;
+    MainRepKVRT report(sources(), clock, host);
+    EXPECT_THAT(linesOf(contentOf(report)), ElementsAre("Line Description:|Inputs", "Line Edits:||Comments:|",
+                                                        "Heading Name|Level", "Row low|10", "Row high|20"));
+}
+
 TEST_F(Content, OfALog) {
     rptPrintLog report(metrics, clock);
     report.RichText.text = "one\r\n\r\ntwo";

@@ -258,6 +258,8 @@ TEST(Mensaje_Test, HasTheDesignSizes) {
     EXPECT_EQ(busy.windowTitle(), "Processing Information ...");
     EXPECT_EQ(named<QWidget>(busy, "Frame1").geometry(), twips(60, 60, 6015, 855));
     EXPECT_EQ(named<QLabel>(busy, "Label1").geometry(), twips(150, 300, 5655, 495));
+    EXPECT_EQ(named<QLabel>(busy, "TXT_Mensaje").geometry(), twips(150, 120, 2640, 240));
+    EXPECT_EQ(named<QWidget>(busy, "Anima").geometry(), twips(150, 450, 1605, 285));
     EXPECT_TRUE(named<QLabel>(busy, "TXT_Mensaje").font().bold());
     EXPECT_TRUE(busy.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     EXPECT_TRUE(busy.testAttribute(Qt::WA_ShowWithoutActivating));
@@ -275,6 +277,14 @@ TEST(Mensaje_Test, WithoutTheAnimationTheDotsRestartAtThirtyFiveCharacters) {
     EXPECT_EQ(label.text().size(), 34);
     busy.Timer1_Timer();
     EXPECT_EQ(label.text(), "Processing information.");
+}
+
+TEST(Mensaje_Test, StandsInTheMiddleOfTheScreenAndTicksByItself) {
+    Mensaje busy(false, nullptr);
+    const auto& label = named<QLabel>(busy, "Label1");
+    busy.show();
+    EXPECT_EQ(busy.pos() + busy.rect().center(), busy.screen()->geometry().center());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return label.text() == "Processing information.."; }));
 }
 
 TEST(Mensaje_Test, ShowsTheAnimationWhenItsFileIsThere) {
