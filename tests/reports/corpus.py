@@ -19,6 +19,7 @@ from compare import Tables, fail, is_number, output, same
 from libreoffice import CSV, HTML
 
 MOST_INPUTS = 100
+HASH_LENGTH = 40
 SHEET_COLUMNS = 256
 
 
@@ -138,7 +139,9 @@ def convert(paths, target, folder):
 def main():
     kind, program, corpus = sys.argv[1:]
     check, target, ending, check_conversion = CHECKS[kind]
-    inputs = sorted(path for path in pathlib.Path(corpus).iterdir() if path.is_file())[:MOST_INPUTS]
+    # Those with a name that tells something come before those named by their hashes.
+    inputs = sorted((path for path in pathlib.Path(corpus).iterdir() if path.is_file()),
+                    key=lambda path: (len(path.name) == HASH_LENGTH, path.name))[:MOST_INPUTS]
     if not inputs:
         fail(f"no inputs in {corpus}")
     cells = 0
