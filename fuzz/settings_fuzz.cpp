@@ -1,15 +1,18 @@
 // Any lines as the values of the settings store: the program starts with them, what is read can be used, and
 // stored again it is read the same.
 
+#include "app/document_commands.h"
 #include "app/font_size.h"
 #include "app/frame_life.h"
 #include "app/port_store.h"
 #include "app/print_commands.h"
 #include "app/testing/app_bench.h"
 #include "app/testing/recording_print_frame.h"
+#include "comm/monitor.h"
 #include "fuzz/require.h"
 #include "fuzz/split.h"
 #include "reports/testing/even_metrics.h"
+#include "values/numbers.h"
 
 #include <algorithm>
 #include <array>
@@ -35,7 +38,8 @@ constexpr std::array keys = {"ModbusPort/Settings",      "ModbusPort/Slave",
                              "ModbusDialog/Top",         "ModbusDialog/Left",
                              "ModbusDialog/Width",       "ModbusDialog/Height",
                              "PrintDialog/Top",          "PrintDialog/Left",
-                             "PrintDialog/Width",        "PrintDialog/Height"};
+                             "PrintDialog/Width",        "PrintDialog/Height",
+                             "MainWindow/filtro"};
 
 class No_Painted_Formats : public Page_Exporters {
   public:
@@ -93,6 +97,15 @@ void checkMargins(doubles::App_Bench& bench) {
     require(commands.Report_Setup().PageSettings == stored, "margins are read as they were stored");
 }
 
+/// What the link says of its slave number, which the port settings hold.
+void checkUnit(doubles::App_Bench& bench, const std::string& number) {
+    bench.link.slaveNumber = number;
+    TMR_Verifica_monitor_Timer(bench.app.grids.comm);
+    const std::string shown = bench.frame.panel(Panel::Unit);
+    require(shown.empty() || (shown.starts_with("RTU: ") && Val(shown.substr(5)) > 0),
+            "a unit's number is shown");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -112,5 +125,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     for (const std::string& section : {mainWindowSection, monitorSection, previewSection})
         checkRectangle(bench.settings, section, bench.frame.screen());
     checkMargins(bench);
+    checkUnit(bench, lines.size() > keys.size() ? lines[keys.size()] : "");
+
+    bench.choose("/home/site7.abc");
+    MNU_Open_Click(bench.app);
+    require(bench.value(1) == "10", "a document is opened whatever type was chosen last");
     return 0;
 }
