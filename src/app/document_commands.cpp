@@ -142,9 +142,12 @@ void MNU_Save_Click(const App_Context& app) {
     app.frame.setPanel(Panel::Message, savingText(name));
     keepCopy(app, "before Save");
     std::string result;
-    PRO_Escribe_Archivo(document, app.files, document.File_Folder + name, result);
+    const std::string path = document.File_Folder + name;
+    PRO_Escribe_Archivo(document, app.files, path, result);
     const std::string saved = recoveryText(document);
     app.frame.wait_ms(savingMs);
+    // The user was free meanwhile to close it or to open another.
+    if (path != document.File_Folder + document.File_Stem + "." + document.File_Extension) return;
     if (result.empty())
         settleCopy(app, saved);
     else

@@ -207,6 +207,22 @@ TEST_F(SaveCommand, SaysNothingOfAFailureAndTheTitleGoesCleanEvenSo) {
     EXPECT_EQ(folder.texts.size(), 1U) << "and in a recovery copy";
 }
 
+TEST_F(SaveCommand, ADocumentThatIsClosedMeanwhileLeavesThePlainCaption) {
+    frame.base.duringPause = [this](std::int32_t) { MNU_Close_Click(app); };
+    MNU_Save_Click(app);
+    EXPECT_EQ(frame.base.caption(), "Zorvane");
+    EXPECT_EQ(frame.panel(Panel::Message), "");
+    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save));
+}
+
+TEST_F(SaveCommand, AnotherDocumentThatIsOpenedMeanwhileKeepsItsStatus) {
+    files.put("/home/long.abc", doubles::fileText({"[Field_1_Default]", "ROW_1=low,77,1"}));
+    frame.base.duringPause = [this](std::int32_t) { openFile(app, "/home/long.abc", false); };
+    MNU_Save_Click(app);
+    EXPECT_EQ(frame.panel(Panel::Message), "This file fit on the template.");
+    EXPECT_EQ(frame.base.caption(), "Zorvane");
+}
+
 TEST_F(SaveCommand, WidthsThatTheUserDraggedStayOutOfTheFile) {
     lower.setColWidth(0, 1234);
     MNU_Save_Click(app);

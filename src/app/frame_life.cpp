@@ -131,20 +131,19 @@ void PRO_Lee_Ventanas(const App_Context& app) {
 
 void PRO_Guarda_Ventanas(const App_Context& app) {
     storeRectangle(app.settings, mainWindowSection, app.frame.formRectangle());
-    storeRectangle(app.settings, monitorSection, monitorRectangle(app.link()));
+    storeWholeRectangle(app.settings, monitorSection, monitorRectangle(app.link()));
 }
 
 void PRO_Lee_Dialogos(const App_Context& app, Stored_Dialog which, double& top, double& left, double& width,
                       double& height) {
-    Window_Rectangle place = fallbackRectangle;
     ignoringFailure([&] {
-        place =
+        const Window_Rectangle place =
             storedRectangle(app.settings, sectionOf(which), {top, left, width, height}, app.frame.screen());
+        top = place.top;
+        left = place.left;
+        width = place.width;
+        height = place.height;
     });
-    top = place.top;
-    left = place.left;
-    width = place.width;
-    height = place.height;
 }
 
 } // namespace zorvane

@@ -28,7 +28,7 @@ void Form_Unload(const App_Context& app);
 void MNU_Exit_Click(const App_Context& app);
 
 /// Moves the main form to its stored place, and notes that of the monitor for when it opens. The preview asks
-/// for its own when it opens. A stored number too large for single precision ends it there.
+/// for its own when it opens. A stored size too large for single precision ends it there.
 void PRO_Lee_Ventanas(const App_Context& app);
 
 /// Stores the places of the main form and of the monitor.
@@ -38,7 +38,7 @@ void PRO_Guarda_Ventanas(const App_Context& app);
 enum class Stored_Dialog { Monitor, Preview };
 
 /// The stored place of a dialog about to open; what the out arguments hold stands in for values never stored.
-/// A number too large for single precision gives the fallback, as any other place that can't be used.
+/// A stored size too large for single precision leaves them all as they are.
 void PRO_Lee_Dialogos(const App_Context& app, Stored_Dialog which, double& top, double& left, double& width,
                       double& height);
 

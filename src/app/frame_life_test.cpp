@@ -245,11 +245,16 @@ TEST_F(Exits, ExitWithADirtyFileYesAndAFailingWriteStaysOpenAndDirty) {
 }
 
 TEST_F(Exits, UnloadingClosesAPortThatIsOpen) {
-    form.Online = true;
-    Form_Unload(app);
-    EXPECT_EQ(journal.lines(), (placesStored + Lines{"link UnloadMonitor", "tray icon removed",
-                                                     "link StopScan", "link ClosePort", "column tip removed",
-                                                     "previews closed", "program ended"}));
+    for (bool Main_Form_State::*member : {&Main_Form_State::Online, &Main_Form_State::Comm_Active}) {
+        form.Online = form.Comm_Active = false;
+        form.*member = true;
+        journal.clear();
+        Form_Unload(app);
+        EXPECT_EQ(journal.lines(),
+                  (placesStored + Lines{"link UnloadMonitor", "tray icon removed", "link StopScan",
+                                        "link ClosePort", "column tip removed", "previews closed",
+                                        "program ended"}));
+    }
 }
 
 } // namespace

@@ -18,7 +18,6 @@
 #include <QCursor>
 #include <QDateTime>
 #include <QFileInfo>
-#include <QPlainTextEdit>
 #include <QStandardPaths>
 
 namespace zorvane {
@@ -129,7 +128,7 @@ void KVRT_Principal::connectLink() {
     link().onExchange([this](const std::string& line1, const std::string& line2) {
         edge_.run([&] {
             const Debug_Line debug = [this](const std::string& line) {
-                frame_.FrmDebug().EDT_Prueba().appendPlainText(fromCore(line));
+                frame_.FrmDebug().addLine(fromCore(line));
             };
             modbus_control_Event10(form_, debug, line1, line2);
         });
@@ -140,6 +139,8 @@ void KVRT_Principal::start() {
     clock_.start();
     edge_.run([this] {
         Form_Load(app_);
+        if (const auto& place = form_.Monitor_Place)
+            line_.windows().rememberMonitorPlace({(*place)[0], (*place)[1], (*place)[2], (*place)[3]});
         reports_.commands().LoadSettingsPrint();
         frame_.setTimerEnabled(Timer_Name::TMR_Abre_ZTP, true);
         frame_.setTimerEnabled(Timer_Name::TMR_Inicial_ZTP, true);

@@ -2,9 +2,13 @@
 
 #include "app/testing/program_fixture.h"
 #include "ui/msgb.h"
+#include "ui/testing/control_walk.h"
 
+#include <QCheckBox>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLabel>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTimer>
@@ -92,6 +96,12 @@ TEST_F(Window_Start, TheDefaultTemplateCanBeChangedButNotSaved) {
     EXPECT_FALSE(enabled("MNU_Save"));
 }
 
+TEST_F(Window_Start, NoTwoEntriesOfAMenuAnswerToOneLetter) {
+    start();
+    EXPECT_THAT(doubles::keyClashes(*program->window().menuBar()), IsEmpty());
+    EXPECT_THAT(doubles::keyClashes(program->window()), IsEmpty());
+}
+
 class Bad_Start : public Program_Fixture {};
 
 TEST_F(Bad_Start, AMissingDefaultTemplateGivesAMessageAndAnEmptyScreen) {
@@ -130,6 +140,22 @@ TEST_F(Bad_Start, ATemplateWithoutScanBlocksEndsTheProgramAtItsStart) {
                 ElementsAre(Shown_Message{"Run-time error '9': Subscript out of range", 16, "Zorvane"}));
     EXPECT_TRUE(program->edge().ended());
     EXPECT_EQ(program->frame().exitCode(), 1);
+}
+
+TEST_F(Bad_Start, DownloadBlocksInTheDefaultTemplateEndTheProgramAtItsStart) {
+    put("app/kvrt.ztp", "[HARDWARE]\r\nDOWNLOAD_1_MULTIPLEREGISTERBLOCKNUMERIC=1-8\r\n"
+                        "[PORT_CONFIGURATION]\r\nHOLDINGREGISTERSBLOCK_1=1-8\r\n");
+    start();
+    EXPECT_THAT(messages,
+                ElementsAre(Shown_Message{"Run-time error '9': Subscript out of range", 16, "Zorvane"}));
+    EXPECT_EQ(program->frame().exitCode(), 1);
+}
+
+TEST_F(Bad_Start, TheSameTemplateWithoutDownloadBlocksStarts) {
+    put("app/kvrt.ztp", "[HARDWARE]\r\n[PORT_CONFIGURATION]\r\nHOLDINGREGISTERSBLOCK_1=1-8\r\n");
+    start();
+    EXPECT_THAT(messages, IsEmpty());
+    EXPECT_FALSE(program->edge().ended());
 }
 
 class Window_Documents : public Program_Fixture {
@@ -183,6 +209,21 @@ TEST_F(Window_Documents, TheReadOnlyTickWorksAlsoAfterSaveAs) {
     open("site7.KVRT207D");
     EXPECT_EQ(panel(1), "READ ONLY");
     EXPECT_TRUE(enabled("MNU_Saveas"));
+}
+
+TEST_F(Window_Documents, ATickForOneFileIsNoneForTheNext) {
+    readOnlyTicked = true;
+    startWith("site7.KVRT207D");
+    ASSERT_EQ(panel(1), "READ ONLY");
+    bool ticked = true;
+    program->frame().dialog().run = [this, &ticked](QFileDialog& dialog) {
+        ticked = dialog.findChild<QCheckBox*>("CHK_ReadOnly")->isChecked();
+        dialog.selectFile(QString::fromStdString(path("site7.KVRT207D")));
+        return true;
+    };
+    choose("MNU_Open");
+    EXPECT_FALSE(ticked);
+    EXPECT_EQ(panel(1), "");
 }
 
 TEST_F(Window_Documents, AReadOnlyDocumentRefusesEveryEdit) {
@@ -362,6 +403,17 @@ TEST_F(Window_Exit, AStoredTopOfAbcGivesTheFallbackPlace) {
     EXPECT_EQ(program->frame().formRectangle(), (Window_Rectangle{3075, 3210, 6990, 7380}));
 }
 
+TEST_F(Window_Exit, AMonitorThatWasntOpenedKeepsItsStoredPlace) {
+    put("settings.conf", "[ModbusDialog]\nTop=1000\nLeft=2000\nWidth=12000\nHeight=6000\n");
+    start();
+    choose("MNU_Exit");
+    const auto stored = [this](const char* key) {
+        return program->app().settings.GetSetting("Zorvane", "ModbusDialog", key, "none");
+    };
+    EXPECT_EQ(Words({stored("Top"), stored("Left"), stored("Width"), stored("Height")}),
+              (Words{"1000", "2000", "12000", "6000"}));
+}
+
 TEST_F(Window_Exit, AnExitInTheMiddleOfAWaitUnwindsIt) {
     start();
     bool wentOn = false;
@@ -382,6 +434,10 @@ TEST_F(Window_Exit, AFailureOutsideOfACommitKeepsACopyAndEndsTheProgram) {
     EXPECT_THAT(messages,
                 ElementsAre(Shown_Message{"Run-time error '9': Subscript out of range", 16, "Zorvane"}));
     EXPECT_EQ(program->frame().exitCode(), 1);
+    std::vector<std::string> copies;
+    for (const auto& entry : std::filesystem::directory_iterator(path("recovery")))
+        copies.push_back(text("recovery/" + entry.path().filename().string()));
+    EXPECT_THAT(copies, ElementsAre(testing::HasSubstr(";kept=run-time error\r\n")));
 }
 
 class Window_Recovery : public Window_Exit {};

@@ -43,12 +43,19 @@ void Line_Parts::connect(const Form_Parts& parts, Transfer_Status_Window::Print_
                         [&edge = parts.edge](const std::function<void()>& handler) { edge.run(handler); }});
     frame_.extras.unloadFrmStatus = [this] { status_->unload(); };
     frame_.extras.formEnabledSet = [this] {
+        enableReport(frame_.window().formEnabled());
         QMetaObject::invokeMethod(
             &frame_.window().StatusBar1(), [this] { showLogButton(); }, Qt::QueuedConnection);
     };
     frame_.window().StatusBar1().logChosen = [this, &edge = parts.edge] {
         edge.run([this] { status_->PRO_Muestra_Status(app_.form().Transfer_Was_Upload); });
     };
+}
+
+/// Its Connect and Retry would cut into a transfer.
+void Line_Parts::enableReport(bool enabled) {
+    frame_.window().StatusBar1().setLogEnabled(enabled);
+    if (Frm_Status* const form = status_->Status()) form->setEnabled(enabled);
 }
 
 void Line_Parts::showLogButton() {

@@ -34,6 +34,7 @@ class Line_Parts {
   private:
     [[nodiscard]] std::string openTemplate() const;
     [[nodiscard]] std::int32_t testRegister() const;
+    void enableReport(bool enabled);
     void showLogButton();
 
     const App_Context& app_;

@@ -92,6 +92,19 @@ TEST_F(Window_Line, AfterAFailedUploadThePanelKeepsItsTextAndTheLogIsOffered) {
     EXPECT_TRUE(program->window().formEnabled());
 }
 
+TEST_F(Window_Line, TheReportOfATransferTakesNoInputWhileTheFormTakesNone) {
+    program->app().form().Transfer_Errors.resize(1);
+    Frm_Status& form = program->line().status().PRO_Muestra_Status(true);
+    program->frame().setFormEnabled(false);
+    QApplication::processEvents();
+    EXPECT_FALSE(form.isEnabled()) << "its Connect and Retry would cut into a transfer";
+    EXPECT_FALSE(logButton().isEnabled());
+    program->frame().setFormEnabled(true);
+    QApplication::processEvents();
+    EXPECT_TRUE(form.isEnabled());
+    EXPECT_TRUE(logButton().isEnabled());
+}
+
 TEST_F(Window_Line, ATemplatesPortKeysLeaveThePortAndTheUnitNumber) {
     put("app/PORTS.ZTP", text("app/KVRT207D.ZTP") +
                              "\r\n[PORT_CONFIGURATION]\r\nPORT=4\r\nSETTINGS=300,o,7,2\r\nRTU=99\r\n"

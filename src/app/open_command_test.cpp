@@ -259,6 +259,21 @@ TEST_F(OpenCommand, AnUpdateThatStillDoesntFitIsTold) {
     EXPECT_EQ(document.Fields(3).Cells(1, 2).Value, "77") << "what was read stays";
 }
 
+TEST_F(OpenCommand, AnUpdatedFileIsUpdatedAgainOnlyWhenItDoesntFit) {
+    putKvrtTemplate();
+    files.put("/home/OLD_Updated.KVRT9", fileText({"[Field_1_Default]", "ROW_1=x,y,z"}));
+    open("/home/OLD_Updated.KVRT9");
+    EXPECT_EQ(document.File_Stem, "OLD_UPDATED");
+    EXPECT_EQ(frame.panel(Panel::Message), "");
+    EXPECT_FALSE(files.exists("/home/OLD_UPDATED_Updated.KVRT9"));
+
+    files.put("/home/OLD_Updated.KVRT9", fileText({"[Field_1_Default]", "ROW_1=1,2,3,4,5,6,7,8"}));
+    open("/home/OLD_Updated.KVRT9");
+    EXPECT_EQ(document.File_Stem, "OLD_UPDATED_Updated");
+    EXPECT_EQ(frame.panel(Panel::Message), "The file was updated.");
+    EXPECT_TRUE(files.exists("/home/OLD_UPDATED_Updated.KVRT9"));
+}
+
 TEST_F(OpenCommand, AnUpdateThatCantBeWrittenIsToldByTheSecondReading) {
     putKvrtTemplate();
     files.put("/home/old.kvrt9", fileText({"[Field_1_Default]", "ROW_1=1,2,3,4,5,6,7,8"}));

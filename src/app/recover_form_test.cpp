@@ -56,6 +56,12 @@ TEST_F(Recover_Form_Test, ListsTimeNameModelAndReason) {
     EXPECT_EQ(table().rowCount(), 2);
     EXPECT_EQ(form.windowTitle(), "Recover");
     EXPECT_EQ(form.accessibleDescription(), "FrmRecover");
+    EXPECT_EQ(table().accessibleName(), "Recovery copies");
+    EXPECT_EQ(
+        doubles::captions(form),
+        (Words{"Documents with changes that were not saved. A copy opens as a document of its own; save it "
+               "where you want it.",
+               "&Delete", "&Open", "Cancel"}));
 }
 
 TEST_F(Recover_Form_Test, IsUsableByKeyboardAndScreenReader) {

@@ -130,6 +130,13 @@ TEST_F(RecoveryCopies, AreKeptBeforeAFileIsOverwrittenSinceACrashMayLeaveItTorn)
     EXPECT_EQ(duringWrite, copyOf("11", "before Save"));
 }
 
+TEST_F(RecoveryCopies, AreKeptBeforeSaveAsToo) {
+    files.put("/home/default.abc", "factory");
+    choose("/home/default.abc");
+    MNU_Saveas_Click(app);
+    EXPECT_EQ(onlyCopy(), copyOf("11", "before Save As")) << "a refused Save As leaves it";
+}
+
 TEST_F(RecoveryCopies, StayWhenASaveFailsThoughItsTitleGoesClean) {
     files.failAfter(30);
     MNU_Save_Click(app);

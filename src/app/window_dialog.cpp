@@ -31,9 +31,10 @@ void Window_Dialog::take(const Common_Dialog& shown, bool chosen) {
     lastFolder_ = QFileInfo(shown.FileName).path();
 }
 
+/// The box for read-only starts without a tick: one for the last file says nothing of the next.
 void Window_Dialog::ShowOpen() {
     Common_Dialog shown = prepared();
-    shown.Flags = Flags & ~Dialog_HideReadOnly;
+    shown.Flags = Flags & ~(Dialog_HideReadOnly | Dialog_ReadOnly);
     const bool chosen = shown.ShowOpen(parent_());
     if (chosen) Flags = shown.Flags;
     take(shown, chosen);

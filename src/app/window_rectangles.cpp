@@ -28,10 +28,16 @@ bool usable(const Window_Rectangle& place, const Window_Rectangle& screen) {
     return place.width >= 0 && place.height >= 0 && place.top <= screen.height && place.left <= screen.width;
 }
 
+bool fitsSingle(double value) { return std::abs(value) <= std::numeric_limits<float>::max(); }
+
 /// Values are of single precision, in what is read as in what is written.
 double single(double value) {
-    if (std::abs(value) > std::numeric_limits<float>::max()) throw Run_Time_Failure(Failure::Overflow);
-    return static_cast<double>(static_cast<float>(value));
+    return fitsSingle(value) ? static_cast<double>(static_cast<float>(value)) : value;
+}
+
+void requireSingles(const Window_Rectangle& place) {
+    for (const auto& [key, member] : rectangleKeys)
+        if (!fitsSingle(place.*member)) throw Run_Time_Failure(Failure::Overflow);
 }
 
 } // namespace
@@ -58,12 +64,19 @@ Window_Rectangle storedRectangle(Settings_Store& store, const std::string& secti
         if (!isNumeric(text)) return fallbackRectangle;
         place.*member = single(Val(text));
     }
-    return usable(place, screen) ? place : fallbackRectangle;
+    if (!usable(place, screen)) return fallbackRectangle;
+    requireSingles(place);
+    return place;
 }
 
 void storeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place) {
     for (const auto& [key, member] : rectangleKeys)
         store.SaveSetting(applicationTitle, section, key, singleText(place.*member));
+}
+
+void storeWholeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place) {
+    for (const auto& [key, member] : rectangleKeys)
+        store.SaveSetting(applicationTitle, section, key, numberText(toLong(place.*member)));
 }
 
 } // namespace zorvane

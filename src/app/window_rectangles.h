@@ -8,8 +8,8 @@
 namespace zorvane {
 
 /// Reads the four stored values of a window, `current` standing in for those that were never stored. One that
-/// isn't a number, a negative size or a place beyond the screen puts all four to the fallback. A number
-/// beyond single precision is failure 6.
+/// isn't a number, a negative size or a place beyond the screen puts all four to the fallback. Any other
+/// number beyond single precision is failure 6.
 [[nodiscard]] Window_Rectangle storedRectangle(Settings_Store& store, const std::string& section,
                                                const Window_Rectangle& current,
                                                const Window_Rectangle& screen);
@@ -20,8 +20,11 @@ namespace zorvane {
 /// The rectangle in place of one that can't be used.
 inline constexpr Window_Rectangle fallbackRectangle{3075, 3210, 6990, 7380};
 
-/// Writes a window's four values as text.
+/// Writes a window's four values as text of single precision.
 void storeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place);
+
+/// Writes a window's four values as text of whole numbers.
+void storeWholeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place);
 
 /// A number of single precision as the store keeps it.
 [[nodiscard]] std::string singleText(double value);

@@ -87,11 +87,27 @@ TEST_F(WindowRectangles, NegativeSizesAndPlacesBeyondTheScreenFallBack) {
 }
 
 TEST_F(WindowRectangles, ANumberBeyondSinglePrecisionEndsTheReading) {
-    store("MainWindow", "1e39", "0", "100", "100");
+    store("MainWindow", "0", "0", "1e39", "100");
     store("ModbusDialog", "10", "20", "300", "400");
     PRO_Lee_Ventanas(app);
     EXPECT_EQ(frame.place, (Window_Rectangle{1000, 2000, 6990, 7380}));
     EXPECT_FALSE(form.Monitor_Place);
+}
+
+TEST_F(WindowRectangles, ANumberBeyondSinglePrecisionThatIsBeyondTheScreenOrNegativeFallsBack) {
+    store("MainWindow", "1e39", "0", "100", "100");
+    PRO_Lee_Ventanas(app);
+    EXPECT_EQ(frame.place, fallback);
+    store("MainWindow", "0", "1e400", "100", "abc");
+    store("PrintDialog", "0", "0", "-1e39", "100");
+    PRO_Lee_Ventanas(app);
+    EXPECT_EQ(frame.place, fallback);
+    EXPECT_EQ(dialogPlace(Stored_Dialog::Preview), fallback);
+}
+
+TEST_F(WindowRectangles, ADialogWhoseStoredNumberIsBeyondSinglePrecisionKeepsWhatItHas) {
+    store("PrintDialog", "1", "2", "3", "1e39");
+    EXPECT_EQ(dialogPlace(Stored_Dialog::Preview), (Window_Rectangle{1, 2, 3, 4}));
 }
 
 TEST_F(WindowRectangles, ADialogThatWasNeverPlacedKeepsWhatItHas) {
@@ -104,9 +120,17 @@ TEST_F(WindowRectangles, AreStoredAsTextOfSinglePrecision) {
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/Top"], "1309.091");
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/Left"], "0.1");
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/Width"], "12345680");
-    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Top"], "22");
-    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Height"], "44");
     EXPECT_FALSE(settings.texts.contains("Zorvane/PrintDialog/Top"));
+}
+
+TEST_F(WindowRectangles, TheMonitorsIsStoredAsTextOfWholeNumbers) {
+    link.monitorLeft = 123456789;
+    link.monitorTop = -22;
+    PRO_Guarda_Ventanas(app);
+    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Left"], "123456789");
+    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Top"], "-22");
+    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Width"], "33");
+    EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Height"], "44");
 }
 
 } // namespace

@@ -166,7 +166,9 @@ TEST_F(Window_Transfer, TheLinesOfATransferGoToTheTestForm) {
     connectController();
     choose("MNU_Upload");
     ASSERT_TRUE(waitForPanel(2, "Online"));
-    EXPECT_THAT(program->frame().FrmDebug().EDT_Prueba().toPlainText().toStdString(), HasSubstr("Tx: 01 03"));
+    const std::string lines = program->frame().FrmDebug().EDT_Prueba().toPlainText().toStdString();
+    EXPECT_THAT(lines, testing::StartsWith("Tx: 01 03"));
+    EXPECT_THAT(lines, testing::EndsWith("\n")) << "the last line, too, has its end";
 }
 
 } // namespace

@@ -6,6 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <map>
 #include <set>
 #include <utility>
 
@@ -431,6 +434,98 @@ INSTANTIATE_TEST_SUITE_P(Codes, EachCode, testing::ValuesIn(samples), [](const a
 TEST_P(EachCode, IsFoundInItsSample) {
     const Sample& sample = GetParam();
     EXPECT_EQ(findingsText(checkTemplate(fileNameFor(sample.code), edited(sample.edits))), sample.findings);
+}
+
+/// For each rule its code, severity and meaning, what becomes of such a line, and what to write instead of
+/// what its sample has.
+std::string advice() {
+    std::map<std::string_view, std::string> instead;
+    for (const Sample& sample : samples)
+        for (const Finding& finding : checkTemplate(fileNameFor(sample.code), edited(sample.edits)))
+            if (finding.code == sample.code) instead[finding.code] += "    " + finding.instead + "\n";
+    std::string text;
+    for (const Rule& rule : allRules())
+        text += "[" + std::string(rule.code) + "] " +
+                (rule.severity == Severity::Error ? "error: " : "warning: ") + std::string(rule.meaning) +
+                "\n    " + std::string(rule.why) + "\n" + instead[rule.code];
+    return text;
+}
+
+TEST(Rules, SayWhatBecomesOfALineAndWhatToWriteInstead) {
+    std::ifstream file(ZORVANE_ROOT "/src/checker/testing/advice.txt");
+    const std::string expected((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    EXPECT_EQ(advice(), expected);
+}
+
+TEST(Rules, HaveOtherWordsForOtherCasesOfOneCode) {
+    const auto told = [](const std::vector<Edit>& edits, std::string_view code) {
+        std::string text;
+        for (const Finding& finding : checkTemplate("ABC.ZTP", edited(edits)))
+            if (finding.code == code) text += finding.what + ". " + finding.instead + "\n";
+        return text;
+    };
+    EXPECT_EQ(told({{"ROW_3=Name,Pump", "ROW_3=Na\rme,Pump"}}, "control-character"),
+              "a CR without an LF in the line. End lines with CR LF.\n");
+    EXPECT_EQ(told({{"ROW_3=Name,Pump", "ROW_3=Na\x01me,Pump"}}, "control-character"),
+              "the control character 0x01 in the line. Use spaces, and none around the \"=\".\n");
+    EXPECT_EQ(
+        told({{"[FIELD_1_MESSAGES]", "["}}, "header-end"),
+        "a section header without a name: reading stops here. Write the section's name and \"]\" behind "
+        "it.\n");
+    EXPECT_EQ(told({{"ROW_3=Name,Pump", "=Name,Pump"}}, "stray-line"),
+              "a value without a key. Write KEY=value, or put a \";\" in the first column.\n");
+    EXPECT_EQ(told({{"(1)On", "(1)On\nADDRESS_100=(0)No,(1)Yes"}}, "key-twice"),
+              "the same key as in line 32. Keep one of the two lines. The list of the first one counts.\n");
+    EXPECT_EQ(
+        told({{"FIELD_1_RC=5,2", "FIELD_1_RC=5,2\nFIELD_2_RC=1,1"}}, "field-missing"),
+        "field 2 has no FIELD_2_DESC. Name it in [CONFIGURATION_FIELDS], in front of its other lines.\n");
+    EXPECT_EQ(told({{"FIELD_1_RC=5,2", "FIELD_1_RC=5,2\nFIELD_2_DESC=Inputs"}}, "field-size"),
+              "field 2 has no FIELD_2_RC. Write FIELD_2_RC=rows,columns.\n");
+    EXPECT_EQ(
+        told({{"ROWADDRESSFORMAT_5=,NUMERIC_UNSIGNED", "ROWADDRESSFORMAT_5=,numeric_unsigned"}},
+             "format-word"),
+        "\"numeric_unsigned\" in lower case. Write NUMERIC_UNSIGNED: some places ask for it exactly.\n");
+    EXPECT_EQ(told({{"ROWASCIIRANGE_3=,110-113", "ROWASCIIRANGE_3=,118-121"}}, "address-unscanned"),
+              "register 118-121 lies in scan blocks in part only (field 1, row 3, column 2). Widen a "
+              "HOLDINGREGISTERSBLOCK, or mend the address.\n");
+    EXPECT_EQ(told({{"ROWADDRESS_5=,103", "ROWADDRESS_5=,102"},
+                    {"ROWADDRESSFORMAT_5=,NUMERIC_UNSIGNED", "ROWADDRESSFORMAT_5=,TIMEMM"}},
+                   "address-shared"),
+              "register 102 is a shared time here (field 1, row 5, column 2) and a number in field 1, row 4, "
+              "column 2. Mend the address, or give both cells the same format and list.\n");
+    EXPECT_EQ(
+        told({{"COL_2_TYPE=NUMERIC", "COL_2_TYPE=NUMERIC\nCOL_2_BITSNEGATIVEFORMAT=8"},
+              {"ROWADDRESS_4=,102", "ROWADDRESS_4=102,102"}},
+             "address-shared"),
+        "register 102 is a number in the negative format 8 here (field 1, row 4, column 2) and a number in "
+        "field 1, row 4, column 1. Mend the address, or give both cells the same format and list.\n");
+    EXPECT_EQ(
+        told({{"[FIELD_1_CONFIGURATION]\n", "[FIELD_1_MESSAGES]\nADDRESS_103=(0)Off\n"
+                                            "[FIELD_1_CONFIGURATION]\n"}},
+             "message-unused"),
+        "the cell at register 103 gets its address further down. Write [FIELD_1_CONFIGURATION] in front "
+        "of this section.\n");
+    EXPECT_EQ(told({{"(1)On", "(1)"}}, "message-blank"),
+              "the text of code 1 is empty. Give the code a text, such as \"-\".\n");
+    EXPECT_EQ(told({{"ROWADDRESSNUMERICMINVALUE_4=,10", "ROWADDRESSTIMEMINVALUE_4=,10"}}, "limits-text"),
+              "\"10\" is no time (field 1, row 4, column 2). Write m:ss, such as 1:30.\n");
+    EXPECT_EQ(
+        told({{"ROWADDRESSNUMERICMINVALUE_4=,10", "ROWADDRESSTIMEMINVALUE_4=,"}}, "limits-empty"),
+        "the empty item sets 0 (field 1, row 4, column 2). Write the limit, or NUMERIC limits for the row "
+        "with the times in seconds.\n");
+    EXPECT_EQ(told({{"HOLDINGREGISTERSBLOCK_1=100-119\nHOLDINGREQUESTBLOCK_1=ALWAYS\n", ""}}, "request-word"),
+              "no scan block has the request word \"ALWAYS\". Write HOLDINGREQUESTBLOCK_n=ALWAYS.\n");
+    EXPECT_EQ(
+        told({{"CONTROLLER=ABC", "CONTROLLER=R7702-16\nDOWNLOAD_1_MULTIPLEREGISTERBLOCKNUMERIC=102-110"}},
+             "download-missing"),
+        "register 101 lies in no DOWNLOAD block (field 1, row 2, column 2). Widen a DOWNLOAD block of the "
+        "kind that fits: NUMERIC for numbers and times, MESSAGELIST for halves, ASCII for texts.\n");
+}
+
+TEST(Rules, AnUnreadableFileSaysWhatToLookAt) {
+    const Finding finding = unreadable("Permission denied");
+    EXPECT_EQ(finding.what, "the file can't be read: Permission denied");
+    EXPECT_EQ(finding.instead, "Check its path and who may read it.");
 }
 
 TEST(Rules, HaveASampleEachAndACodeOfTheirOwn) {

@@ -42,6 +42,10 @@ TEST(LinkPort, APortThatCannotBeOpenedIsTold) {
               "Permission denied: add your user to the group dialout and log in again.");
     EXPECT_EQ(rig.asker.messages[0].style, 16);
     EXPECT_EQ(rig.asker.messages[0].title, "Zorvane");
+    EXPECT_THAT(
+        rig.log.notes,
+        Contains("The port can't be opened. Permission denied: add your user to the group dialout and "
+                 "log in again."));
     EXPECT_TRUE(rig.link.CommLost());
     rig.clock.runFor(10 * microsPerSecond);
     EXPECT_EQ(rig.asker.messages.size(), 1U) << "once per attempt of the user";

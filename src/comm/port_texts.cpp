@@ -17,6 +17,11 @@ std::string timingsText(const Template_Timings& ofTemplate, std::int32_t ownTime
     return text + "none beyond what Modbus asks for.";
 }
 
+std::string lineRefusal(const Line_Settings& line) {
+    return "The port can't be set to " + formatLineSettings(line) +
+           ": choose another baud rate, parity or format.";
+}
+
 std::string portListText(const Port_Entry& port) {
     return port.description.empty() ? port.name : port.name + " - " + port.description;
 }

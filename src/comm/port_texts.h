@@ -1,6 +1,7 @@
 #pragma once
 
 #include "comm/port_finder.h"
+#include "comm/port_settings.h"
 
 #include <cstdint>
 #include <string>
@@ -19,6 +20,9 @@ struct Template_Timings {
 
 /// A port as a list shows it: its name and what is known of it.
 [[nodiscard]] std::string portListText(const Port_Entry& port);
+
+/// Why a port can't be used whose driver doesn't take these settings.
+[[nodiscard]] std::string lineRefusal(const Line_Settings& line);
 
 /// What is known of the port that is chosen or typed, in one line.
 [[nodiscard]] std::string portHint(const std::vector<Port_Entry>& ports, const std::string& chosen);

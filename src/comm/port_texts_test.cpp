@@ -14,6 +14,11 @@ TEST(PortTexts, TimingsNameWhereTheyComeFrom) {
     EXPECT_EQ(timingsText({-1, -1}, 750), timingsText({0, 0}, 750));
 }
 
+TEST(PortTexts, SettingsThatADriverRefusesAreNamed) {
+    EXPECT_EQ(lineRefusal({250000, 'E', 7, 2}),
+              "The port can't be set to 250000,e,7,2: choose another baud rate, parity or format.");
+}
+
 TEST(PortTexts, PortsInTheListAndBesideIt) {
     const std::vector<Port_Entry> ports{{"ttyUSB0", "/dev/ttyUSB0", "FT232R USB UART", {}, {}, {}},
                                         {"ttyS0", "/dev/ttyS0", {}, {}, {}, {}}};

@@ -1,5 +1,6 @@
 #include "comm/qt_serial_port.h"
 
+#include "comm/port_texts.h"
 #include "comm/serial_line_system.h"
 
 #include <QSerialPort>
@@ -77,9 +78,7 @@ std::string Qt_Serial_Port::applyLine(const Line_Settings& line, bool pseudoTerm
     applied = port_->setParity(parityOf(line.parity)) && applied;
     applied = port_->setStopBits(line.stopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop) && applied;
     port_->clearError();
-    if (applied || pseudoTerminal) return {};
-    return "The port can't be set to " + formatLineSettings(line) +
-           ": choose another baud rate, parity or format.";
+    return applied || pseudoTerminal ? std::string() : lineRefusal(line);
 }
 
 void Qt_Serial_Port::applyRts(const Port_Settings& settings, Port_Opening& opening) {

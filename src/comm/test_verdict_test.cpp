@@ -183,6 +183,25 @@ TEST(TestVerdict, TheUnitIsThereWhenItRefuses) {
     EXPECT_FALSE((Test_Verdict{Verdict_Kind::Echo, {}, {}}.unitIsThere()));
 }
 
+TEST(TestVerdict, ASilentSimulatedControllerIsStartedAnew) {
+    Test_Bench bench;
+    bench.request.settings.port = simulatedPortName;
+    EXPECT_EQ(bench.run().advice, std::vector<std::string>{"Choose the port again to start it anew."});
+}
+
+TEST(TestVerdict, AdviceNamesTheLineInWords) {
+    const auto advice = [](char parity, int stopBits) {
+        Test_Bench bench;
+        bench.request.settings.line = {19200, parity, 7, stopBits};
+        return bench.run().advice.at(2);
+    };
+    const std::string more = " One wrong setting is silence.";
+    EXPECT_EQ(advice('O', 2),
+              "Is the controller set to 19200 baud, odd parity, 7 data bits, 2 stop bits?" + more);
+    EXPECT_EQ(advice('N', 1),
+              "Is the controller set to 19200 baud, no parity, 7 data bits, 1 stop bit?" + more);
+}
+
 TEST(TestVerdict, AdviceOnTheDirectionFollowsTheRtsMode) {
     const auto advice = [](Rts_Mode mode) {
         Test_Bench bench;

@@ -69,6 +69,8 @@ TEST(Arguments, AFileMayBeNamedLikeACall) {
 TEST(Arguments, AMalformedSelectionIsWrong) {
     for (const char* text : {"1,2", "1,2,3,4", "0,1,1", "1,-1,1", "a,b,c", "", "1,2,3 "})
         EXPECT_EQ(Ctl_Bench().run({"plan", "A.ZTP", "b.A", "r.json", "--selection", text}).code, 2) << text;
+    EXPECT_THAT(Ctl_Bench().run({"plan", "A.ZTP", "b.A", "r.json", "--selection", "1,2"}).err,
+                HasSubstr("\"1,2\" is not FIELD,GRIDROW,GRIDCOLUMN, as in 1,4,2"));
 }
 
 } // namespace

@@ -102,6 +102,7 @@ TEST(Check, ListsTheCodes) {
     Ctl_Bench bench;
     const Ctl_Run run = bench.run({"check", "--list"});
     EXPECT_EQ(run.code, 0);
+    EXPECT_THAT(run.out, testing::StartsWith("Code                Severity  Meaning\n"));
     EXPECT_THAT(
         run.out,
         HasSubstr(

@@ -233,6 +233,19 @@ TEST(Dump, PrintsTablesForPeople) {
                            "Never written: 103\n");
 }
 
+TEST(Dump, PrintsTheBlocksOfABoardForPeople) {
+    Ctl_Bench bench;
+    const std::string ztp =
+        bench.file("ABC.ZTP", doubles::smallTemplate() +
+                                  lines({"[HARDWARE]", "DOWNLOAD_1_MULTIPLEREGISTERBLOCKNUMERIC=100-101",
+                                         "DOWNLOAD_2_MULTIPLEREGISTERBLOCKMESSAGELIST=102-103",
+                                         "DOWNLOAD_3_MULTIPLEREGISTERBLOCKASCII=110-117"}));
+    EXPECT_THAT(bench.run({"dump", ztp}).out, HasSubstr("\nRegisters written as blocks\n"
+                                                        "  100-101  numeric\n"
+                                                        "  102-103  message list\n"
+                                                        "  110-117  ASCII\n"));
+}
+
 TEST(Dump, ControlCharactersDoNotReachTheTerminal) {
     Ctl_Bench bench;
     const Ctl_Run run = bench.run(

@@ -127,6 +127,8 @@ TEST_F(Field_Table, SetRefusesAColumnThatIsNotModifiable) {
     const Ctl_Run set = run("set", {"1", "1", "1", "5", "--json", "--save", bench.path("out.ABC")});
     EXPECT_EQ(set.code, 1);
     EXPECT_EQ(parsed(set)["refused"], "not modifiable");
+    EXPECT_EQ(set.err, "zorvanectl: The cell can't be edited: not modifiable.\n"
+                       "zorvanectl: The document was not written.\n");
     EXPECT_EQ(parsed(set)["Value"], "10");
     EXPECT_FALSE(bench.exists("out.ABC"));
 }
@@ -134,6 +136,8 @@ TEST_F(Field_Table, SetRefusesAColumnThatIsNotModifiable) {
 TEST_F(Field_Table, SetTellsAPlaceThatIsNotThere) {
     const Ctl_Run set = run("set", {"1", "3", "1", "5", "--json"});
     EXPECT_EQ(set.code, 1);
+    EXPECT_THAT(set.err, HasSubstr("zorvanectl: The entry could not be committed: Subscript out of range "
+                                   "(failure 9). Look for a field, row, column"));
     EXPECT_EQ(parsed(set)["failure"], json::parse(R"({"number":9,"description":"Subscript out of range"})"));
     EXPECT_EQ(run("set", {"1", "0", "1", "5"}).code, 2);
 }
@@ -149,7 +153,7 @@ TEST_F(Field_Table, SetSavesTheChangedDocument) {
 TEST_F(Field_Table, SetRefusesACharacterThatNoCellHolds) {
     const Ctl_Run set = run("set", {"1", "1", "1", "\xE2\x86\x92"});
     EXPECT_EQ(set.code, 1);
-    EXPECT_THAT(set.err, HasSubstr("Windows-1252"));
+    EXPECT_EQ(set.err, "zorvanectl: The text has a character that no cell can hold (Windows-1252).\n");
 }
 
 } // namespace

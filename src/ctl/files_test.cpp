@@ -171,8 +171,9 @@ TEST(Update, ANameWithoutAnExtensionFails) {
     Ctl_Bench bench;
     const Ctl_Run run = bench.run({"update", bench.file("plain", "")});
     EXPECT_EQ(run.code, 1);
-    EXPECT_THAT(run.err,
-                HasSubstr("a configuration file's name has an extension, which names its template."));
+    EXPECT_EQ(run.err, "zorvanectl: " + bench.path("plain") +
+                           ": a configuration file's name has an extension, which names its template. "
+                           "Rename the file.\n");
 }
 
 } // namespace

@@ -11,6 +11,9 @@
 #include <csignal>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
 #include <stdlib.h>
 #include <unistd.h>
 
@@ -47,6 +50,25 @@ TEST(Program, TellsItsUsage) {
     EXPECT_THAT(run({"--help"}).out, HasSubstr("upload"));
     EXPECT_EQ(run({"upload", "A.ZTP", "b.A"}).code, 2);
     EXPECT_THAT(run({"upload", "A.ZTP", "b.A"}).err, HasSubstr("--port is required"));
+}
+
+/// A text with each run of blanks and line ends as one blank.
+std::string inOneLine(const std::string& text) {
+    std::istringstream words(text);
+    std::string line;
+    for (std::string word; words >> word;)
+        line += (line.empty() ? "" : " ") + word;
+    return line;
+}
+
+TEST(Program, TheHelpOfEachCallIsWhole) {
+    std::string help = run({"--help"}).out;
+    for (const char* call : {"models", "check", "dump", "show", "set", "save", "update", "apply", "plan",
+                             "upload", "download", "watch", "report"})
+        help += "== " + std::string(call) + "\n" + run({call, "--help"}).out;
+    std::ifstream file(CTL_HELP);
+    const std::string expected((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    EXPECT_EQ(inOneLine(help), inOneLine(expected));
 }
 
 TEST(Program, ItsApplicationFolderIsItsOwn) {
@@ -287,6 +309,10 @@ TEST_F(Line, BadPortOptionsAreWrongUsage) {
         {"--timeout", "0"},     {"--rts", "maybe"},        {"--tx-delay", "99999"}};
     for (const auto& options : wrong)
         EXPECT_EQ(run(transfer("upload", options)).code, 2) << options[0] << ' ' << options[1];
+    EXPECT_THAT(run(transfer("upload", {"--settings", "9600"})).err,
+                HasSubstr("\"9600\" is not baud,parity,data bits,stop bits, as in 9600,n,8,1"));
+    EXPECT_THAT(run(transfer("upload", {"--rts", "maybe"})).err,
+                HasSubstr("\"maybe\" is not none, rts or rs485"));
 }
 
 /// The relay model, whose field 5 has live readings.

@@ -58,6 +58,10 @@ TEST_F(Rehearsal, AFailureOfApplyIsKeptAndNothingIsSaved) {
     EXPECT_EQ(applied.code, 1);
     EXPECT_EQ(json::parse(applied.out)["failure"], json::parse(R"({"number":6,"description":"Overflow"})"));
     EXPECT_EQ(json::parse(applied.out)["template"]["failure"], nullptr);
+    EXPECT_EQ(applied.err,
+              "zorvanectl: The registers could not all be applied: Overflow (failure 6). Look for a "
+              "number that is too large for its place.\n"
+              "zorvanectl: The document was not written.\n");
     EXPECT_FALSE(bench.exists("out.ABC"));
 }
 

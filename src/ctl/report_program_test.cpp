@@ -46,6 +46,8 @@ TEST_F(Report_Program, AListCellWithoutAValueShowsTheTextBefore) {
 TEST_F(Report_Program, AFieldThatIsNotThereIsAFailure) {
     const Ctl_Run report = run({"101", "--json"});
     EXPECT_EQ(report.code, 1);
+    EXPECT_THAT(report.err, StartsWith("zorvanectl: The field could not be printed whole: Subscript out of "
+                                       "range (failure 9). "));
     EXPECT_EQ(json::parse(report.out)["failure"],
               json::parse(R"({"number":9,"description":"Subscript out of range"})"));
     EXPECT_EQ(json::parse(report.out)["rows"], json::array());
@@ -99,6 +101,7 @@ TEST_F(Report_Program, TellsAMissingDocument) {
 
 TEST_F(Report_Program, NeedsAFormatAndAFileOrAFieldAsJson) {
     EXPECT_EQ(run({}).code, 2);
+    EXPECT_EQ(run({}).err, "zorvanectl: Name a file with --format and --out, or a FIELD with --json.\n");
     EXPECT_EQ(run({"--json"}).code, 2);
     EXPECT_EQ(run({"1"}).code, 2);
     EXPECT_EQ(run({"--out", bench.path("r.txt")}).code, 2);

@@ -48,6 +48,27 @@ TEST_F(Sub_Report, PrintsHeadRowsAndFoot) {
     EXPECT_EQ(printed.bands[3].height, 1020);
 }
 
+TEST_F(Sub_Report, HasItsDesignUntilItRuns) {
+    EXPECT_EQ(report.Caption, "Printing Report...");
+    EXPECT_EQ(report.PrintWidth, 10635);
+    const auto designed = [this](const char* name) { return report.GroupHeader1.Controls(name).Caption; };
+    EXPECT_EQ(designed("FldEdits"), "Yes");
+    EXPECT_EQ(designed("Fldcomments"), "none comentaries");
+    EXPECT_EQ(designed("FldDescription"), "Channel Setup");
+    EXPECT_EQ(report.GroupHeader1.Controls("Edits").Font.Name, "Microsoft Sans Serif");
+    EXPECT_EQ(report.GroupHeader1.Controls("Edits").Font.Size, 12);
+}
+
+TEST_F(Sub_Report, BindsItsFieldsByName) {
+    run(1);
+    EXPECT_EQ(report.Fields.Item("FldDescription").Value, "Inputs");
+    EXPECT_EQ(report.Fields.Item("FldEdits").Value, "");
+    EXPECT_EQ(report.Fields.Item("FldComments").Value, "");
+    EXPECT_EQ(report.Fields.Item("ALF_1_Name").Value, "Name");
+    EXPECT_EQ(report.Fields.Item("ALF_2_Level").Value, "Level");
+    EXPECT_EQ(report.Fields.Item("Field2").Value, "20") << "of the last row";
+}
+
 TEST_F(Sub_Report, TheHeadMakesRoomForItsTexts) {
     report.FontSize = 10;
     report.Window.Width = 9000;

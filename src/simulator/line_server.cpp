@@ -128,7 +128,9 @@ void Line_Server::sendDue() {
     const Instant now = std::chrono::steady_clock::now();
     const Send_Queue::Due due = queue_.take(now);
     // A client that doesn't read loses bytes once the terminal is full, as on a real line.
-    if (!due.bytes.empty()) (void)::write(port_.fd(), due.bytes.data(), due.bytes.size());
+    if (!due.bytes.empty()) {
+        [[maybe_unused]] const ::ssize_t taken = ::write(port_.fd(), due.bytes.data(), due.bytes.size());
+    }
     for (const Frame_Record& record : due.finished)
         log_.frame(record, now, controller_.addressBase());
 }

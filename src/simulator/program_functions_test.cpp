@@ -209,8 +209,23 @@ TEST_F(Program_Test, SaysWhyItCanNotStart) {
     ended = waitForEnd();
     EXPECT_EQ(ended.exitCode, 1);
     EXPECT_EQ(ended.complaints, "zorvane-sim: " + path("no-port") + ": No such file or directory\n");
+    startBare({"--template", path("T.ZTP"), "--port", path("no-port"), "--settings", "12345,n,8,1"});
+    ended = waitForEnd();
+    EXPECT_EQ(ended.exitCode, 1);
+    EXPECT_EQ(ended.complaints, "zorvane-sim: " + path("no-port") + ": no serial port runs at 12345 baud\n");
+    startBare({"--template", path("T.ZTP"), "--pty", link(), "--log", path("no/log.json")});
+    ended = waitForEnd();
+    EXPECT_EQ(ended.exitCode, 1);
+    EXPECT_EQ(ended.complaints, "zorvane-sim: log file " + path("no/log.json") + " can't be written\n");
     startBare({"--template", path("T.ZTP"), "--pty", link(), "--fault", "crc=1"});
     EXPECT_EQ(waitForEnd().exitCode, 2);
+}
+
+TEST_F(Program_Test, GoesOnWithoutItsLogWhenThatIsFull) {
+    startBare({"--template", path("T.ZTP"), "--pty", link(), "--log", "/dev/full"});
+    waitUntilReady();
+    EXPECT_EQ(Master(link()).read(100, 2), (Words{1000, 1001}));
+    EXPECT_EQ(end(SIGTERM).complaints, "zorvane-sim: the log can't be written any more\n");
 }
 
 TEST_F(Program_Test, ServesASerialPortUntilItGoes) {

@@ -67,6 +67,15 @@ TEST(TakenName, WithoutAnExtensionLeavesTheExtensionAndIsAPlace) {
     EXPECT_FALSE(document.No_Place);
 }
 
+TEST(FileNames, NoPathNamesATemplateOutsideTheApplicationFolder) {
+    EXPECT_EQ(templateName("/tmp/x.../../etc/passwd"), "/ETC/PASSWD.ZTP");
+    EXPECT_EQ(templateName("x.../../../../etc/passwd"), "/ETC/PASSWD.ZTP");
+    EXPECT_EQ(templateName("/tmp/site.../"), "/.ZTP");
+    EXPECT_EQ(templateName("/tmp/site.."), ".ZTP");
+    EXPECT_EQ(partsOf("/tmp/x.../../etc/passwd"), (Parts{"/tmp/x.../../etc/", "passwd", "", false}));
+    EXPECT_EQ(partsOf("/tmp/x..\\..\\etc"), (Parts{"/tmp/", "X", ".\\..\\ETC", true}));
+}
+
 TEST(FileNames, APathIsCutBeforeItsName) {
     EXPECT_EQ(splitPath("/a.b/c.d").folder, "/a.b/");
     EXPECT_EQ(splitPath("/a.b/c.d").name, "c.d");

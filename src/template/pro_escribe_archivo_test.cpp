@@ -91,6 +91,12 @@ TEST_F(Writing, AnEmptyListValueWritesTheTextOfCode0) {
     EXPECT_NE(written().find("\r\nROW_1=10,Off\r\n"), std::string::npos);
 }
 
+TEST_F(Writing, AnEmptyListValueWithoutACode0WritesAnEmptyItem) {
+    bench.cell(1, 1, 2).Messages(1).Code = 5;
+    bench.cell(1, 1, 2).Value = "";
+    EXPECT_NE(written().find("\r\nROW_1=10,\r\nROW_2=1:30,Off\r\n"), std::string::npos);
+}
+
 TEST_F(Writing, AnUnknownCodeWritesAnEmptyItem) {
     bench.cell(1, 1, 2).Value = "9";
     bench.cell(1, 2, 2).Value = "1.4x";

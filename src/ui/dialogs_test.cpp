@@ -119,6 +119,9 @@ TEST(Acercade_Test, ShowsTheVersionAndCloses) {
     EXPECT_EQ(about.size(), twips(0, 0, 6045, 2835).size());
     EXPECT_EQ(about.windowTitle(), "About...");
     EXPECT_EQ(named<QLabel>(about, "Label8").text(), QStringLiteral("Zorvane\u2122 v1.61 (August 10, 2017)"));
+    EXPECT_EQ(named<QLabel>(about, "Label1").text(), "Configuration of Modbus RTU controllers");
+    EXPECT_EQ(named<QLabel>(about, "Label2").text(), "Made by the Zorvane developers, under the MIT licence");
+    EXPECT_EQ(named<QPushButton>(about, "Command1").text(), "Close");
     EXPECT_EQ(named<QLabel>(about, "IMG_Logo").size(), QSize(400, 78));
     about.show();
     QTest::mouseClick(&named<QPushButton>(about, "Command1"), Qt::LeftButton);
@@ -138,7 +141,7 @@ TEST(Acercade_Test, ShowsTheCreditsOnF12) {
     EXPECT_TRUE(asked.empty());
     QTest::keyClick(&named<QPushButton>(about, "Command1"), Qt::Key_F12);
     ASSERT_EQ(asked.size(), 3u);
-    EXPECT_NE(asked[0].find("August 10, 2017"), std::string::npos);
+    EXPECT_EQ(asked[0], "Zorvane by the Zorvane developers\r\nAugust 10, 2017");
     EXPECT_EQ(asked[1], "64");
     EXPECT_EQ(asked[2], " Desarrollador ");
     EXPECT_TRUE(about.isVisible());
@@ -166,6 +169,17 @@ TEST(Frm_Debug_Test, HidesWhenItIsClosed) {
     EXPECT_FALSE(form.isVisible());
     form.show();
     EXPECT_EQ(form.EDT_Prueba().toPlainText(), "kept");
+}
+
+TEST(Frm_Debug_Test, EachLineThatArrivesEndsTheTextWithItsLineEnd) {
+    Frm_Debug form(nullptr);
+    form.addLine("Tx: 01 03");
+    EXPECT_EQ(form.EDT_Prueba().toPlainText(), "Tx: 01 03\n");
+    form.addLine("Rx: 01 03");
+    EXPECT_EQ(form.EDT_Prueba().toPlainText(), "Tx: 01 03\nRx: 01 03\n");
+    form.EDT_Prueba().setPlainText("typed");
+    form.addLine("Tx");
+    EXPECT_EQ(form.EDT_Prueba().toPlainText(), "typedTx\n") << "behind whatever stands there";
 }
 
 /// The progress form, and what its Cancel button does in order.
@@ -198,6 +212,16 @@ TEST_F(Porcentaje_Test, HasTheDesignSizesAndNames) {
     EXPECT_EQ(named<QPushButton>(form, "BOT_Cancel").text(), "Cancel");
     EXPECT_EQ(named<QPushButton>(form, "Bot_Ok").text(), "Ok");
     EXPECT_FALSE(named<QPushButton>(form, "Bot_Ok").isVisible());
+}
+
+TEST_F(Porcentaje_Test, WordsTooLongForTheirPlaceTakeTheWholeWidth) {
+    const auto& label = named<QLabel>(form, "Label1");
+    const QPoint middle = label.geometry().center();
+    form.setLabel(QString(label.width() / label.fontMetrics().horizontalAdvance(QLatin1Char('m')) + 1, u'm'));
+    EXPECT_EQ(label.geometry(), twips(90, 180, 4485, 225));
+    EXPECT_NEAR(label.geometry().center().x(), middle.x(), 1);
+    form.setLabel(QStringLiteral("Uploading"));
+    EXPECT_EQ(label.geometry(), twips(660, 180, 3375, 225));
 }
 
 TEST_F(Porcentaje_Test, CancelWithNoGoesOn) {
@@ -258,6 +282,7 @@ TEST(Mensaje_Test, HasTheDesignSizes) {
     EXPECT_EQ(busy.windowTitle(), "Processing Information ...");
     EXPECT_EQ(named<QWidget>(busy, "Frame1").geometry(), twips(60, 60, 6015, 855));
     EXPECT_EQ(named<QLabel>(busy, "Label1").geometry(), twips(150, 300, 5655, 495));
+    EXPECT_EQ(named<QLabel>(busy, "TXT_Mensaje").text(), "Please wait");
     EXPECT_EQ(named<QLabel>(busy, "TXT_Mensaje").geometry(), twips(150, 120, 2640, 240));
     EXPECT_EQ(named<QWidget>(busy, "Anima").geometry(), twips(150, 450, 1605, 285));
     EXPECT_TRUE(named<QLabel>(busy, "TXT_Mensaje").font().bold());

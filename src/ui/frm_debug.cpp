@@ -1,10 +1,13 @@
 #include "ui/frm_debug.h"
 
+#include "ui/roles.h"
 #include "ui/text.h"
 #include "ui/twips.h"
 
 #include <QCloseEvent>
 #include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QTextCursor>
 
 namespace zorvane {
 
@@ -21,6 +24,7 @@ constexpr double belowText = 500;
 } // namespace
 
 Frm_Debug::Frm_Debug(QWidget* parent) : QWidget(parent, Qt::Window) {
+    giveRole(*this, QAccessible::Window);
     giveName(*this, QStringLiteral("FrmDebug"));
     setWindowTitle(QStringLiteral("Test Debug Form..."));
     text_ = new QPlainTextEdit(this);
@@ -29,6 +33,15 @@ Frm_Debug::Frm_Debug(QWidget* parent) : QWidget(parent, Qt::Window) {
     const Twips_Scale scale = scaleOf(*this);
     resize(scale.size(startWidth, startHeight));
     placeAt(*text_, {textLeft, textTop, startWidth - textLeft, startHeight - textTop});
+}
+
+void Frm_Debug::addLine(const QString& line) {
+    QScrollBar& bar = *text_->verticalScrollBar();
+    const bool atEnd = bar.value() == bar.maximum();
+    QTextCursor end(text_->document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(line + u'\n');
+    if (atEnd) bar.setValue(bar.maximum());
 }
 
 void Frm_Debug::resizeEvent(QResizeEvent* event) {

@@ -13,6 +13,9 @@ class Frm_Debug final : public QWidget {
 
     [[nodiscard]] QPlainTextEdit& EDT_Prueba() { return *text_; }
 
+    /// Puts a line, with its end, behind the text; a box that shows the end of its text goes on doing so.
+    void addLine(const QString& line);
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

@@ -24,7 +24,7 @@ struct Frm_Status_Parts {
     std::function<std::int32_t()> Always_Block_Count;
     QString File_Folder; ///< where Save As begins
     Ask_User ask;
-    /// Prints the report, or what is selected in it. Empty: there is no Print button to press.
+    /// Prints the report. Empty: there is no Print button to press.
     std::function<void(QTextEdit& RtbStatus, const QString& LogFileName)> printLog;
 };
 

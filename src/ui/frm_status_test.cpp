@@ -59,6 +59,8 @@ struct Frm_Status_Test : ::testing::Test, doubles::Comm_Bench {
         status.Status()->OpenFile.FilterIndex = filter;
         status.Status()->OpenFile.run = [name](QFileDialog& dialog) {
             EXPECT_EQ(dialog.windowTitle(), "Save Modbus Monitor log as...");
+            EXPECT_EQ(dialog.nameFilters(), (QStringList{"Modbus Monitor Log file (*.log)",
+                                                         "Modbus Monitor Log RTF file (*.rtf)"}));
             dialog.show();
             auto* edit = dialog.findChild<QLineEdit*>("fileNameEdit");
             edit->setText(name);
@@ -121,6 +123,7 @@ TEST_F(Frm_Status_Test, TextsAndTips) {
     EXPECT_EQ(button("BtnSaveAs"), "&Save As.../Save file in txt format or rtf format");
     EXPECT_EQ(button("btnPrint"), "&Print Log.../Print all datas or selected text");
     EXPECT_EQ(button("BtnCancel"), "&Cancel/cancel and close dialog");
+    EXPECT_EQ(at<QTextEdit>("RtbStatus").accessibleName(), "Report of the transfer");
 }
 
 TEST_F(Frm_Status_Test, LayoutInTwips) {
@@ -324,6 +327,7 @@ TEST(StatusBarLog, TheButtonStandsInTheMessagePanelAndLeavesItsText) {
     bar.setLogOffered(true);
     EXPECT_TRUE(button.isVisible());
     EXPECT_EQ(button.text(), "Log...");
+    EXPECT_EQ(button.toolTip(), "Show the log of the last transfer");
     EXPECT_TRUE(before.contains(button.geometry().adjusted(0, 0, -1, 0)));
     EXPECT_LT(bar.findChild<QWidget*>("StatusBar1_4")->geometry().right(), button.geometry().left());
     EXPECT_EQ(bar.text(4), "Ready");

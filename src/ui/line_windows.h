@@ -44,6 +44,8 @@ class Line_Windows final : public Link_Windows {
     void activateMonitor() override;
     /// Where it stands, or where it stood last.
     [[nodiscard]] Window_Place monitorPlace() const override;
+    /// Where the monitor counts as standing until it is opened.
+    void rememberMonitorPlace(const Window_Place& place) { monitorPlace_ = place; }
     void unloadMonitor() override;
     void hideMonitor() override;
     void restoreMonitor() override;

@@ -85,6 +85,10 @@ TEST_F(Main_Window_Test, NamesEveryControl) {
 }
 
 TEST_F(Main_Window_Test, HasTheMenus) {
+    std::vector<std::string> titles;
+    for (const QAction* entry : window.menuBar()->actions())
+        titles.push_back(entry->text().toStdString());
+    EXPECT_EQ(titles, (std::vector<std::string>{"&File", "&Communication", "&View", "&Windows", "&Help"}));
     EXPECT_EQ(captionsOf(menuCalled("MNU_File")),
               "&Open... | &Close | Sa&ve | Save &As... | &Recover... | - | Pa&ge Setup... | &Print... | "
               "&Show grid  in report | - | E&xit");
@@ -94,6 +98,7 @@ TEST_F(Main_Window_Test, HasTheMenus) {
     EXPECT_EQ(captionsOf(menuCalled("MNU_View")), "&Font size...");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Windows")), "&Minimize | Ma&ximize | Minimize to &tray");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Help")), "&Index | &Brevik Online | Contact &Us  | &About");
+    EXPECT_EQ(window.menu().trayMenu().title(), "Tray");
     EXPECT_EQ(captionsOf(window.menu().trayMenu()), "All | Application Window | Monitor Window");
 }
 

@@ -1,6 +1,7 @@
 #include "ui/monitor_window.h"
 
 #include "template/asker.h"
+#include "ui/roles.h"
 #include "ui/text.h"
 
 #include <QAction>
@@ -52,6 +53,7 @@ class Cut_Text_Delegate final : public QStyledItemDelegate {
 Monitor_Window::Monitor_Window(Micros midnight, Ask_User ask, QWidget* owner)
     : QWidget(owner, Qt::Window), ask_(std::move(ask)), model_(midnight),
       feed_([this](std::vector<Traffic_Entry> entries) { showNew(std::move(entries)); }) {
+    giveRole(*this, QAccessible::Window);
     giveName(*this, QStringLiteral("ModbusMonitor"));
     setWindowTitle(QStringLiteral("Modbus Monitor"));
     auto* whole = new QVBoxLayout(this);

@@ -72,6 +72,13 @@ TEST_F(Monitor_Window_Test, IsUsableByKeyboardAndScreenReader) {
     EXPECT_EQ(doubles::keyClashes(window), std::vector<std::string>{});
 }
 
+TEST_F(Monitor_Window_Test, SaysWhatItsPartsAre) {
+    EXPECT_EQ(doubles::captions(window),
+              (std::vector<std::string>{"&Pause", "C&lear", "&Copy", "&Save...", "0 rows"}));
+    EXPECT_EQ(at<QPlainTextEdit>("TXT_Bytes").accessibleName(), "Raw bytes");
+    EXPECT_EQ(at<QPlainTextEdit>("TXT_Bytes").placeholderText(), "Select a row to see its bytes.");
+}
+
 TEST_F(Monitor_Window_Test, ShowsExchangesAndTheBytesOfTheOneSelected) {
     report(3);
     EXPECT_EQ(window.model().rowCount(), 3);
@@ -158,7 +165,17 @@ TEST_F(Monitor_Window_Test, SavesAsText) {
 
 TEST_F(Monitor_Window_Test, AFileThatCantBeWrittenIsTold) {
     const QTemporaryDir folder;
-    EXPECT_FALSE(window.save(folder.filePath("missing/monitor.txt")));
+    const QString path = folder.filePath("missing/monitor.txt");
+    window.OpenFile.run = [&path](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Save the monitor as...");
+        EXPECT_EQ(dialog.nameFilters(), QStringList{"Text with tabs (*.txt)"});
+        dialog.show();
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(path);
+        return true;
+    };
+    press("BOT_Save");
+    EXPECT_EQ(asked,
+              QStringList{"The file can't be written:\n" + path + "\n\nChoose another folder or name."});
 }
 
 TEST_F(Monitor_Window_Test, FollowsTheEndUnlessTheUserScrolledAway) {

@@ -1,4 +1,5 @@
 #include "ui/page_setup_dialog.h"
+#include "ui/testing/control_walk.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -36,6 +37,33 @@ TEST_F(PageSetup, ShowsWhatIsInForce) {
     open(false);
     EXPECT_EQ(named<QComboBox>("PaperSize").currentText(), "Letter (8.5 x 11 in)");
     EXPECT_EQ(named<QDoubleSpinBox>("LeftMargin").text(), "1.00 in");
+}
+
+TEST_F(PageSetup, NoTwoControlsAnswerToOneLetter) {
+    open();
+    dialog->show();
+    EXPECT_EQ(doubles::keyClashes(*dialog), std::vector<std::string>{});
+}
+
+TEST_F(PageSetup, SaysWhatEachSettingIs) {
+    open();
+    EXPECT_EQ(doubles::captions(*dialog),
+              (std::vector<std::string>{"Printer", "&Name:", "Paper", "&Size:", "&Portrait", "L&andscape",
+                                        "Orientation:", "Margins", "&Left:", "&Right:", "&Top:", "&Bottom:",
+                                        "The margins leave no room on the paper.", "OK", "Cancel"}));
+    EXPECT_EQ(named<QComboBox>("Printer").itemText(0).toStdString(), "The desktop's own");
+    std::vector<std::string> papers;
+    for (int entry = 0; entry < named<QComboBox>("PaperSize").count(); ++entry)
+        papers.push_back(named<QComboBox>("PaperSize").itemText(entry).toStdString());
+    EXPECT_EQ(papers,
+              (std::vector<std::string>{"Letter (215.9 x 279.4 mm)", "Legal (215.9 x 355.6 mm)",
+                                        "Executive (184.1 x 266.7 mm)", "Tabloid (279.4 x 431.8 mm)",
+                                        "A3 (297 x 420 mm)", "A4 (210 x 297 mm)", "A5 (148 x 210 mm)"}));
+    for (const auto& [name, words] :
+         {std::pair("PaperSize", "Paper size"), std::pair("LeftMargin", "Left margin"),
+          std::pair("RightMargin", "Right margin"), std::pair("TopMargin", "Top margin"),
+          std::pair("BottomMargin", "Bottom margin")})
+        EXPECT_EQ(named<QWidget>(name).accessibleName(), words);
 }
 
 TEST_F(PageSetup, WhatWasNotTouchedStaysExact) {

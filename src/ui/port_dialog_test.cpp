@@ -70,6 +70,39 @@ TEST_F(Port_Dialog_Test, IsUsableByKeyboardAndScreenReader) {
     EXPECT_EQ(doubles::tabOrder(*dialog).front(), "CMB_Port");
 }
 
+TEST_F(Port_Dialog_Test, SaysWhatEachSettingIs) {
+    make();
+    EXPECT_EQ(doubles::captions(*dialog),
+              (std::vector<std::string>{
+                  "Port",
+                  "&Port:",
+                  "FT232R USB UART",
+                  "&Slave number:",
+                  "Line, as the controller has it",
+                  "&Baud:",
+                  "P&arity:",
+                  "&Data bits:",
+                  "Stop b&its:",
+                  "Exchange",
+                  "&Retries:",
+                  "Time-o&ut:",
+                  "Time-out in force: 600 ms, from the template; the 750 ms here don't count.\n"
+                  "Pause between requests: 20 ms, from the template.",
+                  "RS-485",
+                  "RTS &mode:",
+                  "Dela&y before sending:",
+                  "Adapter &echoes|The adapter repeats what is sent",
+                  "&Test|Reads one register with what is entered",
+                  "OK",
+                  "Cancel"}));
+    std::vector<std::string> modes;
+    for (int entry = 0; entry < at<QComboBox>("CMB_Rts").count(); ++entry)
+        modes.push_back(at<QComboBox>("CMB_Rts").itemText(entry).toStdString());
+    EXPECT_EQ(modes, (std::vector<std::string>{"None: the adapter itself, or RS-232",
+                                               "RTS high while sending", "Kernel RS-485"}));
+    EXPECT_EQ(at<QPlainTextEdit>("TXT_Verdict").accessibleName(), "Result of the test");
+}
+
 TEST_F(Port_Dialog_Test, ShowsAndGivesBackEverySetting) {
     make();
     EXPECT_EQ(at<QComboBox>("CMB_Port").currentText(), "ttyUSB0");

@@ -1,6 +1,8 @@
 #include "reports/page_document.h"
 #include "ui/preview_window.h"
+#include "ui/testing/control_walk.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -19,6 +21,8 @@ namespace zorvane {
 namespace {
 
 using testing::ElementsAre;
+
+using Words = std::vector<std::string>;
 
 /// Letter pages with a black square inch each in the left upper corner of the paper.
 Page_Document pagesOf(int count) {
@@ -64,6 +68,18 @@ struct Preview : testing::Test {
     Page_Document document;
 };
 
+TEST_F(Preview, NoTwoToolsAnswerToOneLetter) {
+    show(3);
+    EXPECT_EQ(doubles::keyClashes(window), std::vector<std::string>{});
+}
+
+TEST_F(Preview, WidgetsThatQtLeavesNamelessHaveNames) {
+    show(3);
+    EXPECT_EQ(named<QComboBox>("Zoom").lineEdit()->accessibleName(), "Zoom");
+    EXPECT_EQ(named<QToolButton>("qt_toolbar_ext_button").accessibleName(), "More tools");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&view())->role(), QAccessible::Document);
+}
+
 TEST_F(Preview, TheReportsToolsComeFirstWithTheirTips) {
     std::vector<std::string> seen;
     for (int tool = 1; tool <= 4; ++tool) {
@@ -73,6 +89,15 @@ TEST_F(Preview, TheReportsToolsComeFirstWithTheirTips) {
     EXPECT_THAT(seen, ElementsAre("&Setup...|Page setup", "&Export...|Export Report",
                                   "&Refresh|Refresh Report", "Font Size...|Font Size"));
     EXPECT_EQ(window.windowTitle(), "Preview Print Page");
+}
+
+TEST_F(Preview, ItsOwnToolsSayWhatTheyDo) {
+    Words tips;
+    for (const char* name : {"FirstPage", "PreviousPage", "NextPage", "LastPage", "ZoomOut", "ZoomIn"})
+        tips.push_back(named<QAction>(name).toolTip().toStdString());
+    EXPECT_THAT(tips, ElementsAre("First page (Ctrl+Home)", "Previous page (PgUp)", "Next page (PgDown)",
+                                  "Last page (Ctrl+End)", "Zoom out (Ctrl+-)", "Zoom in (Ctrl++)"));
+    EXPECT_EQ(named<QListWidget>("TOC").accessibleName(), "Table of contents");
 }
 
 TEST_F(Preview, AClickOnAToolTellsWhich) {

@@ -89,6 +89,8 @@ void Status_Bar::setLogOffered(bool offered) {
 
 bool Status_Bar::logOffered() const { return !log_->isHidden(); }
 
+void Status_Bar::setLogEnabled(bool enabled) { log_->setEnabled(enabled); }
+
 void Status_Bar::setPanelWidths(const std::array<double, panelCount>& widths) {
     widths_ = widths;
     placePanels();

@@ -41,6 +41,7 @@ class Status_Bar final : public QStatusBar {
     /// The button "Log..." in the message panel, for the log of the last transfer.
     void setLogOffered(bool offered);
     [[nodiscard]] bool logOffered() const;
+    void setLogEnabled(bool enabled);
     std::function<void()> logChosen;
 
     /// In twips.

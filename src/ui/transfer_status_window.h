@@ -10,7 +10,7 @@ namespace zorvane {
 /// What the transfer status window needs of the program.
 struct Transfer_Status_Hooks {
     Ask_User ask;
-    /// Prints the report, or what is selected in it; may be empty.
+    /// Prints the report; may be empty.
     std::function<void(QTextEdit& RtbStatus, const QString& LogFileName)> printLog;
     /// Runs what a button does, where run-time failures are caught; may be empty.
     std::function<void(const std::function<void()>& handler)> guard;

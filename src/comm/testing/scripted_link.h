@@ -48,6 +48,10 @@ class Scripted_Link : public modbus_control {
     std::vector<std::string> parameters{"7", "9600,n,8,1", "3", "2", "500", "0"};
     bool monitorLoaded = false;
     bool monitorVisible = false;
+    std::int32_t monitorLeft = 11;
+    std::int32_t monitorTop = 22;
+    std::int32_t monitorWidth = 33;
+    std::int32_t monitorHeight = 44;
 
     /// Ends the next exchange of the pending write; false when none is pending.
     bool advance();
@@ -107,10 +111,10 @@ class Scripted_Link : public modbus_control {
     [[nodiscard]] bool MonitorVisible() const override { return monitorVisible; }
     void ShowMonitor(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height) override;
     void ActivateMonitor() override { note("ActivateMonitor"); }
-    [[nodiscard]] std::int32_t MonitorLeft() const override { return 11; }
-    [[nodiscard]] std::int32_t MonitorTop() const override { return 22; }
-    [[nodiscard]] std::int32_t MonitorWidth() const override { return 33; }
-    [[nodiscard]] std::int32_t MonitorHeight() const override { return 44; }
+    [[nodiscard]] std::int32_t MonitorLeft() const override { return monitorLeft; }
+    [[nodiscard]] std::int32_t MonitorTop() const override { return monitorTop; }
+    [[nodiscard]] std::int32_t MonitorWidth() const override { return monitorWidth; }
+    [[nodiscard]] std::int32_t MonitorHeight() const override { return monitorHeight; }
     void UnloadMonitor() override { note("UnloadMonitor"); }
     void HideMonitor() override { note("HideMonitor"); }
     void RestoreMonitor() override { note("RestoreMonitor"); }

@@ -109,6 +109,21 @@ std::vector<std::string> controlFaults(QWidget& window) {
     return faults;
 }
 
+std::vector<std::string> captions(const QWidget& window) {
+    std::vector<std::string> said;
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        if (isPartOfAControl(*widget, window)) continue;
+        QString words;
+        if (const auto* label = qobject_cast<const QLabel*>(widget)) words = label->text();
+        if (const auto* button = qobject_cast<const QAbstractButton*>(widget)) words = button->text();
+        if (const auto* group = qobject_cast<const QGroupBox*>(widget)) words = group->title();
+        if (words.isEmpty()) continue;
+        const QString tip = widget->toolTip();
+        said.push_back((tip.isEmpty() ? words : words + u'|' + tip).toStdString());
+    }
+    return said;
+}
+
 std::vector<std::string> tabOrder(QWidget& window) {
     std::vector<std::string> names;
     for (QWidget* widget = window.nextInFocusChain(); widget != &window; widget = widget->nextInFocusChain())

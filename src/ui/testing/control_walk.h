@@ -18,6 +18,10 @@ namespace zorvane::doubles {
 /// The given names of the controls that Tab goes to, in its order, from the first one of the window.
 [[nodiscard]] std::vector<std::string> tabOrder(QWidget& window);
 
+/// What a window says in labels, on buttons and above groups, in the order in which they were made; the tip
+/// of one that has it stands behind a bar, and controls without words are left out.
+[[nodiscard]] std::vector<std::string> captions(const QWidget& window);
+
 /// Letters that two controls of a window, or two entries of one menu, answer to: "s: BOT_1 BOT_2".
 [[nodiscard]] std::vector<std::string> keyClashes(const QWidget& window);
 [[nodiscard]] std::vector<std::string> keyClashes(const QMenuBar& bar);

@@ -1,4 +1,5 @@
 """Waiting for what a program shows: by condition, with a deadline, never by a fixed time."""
+import threading
 import time
 
 DEADLINE = 30.0  # seconds; a busy machine may take long, a good one never comes near it
@@ -9,13 +10,21 @@ class Vanished(Exception):
     """What was asked is no longer on the screen, or not yet."""
 
 
+class Given_Up(Exception):
+    """Nothing of what is waited for can come any more."""
+
+
+given_up = threading.Event()  # a program that is killed on purpose sets it: every wait then ends at once
+
+
 def _tries(deadline):
     end = time.monotonic() + deadline
     while True:
         yield
         if time.monotonic() >= end:
             return
-        time.sleep(PAUSE)
+        if given_up.wait(PAUSE):
+            raise Given_Up
 
 
 def wait_for(what, probe, deadline=DEADLINE):

@@ -17,20 +17,25 @@ MODEL_ENDINGS = (".ZTP", ".KVRT", ".KVRT100", ".KVRT207D", ".R7702-16")
 
 
 class Zorvane:
-    """One program on a desktop. `folder` holds its executable and the templates: a copy that a test may change."""
+    """One program on a desktop. `folder` holds its executable and the templates: a copy that a test may change, or
+    the folder `programs` itself of an installed program, which is then started by its name."""
 
-    def __init__(self, desktop, programs, executable="zorvane"):
+    def __init__(self, desktop, programs, executable="zorvane", installed=False):
         self.desktop = desktop
-        self.folder = desktop.path("program", "")
-        for file in os.listdir(programs):
-            if file in (executable, SIMULATOR) or file.upper().endswith(MODEL_ENDINGS):
-                shutil.copy2(os.path.join(programs, file), self.folder)
         self.programs = programs
-        self._executable = os.path.join(self.folder, executable)
+        self.folder = programs if installed else self._copied(executable)
+        self._executable = executable if installed else os.path.join(self.folder, executable)
         self.terminal = Terminal(programs)
         self.hands = Hands(desktop)
         self.focus = Focus_Watch(desktop.accessibility)
         self.process = None
+
+    def _copied(self, executable):
+        folder = self.desktop.path("program", "")
+        for file in os.listdir(self.programs):
+            if file in (executable, SIMULATOR) or file.upper().endswith(MODEL_ENDINGS):
+                shutil.copy2(os.path.join(self.programs, file), folder)
+        return folder
 
     def without_leak_check(self):
         """For a program that a key ends: Qt keeps a copy of each key until the registry of accessible programs has
@@ -280,9 +285,17 @@ class Zorvane:
         wait_for("the open list", lambda: self.focus.owner.role in ("list", "list item"))
 
     def choose_entry(self, row, column, text):
-        """Chooses an entry of a list cell by typing its text."""
+        """Chooses an entry of a list cell by typing its text. A busy machine may serve two of the letters so far apart
+        that the search starts anew with the second: then they are typed once more."""
         self.open_list(row, column)
-        self.hands.write(text)
+        for last in (False, False, True):
+            self.hands.write(text)
+            try:
+                expect("the entry with the focus", lambda: self.focus.owner.name, text, deadline=3)
+                break
+            except AssertionError:
+                if last:
+                    raise
         self.hands.keys("Return")
 
 
@@ -322,18 +335,19 @@ class Dialog:
 
     # A file dialog.
 
-    def _types(self):
+    def types(self):
+        """The list of file types."""
         return [part for part in self.part.walk() if part.role == "combo box"][-1]
 
     def file_type(self):
-        return self._types().name
+        return self.types().name
 
     def file_types(self):
-        return [part.name for part in self._types().walk() if part.role == "list item"]
+        return [part.name for part in self.types().walk() if part.role == "list item"]
 
     def choose_type(self, wanted):
         hands, focus = self._program.hands, self._program.focus
-        hands.click(self._types())
+        hands.click(self.types())
         wait_for("the open list of file types", lambda: focus.owner.role in ("list", "list item"))
         hands.keys("Home", *["Down"] * self.file_types().index(wanted), "Return")
         expect("the chosen file type", self.file_type, wanted)
