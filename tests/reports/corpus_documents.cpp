@@ -41,7 +41,8 @@ int main(int argc, char** argv) {
     }
     const std::string format = arguments[1];
     const std::filesystem::path folder = arguments[2];
-    for (const std::filesystem::path input : arguments.subspan(3)) {
+    for (const char* argument : arguments.subspan(3)) {
+        const std::filesystem::path input = argument;
         const std::string name = input.filename().string() + "." + format;
         writeByteFile((folder / name).string(), written(fuzz::reportFrom(bytesOf(input)), format));
     }
