@@ -30,6 +30,7 @@ struct Main_Form_State {
     std::int16_t First_Scan_Index = 0;
     std::uint8_t Pass_Count = 0;
     std::int32_t Scan_Passes = 1;
+    std::uint64_t Upload_Edition = 0; ///< `Edition` of the document that the upload is for
     bool Write_Busy = false;
     bool Nothing_Sent = false;
 

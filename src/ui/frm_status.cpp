@@ -126,11 +126,13 @@ void Frm_Status::Form_Unload() {
     if (events_.UnloadMe) events_.UnloadMe();
 }
 
-void Frm_Status::reject() { unload(); }
+void Frm_Status::reject() {
+    if (isEnabled()) unload();
+}
 
 void Frm_Status::closeEvent(QCloseEvent* event) {
     event->ignore();
-    unload();
+    reject();
 }
 
 /// The core's text again: its lines end in CR LF.
