@@ -75,8 +75,10 @@ bool Fuzz_Document::mayBeWritten() const {
     std::int64_t cells = std::int64_t{document_.Field_Count} * document_.Config_Column_Count;
     for (std::int32_t f = 1; f <= document_.Fields.upperBound(); ++f) {
         const Field_Rec& field = document_.Fields(f);
-        cells += std::int64_t{field.Rows} * field.Columns + field.Rows + field.Columns;
         if (field.Rows > 0 && field.Columns <= 0) return false;
+        const std::int64_t rows = std::max<std::int64_t>(field.Rows, 0);
+        const std::int64_t columns = std::max<std::int64_t>(field.Columns, 0);
+        cells += rows * columns + rows + columns;
     }
     return cells <= mostCells;
 }

@@ -59,9 +59,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     recovery.leave();
     checkList(recovery.list(), 2);
     const std::vector<Recovery_Entry> entries = recovery.list();
-    const auto isOwn = [](const Recovery_Entry& entry) {
-        return entry.file != strangeFile && entry.name == "UNTITLED.ABC" && entry.model == "ABC" &&
-               entry.why == "changed";
+    const auto isOwn = [&document](const Recovery_Entry& entry) {
+        return entry.file != strangeFile && entry.name == "UNTITLED.ABC" &&
+               entry.model == document.document().Controller_Model && entry.why == "changed";
     };
     require(std::count_if(entries.begin(), entries.end(), isOwn) == 1, "the kept copy is listed");
     return 0;
