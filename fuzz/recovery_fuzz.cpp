@@ -51,6 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::Fuzz_Document document;
     document.readTemplate(fuzz::richTemplate);
     static_cast<void>(document.readConfiguration(input));
+    if (!document.mayBeWritten()) return 0;
     require(recovery.keep(document.document(), "ABC", "changed"), "the copy is written");
     require(folder.texts.size() == 2 && folder.texts[strangeFile] == input, "another's copy stays as it is");
     checkList(recovery.list(), 1); // not that of the document at hand
