@@ -46,12 +46,12 @@ bool onWire(const Register_Values& registers) {
     return registers.empty() || (registers.begin()->first >= 0 && registers.rbegin()->first <= 0xFFFF);
 }
 
-bool hasCommas(const Declara_Zorvane& document) {
+bool hasSeparators(const Declara_Zorvane& document) {
     for (std::int32_t f = 1; f <= document.Field_Count; ++f) {
         const Field_Rec& field = document.Fields(f);
         for (std::int32_t r = 1; r <= field.Rows; ++r)
             for (std::int32_t c = 1; c <= field.Columns; ++c)
-                if (field.Cells(r, c).Value.find(',') != std::string::npos) return true;
+                if (field.Cells(r, c).Value.find_first_of(",\n") != std::string::npos) return true;
     }
     return false;
 }
@@ -66,8 +66,8 @@ void applyToDocument(const Register_Values& registers) {
     Dry_Run_Link link(registers);
     for (std::int32_t field = 1; field <= reader.document().Field_Count; ++field)
         ignoringFailure([&] { PRO_Aplica_Registros({reader.document(), form, link, frame}, field); });
-    // A text with a comma is written as it stands, which the file's form can't express.
-    if (hasCommas(reader.document()))
+    // A text with a comma or a line end is written as it stands, which the file's form can't express.
+    if (hasSeparators(reader.document()))
         static_cast<void>(reader.written());
     else
         reader.writeAndReadBack();

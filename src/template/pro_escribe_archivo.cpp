@@ -3,20 +3,12 @@
 #include "template/messages.h"
 #include "values/numbers.h"
 
-#include <algorithm>
-
 namespace zorvane {
 
 namespace {
 
-/// A line end, which only the registers of a controller can bring in, would cut the line in two.
-std::string inOneLine(std::string value) {
-    std::replace(value.begin(), value.end(), '\n', ' ');
-    return value;
-}
-
 std::string writtenValue(const Cell_Rec& cell) {
-    return cell.Has_Messages ? messageText(cell, longValue(cell.Value)) : inOneLine(cell.Value);
+    return cell.Has_Messages ? messageText(cell, longValue(cell.Value)) : cell.Value;
 }
 
 /// "name_k=" and the items 1 to `count`, commas between them.
