@@ -68,6 +68,8 @@ struct Sample {
     std::string findings;
 };
 
+void PrintTo(const Sample& sample, std::ostream* out) { *out << sample.code; }
+
 const std::vector<Sample> samples = {
     {"byte-order-mark",
      {{"[HARDWARE]", "\xEF\xBB\xBF[HARDWARE]"}},
