@@ -24,7 +24,7 @@ class Text_Export {
     explicit Text_Export(const Report_Content& content) : content_(content) {}
 
     std::string text() && {
-        addLine(content_.title);
+        addLine(inOneLine(content_.title));
         addLine("");
         for (std::size_t row = 0; row < content_.rows.size();) {
             const auto table = tableAt(content_, row);
@@ -35,7 +35,7 @@ class Text_Export {
             row += table.size();
         }
         addLine("");
-        addLine(content_.route + "  " + content_.date);
+        addLine(inOneLine(content_.route + "  " + content_.date));
         return toUtf8(text_);
     }
 
