@@ -11,9 +11,6 @@
 
 namespace zorvane {
 
-/// The values of `Block_Kind`.
-enum class Block_Kind : std::int16_t { Numeric = 0, Message_List = 1, Ascii = 2 };
-
 /// The first and last register of a block.
 struct Register_Range {
     std::int32_t first = 0;

@@ -1,10 +1,11 @@
 #include "template/pro_interpreta_linea.h"
 
-#include "template/key_line.h"
+#include "template/section_readers.h"
 #include "values/code_page.h"
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace zorvane {
 
