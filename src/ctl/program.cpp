@@ -1,4 +1,5 @@
-#include "ctl/call.h"
+#include "ctl/program.h"
+
 #include "ctl/command_line.h"
 #include "template/native_files.h"
 
