@@ -177,12 +177,6 @@ TEST(TestVerdict, AsksForOneRegisterByItsAddressOnTheWire) {
     EXPECT_EQ(bench.port.attempts, std::vector<std::string>{"ttyUSB0"});
 }
 
-TEST(TestVerdict, TheUnitIsThereWhenItRefuses) {
-    EXPECT_TRUE((Test_Verdict{Verdict_Kind::Exception, {}, {}}.unitIsThere()));
-    EXPECT_FALSE((Test_Verdict{Verdict_Kind::Silence, {}, {}}.unitIsThere()));
-    EXPECT_FALSE((Test_Verdict{Verdict_Kind::Echo, {}, {}}.unitIsThere()));
-}
-
 TEST(TestVerdict, ASilentSimulatedControllerIsStartedAnew) {
     Test_Bench bench;
     bench.request.settings.port = simulatedPortName;

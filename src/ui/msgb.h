@@ -5,11 +5,7 @@
 
 #include <array>
 
-class QLabel;
-
 namespace zorvane {
-
-class Wrapped_Label;
 
 /// The program's own message box. A message too long for its place makes the box higher.
 class Msgb final : public Fixed_Dialog {
