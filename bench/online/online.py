@@ -89,16 +89,29 @@ def upload_by_terminal(program, model, controller, document):
     return time.monotonic() - began
 
 
+def timed(controller, upload):
+    """Seconds of an upload, and of the part of it from its first request to its last answer on the line."""
+    before = len(controller.frames())
+    took = upload()
+    frames = controller.frames()[before:]
+    asked = [frame["ms"] for frame in frames if frame["direction"] == "in"]
+    answered = [frame["ms"] for frame in frames if frame["direction"] == "out"]
+    return took, (answered[UPLOADED_BLOCKS - 1] - asked[0]) / 1000
+
+
 def uploads(programs, count):
     with Desktop() as desktop:
         program, model, controller, document = opened(desktop, programs, UPLOADED_BLOCKS)
         window, terminal = [], []
         for _ in range(count):
-            window.append(upload_by_window(program))
-            terminal.append(upload_by_terminal(program, model, controller, document))
-    by_window, by_terminal = statistics.median(window), statistics.median(terminal)
+            window.append(timed(controller, lambda: upload_by_window(program)))
+            terminal.append(timed(controller, lambda: upload_by_terminal(program, model, controller, document)))
+    (by_window, window_line), (by_terminal, terminal_line) = (
+        [statistics.median(part) for part in zip(*runs)] for runs in (window, terminal))
     print(f"upload of {UPLOADED_BLOCKS} blocks of {REGISTERS} registers at {BAUD} baud, median of {count} in turns:")
-    print(f"  window {by_window:.3f} s, terminal {by_terminal:.3f} s: ratio {by_window / by_terminal:.3f} (goal 1.05)")
+    print(f"  window {by_window:.3f} s ({window_line:.3f} on the line), terminal {by_terminal:.3f} s "
+          f"({terminal_line:.3f} on the line): ratio {by_window / by_terminal:.3f} (goal 1.05)")
+    print("  each pair:", ", ".join(f"{one / other:.3f}" for (one, _), (other, _) in zip(window, terminal)))
 
 
 def main():

@@ -25,6 +25,11 @@ void clearClosed(const App_Context& app) {
 
 std::string savingText(const std::string& name) { return "Saving file " + name + " ..."; }
 
+/// The document was closed or replaced while the panel told of its saving. Whatever came is left as it is.
+void forgetSaving(const App_Context& app, const std::string& name) {
+    if (app.frame.panel(Panel::Message) == savingText(name)) app.frame.setPanel(Panel::Message, "");
+}
+
 /// Widths that the user dragged reach the file through Save As only.
 void keepWidths(const App_Context& app) {
     Declara_Zorvane& document = app.document();
@@ -145,9 +150,11 @@ void MNU_Save_Click(const App_Context& app) {
     const std::string path = document.File_Folder + name;
     PRO_Escribe_Archivo(document, app.files, path, result);
     const std::string saved = recoveryText(document);
+    const Document_Mark mark(document);
     app.frame.wait_ms(savingMs);
-    // The user was free meanwhile to close it or to open another.
-    if (path != document.File_Folder + document.File_Stem + "." + document.File_Extension) return;
+    // The user was free meanwhile to close it, to open another, or to save it under another name.
+    const std::string present = document.File_Folder + document.File_Stem + "." + document.File_Extension;
+    if (!mark.holds() || present != path) return forgetSaving(app, name);
     if (result.empty())
         settleCopy(app, saved);
     else

@@ -366,5 +366,31 @@ TEST_P(LetterCase, SaveWritesTheFileThatWasOpenedAndNoSecondOneAppears) {
 INSTANTIATE_TEST_SUITE_P(Spellings, LetterCase,
                          testing::Values("site7.kvrt207d", "SITE7.KVRT207D", "Site7.Kvrt207d"));
 
+TEST_F(DocumentCommands, ADocumentOpenedInTheSecondOfASaveKeepsItsOwnMark) {
+    edit(1, "11");
+    frame.base.duringPause = [this](std::int32_t) {
+        frame.base.duringPause = nullptr;
+        answer(Msgb_Code_No);
+        openFile(app, "/home/site7.abc", false);
+        edit(2, "22");
+        journal.clear();
+    };
+    MNU_Save_Click(app);
+    EXPECT_TRUE(form.Dirty);
+    EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_THAT(journal.lines(), IsEmpty());
+}
+
+TEST_F(DocumentCommands, ADocumentClosedInTheSecondOfASaveTakesItsPanelAlong) {
+    frame.base.duringPause = [this](std::int32_t) {
+        bool ok = true;
+        PRO_Cierra_Documento(app, ok);
+        frame.setPanel(Panel::Message, "Saving file SITE7.ABC ...");
+        journal.clear();
+    };
+    MNU_Save_Click(app);
+    EXPECT_THAT(journal.lines(), ElementsAre("panel 4 = \"\""));
+}
+
 } // namespace
 } // namespace zorvane

@@ -2,11 +2,13 @@
 
 #include "app/testing/program_fixture.h"
 #include "ui/msgb.h"
+#include "ui/testing/control_walk.h"
 
 #include <QCheckBox>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QLabel>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTimer>
@@ -92,6 +94,12 @@ TEST_F(Window_Start, TheDefaultTemplateCanBeChangedButNotSaved) {
     type(2, 1, "0:03");
     EXPECT_EQ(lower().TextMatrix(2, 1), "0:03");
     EXPECT_FALSE(enabled("MNU_Save"));
+}
+
+TEST_F(Window_Start, NoTwoEntriesOfAMenuAnswerToOneLetter) {
+    start();
+    EXPECT_THAT(doubles::keyClashes(*program->window().menuBar()), IsEmpty());
+    EXPECT_THAT(doubles::keyClashes(program->window()), IsEmpty());
 }
 
 class Bad_Start : public Program_Fixture {};

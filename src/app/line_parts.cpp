@@ -55,7 +55,7 @@ void Line_Parts::connect(const Form_Parts& parts, Transfer_Status_Window::Print_
 /// Its Connect and Retry would cut into a transfer.
 void Line_Parts::enableReport(bool enabled) {
     frame_.window().StatusBar1().setLogEnabled(enabled);
-    if (Frm_Status* const form = status_->Status()) form->setEnabled(enabled);
+    status_->setEnabled(enabled);
 }
 
 void Line_Parts::showLogButton() {

@@ -92,6 +92,21 @@ TEST_F(Window_Line, AfterAFailedUploadThePanelKeepsItsTextAndTheLogIsOffered) {
     EXPECT_TRUE(program->window().formEnabled());
 }
 
+TEST_F(Window_Line, TheLogTakesNoInputDuringATransfer) {
+    Frm_Status& form = program->line().status().PRO_Muestra_Status(true);
+    use(simulatedPortName);
+    choose("MNU_Upload");
+    EXPECT_FALSE(form.isEnabled());
+    form.close();
+    form.reject();
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_FALSE(program->window().formEnabled());
+    ASSERT_TRUE(transferOver());
+    EXPECT_TRUE(form.isEnabled());
+    form.close();
+    EXPECT_EQ(program->line().status().Status(), nullptr);
+}
+
 TEST_F(Window_Line, TheReportOfATransferTakesNoInputWhileTheFormTakesNone) {
     program->app().form().Transfer_Errors.resize(1);
     Frm_Status& form = program->line().status().PRO_Muestra_Status(true);

@@ -54,6 +54,7 @@ void emptyModel(const App_Context& app, const std::vector<std::string>& items) {
     Declara_Zorvane& document = app.document();
     if (app.form().Dirty) keepCopy(app, "before Open");
     app.state.modelEmptied = true;
+    ++document.Edition;
     document.Download_Blocks.redim(0);
     document.Fields.redim(0);
     document.Selected_Field = 0;

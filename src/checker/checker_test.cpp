@@ -4,6 +4,7 @@
 #include "checker/checker.h"
 #include "checker/testing/finding_text.h"
 #include "checker/testing/reader_stop.h"
+#include "template/pro_interpreta_linea.h"
 #include "values/code_page.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +12,9 @@
 #include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <map>
 #include <random>
+#include <regex>
 #include <set>
 
 namespace zorvane::checker {
@@ -34,17 +37,72 @@ TEST(Checker, FindsNothingInTheModels) {
         EXPECT_EQ(findingsText(checkTemplate(model, bytesOf("models/" + model))), "") << model;
 }
 
-/// The first block of a Markdown page that is marked as ini, in the code page.
-std::string firstExample(const std::string& page) {
+const std::string languagePage = "docs/template-language.md";
+
+/// The blocks of a part of a Markdown page that are marked as ini, in the code page.
+std::vector<std::string> examplesIn(const std::string& page) {
     const std::string mark = "```ini\n";
-    const std::size_t start = page.find(mark) + mark.size();
-    return fromUtf8(page.substr(start, page.find("```", start) - start));
+    std::vector<std::string> examples;
+    for (std::size_t at = page.find(mark); at != std::string::npos; at = page.find(mark, at)) {
+        at += mark.size();
+        const std::size_t end = page.find("```", at);
+        examples.push_back(fromUtf8(page.substr(at, end - at)));
+        at = end;
+    }
+    return examples;
+}
+
+/// What a page says under the heading of a section, whose numbers it calls n; nothing without the heading.
+std::string partOf(const std::string& page, std::string section) {
+    std::replace(section.begin(), section.end(), '#', 'n');
+    const std::size_t start = page.find("\n## " + section + "\n");
+    return start == std::string::npos ? "" : page.substr(start, page.find("\n## ", start + 1) - start);
+}
+
+/// A pattern of the names that stand for a key: a letter or a number in each place of a number.
+std::string keyPattern(std::string_view key, const std::string& number) {
+    std::string pattern;
+    for (const char character : key)
+        pattern += character == '#' ? number : std::string(1, character);
+    return pattern;
+}
+
+bool names(const std::string& text, const std::string& pattern) {
+    return std::regex_search(text, std::regex(pattern));
 }
 
 TEST(Checker, FindsNothingInTheWorkedExampleOfTheLanguage) {
-    const std::string example = firstExample(bytesOf("docs/template-language.md"));
-    ASSERT_TRUE(example.starts_with("; PUMP1.ZTP\n"));
-    EXPECT_EQ(findingsText(checkTemplate("PUMP1.ZTP", example)), "");
+    const std::vector<std::string> examples = examplesIn(partOf(bytesOf(languagePage), "A worked example"));
+    ASSERT_EQ(examples.size(), 1U);
+    ASSERT_TRUE(examples[0].starts_with("; PUMP1.ZTP\n"));
+    EXPECT_EQ(findingsText(checkTemplate("PUMP1.ZTP", examples[0])), "");
+}
+
+TEST(Checker, ThePageOfTheLanguageTellsOfEveryKeyAndShowsIt) {
+    const std::string page = bytesOf(languagePage);
+    for (const std::string_view section : knownSections()) {
+        const std::string part = partOf(page, std::string(section));
+        EXPECT_NE(part, "") << section;
+        for (const std::string_view key : knownKeys(section)) {
+            EXPECT_TRUE(names(part, "`" + keyPattern(key, "[nfrca]") + "[`=]")) << section << ": " << key;
+            EXPECT_TRUE(names(part, "\n" + keyPattern(key, "[0-9]+") + "="))
+                << section << ": " << key << " by example";
+        }
+    }
+}
+
+TEST(Checker, FindsNothingInTheExamplesOfTheSectionsTakenTogether) {
+    const std::string page = bytesOf(languagePage);
+    std::map<std::size_t, std::string> parts;
+    for (const std::string_view section : knownSections()) {
+        const std::string part = partOf(page, std::string(section));
+        ASSERT_FALSE(examplesIn(part).empty()) << section;
+        parts[page.find(part)] = examplesIn(part).back();
+    }
+    std::string whole;
+    for (const auto& [place, example] : parts)
+        whole += example;
+    EXPECT_EQ(findingsText(checkTemplate("BOARD.ZTP", whole)), "");
 }
 
 TEST(Checker, ManualExplainsEveryCodeOnceWithItsSeverity) {

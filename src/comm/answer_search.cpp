@@ -79,6 +79,19 @@ Finding findAnswer(const Rtu_Request& request, Byte_View received, std::size_t f
     return finding;
 }
 
+std::size_t leastMissing(const Rtu_Request& request, Byte_View received, std::size_t from) {
+    constexpr std::size_t tellingHead = 3; // unit, function, and the byte count or half the address
+    std::size_t least = exceptionLength;
+    for (std::size_t offset = from; offset < received.size(); ++offset) {
+        const Byte_View rest = received.subspan(offset);
+        const std::size_t length = lengthByHead(request, rest);
+        if (length <= rest.size()) continue;
+        if (rest.size() >= tellingHead) return length - rest.size();
+        least = std::min(least, exceptionLength - rest.size());
+    }
+    return least;
+}
+
 Answer_Fault whyNoAnswer(const Rtu_Request& request, Byte_View received, std::size_t from) {
     const Byte_View bytes = received.subspan(std::min(from, received.size()));
     if (bytes.empty()) return Answer_Fault::Nothing;

@@ -23,6 +23,10 @@ struct Finding {
 /// The earliest one counts.
 [[nodiscard]] Finding findAnswer(const Rtu_Request& request, Byte_View received, std::size_t from = 0);
 
+/// The fewest bytes that must still come before a valid answer can be whole, at least 1. An answer of which
+/// only two bytes are there, or none, may be an exception's.
+[[nodiscard]] std::size_t leastMissing(const Rtu_Request& request, Byte_View received, std::size_t from = 0);
+
 /// Names the test that failed, for bytes in which no valid answer was found.
 [[nodiscard]] Answer_Fault whyNoAnswer(const Rtu_Request& request, Byte_View received, std::size_t from = 0);
 

@@ -104,5 +104,24 @@ TEST(AnswerSearch, FindsTheEndOfAnEcho) {
     EXPECT_EQ(endOfEcho(sent, sent, 99), std::nullopt);
 }
 
+TEST(AnswerSearch, TellsHowManyBytesMustStillCome) {
+    const std::vector<std::size_t> missing = {5, 4, 3, 8, 7, 6, 5, 4, 3, 2, 1};
+    for (std::size_t length = 0; length < missing.size(); ++length)
+        EXPECT_EQ(leastMissing(request, Byte_View(answer).first(length)), missing[length]) << length;
+    const Byte_Array exception = withCrc(bytesOf("11 83 02"));
+    EXPECT_EQ(leastMissing(request, Byte_View(exception).first(3)), 2U);
+    EXPECT_EQ(leastMissing(request, Byte_View(exception).first(4)), 1U);
+}
+
+TEST(AnswerSearch, AfterNoiseAnExceptionIsTheShortestThatCanCome) {
+    EXPECT_EQ(leastMissing(request, bytesOf("5A 5B 5C")), 5U);
+    EXPECT_EQ(leastMissing(request, bytesOf("5A 11")), 4U);
+    EXPECT_EQ(leastMissing(request, bytesOf("5A 11 03")), 3U);
+    EXPECT_EQ(leastMissing(request, bytesOf("11 03 07")), 5U) << "the byte count of no answer";
+    EXPECT_EQ(leastMissing(request, joined(bytesOf("5A 5B"), bytesOf("11 03 06 02 11"))), 6U)
+        << "a value that looks like a head doesn't count";
+    EXPECT_EQ(leastMissing(request, bytesOf("5A 11 03 06"), 2), 5U) << "from an offset on";
+}
+
 } // namespace
 } // namespace zorvane

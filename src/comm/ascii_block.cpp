@@ -33,8 +33,10 @@ char characterAt(std::string_view text, std::size_t position) {
     return position < text.size() ? text[position] : ' ';
 }
 
-void waitWhileWriting(const Comm_Context& comm) {
-    comm.frame.wait_until([&link = comm.link] { return !link.WriteBusy(); });
+/// False when the document is gone.
+bool waitWhileWriting(const Comm_Context& comm, const Document_Mark& document) {
+    comm.frame.wait_until([&] { return !document.holds() || !comm.link.WriteBusy(); });
+    return document.holds();
 }
 
 std::string outcomeLine(Register_Range registers, const std::string& text, bool failed) {
@@ -72,10 +74,13 @@ void PRO_Escribe_Bloque_Ascii(const Comm_Context& comm, const std::string& text,
     const std::int32_t count = registerCount(registers.first, registers.last);
     if (count == 0) throw Run_Time_Failure(Failure::Subscript);
     const std::vector<std::int32_t> words = packAscii(text, count);
-    waitWhileWriting(comm);
+    const Document_Mark document(comm.document);
+    failed = true;
+    if (!waitWhileWriting(comm, document)) return;
     comm.link.PresetMultipleRegisters(longValue(comm.link.SlaveNumber()), registers.first, words);
-    waitWhileWriting(comm);
+    if (!waitWhileWriting(comm, document)) return;
     comm.frame.wait_ms(settlingMs);
+    if (!document.holds()) return;
     failed = comm.link.WriteFailed();
     comm.frame.setPanel(Panel::Message, outcomeLine(registers, text, failed));
 }

@@ -21,7 +21,8 @@ void PRO_Rellena_16(std::string& text, std::string& result);
 
 /// Writes a text to the registers of an ASCII cell with function 16, waits for the end of the write and then
 /// half a second for the controller to settle. On the board family the registers are those of the ASCII block
-/// that the cell lies in. The outcome stands in panel 4 and in `failed`; `extra` plays no part.
+/// that the cell lies in. The outcome stands in panel 4 and in `failed`; `extra` plays no part. A document
+/// that is closed or replaced during a wait ends it there, as failed and without a word.
 void PRO_Escribe_Bloque_Ascii(const Comm_Context& comm, const std::string& text, std::int32_t field,
                               std::int32_t column, std::int32_t row, const std::string& extra, bool& failed);
 

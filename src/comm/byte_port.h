@@ -1,5 +1,6 @@
 #pragma once
 
+#include "comm/link_clock.h"
 #include "comm/port_settings.h"
 #include "comm/rtu_frame.h"
 
@@ -40,6 +41,16 @@ class Byte_Port {
     /// Drops what has come in and wasn't told yet.
     virtual void discardInput() = 0;
     virtual void setRts(bool on) = 0;
+
+    /// A hint: before `when`, in microseconds of the link's clock, what comes in is of no use yet. The port
+    /// may leave it with the system until then and tell it in one piece, and tells a lost line then at the
+    /// latest. No byte may get lost: a system keeps 4096 of them and an answer has 256 at most. A time that
+    /// has passed, such as 0, ends the hint, and so do `open` and `close`. A port may ignore it.
+    ///
+    /// Whoever gives the hint reckons with the time of a character on the line: start bit, data bits, parity
+    /// and stop bits, 11 bits in the usual forms ("MODBUS over Serial Line Specification and Implementation
+    /// Guide V1.02", 2.5.1), at the baud rate that is set; see `wireTime`.
+    virtual void tellNotBefore(Micros /*when*/) {}
 };
 
 } // namespace zorvane

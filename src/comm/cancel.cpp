@@ -15,6 +15,18 @@ void PRO_Verifica_Cancelar(const Comm_Context& comm, bool isUpload, bool& cancel
     cancelled = true;
 }
 
+void dropTransfer(const Comm_Context& comm) {
+    comm.form.Upload_Active = false;
+    comm.form.Download_Active = false;
+    comm.form.Comm_Active = false;
+    comm.form.Pass_Count = 0;
+    comm.link.StopScan();
+    comm.link.ClosePort();
+    comm.link.EndSession();
+    comm.frame.Porcentaje().unload();
+    comm.frame.setFormEnabled(true);
+}
+
 void BOT_Cancel_Click(const Comm_Context& comm) {
     comm.link.PauseScan();
     const int answer = comm.frame.Msgb_Show("The transfer is not complete. Do you want to abort anyway?",

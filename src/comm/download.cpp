@@ -51,11 +51,18 @@ void showDownloading(const Comm_Context& comm) {
     progress.show();
 }
 
-void finish(const Comm_Context& comm) {
+/// The document is gone. The link may serve the next one by now.
+void drop(const Comm_Context& comm) {
+    comm.form.Download_Active = false;
+    if (!comm.form.Online && !comm.form.Comm_Active) dropTransfer(comm);
+}
+
+void finish(const Comm_Context& comm, const Document_Mark& document) {
     comm.form.Download_Active = false;
     comm.link.StopScan();
     comm.link.ClosePort();
     comm.frame.wait_ms(farewellMs);
+    if (!document.holds()) return drop(comm);
     comm.frame.Porcentaje().unload();
     comm.frame.setPanel(Panel::Message, "Ready");
     comm.frame.setFormEnabled(true);
@@ -84,9 +91,9 @@ void stopCancelled(const Comm_Context& comm) {
     comm.frame.setFormEnabled(true);
 }
 
-enum class Walk_End { Finished, Lost, Cancelled };
+enum class Walk_End { Finished, Lost, Cancelled, Document_Gone };
 
-/// One field; false when the user cancelled.
+/// One field; false when the user cancelled or the document is gone.
 bool walkField(Download_Step& step, const Comm_Context& comm, std::int32_t f) {
     const Cell_Table& cells = comm.document.Fields(f).Cells;
     for (std::int32_t column = 1; column <= cells.columns(); ++column) {
@@ -97,12 +104,13 @@ bool walkField(Download_Step& step, const Comm_Context& comm, std::int32_t f) {
     return true;
 }
 
-Walk_End walk(const Comm_Context& comm) {
-    Download_Step step(comm);
+Walk_End walk(const Comm_Context& comm, const Document_Mark& document) {
+    Download_Step step(comm, document);
     const std::int32_t rows = comm.frame.grids().configurationRows();
     for (std::int32_t f = 1; f < rows; ++f) {
         if (comm.link.CommLost()) return Walk_End::Lost;
-        if (!walkField(step, comm, f)) return Walk_End::Cancelled;
+        if (!walkField(step, comm, f))
+            return document.holds() ? Walk_End::Cancelled : Walk_End::Document_Gone;
     }
     return Walk_End::Finished;
 }
@@ -116,13 +124,16 @@ void MNU_Download_Click(const Comm_Context& comm) {
     comm.link.EndSession();
     comm.link.ClearCounters();
     comm.form.Download_Active = true;
-    switch (walk(comm)) {
+    const Document_Mark document(comm.document);
+    switch (walk(comm, document)) {
     case Walk_End::Finished:
-        return finish(comm);
+        return finish(comm, document);
     case Walk_End::Lost:
         return lose(comm);
     case Walk_End::Cancelled:
         return stopCancelled(comm);
+    case Walk_End::Document_Gone:
+        return drop(comm);
     }
 }
 

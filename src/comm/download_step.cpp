@@ -64,7 +64,7 @@ bool Download_Step::run(const Cell_Place& place) {
 
 bool Download_Step::transfer(const Cell_Place& place, const Cell_Rec& cell) {
     send(place);
-    if (!awaitWrite(cell)) return false;
+    if (!document_.holds() || !awaitWrite(cell)) return false;
     report(cell);
     return true;
 }
@@ -91,8 +91,10 @@ bool Download_Step::awaitWrite(const Cell_Rec& cell) {
             mark = link.TransactionCount();
         } else {
             comm_.frame.wait_until([&] {
-                return !link.WriteBusy() || link.TransactionCount() != mark || comm_.form.Cancel_Requested;
+                return !document_.holds() || !link.WriteBusy() || link.TransactionCount() != mark ||
+                       comm_.form.Cancel_Requested;
             });
+            if (!document_.holds()) return false;
         }
     } while (comm_.form.Write_Busy);
     return true;

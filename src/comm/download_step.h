@@ -11,10 +11,12 @@ namespace zorvane {
 /// later cell that needs one and makes none takes it over.
 class Download_Step {
   public:
-    explicit Download_Step(const Comm_Context& comm) : comm_(comm) {}
+    /// The mark is of the document that the download is for, and outlives the step.
+    Download_Step(const Comm_Context& comm, const Document_Mark& document)
+        : comm_(comm), document_(document) {}
 
-    /// Writes a cell, waits for the end of the write and moves the bar. False when the user has cancelled;
-    /// the link is closed then.
+    /// Writes a cell, waits for the end of the write and moves the bar. False when the user has cancelled,
+    /// the link being closed then, or when the mark doesn't hold any more.
     [[nodiscard]] bool run(const Cell_Place& place);
 
   private:
@@ -26,6 +28,7 @@ class Download_Step {
     [[nodiscard]] Request_Sources sources() const;
 
     Comm_Context comm_;
+    const Document_Mark& document_;
     std::int32_t Negative_Word_ = 0;
 };
 

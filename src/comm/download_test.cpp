@@ -378,5 +378,64 @@ TEST_F(Download, DryRunListsEveryWriteAndBuildsOnTheOnesBefore) {
     EXPECT_EQ(frame.panel(Panel::Message), "Ready");
 }
 
+// A document that goes during a transfer. The window keeps that from happening; nothing is written to it.
+
+struct Orphaned_Download : Download {
+    void replaceDocument() {
+        PRO_Limpia_Modelo(document);
+        document.Fields.redim(highestField);
+        addField(2, 2).Cells(1, 2).Value = "3";
+        journal.clear();
+    }
+    void expectDropped() {
+        const auto& lines = journal.lines();
+        const auto from = std::find(lines.begin(), lines.end(), "link StopScan");
+        EXPECT_THAT(std::vector(from, lines.end()),
+                    ElementsAre("link StopScan", "link ClosePort", "link EndSession", "Porcentaje unloaded",
+                                "form enabled"));
+        for (const std::string& before : std::vector(lines.begin(), from))
+            EXPECT_EQ(before, "FLX_Settings tab stop on");
+        EXPECT_FALSE(form.Download_Active);
+        EXPECT_THAT(form.Transfer_Errors, IsEmpty());
+        EXPECT_EQ(document.Fields(1).Cells(1, 2).Value, "3");
+        EXPECT_FALSE(form.Online);
+    }
+};
+
+TEST_F(Orphaned_Download, EndsInTheWaitForAWrite) {
+    setCell(1, "100", "120");
+    setCell(2, "101", "121");
+    link.writes = {{{true, "", [this] { replaceDocument(); }}}};
+    MNU_Download_Click(comm);
+    expectDropped();
+}
+
+TEST_F(Orphaned_Download, EndsInTheWaitForAText) {
+    setCell(1, "100", "AB");
+    field.Cells(1, 2).Is_Ascii_Range = true;
+    field.Cells(1, 2).Address_End = "101";
+    link.writes = {{{true, "", [this] { replaceDocument(); }}}};
+    MNU_Download_Click(comm);
+    expectDropped();
+}
+
+TEST_F(Orphaned_Download, EndsInItsLastSecond) {
+    setCell(1, "100", "120");
+    frame.duringPause = [this](std::int32_t) { replaceDocument(); };
+    MNU_Download_Click(comm);
+    expectDropped();
+}
+
+TEST_F(Orphaned_Download, LeavesTheNextDocumentsSessionOpen) {
+    setCell(1, "100", "120");
+    frame.duringPause = [this](std::int32_t) {
+        replaceDocument();
+        form.Online = true;
+    };
+    MNU_Download_Click(comm);
+    EXPECT_THAT(journal.lines(), IsEmpty());
+    EXPECT_FALSE(form.Download_Active);
+}
+
 } // namespace
 } // namespace zorvane

@@ -31,6 +31,7 @@ struct Main_Form_State {
     std::int16_t First_Scan_Index = 0;  ///< the block with which each pass begins
     std::uint8_t Pass_Count = 0;        ///< whole passes so far
     std::int32_t Scan_Passes = 1;       ///< passes that an upload takes
+    std::uint64_t Upload_Edition = 0;   ///< `Edition` of the document that the upload is for
 
     bool Write_Busy = false;   ///< the link had a write under way when it was last asked
     bool Nothing_Sent = false; ///< the download's present cell names no register

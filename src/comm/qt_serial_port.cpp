@@ -1,9 +1,13 @@
 #include "comm/qt_serial_port.h"
 
 #include "comm/port_texts.h"
+#include "comm/qt_link_clock.h"
 #include "comm/serial_line_system.h"
 
 #include <QSerialPort>
+#include <QSocketNotifier>
+
+#include <utility>
 
 namespace zorvane {
 
@@ -33,7 +37,9 @@ bool endsTheLine(QSerialPort::SerialPortError error) {
 
 } // namespace
 
-Qt_Serial_Port::Qt_Serial_Port() : port_(std::make_unique<QSerialPort>()) {
+Qt_Serial_Port::Qt_Serial_Port()
+    : port_(std::make_unique<QSerialPort>()),
+      listenAlarm_(Qt_Link_Clock().makeAlarm([this] { listenAgain(); })) {
     QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] { readBytes(); });
     QObject::connect(port_.get(), &QSerialPort::errorOccurred, port_.get(),
                      [this](QSerialPort::SerialPortError error) {
@@ -91,6 +97,7 @@ void Qt_Serial_Port::applyRts(const Port_Settings& settings, Port_Opening& openi
 }
 
 void Qt_Serial_Port::close() {
+    listenAgain();
     if (port_->isOpen()) port_->close();
 }
 
@@ -117,6 +124,28 @@ void Qt_Serial_Port::setRts(bool on) {
     port_->setRequestToSend(on);
 }
 
+/// What comes in meanwhile stays with the system, which wakes nobody for it.
+void Qt_Serial_Port::tellNotBefore(Micros when) {
+    if (when <= Qt_Link_Clock().now()) return listenAgain();
+    if (!port_->isOpen() || when == notBefore_) return;
+    notBefore_ = when;
+    listen(false);
+    listenAlarm_->armAt(when);
+}
+
+void Qt_Serial_Port::listenAgain() {
+    if (std::exchange(notBefore_, 0) == 0) return;
+    listenAlarm_->disarm();
+    listen(true);
+}
+
+/// QSerialPort has no way to pause it, but its notifiers are its children. Where there are none, it goes on
+/// telling each byte.
+void Qt_Serial_Port::listen(bool on) {
+    for (QSocketNotifier* notifier : port_->findChildren<QSocketNotifier*>())
+        if (notifier->type() == QSocketNotifier::Read) notifier->setEnabled(on);
+}
+
 void Qt_Serial_Port::readBytes() {
     const QByteArray bytes = port_->readAll();
     if (bytes.isEmpty() || listener_ == nullptr) return;
@@ -129,7 +158,7 @@ void Qt_Serial_Port::failed() {
     if (inCall_ || !port_->isOpen()) return;
     // The error comes again for ever until the port is closed.
     const std::string reason = port_->errorString().toStdString();
-    port_->close();
+    close();
     if (listener_ != nullptr) listener_->portLost(reason);
 }
 

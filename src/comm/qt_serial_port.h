@@ -23,14 +23,19 @@ class Qt_Serial_Port final : public Byte_Port {
     [[nodiscard]] bool write(Byte_View bytes) override;
     void discardInput() override;
     void setRts(bool on) override;
+    void tellNotBefore(Micros when) override;
 
   private:
     void readBytes();
+    void listen(bool on);
+    void listenAgain();
     void failed();
     [[nodiscard]] std::string applyLine(const Line_Settings& line, bool pseudoTerminal);
     void applyRts(const Port_Settings& settings, Port_Opening& opening);
 
     std::unique_ptr<QSerialPort> port_;
+    std::unique_ptr<Alarm> listenAlarm_;
+    Micros notBefore_ = 0; ///< deaf until then; 0: not deaf
     Byte_Port_Listener* listener_ = nullptr;
     bool inCall_ = false; ///< errors meanwhile are the call's own
     bool callFailed_ = false;

@@ -1,5 +1,6 @@
 // The serial port and the link on a real pseudo-terminal.
 #include "comm/qt_link.h"
+#include "comm/qt_link_clock.h"
 #include "comm/qt_serial_port.h"
 #include "comm/serial_line_system.h"
 #include "comm/testing/byte_port_suite.h"
@@ -105,6 +106,27 @@ class QtLink : public ::testing::Test {
     std::unique_ptr<QSocketNotifier> notifier;
     std::unique_ptr<Qt_Link> assembly;
 };
+
+TEST(QtSerialPort, TellsInOnePieceWhatCameInBeforeItsTime) {
+    Pty_Bench bench;
+    testing::Port_Ear ear;
+    bench.port().setListener(&ear);
+    ASSERT_TRUE(bench.port().open(bench.name(), Port_Settings{}).opened);
+    int pieces = 0;
+    ear.onBytes = [&pieces] { ++pieces; };
+    const Micros until = Qt_Link_Clock().now() + 300 * microsPerMs;
+    bench.port().tellNotBefore(until);
+    for (std::uint8_t byte = 0; byte < 20; ++byte) {
+        bench.farSend({byte});
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(pieces, 0);
+    EXPECT_TRUE(serveUntil([&] { return pieces > 0; }));
+    EXPECT_GE(Qt_Link_Clock().now(), until);
+    EXPECT_EQ(pieces, 1);
+    EXPECT_EQ(ear.heard.size(), 20U);
+    bench.port().setListener(nullptr);
+}
 
 TEST_F(QtLink, ReadsAndWritesOverAPseudoTerminal) {
     slave.registers[5] = 555;

@@ -12,6 +12,13 @@ namespace {
 constexpr Micros damagedSettle = 20 * microsPerMs;
 /// After any failed try the next request waits for at least this much silence.
 constexpr Micros failedQuiet = 5 * microsPerMs;
+/// An answer in fewer pieces doesn't show at what pace the line delivers.
+constexpr std::size_t tellingPieces = 8;
+/// The two ends' clocks may differ: a wait for bytes is shorter than reckoned by one part in so many.
+constexpr Micros clockTolerance = 32;
+/// The last bytes before an answer can be whole are told one by one, so that a wait that ends late delays
+/// nothing. One of them may be on the point of coming in anyway.
+constexpr std::size_t toldSingly = 3;
 /// Stray bytes are told in parcels of at most this many.
 constexpr std::size_t strayParcel = 512;
 /// Of a line that babbles, this much is kept for the monitor.
@@ -28,7 +35,8 @@ Rtu_Transaction::Rtu_Transaction(Byte_Port& port, Link_Clock& clock, Transaction
 Rtu_Transaction::~Rtu_Transaction() { port_.setListener(nullptr); }
 
 void Rtu_Transaction::setLine(const Port_Settings& settings) {
-    if (settings.port != settings_.port || !(settings.line == settings_.line)) learntEcho_ = false;
+    if (settings.port != settings_.port || !(settings.line == settings_.line))
+        learntEcho_ = learntPace_ = false;
     settings_ = settings;
     silence_ = frameSilence(settings.line);
     quiet_ = std::max(quiet_, silence_);
@@ -42,6 +50,7 @@ void Rtu_Transaction::setWaits(Micros pause, Micros timeOut) {
 void Rtu_Transaction::lineOpened() {
     lastActivity_ = clock_.now();
     quiet_ = silence_;
+    learntPace_ = false;
     stray_.clear();
 }
 
@@ -49,6 +58,7 @@ void Rtu_Transaction::submit(Rtu_Request request) {
     result_ = Try_Result{};
     result_.request = std::move(request);
     searchFrom_ = 0;
+    pieces_ = 0;
     state_ = State::Gap;
     late_.forgetPast(clock_.now());
     latestSend_ = std::max(clock_.now(), lastActivity_ + quiet_ + pause_) + timeOut_;
@@ -80,7 +90,22 @@ Micros Rtu_Transaction::sendTime() const {
     return std::max(quiet, late_.heldUntil(result_.request));
 }
 
+/// When the answer can be whole at the earliest; 0 for now.
+Micros Rtu_Transaction::earliestAnswer() const {
+    const auto start = searchStart();
+    if (state_ != State::Wait || !learntPace_ || !start) return 0;
+    const std::size_t missing = leastMissing(result_.request, receivedBytes(), *start);
+    const Micros characters = wireTime(settings_.line, missing - std::min(missing, toldSingly));
+    const Micros whole = std::max(clock_.now(), txEnd_) + characters - characters / clockTolerance;
+    // Whether an answer has begun must be known at the deadline.
+    return std::min(whole, deadline_ - settleTime() / 2);
+}
+
+/// A wake-up for each byte of a slow line costs more than all the rest.
+void Rtu_Transaction::hintPort() { port_.tellNotBefore(earliestAnswer()); }
+
 void Rtu_Transaction::armForState() {
+    hintPort();
     switch (state_) {
     case State::Idle:
         if (stray_.empty()) return alarm_->disarm();
@@ -187,8 +212,10 @@ void Rtu_Transaction::lowerRts() {
 void Rtu_Transaction::bytesArrived(Byte_View bytes) {
     lastActivity_ = std::max(lastActivity_, clock_.now());
     if (state_ != State::Wait && state_ != State::Settle) return takeStray(bytes);
+    if (pieces_++ == 0) firstByteAt_ = clock_.now();
     result_.received.insert(result_.received.end(), bytes.begin(), bytes.end());
     evaluate();
+    if (state_ == State::Wait) hintPort();
     if (result_.received.size() <= receivedLimit || idle()) return;
     const auto surplus = static_cast<std::ptrdiff_t>(result_.received.size() - largestFrame);
     result_.received.erase(result_.received.begin(), result_.received.begin() + surplus);
@@ -262,8 +289,16 @@ void Rtu_Transaction::learnEcho(std::size_t answerAt) {
     if (result_.request.function != Function_Code::PresetSingleRegister) learntEcho_ = result_.echoed;
 }
 
+/// A line that is faster than its baud rate, such as a pseudo-terminal's, is never told to wait.
+void Rtu_Transaction::learnPace() {
+    if (learntPace_ || pieces_ < tellingPieces) return;
+    const Micros reckoned = wireTime(settings_.line, result_.received.size() - 1);
+    learntPace_ = clock_.now() - firstByteAt_ >= reckoned * 3 / 4;
+}
+
 void Rtu_Transaction::succeed(const Finding& finding) {
     learnEcho(finding.offset);
+    learnPace();
     const std::size_t echo = result_.echoed ? result_.sent.size() : 0;
     result_.noise = finding.offset - searchFrom_ - echo;
     result_.answerAt = finding.offset;

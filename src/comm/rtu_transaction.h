@@ -80,6 +80,8 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void armForState();
 
     [[nodiscard]] Micros sendTime() const;
+    [[nodiscard]] Micros earliestAnswer() const;
+    void hintPort();
     void lead();
     void send();
     void lowerRts();
@@ -92,6 +94,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void succeed(const Finding& finding);
     void fail(std::string fault, bool mayAnswerLater);
     void learnEcho(std::size_t answerAt);
+    void learnPace();
     void tellTrailing(std::size_t from);
     [[nodiscard]] std::string faultNow() const;
     void finish();
@@ -113,10 +116,13 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     Micros pause_ = 0;
     Micros timeOut_ = 0;
     bool learntEcho_ = false;
+    bool learntPace_ = false; ///< the line hands over bytes one by one, as slowly as the baud rate says
 
     State state_ = State::Idle;
     Try_Result result_;
     std::size_t searchFrom_ = 0; ///< bytes before were told apart as late answers
+    std::size_t pieces_ = 0;     ///< in which the bytes received came in
+    Micros firstByteAt_ = 0;
 
     Micros lastActivity_ = 0; ///< last byte in either direction
     Micros quiet_ = 0;        ///< silence that the next request needs after it

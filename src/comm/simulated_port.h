@@ -49,6 +49,7 @@ class Simulated_Port final : public Byte_Port {
     [[nodiscard]] bool write(Byte_View bytes) override { return port_.write(bytes); }
     void discardInput() override { port_.discardInput(); }
     void setRts(bool on) override { port_.setRts(on); }
+    void tellNotBefore(Micros when) override { port_.tellNotBefore(when); }
 
   private:
     Byte_Port& port_;

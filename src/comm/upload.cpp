@@ -52,6 +52,7 @@ void startScan(const Comm_Context& comm) {
 void startUpload(const Comm_Context& comm) {
     comm.form.Saved_Transaction = comm.link.TransactionCount();
     comm.form.Cancel_Requested = false;
+    comm.form.Upload_Edition = comm.document.Edition;
     selectScan(comm, transferScan);
     showUploading(comm);
     startScan(comm);
@@ -139,6 +140,7 @@ void MNU_Upload_Click(const Comm_Context& comm) {
 
 void TMR_Actualiza_valores_Timer(const Comm_Context& comm) {
     comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, false);
+    if (comm.document.Edition != comm.form.Upload_Edition) return dropTransfer(comm);
     bool cancelled = false;
     PRO_Verifica_Cancelar(comm, true, cancelled);
     if (cancelled) {

@@ -10,7 +10,8 @@ void MNU_Upload_Click(const Comm_Context& comm);
 
 /// One tick of the upload: notes failed exchanges, moves the bar with the scan, and ends the transfer when it
 /// was cancelled, when the link is lost at a change of block, or after the last pass. A finished upload fills
-/// the document's cells and, with no failure and blocks to poll, goes online.
+/// the document's cells and, with no failure and blocks to poll, goes online. An upload whose document was
+/// closed or replaced is dropped.
 void TMR_Actualiza_valores_Timer(const Comm_Context& comm);
 
 } // namespace zorvane

@@ -320,5 +320,20 @@ TEST_F(Upload, FailedReadOfABlockThatTheTemplateLacksIsFailure9) {
     EXPECT_THROW(tick(), Run_Time_Failure);
 }
 
+TEST_F(Upload, AnUploadWhoseDocumentIsGoneIsDropped) {
+    start();
+    link.image[100] = 7;
+    PRO_Limpia_Modelo(document);
+    document.Fields.redim(highestField);
+    addField(1, 1).Cells(1, 1).Address = "100";
+    scanTo(2, false);
+    EXPECT_THAT(journal.lines(), ElementsAre("TMR_Actualiza_valores off", "link StopScan", "link ClosePort",
+                                             "link EndSession", "Porcentaje unloaded", "form enabled"));
+    EXPECT_FALSE(form.Upload_Active);
+    EXPECT_FALSE(form.Comm_Active);
+    EXPECT_THAT(form.Transfer_Errors, IsEmpty());
+    EXPECT_EQ(cell().Value, "");
+}
+
 } // namespace
 } // namespace zorvane

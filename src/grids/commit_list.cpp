@@ -84,7 +84,7 @@ void PRO_Escribe_Lista(const Grid_Context& grids, std::int32_t Row, std::int32_t
     const Comm_Context& comm = grids.comm;
     if (comm.form.Online) {
         List_Write variant(grids, Row, Col, code);
-        writeLive(grids, variant);
+        if (!writeLive(grids, variant)) return;
     }
     if (!comm.form.Online) storeOffline(grids, Row, Col, code);
     PRO_Titulo_Modificado(comm.document, comm.form, comm.frame);

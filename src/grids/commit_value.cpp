@@ -34,7 +34,8 @@ Way_Out numberWayOut(const Cell_Rec& definition, const Cell_Rec& cell, const std
 class Commit {
   public:
     Commit(const Grid_Context& grids, std::int32_t row, std::int32_t col)
-        : grids_(grids), comm_(grids.comm), grid_(grids.FLX_Settings), row_(row), col_(col) {}
+        : grids_(grids), comm_(grids.comm), document_(grids.comm.document), grid_(grids.FLX_Settings),
+          row_(row), col_(col) {}
 
     void operator()(const Free_Text& way) const {
         grid_.setText(way.text);
@@ -47,7 +48,7 @@ class Commit {
     void operator()(const Time_Accepted& way) const {
         if (!comm_.form.Online) return replace(way.time);
         Time_Write variant(grids_, row_, col_, way.time);
-        writeLive(grids_, variant);
+        (void)writeLive(grids_, variant); // nothing follows, whatever became of the document
     }
 
     void operator()(const Time_Bad& /*way*/) const { replace("0:00"); }
@@ -60,7 +61,7 @@ class Commit {
         const std::int32_t old = strictLong(cell().Value);
         if (comm_.form.Online) {
             Number_Write variant(grids_, row_, col_, {way.text, way.Raw_Negative, old});
-            writeLive(grids_, variant);
+            if (!writeLive(grids_, variant)) return;
         } else {
             cell().Value = numberText(Val(way.text));
             grid_.setText(way.text);
@@ -70,6 +71,7 @@ class Commit {
 
     void operator()(const Number_Refused& way) const {
         refuse(rangeMessage(way.limits));
+        if (!document_.holds()) return;
         grid_.setTextMatrix(row_, col_, way.limits.high);
         cell().Value = way.limits.high;
     }
@@ -80,7 +82,7 @@ class Commit {
 
     void operator()(const Ascii_Text& way) const {
         grid_.setCol(col_);
-        if (comm_.form.Online) writeAscii(way.text);
+        if (comm_.form.Online && !writeAscii(way.text)) return;
         replace(way.text);
     }
 
@@ -113,7 +115,8 @@ class Commit {
         applySaveRule(comm_.document, comm_.frame);
     }
 
-    void writeAscii(const std::string& text) const {
+    /// False when the document is gone.
+    [[nodiscard]] bool writeAscii(const std::string& text) const {
         {
             const Tab_Stop_Off tabStop(grid_);
             comm_.link.StartScan();
@@ -122,11 +125,14 @@ class Commit {
             bool failed = false;
             PRO_Escribe_Bloque_Ascii(comm_, text, grids_.fieldNumber(), col_ + 1, row_, "", failed);
         }
+        if (!document_.holds()) return false;
         grid_.setCol(col_);
+        return true;
     }
 
     const Grid_Context& grids_;
     const Comm_Context& comm_;
+    Document_Mark document_;
     VSFlexGrid& grid_;
     std::int32_t row_;
     std::int32_t col_;

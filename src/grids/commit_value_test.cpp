@@ -436,5 +436,18 @@ TEST_F(Commit_Value_Test, AnAsciiCharacterThatNoRegisterHoldsStopsTheCommit) {
     EXPECT_TRUE(ownLower.TabStop()) << "the grid is back in the tab order";
 }
 
+TEST_F(Commit_Value_Test, ARefusalLeavesADocumentAloneThatCameUpDuringItsMessage) {
+    limits("10", "20");
+    frame.duringMessage = [this] {
+        PRO_Limpia_Modelo(document);
+        document.Fields.redim(highestField);
+        addTable(1, 2).Cells(1, 1).Value = "3";
+        ownLower.setTextMatrix(1, 0, "3");
+    };
+    EXPECT_TRUE(enter("25"));
+    EXPECT_EQ(cell().Value, "3");
+    EXPECT_EQ(shown(), "3");
+}
+
 } // namespace
 } // namespace zorvane

@@ -14,11 +14,14 @@ void colourCell(VSFlexGrid& grid, const std::string& fore, const std::string& ba
     grid.setCellBackColor(colourOf(back));
 }
 
-void waitForWrite(const Comm_Context& comm) {
-    comm.frame.wait_until([&comm] {
+/// False when the document is gone.
+bool waitForWrite(const Comm_Context& comm, const Document_Mark& document) {
+    comm.frame.wait_until([&] {
+        if (!document.holds()) return true;
         comm.form.Write_Busy = comm.link.WriteBusy();
         return !comm.form.Write_Busy;
     });
+    return document.holds();
 }
 
 void report(const Grid_Context& grids, Live_Write_Variant& variant) {
@@ -32,25 +35,41 @@ void report(const Grid_Context& grids, Live_Write_Variant& variant) {
     }
 }
 
-void exchange(const Grid_Context& grids, Live_Write_Variant& variant) {
+/// A line about a write of a document that is gone would stand for ever.
+void forgetPending(Frame& frame) {
+    const std::string line = frame.panel(Panel::Message);
+    if (line.size() >= writePending.size() &&
+        line.compare(line.size() - writePending.size(), std::string::npos, writePending) == 0)
+        frame.setPanel(Panel::Message, "");
+}
+
+/// False when the document is gone.
+bool exchange(const Grid_Context& grids, Live_Write_Variant& variant) {
     const Comm_Context& comm = grids.comm;
+    const Document_Mark document(comm.document);
     const Tab_Stop_Off tabStop(grids.FLX_Settings);
     comm.form.Write_Busy = comm.link.WriteBusy();
     comm.link.StartScan();
     const Colour_Words& words = comm.document.Colors;
     colourCell(grids.FLX_Settings, words.Color_Txt_Writing, words.Color_Back_Writing);
-    if (comm.form.Write_Busy) waitForWrite(comm);
+    if (comm.form.Write_Busy && !waitForWrite(comm, document)) return false;
     variant.start();
-    waitForWrite(comm);
+    if (!waitForWrite(comm, document)) return false;
     comm.frame.wait_ms(settlingMs);
+    if (!document.holds()) return false;
     report(grids, variant);
+    return true;
 }
 
 } // namespace
 
-void writeLive(const Grid_Context& grids, Live_Write_Variant& variant) {
-    exchange(grids, variant);
+bool writeLive(const Grid_Context& grids, Live_Write_Variant& variant) {
+    if (!exchange(grids, variant)) {
+        forgetPending(grids.comm.frame);
+        return false;
+    }
     variant.close();
+    return true;
 }
 
 std::string statusLine(std::string_view value, std::string_view address, std::string_view progress) {

@@ -23,8 +23,10 @@ class Live_Write_Variant {
 
 /// Writes one register while online, and shows by the colours of the grid's current cell how that goes. It
 /// returns once the write has ended and half a second more has passed; there is no time limit. A run-time
-/// failure of a step ends it there, with the grid back in the tab order.
-void writeLive(const Grid_Context& grids, Live_Write_Variant& variant);
+/// failure of a step ends it there, with the grid back in the tab order. False when the document was closed
+/// or replaced during a wait: then the rest of the steps is left out, and the caller has nothing to do
+/// either.
+[[nodiscard]] bool writeLive(const Grid_Context& grids, Live_Write_Variant& variant);
 
 /// How far a write has come, at the end of its status line.
 inline constexpr std::string_view writePending = " ...Pending";

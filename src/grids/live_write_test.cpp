@@ -1,9 +1,12 @@
+#include "comm/session.h"
 #include "grids/live_write.h"
 #include "grids/register_writes.h"
 #include "grids/testing/commit_outcome.h"
 #include "template/messages.h"
 
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 namespace zorvane {
 namespace {
@@ -365,15 +368,131 @@ TEST_F(Live_Write_Test, TheFieldIsAskedAnewAfterAWait) {
     EXPECT_EQ(panel(), "Write: 12 @2000 ...Completed");
 }
 
-TEST_F(Live_Write_Test, ADocumentClosedDuringTheWaitStopsTheCommit) {
-    frame.duringPause = [this](std::int32_t) {
-        document.Fields.redim(0);
-        ownUpper.setRows(0);
-        ownLower.setRows(0);
-    };
+TEST_F(Live_Write_Test, AModelThatFailsAfterAWaitStopsTheCommit) {
+    frame.duringPause = [this](std::int32_t) { document.Fields.redim(0); };
     EXPECT_THROW(type(1, 0, "12"), Run_Time_Failure);
     EXPECT_TRUE(ownLower.TabStop()) << "the grid is back in the tab order";
     EXPECT_FALSE(form.Dirty);
+}
+
+TEST_F(Live_Write_Test, DisconnectedMeanwhileTheWriteFailsAndTheOldValueComesBack) {
+    link.writes = {{Exchange{true, "", [this] { MNU_Disconnect_Click(comm); }, "", ""}}};
+    type(1, 0, "12");
+    EXPECT_EQ(cell().Value, "7");
+    EXPECT_EQ(shown(), "7");
+    EXPECT_EQ(panel(), "Write: 12 @1004 ...Failed");
+    EXPECT_EQ(doubles::colourNames(ownLower), "error");
+}
+
+// A document that goes while its write waits. What comes after it has a cell at the same place.
+
+enum class Waiting { For_The_Link, For_The_Write, For_The_Controller };
+enum class Event { Opens_Another, Closes };
+
+class Orphaned_Write_Test : public Live_Write_Test,
+                            public testing::WithParamInterface<std::tuple<Waiting, Event>> {
+  protected:
+    /// Has the event happen in that wait of the next commit.
+    void arrange() {
+        const auto event = [this] { happen(); };
+        switch (std::get<Waiting>(GetParam())) {
+        case Waiting::For_The_Link:
+            return keepLinkBusy(event);
+        case Waiting::For_The_Write:
+            link.writes = {{Exchange{true, "", event, "", ""}}};
+            return;
+        case Waiting::For_The_Controller:
+            frame.duringPause = [event](std::int32_t) { event(); };
+            return;
+        }
+    }
+
+    void happen() {
+        PRO_Fin_Sesion(comm);
+        PRO_Limpia_Modelo(document);
+        ownUpper.setRows(0);
+        ownLower.setRows(0);
+        if (std::get<Event>(GetParam()) == Event::Opens_Another) {
+            document.Fields.redim(highestField);
+            Field_Rec& field = addTable(2, 2);
+            field.Cells(1, 1).Address = "2000";
+            field.Cells(1, 1).Value = "3";
+            selectField(1);
+            ownLower.setTextMatrix(1, 0, "3");
+            ownLower.setRow(1);
+            ownLower.setCol(0);
+        }
+        journal.clear();
+        focusBefore = ownLower.focusCalls();
+    }
+
+    void expectUntouched() {
+        EXPECT_FALSE(form.Dirty);
+        EXPECT_EQ(writes(), std::vector<std::string>{});
+        for (const std::string& line : journal.lines())
+            EXPECT_TRUE(line == "panel 4 = \"\"" || line == "wait 500 ms" ||
+                        line == "FLX_Settings tab stop on")
+                << line;
+        EXPECT_TRUE(ownLower.TabStop());
+        EXPECT_EQ(ownLower.focusCalls(), focusBefore);
+        if (std::get<Event>(GetParam()) == Event::Closes) {
+            EXPECT_EQ(ownLower.Rows(), 0);
+            return;
+        }
+        EXPECT_EQ(cell().Value, "3");
+        EXPECT_EQ(shown(), "3");
+        EXPECT_EQ(ownLower.Col(), 0);
+        EXPECT_EQ(doubles::colourNames(ownLower), "as before");
+    }
+
+    int focusBefore = 0;
+};
+
+TEST_P(Orphaned_Write_Test, ANumberLeavesEverythingAlone) {
+    arrange();
+    type(1, 0, "12");
+    expectUntouched();
+    EXPECT_EQ(panel(), "") << "a pending line of the old document would stand for ever";
+}
+
+TEST_P(Orphaned_Write_Test, ATimeLeavesEverythingAlone) {
+    cell().Format = "TIME";
+    arrange();
+    type(1, 0, "1:30");
+    expectUntouched();
+}
+
+TEST_P(Orphaned_Write_Test, AListChoiceLeavesEverythingAlone) {
+    cell().Has_Messages = true;
+    cell().Messages.redim(2);
+    cell().Messages(2).Text = "On";
+    arrange();
+    choose(1, 0, "1");
+    expectUntouched();
+}
+
+TEST_P(Orphaned_Write_Test, ATextLeavesEverythingAlone) {
+    cell().Is_Ascii_Range = true;
+    cell().Address_End = "1005";
+    arrange();
+    type(1, 0, "AB");
+    expectUntouched();
+}
+
+INSTANTIATE_TEST_SUITE_P(Waits, Orphaned_Write_Test,
+                         testing::Combine(testing::Values(Waiting::For_The_Link, Waiting::For_The_Write,
+                                                          Waiting::For_The_Controller),
+                                          testing::Values(Event::Opens_Another, Event::Closes)));
+
+TEST_F(Live_Write_Test, AnOrphanedWriteLeavesThePanelOfTheNewDocument) {
+    link.writes = {{Exchange{true, "",
+                             [this] {
+                                 PRO_Limpia_Modelo(document);
+                                 frame.setPanel(Panel::Message, "This file fit on the template.");
+                             },
+                             "", ""}}};
+    type(1, 0, "12");
+    EXPECT_EQ(panel(), "This file fit on the template.");
 }
 
 TEST_F(Live_Write_Test, AnAddressThatNoNumberHoldsStopsTheCommit) {

@@ -1,6 +1,7 @@
 // What somebody meets who uses the program by keyboard or by a screen reader: every control of every window.
 
 #include "ui/acercade.h"
+#include "ui/focus_style.h"
 #include "ui/font_dialog.h"
 #include "ui/frm_debug.h"
 #include "ui/lost_com.h"
@@ -13,8 +14,11 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QImage>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
+#include <QStyleOption>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -123,6 +127,35 @@ TEST(Dialog_Access, AboutBox) {
 TEST(Dialog_Access, DebugForm) {
     Frm_Debug form(nullptr);
     expectUsable(form, {"EDT_Prueba"});
+}
+
+TEST(Dialog_Access, WidgetsOfOurOwnTellWhatTheyAre) {
+    Frm_Debug form(nullptr);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&form)->role(), QAccessible::Window);
+    Main_Window window;
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window.PicLineHoriz())->role(), QAccessible::Separator);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window.PicLineHoriz())->text(QAccessible::Name),
+              "Splitter");
+}
+
+QImage paintedButton(const QStyle& style, QStyle::State state) {
+    QStyleOptionButton option;
+    option.rect = QRect(0, 0, 80, 24);
+    option.features = QStyleOptionButton::DefaultButton;
+    option.state = QStyle::State_Enabled | QStyle::State_Active | state;
+    QImage picture(option.rect.size(), QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    style.drawControl(QStyle::CE_PushButton, &option, &painter);
+    return picture;
+}
+
+TEST(Dialog_Access, TheDefaultButtonShowsWhetherItHasTheKeyboard) {
+    const Focus_Style style(QStringLiteral("Fusion"));
+    const QStyle::State focused = QStyle::State_HasFocus | QStyle::State_KeyboardFocusChange;
+    EXPECT_NE(paintedButton(style, {}), paintedButton(style, focused));
+    EXPECT_EQ(paintedButton(style, {}), paintedButton(style, QStyle::State_HasFocus))
+        << "a click needs no frame: the user knows where it was";
 }
 
 TEST(Dialog_Access, FontDialog) {

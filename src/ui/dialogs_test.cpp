@@ -203,6 +203,16 @@ TEST_F(Porcentaje_Test, HasTheDesignSizesAndNames) {
     EXPECT_FALSE(named<QPushButton>(form, "Bot_Ok").isVisible());
 }
 
+TEST_F(Porcentaje_Test, WordsTooLongForTheirPlaceTakeTheWholeWidth) {
+    const auto& label = named<QLabel>(form, "Label1");
+    const QPoint middle = label.geometry().center();
+    form.setLabel(QString(label.width() / label.fontMetrics().horizontalAdvance(QLatin1Char('m')) + 1, u'm'));
+    EXPECT_EQ(label.geometry(), twips(90, 180, 4485, 225));
+    EXPECT_NEAR(label.geometry().center().x(), middle.x(), 1);
+    form.setLabel(QStringLiteral("Uploading"));
+    EXPECT_EQ(label.geometry(), twips(660, 180, 3375, 225));
+}
+
 TEST_F(Porcentaje_Test, CancelTellsItsOwnerAndStays) {
     QTest::mouseClick(&named<QPushButton>(form, "BOT_Cancel"), Qt::LeftButton);
     EXPECT_EQ(told, (Words{"cancel"}));

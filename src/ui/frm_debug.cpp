@@ -1,5 +1,6 @@
 #include "ui/frm_debug.h"
 
+#include "ui/roles.h"
 #include "ui/text.h"
 #include "ui/twips.h"
 
@@ -23,6 +24,7 @@ constexpr double belowText = 500;
 } // namespace
 
 Frm_Debug::Frm_Debug(QWidget* parent) : QWidget(parent, Qt::Window) {
+    giveRole(*this, QAccessible::Window);
     giveName(*this, QStringLiteral("FrmDebug"));
     setWindowTitle(QStringLiteral("Test Debug Form..."));
     text_ = new QPlainTextEdit(this);

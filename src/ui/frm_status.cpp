@@ -67,6 +67,7 @@ void Frm_Status::PRO_Dispone_Status() {
         style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(scaleOf(*this).size(480, 480)));
     icon->setAlignment(Qt::AlignCenter);
     put(*icon, QStringLiteral("IMG_Exclamation"), iconPlace);
+    icon->setAccessibleName(QStringLiteral("exclamation"));
     RtbStatus_ = new QTextEdit(this);
     put(*RtbStatus_, QStringLiteral("RtbStatus"), textPlace);
     RtbStatus_->setAccessibleName(QStringLiteral("Report of the transfer"));
@@ -125,11 +126,13 @@ void Frm_Status::Form_Unload() {
     if (events_.UnloadMe) events_.UnloadMe();
 }
 
-void Frm_Status::reject() { unload(); }
+void Frm_Status::reject() {
+    if (isEnabled()) unload();
+}
 
 void Frm_Status::closeEvent(QCloseEvent* event) {
     event->ignore();
-    unload();
+    reject();
 }
 
 /// The core's text again: its lines end in CR LF.

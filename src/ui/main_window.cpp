@@ -190,7 +190,11 @@ void Main_Window::dropEvent(QDropEvent* event) {
     finishEdit();
     // Whatever opens the file may ask questions; the program that the file came from doesn't wait for them.
     QMetaObject::invokeMethod(
-        this, [this, path] { events.fileDropped(path); }, Qt::QueuedConnection);
+        this,
+        [this, path] {
+            if (formEnabled_) events.fileDropped(path);
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace zorvane

@@ -1,7 +1,9 @@
 #include "ui/monitor_window.h"
 
 #include "template/asker.h"
+#include "ui/roles.h"
 #include "ui/text.h"
+#include "ui/traffic_delegate.h"
 
 #include <QAction>
 #include <QApplication>
@@ -16,7 +18,6 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSplitter>
-#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -34,24 +35,12 @@ constexpr int byteLines = 4;
 constexpr int startWidth = 980;
 constexpr int startHeight = 480;
 
-/// Lays out no more of a text than its cell can show: a block of 125 registers would cost as much as a page.
-class Cut_Text_Delegate final : public QStyledItemDelegate {
-  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-  protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
-        QStyledItemDelegate::initStyleOption(option, index);
-        const int narrowest = std::max(1, option->fontMetrics.horizontalAdvance(QLatin1Char('.')));
-        option->text.truncate(option->rect.width() / narrowest + 1);
-    }
-};
-
 } // namespace
 
 Monitor_Window::Monitor_Window(Micros midnight, Ask_User ask, QWidget* owner)
     : QWidget(owner, Qt::Window), ask_(std::move(ask)), model_(midnight),
       feed_([this](std::vector<Traffic_Entry> entries) { showNew(std::move(entries)); }) {
+    giveRole(*this, QAccessible::Window);
     giveName(*this, QStringLiteral("ModbusMonitor"));
     setWindowTitle(QStringLiteral("Modbus Monitor"));
     auto* whole = new QVBoxLayout(this);
@@ -73,6 +62,16 @@ Monitor_Window::Monitor_Window(Micros midnight, Ask_User ask, QWidget* owner)
     splitter->setSizes({startHeight, bytes_->fontMetrics().lineSpacing() * byteLines});
     resize(startWidth, startHeight);
     showCount();
+}
+
+void Monitor_Window::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    feed_.setWatched(true);
+}
+
+void Monitor_Window::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    feed_.setWatched(false);
 }
 
 QWidget* Monitor_Window::makeButtons() {
@@ -110,7 +109,7 @@ void Monitor_Window::makeTable() {
     giveName(*table_, QStringLiteral("TBL_Exchanges"));
     table_->setAccessibleName(QStringLiteral("Exchanges"));
     table_->setModel(&model_);
-    table_->setItemDelegate(new Cut_Text_Delegate(table_));
+    table_->setItemDelegate(new Traffic_Delegate(table_));
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);

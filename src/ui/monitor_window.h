@@ -35,6 +35,10 @@ class Monitor_Window final : public QWidget {
 
     Common_Dialog OpenFile; ///< where `save` asks for the file
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
   private:
     QWidget* makeButtons();
     QPushButton& addButton(QWidget& row, const char* name, const QString& text, std::function<void()> chosen);

@@ -1,5 +1,6 @@
 #include "ui/monitor_window.h"
 #include "ui/testing/control_walk.h"
+#include "ui/traffic_delegate.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -43,7 +44,8 @@ struct Monitor_Window_Test : ::testing::Test {
     void report(std::int32_t count) {
         for (std::int32_t i = 0; i < count; ++i)
             window.feed().exchangeSeen(exchangeOf(++last));
-        EXPECT_TRUE(QTest::qWaitFor([this] { return window.feed().held() || window.feed().waiting() == 0; }));
+        if (window.feed().held() || !window.isVisible()) return;
+        EXPECT_TRUE(QTest::qWaitFor([this] { return window.feed().waiting() == 0; }));
     }
     template <class Widget> Widget& at(const char* name) {
         auto* widget = window.findChild<Widget*>(QString::fromLatin1(name));
@@ -191,8 +193,63 @@ TEST_F(Monitor_Window_Test, ClosingOnlyHidesItAndItGoesOnCollecting) {
     window.close();
     EXPECT_FALSE(window.isVisible());
     report(1);
+    QTest::qWait(2 * Traffic_Feed::leastPauseMs);
+    EXPECT_EQ(window.model().rowCount(), 1) << "nobody would see it";
     window.show();
     EXPECT_EQ(window.model().rowCount(), 2);
+}
+
+TEST_F(Monitor_Window_Test, PausedItHoldsRowsBackAcrossHidingToo) {
+    press("BOT_Pause");
+    report(1);
+    window.close();
+    window.show();
+    EXPECT_EQ(window.model().rowCount(), 0);
+    press("BOT_Pause");
+    EXPECT_EQ(window.model().rowCount(), 1);
+}
+
+TEST_F(Monitor_Window_Test, ACellShowsAsMuchOfItsTextAsFits) {
+    const Traffic_Delegate delegate;
+    const QFontMetrics metrics(window.font());
+    const QString values = QStringLiteral("1040, 65531 (-5), 1120, 1160");
+    EXPECT_EQ(delegate.fitting(values, 10000, metrics), values);
+    for (int width = 0; width < metrics.horizontalAdvance(values); width += 7) {
+        const QString shown = delegate.fitting(values, width, metrics);
+        EXPECT_TRUE(shown.endsWith(QChar(0x2026)) || shown == values) << shown.toStdString();
+        EXPECT_TRUE(values.startsWith(shown.chopped(1)));
+        if (shown.size() > 1) {
+            EXPECT_LE(metrics.horizontalAdvance(shown), width + shown.size());
+        }
+    }
+    EXPECT_EQ(delegate.fitting(QString(), 50, metrics), QString());
+    EXPECT_EQ(delegate.fitting(QStringLiteral("\u00B0C \u20AC"), 10000, metrics),
+              QStringLiteral("\u00B0C \u20AC"));
+}
+
+TEST_F(Monitor_Window_Test, FailedRowsAreRedAndSelectedOnesHighlighted) {
+    Exchange_Record failed = exchangeOf(1);
+    failed.good = false;
+    failed.result = "wrong CRC";
+    window.feed().exchangeSeen(failed);
+    report(1);
+    const auto dominant = [this](int row) {
+        const QRect place = table().visualRect(window.model().index(row, 7));
+        const QImage picture = table().viewport()->grab(place).toImage();
+        int red = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor colour = picture.pixelColor(x, y);
+                red += colour.red() > colour.green() + 60 && colour.red() > colour.blue() + 60 ? 1 : 0;
+            }
+        return red;
+    };
+    EXPECT_GT(dominant(0), 10);
+    EXPECT_EQ(dominant(1), 0);
+    table().selectRow(1);
+    const QRect place = table().visualRect(window.model().index(1, 7));
+    const QColor ground = table().viewport()->grab(place).toImage().pixelColor(place.width() - 3, 2);
+    EXPECT_NE(ground, table().palette().color(QPalette::Base));
 }
 
 TEST_F(Monitor_Window_Test, KeepsItsPlaceInTwips) {

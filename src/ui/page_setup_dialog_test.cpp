@@ -39,6 +39,12 @@ TEST_F(PageSetup, ShowsWhatIsInForce) {
     EXPECT_EQ(named<QDoubleSpinBox>("LeftMargin").text(), "1.00 in");
 }
 
+TEST_F(PageSetup, NoTwoControlsAnswerToOneLetter) {
+    open();
+    dialog->show();
+    EXPECT_EQ(doubles::keyClashes(*dialog), std::vector<std::string>{});
+}
+
 TEST_F(PageSetup, SaysWhatEachSettingIs) {
     open();
     EXPECT_EQ(doubles::captions(*dialog),

@@ -1,6 +1,7 @@
 #include "ui/page_view.h"
 
 #include "reports/qt_page_painter.h"
+#include "ui/roles.h"
 #include "ui/text.h"
 
 #include <QKeyEvent>
@@ -27,6 +28,7 @@ void paintSheet(QPainter& painter, const Page_Document& document, int index, con
 } // namespace
 
 Page_View::Page_View(QWidget* parent) : QAbstractScrollArea(parent) {
+    giveRole(*this, QAccessible::Document);
     giveName(*this, QStringLiteral("Pages"));
     setAccessibleName(QStringLiteral("Pages"));
     setFocusPolicy(Qt::StrongFocus);

@@ -1,7 +1,5 @@
 #include "ui/porcentaje.h"
 
-#include "template/asker.h"
-
 #include <QCloseEvent>
 #include <QGroupBox>
 #include <QLabel>
@@ -17,6 +15,7 @@ namespace {
 constexpr double formWidth = 4695;
 constexpr double formHeight = 1245;
 constexpr Twips_Rect labelPlace{660, 180, 3375, 225};
+constexpr Twips_Rect wideLabelPlace{90, 180, 4485, 225};
 constexpr Twips_Rect barPlace{90, 450, 4485, 315};
 constexpr Twips_Rect cancelPlace{1647, 870, 1400, 345};
 constexpr Twips_Rect okPlace{1650, 870, 1400, 345};
@@ -47,7 +46,12 @@ Porcentaje::Porcentaje(Porcentaje_Hooks hooks, QWidget* parent)
     connect(ok_, &QPushButton::clicked, this, [this] { unload(); });
 }
 
-void Porcentaje::setLabel(const QString& text) { label_->setText(text); }
+/// Words that the label's place would cut take the whole width; its middle stays where it is.
+void Porcentaje::setLabel(const QString& text) {
+    label_->setText(text);
+    placeAt(*label_, labelPlace);
+    if (label_->sizeHint().width() > label_->width()) placeAt(*label_, wideLabelPlace);
+}
 
 void Porcentaje::load() {
     ok_->hide();

@@ -52,6 +52,9 @@ void name(QWidget& widget, const char* given, const QString& words) {
 
 void addRow(QFormLayout& form, const QString& words, QWidget& field, const char* given) {
     name(field, given, QString(words).remove(u'&'));
+    // In a list that can be typed into, the line has the keyboard, and Qt lends it no name of its list.
+    if (const auto* list = qobject_cast<QComboBox*>(&field); list != nullptr && list->isEditable())
+        list->lineEdit()->setAccessibleName(field.accessibleName());
     form.addRow(words, &field);
     giveName(*form.labelForField(&field), QStringLiteral("LBL_") + QLatin1String(given));
 }

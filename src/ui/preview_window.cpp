@@ -51,6 +51,10 @@ Preview_Window::Preview_Window(const QString& caption, const std::vector<Preview
     escape->setShortcut(Qt::Key_Escape);
     connect(escape, &QAction::triggered, this, &QWidget::close);
     addAction(escape);
+    // The button of a tool bar for which the window is too narrow.
+    for (QToolBar* bar : {reportBar_, pageBar_})
+        for (QToolButton* more : bar->findChildren<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))
+            more->setAccessibleName(QStringLiteral("More tools"));
     view_->pageChanged = [this] { showPage(); };
     view_->zoomChanged = [this] { showZoom(); };
     showPage();
@@ -166,6 +170,7 @@ void Preview_Window::addPageTools() {
     giveName(*zoom_, QStringLiteral("Zoom"));
     zoom_->setAccessibleName(QStringLiteral("Zoom"));
     zoom_->setEditable(true);
+    zoom_->lineEdit()->setAccessibleName(zoom_->accessibleName());
     zoom_->setInsertPolicy(QComboBox::NoInsert);
     zoom_->addItems({wholePage(), pageWidth()});
     for (const int percent : zoomPercents)

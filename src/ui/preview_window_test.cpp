@@ -1,6 +1,8 @@
 #include "reports/page_document.h"
 #include "ui/preview_window.h"
+#include "ui/testing/control_walk.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -65,6 +67,18 @@ struct Preview : testing::Test {
     Preview_Window window{QStringLiteral("Preview Print Page"), fourTools};
     Page_Document document;
 };
+
+TEST_F(Preview, NoTwoToolsAnswerToOneLetter) {
+    show(3);
+    EXPECT_EQ(doubles::keyClashes(window), std::vector<std::string>{});
+}
+
+TEST_F(Preview, WidgetsThatQtLeavesNamelessHaveNames) {
+    show(3);
+    EXPECT_EQ(named<QComboBox>("Zoom").lineEdit()->accessibleName(), "Zoom");
+    EXPECT_EQ(named<QToolButton>("qt_toolbar_ext_button").accessibleName(), "More tools");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&view())->role(), QAccessible::Document);
+}
 
 TEST_F(Preview, TheReportsToolsComeFirstWithTheirTips) {
     std::vector<std::string> seen;

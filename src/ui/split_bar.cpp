@@ -1,5 +1,6 @@
 #include "ui/split_bar.h"
 
+#include "ui/roles.h"
 #include "ui/text.h"
 
 #include <QKeyEvent>
@@ -17,6 +18,7 @@ constexpr int keyStep = 8; // pixels
 } // namespace
 
 Split_Bar::Split_Bar(QWidget* parent) : QWidget(parent) {
+    giveRole(*this, QAccessible::Separator);
     giveName(*this, QStringLiteral("PicLineHoriz"));
     setToolTip(QStringLiteral("Resize grids N/S"));
     setAccessibleName(QStringLiteral("Splitter"));

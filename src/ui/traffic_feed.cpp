@@ -13,17 +13,22 @@ Traffic_Feed::Traffic_Feed(Show show, std::size_t limit) : show_(std::move(show)
 
 void Traffic_Feed::setHeld(bool held) {
     held_ = held;
-    if (!held_ && !pending_.empty()) hand();
+    hand();
+}
+
+void Traffic_Feed::setWatched(bool watched) {
+    watched_ = watched;
+    hand();
 }
 
 void Traffic_Feed::take(Traffic_Entry entry) {
     if (pending_.size() == limit_) pending_.pop_front();
     pending_.push_back(std::move(entry));
-    if (!held_ && !timer_.isActive()) timer_.start();
+    if (flows() && !timer_.isActive()) timer_.start();
 }
 
 void Traffic_Feed::hand() {
-    if (held_ || pending_.empty()) return;
+    if (!flows() || pending_.empty()) return;
     std::vector<Traffic_Entry> entries(std::make_move_iterator(pending_.begin()),
                                        std::make_move_iterator(pending_.end()));
     pending_.clear();

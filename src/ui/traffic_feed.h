@@ -10,8 +10,8 @@
 namespace zorvane {
 
 /// Collects what the link reports and hands it on in one go, at most five times a second, since the whole
-/// table is painted each time; no timer runs while nothing comes. Held back, it keeps the newest entries
-/// only.
+/// table is painted each time; no timer runs while nothing comes. Held back, or while nobody watches, it
+/// keeps the newest entries only.
 class Traffic_Feed final : public Traffic_Observer {
   public:
     using Show = std::function<void(std::vector<Traffic_Entry> entries)>;
@@ -24,6 +24,8 @@ class Traffic_Feed final : public Traffic_Observer {
     void portNoted(Micros at, const std::string& text) override { take(Port_Note{at, text}); }
 
     void setHeld(bool held);
+    /// Whether the window is on the screen; at first it is.
+    void setWatched(bool watched);
     [[nodiscard]] bool held() const { return held_; }
     [[nodiscard]] std::size_t waiting() const { return pending_.size(); }
     void clear() { pending_.clear(); }
@@ -31,12 +33,14 @@ class Traffic_Feed final : public Traffic_Observer {
   private:
     void take(Traffic_Entry entry);
     void hand();
+    [[nodiscard]] bool flows() const { return watched_ && !held_; }
 
     Show show_;
     std::size_t limit_;
     std::deque<Traffic_Entry> pending_;
     QTimer timer_;
     bool held_ = false;
+    bool watched_ = true;
 };
 
 } // namespace zorvane

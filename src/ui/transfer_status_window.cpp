@@ -13,6 +13,7 @@ Frm_Status& Transfer_Status_Window::PRO_Muestra_Status(bool isUpload) {
         {transferStatus(comm_, isUpload), [this] { return comm_.document.Always_Block_Count; },
          QString::fromStdString(pathToNative(comm_.document.File_Folder)), hooks_.ask, hooks_.printLog},
         handlers(), owner_);
+    Status_->setEnabled(enabled_);
     Status_->show();
     return *Status_;
 }
@@ -35,6 +36,11 @@ void Transfer_Status_Window::run(const std::function<void()>& handler) const {
 
 void Transfer_Status_Window::unload() {
     if (Status_) Status_->unload();
+}
+
+void Transfer_Status_Window::setEnabled(bool enabled) {
+    enabled_ = enabled;
+    if (Status_) Status_->setEnabled(enabled);
 }
 
 /// One of the form's own buttons may be at work yet.

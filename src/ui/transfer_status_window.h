@@ -32,6 +32,9 @@ class Transfer_Status_Window final {
     Frm_Status& PRO_Muestra_Status(bool isUpload);
     /// What the main form does when the transfers ask for `unloadFrmStatus`.
     void unload();
+    /// The form takes no input while a transfer has the main form disabled: its buttons start another
+    /// transfer or enable the main form. It stays, and can't be closed either.
+    void setEnabled(bool enabled);
     /// The form while it is open, else nullptr.
     [[nodiscard]] Frm_Status* Status() const { return Status_; }
 
@@ -44,6 +47,7 @@ class Transfer_Status_Window final {
     QWidget* owner_;
     Transfer_Status_Hooks hooks_;
     QPointer<Frm_Status> Status_;
+    bool enabled_ = true;
 };
 
 /// Whether the last transfer has left records and is over, so that its report is worth a button.

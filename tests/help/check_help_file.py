@@ -17,6 +17,10 @@ def main(help_file, chmls, *sources):
     listing = subprocess.run([chmls, "list", help_file], capture_output=True, text=True, check=True).stdout
     names = {line.split()[-1] for line in listing.splitlines() if line.split()}
     missing = [page for page in map(html_name, sources) if "/" + page not in names]
+    pictures = len([name for name in names if name.endswith(".png")])
+    if not pictures:
+        print("there are no pictures in it", file=sys.stderr)
+        return 1
     for page in missing + ([] if "/contents.hhc" in names else ["contents.hhc"]):
         print(f"{page} is missing", file=sys.stderr)
     return 1 if missing or "/contents.hhc" not in names else 0

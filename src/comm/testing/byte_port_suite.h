@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <vector>
@@ -41,6 +42,14 @@ template <class Bench> class Byte_Port_Suite : public ::testing::Test {
     void open() { ASSERT_TRUE(bench.port().open(bench.name(), settings).opened); }
     bool heard(std::size_t count) {
         return bench.runUntil([&] { return ear.heard.size() >= count; });
+    }
+
+    /// Times of the link's clock.
+    static Micros soon() { return now() + 30 * microsPerMs; }
+    static Micros never() { return now() + 3600 * microsPerSecond; }
+    static Micros now() {
+        const auto since = std::chrono::steady_clock::now().time_since_epoch();
+        return std::chrono::duration_cast<std::chrono::microseconds>(since).count();
     }
 
     static Byte_Array allBytes() {
@@ -164,10 +173,47 @@ TYPED_TEST_P(Byte_Port_Suite, TellsNothingAfterItWasClosed) {
     EXPECT_TRUE(this->ear.heard.empty());
 }
 
+TYPED_TEST_P(Byte_Port_Suite, LosesNothingWhileToldToWait) {
+    this->open();
+    this->bench.port().tellNotBefore(this->soon());
+    this->bench.farSend(this->allBytes());
+    ASSERT_TRUE(this->heard(256));
+    EXPECT_EQ(this->ear.heard, this->allBytes());
+    this->bench.farSend({1});
+    ASSERT_TRUE(this->heard(257)) << "and it listens again afterwards";
+}
+
+TYPED_TEST_P(Byte_Port_Suite, AHintCanBeTakenBack) {
+    this->open();
+    this->bench.port().tellNotBefore(this->never());
+    this->bench.farSend({1, 2});
+    this->bench.port().tellNotBefore(0);
+    ASSERT_TRUE(this->heard(2));
+}
+
+TYPED_TEST_P(Byte_Port_Suite, AHintEndsWithTheOpening) {
+    this->open();
+    this->bench.port().tellNotBefore(this->never());
+    this->bench.port().close();
+    this->open();
+    this->bench.farSend({1, 2});
+    ASSERT_TRUE(this->heard(2));
+}
+
+TYPED_TEST_P(Byte_Port_Suite, ALostLineIsToldAtTheEndOfTheHintAtTheLatest) {
+    this->open();
+    this->bench.port().tellNotBefore(this->soon());
+    this->bench.hangUp();
+    ASSERT_TRUE(this->bench.runUntil([&] { return !this->ear.losses.empty(); }));
+    EXPECT_FALSE(this->bench.port().isOpen());
+}
+
 REGISTER_TYPED_TEST_SUITE_P(Byte_Port_Suite, OpensAndCloses, APortThatIsNotThereGivesItsReason,
                             OpensWithAnyLineSettings, EveryByteGoesOutUnchanged, EveryByteComesInUnchanged,
                             TellsNothingFromWithinACall, DiscardsWhatHasComeIn,
                             ALineThatHangsUpIsToldOnceAndClosed, ALineThatHungUpCanBeOpenedAgain,
-                            AClosedPortTakesNoBytes, MayBeClosedByWhoIsTold, TellsNothingAfterItWasClosed);
+                            AClosedPortTakesNoBytes, MayBeClosedByWhoIsTold, TellsNothingAfterItWasClosed,
+                            LosesNothingWhileToldToWait, AHintCanBeTakenBack, AHintEndsWithTheOpening,
+                            ALostLineIsToldAtTheEndOfTheHintAtTheLatest);
 
 } // namespace zorvane::testing

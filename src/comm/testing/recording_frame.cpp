@@ -99,6 +99,7 @@ std::string Recording_Grids::text(std::int32_t row, std::int32_t col) const {
 
 int Recording_Frame::Msgb_Show(const std::string& prompt, int style, const std::string& title) {
     journal_.add("Msgb " + text(style) + " " + quoted(title) + ": " + quoted(prompt));
+    if (duringMessage) duringMessage();
     if (answers.empty()) return Msgb_Code_Ok;
     const int answer = answers.front();
     answers.pop_front();

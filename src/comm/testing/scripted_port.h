@@ -39,6 +39,7 @@ class Scripted_Port final : public Byte_Port {
         rts = on;
         rtsChanges.push_back(on);
     }
+    void tellNotBefore(Micros when) override { notBefore = when; }
 
     void deliver(const Byte_Array& bytes) {
         if (open_ && listener_ != nullptr && !bytes.empty()) listener_->bytesArrived(bytes);
@@ -61,6 +62,7 @@ class Scripted_Port final : public Byte_Port {
     std::vector<bool> rtsAtWrite;
     std::vector<bool> rtsChanges;
     bool rts = false;
+    Micros notBefore = 0; ///< the hint in force; a test that wants it followed does so itself
 
   private:
     Byte_Port_Listener* listener_ = nullptr;

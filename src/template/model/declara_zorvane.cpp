@@ -3,6 +3,7 @@
 namespace zorvane {
 
 void PRO_Limpia_Modelo(Declara_Zorvane& document) {
+    ++document.Edition;
     document.Fields.redim(0);
     document.Config_Columns.redim(0);
     document.Not_Downloadable.redim(0);
@@ -18,6 +19,7 @@ void PRO_Limpia_Modelo(Declara_Zorvane& document) {
 }
 
 void PRO_Prepara_Lectura(Declara_Zorvane& document) {
+    ++document.Edition;
     document.Download_Blocks.redim(0);
     document.Fields.redim(highestField);
     document.Holding_Block_Count = 0;

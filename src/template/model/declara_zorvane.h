@@ -94,6 +94,22 @@ struct Declara_Zorvane {
     std::string File_Extension; ///< the rest, upper case, without that dot
     std::string File_Folder;    ///< ends in the folder separator
     bool No_Place = false; ///< it has no file of its own: a recovery copy, or the default template's values
+
+    std::uint64_t Edition = 0; ///< goes up whenever the fields are emptied; `Document_Mark` compares it
+};
+
+/// Remembers which document is there. Whoever serves events while waiting makes one before, and asks it after
+/// each wait before touching anything: events can open another document or close this one.
+class Document_Mark {
+  public:
+    explicit Document_Mark(const Declara_Zorvane& document)
+        : document_(document), edition_(document.Edition) {}
+    /// Whether the fields are still those that were there when the mark was made.
+    [[nodiscard]] bool holds() const noexcept { return document_.Edition == edition_; }
+
+  private:
+    const Declara_Zorvane& document_;
+    std::uint64_t edition_;
 };
 
 /// The highest field number: the callers of the reader give the document room for fields 0 to 100.

@@ -61,5 +61,16 @@ TEST(DeclaraZorvane, OpeningMakesRoomAndKeepsTheScanBlocksArray) {
     EXPECT_EQ(document.Holding_Blocks.upperBound(), 2);
 }
 
+TEST(DocumentMark, HoldsUntilTheFieldsAreEmptied) {
+    Declara_Zorvane document;
+    PRO_Prepara_Lectura(document);
+    const Document_Mark mark(document);
+    document.Fields(1).Description = "Outputs";
+    EXPECT_TRUE(mark.holds());
+    PRO_Limpia_Modelo(document);
+    EXPECT_FALSE(mark.holds());
+    EXPECT_TRUE(Document_Mark(document).holds());
+}
+
 } // namespace
 } // namespace zorvane

@@ -37,9 +37,15 @@ def _die_with_parent():
 class Desktop:
     """`environment` is what a program on it must be started with; `folder` is the test's own, and empty."""
 
+    def __init__(self, folder=None):
+        """With a folder given, which must not be there yet, paths are the same in each run."""
+        self._wanted_folder = folder
+
     def __enter__(self):
         with contextlib.ExitStack() as stack:
-            self.folder = tempfile.mkdtemp(prefix="zorvane-window-")
+            self.folder = self._wanted_folder or tempfile.mkdtemp(prefix="zorvane-window-")
+            if self._wanted_folder:
+                os.mkdir(self.folder, 0o700)
             stack.callback(shutil.rmtree, self.folder, ignore_errors=True)
             self._stack = stack
             self.environment = self._own_environment()

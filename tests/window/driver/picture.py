@@ -21,6 +21,12 @@ class Picture:
         left, top, width, height = rectangle
         return Counter(self.pixel(x, y) for y in range(top, top + height) for x in range(left, left + width))
 
+    def difference(self, other, rectangle):
+        """How many pixels inside a rectangle are other ones in another picture."""
+        left, top, width, height = rectangle
+        return sum(self.pixel(x, y) != other.pixel(x, y)
+                   for y in range(top, top + height) for x in range(left, left + width))
+
     def back_colour(self, rectangle):
         """The colour behind a cell's text: the most frequent one, frame lines left out."""
         left, top, width, height = rectangle

@@ -335,18 +335,19 @@ class Dialog:
 
     # A file dialog.
 
-    def _types(self):
+    def types(self):
+        """The list of file types."""
         return [part for part in self.part.walk() if part.role == "combo box"][-1]
 
     def file_type(self):
-        return self._types().name
+        return self.types().name
 
     def file_types(self):
-        return [part.name for part in self._types().walk() if part.role == "list item"]
+        return [part.name for part in self.types().walk() if part.role == "list item"]
 
     def choose_type(self, wanted):
         hands, focus = self._program.hands, self._program.focus
-        hands.click(self._types())
+        hands.click(self.types())
         wait_for("the open list of file types", lambda: focus.owner.role in ("list", "list item"))
         hands.keys("Home", *["Down"] * self.file_types().index(wanted), "Return")
         expect("the chosen file type", self.file_type, wanted)

@@ -1,4 +1,5 @@
-"""A transfer or a live write that is cut short: the window closed, another document opened, the adapter unplugged."""
+"""A transfer or a live write that is cut short: the window or the document closed, another one opened, the adapter
+unplugged."""
 import os
 
 from driver.waiting import expect, wait_for
@@ -178,17 +179,112 @@ def _expect_settings_of(program, other):
            program.terminal.settings(program.template("KVRT100"), other, 1))
 
 
+def _edit_and_save(program, row, value):
+    """An offline edit and its save. A write that was left behind by another document has found its end by then,
+    since a save lasts a second."""
+    program.enter(row, VALUE, value)
+    program.expect_title("* second.kvrt207d - Zorvane")
+    program.hands.keys("ctrl+s")
+    program.expect_title("second.kvrt207d - Zorvane")
+    program.expect_panel(4, "")
+
+
+def _expect_second_untouched(program, second, field, before):
+    """Nothing but our own edit has changed the second document, in the window and in its file."""
+    program.expect_title("second.kvrt207d - Zorvane")
+    assert not program.is_enabled("File", "Save"), "the document counts as changed"
+    shown = program.settings.texts()
+    assert shown == before, f"the window shows {shown[0]}, was {before[0]}"
+    saved = program.terminal.settings(program.template("KVRT207D"), second, field)
+    assert saved == before, f"the file holds {saved[0]}, was {before[0]}"
+
+
 def opening_another_document_in_a_live_write(program):
-    """The polling ends with the old document, and the window goes on with the new one. The write ends as failed,
-    which takes the keyboard to the lower grid; its words are about the cell that is there then."""
+    """The write is left behind: the cell at its place in the second document keeps value, looks and mark."""
     _writing(program, "silent@250", Retries="20")
     program.expect_panel(4, "Write: 1200 @250 ...Pending")
-    _open_another(program)
-    wait_for("the end of the write", lambda: program.panel(4).endswith(" ...Failed"))
+    second = program.document(name="second.kvrt207d")
+    program.open(second)
+    program.message(SAVE_QUESTION).answer("No")
+    program.expect_title("second.kvrt207d - Zorvane")
+    program.expect_panel(4, "")
     expect("Upload is enabled", lambda: program.is_enabled("Communication", "Upload to PC"), True)
     expect("Disconnect is enabled", lambda: program.is_enabled("Communication", "Disconnect"), False)
-    program.select_field(1)
-    program.select_field(2)
+    program.select_field(REGULATION)
+    before = program.terminal.settings(program.template("KVRT207D"), second, REGULATION)
+    expect("the settings of the second document", lambda: program.settings.texts(), before)
+    assert before[0][VALUE] != "1200", "the two documents can't be told apart"
+    _edit_and_save(program, 1, before[1][VALUE])
+    program.expect_cell(0, VALUE, before[0][VALUE])
+    program.expect_state(0, VALUE, "Modifiable")
+    _expect_second_untouched(program, second, REGULATION, before)
+
+
+def opening_another_document_in_a_write_of_a_text(program):
+    """A text goes out as a block, which has waits of its own. Reads of its registers go well."""
+    outputs, text_row = 1, 17
+    controller = _opened(program, "wrong-echo@117", turnaround="100", Retries="20")
+    program.enlarge()
+    program.go_online()
+    program.select_field(outputs)
+    program.enter(text_row, VALUE, "NORD-T3")
+    wait_for("the write on the line", controller.writes)
+    second = program.document(name="second.kvrt207d")
+    program.open(second)
+    program.message(SAVE_QUESTION).answer("No")
+    program.expect_title("second.kvrt207d - Zorvane")
+    program.select_field(REGULATION)
+    before = program.terminal.settings(program.template("KVRT207D"), second, REGULATION)
+    _edit_and_save(program, 1, before[1][VALUE])
+    program.select_field(outputs)
+    _expect_second_untouched(program, second, outputs,
+                             program.terminal.settings(program.template("KVRT207D"), second, outputs))
+
+
+def closing_the_document_in_a_live_write(program):
+    """No word of the write remains, and the window opens the next document as usual."""
+    _writing(program, "silent@250", Retries="20")
+    program.expect_panel(4, "Write: 1200 @250 ...Pending")
+    program.choose("File", "Close")
+    program.message(SAVE_QUESTION).answer("No")
+    program.expect_title("Zorvane")
+    program.expect_panel(4, "")
+    other = program.document("KVRT100", "other.kvrt100")
+    program.open(other)
+    program.expect_title("other.kvrt100 - Zorvane")
+    _expect_settings_of(program, other)
+    program.expect_title("other.kvrt100 - Zorvane")
+
+
+def disconnecting_in_a_live_write(program):
+    """The write fails, and the cell gets its old value back."""
+    _writing(program, "silent@250", Retries="20")
+    program.expect_panel(4, "Write: 1200 @250 ...Pending")
+    program.choose("Communication", "Disconnect")
+    program.expect_panel(4, "Write: 1200 @250 ...Failed")
+    program.expect_cell(0, VALUE, "0")
+    program.expect_state(0, VALUE, "Write failed")
+    _expect_usable(program)
+
+
+def opening_in_a_transfer_is_not_possible(program):
+    """Keys and another window's buttons leave a download alone, whatever was open before."""
+    controller = _opened(program, "exception=4:1@220", turnaround="50")
+    program.choose("Communication", "Upload to PC")
+    wait_for("the button for the log", lambda: program.shows("BOT_Log"))
+    program.window.named("BOT_Log").press()
+    log = program.dialog("FrmStatus")
+    _begin(program, "Download to Device", "Download")
+    wait_for("the first writes", lambda: len(controller.writes()) > 2)
+    program.hands.keys("ctrl+o")
+    states = {caption: "enabled" in log.part.named(caption).states for caption in ("BtnConnect", "BtnRetry", "BtnCancel")}
+    assert not any(states.values()), f"enabled buttons in a transfer: {states}"
+    program.expect_panel(4, "Ready")
+    assert not program.has_dialog("CommonDialog"), "the file dialog came up"
+    assert len(controller.writes()) > 50, f"{len(controller.writes())} writes"
+    expect("the log's buttons are enabled again", lambda: "enabled" in log.part.named("BtnRetry").states, True)
+    log.answer("Cancel")
+    _expect_usable(program)
 
 
 def opening_another_document_while_online(program):

@@ -1,0 +1,146 @@
+"""The first hour of the manual (docs/manual/first-hour.md), step by step, as the page tells it."""
+import os
+import shutil
+
+import tour
+from driver.accessible import Table
+from driver.waiting import expect, wait_for
+
+OUTPUTS, REGULATION, TIMERS, MEASUREMENTS = 1, 3, 4, 5
+VALUE, REMARK = 1, 2
+SIMULATED = "Simulated controller"
+
+
+def the_window_does_what_the_page_says(program):
+    document = program.document("KVRT207D", "site7.KVRT207D")
+    _look_at_the_start(program)
+    _open_and_change(program, document)
+    _choose_the_port(program)
+    _upload_and_watch(program)
+    _download(program, document)
+    _print(program, os.path.dirname(document))
+    _recover(program, os.path.dirname(document))
+
+
+def _look_at_the_start(program):
+    program.start()
+    program.expect_title("Zorvane")
+    wait_for("the fields", lambda: program.fields.row_count == 4)
+    program.expect_panel(2, "Offline")
+    program.expect_panel(3, "RTU: 1")
+
+
+def _open_and_change(program, document):
+    program.open(document)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.expect_field(TIMERS)
+    tour.resize(program, 820, 560)
+    program.select_field(REGULATION)
+    expect("the number of settings", lambda: program.settings.row_count, 12)
+    program.enter(0, VALUE, "1200")
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    program.expect_cell(0, VALUE, "1200")
+    program.enter(0, VALUE, "1401")
+    program.message("The value is out of range (value range 800 to 1400)").answer("Ok")
+    program.expect_cell(0, VALUE, "1400")
+    program.enter(0, VALUE, "1200")
+    program.expect_cell(0, VALUE, "1200")
+    program.select_field(OUTPUTS)
+    program.choose_entry(0, VALUE, "Trip")
+    program.expect_cell(0, VALUE, "Trip")
+    program.hands.keys("ctrl+s")
+    program.expect_title("site7.kvrt207d - Zorvane")
+    with open(document, "rb") as file:
+        assert b"Set point,1200," in file.read(), "the file hasn't the new value"
+
+
+def _choose_the_port(program):
+    program.choose("Communication", "Port Settings...")
+    dialog = program.dialog("PortSettings")
+    program.hands.chord(["alt"], "p")
+    program.hands.keys("ctrl+a")
+    program.hands.write(SIMULATED)
+    dialog.press("Test")
+    verdict = dialog.part.named("TXT_Verdict")
+    wait_for("a good test", lambda: verdict.text.startswith("Good: Unit 1 answered after "))
+    dialog.answer("OK")
+
+
+def _upload_and_watch(program):
+    program.go_online()
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    program.select_field(REGULATION)
+    program.expect_cell(0, VALUE, "1150")
+    program.select_field(MEASUREMENTS)
+    before = program.settings.texts()
+    wait_for("other measurements", lambda: program.settings.texts() != before)
+    program.select_field(REGULATION)
+    program.enter(0, VALUE, "1180")
+    program.expect_panel(4, "Write: 1180 @250 ...Completed")
+    program.choose("Communication", "Modbus Monitor")
+    monitor = program.dialog("ModbusMonitor").part
+    wait_for("rows in the monitor", lambda: Table(monitor.find(role="table")).row_count >= 3)
+    program.hands.keys("alt+F4")
+    wait_for("the main window", lambda: "active" in program.window.states)
+    program.choose("Communication", "Disconnect")
+    program.expect_panel(2, "Offline")
+
+
+def _download(program, document):
+    program.save_as(os.path.join(os.path.dirname(document), "upload.KVRT207D"))
+    program.expect_title("upload.kvrt207d - Zorvane")
+    program.expect_panel(4, "")
+    program.open(document)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.choose("Communication", "Download to Device")
+    program.expect_panel(2, "Download")
+    program.expect_panel(4, "Ready")
+    expect("the progress form is shown", lambda: program.has_dialog("Porcentaje"), False)
+    wait_for("the button for the log", lambda: program.shows("BOT_Log"))
+    program.window.named("BOT_Log").press()
+    form = program.dialog("FrmStatus")
+    assert "Register: 250 Value: 1200\n" in form.part.named("RtbStatus").text, "the write isn't in the log"
+    form.answer("Cancel")
+    program.go_online()
+    program.select_field(REGULATION)
+    program.expect_cell(0, VALUE, "1200")
+    program.choose("Communication", "Disconnect")
+    program.expect_panel(2, "Offline")
+    program.hands.keys("ctrl+s")
+    program.expect_title("site7.kvrt207d - Zorvane")
+
+
+def _print(program, folder):
+    program.choose("File", "Print...", "Print All...")
+    window = tour.preview_of(program, "Preview Print All Pages")
+    expect("the number of pages", lambda: window.named("PageCount").name, "of 3")
+    window.find(role="push button", name="Export...").press()
+    dialog = program.dialog("CommonDialog")
+    dialog.choose_type("PDF File(*.pdf)")
+    dialog.choose_file(os.path.join(folder, "site7"), "Save")
+    wait_for("the file", lambda: os.path.exists(os.path.join(folder, "site7.pdf")))
+    program.hands.keys("Escape")
+    wait_for("the main window", lambda: "active" in program.window.states)
+
+
+def _recover(program, folder):
+    program.select_field(OUTPUTS)
+    program.enter(0, REMARK, "Breaker Q7")
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    wait_for("a recovery copy", lambda: [name for _, _, names in os.walk(program.desktop.environment["XDG_DATA_HOME"])
+                                         for name in names if not name.endswith(".unfinished")])
+    program.kill()
+    program.start()
+    program.choose("File", "Recover...")
+    form = program.dialog("FrmRecover")
+    expect("the copy's name", lambda: Table(form.part.named("LST_Copies")).texts()[0][1], "SITE7.KVRT207D")
+    form.answer("Open")
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    program.select_field(OUTPUTS)
+    program.expect_cell(0, REMARK, "Breaker Q7")
+    program.save_as(os.path.join(folder, "recovered.KVRT207D"))
+    program.expect_title("recovered.kvrt207d - Zorvane")
+    program.expect_panel(4, "")
+    program.choose("File", "Exit")
+    assert program.wait_for_end() == 0, "the program ended with a failure"
+    shutil.rmtree(folder)
