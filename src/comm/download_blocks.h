@@ -2,6 +2,7 @@
 
 #include "comm/register_image.h"
 #include "template/board_family.h"
+#include "template/model/block_kind.h"
 #include "template/model/declara_zorvane.h"
 #include "values/checked_array.h"
 

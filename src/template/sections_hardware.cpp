@@ -1,3 +1,4 @@
+#include "template/model/block_kind.h"
 #include "template/section_readers.h"
 #include "values/code_page.h"
 

@@ -28,9 +28,6 @@ struct Config_Column_Rec {
     std::string Config_Column_Spare; ///< never set
 };
 
-/// Which cells a download looks a block up for: the values of `Download_Block_Rec::Block_Kind`.
-enum class Block_Kind : std::int16_t { Numeric = 0, Message_List = 1, Ascii = 2 };
-
 /// A block of registers that goes to the controller in one multiple-register write.
 struct Download_Block_Rec {
     std::string Model; ///< the controller model when the line was read
