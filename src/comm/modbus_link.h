@@ -9,8 +9,6 @@
 #include "comm/traffic_observer.h"
 #include "comm/write_queue.h"
 
-#include <optional>
-
 namespace zorvane {
 
 /// What the link tells about its exchanges.

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <ostream>
-#include <utility>
 
 namespace zorvane {
 

@@ -7,7 +7,6 @@
 #include "values/twips.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <unordered_map>
 

@@ -3,8 +3,6 @@
 #include "ui/fixed_dialog.h"
 #include "ui/msgb_buttons.h"
 
-#include <array>
-
 namespace zorvane {
 
 /// The program's own message box. A message too long for its place makes the box higher.
