@@ -52,6 +52,17 @@ TEST(AnswerSearch, WaitsForTheRestOfATruncatedAnswer) {
     }
 }
 
+TEST(AnswerSearch, LooksAtNoMoreThanCameOfAWritesAnswer) {
+    const Rtu_Request write = presetSingle(17, 0x0102, 0x0304);
+    const Byte_Array whole = encodeRequest(write);
+    for (std::size_t length = 1; length < whole.size(); ++length) {
+        Byte_Array begun(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
+        begun.push_back(0xEE); // what stands behind the bytes that came
+        EXPECT_EQ(whyNoAnswer(write, Byte_View(begun).first(length)), Answer_Fault::Truncated) << length;
+    }
+    EXPECT_EQ(whyNoAnswer(write, bytesOf("11 06 01 02 03 05")), Answer_Fault::Noise) << "another value";
+}
+
 TEST(AnswerSearch, SaysWhenAnExceptionStandsInAnAnswerThatIsStillComing) {
     const Byte_Array inside = joined(bytesOf("11 03 06"), withCrc(bytesOf("11 83 02")));
     const Finding finding = findAnswer(request, inside);
@@ -81,6 +92,15 @@ TEST(AnswerSearch, NamesWhatIsWrongWithAForeignFrame) {
     EXPECT_EQ(why(presetSingle(17, 1, 3), "11 06 00 02 00 03"), Answer_Fault::EchoAddress);
     EXPECT_EQ(why(presetSingle(17, 1, 3), "11 06 00 01 00 04"), Answer_Fault::EchoValue);
     EXPECT_EQ(why(presetMultiple(17, 1, {10, 258}), "11 10 00 01 00 01"), Answer_Fault::EchoQuantity);
+}
+
+TEST(AnswerSearch, AFrameOfTheUnitAndFunctionWithTwoFaultsHasAWrongCrc) {
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("11 03 08 02 2B 00 00 00 64 00 00")), Answer_Fault::BadCrc);
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("11 83 08 02 2B 00 00 00 64 00 00")), Answer_Fault::BadCrc);
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("11 03 08 02 2B 00 00 00 64 00")), Answer_Fault::Noise)
+        << "shorter than an answer";
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("12 03 08 02 2B 00 00 00 64 00 00")), Answer_Fault::Noise);
+    EXPECT_EQ(whyNoAnswer(request, bytesOf("11 04 08 02 2B 00 00 00 64 00 00")), Answer_Fault::Noise);
 }
 
 TEST(AnswerSearch, NothingAndNoise) {

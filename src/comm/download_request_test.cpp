@@ -103,6 +103,16 @@ TEST_F(DownloadRequest, NegativeWordOfNoBitsAddsAHalf) {
     EXPECT_EQ(request("100", "-4"), "single 0 100 4"); // 4.5 too
 }
 
+TEST_F(DownloadRequest, OnlyANumberBelow0HasANegativeWord) {
+    definition.Bits_Negative_Format = "8";
+    for (const char* value : {"0", "0.5", "5", "abc"}) {
+        cell.Value = value;
+        EXPECT_EQ(negativeWord(definition, cell), std::nullopt) << value;
+    }
+    cell.Value = "-0.5";
+    EXPECT_EQ(negativeWord(definition, cell), 128);
+}
+
 TEST_F(DownloadRequest, FormatThatIsNoNumberSendsTheWordOfAnEarlierCell) {
     definition.Bits_Negative_Format = "eight";
     negative = 133;
@@ -211,6 +221,7 @@ TEST_F(DownloadRequest, BoardNumberGoesOutInItsWholeBlock) {
     link.image = {{100, 1}, {101, 2}, {102, 65535}, {103, 4}};
     EXPECT_EQ(request("101", "120"), "multiple 7 100 [1 120 65535 4]");
     EXPECT_EQ(request("101", "-1"), "multiple 7 100 [1 65535 65535 4]");
+    EXPECT_EQ(request("101", "0"), "multiple 7 100 [1 0 65535 4]");
 }
 
 TEST_F(DownloadRequest, BoardFormats) {

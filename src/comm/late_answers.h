@@ -12,7 +12,8 @@ namespace zorvane {
 /// shape when they agree in unit, function and count: then the answer to the one can pass for the other's.
 class Late_Answers {
   public:
-    /// From now until `until`, the answer to the request counts as late.
+    /// From now until `until`, the answer to the request counts as late. REQUIRES: it was held while an
+    /// earlier one of its shape was expected.
     void expect(const Rtu_Request& request, Micros until);
     /// Also holds back every request until the time, or until the answer came: the line isn't free.
     void expectOnLine(const Rtu_Request& request, Micros lineUntil, Micros until);

@@ -89,6 +89,44 @@ TEST(LinkPort, AScanOnAPortThatIsNotThereEndsAsOnASilentController) {
     EXPECT_TRUE(rig.link.CommLost());
 }
 
+TEST(LinkPort, APreparedScanOnAPortThatIsNotThereShowsItsFirstIndexUntilItIsStarted) {
+    Link_Rig rig;
+    onlyPorts(rig, {});
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.link.StartScan();
+    rig.link.SetScanMode("NONE");
+    rig.link.PrepareScan();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    rig.link.StartScan();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+}
+
+TEST(LinkPort, APortThatCouldNotBeOpenedIsTriedAgainEveryHalfSecond) {
+    Link_Rig rig;
+    onlyPorts(rig, {});
+    rig.block(1, 5);
+    rig.scan();
+    rig.clock.runFor(500 * ms - 1);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+    rig.clock.runFor(1);
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.clock.runFor(500 * ms);
+    EXPECT_EQ(rig.port.attempts.size(), 3U);
+    EXPECT_TRUE(rig.exchanges(1));
+    EXPECT_FALSE(rig.link.CommLost());
+}
+
+TEST(LinkPort, TheFirstRequestWaitsForTheSilenceOfTheOpenedLine) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    const Micros opened = rig.clock.now();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.log.exchanges[0].at, opened + frameSilence(rig.link.portSettings().line));
+}
+
 TEST(LinkPort, ANewAttemptClearsTheLoss) {
     Link_Rig rig;
     onlyPorts(rig, {});
@@ -99,6 +137,38 @@ TEST(LinkPort, ANewAttemptClearsTheLoss) {
     rig.link.PrepareScan();
     EXPECT_FALSE(rig.link.CommLost());
     EXPECT_EQ(rig.asker.messages.size(), 1U);
+}
+
+TEST(LinkPort, AnUnplugWhileNothingIsAskedIsALoss) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_FALSE(rig.link.CommLost());
+    rig.port.unplug();
+    EXPECT_TRUE(rig.link.CommLost());
+}
+
+TEST(LinkPort, AnOpenedPortIsNoted) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    EXPECT_THAT(rig.log.notes, ElementsAre("The port is open."));
+}
+
+TEST(LinkPort, ALentPortIsNotLookedForUntilItIsTakenBack) {
+    Link_Rig rig;
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    onlyPorts(rig, {});
+    rig.port.unplug();
+    rig.link.lendPort();
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.clock.runFor(2 * microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+    rig.link.takePortBack();
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+    EXPECT_TRUE(rig.link.portOpen());
 }
 
 TEST(LinkPort, WarningsOfThePortAreNotedAndStopNothing) {
@@ -164,6 +234,20 @@ TEST_P(LinkUnplug, TheAdapterIsFoundUnderAnotherName) {
     rig.link.ClosePort();
     rig.link.PrepareScan();
     EXPECT_EQ(rig.port.attempts.back(), "/dev/ttyUSB3") << "the chosen adapter, not its old name";
+}
+
+TEST(LinkPort, OfTwoAdaptersAlikeTheOneIsMeantThatHasTheLastName) {
+    Link_Rig rig;
+    rig.finder.list = {usb("ttyUSB0", "")};
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    for (const auto& list : {std::vector{usb("ttyUSB1", "")}, {usb("ttyUSB0", ""), usb("ttyUSB1", "")}}) {
+        rig.port.unplug();
+        rig.finder.list = list;
+        ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.link.CommLost(); }, 2 * microsPerSecond));
+    }
+    EXPECT_THAT(rig.port.attempts, ElementsAre("ttyUSB0", "/dev/ttyUSB1", "/dev/ttyUSB1"));
 }
 
 INSTANTIATE_TEST_SUITE_P(Moments, LinkUnplug,

@@ -1,8 +1,10 @@
-// Ten thousand exchanges on a line where one answer in ten is spoilt, at random but from a fixed seed.
+// Ten and a hundred thousand exchanges on a line where one answer in ten is spoilt, at random but from a
+// fixed seed.
 #include "comm/testing/link_rig.h"
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <random>
 
 namespace zorvane {
@@ -172,21 +174,33 @@ class Soak {
     std::vector<std::int32_t> written_;
 };
 
-class LinkSoak : public ::testing::TestWithParam<unsigned> {};
+struct Soak_Run {
+    unsigned seed;
+    int exchanges;
+};
 
-TEST_P(LinkSoak, TenThousandExchangesBringNothingWrongAndNeverHang) {
-    Soak soak(GetParam());
-    ASSERT_TRUE(soak.run(10000)) << "hangs after " << soak.rig.log.exchanges.size();
+void PrintTo(const Soak_Run& run, std::ostream* out) { *out << run.exchanges << "FromSeed" << run.seed; }
+
+class LinkSoak : public ::testing::TestWithParam<Soak_Run> {};
+
+TEST_P(LinkSoak, ManyExchangesBringNothingWrongAndNeverHang) {
+    const auto [seed, exchanges] = GetParam();
+    Soak soak(seed);
+    ASSERT_TRUE(soak.run(static_cast<std::size_t>(exchanges)))
+        << "hangs after " << soak.rig.log.exchanges.size();
     EXPECT_EQ(soak.wrongValues, 0);
     EXPECT_EQ(soak.falseCompletions, 0);
-    EXPECT_GT(soak.faultsMade, 900);
-    EXPECT_GT(soak.writesCompleted, 1000);
+    EXPECT_GT(soak.faultsMade, exchanges * 9 / 100);
+    EXPECT_GT(soak.writesCompleted, exchanges / 10);
     RecordProperty("faults", soak.faultsMade);
     RecordProperty("writesCompleted", soak.writesCompleted);
     RecordProperty("writesFailed", soak.writesFailed);
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, LinkSoak, ::testing::Values(1U, 2U, 3U));
+INSTANTIATE_TEST_SUITE_P(Seeds, LinkSoak,
+                         ::testing::Values(Soak_Run{1, 10'000}, Soak_Run{2, 10'000}, Soak_Run{3, 10'000},
+                                           Soak_Run{4, 100'000}),
+                         ::testing::PrintToStringParamName());
 
 } // namespace
 } // namespace zorvane

@@ -131,7 +131,7 @@ void Modbus_Link::PrepareScan() {
 void Modbus_Link::OpenPort() { PrepareScan(); }
 
 void Modbus_Link::StartScan() {
-    if (!wish_ || halted_) missDue_ = true;
+    missDue_ = true;
     wish_ = true;
     halted_ = false;
     next();

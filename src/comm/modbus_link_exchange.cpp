@@ -53,15 +53,13 @@ void Modbus_Link::refuseFrame(const std::string& why) {
     ++status_.transactionCount;
     status_.lastRequestFailed = true;
     status_.lastResponse = why;
-    scanTries_ = 0;
     scan_.blockGivenUp(clock_.now());
 }
 
 void Modbus_Link::missScan() {
     if (!scanWanted() || !missDue_) return;
     missDue_ = false;
-    status_.commLost = true;
-    status_.lastRequestFailed = true;
+    status_.lastRequestFailed = true; // the loss was told when the port went or couldn't be opened
     scan_.blockGivenUp(clock_.now());
     armScanAlarm();
 }
@@ -97,7 +95,6 @@ bool Modbus_Link::withdrawScan() {
 void Modbus_Link::restartScan() {
     scan_.restart(clock_.now());
     scanTries_ = 0;
-    missDue_ = true;
     if (current_.kind != Current::Kind::Scan) return;
     if (withdrawScan()) return next();
     current_.stale = true;

@@ -14,7 +14,6 @@ bool Modbus_Link::openPort() {
         return true;
     }
     status_.commLost = true;
-    missDue_ = true;
     reopenAlarm_->armAt(clock_.now() + reopenPeriodMs * microsPerMs);
     note("The port can't be opened. " + opening.reason);
     asker_.Msgb_Show(openingMessage(settings_.port, opening.reason), Msgb_Critical, applicationTitle);
@@ -36,7 +35,6 @@ void Modbus_Link::tryReopen() {
     if (opening.opened) {
         portIsOpen(opening);
     } else {
-        missDue_ = true;
         reopenAlarm_->armAt(clock_.now() + reopenPeriodMs * microsPerMs);
     }
     next();

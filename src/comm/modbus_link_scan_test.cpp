@@ -26,6 +26,12 @@ TEST(ModbusLinkScan, ScanModeChoosesTheBlocks) {
     EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
 }
 
+TEST(ModbusLinkScan, ShowsIndex0BeforeThereAreBlocks) {
+    const Link_Rig rig;
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 0);
+    EXPECT_EQ(rig.link.ScanBlockCount(), 0);
+}
+
 TEST(ModbusLinkScan, UnitIdStays0) {
     Link_Rig rig;
     std::int32_t unit = 0;
@@ -61,6 +67,17 @@ TEST(ModbusLinkScan, EndSessionEndsTheScan) {
     EXPECT_EQ(rig.log.exchanges.size(), count);
 }
 
+TEST(ModbusLinkScan, EndSessionTakesBackARequestThatHasNotGoneOut) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.SetTimings(50, 0);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.EndSession();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), 1U);
+}
+
 TEST(ModbusLinkScan, PauseHoldsTheScanAndNotAWrite) {
     Link_Rig rig;
     rig.block(1, 5);
@@ -76,6 +93,17 @@ TEST(ModbusLinkScan, PauseHoldsTheScanAndNotAWrite) {
     EXPECT_TRUE(rig.exchanges(count + 2));
 }
 
+TEST(ModbusLinkScan, PauseTakesBackARequestThatHasNotGoneOut) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.SetTimings(50, 0);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.PauseScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), 1U);
+}
+
 TEST(ModbusLinkScan, AfterStopAndCloseNothingGoesOut) {
     Link_Rig rig;
     rig.block(1, 5);
@@ -89,6 +117,69 @@ TEST(ModbusLinkScan, AfterStopAndCloseNothingGoesOut) {
     EXPECT_EQ(rig.port.written.size(), sent);
     rig.link.PrepareScan();
     EXPECT_TRUE(rig.exchanges(2)) << "the wish to scan stands";
+}
+
+TEST(ModbusLinkScan, AStoppedScanRestsOnAnOpenPortUntilItIsPreparedOrStarted) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.StopScan();
+    const std::size_t sent = rig.port.written.size();
+    rig.link.ResumeScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), sent);
+    EXPECT_TRUE(rig.link.portOpen());
+    rig.link.StartScan();
+    EXPECT_TRUE(rig.exchanges(2));
+}
+
+TEST(ModbusLinkScan, AStoppedWriteDoesNotDelayALookAtTheScan) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.line.baud = 115200;
+    Link_Rig rig(settings);
+    rig.turnaround = 100;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    ASSERT_TRUE(rig.exchanges(2));
+    rig.link.PresetSingleRegister(0, 1, 5);
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.port.written.size() == 3; }, microsPerSecond));
+    rig.link.StopScan();
+    rig.link.StartScan();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+    rig.clock.runFor(1 * ms);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+}
+
+TEST(ModbusLinkScan, ResetScanGoesOnWithARequestThatHasNotGoneOut) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.link.SetTimings(50, 0);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.clock.runFor(10 * ms);
+    rig.link.ResetScan();
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_EQ(rig.log.exchanges[1].firstRegister, 1);
+    EXPECT_EQ(rig.log.exchanges[2].firstRegister, 6);
+}
+
+TEST(ModbusLinkScan, AfterAResetABlockHasAllItsTriesAgain) {
+    Link_Rig rig;
+    rig.faults = [](int, const Byte_Array&) {};
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(2));
+    rig.link.ResetScan();
+    ASSERT_TRUE(rig.exchanges(6));
+    std::vector<std::int32_t> firsts;
+    for (const Exchange_Record& exchange : rig.log.exchanges)
+        firsts.push_back(exchange.firstRegister);
+    EXPECT_THAT(firsts, ElementsAre(1, 1, 1, 1, 1, 6));
 }
 
 TEST(ModbusLinkScan, ResetScanGoesBackToTheFirstBlock) {
@@ -173,6 +264,13 @@ TEST(ModbusLinkScan, AScanWithoutBlocksIsLostAtOnce) {
     EXPECT_EQ(indexesOfOnePass(rig).size(), 1U);
     EXPECT_TRUE(rig.link.CommLost());
     EXPECT_EQ(rig.link.ScanBlockCount(), 0);
+}
+
+TEST(ModbusLinkScan, AScanWithoutBlocksIsLostTooWhenTheWishToScanStoodBefore) {
+    Link_Rig rig;
+    rig.link.StartScan();
+    EXPECT_EQ(indexesOfOnePass(rig).size(), 1U);
+    EXPECT_TRUE(rig.link.CommLost());
 }
 
 TEST(ModbusLinkScan, PreparingWithoutBlocksIsNotLost) {

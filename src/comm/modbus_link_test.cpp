@@ -95,6 +95,48 @@ TEST(ModbusLink, EveryTryCounts) {
     EXPECT_EQ(rig.link.LastResponse(), "");
 }
 
+TEST(ModbusLink, EveryBlockHasItsOwnTries) {
+    Link_Rig rig;
+    rig.faults = [&](int, const Byte_Array& request) {
+        if (request.at(3) == 1) rig.reply(rig.slave.answer(request), 5 * ms);
+    };
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.block(8, 9);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(8));
+    std::vector<std::int32_t> firsts;
+    for (const Exchange_Record& exchange : rig.log.exchanges)
+        firsts.push_back(exchange.firstRegister);
+    EXPECT_THAT(firsts, ElementsAre(1, 6, 6, 6, 8, 8, 8, 1));
+}
+
+TEST(ModbusLink, ABlockBehindOneThatTheWireCannotCarryHasAllItsTries) {
+    Link_Rig rig;
+    rig.faults = [](int, const Byte_Array&) {};
+    rig.block(-5, -1);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(2));
+    rig.clock.runUntilTrue([&] { return rig.link.CommLost(); }, microsPerSecond);
+    EXPECT_EQ(rig.log.exchanges.size(), 3U);
+}
+
+TEST(ModbusLink, ALinkThatGoesAwayLowersRtsAndClosesItsPort) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.rts = Rts_Mode::HighOnSend;
+    Link_Rig rig;
+    {
+        Modbus_Link link({rig.port, rig.clock, rig.finder, rig.asker, rig.windows}, settings);
+        link.PrepareScan();
+        link.PresetSingleRegister(0, 1, 5);
+        rig.clock.runFor(5 * ms);
+        EXPECT_TRUE(rig.port.rts);
+    }
+    EXPECT_FALSE(rig.port.rts);
+    EXPECT_FALSE(rig.port.isOpen());
+}
+
 TEST(ModbusLink, ALostLinkComesBackByItself) {
     Link_Rig rig;
     bool silent = true;
@@ -187,6 +229,19 @@ TEST(ModbusLink, AWriteAbove123RegistersGoesOutInSeveralFrames) {
     }
 }
 
+TEST(ModbusLink, EveryPartOfAWriteHasItsOwnTries) {
+    Link_Rig rig;
+    rig.faults = [&](int number, const Byte_Array& request) {
+        if (number % 3 == 2) rig.reply(rig.slave.answer(request), 5 * ms);
+    };
+    rig.link.PrepareScan();
+    rig.link.PresetMultipleRegisters(0, 100, std::vector<std::int32_t>(200, 7));
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_FALSE(rig.link.WriteFailed());
+    EXPECT_EQ(rig.log.exchanges.size(), 6U);
+    EXPECT_EQ(rig.slave.registers[299], 7);
+}
+
 TEST(ModbusLink, AFailedPartEndsTheWholeWrite) {
     Link_Rig rig;
     rig.faults = [&](int number, const Byte_Array& request) {
@@ -243,6 +298,19 @@ TEST(ModbusLink, StopScanEndsAPendingWriteAsFailed) {
     rig.link.StopScan();
     EXPECT_FALSE(rig.link.WriteBusy());
     EXPECT_TRUE(rig.link.WriteFailed());
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_TRUE(rig.log.exchanges.empty());
+}
+
+TEST(ModbusLink, ClosePortAloneEndsAPendingWriteAsFailed) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    rig.link.PresetSingleRegister(0, 1, 5);
+    rig.clock.runFor(5 * ms);
+    rig.link.ClosePort();
+    EXPECT_FALSE(rig.link.WriteBusy());
+    EXPECT_TRUE(rig.link.WriteFailed());
+    rig.link.PrepareScan();
     rig.clock.runFor(microsPerSecond);
     EXPECT_TRUE(rig.log.exchanges.empty());
 }
@@ -336,6 +404,52 @@ TEST(ModbusLink, ClearBlocksEmptiesListAndImage) {
     EXPECT_EQ(rig.link.RegisterValue(0, 1), 0);
 }
 
+TEST(ModbusLink, ClearBlocksGoesBackToTheStart) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.port.written.size() == 2; }, microsPerSecond));
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+    rig.link.ClearBlocks();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 0);
+    ASSERT_TRUE(rig.exchanges(2)) << "the answer under way finds no block";
+    EXPECT_EQ(rig.link.ScanBlockCount(), 0);
+}
+
+TEST(ModbusLink, TellsAnExchangeInAllItsParts) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.slave = 7;
+    Link_Rig rig(settings);
+    rig.slave = testing::Toy_Slave(7);
+    rig.slave.registers = {{99, 5}, {100, 6}};
+    rig.link.SetAddressBase(40001);
+    rig.block(40100, 40101);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    const Exchange_Record read = rig.log.exchanges[0];
+    EXPECT_EQ(read.unit, 7);
+    EXPECT_EQ(read.function, Function_Code::ReadHoldingRegisters);
+    EXPECT_EQ(read.firstRegister, 40100);
+    EXPECT_EQ(read.wireAddress, 99);
+    EXPECT_EQ(read.count, 2);
+    EXPECT_EQ(read.values, (std::vector<std::uint16_t>{5, 6}));
+    EXPECT_TRUE(read.good);
+    EXPECT_EQ(read.duration, rig.requestTime() + 5 * ms);
+    EXPECT_EQ(read.sent, withCrc(bytesOf("07 03 00 63 00 02")));
+    EXPECT_EQ(read.received, withCrc(bytesOf("07 03 04 00 05 00 06")));
+
+    rig.link.EndSession();
+    rig.link.PresetMultipleRegisters(0, 40101, {8, 9});
+    ASSERT_TRUE(rig.writeEnds());
+    const Exchange_Record write = rig.log.exchanges.back();
+    EXPECT_EQ(write.function, Function_Code::PresetMultipleRegisters);
+    EXPECT_EQ(write.firstRegister, 40101);
+    EXPECT_EQ(write.wireAddress, 100);
+    EXPECT_EQ(write.count, 2);
+    EXPECT_EQ(write.values, (std::vector<std::uint16_t>{8, 9}));
+}
+
 TEST(ModbusLink, TemplateTimingsOf0LeaveTheSettingsOwn) {
     Link_Rig rig;
     EXPECT_EQ(rig.link.timeOutMs(), 100);
@@ -347,6 +461,19 @@ TEST(ModbusLink, TemplateTimingsOf0LeaveTheSettingsOwn) {
     rig.link.SetTimings(0, -1);
     EXPECT_EQ(rig.link.timeOutMs(), 100);
     EXPECT_EQ(rig.link.pauseMs(), 0);
+}
+
+TEST(ModbusLink, TemplateTimingsCountFromTheNextRequestOn) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.SetTimings(1, 300);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(2));
+    const Micros firstEnd = rig.log.exchanges[0].at + rig.log.exchanges[0].duration;
+    EXPECT_EQ(rig.log.exchanges[1].at, firstEnd + frameSilence(rig.link.portSettings().line) + ms);
+    rig.faults = [](int, const Byte_Array&) {};
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_EQ(rig.log.exchanges[2].duration, rig.requestTime() + 300 * ms);
 }
 
 TEST(ModbusLink, PortParametersAreTheSettings) {
@@ -376,6 +503,13 @@ TEST(ModbusLink, TheBenchProcedure) {
     EXPECT_THROW(rig.link.SetCommPort(1, "100,n,8,1"), Run_Time_Failure);
 }
 
+TEST(ModbusLink, OpenPortOpensThePortOfTheSettings) {
+    Link_Rig rig;
+    rig.link.OpenPort();
+    EXPECT_EQ(rig.port.attempts, std::vector<std::string>{"ttyUSB0"});
+    EXPECT_TRUE(rig.link.portOpen());
+}
+
 TEST(ModbusLink, NewSettingsTakeEffectOnAnOpenPort) {
     Link_Rig rig;
     rig.block(1, 5);
@@ -391,6 +525,17 @@ TEST(ModbusLink, NewSettingsTakeEffectOnAnOpenPort) {
     EXPECT_EQ(rig.port.attempts.size(), 2U) << "the same settings change nothing";
 }
 
+TEST(ModbusLink, NewSettingsLeaveAClosedPortClosed) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    rig.link.ClosePort();
+    Port_Settings changed = rig.link.portSettings();
+    changed.line.baud = 19200;
+    rig.link.setPortSettings(changed);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+    EXPECT_FALSE(rig.link.portOpen());
+}
+
 TEST(ModbusLink, WhoIsToldOfAnExchangeMayStopTheLink) {
     Link_Rig rig;
     rig.block(1, 5);
@@ -403,6 +548,46 @@ TEST(ModbusLink, WhoIsToldOfAnExchangeMayStopTheLink) {
     ASSERT_TRUE(rig.exchanges(1));
     rig.clock.runFor(microsPerSecond);
     EXPECT_EQ(rig.log.exchanges.size(), 1U);
+}
+
+/// Windows that write down what they are asked, at 1, 2 with a size of 3 by 4.
+struct Recording_Windows final : Link_Windows {
+    void showPortSettings(bool modal) override { asked.push_back(modal ? "settings, modal" : "settings"); }
+    [[nodiscard]] bool monitorLoaded() const override { return true; }
+    [[nodiscard]] bool monitorVisible() const override { return false; }
+    void showMonitor(const Window_Place& place) override {
+        asked.push_back("show at " + std::to_string(place.left) + ", " + std::to_string(place.top) + ": " +
+                        std::to_string(place.width) + " by " + std::to_string(place.height));
+    }
+    void activateMonitor() override { asked.emplace_back("activate"); }
+    [[nodiscard]] Window_Place monitorPlace() const override { return {1, 2, 3, 4}; }
+    void unloadMonitor() override { asked.emplace_back("unload"); }
+    void hideMonitor() override { asked.emplace_back("hide"); }
+    void restoreMonitor() override { asked.emplace_back("restore"); }
+    void minimizeMonitor() override { asked.emplace_back("minimize"); }
+
+    std::vector<std::string> asked;
+};
+
+TEST(ModbusLink, HandsOnWhatItsWindowsAreAsked) {
+    Link_Rig rig;
+    Recording_Windows windows;
+    Modbus_Link link({rig.port, rig.clock, rig.finder, rig.asker, windows}, Link_Rig::defaults());
+    link.ShowPortSettings(true);
+    link.ShowMonitor(10, 20, 30, 40);
+    link.ActivateMonitor();
+    link.HideMonitor();
+    link.RestoreMonitor();
+    link.MonitorMinimized();
+    link.UnloadMonitor();
+    EXPECT_THAT(windows.asked, ElementsAre("settings, modal", "show at 10, 20: 30 by 40", "activate", "hide",
+                                           "restore", "minimize", "unload"));
+    EXPECT_TRUE(link.MonitorLoaded());
+    EXPECT_FALSE(link.MonitorVisible());
+    EXPECT_EQ(link.MonitorLeft(), 1);
+    EXPECT_EQ(link.MonitorTop(), 2);
+    EXPECT_EQ(link.MonitorWidth(), 3);
+    EXPECT_EQ(link.MonitorHeight(), 4);
 }
 
 TEST(ModbusLink, ALinkWithoutWindowsHasNoMonitor) {

@@ -61,6 +61,30 @@ TEST(PortSettings, TheFirstFaultInWords) {
               "The TX delay in ms is 1001, it must be from 0 to 1000.");
 }
 
+TEST(PortSettings, TheEndsOfTheRangesAreGood) {
+    Port_Settings lowest;
+    lowest.port = "p";
+    lowest.slave = 1;
+    lowest.line = {300, 'N', 7, 1};
+    lowest.retries = 0;
+    lowest.timeOutMs = 1;
+    lowest.txDelayMs = 0;
+    EXPECT_EQ(settingsFault(lowest), "");
+    Port_Settings highest = lowest;
+    highest.slave = 247;
+    highest.line = {921600, 'O', 8, 2};
+    highest.retries = 20;
+    highest.timeOutMs = 60000;
+    highest.txDelayMs = 1000;
+    EXPECT_EQ(settingsFault(highest), "");
+    EXPECT_EQ(faultWith([](Port_Settings& s) { s.retries = 21; }),
+              "The number of retries is 21, it must be from 0 to 20.");
+    EXPECT_EQ(faultWith([](Port_Settings& s) { s.timeOutMs = 60001; }),
+              "The time-out in ms is 60001, it must be from 1 to 60000.");
+    EXPECT_EQ(faultWith([](Port_Settings& s) { s.txDelayMs = -1; }),
+              "The TX delay in ms is -1, it must be from 0 to 1000.");
+}
+
 TEST(PortSettings, PortNumberWhereTheNameHasOne) {
     EXPECT_EQ(portNumberText("COM3"), "3");
     EXPECT_EQ(portNumberText("ttyS2"), "2");

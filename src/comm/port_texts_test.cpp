@@ -11,6 +11,9 @@ TEST(PortTexts, TimingsNameWhereTheyComeFrom) {
     EXPECT_EQ(timingsText({20, 600}, 500),
               "Time-out in force: 600 ms, from the template; the 500 ms here don't count.\n"
               "Pause between requests: 20 ms, from the template.");
+    EXPECT_EQ(timingsText({1, 1}, 500),
+              "Time-out in force: 1 ms, from the template; the 500 ms here don't count.\n"
+              "Pause between requests: 1 ms, from the template.");
     EXPECT_EQ(timingsText({-1, -1}, 750), timingsText({0, 0}, 750));
 }
 

@@ -175,6 +175,11 @@ TEST_F(RegistersToCells, FieldWithoutATableHasNoCells) {
     EXPECT_NO_THROW(PRO_Aplica_Registros(comm, 2));
 }
 
+TEST_F(RegistersToCells, FieldWithoutColumnsHasNoCells) {
+    addField(2, 0);
+    EXPECT_NO_THROW(PRO_Aplica_Registros(comm, 2));
+}
+
 TEST_F(RegistersToCells, AddressBeyond32BitsIsFailure6) {
     cell.Address = "10000000000";
     try {

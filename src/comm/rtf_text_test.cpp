@@ -13,6 +13,7 @@ TEST(RtfText, LinesAndSpecialCharacters) {
 
 TEST(RtfText, ControlCharactersAreEscaped) {
     EXPECT_NE(rtfDocument(std::string("a\x01z")).find("a\\'01z"), std::string::npos);
+    EXPECT_NE(rtfDocument("\x1F ~\x7F").find("\\'1f ~\\'7f"), std::string::npos);
 }
 
 } // namespace

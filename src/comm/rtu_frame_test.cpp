@@ -31,6 +31,7 @@ TEST(RtuFrame, CrcOfThePublishedExample) {
     EXPECT_TRUE(crcHolds(bytesOf("02 07 41 12")));
     EXPECT_FALSE(crcHolds(bytesOf("02 07 12 41")));
     EXPECT_FALSE(crcHolds(bytesOf("FF FF")));
+    EXPECT_FALSE(crcHolds(withCrc(bytesOf("02")))) << "no frame is that short";
 }
 
 TEST(RtuFrame, ReadRequest) {

@@ -19,7 +19,7 @@ constexpr Micros clockTolerance = 32;
 /// The last bytes before an answer can be whole are told one by one, so that a wait that ends late delays
 /// nothing. One of them may be on the point of coming in anyway.
 constexpr std::size_t toldSingly = 3;
-/// Stray bytes are told in parcels of at most this many.
+/// Stray bytes wait for the line to fall silent before they are told, unless more than this many came.
 constexpr std::size_t strayParcel = 512;
 /// Of a line that babbles, this much is kept for the monitor.
 constexpr std::size_t receivedLimit = 4096;
@@ -259,7 +259,6 @@ void Rtu_Transaction::settle() {
     if (state_ == State::Settle) return;
     state_ = State::Settle;
     settleLimit_ = std::max(clock_.now(), txEnd_) + wireTime(settings_.line, largestFrame) + 2 * settleTime();
-    if (!rtsRaised_) return armForState();
     lowerRts();
     armForState();
 }
@@ -267,7 +266,7 @@ void Rtu_Transaction::settle() {
 void Rtu_Transaction::atDeadline() {
     // An answer that has begun may end: the time-out is about a slave that doesn't speak.
     const auto start = searchStart();
-    const bool fresh = clock_.now() < lastActivity_ + settleTime() && !result_.received.empty();
+    const bool fresh = clock_.now() < lastActivity_ + settleTime();
     if (start && findAnswer(result_.request, receivedBytes(), *start).partial && fresh) return settle();
     fail(faultNow(), true);
 }
@@ -337,10 +336,8 @@ void Rtu_Transaction::finish() {
 }
 
 void Rtu_Transaction::portLost(const std::string& reason) {
-    const bool underWay = state_ != State::Idle;
-    rtsRaised_ = false;
-    stray_.clear();
-    if (underWay) {
+    if (!stray_.empty()) tellStray("stray bytes");
+    if (state_ != State::Idle) {
         result_.portLost = true;
         result_.fault = "port lost";
         if (!result_.sent.empty()) late_.expect(result_.request, deadline_ + timeOut_);

@@ -17,6 +17,8 @@ TEST_F(RtuTransactionEcho, NoiseBeforeAnAnswerIsCounted) {
         port.deliver(answer);
         EXPECT_TRUE(recorder.results.back().answer);
         EXPECT_EQ(recorder.results.back().noise, noise);
+        EXPECT_EQ(recorder.results.back().answerAt, noise);
+        EXPECT_EQ(recorder.results.back().answerLength, answer.size());
     }
 }
 
@@ -27,8 +29,47 @@ TEST_F(RtuTransactionEcho, WhatFollowsAnAnswerIsStray) {
     more.insert(more.end(), {0x00, 0xFF});
     port.deliver(more);
     EXPECT_EQ(recorder.results.at(0).received, answer);
-    clock.runFor(100 * ms);
+    clock.runFor(20 * ms - 1);
+    EXPECT_TRUE(recorder.strays.empty());
+    clock.runFor(1);
     EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
+}
+
+TEST_F(RtuTransactionEcho, StrayBytesAreToldAtOnceWhenMoreThan512Came) {
+    port.deliver(Byte_Array(512, 0x00));
+    EXPECT_TRUE(recorder.strays.empty());
+    port.deliver(bytesOf("00"));
+    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (513)"});
+}
+
+TEST_F(RtuTransactionEcho, StrayBytesBeforeALossAreTold) {
+    port.deliver(bytesOf("00 FF"));
+    port.unplug();
+    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
+}
+
+TEST_F(RtuTransactionEcho, BytesOfTheDelayBeforeSendingAreToldBeforeTheRequest) {
+    settings.rts = Rts_Mode::HighOnSend;
+    settings.txDelayMs = 3;
+    use(settings);
+    transaction.submit(read);
+    clock.runFor(silence + ms);
+    port.deliver(bytesOf("00 FF"));
+    EXPECT_TRUE(recorder.strays.empty());
+    clock.runFor(2 * ms);
+    EXPECT_EQ(sentAt.size(), 1U);
+    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
+}
+
+TEST_F(RtuTransactionEcho, StrayBytesDoNotEndTheWaitForALateAnswer) {
+    begin(read);
+    clock.runFor(requestTime + 100 * ms);
+    const Micros deadline = clock.now();
+    transaction.submit(read);
+    clock.runFor(10 * ms);
+    port.deliver(bytesOf("00"));
+    clock.runFor(100 * ms);
+    EXPECT_EQ(sentAt.at(1), deadline + 100 * ms);
 }
 
 TEST_F(RtuTransactionEcho, StrayBytesMoveTheNextRequest) {
@@ -74,6 +115,21 @@ TEST_F(RtuTransactionEcho, AnEchoAloneTellsThatTheAdapterEchoes) {
     port.deliver(port.written.back());
     clock.runFor(requestTime + 100 * ms);
     EXPECT_EQ(fault(), "only the adapter's echo");
+    begin(presetSingle(1, 4, 9));
+    port.deliver(port.written.back());
+    clock.runFor(requestTime + 100 * ms);
+    EXPECT_EQ(fault(), "only the adapter's echo");
+}
+
+TEST_F(RtuTransactionEcho, TwoCopiesOfAWriteTellThatTheAdapterEchoes) {
+    begin(presetSingle(1, 4, 9));
+    Byte_Array twice = port.written.back();
+    twice.insert(twice.end(), port.written.back().begin(), port.written.back().end());
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(twice);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_TRUE(recorder.results[0].answer);
+
     begin(presetSingle(1, 4, 9));
     port.deliver(port.written.back());
     clock.runFor(requestTime + 100 * ms);

@@ -16,6 +16,26 @@ TEST_F(RtuTransaction, TheFirstRequestWaitsForTheSilenceOfTheLine) {
     EXPECT_EQ(recorder.sent, 1);
 }
 
+TEST_F(RtuTransaction, KnowsTheUsualLineWithoutBeingTold) {
+    Rtu_Transaction untold{port, clock, recorder};
+    untold.setWaits(0, 100 * ms);
+    untold.lineOpened();
+    const Micros start = clock.now();
+    untold.submit(read);
+    clock.runFor(10 * ms);
+    ASSERT_EQ(sentAt.size(), 1U);
+    EXPECT_EQ(sentAt[0], start + silence);
+}
+
+TEST_F(RtuTransaction, ASlowerLineHasALongerSilenceFromTheNextRequestOn) {
+    settings.line.baud = 1200;
+    use(settings);
+    const Micros start = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt[0], start + frameSilence(settings.line));
+    EXPECT_GT(frameSilence(settings.line), 7 * silence);
+}
+
 TEST_F(RtuTransaction, TheNextRequestGoesOutOneSilenceAfterTheLastByte) {
     recorder.onFinished = [this] {
         if (recorder.results.size() == 1) transaction.submit(read);
@@ -28,6 +48,14 @@ TEST_F(RtuTransaction, TheNextRequestGoesOutOneSilenceAfterTheLastByte) {
     EXPECT_EQ(sentAt.at(1), end + silence);
     EXPECT_EQ(recorder.results.at(0).answer->registers, (std::vector<std::uint16_t>{7, 8}));
     EXPECT_EQ(recorder.results.at(0).endedAt, end);
+}
+
+TEST_F(RtuTransaction, AnAnswerThatIsInBeforeTheRequestIsOutMovesNothing) {
+    begin(read);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    begin(read);
+    EXPECT_EQ(sentAt.at(1), sentAt[0] + requestTime + silence);
 }
 
 TEST_F(RtuTransaction, ThePauseOfTheTemplateComesOnTop) {
@@ -79,7 +107,9 @@ TEST_F(RtuTransaction, AnAnswerThatStopsInTheMiddleFailsAtTheTimeOut) {
         begin(read);
         clock.runFor(requestTime + 20 * ms);
         port.deliver(Byte_Array(answer.begin(), answer.begin() + static_cast<std::ptrdiff_t>(length)));
-        clock.runFor(100 * ms);
+        clock.runUntil(sentAt.back() + requestTime + 100 * ms - 1);
+        EXPECT_EQ(recorder.results.size(), length - 1);
+        clock.runFor(1);
         ASSERT_EQ(recorder.results.size(), length);
         EXPECT_EQ(fault(), "answer cut short");
         clock.runFor(200 * ms);
@@ -100,6 +130,19 @@ TEST_F(RtuTransaction, AWrongCrcFailsOnceTheLineWasSilentFor20Ms) {
     EXPECT_EQ(recorder.results[0].received, damaged);
 }
 
+TEST_F(RtuTransaction, AfterAWrongCrcNoLateAnswerIsWaitedFor) {
+    begin(read);
+    clock.runFor(requestTime + 20 * ms);
+    Byte_Array damaged = answer;
+    damaged[4] ^= 1U;
+    port.deliver(damaged);
+    clock.runFor(20 * ms);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    const Micros failed = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt.at(1), failed);
+}
+
 TEST_F(RtuTransaction, AfterAFailedTryTheLineIsSilentFor5MsAtLeast) {
     settings.line.baud = 115200;
     use(settings);
@@ -115,6 +158,18 @@ TEST_F(RtuTransaction, AfterAFailedTryTheLineIsSilentFor5MsAtLeast) {
     EXPECT_EQ(sentAt.at(1), noise + 5 * ms);
 }
 
+TEST_F(RtuTransaction, AGoodAnswerEndsTheLongerSilence) {
+    begin(read);
+    clock.runFor(requestTime + 100 * ms);
+    EXPECT_EQ(fault(), "no answer");
+    begin(readRequest(1, 0, 1));
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(withCrc(bytesOf("01 03 02 00 07")));
+    const Micros end = clock.now();
+    begin(readRequest(1, 0, 1));
+    EXPECT_EQ(sentAt.at(2), end + silence);
+}
+
 TEST_F(RtuTransaction, ALineThatNeverFallsSilentHoldsNothingForEver) {
     std::function<void()> babble = [&] {
         port.deliver(bytesOf("5A A5 5A"));
@@ -127,6 +182,20 @@ TEST_F(RtuTransaction, ALineThatNeverFallsSilentHoldsNothingForEver) {
     ASSERT_EQ(recorder.results.size(), 1U);
     EXPECT_EQ(fault(), "only noise");
     EXPECT_LE(recorder.results[0].received.size(), 4096U);
+}
+
+TEST_F(RtuTransaction, OfMoreThan4096BytesOnlyTheLastOnesAreKept) {
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(Byte_Array(4096, 0x5A));
+    clock.runFor(200 * ms);
+    EXPECT_EQ(recorder.results.at(0).received.size(), 4096U);
+    clock.runFor(200 * ms);
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(Byte_Array(4097, 0x5A));
+    clock.runFor(200 * ms);
+    EXPECT_EQ(recorder.results.at(1).received.size(), 256U) << "as many as the longest frame has";
 }
 
 TEST_F(RtuTransaction, ADamagedAnswerInABabblingLineFailsInTheEnd) {
@@ -194,6 +263,19 @@ TEST_F(RtuTransaction, ALateAnswerOfAnotherShapeDoesNotEndTheWait) {
     EXPECT_EQ(recorder.results[1].noise, 0U);
 }
 
+TEST_F(RtuTransaction, ALateAnswerThatHoldsWhatLooksLikeADamagedOneDoesNotEndTheWait) {
+    begin(readRequest(1, 0, 5));
+    clock.runFor(requestTime + 100 * ms);
+    begin(read);
+    clock.runFor(requestTime + 10 * ms);
+    port.deliver(withCrc(bytesOf("01 03 0A 01 03 04 00 07 00 08 00 00 00")));
+    clock.runFor(50 * ms);
+    EXPECT_EQ(recorder.results.size(), 1U);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_EQ(recorder.results[1].answer->registers, (std::vector<std::uint16_t>{7, 8}));
+}
+
 TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
     begin(readRequest(1, 0, 3));
     clock.runFor(requestTime + 100 * ms);
@@ -221,6 +303,17 @@ TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineUntilItsAnswerCame) {
     EXPECT_TRUE(recorder.results.empty());
 }
 
+TEST_F(RtuTransaction, ALineThatFallsSilentBehindAnAbandonedRequestIsFree) {
+    begin(read);
+    clock.runFor(requestTime + 5 * ms);
+    transaction.abandon();
+    transaction.submit(readRequest(1, 0, 3));
+    port.deliver(bytesOf("5A"));
+    const Micros last = clock.now();
+    clock.runFor(30 * ms);
+    EXPECT_EQ(sentAt.at(1), last + 20 * ms);
+}
+
 TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineNoLongerThanItsTimeOut) {
     begin(read);
     clock.runFor(requestTime + 5 * ms);
@@ -228,6 +321,20 @@ TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineNoLongerThanItsTimeOut) {
     begin(readRequest(1, 0, 3));
     EXPECT_EQ(sentAt.at(1), sentAt[0] + requestTime + 100 * ms);
     transaction.abandon();
+}
+
+TEST_F(RtuTransaction, WhatCameForAnAbandonedRequestIsNotTheNextOnes) {
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(bytesOf("5A 5A"));
+    transaction.abandon();
+    clock.runFor(microsPerSecond);
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(recorder.results[0].received, answer);
+    EXPECT_EQ(recorder.results[0].noise, 0U);
 }
 
 TEST_F(RtuTransaction, ARequestThatHasNotGoneOutCanBeTakenBack) {
@@ -269,6 +376,15 @@ TEST_F(RtuTransaction, RtsFallsWhenTheRequestIsTakenBack) {
     EXPECT_FALSE(port.rts);
 }
 
+TEST_F(RtuTransaction, RtsFallsWhenTheRequestIsAbandoned) {
+    settings.rts = Rts_Mode::HighOnSend;
+    use(settings);
+    begin(read);
+    EXPECT_TRUE(port.rts);
+    transaction.abandon();
+    EXPECT_FALSE(port.rts);
+}
+
 TEST_F(RtuTransaction, TheKernelsOwnDelayMovesTheTimeOutOnly) {
     settings.rts = Rts_Mode::KernelRs485;
     settings.txDelayMs = 3;
@@ -302,12 +418,21 @@ TEST_F(RtuTransaction, ALostPortEndsTheRequestWhateverItsState) {
     EXPECT_EQ(recorder.results.size(), 2U);
 }
 
+TEST_F(RtuTransaction, AnAnswerMayStillComeAfterThePortWasLost) {
+    begin(read);
+    port.unplug();
+    open();
+    begin(read);
+    EXPECT_EQ(sentAt.at(1), sentAt[0] + requestTime + 200 * ms);
+}
+
 TEST_F(RtuTransaction, APortThatTakesNoBytesIsLost) {
     port.refuses = true;
     transaction.submit(read);
     clock.runFor(10 * ms);
     ASSERT_EQ(recorder.results.size(), 1U);
     EXPECT_TRUE(recorder.results[0].portLost);
+    EXPECT_TRUE(recorder.results[0].sent.empty());
     EXPECT_FALSE(port.isOpen());
     EXPECT_EQ(recorder.lost,
               std::vector<std::string>{"The port took no bytes: the adapter is gone or doesn't work."});

@@ -37,12 +37,51 @@ TEST(ScanPlan, NoneCoversEveryBlockAndAnyOtherWordItsOwn) {
     scan.plan().clear();
     EXPECT_TRUE(scan.plan().numbers().empty());
     EXPECT_EQ(scan.plan().mode(), "always");
+    scan.plan().add({50, 51, "always", 0});
+    EXPECT_EQ(scan.plan().numbers(), (std::vector<std::int32_t>{1})) << "blocks count from 1 again";
 }
 
 TEST(Scan, StartsAtTheFirstBlockOfTheMode) {
     Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "ALWAYS", 7}}, "ALWAYS");
     EXPECT_EQ(scan.index(), 2);
     EXPECT_EQ(frameAt(scan, 0), (Scan_Frame{7, 10, 6}));
+}
+
+TEST(Scan, ARestartForgetsAllThatTheWalkWaitedFor) {
+    const std::vector<Scan_Block> blocks = {
+        {1, 300, "NONE", 0}, {500, 501, "NONE", 0}, {600, 601, "NONE", 0}};
+    const Scan_Frame first{0, 1, 125};
+    Scan inABlock = scanOf(blocks);
+    inABlock.frameAnswered(true, 1 * ms);
+    inABlock.restart(2 * ms);
+    EXPECT_EQ(frameAt(inABlock, 2 * ms), first);
+
+    Scan unseenIndex = scanOf(blocks);
+    unseenIndex.indexSeen();
+    for (int frames = 0; frames < 4; ++frames)
+        unseenIndex.frameAnswered(true, 1 * ms);
+    EXPECT_EQ(frameAt(unseenIndex, 2 * ms), std::nullopt);
+    unseenIndex.restart(2 * ms);
+    EXPECT_EQ(unseenIndex.index(), 1);
+    EXPECT_EQ(frameAt(unseenIndex, 2 * ms), first);
+    for (int frames = 0; frames < 3; ++frames)
+        unseenIndex.frameAnswered(true, 3 * ms);
+    EXPECT_EQ(frameAt(unseenIndex, 3 * ms), (Scan_Frame{0, 500, 2})) << "nobody watches any more";
+
+    Scan unseenFailure = scanOf(blocks);
+    unseenFailure.tryFailed(1 * ms);
+    EXPECT_EQ(frameAt(unseenFailure, 2 * ms), std::nullopt);
+    unseenFailure.restart(2 * ms);
+    EXPECT_EQ(frameAt(unseenFailure, 2 * ms), first);
+}
+
+TEST(Scan, ARestartedPassThatNobodySawIsFollowedAtOnce) {
+    Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "NONE", 0}});
+    scan.indexSeen();
+    scan.restart(0);
+    scan.frameAnswered(true, 1 * ms);
+    scan.frameAnswered(true, 2 * ms);
+    EXPECT_EQ(frameAt(scan, 2 * ms), (Scan_Frame{0, 1, 5}));
 }
 
 TEST(Scan, AnUnseenIndexStaysFor25MsOnceSomebodyLooks) {

@@ -38,18 +38,8 @@ void Test_Exchange::tryFinished(const Try_Result& result) {
     end_->armAt(clock_.now());
 }
 
-void Test_Exchange::lineLost(const std::string& reason) {
-    if (!report_.exchange) {
-        report_.exchange.emplace();
-        report_.exchange->portLost = true;
-        report_.exchange->fault = reason;
-    }
-    end_->armAt(clock_.now());
-}
-
 void Test_Exchange::ring() {
     const Done done = std::exchange(done_, nullptr);
-    transaction_.abandon();
     port_.close();
     if (done) done(report_);
 }

@@ -126,6 +126,10 @@ std::vector<Case> cases() {
         {"busy", exception(6), Kind::Exception,
          "Unit 7 is there, but it refused: BUSY.\n"
          "Port, line and slave number are right. It is busy: test again in a moment."},
+        {"gateway without a path", exception(10), Kind::Exception,
+         "Unit 7 is there, but it refused: Gateway path unavailable (exception 10).\n"
+         "Port and line are right as far as the gateway. Check the slave number, and the line behind the "
+         "gateway."},
         {"gateway", exception(11), Kind::Exception,
          "Unit 7 is there, but it refused: Gateway target failed to respond (exception 11).\n"
          "Port and line are right as far as the gateway. Check the slave number, and the line behind the "
@@ -175,6 +179,15 @@ TEST(TestVerdict, AsksForOneRegisterByItsAddressOnTheWire) {
     bench.run();
     EXPECT_EQ(bench.port.written.at(0), withCrc(bytesOf("07 03 00 63 00 01")));
     EXPECT_EQ(bench.port.attempts, std::vector<std::string>{"ttyUSB0"});
+}
+
+TEST(TestVerdict, AsksOneSilenceAfterThePortWasOpened) {
+    Test_Bench bench;
+    Micros sentAt = 0;
+    bench.port.onWrite = [&](const Byte_Array&) { sentAt = bench.clock.now(); };
+    const Micros opened = bench.clock.now();
+    bench.run();
+    EXPECT_EQ(sentAt, opened + frameSilence(bench.request.settings.line));
 }
 
 TEST(TestVerdict, ASilentSimulatedControllerIsStartedAnew) {
@@ -249,6 +262,16 @@ TEST(TestVerdict, ATestAfterACancelledOneHasItsOwnEnd) {
     Test_Bench bench;
     bench.exchange.start(bench.request, [](const Test_Report&) { FAIL(); });
     bench.exchange.cancel();
+    bench.answer([](Toy_Slave& slave, const Byte_Array& sent) { return slave.answer(sent); });
+    EXPECT_EQ(bench.run().kind, Verdict_Kind::Good);
+}
+
+TEST(TestVerdict, ATestAfterOneThatWasCancelledOnAMissingPortHasItsOwnEnd) {
+    Test_Bench bench;
+    bench.port.onOpen = [](const std::string&) { return Port_Opening{}; };
+    bench.exchange.start(bench.request, [](const Test_Report&) { FAIL(); });
+    bench.exchange.cancel();
+    bench.port.onOpen = nullptr;
     bench.answer([](Toy_Slave& slave, const Byte_Array& sent) { return slave.answer(sent); });
     EXPECT_EQ(bench.run().kind, Verdict_Kind::Good);
 }

@@ -24,6 +24,16 @@ bool isText(const std::string& line) {
            line.starts_with("LostCom") || line == "Porcentaje closing" || line == "Porcentaje unloaded";
 }
 
+TEST(RegistersBlocks, EachBlockOfTheDocumentGoesToTheLinkWithoutItsFlag) {
+    doubles::Comm_Bench bench;
+    bench.addScanBlock(1, 5, "NONE");
+    bench.addScanBlock(10, 15, "ALWAYS");
+    bench.form.Unit_Id = 3;
+    PRO_Registra_Bloques(bench.comm);
+    EXPECT_THAT(bench.journal.lines(),
+                ElementsAre("link AddScanBlock 1 5 False NONE 3", "link AddScanBlock 10 15 False ALWAYS 3"));
+}
+
 /// One field of two rows, whose second column goes to registers 100 and 101.
 struct Sequence : ::testing::Test, doubles::Comm_Bench {
     Sequence() : field(addField(2, 2)) {

@@ -359,6 +359,13 @@ TEST_F(Commit_Value_Test, ATimeTooLongToCountIsAnOverflow) {
     EXPECT_EQ(cell().Value, "7");
 }
 
+TEST_F(Commit_Value_Test, ACommitThatFailsRejectsNothing) {
+    cell().Format = "TIME";
+    bool rejected = true;
+    EXPECT_THROW(PRO_Escribe_Valor(grids, 1, 0, "99999999999:00", rejected), Run_Time_Failure);
+    EXPECT_FALSE(rejected);
+}
+
 TEST_F(Commit_Value_Test, MinutesUnderATimeColumnTakeAPlainNumber) {
     column().Column_Type = "TIME";
     cell().Format = "TIMEMM";
@@ -389,6 +396,20 @@ TEST_F(Commit_Value_Test, MinutesUnderANumericColumnTakeATimeAs0) {
 }
 
 // Free text and ASCII.
+
+TEST_F(Commit_Value_Test, TheEditedColumnIsCurrentAfterwardsWhereverTheUserWent) {
+    for (const char* type : {"NOTE", "NUMERIC", "ASCII"}) {
+        column().Column_Type = type;
+        cell().Value = "7";
+        cell().Is_Ascii_Range = type == std::string("ASCII");
+        ownLower.setRow(1);
+        ownLower.setCol(1);
+        bool rejected = true;
+        PRO_Escribe_Valor(grids, 1, 0, "5", rejected);
+        EXPECT_EQ(ownLower.Col(), 0) << type;
+        EXPECT_EQ(cell().Value, "5") << type;
+    }
+}
 
 TEST_F(Commit_Value_Test, FreeTextStartsTheScanLast) {
     column().Column_Type = "";

@@ -182,6 +182,7 @@ TEST_F(Fill_Settings_Test, BuildsTheTable) {
     EXPECT_EQ(ownLower.TextMatrix(0, 1), "Limit");
     EXPECT_EQ(ownLower.TextMatrix(2, 1), "120");
     EXPECT_EQ(ownLower.ColWidth(0), 1100);
+    EXPECT_EQ(ownLower.FixedAlignment(0), 4);
     EXPECT_EQ(ownLower.FixedAlignment(1), 4);
     EXPECT_EQ(ownLower.RowHeight(0), 285);
     EXPECT_EQ(ownLower.RowHeight(2), 285);

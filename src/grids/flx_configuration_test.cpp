@@ -90,17 +90,26 @@ TEST_F(Flx_Configuration_Test, NothingIsSelectedWhileTheFormLaysItselfOut) {
 }
 
 TEST_F(Flx_Configuration_Test, AClickSelectsItsRowAcrossAllColumns) {
+    ownUpper.setCols(3);
     clickAt(600);
     EXPECT_EQ(shown(), "field 2");
     EXPECT_EQ(ownUpper.Row(), 2);
     EXPECT_EQ(ownUpper.RowSel(), 2);
     EXPECT_EQ(ownUpper.Col(), 1);
-    EXPECT_EQ(ownUpper.ColSel(), 1);
+    EXPECT_EQ(ownUpper.ColSel(), 2);
     EXPECT_EQ(ownUpper.selectionHighlight(), 1);
     EXPECT_EQ(ownUpper.refreshes(), 1);
     EXPECT_EQ(navigation.Mouse_Row, 3);
     EXPECT_FALSE(navigation.Mouse_Track_Off);
     EXPECT_EQ(document.Selected_Field, 0) << "the mouse doesn't record it";
+}
+
+TEST_F(Flx_Configuration_Test, AllRowsCountAsHighAsTheHeading) {
+    ownUpper.setRowHeight(0, 570);
+    clickAt(600);
+    EXPECT_EQ(ownUpper.Row(), 1);
+    clickAt(1200);
+    EXPECT_EQ(ownUpper.Row(), 2);
 }
 
 TEST_F(Flx_Configuration_Test, AClickInTheHeadingSelectsNothing) {

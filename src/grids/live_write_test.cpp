@@ -226,6 +226,12 @@ TEST_F(Live_Write_Test, AFailedNumberBringsTheOldValueBackOnTheErrorColours) {
     EXPECT_EQ(doubles::colourNames(ownLower), "error");
 }
 
+TEST_F(Live_Write_Test, ANumberComesBackToItsColumnWhereverTheUserWent) {
+    link.writes = {{Exchange{true, "", [this] { ownLower.setCol(1); }, "", ""}}};
+    type(1, 0, "12");
+    EXPECT_EQ(ownLower.Col(), 0);
+}
+
 TEST_F(Live_Write_Test, AFailedFractionComesBackRounded) {
     link.writes = {{noAnswer}};
     cell().Value = " 6.5 ";
@@ -319,6 +325,12 @@ TEST_F(Live_Write_Test, ANegativeNumberGoesOutInTheFormatOfItsColumn) {
                             "link PresetSingleRegister 3 1004 65531", "link PresetSingleRegister 3 1004 133",
                             "link PresetSingleRegister 3 1004 -5", "link PresetSingleRegister 3 1004 0"}));
     EXPECT_EQ(cell().Value, "-5");
+}
+
+TEST_F(Live_Write_Test, AFractionAbove0IsRoundedWhateverTheColumnsNegativeFormat) {
+    grids.definition(0).Bits_Negative_Format = "8";
+    type(1, 0, "0.7");
+    EXPECT_EQ(writes(), std::vector<std::string>{"link PresetSingleRegister 3 1004 1"});
 }
 
 TEST_F(Live_Write_Test, HalvesGoToTheEvenNeighbour) {

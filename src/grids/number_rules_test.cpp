@@ -36,7 +36,7 @@ struct Limits_Case {
 };
 
 TEST(Filled_Limits_Test, FollowTheColumnAndTheFormat) {
-    const std::array<Limits_Case, 19> cases = {{
+    const std::array<Limits_Case, 21> cases = {{
         {"NUMERIC", cellWith("", ""), {"-32768", "32767"}},
         {"numeric", cellWith(" ", "  "), {"-32768", "32767"}},
         {"NUMERIC", cellWith("10", ""), {"10", "32767"}},
@@ -45,6 +45,8 @@ TEST(Filled_Limits_Test, FollowTheColumnAndTheFormat) {
         {"NUMERIC", cellWith("", "", "NUMERIC_UNSIGNED"), {"0", "65535"}},
         {"NUMERIC", cellWith("-1", "70000", "NUMERIC_UNSIGNED"), {"0", "65535"}},
         {"NUMERIC", cellWith("5", "60000", "NUMERIC_UNSIGNED"), {"5", "60000"}},
+        {"NUMERIC", cellWith("0.0", "65535.0", "NUMERIC_UNSIGNED"), {"0.0", "65535.0"}},
+        {"NUMERIC", cellWith("none", "none", "NUMERIC_UNSIGNED"), {"none", "none"}},
         {"NUMERIC", cellWith("", "", "numeric_unsigned"), {"-32768", "32767"}},
         {"NUMERIC", cellWith("", "", " NUMERIC_UNSIGNED"), {"-32768", "32767"}},
         {"NUMERIC_UNSIGNED", cellWith("", ""), {"", ""}},

@@ -25,12 +25,6 @@ template <class Statement> std::optional<Run_Time_Failure> failureOf(Statement&&
     }
 }
 
-/// The text that the in-cell list leaves in the cell: that of the entry chosen, if there is one.
-void chooseEntry(Memory_Grid& grid, const Cell_Rec& cell, const std::string& number) {
-    grid.chooseEntry(number);
-    ignoringFailure([&] { grid.setText(cell.Messages(toLong(strictDouble(number) + 1.0)).Text); });
-}
-
 /// The refusal of the handlers that come before an edit.
 std::optional<std::string> refusalOf(const Grid_Context& grids, std::int32_t row, std::int32_t col) {
     bool cancel = false;
@@ -49,7 +43,7 @@ std::optional<std::string> edit(Terminal_Grids& grids, std::int32_t row, std::in
     grid.setCol(col);
     if (auto refused = refusalOf(context, row, col)) return refused;
     if (context.cell(row, col).Has_Messages)
-        chooseEntry(grid, context.cell(row, col), text);
+        grid.chooseEntry(text);
     else
         grid.setText(text);
     FLX_Settings_AfterEdit(context, row, col);
@@ -68,7 +62,6 @@ void describeCell(Entry_Outcome& outcome, Terminal_Grids& grids, std::int32_t ro
 
 void Terminal_Grids::select(std::int32_t field) {
     if (field < 0 || field > highestField) throw Run_Time_Failure(Failure::Subscript);
-    configuration_.setCols(1);
     configuration_.setRows(highestField + 1);
     configuration_.setRow(field);
     ignoringFailure([&] { PRO_Llena_Settings(context_, toInteger(field), true); });

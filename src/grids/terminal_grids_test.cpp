@@ -84,6 +84,15 @@ TEST_F(Terminal_Grids_Test, CommitsATypedText) {
     EXPECT_TRUE(form.Dirty);
 }
 
+TEST_F(Terminal_Grids_Test, CommitsInTheRowThatWasNamed) {
+    addTable(3, 1);
+    const Entry_Outcome outcome = enterValue(comm, 2, 2, 1, "012");
+    EXPECT_EQ(outcome.Value, "12");
+    EXPECT_EQ(outcome.grid, "012");
+    EXPECT_EQ(document.Fields(2).Cells(1, 1).Value, "0");
+    EXPECT_EQ(document.Fields(2).Cells(3, 1).Value, "0");
+}
+
 TEST_F(Terminal_Grids_Test, CommitsAListEntryByItsNumber) {
     const Entry_Outcome outcome = enterValue(comm, 1, 1, 2, "1");
     EXPECT_EQ(outcome.Value, "1");

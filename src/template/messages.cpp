@@ -9,7 +9,7 @@ namespace zorvane {
 std::int32_t messageCode(const Cell_Rec& cell, std::string_view text) {
     const std::string wanted = upperTrimmed(text);
     const bool numeric = isNumeric(text);
-    const double number = numeric ? Val(text) : 0.0;
+    const double number = Val(text);
     for (std::int32_t k = 1; k <= cell.Messages.upperBound(); ++k) {
         const Message_Rec& entry = cell.Messages(k);
         if (upperTrimmed(entry.Text) == wanted || (numeric && number == entry.Code)) return entry.Code;

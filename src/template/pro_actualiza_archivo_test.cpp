@@ -143,5 +143,12 @@ TEST(ActualizaArchivo, AFailureOfTheOutputGoesToTheCaller) {
     EXPECT_EQ(files.text("SITE7_Updated.KVRT"), "ROW_");
 }
 
+TEST(ActualizaArchivo, AnOutputThatCannotBeClosedIsAFailureToo) {
+    Memory_Files files;
+    files.put("SITE7.KVRT", "ROW_1=1\n");
+    files.failOnClose();
+    EXPECT_EQ(failureNumber([&] { PRO_Actualiza_Archivo(files, "SITE7", "KVRT"); }), 61);
+}
+
 } // namespace
 } // namespace zorvane

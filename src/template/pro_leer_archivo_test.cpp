@@ -183,7 +183,9 @@ TEST(LeerDefaultFIle, PutsItsValuesOverTheTemplates) {
 TEST(LeerDefaultFIle, AMissingFileIsTold) {
     Reading_Bench bench;
     bool ok = true;
+    bench.document.Last_Line = 7;
     PRO_Leer_DefaultFIle(bench.document, bench.services(), "/home/none.ABC", ok);
+    EXPECT_EQ(bench.document.Last_Line, 0) << "no line of an earlier file";
     EXPECT_EQ(bench.asker.messages, (Texts{"64 [Zorvane] The default file was not found in: \r\n/app"}));
     EXPECT_FALSE(ok);
     EXPECT_TRUE(bench.document.Load_Failed);

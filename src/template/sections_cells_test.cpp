@@ -38,6 +38,14 @@ TEST_F(Cells, AddressesStandAsTheyAreAndMayBeEmpty) {
     EXPECT_EQ(text(2, 2), R"(Address " 100/lo")");
 }
 
+TEST_F(Cells, NoLineIsRejected) {
+    for (const char* key : {"ROWADDRESS_1", "ROWASCIIRANGE_1", "ROWADDRESSNUMERICMAXVALUE_1",
+                            "ROWADDRESSFORMAT_1", "UNKNOWN_1"})
+        EXPECT_TRUE(configure(key, "100,101")) << key;
+    for (const char* key : {"ADDRESS_100", "ADDRESS_999", "UNKNOWN_1"})
+        EXPECT_TRUE(messages(key, "(0)Off")) << key;
+}
+
 TEST_F(Cells, AShorterListLeavesTheOtherColumnsAlone) {
     configure("ROWADDRESS_1", "100,101,102");
     configure("ROWADDRESS_1", "200");
@@ -239,6 +247,15 @@ TEST_F(Cells, TheSearchEndsAtTheRowsOfASizeThatWasRefusedHalfway) {
     EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_1_RC", "4,32768"), 6);
     EXPECT_EQ(bench.failureOf("FIELD_#_MESSAGES", 1, "ADDRESS_100", "(0)Off"), 9) << "the table has no row 4";
     EXPECT_TRUE(bench.cell(1, 3, 1).Has_Messages) << "but row 3 comes first";
+}
+
+TEST_F(Cells, ASizeWithoutRowsOrColumnsLeavesNothingToSearch) {
+    configure("ROWADDRESS_1", "100");
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_1_RC", "3,-1"), 9);
+    EXPECT_TRUE(messages("ADDRESS_100", "(0)Off"));
+    EXPECT_FALSE(bench.cell(1, 1, 1).Has_Messages);
+    EXPECT_EQ(bench.failureOf("CONFIGURATION_FIELDS", 0, "FIELD_2_RC", "-1,3"), 9);
+    EXPECT_TRUE(bench.line("FIELD_#_MESSAGES", 2, "ADDRESS_100", "(0)Off")) << "no table, and none is missed";
 }
 
 TEST_F(Cells, AListForAFieldThatIsntThereIsFailure9) {

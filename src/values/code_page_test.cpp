@@ -77,6 +77,11 @@ TEST(CodePage, ToUtf8KnowsTheSpecialCharacters) {
     EXPECT_EQ(toUtf8("\x81\x8D\x8F\x90\x9D"), "\xC2\x81\xC2\x8D\xC2\x8F\xC2\x90\xC2\x9D");
 }
 
+TEST(CodePage, TheBytesFrom0x80To0x9FHaveCharactersOfTheirOwn) {
+    EXPECT_EQ(toUtf8("\x80\x82\x83\x84\x85\x86\x87\x88\x89\x8A\x8B\x8C\x8E"), "€‚ƒ„…†‡ˆ‰Š‹ŒŽ");
+    EXPECT_EQ(toUtf8("\x91\x92\x93\x94\x95\x96\x97\x98\x99\x9A\x9B\x9C\x9E\x9F"), "‘’“”•–—˜™š›œžŸ");
+}
+
 TEST(CodePage, EveryByteComesBackFromUtf8) {
     for (unsigned c = 0; c < 256; ++c) {
         bool whole = false;

@@ -77,6 +77,13 @@ TEST(Val, BeyondADoubleIsInfiniteOr0) {
     EXPECT_EQ(Val(std::string(400, '9')), infinity);
 }
 
+TEST(Val, TheWholeExponentWeighsMoreThanTheDigitsBeforeIt) {
+    EXPECT_EQ(Val("10000e-400"), 0.0);
+    EXPECT_EQ(Val("0.00001e400"), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(Val(std::string(500, '9') + "e-100"), std::numeric_limits<double>::infinity());
+    EXPECT_EQ(Val("0." + std::string(500, '0') + "1e100"), 0.0);
+}
+
 TEST(Val, LongTextsOfDigitsKeepTheirSize) {
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0.0);
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1e401"), 1.0);

@@ -77,6 +77,8 @@ TEST(SignMagnitude, EveryNumberComesBackInEveryWidth) {
 TEST(AsciiText, HighByteFirst) {
     EXPECT_EQ(asciiText(0x4142), "AB");
     EXPECT_EQ(asciiText(0x4100), "A-");
+    EXPECT_EQ(asciiText(0xFF42), "\xFF\x42");
+    EXPECT_EQ(asciiText(0x0141), "\x01\x41");
     EXPECT_EQ(asciiText(0x0042), "-B");
     EXPECT_EQ(asciiText(0), "--");
 }

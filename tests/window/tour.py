@@ -30,6 +30,9 @@ def opened(program, width=820, height=560):
     program.start()
     program.open(path)
     program.expect_title("site7.kvrt207d - Zorvane")
+    wait_for("the main window to be active again", lambda: "active" in program.window.states)
+    wait_for("the focus in a grid", lambda: any("focused" in grid.table.states
+                                                 for grid in (program.fields, program.settings)))
     resize(program, width, height)
     return path
 
@@ -284,12 +287,15 @@ def menus(program, visit):
 
 
 def long_report(program, visit):
-    """A table so long that its report takes a while."""
+    """Tables so long that their report takes far longer than anybody looks at the busy form."""
     template = program.template(MODEL)
     with open(template, "rb") as file:
         text = file.read()
     with open(template, "wb") as file:
         file.write(re.sub(rb"(FIELD_\d_RC)=\d+", rb"\1=30000", text))
+        file.write(b"[CONFIGURATION_FIELDS]\r\n")
+        for number in range(6, 41):
+            file.write(b"FIELD_%d_DESC=Field %d\r\nFIELD_%d_RC=30000,2\r\n" % (number, number, number))
     opened(program)
     program.expect_field(TIMERS)
     program.choose("File", "Print...", "Print All...")

@@ -60,6 +60,8 @@ TYPED_TEST_P(Flex_Grid_Test, IsEmptyAtFirst) {
     EXPECT_EQ(grid.ComboList(), "");
     EXPECT_EQ(grid.ComboData(), "");
     EXPECT_EQ(grid.EditMaxLength(), 0);
+    EXPECT_EQ(grid.RowSel(), -1);
+    EXPECT_EQ(grid.ColSel(), -1);
 }
 
 TYPED_TEST_P(Flex_Grid_Test, TextAddressesTheCurrentCell) {
@@ -166,6 +168,21 @@ TYPED_TEST_P(Flex_Grid_Test, CanHaveNoCurrentColumn) {
     EXPECT_EQ(grid.Text(), "1,1");
     EXPECT_EQ(grid.CellBackColor(), 0xFF);
     EXPECT_EQ(grid.CellForeColor(), 0xC00000);
+}
+
+TYPED_TEST_P(Flex_Grid_Test, CanHaveNoCurrentRowAndNoEndOfTheSelection) {
+    this->fill();
+    VSFlexGrid& grid = this->grid();
+    grid.setRow(1);
+    grid.setCol(1);
+    grid.setRowSel(-1);
+    grid.setColSel(-1);
+    EXPECT_EQ(grid.RowSel(), -1);
+    EXPECT_EQ(grid.ColSel(), -1);
+    EXPECT_EQ(grid.Text(), "1,1");
+    grid.setRow(-1);
+    EXPECT_EQ(grid.Row(), -1);
+    EXPECT_EQ(grid.Text(), "");
 }
 
 TYPED_TEST_P(Flex_Grid_Test, RefusesPlacesThatItDoesntHave) {
@@ -289,7 +306,8 @@ REGISTER_TYPED_TEST_SUITE_P(Flex_Grid_Test, IsEmptyAtFirst, TextAddressesTheCurr
                             KeepsTextsOfTheCodePage, KeepsWhatOverlapsWhenItsSizeChanges,
                             ForgetsAllAtZeroRows, MovesTheCurrentCellIntoWhatIsLeft,
                             SelectsFromTheCurrentCellOn, DrawsTheSelectionToTheCurrentCell,
-                            CanHaveNoCurrentColumn, RefusesPlacesThatItDoesntHave, KeepsSizesAndAlignments,
+                            CanHaveNoCurrentColumn, CanHaveNoCurrentRowAndNoEndOfTheSelection,
+                            RefusesPlacesThatItDoesntHave, KeepsSizesAndAlignments,
                             KeepsTheEditorsSettingsUntilTheyAreSetAnew, CanBeHiddenAndLeaveTheTabOrder,
                             ShowsTheTableOfAField, TakesACommitAndItsRefusal, ShowsALiveWriteByItsColours);
 

@@ -24,6 +24,8 @@ TEST(CellTable, AnIndexOutsideIsFailure9) {
     EXPECT_EQ(failureNumber([&] { (void)cells(0, -1); }), 9);
     const Cell_Table& constant = cells;
     EXPECT_EQ(failureNumber([&] { (void)constant(3, 0); }), 9);
+    EXPECT_EQ(failureNumber([&] { (void)cells.lastWrittenColumn(3); }), 9);
+    EXPECT_EQ(failureNumber([&] { (void)cells.lastWrittenColumn(-1); }), 9);
 }
 
 TEST(CellTable, HasNoCellsBeforeTheFirstRedim) {

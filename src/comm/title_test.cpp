@@ -1,0 +1,39 @@
+#include "comm/testing/comm_bench.h"
+#include "comm/title.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+using ::testing::ElementsAre;
+
+struct Title : ::testing::Test, doubles::Comm_Bench {
+    Title() {
+        document.File_Stem = "SITE7";
+        document.File_Extension = "ABC";
+    }
+};
+
+TEST_F(Title, NamesTheFileInSmallLettersWithAStarOnceItDiffers) {
+    PRO_Titulo_Modificado(document, form, frame);
+    EXPECT_TRUE(form.Dirty);
+    PRO_Titulo_Limpio(document, form, frame);
+    EXPECT_FALSE(form.Dirty);
+    EXPECT_THAT(journal.lines(),
+                ElementsAre("caption = \"* site7.abc - Zorvane\"", "caption = \"site7.abc - Zorvane\""));
+}
+
+TEST_F(Title, TheFactoryFileAndADocumentWithoutAPlaceCannotBeSaved) {
+    applySaveRule(document, frame);
+    document.File_Stem = "Default";
+    applySaveRule(document, frame);
+    document.File_Stem = "SITE7";
+    document.No_Place = true;
+    applySaveRule(document, frame);
+    EXPECT_THAT(journal.lines(), ElementsAre("MNU_Save enabled", "MNU_Save disabled", "MNU_Save disabled"));
+}
+
+} // namespace
+} // namespace zorvane
