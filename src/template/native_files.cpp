@@ -38,6 +38,7 @@ bool isMark(char c) { return c == characterMark || c == byteMark; }
 fs::path nativePath(const std::string& path) { return fs::path(pathToNative(path)); }
 
 struct File_Closer {
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): this is the owner
     void operator()(std::FILE* file) const noexcept { std::fclose(file); }
 };
 using File_Handle = std::unique_ptr<std::FILE, File_Closer>;

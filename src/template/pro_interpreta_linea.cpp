@@ -73,6 +73,7 @@ bool isKnownSection(std::string_view section) { return findSection(section) != n
 
 std::vector<std::string_view> knownSections() {
     std::vector<std::string_view> names;
+    names.reserve(sections.size());
     for (const Section& section : sections)
         names.push_back(section.name);
     return names;
