@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/recovery.h"
+#include "ui/fixed_dialog.h"
 
 #include <QDialog>
 
