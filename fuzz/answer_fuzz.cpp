@@ -1,11 +1,11 @@
 // Feeds arbitrary bytes to the search for an answer. The first bytes choose the request.
 #include "comm/answer_search.h"
-
-#include <cstdlib>
+#include "fuzz/require.h"
 
 namespace {
 
 using namespace zorvane;
+using fuzz::require;
 
 Rtu_Request requestFrom(Byte_View seed) {
     const auto unit = static_cast<std::uint8_t>(1 + seed[1] % 247);
@@ -21,10 +21,6 @@ Rtu_Request requestFrom(Byte_View seed) {
     }
 }
 
-void require(bool holds) {
-    if (!holds) std::abort();
-}
-
 /// What was found must be a whole valid answer where it is said to stand, and none may stand before it.
 void checkFinding(const Rtu_Request& request, Byte_View received, std::size_t from) {
     const Finding finding = findAnswer(request, received, from);
@@ -32,11 +28,13 @@ void checkFinding(const Rtu_Request& request, Byte_View received, std::size_t fr
         static_cast<void>(faultText(whyNoAnswer(request, received, from)));
         return;
     }
-    require(finding.offset >= from && finding.offset + finding.length <= received.size());
+    require(finding.offset >= from && finding.offset + finding.length <= received.size(),
+            "an answer lies in what came in");
     const auto checked = checkAnswer(request, received.subspan(finding.offset, finding.length));
-    require(std::holds_alternative<Answer>(checked));
+    require(std::holds_alternative<Answer>(checked), "an answer that was found is a good one");
     const Byte_View before = received.first(finding.offset + finding.length - 1);
-    require(findAnswer(request, before, from).verdict != Finding::Verdict::Found);
+    require(findAnswer(request, before, from).verdict != Finding::Verdict::Found,
+            "the first answer is found");
 }
 
 /// A good answer behind the bytes is found, unless they hold one themselves.
@@ -45,8 +43,8 @@ void checkAppended(const Rtu_Request& request, Byte_View received) {
     if (request.function != Function_Code::PresetSingleRegister) return;
     Byte_Array bytes(received.begin(), received.end());
     bytes.insert(bytes.end(), echo.begin(), echo.end());
-    require(findAnswer(request, bytes).verdict == Finding::Verdict::Found);
-    require(endOfEcho(echo, bytes).has_value());
+    require(findAnswer(request, bytes).verdict == Finding::Verdict::Found, "a good answer is found");
+    require(endOfEcho(echo, bytes).has_value(), "an echo is found");
 }
 
 } // namespace

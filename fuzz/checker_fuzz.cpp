@@ -3,24 +3,18 @@
 
 #include "checker/checker.h"
 #include "fuzz/fuzz_document.h"
+#include "fuzz/require.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 
 namespace {
 
 using namespace zorvane;
 using checker::Finding;
 using checker::Severity;
-
-void require(bool holds, const char* what) {
-    if (holds) return;
-    std::fprintf(stderr, "%s\n", what);
-    std::abort();
-}
+using fuzz::require;
 
 bool hasErrorAt(const std::vector<Finding>& findings, std::int32_t line) {
     return std::any_of(findings.begin(), findings.end(), [&](const Finding& finding) {

@@ -9,6 +9,9 @@
 
 namespace zorvane::fuzz {
 
+/// The first so many lines of a text, each with its end.
+[[nodiscard]] std::string_view firstLines(std::string_view text, std::int32_t count);
+
 /// One file in memory, whatever its name.
 class One_File : public Files {
   public:
@@ -31,15 +34,21 @@ class Fuzz_Document {
     /// Whether the file was read whole; nothing when a run-time failure ended it.
     std::optional<bool> readConfiguration(std::string_view text);
 
+    /// The text of the document's file. Nothing when it is too large for a fuzzer's run, or when writing it
+    /// failed.
+    std::optional<std::string> written();
+
     /// Writes the document, unless it is too large for a fuzzer's run, and reads what was written. A document
     /// whose file fits its own template, as every one does that has a column wherever it has a row, must take
     /// it back.
     void writeAndReadBack();
 
-    [[nodiscard]] const Declara_Zorvane& document() const noexcept { return document_; }
+    [[nodiscard]] Declara_Zorvane& document() noexcept { return document_; }
+
+    /// Whether the document is small enough for a fuzzer's run, and has a column wherever it has a row.
+    [[nodiscard]] bool mayBeWritten() const;
 
   private:
-    [[nodiscard]] bool mayBeWritten() const;
     [[nodiscard]] Reading_Services services();
 
     Declara_Zorvane document_;

@@ -101,6 +101,14 @@ TEST_F(PrintCommands, ThePreviewOfTheSelectedField) {
     EXPECT_EQ(report.PrintWidth, 12240 - 2880);
 }
 
+TEST_F(PrintCommands, AStoredPlaceTooLargeForAWindowDoesNotStopThePreview) {
+    settings.texts["Zorvane/PrintDialog/Left"] = "3e388";
+    print.PrintAllPages();
+    EXPECT_THAT(journal.lines(),
+                testing::Contains("\"Preview Print All Pages\" at 3210,3075 6990x7380, zoom -2"));
+    EXPECT_EQ(print.PrintAll()->Pages.Count(), 1);
+}
+
 TEST_F(PrintCommands, ThePreviewOfAllFields) {
     print.PrintAllPages();
     EXPECT_EQ(journal.lines(),

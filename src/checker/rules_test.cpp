@@ -9,6 +9,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <ostream>
 #include <set>
 #include <utility>
 
@@ -67,6 +68,8 @@ struct Sample {
     std::vector<Edit> edits;
     std::string findings;
 };
+
+void PrintTo(const Sample& sample, std::ostream* out) { *out << sample.code; }
 
 const std::vector<Sample> samples = {
     {"byte-order-mark",

@@ -9,15 +9,23 @@ std::string hexByte(unsigned char byte) {
     return {'\\', '\'', digits[byte >> 4U], digits[byte & 0x0FU]};
 }
 
+/// A control character, or one of the five bytes of Windows-1252 that stand for no character. Readers of RTF
+/// stumble over some of them.
+bool standsForNothing(char character) {
+    return static_cast<unsigned char>(character) < 0x20 ||
+           std::string_view("\x7F\x81\x8D\x8F\x90\x9D").find(character) != std::string_view::npos;
+}
+
 std::string escaped(char character) {
-    constexpr unsigned char firstPrintable = 0x20;
+    constexpr const char* replacementCharacter = "\\u-3\\'3f";
     constexpr unsigned char lastAscii = 0x7E;
-    const auto byte = static_cast<unsigned char>(character);
     if (character == '\n') return "\\par\r\n";
     if (character == '\t') return "\\tab ";
     if (character == '\\' || character == '{' || character == '}') return {'\\', character};
-    if (byte >= firstPrintable && byte <= lastAscii) return {character};
-    return character == '\r' ? std::string() : hexByte(byte);
+    if (character == '\r') return {};
+    if (standsForNothing(character)) return replacementCharacter;
+    const auto byte = static_cast<unsigned char>(character);
+    return byte <= lastAscii ? std::string(1, character) : hexByte(byte);
 }
 
 } // namespace

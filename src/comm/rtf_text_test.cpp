@@ -11,9 +11,10 @@ TEST(RtfText, LinesAndSpecialCharacters) {
               "Port: Com 3\\par\r\n\\{a\\\\b\\}\\tab c\\par\r\n\\'e9}\r\n");
 }
 
-TEST(RtfText, ControlCharactersAreEscaped) {
-    EXPECT_NE(rtfDocument(std::string("a\x01z")).find("a\\'01z"), std::string::npos);
-    EXPECT_NE(rtfDocument("\x1F ~\x7F").find("\\'1f ~\\'7f"), std::string::npos);
+TEST(RtfText, WhatStandsForNoCharacterIsReplaced) {
+    for (const char character : {'\0', '\x01', '\x1F', '\x7F', '\x81', '\x8D', '\x8F', '\x90', '\x9D'})
+        EXPECT_NE(rtfDocument(std::string{'a', character, 'z'}).find("a\\u-3\\'3fz"), std::string::npos);
+    EXPECT_NE(rtfDocument("\x1F ~\x7F").find("\\u-3\\'3f ~\\u-3\\'3f"), std::string::npos);
 }
 
 } // namespace

@@ -14,7 +14,15 @@ namespace {
 
 constexpr double narrowestColumn = 360; ///< twips; a column without width would take its text's place away
 
+/// A control character, or one of the five bytes of Windows-1252 that stand for no character. Readers of RTF
+/// stumble over some of them.
+bool standsForNothing(char character) {
+    return static_cast<unsigned char>(character) < 0x20 ||
+           std::string_view("\x7F\x81\x8D\x8F\x90\x9D").find(character) != std::string_view::npos;
+}
+
 std::string escaped(std::string_view text) {
+    constexpr const char* replacementCharacter = "\\u-3\\'3f";
     std::string rtf;
     for (const char character : text) {
         const auto code = static_cast<unsigned char>(character);
@@ -22,7 +30,9 @@ std::string escaped(std::string_view text) {
             rtf += std::string("\\") + character;
         else if (character == '\t')
             rtf += "\\tab ";
-        else if (code < 0x20 || code >= 0x7F) {
+        else if (standsForNothing(character))
+            rtf += replacementCharacter;
+        else if (code >= 0x80) {
             std::array<char, 5> hex{};
             std::snprintf(hex.data(), hex.size(), "\\'%02x", code);
             rtf += hex.data();
@@ -33,6 +43,12 @@ std::string escaped(std::string_view text) {
 }
 
 std::string number(double value) { return std::to_string(std::lround(value)); }
+
+/// A measure of the paper, in twips. Readers of RTF take none beyond 22 inches, and nothing below 0.
+std::string measure(double twips) {
+    constexpr double largest = 31680;
+    return number(std::clamp(twips, 0.0, largest));
+}
 
 /// A list in which each value has one place.
 template <class Value> std::size_t placeIn(std::vector<Value>& list, const Value& value) {
@@ -76,15 +92,15 @@ class Rtf_Export {
 
     [[nodiscard]] std::string paper() const {
         const Page_Settings& sheet = content_.paper;
-        return "\\paperw" + number(sheet.PaperWidth) + "\\paperh" + number(sheet.PaperHeight) + "\\margl" +
-               number(sheet.LeftMargin) + "\\margr" + number(sheet.RightMargin) + "\\margt" +
-               number(sheet.TopMargin) + "\\margb" + number(sheet.BottomMargin) +
+        return "\\paperw" + measure(sheet.PaperWidth) + "\\paperh" + measure(sheet.PaperHeight) + "\\margl" +
+               measure(sheet.LeftMargin) + "\\margr" + measure(sheet.RightMargin) + "\\margt" +
+               measure(sheet.TopMargin) + "\\margb" + measure(sheet.BottomMargin) +
                (sheet.PaperWidth > sheet.PaperHeight ? "\\landscape" : "") + "\n";
     }
 
     [[nodiscard]] std::string rightEdge() const {
         const Page_Settings& sheet = content_.paper;
-        return "\\tqr\\tx" + number(sheet.PaperWidth - sheet.LeftMargin - sheet.RightMargin);
+        return "\\tqr\\tx" + measure(sheet.PaperWidth - sheet.LeftMargin - sheet.RightMargin);
     }
 
     [[nodiscard]] std::string header() const {

@@ -27,6 +27,16 @@ TEST_F(Export_Rtf, HasPaperHeaderAndFooter) {
     EXPECT_THAT(rtf, HasSubstr(" /SITE/SITE7.ABC\\tab 11/21/2026  9:05\\par}\n"));
 }
 
+TEST_F(Export_Rtf, AMeasureThatNoPaperHasStaysWithinWhatReadersTake) {
+    MainRepKVRT report(sources(), clock, host);
+    report.PageSettings.PaperHeight = 1e30;
+    report.PageSettings.LeftMargin = -1440;
+    report.PageSettings.RightMargin = 99999;
+    const std::string rtf = exportRtf(contentOf(report));
+    EXPECT_THAT(rtf, HasSubstr("\\paperw12240\\paperh31680\\margl0\\margr31680\\margt1440\\margb1440\n"));
+    EXPECT_THAT(rtf, HasSubstr("\\tqr\\tx0\\"));
+}
+
 TEST_F(Export_Rtf, APaperLyingAcrossIsSaidToBe) {
     MainRepKVRT report(sources(), clock, host);
     std::swap(report.PageSettings.PaperWidth, report.PageSettings.PaperHeight);
@@ -50,8 +60,15 @@ TEST_F(Export_Rtf, EscapesEveryText) {
     const std::string rtf = exported();
     EXPECT_THAT(rtf, HasSubstr("\\{x\\}"));
     EXPECT_THAT(rtf, HasSubstr(" back\\\\slash}"));
-    EXPECT_THAT(rtf, HasSubstr(" \\'80\\'e9\\'81}"));
+    EXPECT_THAT(rtf, HasSubstr(" \\'80\\'e9\\u-3\\'3f}"));
     EXPECT_THAT(rtf, HasSubstr(" tab\\tab here}"));
+}
+
+TEST_F(Export_Rtf, WhatStandsForNoCharacterIsReplaced) {
+    design(document.Fields(1), "x", {{"a"}}, {{std::string("nul\0, bell\x07", 11)}, {"\x7F\x9D\xFF"}});
+    const std::string rtf = exported();
+    EXPECT_THAT(rtf, HasSubstr(" nul\\u-3\\'3f, bell\\u-3\\'3f}"));
+    EXPECT_THAT(rtf, HasSubstr(" \\u-3\\'3f\\u-3\\'3f\\'ff}"));
 }
 
 TEST_F(Export_Rtf, AColumnWithoutWidthStillHasRoomForItsText) {

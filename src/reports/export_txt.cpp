@@ -24,13 +24,13 @@ class Text_Export {
     explicit Text_Export(const Report_Content& content) : content_(content) {}
 
     std::string text() && {
-        addLine(content_.title);
+        addLine(inOneLine(content_.title));
         addLine("");
         forEachPart(
             content_, [this](const Content_Row& row) { addFreeRow(row); },
             [this](std::span<const Content_Row> table) { addTable(table); });
         addLine("");
-        addLine(content_.route + "  " + content_.date);
+        addLine(inOneLine(content_.route + "  " + content_.date));
         return toUtf8(text_);
     }
 

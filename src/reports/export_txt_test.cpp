@@ -35,6 +35,11 @@ TEST_F(Export_Txt, PutsTheColumnsUnderEachOther) {
                           "/SITE/SITE7.ABC  11/21/2026  9:05\r\n");
 }
 
+TEST_F(Export_Txt, APathThatHoldsALineEndBreaksNoLine) {
+    document.File_Folder = "/site\n2/";
+    EXPECT_THAT(exported(), testing::EndsWith("\r\n/SITE 2/SITE7.ABC  11/21/2026  9:05\r\n"));
+}
+
 TEST_F(Export_Txt, WritesEveryCharacterAndBreaksNoLine) {
     document.Field_Count = 1;
     design(document.Fields(1), "x", {{"a"}, {"b"}}, {{"\x80 \xE9, \"<{\\}>\"", "1"}, {"\x80", "two\nlines"}});

@@ -39,10 +39,12 @@ Biff_Bytes beginOfStream(std::uint32_t kind) {
     return Biff_Bytes().u16(biff8).u16(kind).u16(0x0DBB).u16(0x07CC).u32(0x41).u32(0x06);
 }
 
-/// In page headers and footers, & begins a code.
+/// In page headers and footers, & begins a code. All of a header has room for 255 characters, so a text that
+/// may double has a quarter of it.
 std::string pageText(const std::string& text) {
+    constexpr std::size_t room = 60;
     std::string doubled;
-    for (const char character : text)
+    for (const char character : text.substr(0, room))
         doubled += character == '&' ? std::string("&&") : std::string(1, character);
     return doubled;
 }

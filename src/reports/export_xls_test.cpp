@@ -11,6 +11,13 @@ namespace {
 using doubles::Report_Bench;
 using testing::HasSubstr;
 
+/// A record as it stands in the stream.
+std::string recordText(Biff type, const std::string& text) {
+    Biff_Stream stream;
+    stream.record(type, Biff_Bytes().longText(text));
+    return stream.take();
+}
+
 struct Export_Xls : testing::Test, Report_Bench {
     [[nodiscard]] std::string exported(const Page_Settings& page) {
         MainRepKVRT report(sources(), clock, host);
@@ -49,6 +56,17 @@ TEST_F(Export_Xls, PrintsOnThePaperOfThePageSetUp) {
     EXPECT_THAT(exported(page), HasSubstr(setUp(9, 0))) << "A4, lying across";
     page.PaperWidth = 5000;
     EXPECT_THAT(exported(page), HasSubstr(setUp(1, 2))) << "no paper that a workbook knows";
+}
+
+TEST(Export_Xls_Content, TextsTooLongForAPageHeaderAreCut) {
+    Report_Content content;
+    content.title = std::string(4100, 'x');
+    content.route = std::string(100, '&');
+    content.date = std::string(100, 'd');
+    const std::string book = biffWorkbook(content);
+    EXPECT_THAT(book, HasSubstr(recordText(Biff::Header, "&L" + std::string(60, 'x') + "&RPage:  &P / &N")));
+    EXPECT_THAT(book, HasSubstr(recordText(Biff::Footer,
+                                           "&L" + std::string(120, '&') + "&R" + std::string(60, 'd'))));
 }
 
 } // namespace

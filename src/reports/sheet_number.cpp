@@ -5,12 +5,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace zorvane {
 
 namespace {
 
 constexpr std::size_t mostDigits = 15;
+constexpr std::size_t longestFormat = 255;
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 
@@ -42,7 +44,9 @@ std::optional<Sheet_Number> sheetNumber(std::string_view text) {
     if (!isNumeric(number) || significantDigits(number) > mostDigits) return std::nullopt;
     const double value = Val(number);
     if (!std::isfinite(value)) return std::nullopt;
-    return Sheet_Number{value, formatOf(number)};
+    std::string format = formatOf(number);
+    if (format.size() > longestFormat) return std::nullopt;
+    return Sheet_Number{value, std::move(format)};
 }
 
 } // namespace zorvane

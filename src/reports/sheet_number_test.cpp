@@ -40,5 +40,11 @@ TEST(SheetNumber, LeavesNumbersThatWouldLoseDigits) {
     EXPECT_EQ(taken("0.1234567890123456"), "text");
 }
 
+TEST(SheetNumber, LeavesNumbersWithMoreZerosThanAFormatHasRoomFor) {
+    EXPECT_EQ(taken("0." + std::string(253, '0')), "0.000000 0." + std::string(253, '0'));
+    EXPECT_EQ(taken("0." + std::string(254, '0')), "text");
+    EXPECT_EQ(taken(std::string(256, '0')), "text");
+}
+
 } // namespace
 } // namespace zorvane

@@ -142,6 +142,11 @@ TEST_F(Writing, ACommaInAValuePushesTheNextColumnsAndRejectsTheFile) {
     EXPECT_EQ(bench.cell(1, 1, 2).Value, "0") << "b is no text of its list";
 }
 
+TEST_F(Writing, ALineEndThatAControllerHeldIsWrittenAsItStands) {
+    bench.document.Fields(1).Cells(1, 1).Value = "Tank\nNorth";
+    EXPECT_NE(written().find("\r\nROW_1=Tank\nNorth,On\r\n"), std::string::npos);
+}
+
 TEST_F(Writing, AFileOfATemplateWithMoreColumnsIsRejectedAtItsFirstRow) {
     const std::string text = written();
     Reading_Bench narrow;

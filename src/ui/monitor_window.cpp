@@ -207,7 +207,7 @@ void Monitor_Window::setPlace(const Window_Place& place) {
     const QRect wanted(scale.pixelsX(place.left), scale.pixelsY(place.top), scale.pixelsX(place.width),
                        scale.pixelsY(place.height));
     if (wanted.isEmpty()) return;
-    resize(wanted.size());
+    resize(wanted.size().boundedTo(screen()->virtualSize())); // stored numbers know no bounds
     const QList<QScreen*> screens = QApplication::screens();
     const bool seen = std::any_of(screens.begin(), screens.end(), [&wanted](const QScreen* screen) {
         return screen->availableGeometry().intersects(wanted);

@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -263,6 +264,11 @@ TEST_F(Monitor_Window_Test, KeepsItsPlaceInTwips) {
     window.setPlace({-900000, 0, 9000, 6000}); // on a screen that is gone
     EXPECT_EQ(window.place().left, 1500);
     EXPECT_EQ(window.place().width, 9000);
+}
+
+TEST_F(Monitor_Window_Test, AStoredSizeBeyondTheScreensIsCutToThem) {
+    window.setPlace({0, 0, 2'000'000'000, 2'000'000'000});
+    EXPECT_EQ(window.size(), window.screen()->virtualSize());
 }
 
 TEST(TrafficModel, IsAModelAndKeepsTheNewestRowsOnly) {
