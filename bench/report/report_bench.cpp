@@ -58,17 +58,6 @@ std::unique_ptr<Declara_Zorvane> documentOf(std::int16_t rows) {
     return document;
 }
 
-class Unseen_Host final : public Main_Report_Host {
-  public:
-    void showBusy() override {}
-    void endBusy() override {}
-    void SaveConfig(const Report_Rectangle&) override {}
-    void showPages(MainRepKVRT&) override {}
-    void showFontDialog(MainRepKVRT&) override {}
-    void dropFontDialog(MainRepKVRT&) override {}
-    void exportReport(MainRepKVRT&) override {}
-};
-
 /// A document and a report of all its fields.
 struct Scene {
     explicit Scene(const benchmark::State& state)
@@ -85,7 +74,7 @@ struct Scene {
     }
     std::unique_ptr<Declara_Zorvane> document;
     Qt_Text_Metrics metrics;
-    Unseen_Host host;
+    No_Report_Windows host;
     MainRepKVRT report;
 };
 

@@ -4,7 +4,6 @@
 
 #include <QElapsedTimer>
 #include <QObject>
-#include <QPointer>
 
 #include <functional>
 #include <memory>

@@ -84,7 +84,7 @@ bool chooseTarget(const App_Context& app) {
     dialog.FileName.clear();
     dialog.DialogTitle = "Save as";
     dialog.Flags = Dialog_HideReadOnly;
-    dialog.Filter = extension + " Configuration (*." + extension + ")|*." + extension + "|";
+    dialog.Filter = filterItem(extension);
     dialog.CancelError = true;
     dialog.FilterIndex = 1;
     if (ignoringFailure([&] { dialog.ShowSave(); })) return true;

@@ -3,8 +3,6 @@
 #include "app/common_dialog.h"
 #include "comm/frame.h"
 
-#include <string>
-
 namespace zorvane {
 
 /// Parts of the main form that the document commands show, hide and disable.

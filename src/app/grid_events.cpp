@@ -3,6 +3,7 @@
 #include "app/cell_description.h"
 #include "grids/flx_configuration.h"
 #include "grids/flx_settings.h"
+#include "grids/stopping_on_failure.h"
 
 namespace zorvane {
 

@@ -4,12 +4,13 @@
 #include "app/grid_events.h"
 #include "app/port_store.h"
 #include "app/recovery_keeper.h"
+#include "comm/cancel.h"
 #include "comm/monitor.h"
 #include "comm/online.h"
 #include "comm/transfer_records.h"
 #include "comm/upload.h"
 #include "grids/fill_settings.h"
-#include "grids/flx_settings.h"
+#include "grids/stopping_on_failure.h"
 #include "ui/frm_debug.h"
 #include "ui/text.h"
 #include "values/numbers.h"
@@ -92,13 +93,7 @@ void KVRT_Principal::connectForm() {
     frame_.grids().refill = [this](std::int32_t row) {
         PRO_Llena_Settings(app_.grids, toInteger(row), false);
     };
-    Porcentaje_Hooks& hooks = frame_.Porcentaje().hooks;
-    hooks.pauseScan = [this] { link().PauseScan(); };
-    hooks.ask = [this](const QString& prompt, int style, const QString& title) {
-        return frame_.ask(prompt, style, title);
-    };
-    hooks.abort = [this] { form_.Cancel_Requested = true; };
-    hooks.resumeScan = [this] { link().ResumeScan(); };
+    frame_.Porcentaje().hooks.cancel = [this] { BOT_Cancel_Click(app_.grids.comm); };
 }
 
 void KVRT_Principal::connectTimers() {

@@ -23,7 +23,7 @@ Line_Parts::Line_Parts(const App_Context& app, Window_Frame& frame, const std::s
 std::string Line_Parts::openTemplate() const {
     const std::string& type = app_.state.documentType;
     if (type.empty()) return {};
-    return pathToNative(Native_Files().found(app_.applicationFolder + "/" + type + ".ZTP"));
+    return pathToNative(Native_Files().found(app_.applicationFolder + folderSeparator + type + ".ZTP"));
 }
 
 std::int32_t Line_Parts::testRegister() const {

@@ -8,6 +8,7 @@
 #include "grids/fill_configuration.h"
 #include "grids/fill_settings.h"
 #include "template/file_names.h"
+#include "template/offered_models.h"
 #include "template/pro_actualiza_archivo.h"
 #include "values/code_page.h"
 
@@ -24,12 +25,10 @@ std::vector<std::string> offerTemplates(const App_Context& app) {
     const std::string saved =
         upperCase(app.settings.GetSetting(applicationTitle, "MainWindow", filterKey, std::string{}));
     std::vector<std::string> items;
-    for (const std::string& name : app.files.list(app.applicationFolder)) {
-        const auto [stem, extension] = splitName(name);
-        if (extension != "ZTP") continue;
-        items.push_back(filterItem(stem));
-        app.state.Filter_Text += items.back();
-        if (upperCase(items.back()) == saved) app.frame.dialog().FilterIndex = static_cast<int>(items.size());
+    for (const Offered_Model& model : offeredModels(app.files, app.applicationFolder)) {
+        items.push_back(model.filter);
+        app.state.Filter_Text += model.filter;
+        if (upperCase(model.filter) == saved) app.frame.dialog().FilterIndex = static_cast<int>(items.size());
     }
     return items;
 }

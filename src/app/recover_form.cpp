@@ -36,7 +36,8 @@ constexpr std::array columns = {
 
 } // namespace
 
-Recover_Form::Recover_Form(std::vector<Recovery_Entry> entries, Remove_Copy remove, Ask ask, QWidget* parent)
+Recover_Form::Recover_Form(std::vector<Recovery_Entry> entries, Remove_Copy remove, Ask_User ask,
+                           QWidget* parent)
     : QDialog(parent), entries_(std::move(entries)), remove_(std::move(remove)), ask_(std::move(ask)) {
     giveName(*this, QStringLiteral("FrmRecover"));
     setWindowTitle(QStringLiteral("Recover"));
@@ -70,7 +71,7 @@ void Recover_Form::addTable() {
     table_->setTabKeyNavigation(false);
     table_->setShowGrid(false);
     table_->installEventFilter(this);
-    connect(table_, &QTableWidget::itemSelectionChanged, this, [this] { update(); });
+    connect(table_, &QTableWidget::itemSelectionChanged, this, [this] { showState(); });
     connect(table_, &QTableWidget::cellDoubleClicked, this, [this] { accept(); });
 }
 
@@ -105,7 +106,7 @@ void Recover_Form::fillTable() {
     for (int c = 0; c < table_->columnCount(); ++c)
         table_->setColumnWidth(c, table_->columnWidth(c) + scaleOf(*this).pixelsX(columnMargin));
     if (!entries_.empty()) table_->selectRow(0);
-    update();
+    showState();
 }
 
 std::optional<std::size_t> Recover_Form::current() const {
@@ -119,7 +120,7 @@ std::optional<Recovery_Entry> Recover_Form::chosen() const {
     return index ? std::optional(entries_[*index]) : std::nullopt;
 }
 
-void Recover_Form::update() {
+void Recover_Form::showState() {
     words_->setText(entries_.empty()
                         ? QStringLiteral("No document with unsaved changes has been kept.")
                         : QStringLiteral("Documents with changes that were not saved. A copy opens as a "

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/recovery.h"
+#include "ui/fixed_dialog.h"
 
 #include <QDialog>
 
@@ -19,9 +20,8 @@ namespace zorvane {
 class Recover_Form final : public QDialog {
   public:
     using Remove_Copy = std::function<void(const Recovery_Entry& entry)>;
-    using Ask = std::function<int(const QString& prompt, int style, const QString& title)>;
 
-    Recover_Form(std::vector<Recovery_Entry> entries, Remove_Copy remove, Ask ask, QWidget* parent);
+    Recover_Form(std::vector<Recovery_Entry> entries, Remove_Copy remove, Ask_User ask, QWidget* parent);
 
     /// The copy to open, after the dialog was accepted.
     [[nodiscard]] std::optional<Recovery_Entry> chosen() const;
@@ -34,12 +34,12 @@ class Recover_Form final : public QDialog {
     void addButtons();
     void fillTable();
     void deleteChosen();
-    void update();
+    void showState();
     [[nodiscard]] std::optional<std::size_t> current() const;
 
     std::vector<Recovery_Entry> entries_;
     Remove_Copy remove_;
-    Ask ask_;
+    Ask_User ask_;
     QTableWidget* table_ = nullptr;
     QLabel* words_ = nullptr;
     QPushButton* open_ = nullptr;

@@ -3,6 +3,7 @@
 #include "app/font_size.h"
 #include "app/menu_state.h"
 #include "reports/byte_file.h"
+#include "reports/qt_report_clock.h"
 #include "template/native_files.h"
 #include "ui/font_dialog.h"
 #include "ui/icons.h"
@@ -13,14 +14,12 @@
 #include "ui/text.h"
 
 #include <QApplication>
-#include <QDate>
 #include <QFileDialog>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <QTextEdit>
-#include <QTime>
 
 namespace zorvane {
 
@@ -28,19 +27,12 @@ namespace {
 
 const std::string animationFile = "Barra.avi";
 const std::string cannotPrint = "The report can't be printed. Please verify the printer...";
-constexpr int toolPictureSetup = 101;
-
-Report_Time presentTime() {
-    const QTime time = QTime::currentTime();
-    return {toCore(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat)), time.hour(),
-            time.minute()};
-}
 
 std::vector<Preview_Tool> toolsOf(MainRepKVRT& report) {
     std::vector<Preview_Tool> tools;
     for (std::size_t index = 1; index <= report.Tools.Count(); ++index) {
         const Report_Tool& tool = report.Tools.Item(index);
-        const QIcon picture = tool.picture == toolPictureSetup ? icon(QStringLiteral("page_setup")) : QIcon();
+        const QIcon picture = tool.picture == pageSetupPicture ? icon(QStringLiteral("page_setup")) : QIcon();
         tools.push_back(
             {fromCore(tool.Caption), fromCore(tool.Tooltip), picture, tool.Visible, tool.Enabled});
     }

@@ -12,7 +12,6 @@
 
 #include <functional>
 #include <map>
-#include <memory>
 
 class QDialog;
 class QFileDialog;

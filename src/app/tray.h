@@ -2,7 +2,6 @@
 
 #include "app/app_context.h"
 
-#include <cstdint>
 #include <string>
 
 namespace zorvane {

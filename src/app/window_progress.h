@@ -4,7 +4,6 @@
 #include "ui/porcentaje.h"
 
 #include <cstdint>
-#include <functional>
 
 namespace zorvane {
 

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <limits>
 
 namespace zorvane {
@@ -44,9 +44,11 @@ void requireSingles(const Window_Rectangle& place) {
 
 std::string singleText(double value) {
     // A number of single precision has seven digits worth writing.
-    std::array<char, 32> digits{};
-    std::snprintf(digits.data(), digits.size(), "%.7g", value);
-    return numberText(Val(digits.data()));
+    constexpr int digits = 7;
+    std::array<char, 32> text{};
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::general, digits).ptr;
+    return numberText(Val({text.data(), static_cast<std::size_t>(end - text.data())}));
 }
 
 bool hasStoredRectangle(Settings_Store& store, const std::string& section) {

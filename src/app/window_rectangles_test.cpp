@@ -1,6 +1,7 @@
 #include "app/frame_life.h"
 #include "app/testing/app_bench.h"
 #include "app/window_rectangles.h"
+#include "values/testing/comma_locale.h"
 
 #include <gtest/gtest.h>
 
@@ -131,6 +132,13 @@ TEST_F(WindowRectangles, TheMonitorsIsStoredAsTextOfWholeNumbers) {
     EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Top"], "-22");
     EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Width"], "33");
     EXPECT_EQ(settings.texts["Zorvane/ModbusDialog/Height"], "44");
+}
+
+TEST(SingleText, HasThePointInEveryLocale) {
+    const doubles::Comma_Locale locale;
+    EXPECT_EQ(singleText(708.6614), "708.6614");
+    EXPECT_EQ(singleText(1440.0), "1440");
+    EXPECT_EQ(singleText(0.00012345678), "0.0001234568");
 }
 
 } // namespace

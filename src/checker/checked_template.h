@@ -117,8 +117,11 @@ struct Scan_Block {
 class Checked_Template {
   public:
     Checked_Template(std::string_view fileName, std::string_view text);
+    ~Checked_Template() = default;
     Checked_Template(const Checked_Template&) = delete;
+    Checked_Template(Checked_Template&&) = delete;
     Checked_Template& operator=(const Checked_Template&) = delete;
+    Checked_Template& operator=(Checked_Template&&) = delete;
 
     [[nodiscard]] const std::string& fileName() const { return fileName_; }
     [[nodiscard]] const std::vector<Source_Line>& lines() const { return lines_; }

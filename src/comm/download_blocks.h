@@ -2,6 +2,7 @@
 
 #include "comm/register_image.h"
 #include "template/board_family.h"
+#include "template/model/block_kind.h"
 #include "template/model/declara_zorvane.h"
 #include "values/checked_array.h"
 
@@ -10,9 +11,6 @@
 #include <vector>
 
 namespace zorvane {
-
-/// The values of `Block_Kind`.
-enum class Block_Kind : std::int16_t { Numeric = 0, Message_List = 1, Ascii = 2 };
 
 /// The first and last register of a block.
 struct Register_Range {

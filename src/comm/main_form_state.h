@@ -24,20 +24,22 @@ struct Main_Form_State {
     bool Upload_Active = false;
     bool Download_Active = false;
     bool Transfer_Was_Upload = false; ///< the last transfer, which the records are of
-    std::int16_t Saved_Transaction = 0;
-    std::int16_t Retry_Count = 0;
-    std::int32_t Scan_Index = 0;
-    std::int16_t First_Scan_Index = 0;
-    std::uint8_t Pass_Count = 0;
-    std::int32_t Scan_Passes = 1;
-    std::uint64_t Upload_Edition = 0; ///< `Edition` of the document that the upload is for
-    bool Write_Busy = false;
-    bool Nothing_Sent = false;
+    // The upload.
+    std::int16_t Saved_Transaction = 0; ///< the link's transaction count at the last tick
+    std::int16_t Retry_Count = 0;       ///< exchanges of the present block so far
+    std::int32_t Scan_Index = 0;        ///< the block being read, from 1
+    std::int16_t First_Scan_Index = 0;  ///< the block with which each pass begins
+    std::uint8_t Pass_Count = 0;        ///< whole passes so far
+    std::int32_t Scan_Passes = 1;       ///< passes that an upload takes
+    std::uint64_t Upload_Edition = 0;   ///< `Edition` of the document that the upload is for
 
-    std::string Poll_Request; ///< `Current_Request` at the start of the last refresh or online fill
-    bool Comm_Lost_Now = false;
-    bool Lost_Shown = false; ///< the user has been told of the lost link
-    std::int32_t Saved_Tx_Count = 0;
+    bool Write_Busy = false;   ///< the link had a write under way when it was last asked
+    bool Nothing_Sent = false; ///< the download's present cell names no register
+
+    std::string Poll_Request;        ///< `Current_Request` at the start of the last refresh or online fill
+    bool Comm_Lost_Now = false;      ///< the link was lost at the last refresh
+    bool Lost_Shown = false;         ///< the user has been told of the lost link
+    std::int32_t Saved_Tx_Count = 0; ///< what the two lights last saw of the link's counts
     std::int32_t Saved_Rx_Count = 0;
     /// Left, top, width and height of the monitor window, in twips, when the settings had them at start-up.
     std::optional<std::array<std::int32_t, 4>> Monitor_Place;

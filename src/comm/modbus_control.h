@@ -23,6 +23,7 @@ class modbus_control : public Link_Notice {
     /// Chooses the port by number and its line settings, as "9600,n,8,1": baud, parity letter, data and stop
     /// bits.
     virtual void SetCommPort(std::int16_t port, const std::string& settings) = 0;
+    /// The dialog of the port settings. A modal one is closed again when this returns.
     virtual void ShowPortSettings(bool modal) = 0;
     /// Six texts: slave number, line settings, port, retries, time-out in ms, RTS/TX delay in ms.
     [[nodiscard]] virtual std::vector<std::string> PortParameters() const = 0;
@@ -34,8 +35,10 @@ class modbus_control : public Link_Notice {
     /// Empties the block list and sets the address base back to 0.
     virtual void ClearBlocks() = 0;
     /// Appends a block of registers `first` to `last` for the scan modes that its request word belongs to.
+    /// `slave` is read and left as it is; `flag` plays no part.
     virtual void AddScanBlock(std::int32_t first, std::int32_t last, bool flag, const std::string& request,
                               std::int32_t& slave) = 0;
+    /// A block of slave `unit` with the request word "NONE"; `flag` and `count` play no part.
     virtual void AddHoldingBlock(std::int16_t unit, std::int16_t first, std::int16_t last, bool flag,
                                  std::int16_t count) = 0;
 
@@ -44,19 +47,25 @@ class modbus_control : public Link_Notice {
     /// "NONE" covers every block; any other word covers the blocks with that request word.
     virtual void SetScanMode(const std::string& mode) = 0;
     [[nodiscard]] virtual std::string ScanMode() const = 0;
+    /// How many blocks the mode covers.
     [[nodiscard]] virtual std::int32_t ScanBlockCount() const = 0;
     /// Index (from 1) of the block now scanned. It comes back to its first value after a whole pass.
     [[nodiscard]] virtual std::int32_t ScanBlockIndex() const = 0;
+    /// The scan begins anew at the first block of the mode.
     virtual void ResetScan() = 0;
     /// Opens the port for the selected mode.
     virtual void PrepareScan() = 0;
+    /// Wishes for the scan, which then runs whenever the port is open and nothing pauses it, until
+    /// `EndSession` takes the wish back. In either order with `PrepareScan`.
     virtual void StartScan() = 0;
     virtual void EndSession() = 0;
     /// Drops pending requests; a pending write ends as failed.
     virtual void StopScan() = 0;
     virtual void ClosePort() = 0;
+    /// Between these two no scan request goes out; writes do.
     virtual void PauseScan() = 0;
     virtual void ResumeScan() = 0;
+    /// The same as `PrepareScan`.
     virtual void OpenPort() = 0;
 
     // Results.
@@ -67,6 +76,7 @@ class modbus_control : public Link_Notice {
                                                      bool isSigned = true) const = 0;
     /// Goes up, with wrap, at each finished exchange, success or not, retries included.
     [[nodiscard]] virtual std::uint8_t TransactionCount() const = 0;
+    /// The last request of the scan had no answer or an exception for one.
     [[nodiscard]] virtual bool LastRequestFailed() const = 0;
     /// A request had no valid answer after all its tries; the next valid answer, exceptions included, clears
     /// it.
@@ -78,8 +88,11 @@ class modbus_control : public Link_Notice {
     [[nodiscard]] virtual std::string ExchangeLine1() const = 0;
     /// "Rx: " and the bytes received, or the reason why there are none.
     [[nodiscard]] virtual std::string ExchangeLine2() const = 0;
+    /// Sets `TransactionCount`, `TxCount` and `RxCount` to 0.
     virtual void ClearCounters() = 0;
+    /// Empties the two exchange lines and the last response, and takes `LastRequestFailed` back.
     virtual void ResetTransferLog() = 0;
+    /// Requests that went out, and those to which anything came in, retries included.
     [[nodiscard]] virtual std::int32_t TxCount() const = 0;
     [[nodiscard]] virtual std::int32_t RxCount() const = 0;
 

@@ -9,8 +9,6 @@
 #include "comm/traffic_observer.h"
 #include "comm/write_queue.h"
 
-#include <optional>
-
 namespace zorvane {
 
 /// What the link tells about its exchanges.
@@ -42,6 +40,8 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
 
     Modbus_Link(const Parts& parts, const Port_Settings& settings);
     ~Modbus_Link() override;
+    Modbus_Link(const Modbus_Link&) = delete;
+    Modbus_Link& operator=(const Modbus_Link&) = delete;
 
     /// Takes effect at once: an open port is closed and opened again with the new settings.
     void setPortSettings(const Port_Settings& settings);

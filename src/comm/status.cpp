@@ -2,6 +2,7 @@
 
 #include "comm/download.h"
 #include "comm/session.h"
+#include "comm/transfer_records.h"
 #include "comm/upload.h"
 
 namespace zorvane {

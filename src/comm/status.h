@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/comm_context.h"
-#include "comm/transfer_records.h"
+#include "comm/transfer_texts.h"
 
 #include <cstdint>
 

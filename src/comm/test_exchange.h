@@ -33,6 +33,8 @@ class Test_Exchange final : private Transaction_Owner {
     /// Both must outlive it.
     Test_Exchange(Byte_Port& port, Link_Clock& clock);
     ~Test_Exchange() override;
+    Test_Exchange(const Test_Exchange&) = delete;
+    Test_Exchange& operator=(const Test_Exchange&) = delete;
 
     /// Opens the port, asks once and closes the port; then `done` is called, once. REQUIRES: `!running()`,
     /// usable settings.

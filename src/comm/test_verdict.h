@@ -24,10 +24,6 @@ struct Test_Verdict {
     Verdict_Kind kind = Verdict_Kind::Good;
     std::string headline;
     std::vector<std::string> advice;
-
-    [[nodiscard]] bool unitIsThere() const {
-        return kind == Verdict_Kind::Good || kind == Verdict_Kind::Exception || kind == Verdict_Kind::NoEcho;
-    }
 };
 
 [[nodiscard]] Test_Verdict testVerdict(const Test_Request& request, const Test_Report& report);

@@ -190,12 +190,6 @@ TEST(TestVerdict, AsksOneSilenceAfterThePortWasOpened) {
     EXPECT_EQ(sentAt, opened + frameSilence(bench.request.settings.line));
 }
 
-TEST(TestVerdict, TheUnitIsThereWhenItRefuses) {
-    EXPECT_TRUE((Test_Verdict{Verdict_Kind::Exception, {}, {}}.unitIsThere()));
-    EXPECT_FALSE((Test_Verdict{Verdict_Kind::Silence, {}, {}}.unitIsThere()));
-    EXPECT_FALSE((Test_Verdict{Verdict_Kind::Echo, {}, {}}.unitIsThere()));
-}
-
 TEST(TestVerdict, ASilentSimulatedControllerIsStartedAnew) {
     Test_Bench bench;
     bench.request.settings.port = simulatedPortName;

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <vector>
 
 namespace zorvane {
 
@@ -26,25 +25,5 @@ using Debug_Line = std::function<void(const std::string& line)>;
 /// `debug` (which may be empty) and a record to the log.
 void modbus_control_Event10(Main_Form_State& form, const Debug_Line& debug, const std::string& line1,
                             const std::string& line2);
-
-/// What the text of a transfer's outcome is made of.
-struct Transfer_Status {
-    std::string TransferMethod;              ///< "Upload to PC" or "Download to Device"
-    std::vector<std::string> PortParameters; ///< as the link gives them
-    std::vector<Info_Rec_Errors> DataErrors;
-    std::vector<Info_Rec_Errors> DataWriting;
-
-    [[nodiscard]] bool isUpload() const;
-};
-
-/// The text for `TransferMethod`.
-[[nodiscard]] std::string transferMethod(bool isUpload);
-
-/// The report: port, line and every failed exchange. Lines end in CR LF. A failure inside leaves the text so
-/// far.
-[[nodiscard]] std::string PRO_Arma_Resumen(const Transfer_Status& status);
-
-/// The log of all exchanges under the header "MODBUS MONITOR DATA".
-[[nodiscard]] std::string PRO_Arma_Monitor(const Transfer_Status& status);
 
 } // namespace zorvane

@@ -1,4 +1,5 @@
-#include "comm/transfer_records.h"
+#include "comm/transfer_texts.h"
+
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/run_time_failure.h"

@@ -9,8 +9,6 @@
 #include "values/numbers.h"
 #include "values/run_time_failure.h"
 
-#include <limits>
-
 namespace zorvane {
 
 namespace {

@@ -60,12 +60,4 @@ struct Call_Entry {
 [[nodiscard]] std::unique_ptr<Call> makeShowCall();
 [[nodiscard]] std::unique_ptr<Call> makeSetCall();
 
-/// Understands a command line (without the program's name, UTF-8) and runs the call that it names. `--json`
-/// and `--app-dir` belong to every call. Gives the exit code.
-[[nodiscard]] int runProgram(const std::vector<Call_Entry>& calls, const std::vector<std::string>& arguments,
-                             Surroundings surroundings);
-
-/// A folder as messages name it: without the separator at its end.
-[[nodiscard]] std::string withoutEndSeparator(std::string folder);
-
 } // namespace zorvane

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "comm/download_request.h"
 #include "comm/frame.h"
 
 #include <functional>
@@ -43,12 +44,8 @@ class Held_Progress : public Progress_Form {
     Progress_State state_ = Progress_State::Waiting;
 };
 
-/// Where the user of the window would stand in the two grids.
-struct Grid_Selection {
-    std::int32_t field = 1;          ///< the row of the upper grid
-    std::int32_t settingsRow = 0;    ///< of the lower grid, from 0
-    std::int32_t settingsColumn = 0; ///< of the lower grid, from 0
-};
+/// Where the user of the window would stand before choosing anything.
+inline constexpr Grid_Selection firstField{1, 0, 0};
 
 /// Two grids that show nothing: they have the document's rows and a current cell.
 class Held_Grids : public Grid_View {
@@ -57,9 +54,9 @@ class Held_Grids : public Grid_View {
         : rows_(fields + 1), selection_(selection) {}
 
     [[nodiscard]] std::int32_t configurationRows() const override { return rows_; }
-    [[nodiscard]] std::int32_t configurationRow() const override { return selection_.field; }
+    [[nodiscard]] std::int32_t configurationRow() const override { return selection_.configurationRow; }
     [[nodiscard]] std::int32_t settingsRow() const override { return selection_.settingsRow; }
-    [[nodiscard]] std::int32_t settingsCol() const override { return selection_.settingsColumn; }
+    [[nodiscard]] std::int32_t settingsCol() const override { return selection_.settingsCol; }
     void refillSettings(std::int32_t /*row*/) override {}
     void setSettingsText(std::int32_t row, std::int32_t col, const std::string& text) override {
         if (onText) onText(row, col, text);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ctl/failure_note.h"
+
 #include <nlohmann/json.hpp>
 
 #include <iosfwd>
@@ -11,12 +13,6 @@ namespace zorvane {
 
 /// JSON whose members keep the order in which they were set.
 using Json = nlohmann::ordered_json;
-
-/// A run-time failure as the user is told of it.
-struct Failure_Note {
-    int number = 0;
-    std::string description;
-};
 
 /// The system's text (Windows-1252) as a JSON string (UTF-8).
 [[nodiscard]] Json jsonText(std::string_view text);

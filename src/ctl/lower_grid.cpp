@@ -45,7 +45,7 @@ Shown_Grid showField(Declara_Zorvane& document, std::int32_t field,
     Main_Form_State form;
     form.Online = scene.has_value();
     if (scene) form.Current_Request = scene->request;
-    Held_Frame frame(document.Field_Count, {});
+    Held_Frame frame(document.Field_Count, firstField);
     Shown_Grid shown;
     shown.table = settingsTable(Comm_Context{document, form, link, frame}, field);
     shown.failure = noteOf(shown.table.failure);
@@ -55,7 +55,7 @@ Shown_Grid showField(Declara_Zorvane& document, std::int32_t field,
 Entry_Note commitEntry(Declara_Zorvane& document, const Cell_Place& place, const std::string& text) {
     Dry_Run_Link link;
     Main_Form_State form;
-    Telling_Frame frame(document.Field_Count, Grid_Selection{});
+    Telling_Frame frame(document.Field_Count, firstField);
     Entry_Note note;
     note.outcome =
         enterValue(Comm_Context{document, form, link, frame}, place.field, place.row, place.column, text);

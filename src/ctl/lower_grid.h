@@ -1,5 +1,6 @@
 #pragma once
 
+#include "comm/download_request.h"
 #include "ctl/opened_document.h"
 #include "ctl/register_file.h"
 #include "grids/terminal_grids.h"
@@ -27,13 +28,6 @@ struct Shown_Grid {
 /// Fills the lower grid with a field: offline, or online on a register image.
 [[nodiscard]] Shown_Grid showField(Declara_Zorvane& document, std::int32_t field,
                                    const std::optional<Online_Scene>& scene);
-
-/// A cell of a field, all numbers from 1.
-struct Cell_Place {
-    std::int32_t field = 0;
-    std::int32_t row = 0;
-    std::int32_t column = 0;
-};
 
 /// What came of a user's entry while offline, and what he was told.
 struct Entry_Note {

@@ -1,5 +1,6 @@
 #include "ctl/painted_calls.h"
 #include "ctl/port_calls.h"
+#include "ctl/program.h"
 #include "template/native_files.h"
 
 #include <QFileInfo>

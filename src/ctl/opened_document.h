@@ -66,14 +66,4 @@ struct Opening {
 /// what comes after the failing statement is done all the same. No file is rewritten.
 [[nodiscard]] Opened_Document openDocument(const Opening& opening);
 
-/// Runs one step and keeps its run-time failure.
-template <class Statement> [[nodiscard]] std::optional<Failure_Note> failureOf(Statement&& statement) {
-    try {
-        std::forward<Statement>(statement)();
-        return std::nullopt;
-    } catch (const Run_Time_Failure& failure) {
-        return Failure_Note{failure.number(), failure.description()};
-    }
-}
-
 } // namespace zorvane

@@ -1,4 +1,5 @@
-#include "ctl/call.h"
+#include "ctl/program.h"
+
 #include "ctl/command_line.h"
 #include "template/native_files.h"
 
@@ -6,7 +7,6 @@
 
 #include <algorithm>
 #include <ostream>
-#include <utility>
 
 namespace zorvane {
 

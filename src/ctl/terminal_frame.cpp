@@ -5,8 +5,6 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 
-#include <algorithm>
-
 namespace zorvane {
 
 namespace {

@@ -10,8 +10,8 @@
 namespace zorvane {
 
 /// The main form of a program in a terminal: waits serve the event loop, the timers of the upload and of the
-/// live refresh tick, and people
-/// see the progress, the failed writes and the link's messages. REQUIRES: a QCoreApplication.
+/// live refresh tick, and people see the progress, the failed writes and the link's messages. REQUIRES: a
+/// QCoreApplication.
 class Terminal_Frame : public Held_Frame {
   public:
     Terminal_Frame(std::int32_t fields, const Grid_Selection& selection, std::ostream& err, bool terminal);

@@ -21,7 +21,8 @@ using testing::IsEmpty;
 /// A frame whose waits let the scripted link go on and the upload's timer tick.
 class Stepping_Frame : public Held_Frame {
   public:
-    explicit Stepping_Frame(Comm_Bench& bench) : Held_Frame(bench.document.Field_Count, {}), bench_(bench) {}
+    explicit Stepping_Frame(Comm_Bench& bench)
+        : Held_Frame(bench.document.Field_Count, firstField), bench_(bench) {}
 
     std::function<void()> step; ///< one event of the link
     void wait_until(const std::function<bool()>& condition) override {

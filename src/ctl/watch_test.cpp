@@ -16,7 +16,8 @@ using ::testing::Contains;
 /// A frame whose waits let the scan go on and the live refresh tick.
 class Ticking_Frame : public Held_Frame {
   public:
-    explicit Ticking_Frame(Comm_Bench& bench) : Held_Frame(bench.document.Field_Count, {}), bench_(bench) {}
+    explicit Ticking_Frame(Comm_Bench& bench)
+        : Held_Frame(bench.document.Field_Count, firstField), bench_(bench) {}
 
     std::function<void()> step;
     void setTimerEnabled(Timer_Name timer, bool enabled) override {

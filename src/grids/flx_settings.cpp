@@ -60,9 +60,4 @@ void FLX_Settings_MouseMove(const Grid_Context& grids, std::int16_t /*Button*/, 
     grids.windows.updateColumnTip();
 }
 
-void tellRunTimeFailure(Frame& frame, const Run_Time_Failure& failure) {
-    frame.Msgb_Show("Run-time error '" + std::to_string(failure.number()) + "': " + failure.description(),
-                    Msgb_Critical, applicationTitle);
-}
-
 } // namespace zorvane

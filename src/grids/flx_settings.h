@@ -3,7 +3,6 @@
 #include "grids/grid_context.h"
 
 #include <cstdint>
-#include <utility>
 
 namespace zorvane {
 
@@ -31,17 +30,5 @@ void FLX_Settings_KeyUp(const Grid_Context& grids, std::int16_t KeyCode, std::in
 /// Records the mouse position, in twips, and starts the column tip.
 void FLX_Settings_MouseMove(const Grid_Context& grids, std::int16_t Button, std::int16_t Shift, float X,
                             float Y);
-
-/// The message for a run-time failure that nothing handled.
-void tellRunTimeFailure(Frame& frame, const Run_Time_Failure& failure);
-
-/// Runs a handler for the window: a run-time failure stops it with a message and the program goes on.
-template <class Handler> void stoppingOnFailure(Frame& frame, Handler&& handler) {
-    try {
-        std::forward<Handler>(handler)();
-    } catch (const Run_Time_Failure& failure) {
-        tellRunTimeFailure(frame, failure);
-    }
-}
 
 } // namespace zorvane

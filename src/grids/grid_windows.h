@@ -1,7 +1,5 @@
 #pragma once
 
-#include <cstdint>
-
 namespace zorvane {
 
 /// Where the mouse and the lower grid are, as far as the heading's hit test needs it.

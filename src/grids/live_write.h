@@ -2,7 +2,6 @@
 
 #include "grids/grid_context.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 

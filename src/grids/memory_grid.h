@@ -2,7 +2,6 @@
 
 #include "grids/vsflexgrid.h"
 
-#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>

@@ -1,6 +1,7 @@
 #include "reports/biff_records.h"
 
 #include "values/code_page.h"
+#include "values/utf8.h"
 
 #include <algorithm>
 #include <bit>
@@ -21,15 +22,8 @@ void addNumber(std::string& bytes, std::uint64_t value, int count) {
 std::string toUtf16(std::string_view text) {
     const std::string utf8 = toUtf8(text);
     std::string wide;
-    for (std::size_t place = 0; place < utf8.size();) {
-        // Windows-1252 has characters of one to three bytes of UTF-8 only.
-        const auto lead = static_cast<unsigned char>(utf8[place++]);
-        const int more = lead < 0x80 ? 0 : lead < 0xE0 ? 1 : 2;
-        unsigned code = more == 0 ? lead : lead & (more == 1 ? 0x1FU : 0x0FU);
-        for (int index = 0; index < more; ++index)
-            code = code << 6 | (static_cast<unsigned char>(utf8[place++]) & 0x3FU);
-        addNumber(wide, code, 2);
-    }
+    for (std::size_t place = 0; place < utf8.size();)
+        addNumber(wide, takeUtf8(utf8, place), 2); // no character of Windows-1252 needs more
     return wide;
 }
 

@@ -8,7 +8,9 @@
 
 namespace zorvane {
 
-/// The records of a BIFF8 workbook stream that reports are made of.
+/// The records of a BIFF8 workbook stream that reports are made of. Their numbers and contents are those of
+/// "[MS-XLS]: Excel Binary File Format (.xls) Structure", 2.3 and 2.4
+/// (https://learn.microsoft.com/openspecs/office_file_formats/ms-xls).
 enum class Biff : std::uint16_t {
     Eof = 0x000A,
     CalcMode = 0x000D,
@@ -38,7 +40,7 @@ enum class Biff : std::uint16_t {
     Bof = 0x0809,
 };
 
-inline constexpr std::size_t biffLargestRecord = 8224; ///< bytes of data
+inline constexpr std::size_t biffLargestRecord = 8224; ///< bytes of data (2.1.4)
 
 /// Bytes of a record, numbers with their low byte first.
 class Biff_Bytes {

@@ -79,14 +79,9 @@ class Html_Export {
         html_ = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" +
                 escaped(content_.title + " " + content_.route) + "</title>\n<style>\n" + look +
                 "</style>\n</head>\n<body>\n<header>" + escaped(content_.title) + "</header>\n";
-        for (std::size_t row = 0; row < content_.rows.size();) {
-            const auto table = tableAt(content_, row);
-            if (table.empty())
-                addFreeRow(content_.rows[row++]);
-            else
-                addTable(table);
-            row += table.size();
-        }
+        forEachPart(
+            content_, [this](const Content_Row& row) { addFreeRow(row); },
+            [this](std::span<const Content_Row> table) { addTable(table); });
         html_ += "<footer><span class=\"date\">" + escaped(content_.date) + "</span>" +
                  escaped(content_.route) + "</footer>\n</body>\n</html>\n";
         return std::move(html_);

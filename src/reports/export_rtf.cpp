@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
 #include <cstdio>
 #include <string_view>
 
@@ -66,14 +65,9 @@ class Rtf_Export {
     explicit Rtf_Export(const Report_Content& content) : content_(content) {}
 
     std::string text() && {
-        for (std::size_t row = 0; row < content_.rows.size();) {
-            const auto table = tableAt(content_, row);
-            if (table.empty())
-                addFreeRow(content_.rows[row++]);
-            else
-                addTable(table);
-            row += table.size();
-        }
+        forEachPart(
+            content_, [this](const Content_Row& row) { addFreeRow(row); },
+            [this](std::span<const Content_Row> table) { addTable(table); });
         const std::string pages = header() + footer();
         return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1\n" + fontTable() + colourTable() + paper() + pages +
                "\\pard\\plain\n" + body_ + "}\n";

@@ -26,14 +26,9 @@ class Text_Export {
     std::string text() && {
         addLine(inOneLine(content_.title));
         addLine("");
-        for (std::size_t row = 0; row < content_.rows.size();) {
-            const auto table = tableAt(content_, row);
-            if (table.empty())
-                addFreeRow(content_.rows[row++]);
-            else
-                addTable(table);
-            row += table.size();
-        }
+        forEachPart(
+            content_, [this](const Content_Row& row) { addFreeRow(row); },
+            [this](std::span<const Content_Row> table) { addTable(table); });
         addLine("");
         addLine(inOneLine(content_.route + "  " + content_.date));
         return toUtf8(text_);

@@ -2,10 +2,11 @@
 
 #include "reports/biff_records.h"
 #include "reports/biff_styles.h"
+#include "reports/paper_kinds.h"
 #include "reports/sheet_number.h"
+#include "values/twips.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <unordered_map>
 
@@ -18,30 +19,10 @@ constexpr std::size_t sheetColumns = 256;
 constexpr std::size_t longestText = 32767;
 constexpr double twipsOfCharacter = 105; ///< a digit of the default font, by which columns are measured
 constexpr double widestColumn = 255;     ///< in characters
-constexpr double twipsPerInch = 1440;
 
-struct Sheet_Paper {
-    double width; ///< upright, in twips
-    double height;
-    std::uint32_t number; ///< by which a workbook names it
-};
-
-constexpr std::array<Sheet_Paper, 7> papers = {{{12240, 15840, 1},
-                                                {12240, 20160, 5},
-                                                {10440, 15120, 7},
-                                                {15840, 24480, 3},
-                                                {16838, 23811, 8},
-                                                {11906, 16838, 9},
-                                                {8391, 11906, 11}}};
-
-/// The number of a paper in either orientation; that of Letter for one without a number.
+/// The number of a page's paper; that of Letter for one without a number.
 std::uint32_t paperNumber(const Page_Settings& page) {
-    constexpr double tolerance = 20; // twips; papers are rounded to points here and there
-    const auto [width, height] = std::minmax(page.PaperWidth, page.PaperHeight);
-    for (const Sheet_Paper& paper : papers)
-        if (std::abs(paper.width - width) <= tolerance && std::abs(paper.height - height) <= tolerance)
-            return paper.number;
-    return papers.front().number;
+    return paperKinds.at(paperKindOf(page).value_or(0)).workbookNumber;
 }
 
 /// A part of the report that has room on one sheet.

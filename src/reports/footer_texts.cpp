@@ -15,7 +15,7 @@ constexpr std::size_t keptBehind = 48;
 } // namespace
 
 std::string routeText(const std::string& path) {
-    const std::string shown = fromUtf8(pathToNative(path));
+    std::string shown = fromUtf8(pathToNative(path));
     if (shown.size() <= longestRoute) return shown;
     return shown.substr(0, keptInFront) + "..." + shown.substr(shown.size() - keptBehind);
 }

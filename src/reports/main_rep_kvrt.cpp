@@ -9,7 +9,6 @@ namespace zorvane {
 namespace {
 
 constexpr int hourglass = 11;
-constexpr int setupPicture = 101;
 
 std::string subreportName(std::int32_t number) { return "SubDinamycRpt" + numberText(number); }
 
@@ -28,7 +27,7 @@ MainRepKVRT::MainRepKVRT(Document_Report_Sources sources, Report_Clock clock, Ma
 void MainRepKVRT::ActiveReport_Initialize() {
     Report_Tool& setup = Tools.Insert(1, "&Setup...");
     setup.Tooltip = "Page setup";
-    setup.picture = setupPicture;
+    setup.picture = pageSetupPicture;
     Tools.Insert(2, "&Export...").Tooltip = "Export Report";
     Tools.Insert(3, "&Refresh").Tooltip = "Refresh Report";
     Tools.Insert(4, "Font Size...").Tooltip = "Font Size";

@@ -31,9 +31,24 @@ class Main_Report_Host {
     virtual void showFontDialog(MainRepKVRT& report) = 0;
     /// Drops the font dialog after it gave its size.
     virtual void dropFontDialog(MainRepKVRT& report) = 0;
-    /// Runs the export (`export_report.h`).
+    /// Asks for a file and writes the report to it.
     virtual void exportReport(MainRepKVRT& report) = 0;
 };
+
+/// For a report that nobody looks at while it runs.
+class No_Report_Windows final : public Main_Report_Host {
+  public:
+    void showBusy() override {}
+    void endBusy() override {}
+    void SaveConfig(const Report_Rectangle& /*window*/) override {}
+    void showPages(MainRepKVRT& /*report*/) override {}
+    void showFontDialog(MainRepKVRT& /*report*/) override {}
+    void dropFontDialog(MainRepKVRT& /*report*/) override {}
+    void exportReport(MainRepKVRT& /*report*/) override {}
+};
+
+/// The number of the picture of the tool that sets the page up.
+inline constexpr int pageSetupPicture = 101;
 
 /// The preview and print document: a page header and footer, and a sub-report for each field of the document
 /// or for one.
@@ -72,8 +87,6 @@ class MainRepKVRT : public ActiveReport {
 
   private:
     void ActiveReport_Initialize();
-    void designPageHeader();
-    void designPageFooter();
     void addSubreport(std::int32_t number);
 
     Document_Report_Sources sources_;

@@ -6,7 +6,6 @@
 #include <gsf/gsf-output-memory.h>
 #include <gsf/gsf-utils.h>
 
-#include <cstdint>
 #include <memory>
 
 namespace zorvane {

@@ -114,14 +114,6 @@ Printed_Band withTotal(Printed_Band band, std::size_t total) {
 
 } // namespace
 
-std::size_t Style_Table::indexOf(const Text_Style& style) {
-    const auto found = std::find(styles_.rbegin(), styles_.rend(), style);
-    if (found != styles_.rend())
-        return styles_.size() - 1 - static_cast<std::size_t>(found - styles_.rbegin());
-    styles_.push_back(style);
-    return styles_.size() - 1;
-}
-
 Page_Document layoutPages(Printed_Report report, const Page_Settings& paper, const Page_Band& header,
                           const Page_Band& footer, const Keeps_On& keepsOn) {
     Page_Document document{paper.PaperWidth, paper.PaperHeight, std::move(report.styles), {}, {}};

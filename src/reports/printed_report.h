@@ -6,7 +6,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
 namespace zorvane {
@@ -14,6 +13,7 @@ namespace zorvane {
 /// The looks that occur in a report, each once.
 class Style_Table {
   public:
+    /// The place of a look, which is added if it is new. Looks added last are found first.
     [[nodiscard]] std::size_t indexOf(const Text_Style& style);
     [[nodiscard]] const Text_Style& operator[](std::size_t index) const { return styles_[index]; }
 

@@ -3,6 +3,7 @@
 #include "reports/qt_page_painter.h"
 #include "reports/tiff_file.h"
 #include "values/code_page.h"
+#include "values/twips.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -16,8 +17,6 @@ namespace zorvane {
 
 namespace {
 
-constexpr double twipsPerInch = 1440;
-constexpr double twipsPerPoint = 20;
 constexpr int dotsPerInch = 200;
 
 QImage picture(const Page_Document& pages, std::size_t page) {

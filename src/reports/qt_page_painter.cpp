@@ -1,6 +1,7 @@
 #include "reports/qt_page_painter.h"
 
 #include "reports/qt_report_fonts.h"
+#include "values/twips.h"
 
 #include <QColor>
 #include <QPagedPaintDevice>
@@ -11,7 +12,6 @@ namespace zorvane {
 
 namespace {
 
-constexpr double twipsPerInch = 1440;
 constexpr double ruleWidth = 10; ///< twips
 
 QColor colourOf(Packed_Colour packed) {

@@ -1,6 +1,7 @@
 #include "reports/qt_report_fonts.h"
 
 #include "values/code_page.h"
+#include "values/twips.h"
 
 #include <QStringList>
 
@@ -9,11 +10,7 @@
 
 namespace zorvane {
 
-namespace {
-
-constexpr double twipsPerPoint = 20;
-
-} // namespace
+namespace {} // namespace
 
 QFont fontInTwips(const Report_Font& font) {
     QFont made;

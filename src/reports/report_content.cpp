@@ -1,7 +1,6 @@
 #include "reports/report_content.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace zorvane {
 

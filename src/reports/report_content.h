@@ -50,4 +50,17 @@ struct Report_Content {
 /// another kind of row is there.
 [[nodiscard]] std::span<const Content_Row> tableAt(const Report_Content& content, std::size_t first);
 
+/// Walks the rows of a report: `onTable` gets the rows of each table, `onRow` every other row.
+template <class On_Row, class On_Table>
+void forEachPart(const Report_Content& content, On_Row&& onRow, On_Table&& onTable) {
+    for (std::size_t row = 0; row < content.rows.size();) {
+        const std::span<const Content_Row> table = tableAt(content, row);
+        if (table.empty())
+            onRow(content.rows[row++]);
+        else
+            onTable(table);
+        row += table.size();
+    }
+}
+
 } // namespace zorvane

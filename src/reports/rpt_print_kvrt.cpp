@@ -140,9 +140,9 @@ void rptPrintKVRT::ActiveReport_DataInitialize() {
 
 void rptPrintKVRT::PRO_Arma_Reporte() {
     if (Opcion < 1) return;
-    armHead();
-    armHeadingRow();
-    armTableRow();
+    fillHead();
+    addHeadings();
+    addRowControls();
 }
 
 void rptPrintKVRT::setFont(Report_Control& control) const {
@@ -150,42 +150,42 @@ void rptPrintKVRT::setFont(Report_Control& control) const {
     control.Font.Size = FontSize;
 }
 
-void rptPrintKVRT::armLabel(Report_Control& label) {
+void rptPrintKVRT::fitLabel(Report_Control& label) {
     setFont(label);
     label.Width = Text_Width_Twips(metrics(), label.Caption, FontSize, sources_.gridFont) + labelMargin;
 }
 
-void rptPrintKVRT::armField(Report_Control& shown, const std::string& value) {
+void rptPrintKVRT::bindField(Report_Control& shown, const std::string& value) {
     setFont(shown);
     shown.Tag = "-1";
     Fields.Add(shown.DataField).Value = value;
 }
 
-void rptPrintKVRT::armHead() {
+void rptPrintKVRT::fillHead() {
     Report_Controls& head = GroupHeader1.Controls;
     const auto behind = [](const Report_Control& control) { return control.Left + control.Width; };
     Report_Control& description = head("Description");
-    armLabel(description);
+    fitLabel(description);
     Report_Control& fldDescription = head("FldDescription");
-    armField(fldDescription, field().Description);
+    bindField(fldDescription, field().Description);
     fldDescription.Left = behind(description);
     fldDescription.Width = Window.Width;
     Report_Control& edits = head("Edits");
-    armLabel(edits);
+    fitLabel(edits);
     Report_Control& fldEdits = head("FldEdits");
-    armField(fldEdits, "");
+    bindField(fldEdits, "");
     fldEdits.Left = behind(edits);
     fldEdits.Width = editsWidth;
     Report_Control& comments = head("Comments");
-    armLabel(comments);
+    fitLabel(comments);
     comments.Left = behind(fldEdits);
     Report_Control& fldcomments = head("Fldcomments");
-    armField(fldcomments, "");
+    bindField(fldcomments, "");
     fldcomments.Left = behind(comments);
     fldcomments.Width = Window.Width;
 }
 
-void rptPrintKVRT::armHeadingRow() {
+void rptPrintKVRT::addHeadings() {
     const Field_Rec& shown = field();
     const Report_Control& fldcomments = GroupHeader1.Controls("Fldcomments");
     const double top = fldcomments.Top + fldcomments.Height + aboveHeadings;
@@ -213,7 +213,7 @@ void rptPrintKVRT::armHeadingRow() {
     GroupHeader1.repeatFrom = top;
 }
 
-void rptPrintKVRT::armTableRow() {
+void rptPrintKVRT::addRowControls() {
     const Field_Rec& shown = field();
     double left = 0;
     for (std::int32_t column = 1; column <= shown.Columns; ++column) {

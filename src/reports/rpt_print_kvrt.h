@@ -43,11 +43,11 @@ class rptPrintKVRT : public ActiveReport {
   private:
     [[nodiscard]] const Field_Rec& field() const { return sources_.document.Fields(Opcion); }
     void designHead();
-    void armHead();
-    void armLabel(Report_Control& label);
-    void armField(Report_Control& shown, const std::string& value);
-    void armHeadingRow();
-    void armTableRow();
+    void fillHead();
+    void fitLabel(Report_Control& label);
+    void bindField(Report_Control& shown, const std::string& value);
+    void addHeadings();
+    void addRowControls();
     void setFont(Report_Control& control) const;
 
     Document_Report_Sources sources_;

@@ -1,10 +1,10 @@
 #include "simulator/fault_picker.h"
 
+#include "simulator/request.h"
+
 namespace zorvane::simulator {
 
 namespace {
-
-constexpr int readRegisters = 3;
 
 bool touches(const Fault_Rule& rule, const Fault_Question& question) noexcept {
     if (!rule.first) return true;
@@ -15,8 +15,9 @@ bool touches(const Fault_Rule& rule, const Fault_Question& question) noexcept {
 } // namespace
 
 bool applies(Fault_Kind kind, const Fault_Question& question) noexcept {
-    if (kind == Fault_Kind::Short) return !question.refused && question.function == readRegisters;
-    if (kind == Fault_Kind::Wrong_Echo) return !question.refused && question.function != readRegisters;
+    if (kind == Fault_Kind::Short) return !question.refused && question.function == functionReadRegisters;
+    if (kind == Fault_Kind::Wrong_Echo)
+        return !question.refused && question.function != functionReadRegisters;
     return true;
 }
 

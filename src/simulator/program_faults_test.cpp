@@ -1,4 +1,4 @@
-#include "simulator/program_test.h"
+#include "simulator/testing/program_test.h"
 
 #include <sys/inotify.h>
 

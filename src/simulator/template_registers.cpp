@@ -21,8 +21,10 @@ class Map_Builder {
     void addBlocks();
     void addCells();
 
-    Register_Map map_;
-    std::set<std::int32_t> unreachable_;
+    /// The registers gathered so far; the builder has none afterwards.
+    [[nodiscard]] Register_Map take() { return std::move(map_); }
+    /// Registers without an address on the wire: the first of each cell that has any.
+    [[nodiscard]] const std::set<std::int32_t>& unreachable() const { return unreachable_; }
 
   private:
     void addBlock(std::int64_t first, std::int64_t last);
@@ -31,6 +33,8 @@ class Map_Builder {
     void addLive(const Cell_Rec& cell, const Cell_Rec& definition, std::int32_t number);
 
     const Declara_Zorvane& document_;
+    Register_Map map_;
+    std::set<std::int32_t> unreachable_;
     std::vector<Register_Span> always_;
     std::set<std::int32_t> still_; ///< a setting, or shared with a half or a text
 };
@@ -109,10 +113,10 @@ Register_Map registerMapOf(const Declara_Zorvane& document, std::int32_t address
     Map_Builder builder(document, addressBase);
     builder.addBlocks();
     builder.addCells();
-    for (const std::int32_t number : builder.unreachable_)
+    for (const std::int32_t number : builder.unreachable())
         warn("register " + numberText(number) +
              " has no address from 0 to 65535 on the wire and is left out");
-    return std::move(builder.map_);
+    return builder.take();
 }
 
 } // namespace zorvane::simulator

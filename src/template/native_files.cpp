@@ -1,5 +1,6 @@
 #include "template/native_files.h"
 
+#include "template/file_names.h"
 #include "values/code_page.h"
 #include "values/run_time_failure.h"
 #include "values/utf8.h"
@@ -36,23 +37,8 @@ bool isMark(char c) { return c == characterMark || c == byteMark; }
 
 fs::path nativePath(const std::string& path) { return fs::path(pathToNative(path)); }
 
-Failure failureOf(int error) {
-    switch (error) {
-    case ENOENT:
-        return Failure::FileNotFound;
-    case EACCES:
-    case EPERM:
-    case EROFS:
-        return Failure::PermissionDenied;
-    case ENOSPC:
-    case EDQUOT:
-        return Failure::DiskFull;
-    default:
-        return Failure::PathFileAccess;
-    }
-}
-
 struct File_Closer {
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): this is the owner
     void operator()(std::FILE* file) const noexcept { std::fclose(file); }
 };
 using File_Handle = std::unique_ptr<std::FILE, File_Closer>;
@@ -69,14 +55,14 @@ class Native_Writer : public Text_Writer {
     /// A file counts as written once it would outlast a power cut.
     void close() override {
         if (!file_) return;
-        if (std::fflush(file_.get()) != 0 || !reachedDisk()) throw Run_Time_Failure(failureOf(errno));
-        if (std::fclose(file_.release()) != 0) throw Run_Time_Failure(failureOf(errno));
+        if (std::fflush(file_.get()) != 0 || !reachedDisk()) throw Run_Time_Failure(writingFailure(errno));
+        if (std::fclose(file_.release()) != 0) throw Run_Time_Failure(writingFailure(errno));
     }
 
   private:
     void put(std::string_view text) {
         if (std::fwrite(text.data(), 1, text.size(), file_.get()) != text.size())
-            throw Run_Time_Failure(failureOf(errno));
+            throw Run_Time_Failure(writingFailure(errno));
     }
 
     /// Pipes and devices can't be asked to.
@@ -88,6 +74,26 @@ class Native_Writer : public Text_Writer {
 };
 
 } // namespace
+
+Failure readingFailure(int error) {
+    switch (error) {
+    case ENOENT:
+        return Failure::FileNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return Failure::PermissionDenied;
+    case ENOSPC:
+    case EDQUOT:
+        return Failure::DiskFull;
+    default:
+        return Failure::PathFileAccess;
+    }
+}
+
+Failure writingFailure(int error) {
+    return error == ENOENT || error == ENOTDIR ? Failure::PathNotFound : readingFailure(error);
+}
 
 std::string pathFromNative(std::string_view native) {
     std::string out;
@@ -141,9 +147,7 @@ std::string Native_Files::found(const std::string& path) const {
         if (upperCase(name) == wanted && !entry->is_directory(ignored)) matches.push_back(name);
     }
     if (matches.empty()) return path;
-    const std::size_t separator = path.rfind('/');
-    const std::string start = separator == std::string::npos ? "" : path.substr(0, separator + 1);
-    return start + *std::min_element(matches.begin(), matches.end());
+    return std::string(splitPath(path).folder) + *std::min_element(matches.begin(), matches.end());
 }
 
 bool Native_Files::exists(const std::string& path) {
@@ -153,7 +157,7 @@ bool Native_Files::exists(const std::string& path) {
 
 std::string Native_Files::read(const std::string& path) {
     const File_Handle file(std::fopen(nativePath(found(path)).c_str(), "rb"));
-    if (!file) throw Run_Time_Failure(failureOf(errno));
+    if (!file) throw Run_Time_Failure(readingFailure(errno));
     std::string text;
     char buffer[65536];
     while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get()))
@@ -164,9 +168,7 @@ std::string Native_Files::read(const std::string& path) {
 
 std::unique_ptr<Text_Writer> Native_Files::create(const std::string& path) {
     File_Handle file(std::fopen(nativePath(found(path)).c_str(), "wb"));
-    if (!file)
-        throw Run_Time_Failure(errno == ENOENT || errno == ENOTDIR ? Failure::PathNotFound
-                                                                   : failureOf(errno));
+    if (!file) throw Run_Time_Failure(writingFailure(errno));
     return std::make_unique<Native_Writer>(std::move(file));
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "template/files.h"
+#include "values/run_time_failure.h"
 
 #include <string>
 #include <string_view>
@@ -13,6 +14,11 @@ namespace zorvane {
 /// name a path, too.
 [[nodiscard]] std::string pathFromNative(std::string_view native);
 [[nodiscard]] std::string pathToNative(std::string_view text);
+
+/// The failure for a system error (`errno`) of a file that is read: 53, 61, 70 or 75; of one that is made or
+/// written a missing file means a missing folder, 76.
+[[nodiscard]] Failure readingFailure(int error);
+[[nodiscard]] Failure writingFailure(int error);
 
 /// The files of this machine.
 class Native_Files : public Files {

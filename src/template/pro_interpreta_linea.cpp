@@ -1,10 +1,11 @@
 #include "template/pro_interpreta_linea.h"
 
-#include "template/key_line.h"
+#include "template/section_readers.h"
 #include "values/code_page.h"
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace zorvane {
 
@@ -72,6 +73,7 @@ bool isKnownSection(std::string_view section) { return findSection(section) != n
 
 std::vector<std::string_view> knownSections() {
     std::vector<std::string_view> names;
+    names.reserve(sections.size());
     for (const Section& section : sections)
         names.push_back(section.name);
     return names;

@@ -1,4 +1,5 @@
-#include "template/key_line.h"
+#include "template/model/block_kind.h"
+#include "template/section_readers.h"
 #include "values/code_page.h"
 
 #include <array>
@@ -6,8 +7,6 @@
 namespace zorvane {
 
 namespace {
-
-enum Block_Kind : std::int16_t { Numeric = 0, MessageList = 1, Ascii = 2 };
 
 void readController(const Interpreter& interpreter, std::string_view value) {
     interpreter.document.Controller_Model = upperTrimmed(value);
@@ -21,15 +20,15 @@ template <Block_Kind kind> void readDownloadBlock(const Interpreter& interpreter
     const std::int32_t place = blocks.upperBound();
     blocks.redimPreserve(place + 1);
     blocks(place) = {interpreter.document.Controller_Model, std::string(value.substr(0, dash)),
-                     std::string(value.substr(dash + 1)), kind};
+                     std::string(value.substr(dash + 1)), static_cast<std::int16_t>(kind)};
 }
 
 using Action = void (*)(const Interpreter&, std::string_view);
 constexpr std::array<std::pair<std::string_view, Action>, 4> keys = {{
     {"CONTROLLER", readController},
-    {"DOWNLOAD_#_MULTIPLEREGISTERBLOCKNUMERIC", readDownloadBlock<Numeric>},
-    {"DOWNLOAD_#_MULTIPLEREGISTERBLOCKMESSAGELIST", readDownloadBlock<MessageList>},
-    {"DOWNLOAD_#_MULTIPLEREGISTERBLOCKASCII", readDownloadBlock<Ascii>},
+    {"DOWNLOAD_#_MULTIPLEREGISTERBLOCKNUMERIC", readDownloadBlock<Block_Kind::Numeric>},
+    {"DOWNLOAD_#_MULTIPLEREGISTERBLOCKMESSAGELIST", readDownloadBlock<Block_Kind::Message_List>},
+    {"DOWNLOAD_#_MULTIPLEREGISTERBLOCKASCII", readDownloadBlock<Block_Kind::Ascii>},
 }};
 
 } // namespace

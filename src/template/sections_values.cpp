@@ -2,8 +2,8 @@
 // colours.
 
 #include "template/comma_list.h"
-#include "template/key_line.h"
 #include "template/messages.h"
+#include "template/section_readers.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/times.h"

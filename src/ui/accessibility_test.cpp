@@ -101,7 +101,7 @@ TEST(Dialog_Access, MessageBoxes) {
 }
 
 TEST(Dialog_Access, ProgressForm) {
-    Porcentaje form({{}, ask, {}, {}, {}}, nullptr);
+    Porcentaje form({{}, {}}, nullptr);
     expectUsable(form, {"BOT_Cancel"});
     form.Deshabilita_Cancelar();
     expectUsable(form, {"Bot_Ok"});

@@ -12,8 +12,8 @@ namespace zorvane {
 namespace {
 
 constexpr Twips_Rect versionPlace{120, 1440, 5800, 255};
-constexpr Twips_Rect addressPlace{120, 1740, 5800, 255};
-constexpr Twips_Rect telephonePlace{120, 2010, 5800, 255};
+constexpr Twips_Rect purposePlace{120, 1740, 5800, 255};
+constexpr Twips_Rect licencePlace{120, 2010, 5800, 255};
 constexpr Twips_Rect closePlace{4500, 2340, 1400, 345};
 
 QString credits() { return QStringLiteral("Zorvane by the Zorvane developers\r\nAugust 10, 2017"); }
@@ -30,13 +30,13 @@ Acercade::Acercade(Ask_User ask, QWidget* parent)
     logo->setPixmap(icon(QStringLiteral("logo")).pixmap(logoSize, devicePixelRatioF()));
     logo->setAccessibleName(QStringLiteral("Zorvane"));
     const auto addLabel = [this](const char* name, const QString& text, const Twips_Rect& place) {
-        put(*new QLabel(text, this), QString::fromLatin1(name), place);
-        findChild<QLabel*>(QString::fromLatin1(name))->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+        auto* label = new QLabel(text, this);
+        label->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
+        put(*label, QString::fromLatin1(name), place);
     };
     addLabel("Label8", QStringLiteral("Zorvane\u2122 v1.61 (August 10, 2017)"), versionPlace);
-    addLabel("Label1", QStringLiteral("Configuration of Modbus RTU controllers"), addressPlace);
-    addLabel("Label2", QStringLiteral("Made by the Zorvane developers, under the MIT licence"),
-             telephonePlace);
+    addLabel("Label1", QStringLiteral("Configuration of Modbus RTU controllers"), purposePlace);
+    addLabel("Label2", QStringLiteral("Made by the Zorvane developers, under the MIT licence"), licencePlace);
     close_ = &addButton(QStringLiteral("Command1"), QStringLiteral("Close"), closePlace);
     close_->installEventFilter(this);
     connect(close_, &QPushButton::clicked, this, &QDialog::close);

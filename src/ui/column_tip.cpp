@@ -3,6 +3,7 @@
 #include "ui/flex_grid_view.h"
 #include "ui/text.h"
 #include "ui/twips.h"
+#include "values/twips.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -21,13 +22,13 @@ namespace {
 constexpr Twips_Rect designPlace{2700, 2550, 1665, 285};
 constexpr double cursorOffset = 120; // twips
 constexpr int areaMargin = 2;        // pixels that the watched area begins before the grid
-constexpr int twipsPerInch = 1440;
 constexpr double tipPoints = 8.25;
 
 } // namespace
 
 QString columnWidthText(std::int32_t twips) {
-    const std::int64_t hundredths = (std::int64_t{twips} * 100 + twipsPerInch / 2) / twipsPerInch;
+    constexpr auto inch = static_cast<std::int64_t>(twipsPerInch);
+    const std::int64_t hundredths = (std::int64_t{twips} * 100 + inch / 2) / inch;
     return QStringLiteral("%1.%2 inch").arg(hundredths / 100).arg(hundredths % 100, 2, 10, QLatin1Char('0'));
 }
 

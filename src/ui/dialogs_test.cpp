@@ -196,18 +196,7 @@ class Porcentaje_Test : public testing::Test {
     Porcentaje_Test() { form.show(); }
 
     Words told;
-    int answer = 7;
-    Porcentaje form{{[this] { told.push_back("pause"); },
-                     [this](const QString& prompt, int style, const QString& title) {
-                         told.push_back(prompt.toStdString() + "/" + std::to_string(style) + "/" +
-                                        title.toStdString());
-                         return answer;
-                     },
-                     [this] { told.push_back("abort"); }, [this] { told.push_back("resume"); },
-                     [this] { told.push_back("unloaded"); }},
-                    nullptr};
-    static constexpr const char* question =
-        "The transfer is not complete. Do you want to abort anyway?/36/Zorvane";
+    Porcentaje form{{[this] { told.push_back("cancel"); }, [this] { told.push_back("unloaded"); }}, nullptr};
 };
 
 TEST_F(Porcentaje_Test, HasTheDesignSizesAndNames) {
@@ -232,23 +221,32 @@ TEST_F(Porcentaje_Test, WordsTooLongForTheirPlaceTakeTheWholeWidth) {
     EXPECT_EQ(label.geometry(), twips(660, 180, 3375, 225));
 }
 
-TEST_F(Porcentaje_Test, CancelWithNoGoesOn) {
+TEST_F(Porcentaje_Test, CancelTellsItsOwnerAndStays) {
     QTest::mouseClick(&named<QPushButton>(form, "BOT_Cancel"), Qt::LeftButton);
-    EXPECT_EQ(told, (Words{"pause", question, "resume"}));
+    EXPECT_EQ(told, (Words{"cancel"}));
     EXPECT_TRUE(form.isVisible());
 }
 
-TEST_F(Porcentaje_Test, EscapeOnCancelWithYesAborts) {
-    answer = 6;
+TEST_F(Porcentaje_Test, EscapeAndItsFrameButtonAreCancel) {
     QTest::keyClick(&named<QPushButton>(form, "BOT_Cancel"), Qt::Key_Escape);
-    EXPECT_EQ(told, (Words{"pause", question, "abort", "resume"}));
+    form.close();
+    EXPECT_EQ(told, (Words{"cancel", "cancel"}));
     EXPECT_TRUE(form.isVisible());
 }
 
-TEST_F(Porcentaje_Test, ItsFrameButtonAsksLikeCancel) {
+TEST(Porcentaje_Question, StandsOnceAtATime) {
+    int asked = 0;
+    Porcentaje* shown = nullptr;
+    Porcentaje form({[&] {
+                         ++asked;
+                         shown->close();
+                     },
+                     {}},
+                    nullptr);
+    shown = &form;
+    form.show();
     form.close();
-    EXPECT_EQ(told, (Words{"pause", question, "resume"}));
-    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(asked, 1);
 }
 
 TEST_F(Porcentaje_Test, ShowsOkInPlaceOfCancelWhenItIsOver) {

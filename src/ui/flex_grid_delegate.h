@@ -8,7 +8,7 @@ namespace zorvane {
 
 /// Paints the cells of a grid in their own colours, which say something about the controller and so stay
 /// whatever is selected: the current cell has a border, other selected cells a tint. A cell without colours
-/// of its own takes those of the desktop. Editors come from the view, through `createCellEditor`.
+/// of its own takes those of the desktop. Editors come from the view, through `makeEditor`.
 class Flex_Grid_Delegate final : public QStyledItemDelegate {
   public:
     using Make_Editor = std::function<QWidget*(QWidget* parent, const QModelIndex& index)>;

@@ -4,7 +4,6 @@
 #include "ui/testing/grid_fixture.h"
 
 #include <QAccessible>
-#include <QPainter>
 #include <QScrollBar>
 
 namespace zorvane {

@@ -7,14 +7,12 @@
 
 #include <QCloseEvent>
 #include <QFileInfo>
-#include <QFontDatabase>
 #include <QLabel>
 #include <QPushButton>
 #include <QSaveFile>
 #include <QStyle>
 #include <QTextEdit>
 
-#include <array>
 #include <utility>
 
 namespace zorvane {

@@ -9,8 +9,6 @@
 
 #include <QPointer>
 
-#include <memory>
-
 namespace zorvane {
 
 /// What the windows of the link need of the program.

@@ -175,8 +175,6 @@ TEST_F(Main_Window_Test, ShowsSevenPanels) {
     EXPECT_EQ(named<QLabel>("StatusBar1_4").toolTip(), "");
     bar.setText(4, "Ready");
     EXPECT_EQ(named<QLabel>("StatusBar1_4").text(), "Ready");
-    bar.setPanelEnabled(2, false);
-    EXPECT_FALSE(bar.panelEnabled(2));
 }
 
 TEST_F(Main_Window_Test, GivesPanelFourTheRestOfTheWidth) {

@@ -7,8 +7,6 @@
 
 #include <QPushButton>
 
-#include <algorithm>
-
 namespace zorvane {
 
 namespace {

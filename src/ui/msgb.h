@@ -3,13 +3,7 @@
 #include "ui/fixed_dialog.h"
 #include "ui/msgb_buttons.h"
 
-#include <array>
-
-class QLabel;
-
 namespace zorvane {
-
-class Wrapped_Label;
 
 /// The program's own message box. A message too long for its place makes the box higher.
 class Msgb final : public Fixed_Dialog {

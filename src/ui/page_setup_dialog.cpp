@@ -1,7 +1,9 @@
 #include "ui/page_setup_dialog.h"
 
+#include "reports/paper_kinds.h"
 #include "ui/page_sheet.h"
 #include "ui/text.h"
+#include "values/twips.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -18,8 +20,7 @@ namespace zorvane {
 
 namespace {
 
-constexpr double twipsPerInch = 1440;
-constexpr double twipsPerMillimetre = 1440 / 25.4;
+constexpr double twipsPerMillimetre = twipsPerInch / 25.4;
 constexpr double largestMargin = 14400; ///< twips
 
 struct Margin_Label {

@@ -1,5 +1,7 @@
 #include "ui/page_stack.h"
 
+#include "values/twips.h"
+
 #include <QSizeF>
 
 #include <algorithm>
@@ -11,7 +13,6 @@ namespace zorvane {
 
 namespace {
 
-constexpr double twipsPerInch = 1440;
 constexpr std::array usualZooms = {10, 15, 25, 33, 50, 67, 75, 90, 100, 125, 150, 200, 300, 400};
 
 double percentForRoom(int pixels, double twips, int dotsPerInch) {

@@ -1,3 +1,4 @@
+#include "reports/paper_kinds.h"
 #include "ui/page_sheet.h"
 #include "ui/page_stack.h"
 

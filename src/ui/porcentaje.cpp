@@ -1,7 +1,5 @@
 #include "ui/porcentaje.h"
 
-#include "template/asker.h"
-
 #include <QCloseEvent>
 #include <QGroupBox>
 #include <QLabel>
@@ -76,12 +74,7 @@ void Porcentaje::unload() {
 /// The question may stand while the transfer ends by itself; it is asked once.
 void Porcentaje::cancelChosen() {
     if (std::exchange(asking_, true)) return;
-    if (hooks_.pauseScan) hooks_.pauseScan();
-    const int answer =
-        hooks_.ask(QStringLiteral("The transfer is not complete. Do you want to abort anyway?"),
-                   Msgb_Question + Msgb_YesNo, QStringLiteral("Zorvane"));
-    if (answer == Msgb_Code_Yes && hooks_.abort) hooks_.abort();
-    if (hooks_.resumeScan) hooks_.resumeScan();
+    if (hooks_.cancel) hooks_.cancel();
     asking_ = false;
 }
 

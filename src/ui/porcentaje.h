@@ -9,12 +9,9 @@ class QProgressBar;
 
 namespace zorvane {
 
-/// What the Cancel button of the progress form does to a transfer.
+/// What the progress form tells its owner.
 struct Porcentaje_Hooks {
-    std::function<void()> pauseScan;
-    Ask_User ask;
-    std::function<void()> abort; ///< the user wants to abort anyway
-    std::function<void()> resumeScan;
+    std::function<void()> cancel; ///< the Cancel button; it may ask, and isn't called again before it returns
     std::function<void()> unloaded; ///< the form was closed, by whatever way
 };
 

@@ -132,13 +132,23 @@ void Preview_Window::addPageTools() {
     giveName(*pageBar_, QStringLiteral("PageBar"));
     pageBar_->setMovable(false);
     pageBar_->setIconSize({16, 16});
+    addContentsTool();
+    pageBar_->addSeparator();
+    addTurningTools();
+    pageBar_->addSeparator();
+    addZoomTools();
+}
+
+void Preview_Window::addContentsTool() {
     contentsTool_ = &addTool(*pageBar_, QStringLiteral("Contents"), QStringLiteral("Contents"),
                              QStringLiteral("contents"), {QKeySequence(Qt::Key_F4)}, [this] {
                                  contentsShown_ = contentsTool_->isChecked();
                                  contents_->setVisible(contentsShown_);
                              });
     contentsTool_->setCheckable(true);
-    pageBar_->addSeparator();
+}
+
+void Preview_Window::addTurningTools() {
     const auto go = [this](int step) { view_->setPage(view_->page() + step); };
     first_ = &addTool(*pageBar_, QStringLiteral("FirstPage"), QStringLiteral("First page"),
                       QStringLiteral("first"), {QKeySequence(Qt::CTRL | Qt::Key_Home)},
@@ -162,7 +172,9 @@ void Preview_Window::addPageTools() {
     last_ =
         &addTool(*pageBar_, QStringLiteral("LastPage"), QStringLiteral("Last page"), QStringLiteral("last"),
                  {QKeySequence(Qt::CTRL | Qt::Key_End)}, [this] { view_->setPage(view_->pageCount()); });
-    pageBar_->addSeparator();
+}
+
+void Preview_Window::addZoomTools() {
     addTool(*pageBar_, QStringLiteral("ZoomOut"), QStringLiteral("Zoom out"), QStringLiteral("zoom_out"),
             {QKeySequence(Qt::CTRL | Qt::Key_Minus)},
             [this] { view_->setZoom(previousZoom(view_->percent())); });

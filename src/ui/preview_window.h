@@ -16,7 +16,6 @@ class QListWidget;
 class QSpinBox;
 class QSplitter;
 class QToolBar;
-class QToolButton;
 
 namespace zorvane {
 
@@ -62,6 +61,9 @@ class Preview_Window final : public QMainWindow {
   private:
     void addReportTools(const std::vector<Preview_Tool>& tools);
     void addPageTools();
+    void addContentsTool();
+    void addTurningTools();
+    void addZoomTools();
     void addContents();
     QAction& addTool(QToolBar& bar, const QString& name, const QString& words, const QString& picture,
                      const QList<QKeySequence>& keys, const std::function<void()>& handler);

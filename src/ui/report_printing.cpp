@@ -2,6 +2,7 @@
 
 #include "reports/qt_page_painter.h"
 #include "ui/text.h"
+#include "values/twips.h"
 
 #include <QPageLayout>
 #include <QPrintDialog>
@@ -12,8 +13,6 @@
 namespace zorvane {
 
 namespace {
-
-constexpr double twipsPerPoint = 20;
 
 Paint_Order orderOf(const QPrinter& printer, const Page_Document& pages, int shown) {
     Paint_Order order;

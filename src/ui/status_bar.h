@@ -35,8 +35,6 @@ class Status_Bar final : public QStatusBar {
 
     [[nodiscard]] QString text(int panel) const { return at(panel).text(); }
     void setText(int panel, const QString& text) { at(panel).setText(text); }
-    [[nodiscard]] bool panelEnabled(int panel) const { return at(panel).isEnabled(); }
-    void setPanelEnabled(int panel, bool enabled) { at(panel).setEnabled(enabled); }
 
     /// The button "Log..." in the message panel, for the log of the last transfer.
     void setLogOffered(bool offered);

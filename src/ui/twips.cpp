@@ -1,5 +1,7 @@
 #include "ui/twips.h"
 
+#include "values/twips.h"
+
 #include <QWidget>
 
 #include <algorithm>
@@ -8,8 +10,6 @@
 namespace zorvane {
 
 namespace {
-
-constexpr double twipsPerInch = 1440;
 
 int nearest(double value) { return static_cast<int>(std::lround(value)); }
 

@@ -3,8 +3,6 @@
 #include <QPainter>
 #include <QTextOption>
 
-#include <cmath>
-
 namespace zorvane {
 
 namespace {

@@ -13,8 +13,6 @@
 #include <QStyleFactory>
 #include <QTest>
 
-#include <filesystem>
-
 namespace {
 
 using namespace zorvane;

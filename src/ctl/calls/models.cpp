@@ -1,9 +1,9 @@
 #include "ctl/call.h"
 #include "ctl/json_text.h"
-#include "ctl/model_list.h"
 #include "ctl/notices.h"
 #include "ctl/text_table.h"
 #include "template/native_files.h"
+#include "template/offered_models.h"
 
 #include <CLI/CLI.hpp>
 

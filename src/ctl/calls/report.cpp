@@ -7,13 +7,9 @@
 #include "reports/export_format.h"
 #include "reports/main_rep_kvrt.h"
 #include "reports/qt_page_exporters.h"
+#include "reports/qt_report_clock.h"
 #include "reports/qt_report_fonts.h"
 #include "template/native_files.h"
-#include "values/code_page.h"
-
-#include <QDate>
-#include <QLocale>
-#include <QTime>
 
 #include <CLI/CLI.hpp>
 
@@ -22,24 +18,6 @@
 namespace zorvane {
 
 namespace {
-
-/// A report that nobody looks at while it runs.
-class Unseen_Host : public Main_Report_Host {
-  public:
-    void showBusy() override {}
-    void endBusy() override {}
-    void SaveConfig(const Report_Rectangle&) override {}
-    void showPages(MainRepKVRT&) override {}
-    void showFontDialog(MainRepKVRT&) override {}
-    void dropFontDialog(MainRepKVRT&) override {}
-    void exportReport(MainRepKVRT&) override {}
-};
-
-Report_Time presentTime() {
-    const QTime time = QTime::currentTime();
-    return {fromUtf8(QLocale().toString(QDate::currentDate(), QLocale::ShortFormat).toStdString()),
-            time.hour(), time.minute()};
-}
 
 /// The texts of a field's table as a report prints them, row by row up to a failure.
 std::optional<Failure_Note> writeRows(Json_Stream& json, const Declara_Zorvane& document,
@@ -113,7 +91,7 @@ class Report_Call : public Call {
 
     void writeReport(const Declara_Zorvane& document) const {
         const Qt_Text_Metrics metrics;
-        Unseen_Host host;
+        No_Report_Windows host;
         MainRepKVRT report({document, metrics}, presentTime, host);
         report.OnePage = field_ > 0;
         report.Opcion = field_;

@@ -1,5 +1,6 @@
 #include "ctl/testing/ctl_bench.h"
 
+#include "ctl/program.h"
 #include "template/native_files.h"
 
 #include <cstdlib>

@@ -7,8 +7,7 @@ namespace zorvane {
 
 void Cell_Table::redim(std::int32_t rows, std::int32_t columns) {
     if (rows < 0 || columns < 0) throw Run_Time_Failure(Failure::Subscript);
-    table_.clear();
-    table_.resize(static_cast<std::size_t>(rows) + 1);
+    table_ = std::vector<Row>(static_cast<std::size_t>(rows) + 1); // all or nothing, as the bounds are
     rows_ = rows;
     columns_ = columns;
     groupSize_ = std::min(columns + 1, static_cast<std::int32_t>(largestGroup));

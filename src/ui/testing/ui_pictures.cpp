@@ -97,7 +97,7 @@ void takeDialogs(Pictures& pictures) {
     pictures.take(warning, QStringLiteral("msgb_warning"));
     Acercade about(ask, nullptr);
     pictures.take(about, QStringLiteral("acercade"));
-    Porcentaje progress({{}, ask, {}, {}, {}}, nullptr);
+    Porcentaje progress({{}, {}}, nullptr);
     progress.setLabel(QStringLiteral("Uploading data from the controller..."));
     progress.Progress_Bar().setValue(40);
     pictures.take(progress, QStringLiteral("porcentaje"));

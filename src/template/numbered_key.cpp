@@ -1,4 +1,4 @@
-#include "template/key_line.h"
+#include "template/numbered_key.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"
@@ -36,12 +36,6 @@ Numbered_Key openUnderscoreKey(std::string_view key) {
     const std::size_t first = key.find('_');
     if (first == std::string_view::npos) return {upperCase(key), 0};
     return numberedKey(key, first, std::min(key.find('_', first + 1), key.size()));
-}
-
-Field_Rec& Interpreter::field(std::int32_t number) const {
-    Field_Rec& found = document.Fields(number);
-    found.Touched = true;
-    return found;
 }
 
 } // namespace zorvane

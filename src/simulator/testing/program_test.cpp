@@ -1,5 +1,6 @@
+#include "simulator/testing/program_test.h"
+
 #include "simulator/modbus_slave.h"
-#include "simulator/program_test.h"
 
 #include <sys/ioctl.h>
 #include <sys/wait.h>

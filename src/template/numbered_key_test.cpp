@@ -1,5 +1,4 @@
-#include "template/key_line.h"
-#include "template/testing/recording_link_notice.h"
+#include "template/numbered_key.h"
 #include "values/testing/failure_number.h"
 
 #include <gtest/gtest.h>
@@ -44,18 +43,6 @@ TEST(NumberedKeys, ATrailingBlankStaysInTheKey) {
 TEST(NumberedKeys, ANumberBeyond32BitsIsFailure6) {
     EXPECT_EQ(failureNumber([] { (void)twoUnderscoreKey("COL_99999999999_DESC"); }), 6);
     EXPECT_EQ(failureNumber([] { (void)oneUnderscoreKey("ROW_99999999999"); }), 6);
-}
-
-TEST(Interpreter, AFieldThatAskedForIsTouched) {
-    Declara_Zorvane document;
-    doubles::Recording_Link_Notice link;
-    document.Fields.redim(highestField);
-    const Interpreter interpreter{document, link};
-    interpreter.field(100).Description = "last";
-    EXPECT_TRUE(document.Fields(100).Touched);
-    EXPECT_FALSE(document.Fields(1).Touched);
-    EXPECT_EQ(failureNumber([&] { (void)interpreter.field(101); }), 9);
-    EXPECT_EQ(failureNumber([&] { (void)interpreter.field(-1); }), 9);
 }
 
 } // namespace

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "values/run_time_failure.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace zorvane {
+
+/// A run-time failure as the user is told of it.
+struct Failure_Note {
+    int number = 0;
+    std::string description;
+};
+
+/// Runs one step and keeps its run-time failure.
+template <class Statement> [[nodiscard]] std::optional<Failure_Note> failureOf(Statement&& statement) {
+    try {
+        std::forward<Statement>(statement)();
+        return std::nullopt;
+    } catch (const Run_Time_Failure& failure) {
+        return Failure_Note{failure.number(), failure.description()};
+    }
+}
+
+} // namespace zorvane

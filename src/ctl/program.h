@@ -1,0 +1,18 @@
+#pragma once
+
+#include "ctl/call.h"
+
+#include <string>
+#include <vector>
+
+namespace zorvane {
+
+/// Understands a command line (without the program's name, UTF-8) and runs the call that it names. `--json`
+/// and `--app-dir` belong to every call. Gives the exit code.
+[[nodiscard]] int runProgram(const std::vector<Call_Entry>& calls, const std::vector<std::string>& arguments,
+                             Surroundings surroundings);
+
+/// A folder as messages name it: without the separator at its end.
+[[nodiscard]] std::string withoutEndSeparator(std::string folder);
+
+} // namespace zorvane

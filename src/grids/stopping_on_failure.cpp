@@ -1,0 +1,14 @@
+#include "grids/stopping_on_failure.h"
+
+#include "template/asker.h"
+
+#include <string>
+
+namespace zorvane {
+
+void tellRunTimeFailure(Frame& frame, const Run_Time_Failure& failure) {
+    frame.Msgb_Show("Run-time error '" + std::to_string(failure.number()) + "': " + failure.description(),
+                    Msgb_Critical, applicationTitle);
+}
+
+} // namespace zorvane

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "comm/frame.h"
+#include "values/run_time_failure.h"
+
+#include <utility>
+
+namespace zorvane {
+
+/// The message for a run-time failure that nothing handled.
+void tellRunTimeFailure(Frame& frame, const Run_Time_Failure& failure);
+
+/// Runs a handler for the window: a run-time failure stops it with a message and the program goes on.
+template <class Handler> void stoppingOnFailure(Frame& frame, Handler&& handler) {
+    try {
+        std::forward<Handler>(handler)();
+    } catch (const Run_Time_Failure& failure) {
+        tellRunTimeFailure(frame, failure);
+    }
+}
+
+} // namespace zorvane
