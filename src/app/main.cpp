@@ -4,7 +4,32 @@
 
 #include <QApplication>
 
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+namespace {
+
+/// Without one Qt would advise to install the program anew, and abort.
+bool hasDisplay() {
+#ifdef Q_OS_LINUX
+    constexpr std::array names = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return std::any_of(names.begin(), names.end(),
+                       [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
+#else
+    return true;
+#endif
+}
+
+} // namespace
+
 int main(int argc, char* argv[]) {
+    if (!hasDisplay()) {
+        std::fputs("zorvane: There is no display (neither DISPLAY nor WAYLAND_DISPLAY is set). "
+                   "In a terminal zorvanectl does the same.\n",
+                   stderr);
+        return 1;
+    }
     QApplication application(argc, argv);
     QApplication::setStyle(new zorvane::Focus_Style); // the application takes it over
     QApplication::setApplicationName(QStringLiteral("Zorvane"));

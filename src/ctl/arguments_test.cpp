@@ -66,6 +66,23 @@ TEST(Arguments, AFileMayBeNamedLikeACall) {
     EXPECT_EQ(run.err, "zorvanectl: models: there is no such template. Check the path.\n");
 }
 
+TEST(Arguments, ATemplateNamedAloneIsFoundBesideTheProgram) {
+    Ctl_Bench bench;
+    const std::string ztp = bench.file("ABC.ZTP", doubles::smallTemplate());
+    EXPECT_EQ(bench.run({"dump", "ABC.ZTP", "--json"}).code, 1);
+    const Ctl_Run run = bench.run({"dump", "ABC.ZTP", "--json", "--app-dir", bench.path("")});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out, bench.run({"dump", ztp, "--json"}).out);
+}
+
+TEST(Arguments, ATemplateWithAFolderIsLookedForNowhereElse) {
+    Ctl_Bench bench;
+    bench.file("ABC.ZTP", doubles::smallTemplate());
+    EXPECT_EQ(bench.run({"dump", "./ABC.ZTP", "--app-dir", bench.path("")}).err,
+              "zorvanectl: ./ABC.ZTP: there is no such template. Check the path.\n");
+}
+
 TEST(Arguments, AMalformedSelectionIsWrong) {
     for (const char* text : {"1,2", "1,2,3,4", "0,1,1", "1,-1,1", "a,b,c", "", "1,2,3 "})
         EXPECT_EQ(Ctl_Bench().run({"plan", "A.ZTP", "b.A", "r.json", "--selection", text}).code, 2) << text;

@@ -23,6 +23,13 @@ std::string refusal(const Opened_Document& opened, const std::string& outPath) {
     return same ? "The file was not read to its end, and writing it would lose the rest" : "";
 }
 
+/// A template named alone is one of this folder, else one of those beside the program.
+std::string templateFile(const Surroundings& surroundings, const std::string& given) {
+    if (given.find(folderSeparator) != std::string::npos || surroundings.files.exists(given)) return given;
+    const std::string beside = surroundings.applicationFolder + folderSeparator + given;
+    return surroundings.files.exists(beside) ? beside : given;
+}
+
 } // namespace
 
 void Document_Arguments::addTemplate(CLI::App& arguments) {
@@ -34,8 +41,11 @@ void Document_Arguments::addConfiguration(CLI::App& arguments, bool required) {
 }
 
 Opened_Document Document_Arguments::open(const Surroundings& surroundings, Link_Notice* link) const {
-    Opening opening{
-        surroundings.files, surroundings.applicationFolder, pathFromNative(templatePath), {}, link};
+    Opening opening{surroundings.files,
+                    surroundings.applicationFolder,
+                    templateFile(surroundings, pathFromNative(templatePath)),
+                    {},
+                    link};
     if (!configurationPath.empty()) opening.configurationPath = pathFromNative(configurationPath);
     Opened_Document opened = openDocument(opening);
     tellReadings(surroundings.err, opened);

@@ -13,6 +13,7 @@ using doubles::Ctl_Bench;
 using doubles::Ctl_Run;
 using doubles::lines;
 using nlohmann::json;
+using testing::EndsWith;
 using testing::HasSubstr;
 
 /// The small model, its first column a number.
@@ -140,6 +141,32 @@ TEST_F(Field_Table, SetTellsAPlaceThatIsNotThere) {
                                    "(failure 9). Look for a field, row, column"));
     EXPECT_EQ(parsed(set)["failure"], json::parse(R"({"number":9,"description":"Subscript out of range"})"));
     EXPECT_EQ(run("set", {"1", "0", "1", "5"}).code, 2);
+}
+
+TEST_F(Field_Table, SetNamesTheEntriesOfAListThatWasGivenAText) {
+    const std::string advice = "zorvanectl: The cell is a list. Give the number of an entry: 0 Off, 1 On.\n";
+    EXPECT_THAT(run("set", {"1", "1", "2", "On"}).err, EndsWith(advice));
+    EXPECT_THAT(run("set", {"1", "1", "2", "99"}).err, EndsWith(advice));
+    EXPECT_EQ(run("set", {"1", "1", "2", "1"}).err, "");
+}
+
+TEST_F(Field_Table, SetTellsHowLargeTheFieldIs) {
+    EXPECT_THAT(run("set", {"1", "3", "1", "5"}).err,
+                EndsWith("zorvanectl: Field 1 has 2 rows and 2 columns.\n"));
+    EXPECT_THAT(run("set", {"1", "1", "3", "5"}).err,
+                EndsWith("zorvanectl: Field 1 has 2 rows and 2 columns.\n"));
+}
+
+TEST_F(Field_Table, AFieldThatTheTemplateDoesNotHaveIsTold) {
+    const std::string advice =
+        "zorvanectl: The template has no field 7. Its fields are 1 to 1; dump lists them.\n";
+    EXPECT_EQ(run("show", {"7"}).err, advice);
+    EXPECT_THAT(run("set", {"7", "1", "1", "5"}).err, EndsWith(advice));
+}
+
+TEST_F(Field_Table, NumbersBelowOneAreWrongUsage) {
+    EXPECT_EQ(run("show", {"0"}).err, "FIELD: Value 0 not in range 1 to 2147483647\n"
+                                      "Run with --help for more information.\n");
 }
 
 TEST_F(Field_Table, SetSavesTheChangedDocument) {

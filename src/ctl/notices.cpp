@@ -79,6 +79,13 @@ void tellFailure(std::ostream& err, const std::string& what, const Failure_Note&
                   "). " + advice(failure.number));
 }
 
+void tellMissingField(std::ostream& err, const Opened_Document& opened, std::int32_t field) {
+    const std::int32_t count = opened.document.Field_Count;
+    if (field <= count || count == 0) return;
+    tell(err, "The template has no field " + std::to_string(field) + ". Its fields are 1 to " +
+                  std::to_string(count) + "; dump lists them.");
+}
+
 void tellReadings(std::ostream& err, const Opened_Document& opened) {
     tellReading(err, opened.ztp, "template");
     if (opened.configuration) tellReading(err, *opened.configuration, "configuration file");

@@ -2,6 +2,7 @@
 
 #include "ctl/opened_document.h"
 
+#include <cstdint>
 #include <iosfwd>
 #include <string>
 #include <string_view>
@@ -19,6 +20,9 @@ void tell(std::ostream& err, const std::string& text);
 /// Tells what went wrong in reading the files of a document, in which line, and what to do. Says nothing when
 /// all is well.
 void tellReadings(std::ostream& err, const Opened_Document& opened);
+
+/// Tells that the template has no such field. Says nothing when it has, or when it could not be read.
+void tellMissingField(std::ostream& err, const Opened_Document& opened, std::int32_t field);
 
 /// Tells of a failure of an operation.
 void tellFailure(std::ostream& err, const std::string& what, const Failure_Note& failure);

@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <csignal>
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <stdexcept>
@@ -38,11 +39,20 @@ Unique_Fd endSignals() {
 
 void warn(const std::string& text) { std::cerr << "zorvane-sim: " << text << '\n'; }
 
+/// A template named alone is one of this folder, else one of those beside the program.
+std::string templateFile(const std::string& given) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    if (given.find('/') != std::string::npos || fs::exists(given, error)) return given;
+    const fs::path beside = fs::read_symlink("/proc/self/exe", error).parent_path() / given;
+    return fs::exists(beside, error) ? beside.string() : given;
+}
+
 Register_Map registers(const Options& options) {
     Native_Files files;
     const auto native = [](const std::string& path) { return path.empty() ? path : pathFromNative(path); };
     Register_Map map =
-        readRegisters(files, native(options.templateFile), native(options.configuration), warn);
+        readRegisters(files, native(templateFile(options.templateFile)), native(options.configuration), warn);
     if (options.registers.empty()) return map;
     try {
         applyRegisterJson(files.read(native(options.registers)), map);

@@ -171,6 +171,14 @@ TEST(Frm_Debug_Test, HidesWhenItIsClosed) {
     EXPECT_EQ(form.EDT_Prueba().toPlainText(), "kept");
 }
 
+TEST(Frm_Debug_Test, EscapeHidesIt) {
+    Frm_Debug form(nullptr);
+    form.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
+    QTest::keyClick(&form.EDT_Prueba(), Qt::Key_Escape);
+    EXPECT_FALSE(form.isVisible());
+}
+
 TEST(Frm_Debug_Test, EachLineThatArrivesEndsTheTextWithItsLineEnd) {
     Frm_Debug form(nullptr);
     form.addLine("Tx: 01 03");

@@ -4,6 +4,7 @@
 #include "ui/text.h"
 #include "ui/twips.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -33,6 +34,10 @@ Frm_Debug::Frm_Debug(QWidget* parent) : QWidget(parent, Qt::Window) {
     const Twips_Scale scale = scaleOf(*this);
     resize(scale.size(startWidth, startHeight));
     placeAt(*text_, {textLeft, textTop, startWidth - textLeft, startHeight - textTop});
+    auto* escape = new QAction(this);
+    escape->setShortcut(Qt::Key_Escape);
+    connect(escape, &QAction::triggered, this, &QWidget::close);
+    addAction(escape);
 }
 
 void Frm_Debug::addLine(const QString& line) {

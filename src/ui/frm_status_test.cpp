@@ -326,7 +326,7 @@ TEST(StatusBarLog, TheButtonStandsInTheMessagePanelAndLeavesItsText) {
     bar.logChosen = [&chosen] { ++chosen; };
     bar.setLogOffered(true);
     EXPECT_TRUE(button.isVisible());
-    EXPECT_EQ(button.text(), "Log...");
+    EXPECT_EQ(button.text(), "&Log...");
     EXPECT_EQ(button.toolTip(), "Show the log of the last transfer");
     EXPECT_TRUE(before.contains(button.geometry().adjusted(0, 0, -1, 0)));
     EXPECT_LT(bar.findChild<QWidget*>("StatusBar1_4")->geometry().right(), button.geometry().left());

@@ -61,6 +61,11 @@ Monitor_Window::Monitor_Window(Micros midnight, Ask_User ask, QWidget* owner)
     splitter->setStretchFactor(1, 0);
     splitter->setSizes({startHeight, bytes_->fontMetrics().lineSpacing() * byteLines});
     resize(startWidth, startHeight);
+    auto* escape = new QAction(this);
+    escape->setShortcut(Qt::Key_Escape);
+    connect(escape, &QAction::triggered, this, &QWidget::close);
+    addAction(escape);
+    table_->setFocus(); // not a button, which a key would press at once
     showCount();
 }
 

@@ -147,6 +147,21 @@ TEST_F(Monitor_Window_Test, CopiesTheSelectedRowsElseAll) {
     EXPECT_TRUE(QApplication::clipboard()->text().contains("00:00:03.000"));
 }
 
+TEST_F(Monitor_Window_Test, BeginsInTheTableSoThatKeysSelectRows) {
+    report(2);
+    EXPECT_EQ(window.focusWidget(), &table());
+    QTest::keyClick(window.focusWidget(), Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(at<QPlainTextEdit>("TXT_Bytes").toPlainText(), "Tx: 07 03\nRx: 07 01");
+}
+
+TEST_F(Monitor_Window_Test, EscapeClosesItAndKeepsItsRows) {
+    report(2);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_EQ(window.model().rowCount(), 2);
+}
+
 TEST_F(Monitor_Window_Test, SavesAsText) {
     const QTemporaryDir folder;
     const QString path = folder.filePath("monitor.txt");

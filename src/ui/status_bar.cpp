@@ -71,7 +71,7 @@ Status_Bar::Status_Bar(QWidget* parent) : QStatusBar(parent) {
         panels_[i]->setText(QString::fromLatin1(panelDesigns[i].text));
         panels_[i]->setOwnToolTip(QString::fromLatin1(panelDesigns[i].toolTip));
     }
-    log_ = new QPushButton(QStringLiteral("Log..."), this);
+    log_ = new QPushButton(QStringLiteral("&Log..."), this);
     giveName(*log_, QStringLiteral("BOT_Log"));
     log_->setFont(panels_[messagePanel]->font());
     log_->setToolTip(QStringLiteral("Show the log of the last transfer"));

@@ -205,7 +205,7 @@ def on_the_line(program, visit):
     wait_for("rows in the monitor", lambda: table.row_count >= 12)
     resize(program, 1000, 420, monitor)
     monitor.named("BOT_Pause").toggle()
-    program.hands.keys("Tab", "Tab", "Tab", "Tab", "Home", "Down")
+    program.hands.keys("Home", "Down")
     wait_for("the bytes of a row", lambda: monitor.named("TXT_Bytes").text)
     visit("monitor", monitor)
     program.hands.keys("alt+F4")

@@ -1,4 +1,5 @@
 #include "ctl/document_arguments.h"
+#include "ctl/field_argument.h"
 #include "ctl/json_stream.h"
 #include "ctl/notices.h"
 #include "ctl/painted_calls.h"
@@ -38,7 +39,7 @@ class Report_Call : public Call {
         files_.addTemplate(arguments);
         files_.addConfiguration(arguments);
         arguments.add_option("FIELD", field_, "The field's number, from 1 (default: all fields)")
-            ->check(CLI::PositiveNumber);
+            ->check(countedFromOne());
         arguments.add_option("--format", format_, "The format of the file")
             ->check(CLI::IsMember({"xls", "pdf", "rtf", "txt", "tif", "html"}));
         CLI::Option* const out = arguments.add_option("--out", out_, "The file to write");
@@ -68,11 +69,13 @@ class Report_Call : public Call {
         json.member("failure", jsonFailure(failure));
         json.close();
         if (failure) tellFailure(surroundings.err, "The field could not be printed whole", *failure);
+        tellMissingField(surroundings.err, opened, field_);
         return opened.whole() && !failure ? Exit_Success : Exit_Failed;
     }
 
     int runExport(const Surroundings& surroundings) {
         const Opened_Document opened = files_.open(surroundings);
+        tellMissingField(surroundings.err, opened, field_);
         const auto failure = opened.fileMissing() ? Failure_Note{static_cast<int>(Failure::FileNotFound),
                                                                  failureText(Failure::FileNotFound)}
                                                   : failureOf([&] { writeReport(opened.document); });

@@ -9,6 +9,7 @@
 #include <CLI/CLI.hpp>
 
 #include <ostream>
+#include <string>
 
 namespace zorvane {
 
@@ -34,6 +35,27 @@ void tellEntry(std::ostream& err, const Entry_Note& note) {
     if (note.failure) tellFailure(err, "The entry could not be committed", *note.failure);
 }
 
+/// The entries of a list as they are typed here, and what they mean.
+void tellEntries(std::ostream& err, const Cell_Rec& cell) {
+    std::string entries;
+    for (std::int32_t i = 1; i <= cell.Messages.upperBound(); ++i)
+        entries += (i > 1 ? ", " : "") + std::to_string(i - 1) + " " + printable(cell.Messages(i).Text);
+    tell(err, "The cell is a list. Give the number of an entry: " + entries + ".");
+}
+
+/// What a failed entry was for, where the failure alone says too little.
+void tellPlace(std::ostream& err, const Opened_Document& opened, const Cell_Place& place) {
+    const Declara_Zorvane& document = opened.document;
+    tellMissingField(err, opened, place.field);
+    if (place.field > document.Field_Count) return; // which has been told
+    const Field_Rec& field = document.Fields(place.field);
+    if (place.row > field.Rows || place.column > field.Columns)
+        return tell(err, "Field " + std::to_string(place.field) + " has " + std::to_string(field.Rows) +
+                             " rows and " + std::to_string(field.Columns) + " columns.");
+    const Cell_Rec& cell = field.Cells(place.row, place.column);
+    if (cell.Has_Messages) tellEntries(err, cell);
+}
+
 class Set_Call : public Call {
   public:
     void addArguments(CLI::App& arguments) override {
@@ -42,10 +64,10 @@ class Set_Call : public Call {
         addField(arguments, place_.field);
         arguments.add_option("ROW", place_.row, "The row's number, from 1")
             ->required()
-            ->check(CLI::PositiveNumber);
+            ->check(countedFromOne());
         arguments.add_option("COLUMN", place_.column, "The column's number, from 1")
             ->required()
-            ->check(CLI::PositiveNumber);
+            ->check(countedFromOne());
         arguments
             .add_option("TEXT", text_,
                         "What the user types; in a list cell the entry's number, from 0. After \"--\" if it "
@@ -66,6 +88,7 @@ class Set_Call : public Call {
         Opened_Document opened = files_.open(surroundings);
         const Entry_Note note = commitEntry(opened.document, place_, text);
         tellEntry(surroundings.err, note);
+        if (note.failure) tellPlace(surroundings.err, opened, place_);
         const bool saved = out_.empty() || save(surroundings, opened, note.committed());
         if (surroundings.json)
             printJson(surroundings.out, entryJson(note));

@@ -78,6 +78,7 @@ class Show_Call : public Call {
             scene = Online_Scene{*registers, fromUtf8(request_), lost_};
         }
         Opened_Document opened = files_.open(surroundings);
+        tellMissingField(surroundings.err, opened, field_);
         const Shown_Grid shown = showField(opened.document, field_, scene);
         if (shown.failure)
             tellFailure(surroundings.err, "The field could not be shown whole", *shown.failure);

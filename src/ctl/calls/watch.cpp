@@ -21,7 +21,7 @@ class Watch_Call : public Port_Call {
         addField(arguments, field_);
         arguments.add_option("--count", count_, "End after so many refreshes (default: at Ctrl+C)")
             ->type_name("N")
-            ->check(CLI::PositiveNumber);
+            ->check(countedFromOne());
     }
 
   protected:

@@ -80,7 +80,7 @@ def _upload_and_watch(program):
     program.choose("Communication", "Modbus Monitor")
     monitor = program.dialog("ModbusMonitor").part
     wait_for("rows in the monitor", lambda: Table(monitor.find(role="table")).row_count >= 3)
-    program.hands.keys("alt+F4")
+    program.hands.keys("Escape")
     wait_for("the main window", lambda: "active" in program.window.states)
     program.choose("Communication", "Disconnect")
     program.expect_panel(2, "Offline")
