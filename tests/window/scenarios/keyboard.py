@@ -69,6 +69,7 @@ def _choose_file(program, path):
 def the_main_job_from_start_to_end(program):
     path = program.document()
     export = os.path.join(os.path.dirname(path), "site7.txt")
+    program.without_leak_check()
     program.start()
     with Only_Keyboard(program):
         program.hands.keys("ctrl+o")
