@@ -159,7 +159,7 @@ void Rtu_Transaction::ringInSettle(Micros now) {
         const Finding finding = findAnswer(result_.request, receivedBytes(), *start);
         if (finding.verdict == Finding::Verdict::Found) return succeed(finding);
     }
-    const bool damaged = faultNow() == faultText(Answer_Fault::BadCrc);
+    const bool damaged = faultOfAnswer() == Answer_Fault::BadCrc;
     fail(faultNow() + (babbling ? ", and the line doesn't fall silent" : ""), !damaged);
 }
 
@@ -271,11 +271,14 @@ void Rtu_Transaction::atDeadline() {
     fail(faultNow(), true);
 }
 
-std::string Rtu_Transaction::faultNow() const {
+Answer_Fault Rtu_Transaction::faultOfAnswer() const {
     const auto echoEnd = endOfEcho(result_.sent, receivedBytes(), searchFrom_);
-    const std::size_t from = echoEnd.value_or(searchFrom_);
-    const Answer_Fault fault = whyNoAnswer(result_.request, receivedBytes(), from);
-    if (fault == Answer_Fault::Nothing && echoEnd) return std::string(faultText(Answer_Fault::OnlyEcho));
+    const Answer_Fault fault = whyNoAnswer(result_.request, receivedBytes(), echoEnd.value_or(searchFrom_));
+    return fault == Answer_Fault::Nothing && echoEnd ? Answer_Fault::OnlyEcho : fault;
+}
+
+std::string Rtu_Transaction::faultNow() const {
+    const Answer_Fault fault = faultOfAnswer();
     if (fault == Answer_Fault::Nothing && searchFrom_ > 0) return "only a late answer to an earlier request";
     return std::string(faultText(fault));
 }
