@@ -111,6 +111,22 @@ TEST(ModbusLink, EveryBlockHasItsOwnTries) {
     EXPECT_THAT(firsts, ElementsAre(1, 6, 6, 6, 8, 8, 8, 1));
 }
 
+TEST(ModbusLink, AnAnswerGivesTheNextBlockAllItsTriesAgain) {
+    Link_Rig rig;
+    rig.faults = [&](int number, const Byte_Array& request) {
+        if (number == 1) rig.reply(rig.slave.answer(request), 5 * ms);
+    };
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.block(8, 9);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(6));
+    std::vector<std::int32_t> firsts;
+    for (const Exchange_Record& exchange : rig.log.exchanges)
+        firsts.push_back(exchange.firstRegister);
+    EXPECT_THAT(firsts, ElementsAre(1, 1, 6, 6, 6, 8));
+}
+
 TEST(ModbusLink, ABlockBehindOneThatTheWireCannotCarryHasAllItsTries) {
     Link_Rig rig;
     rig.faults = [](int, const Byte_Array&) {};
@@ -167,6 +183,19 @@ TEST(ModbusLink, AnExceptionIsAnAnswer) {
     EXPECT_EQ(rig.link.LastResponse(), "");
     ASSERT_TRUE(rig.exchanges(2));
     EXPECT_EQ(rig.log.exchanges[1].firstRegister, 6) << "an exception isn't tried again";
+}
+
+TEST(ModbusLink, ResetTransferLogForgetsTheLastRequest) {
+    Link_Rig rig;
+    rig.faults = [&](int, const Byte_Array& request) { rig.reply(rig.slave.exception(request, 2), 5 * ms); };
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.link.LastResponse(), "Illegal data address (exception 2)");
+    EXPECT_TRUE(rig.link.LastRequestFailed());
+    rig.link.ResetTransferLog();
+    EXPECT_EQ(rig.link.LastResponse(), "");
+    EXPECT_FALSE(rig.link.LastRequestFailed());
 }
 
 TEST(ModbusLink, ABlockThatTheWireCannotCarryIsAFailedExchange) {
@@ -272,6 +301,9 @@ TEST(ModbusLink, TemplateTimingsOf0LeaveTheSettingsOwn) {
     EXPECT_EQ(rig.link.timeOutMs(), 300);
     EXPECT_EQ(rig.link.pauseMs(), 50);
     EXPECT_EQ(rig.link.PortParameters().at(4), "100");
+    rig.link.SetTimings(1, 1);
+    EXPECT_EQ(rig.link.timeOutMs(), 1);
+    EXPECT_EQ(rig.link.pauseMs(), 1);
     rig.link.SetTimings(0, -1);
     EXPECT_EQ(rig.link.timeOutMs(), 100);
     EXPECT_EQ(rig.link.pauseMs(), 0);
@@ -306,9 +338,14 @@ TEST(ModbusLink, TheBenchProcedure) {
     rig.link.SetCommPort(1, "9600,n,8,1");
     rig.link.SetTimings(50, 300);
     rig.link.AddHoldingBlock(1, 5, 5, true, 1);
+    rig.link.SetScanMode("NONE");
+    EXPECT_EQ(rig.link.ScanBlockCount(), 1);
     rig.link.PrepareScan();
     rig.link.OpenPort();
     EXPECT_EQ(rig.port.attempts.size(), 1U);
+    rig.link.StartScan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.port.written[0], withCrc(bytesOf("01 03 00 05 00 01")));
     EXPECT_EQ(rig.port.settingsSeen.line, (Line_Settings{9600, 'N', 8, 1}));
     EXPECT_EQ(rig.link.PortParameters().at(2), "1");
     rig.link.ClosePort();
@@ -337,6 +374,20 @@ TEST(ModbusLink, NewSettingsTakeEffectOnAnOpenPort) {
     EXPECT_TRUE(rig.exchanges(3));
     rig.link.setPortSettings(changed);
     EXPECT_EQ(rig.port.attempts.size(), 2U) << "the same settings change nothing";
+}
+
+TEST(ModbusLink, NewSettingsCountForTheNextRequest) {
+    Link_Rig rig;
+    rig.faults = [](int, const Byte_Array&) {};
+    Port_Settings changed = rig.link.portSettings();
+    changed.line.baud = 1200;
+    changed.timeOutMs = 300;
+    rig.link.setPortSettings(changed);
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.log.exchanges[0].duration, rig.requestTime() + 300 * ms);
+    EXPECT_EQ(rig.requestTime(), wireTime(changed.line, 8));
 }
 
 TEST(ModbusLink, NewSettingsLeaveAClosedPortClosed) {

@@ -115,6 +115,18 @@ TEST(ModbusLinkWrite, BusyEndsAWriteWithoutAnotherTry) {
     EXPECT_EQ(rig.link.RegisterValue(0, 1), 0);
 }
 
+TEST(ModbusLinkWrite, BeginsWithoutTheLastResponse) {
+    Link_Rig rig;
+    rig.faults = [&](int, const Byte_Array& request) { rig.reply(rig.slave.exception(request, 6), 5 * ms); };
+    rig.link.PrepareScan();
+    rig.link.PresetSingleRegister(0, 1, 5);
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_EQ(rig.link.LastResponse(), "BUSY");
+    rig.link.PresetSingleRegister(0, 1, 5);
+    EXPECT_TRUE(rig.link.WriteBusy());
+    EXPECT_EQ(rig.link.LastResponse(), "");
+}
+
 TEST(ModbusLinkWrite, WriteFailedStaysUntilCleared) {
     Link_Rig rig;
     bool silent = true;
@@ -186,6 +198,33 @@ TEST(ModbusLinkWrite, NothingIsEverBroadcast) {
     }
     rig.clock.runFor(microsPerSecond);
     EXPECT_EQ(rig.port.written.size(), 1U);
+}
+
+TEST(ModbusLinkWrite, SlavesGoFrom1To247) {
+    for (const std::uint8_t slave : {std::uint8_t{1}, std::uint8_t{247}}) {
+        Link_Rig rig;
+        rig.slave = testing::Toy_Slave(slave);
+        rig.link.PrepareScan();
+        rig.link.PresetSingleRegister(slave, 1, 5);
+        ASSERT_TRUE(rig.writeEnds());
+        EXPECT_FALSE(rig.link.WriteFailed());
+        EXPECT_EQ(rig.port.written.at(0).at(0), slave);
+    }
+}
+
+TEST(ModbusLinkWrite, AddressesGoFrom0To65535BehindTheBase) {
+    Link_Rig rig;
+    rig.link.SetAddressBase(10);
+    rig.link.PrepareScan();
+    rig.link.PresetMultipleRegisters(0, 10, {3});
+    rig.link.PresetMultipleRegisters(0, 65544, {4, 5});
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_FALSE(rig.link.WriteFailed());
+    EXPECT_EQ(rig.slave.registers[0], 3);
+    EXPECT_EQ(rig.slave.registers[65535], 5);
+    rig.link.PresetMultipleRegisters(0, 65544, {4, 5, 6});
+    EXPECT_TRUE(rig.link.WriteFailed());
+    EXPECT_EQ(rig.link.LastResponse(), "Register 65546 has no address from 0 to 65535");
 }
 
 TEST(ModbusLinkWrite, AnAddressThatTheWireCannotCarryFails) {

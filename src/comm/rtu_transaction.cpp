@@ -51,7 +51,6 @@ void Rtu_Transaction::lineOpened() {
     lastActivity_ = clock_.now();
     quiet_ = silence_;
     learntPace_ = false;
-    stray_.clear();
 }
 
 void Rtu_Transaction::submit(Rtu_Request request) {
@@ -118,7 +117,7 @@ void Rtu_Transaction::armForState() {
     case State::Wait:
         return alarm_->armAt(rtsRaised_ ? txEnd_ : deadline_);
     case State::Settle:
-        return alarm_->armAt(std::min(lastActivity_ + settleTime(), settleLimit_));
+        return alarm_->armAt(rtsRaised_ ? txEnd_ : std::min(lastActivity_ + settleTime(), settleLimit_));
     }
 }
 
@@ -147,12 +146,13 @@ void Rtu_Transaction::ringInGap(Micros now) {
 }
 
 void Rtu_Transaction::ringInWait(Micros now) {
-    if (rtsRaised_ && now >= txEnd_) lowerRts();
+    if (now >= txEnd_) lowerRts();
     if (now >= deadline_) return atDeadline();
     armForState();
 }
 
 void Rtu_Transaction::ringInSettle(Micros now) {
+    if (now >= txEnd_) lowerRts();
     const bool babbling = now >= settleLimit_;
     if (!babbling && now < lastActivity_ + settleTime()) return armForState();
     if (const auto start = searchStart()) {
@@ -259,7 +259,6 @@ void Rtu_Transaction::settle() {
     if (state_ == State::Settle) return;
     state_ = State::Settle;
     settleLimit_ = std::max(clock_.now(), txEnd_) + wireTime(settings_.line, largestFrame) + 2 * settleTime();
-    lowerRts();
     armForState();
 }
 
