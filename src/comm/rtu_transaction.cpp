@@ -166,8 +166,6 @@ void Rtu_Transaction::ringInSettle(Micros now) {
 // Sending.
 
 void Rtu_Transaction::lead() {
-    if (!stray_.empty()) tellStray("stray bytes");
-    if (state_ != State::Gap) return;
     if (settings_.rts == Rts_Mode::HighOnSend) {
         port_.setRts(true);
         rtsRaised_ = true;
