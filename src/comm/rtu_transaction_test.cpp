@@ -200,7 +200,7 @@ TEST_F(RtuTransaction, OfMoreThan4096BytesOnlyTheLastOnesAreKept) {
 
 TEST_F(RtuTransaction, ADamagedAnswerInABabblingLineFailsInTheEnd) {
     begin(read);
-    clock.runFor(requestTime);
+    clock.runFor(requestTime + 10 * ms);
     Byte_Array damaged = answer;
     damaged[4] ^= 1U;
     port.deliver(damaged);
@@ -209,9 +209,11 @@ TEST_F(RtuTransaction, ADamagedAnswerInABabblingLineFailsInTheEnd) {
         clock.in(2 * ms, babble);
     };
     babble();
+    const Micros begun = clock.now();
     clock.runFor(microsPerSecond);
     ASSERT_EQ(recorder.results.size(), 1U);
     EXPECT_EQ(fault(), "wrong CRC, and the line doesn't fall silent");
+    EXPECT_EQ(recorder.results[0].endedAt, begun + wireTime(settings.line, 256) + 40 * ms);
 }
 
 // Late answers.
