@@ -103,10 +103,7 @@ TEST(ModbusLinkScan, ABlockHasAllItsTriesAgainAfterAStop) {
     rig.link.StopScan();
     rig.link.StartScan();
     ASSERT_TRUE(rig.exchanges(6));
-    std::vector<std::int32_t> firsts;
-    for (const Exchange_Record& exchange : rig.log.exchanges)
-        firsts.push_back(exchange.firstRegister);
-    EXPECT_THAT(firsts, ElementsAre(1, 1, 1, 1, 1, 6));
+    EXPECT_THAT(rig.firstRegisters(), ElementsAre(1, 1, 1, 1, 1, 6));
 }
 
 TEST(ModbusLinkScan, AStoppedScanKeepsItsIndex) {
@@ -241,10 +238,7 @@ TEST(ModbusLinkScan, AfterAResetABlockHasAllItsTriesAgain) {
     ASSERT_TRUE(rig.exchanges(2));
     rig.link.ResetScan();
     ASSERT_TRUE(rig.exchanges(6));
-    std::vector<std::int32_t> firsts;
-    for (const Exchange_Record& exchange : rig.log.exchanges)
-        firsts.push_back(exchange.firstRegister);
-    EXPECT_THAT(firsts, ElementsAre(1, 1, 1, 1, 1, 6));
+    EXPECT_THAT(rig.firstRegisters(), ElementsAre(1, 1, 1, 1, 1, 6));
 }
 
 TEST(ModbusLinkScan, ResetScanGoesBackToTheFirstBlock) {
