@@ -278,6 +278,20 @@ TEST_F(RtuTransaction, ALateAnswerThatHoldsWhatLooksLikeADamagedOneDoesNotEndThe
     EXPECT_EQ(recorder.results[1].answer->registers, (std::vector<std::uint16_t>{7, 8}));
 }
 
+TEST_F(RtuTransaction, AnAnswerIsFoundBehindALateOneAndMoreNoiseThanIsKept) {
+    begin(readRequest(1, 0, 1));
+    clock.runFor(requestTime + 100 * ms);
+    EXPECT_EQ(fault(), "no answer");
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(Byte_Array(300, 0x5A));
+    port.deliver(withCrc(bytesOf("01 03 02 00 07")));
+    port.deliver(Byte_Array(3800, 0x5A));
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_TRUE(recorder.results[1].answer);
+}
+
 TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
     begin(readRequest(1, 0, 3));
     clock.runFor(requestTime + 100 * ms);
