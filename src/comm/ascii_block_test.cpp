@@ -119,6 +119,8 @@ TEST(FillTo16, AppendsBlanksOrLeavesALongerText) {
     PRO_Rellena_16(text, result);
     EXPECT_EQ(result, "ABCDEFGHIJKLMNOPQ");
     EXPECT_EQ(filledTo16(""), std::string(16, ' '));
+    EXPECT_EQ(filledTo16("ABCDEFGHIJKLMNO"), "ABCDEFGHIJKLMNO ");
+    EXPECT_EQ(filledTo16("ABCDEFGHIJKLMNOP"), "ABCDEFGHIJKLMNOP");
 }
 
 } // namespace

@@ -97,6 +97,11 @@ TEST(TrafficRows, ALineHasTabsAndTheBytesBehind) {
 TEST(TrafficRows, TimeOfDayBeginsAnewEachDay) {
     constexpr Micros day = 24 * 60 * 60 * microsPerSecond;
     EXPECT_EQ(timeOfDayText(day - 1), "23:59:59.999");
+    EXPECT_EQ(timeOfDayText(microsPerSecond), "00:00:01.000");
+    EXPECT_EQ(timeOfDayText(60 * microsPerSecond), "00:01:00.000");
+    EXPECT_EQ(timeOfDayText(60 * microsPerSecond - 1), "00:00:59.999");
+    EXPECT_EQ(timeOfDayText(3600 * microsPerSecond), "01:00:00.000");
+    EXPECT_EQ(timeOfDayText(3600 * microsPerSecond - 1), "00:59:59.999");
     EXPECT_EQ(timeOfDayText(day), "00:00:00.000");
     EXPECT_EQ(timeOfDayText(3 * day + 61 * microsPerSecond), "00:01:01.000");
     EXPECT_EQ(timeOfDayText(-microsPerMs), "23:59:59.999");
