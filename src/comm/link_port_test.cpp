@@ -60,6 +60,7 @@ TEST(LinkPort, WithoutAPortTheMessageSaysWhereToChooseOne) {
     EXPECT_EQ(rig.asker.messages[0].text,
               "The serial port can't be opened.\n\n"
               "No port is chosen: choose one under Communication, Port Settings.");
+    rig.clock.runFor(2 * microsPerSecond);
     EXPECT_TRUE(rig.port.attempts.empty());
 }
 
@@ -72,6 +73,7 @@ TEST(LinkPort, UnusableSettingsAreToldBeforeThePortIsTouched) {
     EXPECT_EQ(rig.asker.messages[0].text, "The serial port ttyUSB0 can't be opened.\n\n"
                                           "The baud rate is 7, it must be from 300 to 921600. "
                                           "Change it under Communication, Port Settings.");
+    rig.clock.runFor(2 * microsPerSecond);
     EXPECT_TRUE(rig.port.attempts.empty());
 }
 
@@ -283,6 +285,35 @@ TEST_P(LinkUnplug, TheAdapterIsFoundUnderAnotherName) {
     rig.link.ClosePort();
     rig.link.PrepareScan();
     EXPECT_EQ(rig.port.attempts.back(), "/dev/ttyUSB3") << "the chosen adapter, not its old name";
+}
+
+TEST(LinkPort, TheUserOpensTheChosenAdapterThoughAnotherHasItsName) {
+    Link_Rig rig;
+    rig.finder.list = {usb("ttyUSB0", "A1")};
+    rig.link.PrepareScan();
+    rig.link.ClosePort();
+    rig.finder.list = {usb("ttyUSB0", "OTHER"), usb("ttyUSB3", "A1")};
+    rig.link.PrepareScan();
+    EXPECT_EQ(rig.port.attempts.back(), "/dev/ttyUSB3");
+    rig.link.ClosePort();
+    rig.finder.list = {};
+    rig.link.PrepareScan();
+    EXPECT_EQ(rig.port.attempts.back(), "ttyUSB0") << "an adapter that is gone goes by its name";
+}
+
+TEST(LinkPort, AnAdapterThatCameLaterIsFoundUnderAnotherNameToo) {
+    Link_Rig rig;
+    onlyPorts(rig, {});
+    rig.link.PrepareScan();
+    rig.finder.list = {usb("ttyUSB0", "A1")};
+    onlyPorts(rig, {"ttyUSB0", "/dev/ttyUSB3"});
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_TRUE(rig.link.portOpen());
+    rig.port.unplug();
+    rig.finder.list = {usb("ttyUSB3", "A1")};
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.back(), "/dev/ttyUSB3");
+    EXPECT_TRUE(rig.link.portOpen());
 }
 
 TEST(LinkPort, OfTwoAdaptersAlikeTheOneIsMeantThatHasTheLastName) {

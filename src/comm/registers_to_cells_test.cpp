@@ -58,6 +58,7 @@ TEST_F(RegistersToCells, SignAndMagnitudeKeepsWhatLiesAboveItsSignBit) {
 
 TEST_F(RegistersToCells, FormatOfNoBitsReadsUnsigned) {
     EXPECT_EQ(appliedWithBits("0", 65535), "65535");
+    EXPECT_EQ(appliedWithBits("0", 0), "0");
     EXPECT_EQ(appliedWithBits("0", 7), "7");
 }
 

@@ -116,6 +116,17 @@ TEST_F(RtuTransaction, AnAnswerThatStopsInTheMiddleFailsAtTheTimeOut) {
     }
 }
 
+TEST_F(RtuTransaction, AfterAnAnswerThatStoppedBehindTheTimeOutTheSameShapeWaitsFromThere) {
+    begin(read);
+    clock.runUntil(sentAt[0] + requestTime + 95 * ms);
+    port.deliver(bytesOf("01 03 04"));
+    clock.runFor(20 * ms);
+    EXPECT_EQ(fault(), "answer cut short");
+    const Micros failed = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt.at(1), failed + 100 * ms);
+}
+
 TEST_F(RtuTransaction, AWrongCrcFailsOnceTheLineWasSilentFor20Ms) {
     begin(read);
     clock.runFor(requestTime + 20 * ms);
@@ -331,6 +342,23 @@ TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineUntilItsAnswerCame) {
     clock.runFor(10 * ms);
     EXPECT_EQ(sentAt.at(1), end + silence);
     EXPECT_TRUE(recorder.results.empty());
+}
+
+TEST_F(RtuTransaction, ToAbandonNothingHoldsNothingUp) {
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(answer);
+    const Micros end = clock.now();
+    transaction.abandon();
+    begin(readRequest(1, 500, 2));
+    EXPECT_EQ(sentAt.at(1), end + silence);
+    port.deliver(answer);
+    transaction.submit(read);
+    transaction.abandon();
+    clock.runFor(requestTime + silence);
+    const Micros start = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt.at(2), start) << "the abandoned one had not gone out";
 }
 
 TEST_F(RtuTransaction, ALineThatFallsSilentBehindAnAbandonedRequestIsFree) {

@@ -340,5 +340,30 @@ TEST(SimulatedPort, GivesTheReasonWhenThereIsNone) {
     EXPECT_FALSE(line.isOpen());
 }
 
+TEST(TestVerdict, ATestThatIsCancelledOrGoesAwayLowersRtsAndFreesThePort) {
+    for (const bool goesAway : {false, true}) {
+        Test_Bench bench;
+        bench.request.settings.rts = Rts_Mode::HighOnSend;
+        auto exchange = std::make_unique<Test_Exchange>(bench.port, bench.clock);
+        exchange->start(bench.request, {});
+        bench.clock.runFor(5 * microsPerMs);
+        EXPECT_TRUE(bench.port.rts);
+        if (goesAway)
+            exchange.reset();
+        else
+            exchange->cancel();
+        EXPECT_FALSE(bench.port.rts);
+        EXPECT_FALSE(bench.port.isOpen());
+    }
+}
+
+TEST(TestVerdict, EveryTestHasItsOwnReport) {
+    Test_Bench bench;
+    EXPECT_EQ(bench.run().kind, Verdict_Kind::Silence);
+    bench.report.reset();
+    bench.answer([](Toy_Slave& slave, const Byte_Array& sent) { return slave.answer(sent); });
+    EXPECT_EQ(bench.run().kind, Verdict_Kind::Good);
+}
+
 } // namespace
 } // namespace zorvane
