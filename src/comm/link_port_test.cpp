@@ -199,6 +199,9 @@ TEST(LinkPort, APortThatWasNotLentIsNotTakenBack) {
     rig.block(1, 5);
     rig.scan();
     ASSERT_TRUE(rig.exchanges(1));
+    rig.link.lendPort();
+    rig.link.takePortBack();
+    ASSERT_TRUE(rig.exchanges(2));
     rig.link.StopScan();
     const std::size_t sent = rig.port.written.size();
     rig.link.takePortBack();
@@ -326,6 +329,28 @@ TEST(LinkPort, APathThatIsNoAdapterIsOpenedAgainUnderTheSamePathOnly) {
     onlyPorts(rig, {"/tmp/line"});
     ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.link.CommLost(); }, 2 * microsPerSecond));
     EXPECT_THAT(rig.port.attempts, ::testing::Each("/tmp/line"));
+}
+
+TEST(LinkPort, ALostPortIsLookedForAfterHalfASecond) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    onlyPorts(rig, {});
+    rig.port.unplug();
+    rig.clock.runFor(500 * ms - 1);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+    rig.clock.runFor(1);
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+}
+
+TEST(LinkPort, ALostPortIsNotLookedForOnceWhoeverIsToldHasClosedIt) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.onExchange([&](const std::string&, const std::string&) { rig.link.ClosePort(); });
+    rig.scan();
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.port.written.empty(); }, microsPerSecond));
+    rig.port.unplug();
+    rig.clock.runFor(10 * microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
 }
 
 TEST(LinkPort, AWriteUnderWayWhenThePortIsLostFails) {

@@ -304,6 +304,20 @@ TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
     EXPECT_EQ(fault(), "only a late answer to an earlier request");
 }
 
+TEST_F(RtuTransaction, AnAnswerBehindAnExceptionThatMayBeLateCounts) {
+    begin(readRequest(1, 0, 1));
+    clock.runFor(requestTime + 100 * ms);
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(bytesOf("5A"));
+    port.deliver(withCrc(bytesOf("01 83 02")));
+    EXPECT_EQ(recorder.results.size(), 1U);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_TRUE(recorder.results[1].answer);
+    EXPECT_EQ(recorder.results[1].noise, 0U) << "what stands before a late answer was told apart";
+}
+
 TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineUntilItsAnswerCame) {
     begin(read);
     clock.runFor(requestTime + 5 * ms);
@@ -379,6 +393,19 @@ TEST_F(RtuTransaction, RtsStandsFromTheDelayToTheLastByte) {
     port.deliver(answer);
     EXPECT_EQ(recorder.results.size(), 1U);
     EXPECT_EQ(port.rtsChanges, (std::vector<bool>{true, false}));
+}
+
+TEST_F(RtuTransaction, ADelayOf1MsIsWaitedForAndNoneIsNot) {
+    for (const std::int32_t delay : {0, 1}) {
+        settings.txDelayMs = delay;
+        use(settings);
+        open();
+        const Micros start = clock.now();
+        begin(read);
+        EXPECT_EQ(sentAt.back(), start + silence + delay * ms);
+        clock.runFor(requestTime);
+        port.deliver(answer);
+    }
 }
 
 TEST_F(RtuTransaction, RtsFallsWhenTheRequestIsTakenBack) {

@@ -252,6 +252,16 @@ TEST(Scan, APlanWithoutBlocksChangesItsIndexEachTimeOneIsMissed) {
     EXPECT_EQ(scan.index(), 0);
 }
 
+TEST(Scan, TheOnlyBlockMissedBetweenTwoPassesKeeps0) {
+    Scan scan = scanOf({{1, 5, "NONE", 0}});
+    scan.indexSeen();
+    scan.blockGivenUp(1 * ms);
+    EXPECT_EQ(scan.index(), 0);
+    scan.indexSeen();
+    scan.blockGivenUp(2 * ms);
+    EXPECT_EQ(scan.index(), 0);
+}
+
 TEST(Scan, APlanWithoutBlocksStandsAt0AndStillMovesOn) {
     Scan scan = scanOf({});
     EXPECT_EQ(scan.index(), 0);
