@@ -315,6 +315,17 @@ TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
     EXPECT_EQ(fault(), "only a late answer to an earlier request");
 }
 
+TEST_F(RtuTransaction, AnExceptionOfAnotherFunctionIsNotLate) {
+    begin(read);
+    clock.runFor(requestTime + 100 * ms);
+    begin(presetSingle(1, 5, 7));
+    clock.runFor(requestTime);
+    port.deliver(withCrc(bytesOf("01 86 02")));
+    ASSERT_EQ(recorder.results.size(), 2U);
+    ASSERT_TRUE(recorder.results[1].answer);
+    EXPECT_EQ(recorder.results[1].answer->exception, 2);
+}
+
 TEST_F(RtuTransaction, AnAnswerBehindAnExceptionThatMayBeLateCounts) {
     begin(readRequest(1, 0, 1));
     clock.runFor(requestTime + 100 * ms);
