@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace zorvane {
@@ -15,6 +16,12 @@ namespace {
 bool isTyping(const QKeyEvent& key) {
     const Qt::KeyboardModifiers commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     return !key.text().isEmpty() && key.text().at(0).isPrint() && !(key.modifiers() & commands);
+}
+
+/// Whoever keeps a place keeps it in 16 bits, and a wide screen has more twips than those hold.
+float keptPlace(double twips) {
+    using Kept = std::numeric_limits<std::int16_t>;
+    return static_cast<float>(std::clamp<double>(twips, Kept::min(), Kept::max()));
 }
 
 } // namespace
@@ -177,8 +184,8 @@ void Flex_Grid_View::tellMouse(const Flex_Grid_Events::Mouse& handler, const QMo
     const int rowPixels = horizontalHeader()->height();
     const bool hasRows = store().Rows() > 0 && rowPixels > 0;
     const double perPixelY = hasRows ? store().RowHeight(0) / double(rowPixels) : scale.perPixelY;
-    handler(buttonsOf(buttons), shiftOf(event.modifiers()), static_cast<float>(scale.twipsX(place.x())),
-            static_cast<float>(place.y() * perPixelY));
+    handler(buttonsOf(buttons), shiftOf(event.modifiers()), keptPlace(scale.twipsX(place.x())),
+            keptPlace(place.y() * perPixelY));
 }
 
 void Flex_Grid_View::mousePressEvent(QMouseEvent* event) {
