@@ -70,8 +70,9 @@ TEST_F(Mouse_Test, PlacesAreTwipsFromTheTopOfTheHeading) {
 
 TEST_F(Mouse_Test, APlaceFarOutOnAWideScreenIsHeldTo16Bits) {
     show();
-    QMouseEvent far(QEvent::MouseMove, QPointF(2600, 2600), view->viewport()->mapToGlobal(QPointF(2600, 2600)),
-                    Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QMouseEvent far(QEvent::MouseMove, QPointF(2600, 2600),
+                    view->viewport()->mapToGlobal(QPointF(2600, 2600)), Qt::NoButton, Qt::LeftButton,
+                    Qt::NoModifier);
     QApplication::sendEvent(view->viewport(), &far);
     EXPECT_FLOAT_EQ(lastX, 32767);
     EXPECT_FLOAT_EQ(lastY, 32767);
