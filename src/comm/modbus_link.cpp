@@ -13,7 +13,6 @@ Modbus_Link::Modbus_Link(const Parts& parts, const Port_Settings& settings)
       scanAlarm_(parts.clock.makeAlarm([this] {
           scan_.advance(clock_.now());
           next();
-          armScanAlarm();
       })),
       reopenAlarm_(parts.clock.makeAlarm([this] { tryReopen(); })) {
     transaction_.setLine(settings_);

@@ -36,7 +36,6 @@ void Modbus_Link::startWrite() {
 void Modbus_Link::continueScan() {
     const Micros now = clock_.now();
     if (scan_.plan().numbers().empty()) return missEmptyScan();
-    scan_.advance(now);
     if (const auto frame = scan_.frame(now)) startFrame(*frame);
     armScanAlarm();
 }
@@ -61,7 +60,6 @@ void Modbus_Link::missScan() {
     missDue_ = false;
     status_.lastRequestFailed = true; // the loss was told when the port went or couldn't be opened
     scan_.blockGivenUp(clock_.now());
-    armScanAlarm();
 }
 
 void Modbus_Link::missEmptyScan() {
@@ -69,16 +67,11 @@ void Modbus_Link::missEmptyScan() {
     if (!missDue_) return;
     missDue_ = false;
     scan_.blockGivenUp(clock_.now());
-    armScanAlarm();
 }
 
 void Modbus_Link::armScanAlarm() {
     const auto until = scan_.waitsUntil();
-    if (until && scanWanted()) {
-        scanAlarm_->armAt(*until);
-    } else {
-        scanAlarm_->disarm();
-    }
+    if (until && scanWanted()) scanAlarm_->armAt(*until);
 }
 
 void Modbus_Link::scanLookedAt() const {

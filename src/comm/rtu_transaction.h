@@ -96,6 +96,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void learnEcho(std::size_t answerAt);
     void learnPace();
     void tellTrailing(std::size_t from);
+    [[nodiscard]] Answer_Fault faultOfAnswer() const;
     [[nodiscard]] std::string faultNow() const;
     void finish();
 

@@ -42,9 +42,25 @@ TEST_F(RtuTransactionEcho, StrayBytesAreToldAtOnceWhenMoreThan512Came) {
     EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (513)"});
 }
 
+TEST_F(RtuTransactionEcho, AnAnswerThatComesAfterItsLastTimeIsStray) {
+    begin(read);
+    clock.runFor(requestTime + 200 * ms);
+    port.deliver(answer);
+    clock.runFor(20 * ms);
+    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (9)"});
+}
+
 TEST_F(RtuTransactionEcho, StrayBytesBeforeALossAreTold) {
     port.deliver(bytesOf("00 FF"));
     port.unplug();
+    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
+}
+
+TEST_F(RtuTransactionEcho, StrayBytesBeforeTheUserOpensThePortAnewAreTold) {
+    port.deliver(bytesOf("55 AA"));
+    port.close();
+    open();
+    clock.runFor(20 * ms);
     EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
 }
 

@@ -142,6 +142,15 @@ TEST_F(Paced_Line, BetweenExchangesEveryByteIsToldAtOnce) {
     EXPECT_EQ(port.notBefore, 0);
 }
 
+TEST_F(Paced_Line, TheHintIsAThirtySecondEarlierThanTheBaudRateSays) {
+    exchange(longRead, longAnswer());
+    begin(longRead);
+    clock.runFor(requestTime);
+    port.deliver(bytesOf("01 03 64"));
+    const Micros untilTheLastThree = 103125; // 99 characters of the 102 that miss
+    EXPECT_EQ(port.notBefore, clock.now() + untilTheLastThree - untilTheLastThree / 32);
+}
+
 TEST_F(Paced_Line, AnAnswerInOnePieceShowsNoPace) {
     for (int i = 0; i < 3; ++i) {
         begin(longRead);
@@ -151,6 +160,36 @@ TEST_F(Paced_Line, AnAnswerInOnePieceShowsNoPace) {
         clock.runFor(10 * ms);
         EXPECT_TRUE(recorder.results.back().answer);
     }
+}
+
+/// An answer of nine bytes comes in in so many pieces, the first one the longest, so far apart. Tells whether
+/// the next request's answer is hinted at.
+struct Piecewise : Paced_Line {
+    bool learns(std::size_t count, Micros apart) {
+        transaction.lineOpened();
+        begin(read);
+        clock.runFor(requestTime + silence);
+        const std::size_t first = answer.size() - count + 1;
+        port.deliver(Byte_Array(answer.begin(), answer.begin() + static_cast<std::ptrdiff_t>(first)));
+        for (std::size_t at = first; at < answer.size(); ++at) {
+            clock.runFor(apart);
+            port.deliver({answer[at]});
+        }
+        begin(longRead);
+        const bool hinted = port.notBefore > 0;
+        clock.runFor(3000 * ms);
+        return hinted;
+    }
+};
+
+TEST_F(Piecewise, EightPiecesShowThePaceAndSevenDoNot) {
+    EXPECT_FALSE(learns(7, character));
+    EXPECT_TRUE(learns(8, character));
+}
+
+TEST_F(Piecewise, ThreeQuartersOfTheBaudRatesTimeAreItsPace) {
+    EXPECT_FALSE(learns(8, 892)) << "6244 us for bytes that take 8334";
+    EXPECT_TRUE(learns(8, 893)) << "6251 us";
 }
 
 TEST_F(Paced_Line, APseudoTerminalInPiecesIsFasterThanItsBaudRate) {

@@ -200,7 +200,7 @@ TEST_F(RtuTransaction, OfMoreThan4096BytesOnlyTheLastOnesAreKept) {
 
 TEST_F(RtuTransaction, ADamagedAnswerInABabblingLineFailsInTheEnd) {
     begin(read);
-    clock.runFor(requestTime);
+    clock.runFor(requestTime + 10 * ms);
     Byte_Array damaged = answer;
     damaged[4] ^= 1U;
     port.deliver(damaged);
@@ -209,9 +209,11 @@ TEST_F(RtuTransaction, ADamagedAnswerInABabblingLineFailsInTheEnd) {
         clock.in(2 * ms, babble);
     };
     babble();
+    const Micros begun = clock.now();
     clock.runFor(microsPerSecond);
     ASSERT_EQ(recorder.results.size(), 1U);
     EXPECT_EQ(fault(), "wrong CRC, and the line doesn't fall silent");
+    EXPECT_EQ(recorder.results[0].endedAt, begun + wireTime(settings.line, 256) + 40 * ms);
 }
 
 // Late answers.
@@ -385,6 +387,30 @@ TEST_F(RtuTransaction, RtsFallsWhenTheRequestIsAbandoned) {
     EXPECT_FALSE(port.rts);
 }
 
+TEST_F(RtuTransaction, DamagedBytesThatComeEarlyDoNotCutTheRequestOff) {
+    settings.rts = Rts_Mode::HighOnSend;
+    use(settings);
+    begin(read);
+    clock.runFor(ms);
+    Byte_Array damaged = answer;
+    damaged.back() = static_cast<std::uint8_t>(damaged.back() ^ 1U);
+    port.deliver(damaged);
+    clock.runUntil(sentAt[0] + requestTime - 1);
+    EXPECT_TRUE(port.rts);
+    clock.runFor(1);
+    EXPECT_FALSE(port.rts);
+    clock.runFor(microsPerSecond);
+    EXPECT_EQ(fault(), "wrong CRC");
+}
+
+TEST_F(RtuTransaction, RtsFallsWithAnAnswerThatIsInBeforeTheRequestIsOut) {
+    settings.rts = Rts_Mode::HighOnSend;
+    use(settings);
+    begin(read);
+    port.deliver(answer);
+    EXPECT_FALSE(port.rts);
+}
+
 TEST_F(RtuTransaction, TheKernelsOwnDelayMovesTheTimeOutOnly) {
     settings.rts = Rts_Mode::KernelRs485;
     settings.txDelayMs = 3;
@@ -424,6 +450,26 @@ TEST_F(RtuTransaction, AnAnswerMayStillComeAfterThePortWasLost) {
     open();
     begin(read);
     EXPECT_EQ(sentAt.at(1), sentAt[0] + requestTime + 200 * ms);
+}
+
+TEST_F(RtuTransaction, AnOpenedLineNeedsNoLongerSilenceThanAnyOther) {
+    begin(read);
+    clock.runFor(requestTime + 100 * ms);
+    EXPECT_EQ(fault(), "no answer");
+    port.close();
+    open();
+    const Micros opened = clock.now();
+    begin(readRequest(1, 0, 9));
+    EXPECT_EQ(sentAt.at(1), opened + silence);
+}
+
+TEST_F(RtuTransaction, LeavesThePortWithoutAListener) {
+    Scripted_Port other;
+    {
+        const Rtu_Transaction shortLived{other, clock, recorder};
+        EXPECT_TRUE(other.hasListener());
+    }
+    EXPECT_FALSE(other.hasListener());
 }
 
 TEST_F(RtuTransaction, APortThatTakesNoBytesIsLost) {

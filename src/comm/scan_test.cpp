@@ -232,6 +232,26 @@ TEST(Scan, ABlockGivenUpIsLeftWithItsRest) {
     EXPECT_EQ(frameAt(scan, 55 * ms), (Scan_Frame{0, 500, 2}));
 }
 
+TEST(Scan, ABlockOf125RegistersIsOneFrame) {
+    Scan scan = scanOf({{1, 125, "NONE", 0}, {200, 449, "NONE", 0}, {500, 501, "NONE", 0}});
+    scan.frameAnswered(true, 1 * ms);
+    EXPECT_EQ(frameAt(scan, 1 * ms), (Scan_Frame{0, 200, 125}));
+    scan.frameAnswered(true, 2 * ms);
+    EXPECT_EQ(frameAt(scan, 2 * ms), (Scan_Frame{0, 325, 125}));
+    scan.frameAnswered(true, 3 * ms);
+    EXPECT_EQ(frameAt(scan, 3 * ms), (Scan_Frame{0, 500, 2}));
+}
+
+TEST(Scan, APlanWithoutBlocksChangesItsIndexEachTimeOneIsMissed) {
+    Scan scan = scanOf({});
+    scan.indexSeen();
+    scan.blockGivenUp(1 * ms);
+    EXPECT_EQ(scan.index(), 1);
+    scan.indexSeen();
+    scan.blockGivenUp(2 * ms);
+    EXPECT_EQ(scan.index(), 0);
+}
+
 TEST(Scan, APlanWithoutBlocksStandsAt0AndStillMovesOn) {
     Scan scan = scanOf({});
     EXPECT_EQ(scan.index(), 0);

@@ -232,6 +232,33 @@ TEST_F(Upload, CancelClosedWithoutAnAnswerGoesOn) {
     EXPECT_FALSE(form.Cancel_Requested);
 }
 
+TEST_F(Upload, TheNextUploadCountsItsExchangesAnew) {
+    start();
+    scanTo(2, false);
+    link.finishScan(false);
+    tick();
+    link.lost = true;
+    scanTo(1, false);
+    EXPECT_FALSE(form.Comm_Active);
+    form.Retry_Count = 5;
+    link.lost = false;
+    start();
+    link.finishScan(false);
+    tick();
+    ASSERT_EQ(form.Transfer_Errors.size(), 1U);
+    EXPECT_EQ(form.Transfer_Errors[0].Retry, 1);
+}
+
+TEST_F(Upload, AnUploadIntoADocumentThatCameAfterAnotherGoesOn) {
+    PRO_Limpia_Modelo(document);
+    document.Fields.redim(highestField);
+    addField(1, 1).Cells(1, 1).Address = "100";
+    addScanBlock(100, 109);
+    start();
+    tick();
+    EXPECT_TRUE(form.Upload_Active);
+}
+
 TEST_F(Upload, SecondUploadWhileActiveDoesNotStartButClearsTheRecords) {
     start();
     scanTo(2, false);

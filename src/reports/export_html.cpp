@@ -40,12 +40,11 @@ void addEscaped(std::string& html, std::string_view text) {
     }
 }
 
-/// The five bytes of Windows-1252 that stand for no character become control codes of Unicode, which HTML
+/// The bytes of Windows-1252 that stand for no character become control codes of Unicode, which HTML
 /// doesn't take.
 std::string withoutEmptyCodes(std::string text) {
     for (char& character : text)
-        if (std::string_view("\x81\x8D\x8F\x90\x9D").find(character) != std::string_view::npos)
-            character = '\x1A';
+        if (lacksCharacter(character)) character = '\x1A';
     return text;
 }
 
