@@ -127,6 +127,29 @@ TEST(LinkPort, TheFirstRequestWaitsForTheSilenceOfTheOpenedLine) {
     EXPECT_EQ(rig.log.exchanges[0].at, opened + frameSilence(rig.link.portSettings().line));
 }
 
+TEST(LinkPort, AfterTheUserOpensItAgainTheScanStartsAnew) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.ClosePort();
+    rig.link.PrepareScan();
+    ASSERT_TRUE(rig.exchanges(2));
+    EXPECT_THAT(rig.firstRegisters(), ElementsAre(1, 1));
+}
+
+TEST(LinkPort, APortThatTheUserOpensIsNotOpenedAgain) {
+    Link_Rig rig;
+    onlyPorts(rig, {});
+    rig.link.PrepareScan();
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.clock.runFor(400 * ms);
+    rig.link.PrepareScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+}
+
 TEST(LinkPort, ANewAttemptClearsTheLoss) {
     Link_Rig rig;
     onlyPorts(rig, {});
@@ -169,6 +192,32 @@ TEST(LinkPort, ALentPortIsNotLookedForUntilItIsTakenBack) {
     rig.link.takePortBack();
     EXPECT_EQ(rig.port.attempts.size(), 2U);
     EXPECT_TRUE(rig.link.portOpen());
+}
+
+TEST(LinkPort, APortThatWasNotLentIsNotTakenBack) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.lendPort();
+    rig.link.takePortBack();
+    ASSERT_TRUE(rig.exchanges(2));
+    rig.link.StopScan();
+    const std::size_t sent = rig.port.written.size();
+    rig.link.takePortBack();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), sent);
+}
+
+TEST(LinkPort, AnAdapterThatComesBackIsAskedOnThoughNobodyLooks) {
+    Link_Rig rig;
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.port.unplug();
+    ASSERT_TRUE(rig.exchanges(4));
+    EXPECT_EQ(rig.log.exchanges.back().result, "good");
 }
 
 TEST(LinkPort, WarningsOfThePortAreNotedAndStopNothing) {
@@ -280,6 +329,28 @@ TEST(LinkPort, APathThatIsNoAdapterIsOpenedAgainUnderTheSamePathOnly) {
     onlyPorts(rig, {"/tmp/line"});
     ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.link.CommLost(); }, 2 * microsPerSecond));
     EXPECT_THAT(rig.port.attempts, ::testing::Each("/tmp/line"));
+}
+
+TEST(LinkPort, ALostPortIsLookedForAfterHalfASecond) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    onlyPorts(rig, {});
+    rig.port.unplug();
+    rig.clock.runFor(500 * ms - 1);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+    rig.clock.runFor(1);
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+}
+
+TEST(LinkPort, ALostPortIsNotLookedForOnceWhoeverIsToldHasClosedIt) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.onExchange([&](const std::string&, const std::string&) { rig.link.ClosePort(); });
+    rig.scan();
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.port.written.empty(); }, microsPerSecond));
+    rig.port.unplug();
+    rig.clock.runFor(10 * microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
 }
 
 TEST(LinkPort, AWriteUnderWayWhenThePortIsLostFails) {

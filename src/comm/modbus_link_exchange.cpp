@@ -34,9 +34,8 @@ void Modbus_Link::startWrite() {
 }
 
 void Modbus_Link::continueScan() {
-    const Micros now = clock_.now();
     if (scan_.plan().numbers().empty()) return missEmptyScan();
-    if (const auto frame = scan_.frame(now)) startFrame(*frame);
+    if (const auto frame = scan_.frame()) startFrame(*frame);
     armScanAlarm();
 }
 

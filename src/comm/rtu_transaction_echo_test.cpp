@@ -35,6 +35,23 @@ TEST_F(RtuTransactionEcho, WhatFollowsAnAnswerIsStray) {
     EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
 }
 
+TEST_F(RtuTransactionEcho, BytesOfTheLinesPastAreNotReadForTheNextRequest) {
+    port.queue(bytesOf("55 AA"));
+    begin(read);
+    port.deliverQueued();
+    clock.runFor(requestTime);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(recorder.results[0].noise, 0U);
+}
+
+TEST_F(RtuTransactionEcho, ASilentLineHasNoStrayBytes) {
+    clock.runFor(microsPerSecond);
+    begin(read);
+    clock.runFor(microsPerSecond);
+    EXPECT_TRUE(recorder.strays.empty());
+}
+
 TEST_F(RtuTransactionEcho, StrayBytesAreToldAtOnceWhenMoreThan512Came) {
     port.deliver(Byte_Array(512, 0x00));
     EXPECT_TRUE(recorder.strays.empty());

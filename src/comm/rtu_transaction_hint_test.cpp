@@ -151,8 +151,24 @@ TEST_F(Paced_Line, TheHintIsAThirtySecondEarlierThanTheBaudRateSays) {
     EXPECT_EQ(port.notBefore, clock.now() + untilTheLastThree - untilTheLastThree / 32);
 }
 
+TEST_F(Paced_Line, TheHintLeavesHalfASilenceBeforeTheTimeOut) {
+    exchange(longRead, longAnswer());
+    transaction.setWaits(0, 50 * ms);
+    begin(longRead);
+    clock.runFor(requestTime);
+    port.deliver(bytesOf("01 03 64"));
+    EXPECT_EQ(port.notBefore, clock.now() + 40 * ms);
+}
+
+TEST_F(Paced_Line, TheSameLineKeepsItsPace) {
+    exchange(longRead, longAnswer());
+    use(settings);
+    begin(longRead);
+    EXPECT_GT(port.notBefore, 0);
+}
+
 TEST_F(Paced_Line, AnAnswerInOnePieceShowsNoPace) {
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 10; ++i) {
         begin(longRead);
         EXPECT_EQ(port.notBefore, 0);
         clock.runFor(requestTime + 200);
@@ -162,19 +178,19 @@ TEST_F(Paced_Line, AnAnswerInOnePieceShowsNoPace) {
     }
 }
 
-/// An answer of nine bytes comes in in so many pieces, the first one the longest, so far apart. Tells whether
-/// the next request's answer is hinted at.
+/// An answer of nine bytes comes in in so many pieces, the first one the longest, from the first to the last
+/// in so long. Tells whether the next request's answer is hinted at.
 struct Piecewise : Paced_Line {
-    bool learns(std::size_t count, Micros apart) {
+    bool learns(std::size_t count, Micros inAll) {
         transaction.lineOpened();
         begin(read);
         clock.runFor(requestTime + silence);
         const std::size_t first = answer.size() - count + 1;
         port.deliver(Byte_Array(answer.begin(), answer.begin() + static_cast<std::ptrdiff_t>(first)));
-        for (std::size_t at = first; at < answer.size(); ++at) {
-            clock.runFor(apart);
+        for (std::size_t at = first; at + 1 < answer.size(); ++at)
             port.deliver({answer[at]});
-        }
+        clock.runFor(inAll);
+        port.deliver({answer.back()});
         begin(longRead);
         const bool hinted = port.notBefore > 0;
         clock.runFor(3000 * ms);
@@ -183,13 +199,13 @@ struct Piecewise : Paced_Line {
 };
 
 TEST_F(Piecewise, EightPiecesShowThePaceAndSevenDoNot) {
-    EXPECT_FALSE(learns(7, character));
-    EXPECT_TRUE(learns(8, character));
+    EXPECT_FALSE(learns(7, 8 * character));
+    EXPECT_TRUE(learns(8, 8 * character));
 }
 
 TEST_F(Piecewise, ThreeQuartersOfTheBaudRatesTimeAreItsPace) {
-    EXPECT_FALSE(learns(8, 892)) << "6244 us for bytes that take 8334";
-    EXPECT_TRUE(learns(8, 893)) << "6251 us";
+    EXPECT_FALSE(learns(8, 6249)) << "the eight bytes behind the first take 8334 us";
+    EXPECT_TRUE(learns(8, 6250));
 }
 
 TEST_F(Paced_Line, APseudoTerminalInPiecesIsFasterThanItsBaudRate) {

@@ -278,6 +278,20 @@ TEST_F(RtuTransaction, ALateAnswerThatHoldsWhatLooksLikeADamagedOneDoesNotEndThe
     EXPECT_EQ(recorder.results[1].answer->registers, (std::vector<std::uint16_t>{7, 8}));
 }
 
+TEST_F(RtuTransaction, AnAnswerIsFoundBehindALateOneAndMoreNoiseThanIsKept) {
+    begin(readRequest(1, 0, 1));
+    clock.runFor(requestTime + 100 * ms);
+    EXPECT_EQ(fault(), "no answer");
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(Byte_Array(300, 0x5A));
+    port.deliver(withCrc(bytesOf("01 03 02 00 07")));
+    port.deliver(Byte_Array(3800, 0x5A));
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_TRUE(recorder.results[1].answer);
+}
+
 TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
     begin(readRequest(1, 0, 3));
     clock.runFor(requestTime + 100 * ms);
@@ -288,6 +302,20 @@ TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
     ASSERT_EQ(recorder.results.size(), 2U);
     EXPECT_FALSE(recorder.results[1].answer);
     EXPECT_EQ(fault(), "only a late answer to an earlier request");
+}
+
+TEST_F(RtuTransaction, AnAnswerBehindAnExceptionThatMayBeLateCounts) {
+    begin(readRequest(1, 0, 1));
+    clock.runFor(requestTime + 100 * ms);
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(bytesOf("5A"));
+    port.deliver(withCrc(bytesOf("01 83 02")));
+    EXPECT_EQ(recorder.results.size(), 1U);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_TRUE(recorder.results[1].answer);
+    EXPECT_EQ(recorder.results[1].noise, 0U) << "what stands before a late answer was told apart";
 }
 
 TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineUntilItsAnswerCame) {
@@ -365,6 +393,19 @@ TEST_F(RtuTransaction, RtsStandsFromTheDelayToTheLastByte) {
     port.deliver(answer);
     EXPECT_EQ(recorder.results.size(), 1U);
     EXPECT_EQ(port.rtsChanges, (std::vector<bool>{true, false}));
+}
+
+TEST_F(RtuTransaction, ADelayOf1MsIsWaitedForAndNoneIsNot) {
+    for (const std::int32_t delay : {0, 1}) {
+        settings.txDelayMs = delay;
+        use(settings);
+        open();
+        const Micros start = clock.now();
+        begin(read);
+        EXPECT_EQ(sentAt.back(), start + silence + delay * ms);
+        clock.runFor(requestTime);
+        port.deliver(answer);
+    }
 }
 
 TEST_F(RtuTransaction, RtsFallsWhenTheRequestIsTakenBack) {

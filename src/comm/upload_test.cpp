@@ -212,6 +212,13 @@ TEST_F(Upload, CancelWithYesDisconnectsAndChangesNoCell) {
     EXPECT_FALSE(frame.timerEnabled(Timer_Name::TMR_Actualiza_valores));
 }
 
+TEST_F(Upload, WithoutAWishToCancelNothingIsCancelled) {
+    bool cancelled = true;
+    PRO_Verifica_Cancelar(comm, true, cancelled);
+    EXPECT_FALSE(cancelled);
+    EXPECT_THAT(journal.lines(), IsEmpty());
+}
+
 TEST_F(Upload, CancelWithNoGoesOn) {
     start();
     frame.answers = {Msgb_Code_No};
@@ -349,6 +356,7 @@ TEST_F(Upload, FailedReadOfABlockThatTheTemplateLacksIsFailure9) {
 
 TEST_F(Upload, AnUploadWhoseDocumentIsGoneIsDropped) {
     start();
+    form.Pass_Count = 1;
     link.image[100] = 7;
     PRO_Limpia_Modelo(document);
     document.Fields.redim(highestField);
@@ -356,6 +364,7 @@ TEST_F(Upload, AnUploadWhoseDocumentIsGoneIsDropped) {
     scanTo(2, false);
     EXPECT_THAT(journal.lines(), ElementsAre("TMR_Actualiza_valores off", "link StopScan", "link ClosePort",
                                              "link EndSession", "Porcentaje unloaded", "form enabled"));
+    EXPECT_EQ(form.Pass_Count, 0);
     EXPECT_FALSE(form.Upload_Active);
     EXPECT_FALSE(form.Comm_Active);
     EXPECT_THAT(form.Transfer_Errors, IsEmpty());
