@@ -156,7 +156,8 @@ TEST(AnswerSearch, AWholeButDamagedAnswerLacksAnotherOne) {
 }
 
 TEST(AnswerSearch, AFrameOfAFunctionWhoseLengthNobodyKnowsIsNoise) {
-    EXPECT_EQ(whyNoAnswer(request, withCrc(bytesOf("12 07 01 02 03 04"))), Answer_Fault::Noise);
+    for (const char* unknown : {"12 00 01 05", "12 07 01 02 03 04"})
+        EXPECT_EQ(whyNoAnswer(request, withCrc(bytesOf(unknown))), Answer_Fault::Noise);
     for (const char* known : {"12 01 01 05", "12 05 01 02 FF 00", "12 0F 01 02 03 04"})
         EXPECT_EQ(whyNoAnswer(request, joined(bytesOf("5A"), withCrc(bytesOf(known)))),
                   Answer_Fault::OtherUnit);

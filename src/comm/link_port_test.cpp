@@ -220,6 +220,8 @@ TEST(LinkPort, AnAdapterThatComesBackIsAskedOnThoughNobodyLooks) {
     rig.port.unplug();
     ASSERT_TRUE(rig.exchanges(4));
     EXPECT_EQ(rig.log.exchanges.back().result, "good");
+    EXPECT_THAT(rig.log.notes, ElementsAre("The port is open.", "The port is lost. Input/output error",
+                                           "The port is open."));
 }
 
 TEST(LinkPort, WarningsOfThePortAreNotedAndStopNothing) {

@@ -195,6 +195,18 @@ TEST_F(RtuTransaction, ALineThatNeverFallsSilentHoldsNothingForEver) {
     EXPECT_LE(recorder.results[0].received.size(), 4096U);
 }
 
+TEST_F(RtuTransaction, ALineThatNeverFallsSilentHoldsARequestForItsTimeOutBeyondThePause) {
+    transaction.setWaits(50 * ms, 100 * ms);
+    std::function<void()> babble = [&] {
+        port.deliver(bytesOf("5A"));
+        clock.in(2 * ms, babble);
+    };
+    babble();
+    const Micros start = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt.at(0), start + silence + 150 * ms);
+}
+
 TEST_F(RtuTransaction, OfMoreThan4096BytesOnlyTheLastOnesAreKept) {
     begin(read);
     clock.runFor(requestTime);
