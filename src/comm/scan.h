@@ -39,6 +39,10 @@ class Scan {
     /// Number of the block being read, as it is shown. 0 for a plan without blocks.
     [[nodiscard]] std::int32_t index() const { return index_; }
     void indexSeen();
+    /// Whether the watcher still takes the block before for the one being read. Ends at `shownUntil` at the
+    /// latest.
+    [[nodiscard]] bool indexUnseen(Micros now) const { return !mayMoveOn(now); }
+    [[nodiscard]] Micros shownUntil() const { return shownAt_ + watchTime; }
     void failureSeen() { failedAt_.reset(); }
 
     /// Moves on where that is allowed. To be called before `frame`.
