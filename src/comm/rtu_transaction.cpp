@@ -59,6 +59,7 @@ void Rtu_Transaction::submit(Rtu_Request request) {
     result_.request = std::move(request);
     searchFrom_ = 0;
     pieces_ = 0;
+    letInputCome_ = false;
     state_ = State::Gap;
     late_.forgetPast(clock_.now());
     latestSend_ = std::max(clock_.now(), lastActivity_ + quiet_ + pause_) + timeOut_;
@@ -122,8 +123,19 @@ void Rtu_Transaction::armForState() {
     }
 }
 
+/// A program that was busy finds its alarm and the answer waiting, and the answer may have come in time.
+bool Rtu_Transaction::inputComesFirst(Micros now) {
+    const bool atEnd = (state_ == State::Wait && now >= deadline_) || state_ == State::Settle;
+    if (!atEnd || letInputCome_ || !port_.hasInput()) return false;
+    letInputCome_ = true;
+    hintPort();
+    alarm_->armAt(now);
+    return true;
+}
+
 void Rtu_Transaction::ring() {
     const Micros now = clock_.now();
+    if (inputComesFirst(now)) return;
     switch (state_) {
     case State::Idle:
     case State::Gap:
@@ -212,6 +224,7 @@ void Rtu_Transaction::lowerRts() {
 void Rtu_Transaction::bytesArrived(Byte_View bytes) {
     lastActivity_ = std::max(lastActivity_, clock_.now());
     if (state_ != State::Wait && state_ != State::Settle) return takeStray(bytes);
+    letInputCome_ = false;
     if (pieces_++ == 0) firstByteAt_ = clock_.now();
     result_.received.insert(result_.received.end(), bytes.begin(), bytes.end());
     evaluate();

@@ -78,6 +78,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void ringInWait(Micros now);
     void ringInSettle(Micros now);
     void armForState();
+    [[nodiscard]] bool inputComesFirst(Micros now);
 
     [[nodiscard]] Micros sendTime() const;
     [[nodiscard]] Micros earliestAnswer() const;
@@ -132,6 +133,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     Micros deadline_ = 0;     ///< of the answer
     Micros settleLimit_ = 0;  ///< a line that never falls silent can't hold a try longer
     bool rtsRaised_ = false;
+    bool letInputCome_ = false; ///< the alarm has stood back for bytes already
 
     Late_Answers late_;
     Byte_Array stray_;
