@@ -36,7 +36,7 @@ Rtu_Transaction::~Rtu_Transaction() { port_.setListener(nullptr); }
 
 void Rtu_Transaction::setLine(const Port_Settings& settings) {
     if (settings.port != settings_.port || !(settings.line == settings_.line))
-        learntEcho_ = learntPace_ = false;
+        learntEcho_ = learntPace_ = writeDoubled_ = false;
     settings_ = settings;
     silence_ = frameSilence(settings.line);
     quiet_ = std::max(quiet_, silence_);
@@ -321,11 +321,19 @@ void Rtu_Transaction::succeed(const Finding& finding) {
     finish();
 }
 
+/// One write that comes back twice may be a controller that stuttered; two in a row are an adapter's echo.
+/// Taken for one too early, an echo would be missed in every good answer after it.
+void Rtu_Transaction::learnEchoOfWrite(Byte_View rest) {
+    if (result_.request.function != Function_Code::PresetSingleRegister) return;
+    const bool doubled = endOfEcho(result_.sent, rest).has_value();
+    if (doubled && writeDoubled_) learntEcho_ = true;
+    writeDoubled_ = doubled;
+}
+
 void Rtu_Transaction::tellTrailing(std::size_t from) {
-    if (from >= result_.received.size()) return;
     const Byte_View rest = receivedBytes().subspan(from);
-    const bool single = result_.request.function == Function_Code::PresetSingleRegister;
-    if (single && endOfEcho(result_.sent, rest)) learntEcho_ = true;
+    learnEchoOfWrite(rest);
+    if (rest.empty()) return;
     stray_.assign(rest.begin(), rest.end());
     result_.received.resize(from);
 }

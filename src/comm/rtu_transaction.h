@@ -96,6 +96,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void fail(std::string fault, bool mayAnswerLater);
     void learnEcho(std::size_t answerAt);
     void learnPace();
+    void learnEchoOfWrite(Byte_View rest);
     void tellTrailing(std::size_t from);
     [[nodiscard]] std::string faultNow() const;
     void finish();
@@ -117,6 +118,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     Micros pause_ = 0;
     Micros timeOut_ = 0;
     bool learntEcho_ = false;
+    bool writeDoubled_ = false; ///< the last single write came back twice
     bool learntPace_ = false; ///< the line hands over bytes one by one, as slowly as the baud rate says
 
     State state_ = State::Idle;
