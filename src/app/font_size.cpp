@@ -46,14 +46,20 @@ void showFrames(const App_Context& app, bool visible) {
     app.frame.setPartVisible(Form_Part::Frame3, visible);
 }
 
+void endApplying(const App_Context& app, bool hasDocument) {
+    if (hasDocument) showFrames(app, true);
+    app.frame.setPanel(Panel::Message, "");
+}
+
 } // namespace
 
 void PRO_Indice_Font(const App_Context& app, std::int16_t& index) {
     index = 1;
     ignoringFailure([&] {
-        index = strictInteger(app.settings.GetSetting(applicationTitle, settingsSection, fontKey, "1"));
+        const double stored =
+            strictDouble(app.settings.GetSetting(applicationTitle, settingsSection, fontKey, "1"));
+        index = toInteger(std::min<double>(stored, lastFontIndex));
     });
-    index = std::min(index, lastFontIndex);
 }
 
 void PRO_Carga_Font(const App_Context& app) {
@@ -83,9 +89,13 @@ void PRO_Aplica_Font(const App_Context& app) {
         for (int k = 0; k < rowsMovedOn; ++k)
             ignoringFailure([&] { moveToNextRow(app); });
     app.grids.FLX_Settings.Refresh();
-    app.frame.restartPreviews(app.state.Font_Size);
-    if (hasDocument) showFrames(app, true);
-    app.frame.setPanel(Panel::Message, "");
+    try {
+        app.frame.restartPreviews(app.state.Font_Size);
+    } catch (const Run_Time_Failure&) {
+        endApplying(app, hasDocument);
+        throw;
+    }
+    endApplying(app, hasDocument);
 }
 
 void FontSizeDialog_ChangeFont(const App_Context& app, double size) {

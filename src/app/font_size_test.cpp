@@ -68,11 +68,19 @@ TEST_F(FontSize, AStoredNineShowsElevenAndAppliesTwelve) {
 
 TEST_F(FontSize, WhatIsStoredIsReadAsANumber) {
     const std::vector<std::tuple<const char*, std::int16_t, double>> cases = {
-        {"0", 0, 7.5}, {"3", 3, 9.75}, {"2.5", 2, 9}, {"abc", 1, 8.25}, {"99999", 1, 8.25}, {"-2", -2, 12}};
+        {"0", 0, 7.5}, {"3", 3, 9.75}, {"2.5", 2, 9}, {"abc", 1, 8.25}, {"-2", -2, 12}, {"-99999", 1, 8.25}};
     for (const auto& [text, expectedIndex, size] : cases) {
         stored(text);
         EXPECT_EQ(index(), expectedIndex) << text;
         EXPECT_EQ(loaded(), size) << text;
+    }
+}
+
+TEST_F(FontSize, HoweverLargeAStoredIndexIsItMeansTheLastSize) {
+    for (const char* text : {"7", "32768", "99999", "1e30"}) {
+        stored(text);
+        EXPECT_EQ(index(), 6) << text;
+        EXPECT_EQ(loaded(), 12) << text;
     }
 }
 
@@ -141,6 +149,14 @@ TEST_F(FontSize, AFieldThatCantBeShownDoesntLeaveTheWindowEmpty) {
     }
     PRO_Aplica_Font(app);
     EXPECT_TRUE(frame.visible(Form_Part::Frame2));
+    EXPECT_EQ(frame.panel(Panel::Message), "");
+}
+
+TEST_F(FontSize, AFailureOfAPreviewPassesOnWithTheWindowAsItShouldBe) {
+    openFiveFields();
+    frame.previewsFail = true;
+    EXPECT_EQ(failureNumber([&] { PRO_Aplica_Font(app); }), 9);
+    EXPECT_TRUE(frame.visible(Form_Part::Frame3));
     EXPECT_EQ(frame.panel(Panel::Message), "");
 }
 

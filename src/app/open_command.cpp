@@ -141,7 +141,7 @@ void showDocument(const App_Context& app) {
     app.frame.setPartEnabled(Form_Part::Frame2, true);
     // The font size uses the panel, too; what was said of the file is still to be read afterwards.
     const std::string status = app.frame.panel(Panel::Message);
-    PRO_Aplica_Font(app);
+    ignoringFailure([&] { PRO_Aplica_Font(app); });
     if (!status.empty()) app.frame.setPanel(Panel::Message, status);
 }
 

@@ -323,6 +323,15 @@ TEST_F(OpenCommand, ATemplateWithTooFewTextsForTheUpperGridStillShowsIt) {
     EXPECT_TRUE(frame.visible(Form_Part::Frame2));
 }
 
+TEST_F(OpenCommand, APreviewThatCantShowTheNewDocumentDoesntKeepItFromView) {
+    frame.previewsFail = true;
+    open("/home/site7.abc");
+    EXPECT_TRUE(frame.visible(Form_Part::Frame2));
+    EXPECT_TRUE(frame.visible(Form_Part::Frame3));
+    EXPECT_EQ(frame.panel(Panel::Message), "");
+    EXPECT_THAT(messages(), IsEmpty());
+}
+
 TEST_F(OpenCommand, AnOldDocumentWithoutChangesIsClosedWithoutAQuestion) {
     open("/home/site7.abc");
     journal.clear();

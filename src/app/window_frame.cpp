@@ -16,7 +16,7 @@ namespace zorvane {
 
 namespace {
 
-constexpr double reachableTwips = 1440; // of a window that stands half outside
+constexpr double reachableTwips = 1440; // of a window that stands half outside, or is tiny
 
 QString nameOf(Menu_Entry entry) {
     switch (entry) {
@@ -61,8 +61,8 @@ QString shownText(const std::string& text) {
 }
 
 Window_Rectangle reachable(Window_Rectangle place, const Window_Rectangle& screen) {
-    place.width = std::min(place.width, screen.width);
-    place.height = std::min(place.height, screen.height);
+    place.width = std::min(std::max(place.width, reachableTwips), screen.width);
+    place.height = std::min(std::max(place.height, reachableTwips), screen.height);
     const double rightmost = std::max(0.0, screen.width - reachableTwips);
     const double lowest = std::max(0.0, screen.height - reachableTwips);
     place.left = std::clamp(place.left, std::min(0.0, reachableTwips - place.width), rightmost);

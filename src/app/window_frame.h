@@ -102,8 +102,8 @@ class Window_Frame final : public Document_Frame {
 /// A text of the core as people read it: names of files as the desktop has them, and plain line ends.
 [[nodiscard]] QString shownText(const std::string& text);
 
-/// A window's place on a screen of that size, both in twips, so that its title can be reached and it isn't
-/// larger than the screen.
+/// A window's place on a screen of that size, both in twips, so that its title can be reached and it is
+/// neither larger than the screen nor too small to be seen.
 [[nodiscard]] Window_Rectangle reachable(Window_Rectangle place, const Window_Rectangle& screen);
 
 } // namespace zorvane

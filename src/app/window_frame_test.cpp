@@ -100,6 +100,11 @@ TEST(Reachable_Place, IsNoLargerThanTheScreen) {
     EXPECT_EQ(reachable({0, 0, 1e30, 1e30}, desktop), (Window_Rectangle{0, 0, 19200, 15360}));
 }
 
+TEST(Reachable_Place, IsLargeEnoughToBeSeen) {
+    EXPECT_EQ(reachable({1500, 1500, 0, 0}, desktop), (Window_Rectangle{1500, 1500, 1440, 1440}));
+    EXPECT_EQ(reachable({1500, 1500, 1440, 9000}, desktop), (Window_Rectangle{1500, 1500, 1440, 9000}));
+}
+
 TEST(Reachable_Place, KeepsTheTitleOnTheScreen) {
     EXPECT_EQ(reachable({-1e30, -1e30, 6990, 7380}, desktop), (Window_Rectangle{0, 1440 - 6990, 6990, 7380}));
     EXPECT_EQ(reachable({15360, 19200, 6990, 7380}, desktop),

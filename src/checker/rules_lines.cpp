@@ -35,11 +35,10 @@ std::string byteName(char c) {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 void checkCodePage(const Checked_Template& checked, const Report& report) {
-    constexpr std::string_view without = "\x81\x8D\x8F\x90\x9D";
     for (const Source_Line& line : checked.lines()) {
-        const std::size_t at = line.text.find_first_of(without);
-        if (at == std::string_view::npos || looksLikeUtf8(line.text)) continue;
-        report(line, "the byte " + byteName(line.text[at]) + " is no character",
+        const auto at = std::find_if(line.text.begin(), line.text.end(), lacksCharacter);
+        if (at == line.text.end() || looksLikeUtf8(line.text)) continue;
+        report(line, "the byte " + byteName(*at) + " is no character",
                "Save the file in Windows-1252, with characters of that code page only.");
     }
 }

@@ -52,6 +52,12 @@ TEST(AnswerSearch, WaitsForTheRestOfATruncatedAnswer) {
     }
 }
 
+TEST(AnswerSearch, WaitsForNoRestOfAnotherFunctionsAnswer) {
+    EXPECT_TRUE(findAnswer(request, bytesOf("11 83")).partial);
+    EXPECT_FALSE(findAnswer(request, bytesOf("11 04")).partial);
+    EXPECT_FALSE(findAnswer(request, bytesOf("11 03 04")).partial) << "another byte count";
+}
+
 TEST(AnswerSearch, LooksAtNoMoreThanCameOfAWritesAnswer) {
     const Rtu_Request write = presetSingle(17, 0x0102, 0x0304);
     const Byte_Array whole = encodeRequest(write);
@@ -141,6 +147,19 @@ TEST(AnswerSearch, AfterNoiseAnExceptionIsTheShortestThatCanCome) {
     EXPECT_EQ(leastMissing(request, joined(bytesOf("5A 5B"), bytesOf("11 03 06 02 11"))), 6U)
         << "a value that looks like a head doesn't count";
     EXPECT_EQ(leastMissing(request, bytesOf("5A 11 03 06"), 2), 5U) << "from an offset on";
+}
+
+TEST(AnswerSearch, AWholeButDamagedAnswerLacksAnotherOne) {
+    Byte_Array damaged = answer;
+    damaged.back() = static_cast<std::uint8_t>(damaged.back() ^ 1U);
+    EXPECT_EQ(leastMissing(request, damaged), 5U) << "an exception's";
+}
+
+TEST(AnswerSearch, AFrameOfAFunctionWhoseLengthNobodyKnowsIsNoise) {
+    EXPECT_EQ(whyNoAnswer(request, withCrc(bytesOf("12 07 01 02 03 04"))), Answer_Fault::Noise);
+    for (const char* known : {"12 01 01 05", "12 05 01 02 FF 00", "12 0F 01 02 03 04"})
+        EXPECT_EQ(whyNoAnswer(request, joined(bytesOf("5A"), withCrc(bytesOf(known)))),
+                  Answer_Fault::OtherUnit);
 }
 
 } // namespace

@@ -74,6 +74,14 @@ TEST_F(AsciiBlock, WaitsForAnEarlierWriteFirst) {
                             "FLX_Settings tab stop on"));
 }
 
+TEST_F(AsciiBlock, AWriteWhoseDocumentIsGoneFailedAndSaysNothing) {
+    link.writes = {{{.before = [this] { PRO_Limpia_Modelo(document); }}}};
+    bool failed = false;
+    PRO_Escribe_Bloque_Ascii(comm, "ABC", 1, 1, 1, "", failed);
+    EXPECT_TRUE(failed);
+    EXPECT_EQ(frame.panel(Panel::Message), "");
+}
+
 TEST_F(AsciiBlock, BoardFamilyWritesTheWholeAsciiBlock) {
     document.Controller_Model = "R7702-64";
     addDownloadBlock("90", "120", 0);
@@ -111,6 +119,8 @@ TEST(FillTo16, AppendsBlanksOrLeavesALongerText) {
     PRO_Rellena_16(text, result);
     EXPECT_EQ(result, "ABCDEFGHIJKLMNOPQ");
     EXPECT_EQ(filledTo16(""), std::string(16, ' '));
+    EXPECT_EQ(filledTo16("ABCDEFGHIJKLMNO"), "ABCDEFGHIJKLMNO ");
+    EXPECT_EQ(filledTo16("ABCDEFGHIJKLMNOP"), "ABCDEFGHIJKLMNOP");
 }
 
 } // namespace

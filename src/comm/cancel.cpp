@@ -17,7 +17,6 @@ void PRO_Verifica_Cancelar(const Comm_Context& comm, bool isUpload, bool& cancel
 
 void dropTransfer(const Comm_Context& comm) {
     comm.form.Upload_Active = false;
-    comm.form.Download_Active = false;
     comm.form.Comm_Active = false;
     comm.form.Pass_Count = 0;
     comm.link.StopScan();

@@ -84,6 +84,13 @@ TEST_F(DownloadRequest, Minus5In8BitsIs133) {
     definition.Bits_Negative_Format = "8";
     EXPECT_EQ(request("100", "-5"), "single 0 100 133");
     EXPECT_EQ(request("100", "5"), "single 7 100 5");
+    EXPECT_EQ(request("100", "0"), "single 7 100 0");
+    EXPECT_EQ(request("100", "0.4"), "single 7 100 0");
+}
+
+TEST_F(DownloadRequest, Minus5In15BitsIs16389) {
+    definition.Bits_Negative_Format = "15";
+    EXPECT_EQ(request("100", "-5"), "single 0 100 16389");
 }
 
 TEST_F(DownloadRequest, Minus5In16BitsIs65531) {
@@ -179,12 +186,16 @@ TEST_F(DownloadRequest, ListCellSendsItsCodeToTheUnit) {
 TEST_F(DownloadRequest, HighHalfKeepsTheLowByteOfTheImage) {
     link.image[12] = 0x1234;
     EXPECT_EQ(request("12/HI", "5"), "single 7 12 1332"); // 0x0534
+    link.image[12] = 0x1235;
+    EXPECT_EQ(request("12/HI", "5"), "single 7 12 1333");
 }
 
 TEST_F(DownloadRequest, LowHalfKeepsTheHighByteOfTheImage) {
     link.image[12] = 0x1234;
     EXPECT_EQ(request("12/LO", "5"), "single 7 12 4613");   // 0x1205
     EXPECT_EQ(request("12/LO", "300"), "single 7 12 4908"); // not masked: 0x1200 + 300
+    link.image[12] = 0x1235;
+    EXPECT_EQ(request("12/LO", "5"), "single 7 12 4613");
 }
 
 TEST_F(DownloadRequest, HalvesOfARegisterBeyond0x7FFFStayNegative) {

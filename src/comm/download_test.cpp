@@ -225,6 +225,47 @@ TEST_F(Download, ColumnsThatAreNotModifiableAreLeftOut) {
     EXPECT_EQ(frame.progress.maximum(), 0);
 }
 
+TEST_F(Download, Column1AndTheLastOneAreWalkedAndTheRowNumbersAreNot) {
+    for (std::int32_t column = 0; column <= 2; ++column) {
+        field.Cells(0, column).Modifiable = true;
+        field.Cells(1, column).Address = std::to_string(100 + column);
+    }
+    MNU_Download_Click(comm);
+    EXPECT_THAT(journal.beginningWith("link PresetSingleRegister"),
+                ElementsAre("link PresetSingleRegister 7 101 0", "link PresetSingleRegister 7 102 0"));
+    EXPECT_EQ(frame.progress.maximum(), 4);
+}
+
+TEST_F(Download, FieldsThatTheUpperGridDoesNotShowAreLeftOut) {
+    setCell(1, "100", "120");
+    addField(1, 2).Cells(1, 2).Address = "99";
+    Field_Rec& before = document.Fields(0);
+    before.Rows = 1;
+    before.Columns = 1;
+    before.Cells.redim(1, 1);
+    before.Cells(0, 1).Modifiable = true;
+    before.Cells(1, 1).Address = "98";
+    frame.grid.rows = 2;
+    MNU_Download_Click(comm);
+    EXPECT_THAT(journal.beginningWith("link PresetSingleRegister"),
+                ElementsAre("link PresetSingleRegister 7 100 120"));
+    EXPECT_EQ(frame.progress.maximum(), 2);
+}
+
+TEST_F(Download, IsNoUpload) {
+    form.Transfer_Was_Upload = true;
+    MNU_Download_Click(comm);
+    EXPECT_FALSE(form.Transfer_Was_Upload);
+}
+
+TEST_F(Download, ALinkThatIsLostFromTheStartLeavesNoWriteBusy) {
+    form.Write_Busy = true;
+    link.lost = true;
+    MNU_Download_Click(comm);
+    EXPECT_FALSE(form.Write_Busy);
+    EXPECT_EQ(frame.panel(Panel::Message), "Error. The controller does not respond.");
+}
+
 TEST_F(Download, WalksFieldByFieldAndColumnByColumn) {
     field = Field_Rec{};
     field.Rows = 2;
@@ -424,6 +465,17 @@ TEST_F(Orphaned_Download, EndsInItsLastSecond) {
     frame.duringPause = [this](std::int32_t) { replaceDocument(); };
     MNU_Download_Click(comm);
     expectDropped();
+}
+
+TEST_F(Orphaned_Download, EndsThoughTheNextDocumentIsOnline) {
+    setCell(1, "100", "120");
+    link.writes = {{{true, "", [this] {
+                         replaceDocument();
+                         form.Online = true;
+                     }}}};
+    MNU_Download_Click(comm);
+    EXPECT_FALSE(form.Download_Active);
+    EXPECT_THAT(journal.beginningWith("link ClosePort"), IsEmpty());
 }
 
 TEST_F(Orphaned_Download, LeavesTheNextDocumentsSessionOpen) {

@@ -60,6 +60,7 @@ TEST(LinkPort, WithoutAPortTheMessageSaysWhereToChooseOne) {
     EXPECT_EQ(rig.asker.messages[0].text,
               "The serial port can't be opened.\n\n"
               "No port is chosen: choose one under Communication, Port Settings.");
+    rig.clock.runFor(2 * microsPerSecond);
     EXPECT_TRUE(rig.port.attempts.empty());
 }
 
@@ -72,6 +73,7 @@ TEST(LinkPort, UnusableSettingsAreToldBeforeThePortIsTouched) {
     EXPECT_EQ(rig.asker.messages[0].text, "The serial port ttyUSB0 can't be opened.\n\n"
                                           "The baud rate is 7, it must be from 300 to 921600. "
                                           "Change it under Communication, Port Settings.");
+    rig.clock.runFor(2 * microsPerSecond);
     EXPECT_TRUE(rig.port.attempts.empty());
 }
 
@@ -127,6 +129,29 @@ TEST(LinkPort, TheFirstRequestWaitsForTheSilenceOfTheOpenedLine) {
     EXPECT_EQ(rig.log.exchanges[0].at, opened + frameSilence(rig.link.portSettings().line));
 }
 
+TEST(LinkPort, AfterTheUserOpensItAgainTheScanStartsAnew) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.ClosePort();
+    rig.link.PrepareScan();
+    ASSERT_TRUE(rig.exchanges(2));
+    EXPECT_THAT(rig.firstRegisters(), ElementsAre(1, 1));
+}
+
+TEST(LinkPort, APortThatTheUserOpensIsNotOpenedAgain) {
+    Link_Rig rig;
+    onlyPorts(rig, {});
+    rig.link.PrepareScan();
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.clock.runFor(400 * ms);
+    rig.link.PrepareScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+}
+
 TEST(LinkPort, ANewAttemptClearsTheLoss) {
     Link_Rig rig;
     onlyPorts(rig, {});
@@ -169,6 +194,32 @@ TEST(LinkPort, ALentPortIsNotLookedForUntilItIsTakenBack) {
     rig.link.takePortBack();
     EXPECT_EQ(rig.port.attempts.size(), 2U);
     EXPECT_TRUE(rig.link.portOpen());
+}
+
+TEST(LinkPort, APortThatWasNotLentIsNotTakenBack) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.lendPort();
+    rig.link.takePortBack();
+    ASSERT_TRUE(rig.exchanges(2));
+    rig.link.StopScan();
+    const std::size_t sent = rig.port.written.size();
+    rig.link.takePortBack();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), sent);
+}
+
+TEST(LinkPort, AnAdapterThatComesBackIsAskedOnThoughNobodyLooks) {
+    Link_Rig rig;
+    onlyPorts(rig, {"ttyUSB0"});
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.port.unplug();
+    ASSERT_TRUE(rig.exchanges(4));
+    EXPECT_EQ(rig.log.exchanges.back().result, "good");
 }
 
 TEST(LinkPort, WarningsOfThePortAreNotedAndStopNothing) {
@@ -236,6 +287,35 @@ TEST_P(LinkUnplug, TheAdapterIsFoundUnderAnotherName) {
     EXPECT_EQ(rig.port.attempts.back(), "/dev/ttyUSB3") << "the chosen adapter, not its old name";
 }
 
+TEST(LinkPort, TheUserOpensTheChosenAdapterThoughAnotherHasItsName) {
+    Link_Rig rig;
+    rig.finder.list = {usb("ttyUSB0", "A1")};
+    rig.link.PrepareScan();
+    rig.link.ClosePort();
+    rig.finder.list = {usb("ttyUSB0", "OTHER"), usb("ttyUSB3", "A1")};
+    rig.link.PrepareScan();
+    EXPECT_EQ(rig.port.attempts.back(), "/dev/ttyUSB3");
+    rig.link.ClosePort();
+    rig.finder.list = {};
+    rig.link.PrepareScan();
+    EXPECT_EQ(rig.port.attempts.back(), "ttyUSB0") << "an adapter that is gone goes by its name";
+}
+
+TEST(LinkPort, AnAdapterThatCameLaterIsFoundUnderAnotherNameToo) {
+    Link_Rig rig;
+    onlyPorts(rig, {});
+    rig.link.PrepareScan();
+    rig.finder.list = {usb("ttyUSB0", "A1")};
+    onlyPorts(rig, {"ttyUSB0", "/dev/ttyUSB3"});
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_TRUE(rig.link.portOpen());
+    rig.port.unplug();
+    rig.finder.list = {usb("ttyUSB3", "A1")};
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.back(), "/dev/ttyUSB3");
+    EXPECT_TRUE(rig.link.portOpen());
+}
+
 TEST(LinkPort, OfTwoAdaptersAlikeTheOneIsMeantThatHasTheLastName) {
     Link_Rig rig;
     rig.finder.list = {usb("ttyUSB0", "")};
@@ -280,6 +360,28 @@ TEST(LinkPort, APathThatIsNoAdapterIsOpenedAgainUnderTheSamePathOnly) {
     onlyPorts(rig, {"/tmp/line"});
     ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.link.CommLost(); }, 2 * microsPerSecond));
     EXPECT_THAT(rig.port.attempts, ::testing::Each("/tmp/line"));
+}
+
+TEST(LinkPort, ALostPortIsLookedForAfterHalfASecond) {
+    Link_Rig rig;
+    rig.link.PrepareScan();
+    onlyPorts(rig, {});
+    rig.port.unplug();
+    rig.clock.runFor(500 * ms - 1);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+    rig.clock.runFor(1);
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+}
+
+TEST(LinkPort, ALostPortIsNotLookedForOnceWhoeverIsToldHasClosedIt) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.onExchange([&](const std::string&, const std::string&) { rig.link.ClosePort(); });
+    rig.scan();
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return !rig.port.written.empty(); }, microsPerSecond));
+    rig.port.unplug();
+    rig.clock.runFor(10 * microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
 }
 
 TEST(LinkPort, AWriteUnderWayWhenThePortIsLostFails) {

@@ -37,10 +37,8 @@ void Modbus_Link::startWrite() {
 }
 
 void Modbus_Link::continueScan() {
-    const Micros now = clock_.now();
     if (scan_.plan().numbers().empty()) return missEmptyScan();
-    scan_.advance(now);
-    if (const auto frame = scan_.frame(now)) startFrame(*frame);
+    if (const auto frame = scan_.frame()) startFrame(*frame);
     armScanAlarm();
 }
 
@@ -65,7 +63,6 @@ void Modbus_Link::missScan() {
     missDue_ = false;
     status_.lastRequestFailed = true; // the loss was told when the port went or couldn't be opened
     scan_.blockGivenUp(clock_.now());
-    armScanAlarm();
 }
 
 void Modbus_Link::missEmptyScan() {
@@ -73,18 +70,13 @@ void Modbus_Link::missEmptyScan() {
     if (!missDue_) return;
     missDue_ = false;
     scan_.blockGivenUp(clock_.now());
-    armScanAlarm();
 }
 
 void Modbus_Link::armScanAlarm() {
     auto until = scan_.waitsUntil();
     const bool free = current_.kind == Current::Kind::None;
     if (held_ || (!until && free && scan_.indexUnseen(clock_.now()))) until = scan_.shownUntil();
-    if (until && (held_ || scanWanted())) {
-        scanAlarm_->armAt(*until);
-    } else {
-        scanAlarm_->disarm();
-    }
+    if (until && (held_ || scanWanted())) scanAlarm_->armAt(*until);
 }
 
 void Modbus_Link::ringScanAlarm() {
@@ -92,7 +84,7 @@ void Modbus_Link::ringScanAlarm() {
     if (!scan_.indexUnseen(now)) takeHeldTry();
     scan_.advance(now);
     next();
-    armScanAlarm();
+    if (held_) armScanAlarm();
 }
 
 void Modbus_Link::scanLookedAt() const {

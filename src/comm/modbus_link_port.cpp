@@ -30,7 +30,6 @@ void Modbus_Link::portIsOpen(const Port_Opening& opening) {
 }
 
 void Modbus_Link::tryReopen() {
-    if (!portWanted_ || port_.isOpen()) return;
     const Port_Opening opening = session_.reopen(settings_);
     if (opening.opened) {
         portIsOpen(opening);
@@ -50,7 +49,6 @@ void Modbus_Link::lineLost(const std::string& reason) {
 
 void Modbus_Link::releasePort() {
     StopScan();
-    halted_ = false;
     reopenAlarm_->disarm();
     port_.close();
 }

@@ -32,6 +32,20 @@ TEST(ModbusLinkScan, ShowsIndex0BeforeThereAreBlocks) {
     EXPECT_EQ(rig.link.ScanBlockCount(), 0);
 }
 
+TEST(ModbusLinkScan, TheFirstBlockIsShownAndFurtherOnesMoveNothing) {
+    Link_Rig rig;
+    rig.link.SetScanMode("NONE");
+    rig.link.PrepareScan();
+    rig.block(1, 5);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    rig.block(6, 7);
+    rig.link.StartScan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+    rig.block(8, 9);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+}
+
 TEST(ModbusLinkScan, UnitIdStays0) {
     Link_Rig rig;
     std::int32_t unit = 0;
@@ -53,6 +67,54 @@ TEST(ModbusLinkScan, StartAndPrepareComeInEitherOrder) {
     EXPECT_TRUE(rig.exchanges(1));
     rig.link.StartScan();
     EXPECT_TRUE(rig.exchanges(2)) << "harmless when already running";
+}
+
+TEST(ModbusLinkScan, PauseAndEndSessionLetARequestUnderWayEndAndSendNoOther) {
+    for (const bool pause : {true, false}) {
+        Link_Rig rig;
+        rig.block(1, 5);
+        rig.scan();
+        ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.port.written.size() == 2; }, microsPerSecond));
+        pause ? rig.link.PauseScan() : rig.link.EndSession();
+        rig.clock.runFor(microsPerSecond);
+        EXPECT_EQ(rig.port.written.size(), 2U);
+        EXPECT_EQ(rig.log.exchanges.size(), 2U);
+    }
+}
+
+TEST(ModbusLinkScan, AStoppedScanIsPreparedAgainOnItsOpenPort) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.StopScan();
+    rig.link.PrepareScan();
+    EXPECT_TRUE(rig.exchanges(2));
+    EXPECT_EQ(rig.port.attempts.size(), 1U);
+}
+
+TEST(ModbusLinkScan, ABlockHasAllItsTriesAgainAfterAStop) {
+    Link_Rig rig;
+    rig.faults = [](int, const Byte_Array&) {};
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(2));
+    rig.link.StopScan();
+    rig.link.StartScan();
+    ASSERT_TRUE(rig.exchanges(6));
+    EXPECT_THAT(rig.firstRegisters(), ElementsAre(1, 1, 1, 1, 1, 6));
+}
+
+TEST(ModbusLinkScan, AStoppedScanKeepsItsIndex) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.scan();
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.link.StopScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.link.ScanBlockIndex(), 0) << "between two passes";
 }
 
 TEST(ModbusLinkScan, EndSessionEndsTheScan) {
@@ -176,10 +238,7 @@ TEST(ModbusLinkScan, AfterAResetABlockHasAllItsTriesAgain) {
     ASSERT_TRUE(rig.exchanges(2));
     rig.link.ResetScan();
     ASSERT_TRUE(rig.exchanges(6));
-    std::vector<std::int32_t> firsts;
-    for (const Exchange_Record& exchange : rig.log.exchanges)
-        firsts.push_back(exchange.firstRegister);
-    EXPECT_THAT(firsts, ElementsAre(1, 1, 1, 1, 1, 6));
+    EXPECT_THAT(rig.firstRegisters(), ElementsAre(1, 1, 1, 1, 1, 6));
 }
 
 TEST(ModbusLinkScan, ResetScanGoesBackToTheFirstBlock) {
@@ -271,6 +330,35 @@ TEST(ModbusLinkScan, AScanWithoutBlocksIsLostTooWhenTheWishToScanStoodBefore) {
     rig.link.StartScan();
     EXPECT_EQ(indexesOfOnePass(rig).size(), 1U);
     EXPECT_TRUE(rig.link.CommLost());
+}
+
+TEST(ModbusLinkScan, AScanWithoutBlocksMissesOneAndThenRests) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.SetTimings(50, 0);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    rig.clock.runFor(10 * ms);
+    rig.link.PauseScan();
+    rig.link.ClearBlocks();
+    rig.link.ResumeScan();
+    std::vector<std::int32_t> seen{rig.link.ScanBlockIndex()};
+    rig.link.StartScan();
+    for (int tick = 0; tick < 100; ++tick) {
+        rig.clock.runFor(10 * ms);
+        if (rig.link.ScanBlockIndex() != seen.back()) seen.push_back(rig.link.ScanBlockIndex());
+    }
+    EXPECT_THAT(seen, ElementsAre(0, 1, 0));
+}
+
+TEST(ModbusLinkScan, WithoutAPortABlockIsMissed) {
+    Link_Rig rig;
+    rig.port.onOpen = [](const std::string&) { return Port_Opening{false, "No such port", {}}; };
+    rig.block(1, 5);
+    EXPECT_EQ(indexesOfOnePass(rig), std::vector<std::int32_t>{0});
+    EXPECT_TRUE(rig.link.LastRequestFailed());
+    EXPECT_TRUE(rig.link.CommLost());
+    EXPECT_EQ(rig.link.TransactionCount(), 0);
 }
 
 TEST(ModbusLinkScan, PreparingWithoutBlocksIsNotLost) {

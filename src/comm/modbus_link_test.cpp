@@ -105,10 +105,20 @@ TEST(ModbusLink, EveryBlockHasItsOwnTries) {
     rig.block(8, 9);
     rig.scan();
     ASSERT_TRUE(rig.exchanges(8));
-    std::vector<std::int32_t> firsts;
-    for (const Exchange_Record& exchange : rig.log.exchanges)
-        firsts.push_back(exchange.firstRegister);
-    EXPECT_THAT(firsts, ElementsAre(1, 6, 6, 6, 8, 8, 8, 1));
+    EXPECT_THAT(rig.firstRegisters(), ElementsAre(1, 6, 6, 6, 8, 8, 8, 1));
+}
+
+TEST(ModbusLink, AnAnswerGivesTheNextBlockAllItsTriesAgain) {
+    Link_Rig rig;
+    rig.faults = [&](int number, const Byte_Array& request) {
+        if (number == 1) rig.reply(rig.slave.answer(request), 5 * ms);
+    };
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.block(8, 9);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(6));
+    EXPECT_THAT(rig.firstRegisters(), ElementsAre(1, 1, 6, 6, 6, 8));
 }
 
 TEST(ModbusLink, ABlockBehindOneThatTheWireCannotCarryHasAllItsTries) {
@@ -169,190 +179,17 @@ TEST(ModbusLink, AnExceptionIsAnAnswer) {
     EXPECT_EQ(rig.log.exchanges[1].firstRegister, 6) << "an exception isn't tried again";
 }
 
-TEST(ModbusLink, WritesGoOutBeforeTheScan) {
+TEST(ModbusLink, ResetTransferLogForgetsTheLastRequest) {
     Link_Rig rig;
+    rig.faults = [&](int, const Byte_Array& request) { rig.reply(rig.slave.exception(request, 2), 5 * ms); };
     rig.block(1, 5);
     rig.scan();
     ASSERT_TRUE(rig.exchanges(1));
-    rig.link.PresetSingleRegister(0, 3, -5);
-    EXPECT_TRUE(rig.link.WriteBusy());
-    ASSERT_TRUE(rig.writeEnds());
-    EXPECT_FALSE(rig.link.WriteFailed());
-    ASSERT_TRUE(rig.exchanges(2));
-    EXPECT_EQ(rig.log.exchanges[1].function, Function_Code::PresetSingleRegister);
-    EXPECT_EQ(rig.slave.registers[3], 65531);
-    EXPECT_EQ(rig.link.RegisterValue(0, 3), -5);
-    ASSERT_TRUE(rig.exchanges(3));
-    EXPECT_EQ(rig.log.exchanges[2].function, Function_Code::ReadHoldingRegisters);
-}
-
-TEST(ModbusLink, ALongGoesOutAsItsLow16Bits) {
-    Link_Rig rig;
-    rig.link.PrepareScan();
-    rig.link.PresetSingleRegister(0, 1, 0x12345);
-    rig.link.PresetMultipleRegisters(0, 2, {65536, -1, 70000});
-    ASSERT_TRUE(rig.writeEnds());
-    EXPECT_EQ(rig.slave.registers[1], 0x2345);
-    EXPECT_EQ(rig.slave.registers[2], 0);
-    EXPECT_EQ(rig.slave.registers[3], 65535);
-    EXPECT_EQ(rig.slave.registers[4], 4464);
-    EXPECT_EQ(rig.link.RegisterValue(0, 4), 4464);
-}
-
-TEST(ModbusLink, AWriteNeedsNoScan) {
-    Link_Rig rig;
-    rig.block(1, 5);
-    rig.link.SetScanMode("NONE");
-    rig.link.PrepareScan();
-    rig.link.EndSession();
-    rig.link.PresetSingleRegister(1, 9, 3);
-    ASSERT_TRUE(rig.writeEnds());
-    rig.clock.runFor(microsPerSecond);
-    EXPECT_EQ(rig.log.exchanges.size(), 1U);
-}
-
-TEST(ModbusLink, AWriteAbove123RegistersGoesOutInSeveralFrames) {
-    Link_Rig rig;
-    rig.link.PrepareScan();
-    std::vector<std::int32_t> values(300);
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        values[i] = static_cast<std::int32_t>(i);
-    }
-    rig.link.PresetMultipleRegisters(0, 1000, values);
-    ASSERT_TRUE(rig.writeEnds());
-    ASSERT_TRUE(rig.exchanges(3));
-    EXPECT_EQ(rig.log.exchanges[0].count, 123);
-    EXPECT_EQ(rig.log.exchanges[1].firstRegister, 1123);
-    EXPECT_EQ(rig.log.exchanges[2].count, 54);
-    for (std::uint16_t i = 0; i < 300; ++i) {
-        EXPECT_EQ(rig.slave.registers[static_cast<std::uint16_t>(1000 + i)], i);
-    }
-}
-
-TEST(ModbusLink, EveryPartOfAWriteHasItsOwnTries) {
-    Link_Rig rig;
-    rig.faults = [&](int number, const Byte_Array& request) {
-        if (number % 3 == 2) rig.reply(rig.slave.answer(request), 5 * ms);
-    };
-    rig.link.PrepareScan();
-    rig.link.PresetMultipleRegisters(0, 100, std::vector<std::int32_t>(200, 7));
-    ASSERT_TRUE(rig.writeEnds());
-    EXPECT_FALSE(rig.link.WriteFailed());
-    EXPECT_EQ(rig.log.exchanges.size(), 6U);
-    EXPECT_EQ(rig.slave.registers[299], 7);
-}
-
-TEST(ModbusLink, AFailedPartEndsTheWholeWrite) {
-    Link_Rig rig;
-    rig.faults = [&](int number, const Byte_Array& request) {
-        rig.reply(number == 0 ? rig.slave.answer(request) : rig.slave.exception(request, 4), 5 * ms);
-    };
-    rig.link.PrepareScan();
-    rig.link.PresetMultipleRegisters(0, 0, std::vector<std::int32_t>(300, 9));
-    ASSERT_TRUE(rig.writeEnds());
-    EXPECT_TRUE(rig.link.WriteFailed());
-    EXPECT_EQ(rig.port.written.size(), 2U);
-    EXPECT_EQ(rig.link.LastResponse(), "Server device failure (exception 4)");
-    EXPECT_EQ(rig.link.RegisterValue(0, 122), 9) << "the part that was answered well";
-    EXPECT_EQ(rig.link.RegisterValue(0, 123), 0);
-}
-
-TEST(ModbusLink, BusyEndsAWriteWithoutAnotherTry) {
-    Link_Rig rig;
-    rig.faults = [&](int, const Byte_Array& request) { rig.reply(rig.slave.exception(request, 6), 5 * ms); };
-    rig.link.PrepareScan();
-    rig.link.PresetSingleRegister(0, 1, 5);
-    ASSERT_TRUE(rig.writeEnds());
-    EXPECT_TRUE(rig.link.WriteFailed());
-    EXPECT_EQ(rig.link.LastResponse(), "BUSY");
-    EXPECT_EQ(rig.port.written.size(), 1U);
-    EXPECT_EQ(rig.link.RegisterValue(0, 1), 0);
-}
-
-TEST(ModbusLink, WriteFailedStaysUntilCleared) {
-    Link_Rig rig;
-    bool silent = true;
-    rig.faults = [&](int, const Byte_Array& request) {
-        if (!silent) rig.reply(rig.slave.answer(request), 5 * ms);
-    };
-    rig.link.PrepareScan();
-    rig.link.PresetSingleRegister(0, 1, 5);
-    ASSERT_TRUE(rig.writeEnds());
-    EXPECT_TRUE(rig.link.WriteFailed());
-    EXPECT_TRUE(rig.link.CommLost());
-    EXPECT_EQ(rig.port.written.size(), 3U);
-    silent = false;
-    rig.link.PresetSingleRegister(0, 1, 6);
-    ASSERT_TRUE(rig.writeEnds());
-    EXPECT_TRUE(rig.link.WriteFailed());
-    EXPECT_FALSE(rig.link.CommLost());
-    rig.link.ClearWriteFailed();
-    EXPECT_FALSE(rig.link.WriteFailed());
-}
-
-TEST(ModbusLink, StopScanEndsAPendingWriteAsFailed) {
-    Link_Rig rig;
-    rig.link.PrepareScan();
-    rig.link.PresetSingleRegister(0, 1, 5);
-    rig.clock.runFor(5 * ms);
-    rig.link.StopScan();
-    EXPECT_FALSE(rig.link.WriteBusy());
-    EXPECT_TRUE(rig.link.WriteFailed());
-    rig.clock.runFor(microsPerSecond);
-    EXPECT_TRUE(rig.log.exchanges.empty());
-}
-
-TEST(ModbusLink, ClosePortAloneEndsAPendingWriteAsFailed) {
-    Link_Rig rig;
-    rig.link.PrepareScan();
-    rig.link.PresetSingleRegister(0, 1, 5);
-    rig.clock.runFor(5 * ms);
-    rig.link.ClosePort();
-    EXPECT_FALSE(rig.link.WriteBusy());
-    EXPECT_TRUE(rig.link.WriteFailed());
-    rig.link.PrepareScan();
-    rig.clock.runFor(microsPerSecond);
-    EXPECT_TRUE(rig.log.exchanges.empty());
-}
-
-TEST(ModbusLink, AWriteWithoutAnOpenPortFailsAtOnce) {
-    Link_Rig rig;
-    rig.link.PresetSingleRegister(0, 1, 5);
-    EXPECT_FALSE(rig.link.WriteBusy());
-    EXPECT_TRUE(rig.link.WriteFailed());
-}
-
-TEST(ModbusLink, NothingIsEverBroadcast) {
-    Port_Settings settings = Link_Rig::defaults();
-    settings.slave = 9;
-    Link_Rig rig(settings);
-    rig.link.PrepareScan();
-    rig.link.PresetSingleRegister(0, 1, 5);
-    rig.clock.runFor(20 * ms);
-    ASSERT_EQ(rig.port.written.size(), 1U);
-    EXPECT_EQ(rig.port.written[0].at(0), 9);
-    rig.link.StopScan();
-    rig.link.ClearWriteFailed();
-    for (const std::int32_t slave : {-1, 248, 256}) {
-        rig.link.PresetSingleRegister(slave, 1, 5);
-        EXPECT_TRUE(rig.link.WriteFailed());
-        EXPECT_EQ(rig.link.LastResponse(), "Slave number " + std::to_string(slave) + " is not 1 to 247");
-    }
-    rig.clock.runFor(microsPerSecond);
-    EXPECT_EQ(rig.port.written.size(), 1U);
-}
-
-TEST(ModbusLink, AnAddressThatTheWireCannotCarryFails) {
-    Link_Rig rig;
-    rig.link.PrepareScan();
-    rig.link.PresetSingleRegister(0, 65536, 5);
-    EXPECT_TRUE(rig.link.WriteFailed());
-    EXPECT_EQ(rig.link.LastResponse(), "Register 65536 has no address from 0 to 65535");
-    rig.link.PresetMultipleRegisters(0, 65535, {1, 2});
-    EXPECT_EQ(rig.link.LastResponse(), "Register 65536 has no address from 0 to 65535");
-    rig.link.PresetMultipleRegisters(0, 5, {});
-    EXPECT_EQ(rig.link.LastResponse(), "No registers from 5 on");
-    EXPECT_TRUE(rig.port.written.empty());
+    EXPECT_EQ(rig.link.LastResponse(), "Illegal data address (exception 2)");
+    EXPECT_TRUE(rig.link.LastRequestFailed());
+    rig.link.ResetTransferLog();
+    EXPECT_EQ(rig.link.LastResponse(), "");
+    EXPECT_FALSE(rig.link.LastRequestFailed());
 }
 
 TEST(ModbusLink, ABlockThatTheWireCannotCarryIsAFailedExchange) {
@@ -458,6 +295,9 @@ TEST(ModbusLink, TemplateTimingsOf0LeaveTheSettingsOwn) {
     EXPECT_EQ(rig.link.timeOutMs(), 300);
     EXPECT_EQ(rig.link.pauseMs(), 50);
     EXPECT_EQ(rig.link.PortParameters().at(4), "100");
+    rig.link.SetTimings(1, 1);
+    EXPECT_EQ(rig.link.timeOutMs(), 1);
+    EXPECT_EQ(rig.link.pauseMs(), 1);
     rig.link.SetTimings(0, -1);
     EXPECT_EQ(rig.link.timeOutMs(), 100);
     EXPECT_EQ(rig.link.pauseMs(), 0);
@@ -492,9 +332,14 @@ TEST(ModbusLink, TheBenchProcedure) {
     rig.link.SetCommPort(1, "9600,n,8,1");
     rig.link.SetTimings(50, 300);
     rig.link.AddHoldingBlock(1, 5, 5, true, 1);
+    rig.link.SetScanMode("NONE");
+    EXPECT_EQ(rig.link.ScanBlockCount(), 1);
     rig.link.PrepareScan();
     rig.link.OpenPort();
     EXPECT_EQ(rig.port.attempts.size(), 1U);
+    rig.link.StartScan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.port.written[0], withCrc(bytesOf("01 03 00 05 00 01")));
     EXPECT_EQ(rig.port.settingsSeen.line, (Line_Settings{9600, 'N', 8, 1}));
     EXPECT_EQ(rig.link.PortParameters().at(2), "1");
     rig.link.ClosePort();
@@ -523,6 +368,20 @@ TEST(ModbusLink, NewSettingsTakeEffectOnAnOpenPort) {
     EXPECT_TRUE(rig.exchanges(3));
     rig.link.setPortSettings(changed);
     EXPECT_EQ(rig.port.attempts.size(), 2U) << "the same settings change nothing";
+}
+
+TEST(ModbusLink, NewSettingsCountForTheNextRequest) {
+    Link_Rig rig;
+    rig.faults = [](int, const Byte_Array&) {};
+    Port_Settings changed = rig.link.portSettings();
+    changed.line.baud = 1200;
+    changed.timeOutMs = 300;
+    rig.link.setPortSettings(changed);
+    rig.block(1, 5);
+    rig.scan();
+    ASSERT_TRUE(rig.exchanges(1));
+    EXPECT_EQ(rig.log.exchanges[0].duration, rig.requestTime() + 300 * ms);
+    EXPECT_EQ(rig.requestTime(), wireTime(changed.line, 8));
 }
 
 TEST(ModbusLink, NewSettingsLeaveAClosedPortClosed) {

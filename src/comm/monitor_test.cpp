@@ -69,6 +69,12 @@ TEST_F(Monitor, SlaveNumberStandsInPanel3OnceItChanges) {
                 ElementsAre("TMR_Verifica_monitor off", "separador4 enabled", "TMR_Verifica_monitor on"));
 }
 
+TEST_F(Monitor, SlaveNumbersBeginAt1) {
+    link.slaveNumber = "1";
+    tick();
+    EXPECT_EQ(frame.panel(Panel::Unit), "RTU: 1");
+}
+
 TEST_F(Monitor, SlaveNumberOfZeroOrNoneLeavesThePanel) {
     frame.setPanel(Panel::Unit, "RTU: 3");
     for (const char* number : {"0", "", "none"}) {

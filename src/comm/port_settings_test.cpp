@@ -77,6 +77,10 @@ TEST(PortSettings, TheEndsOfTheRangesAreGood) {
     highest.timeOutMs = 60000;
     highest.txDelayMs = 1000;
     EXPECT_EQ(settingsFault(highest), "");
+    EXPECT_EQ(faultWith([](Port_Settings& s) { s.line.dataBits = 9; }),
+              "The number of data bits is 9, it must be from 7 to 8.");
+    EXPECT_EQ(faultWith([](Port_Settings& s) { s.line.stopBits = 0; }),
+              "The number of stop bits is 0, it must be from 1 to 2.");
     EXPECT_EQ(faultWith([](Port_Settings& s) { s.retries = 21; }),
               "The number of retries is 21, it must be from 0 to 20.");
     EXPECT_EQ(faultWith([](Port_Settings& s) { s.timeOutMs = 60001; }),
@@ -102,6 +106,7 @@ TEST(PortSettings, WireTimes) {
     EXPECT_EQ(bitsPerCharacter({9600, 'E', 7, 2}), 11);
     EXPECT_EQ(wireTime({9600, 'N', 8, 1}, 8), 8334);
     EXPECT_EQ(wireTime({300, 'N', 8, 1}, 255), 8500000);
+    EXPECT_EQ(wireTime({3, 'N', 8, 1}, 1), 3333334) << "a part of a microsecond is one more";
     EXPECT_EQ(frameSilence({9600, 'N', 8, 1}), 3646);
     EXPECT_EQ(frameSilence({19200, 'E', 8, 1}), 2006);
     EXPECT_EQ(frameSilence({19201, 'N', 8, 1}), 1750);

@@ -58,6 +58,7 @@ TEST_F(RegistersToCells, SignAndMagnitudeKeepsWhatLiesAboveItsSignBit) {
 
 TEST_F(RegistersToCells, FormatOfNoBitsReadsUnsigned) {
     EXPECT_EQ(appliedWithBits("0", 65535), "65535");
+    EXPECT_EQ(appliedWithBits("0", 0), "0");
     EXPECT_EQ(appliedWithBits("0", 7), "7");
 }
 
@@ -150,11 +151,15 @@ TEST_F(RegistersToCells, CellsWithoutARegisterKeepTheirValue) {
     }
 }
 
-TEST_F(RegistersToCells, HeadingsAreLeftAlone) {
+TEST_F(RegistersToCells, HeadingsAndTheRowNumbersAreLeftAlone) {
     definition.Address = "100";
     definition.Value = "Heading";
+    field.Cells(1, 0).Address = "100";
+    field.Cells(1, 0).Value = "1.";
+    cell.Address = "101";
     PRO_Aplica_Registros(comm, 1);
     EXPECT_EQ(definition.Value, "Heading");
+    EXPECT_EQ(field.Cells(1, 0).Value, "1.");
 }
 
 TEST_F(RegistersToCells, GridIsNotRepaintedMeanwhile) {

@@ -71,6 +71,10 @@ TEST(RtuFrame, EachTestOfAReadAnswerCanFail) {
     const Rtu_Request request = readRequest(17, 0x6B, 3);
     EXPECT_EQ(faultOf(request, {}), Answer_Fault::Nothing);
     EXPECT_EQ(faultOf(request, bytesOf("11 03 06")), Answer_Fault::Truncated);
+    EXPECT_EQ(faultOf(request, withCrc(bytesOf("11"))), Answer_Fault::Truncated);
+    EXPECT_EQ(faultOf(request, bytesOf("11 03 06 02")), Answer_Fault::Truncated);
+    EXPECT_EQ(faultOf(request, bytesOf("11 83 02 00 00")), Answer_Fault::BadCrc);
+    EXPECT_EQ(faultOf(request, withCrc(bytesOf("11 03 04"))), Answer_Fault::ByteCount);
     EXPECT_EQ(faultOf(request, bytesOf("11 03 06 02 2B 00 00 00 64 00 00")), Answer_Fault::BadCrc);
     EXPECT_EQ(faultOf(request, withCrc(bytesOf("12 03 06 02 2B 00 00 00 64"))), Answer_Fault::OtherUnit);
     EXPECT_EQ(faultOf(request, withCrc(bytesOf("11 04 06 02 2B 00 00 00 64"))), Answer_Fault::OtherFunction);
@@ -81,6 +85,7 @@ TEST(RtuFrame, EachTestOfAReadAnswerCanFail) {
 
 TEST(RtuFrame, EachTestOfAWriteAnswerCanFail) {
     const Rtu_Request single = presetSingle(17, 1, 3);
+    EXPECT_EQ(single.count, 1);
     EXPECT_EQ(faultOf(single, withCrc(bytesOf("11 06 00 02 00 03"))), Answer_Fault::EchoAddress);
     EXPECT_EQ(faultOf(single, withCrc(bytesOf("11 06 00 01 00 04"))), Answer_Fault::EchoValue);
     EXPECT_EQ(faultOf(single, withCrc(bytesOf("11 06 00 01 00"))), Answer_Fault::WrongLength);

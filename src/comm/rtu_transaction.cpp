@@ -51,7 +51,6 @@ void Rtu_Transaction::lineOpened() {
     lastActivity_ = clock_.now();
     quiet_ = silence_;
     learntPace_ = false;
-    stray_.clear();
 }
 
 void Rtu_Transaction::submit(Rtu_Request request) {
@@ -119,7 +118,7 @@ void Rtu_Transaction::armForState() {
     case State::Wait:
         return alarm_->armAt(rtsRaised_ ? txEnd_ : deadline_);
     case State::Settle:
-        return alarm_->armAt(std::min(lastActivity_ + settleTime(), settleLimit_));
+        return alarm_->armAt(rtsRaised_ ? txEnd_ : std::min(lastActivity_ + settleTime(), settleLimit_));
     }
 }
 
@@ -159,27 +158,26 @@ void Rtu_Transaction::ringInGap(Micros now) {
 }
 
 void Rtu_Transaction::ringInWait(Micros now) {
-    if (rtsRaised_ && now >= txEnd_) lowerRts();
+    if (now >= txEnd_) lowerRts();
     if (now >= deadline_) return atDeadline();
     armForState();
 }
 
 void Rtu_Transaction::ringInSettle(Micros now) {
+    if (now >= txEnd_) lowerRts();
     const bool babbling = now >= settleLimit_;
     if (!babbling && now < lastActivity_ + settleTime()) return armForState();
     if (const auto start = searchStart()) {
         const Finding finding = findAnswer(result_.request, receivedBytes(), *start);
         if (finding.verdict == Finding::Verdict::Found) return succeed(finding);
     }
-    const bool damaged = faultNow() == faultText(Answer_Fault::BadCrc);
+    const bool damaged = faultOfAnswer() == Answer_Fault::BadCrc;
     fail(faultNow() + (babbling ? ", and the line doesn't fall silent" : ""), !damaged);
 }
 
 // Sending.
 
 void Rtu_Transaction::lead() {
-    if (!stray_.empty()) tellStray("stray bytes");
-    if (state_ != State::Gap) return;
     if (settings_.rts == Rts_Mode::HighOnSend) {
         port_.setRts(true);
         rtsRaised_ = true;
@@ -272,7 +270,6 @@ void Rtu_Transaction::settle() {
     if (state_ == State::Settle) return;
     state_ = State::Settle;
     settleLimit_ = std::max(clock_.now(), txEnd_) + wireTime(settings_.line, largestFrame) + 2 * settleTime();
-    lowerRts();
     armForState();
 }
 
@@ -284,11 +281,14 @@ void Rtu_Transaction::atDeadline() {
     fail(faultNow(), true);
 }
 
-std::string Rtu_Transaction::faultNow() const {
+Answer_Fault Rtu_Transaction::faultOfAnswer() const {
     const auto echoEnd = endOfEcho(result_.sent, receivedBytes(), searchFrom_);
-    const std::size_t from = echoEnd.value_or(searchFrom_);
-    const Answer_Fault fault = whyNoAnswer(result_.request, receivedBytes(), from);
-    if (fault == Answer_Fault::Nothing && echoEnd) return std::string(faultText(Answer_Fault::OnlyEcho));
+    const Answer_Fault fault = whyNoAnswer(result_.request, receivedBytes(), echoEnd.value_or(searchFrom_));
+    return fault == Answer_Fault::Nothing && echoEnd ? Answer_Fault::OnlyEcho : fault;
+}
+
+std::string Rtu_Transaction::faultNow() const {
+    const Answer_Fault fault = faultOfAnswer();
     if (fault == Answer_Fault::Nothing && searchFrom_ > 0) return "only a late answer to an earlier request";
     return std::string(faultText(fault));
 }

@@ -98,6 +98,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void learnPace();
     void learnEchoOfWrite(Byte_View rest);
     void tellTrailing(std::size_t from);
+    [[nodiscard]] Answer_Fault faultOfAnswer() const;
     [[nodiscard]] std::string faultNow() const;
     void finish();
 
@@ -119,7 +120,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     Micros timeOut_ = 0;
     bool learntEcho_ = false;
     bool writeDoubled_ = false; ///< the last single write came back twice
-    bool learntPace_ = false; ///< the line hands over bytes one by one, as slowly as the baud rate says
+    bool learntPace_ = false;   ///< the line hands over bytes one by one, as slowly as the baud rate says
 
     State state_ = State::Idle;
     Try_Result result_;

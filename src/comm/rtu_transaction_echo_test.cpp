@@ -35,6 +35,23 @@ TEST_F(RtuTransactionEcho, WhatFollowsAnAnswerIsStray) {
     EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
 }
 
+TEST_F(RtuTransactionEcho, BytesOfTheLinesPastAreNotReadForTheNextRequest) {
+    port.queue(bytesOf("55 AA"));
+    begin(read);
+    port.deliverQueued();
+    clock.runFor(requestTime);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(recorder.results[0].noise, 0U);
+}
+
+TEST_F(RtuTransactionEcho, ASilentLineHasNoStrayBytes) {
+    clock.runFor(microsPerSecond);
+    begin(read);
+    clock.runFor(microsPerSecond);
+    EXPECT_TRUE(recorder.strays.empty());
+}
+
 TEST_F(RtuTransactionEcho, StrayBytesAreToldAtOnceWhenMoreThan512Came) {
     port.deliver(Byte_Array(512, 0x00));
     EXPECT_TRUE(recorder.strays.empty());
@@ -42,9 +59,25 @@ TEST_F(RtuTransactionEcho, StrayBytesAreToldAtOnceWhenMoreThan512Came) {
     EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (513)"});
 }
 
+TEST_F(RtuTransactionEcho, AnAnswerThatComesAfterItsLastTimeIsStray) {
+    begin(read);
+    clock.runFor(requestTime + 200 * ms);
+    port.deliver(answer);
+    clock.runFor(20 * ms);
+    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (9)"});
+}
+
 TEST_F(RtuTransactionEcho, StrayBytesBeforeALossAreTold) {
     port.deliver(bytesOf("00 FF"));
     port.unplug();
+    EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
+}
+
+TEST_F(RtuTransactionEcho, StrayBytesBeforeTheUserOpensThePortAnewAreTold) {
+    port.deliver(bytesOf("55 AA"));
+    port.close();
+    open();
+    clock.runFor(20 * ms);
     EXPECT_EQ(recorder.strays, std::vector<std::string>{"stray bytes (2)"});
 }
 

@@ -142,8 +142,33 @@ TEST_F(Paced_Line, BetweenExchangesEveryByteIsToldAtOnce) {
     EXPECT_EQ(port.notBefore, 0);
 }
 
+TEST_F(Paced_Line, TheHintIsAThirtySecondEarlierThanTheBaudRateSays) {
+    exchange(longRead, longAnswer());
+    begin(longRead);
+    clock.runFor(requestTime);
+    port.deliver(bytesOf("01 03 64"));
+    const Micros untilTheLastThree = 103125; // 99 characters of the 102 that miss
+    EXPECT_EQ(port.notBefore, clock.now() + untilTheLastThree - untilTheLastThree / 32);
+}
+
+TEST_F(Paced_Line, TheHintLeavesHalfASilenceBeforeTheTimeOut) {
+    exchange(longRead, longAnswer());
+    transaction.setWaits(0, 50 * ms);
+    begin(longRead);
+    clock.runFor(requestTime);
+    port.deliver(bytesOf("01 03 64"));
+    EXPECT_EQ(port.notBefore, clock.now() + 40 * ms);
+}
+
+TEST_F(Paced_Line, TheSameLineKeepsItsPace) {
+    exchange(longRead, longAnswer());
+    use(settings);
+    begin(longRead);
+    EXPECT_GT(port.notBefore, 0);
+}
+
 TEST_F(Paced_Line, AnAnswerInOnePieceShowsNoPace) {
-    for (int i = 0; i < 3; ++i) {
+    for (int i = 0; i < 10; ++i) {
         begin(longRead);
         EXPECT_EQ(port.notBefore, 0);
         clock.runFor(requestTime + 200);
@@ -151,6 +176,36 @@ TEST_F(Paced_Line, AnAnswerInOnePieceShowsNoPace) {
         clock.runFor(10 * ms);
         EXPECT_TRUE(recorder.results.back().answer);
     }
+}
+
+/// An answer of nine bytes comes in in so many pieces, the first one the longest, from the first to the last
+/// in so long. Tells whether the next request's answer is hinted at.
+struct Piecewise : Paced_Line {
+    bool learns(std::size_t count, Micros inAll) {
+        transaction.lineOpened();
+        begin(read);
+        clock.runFor(requestTime + silence);
+        const std::size_t first = answer.size() - count + 1;
+        port.deliver(Byte_Array(answer.begin(), answer.begin() + static_cast<std::ptrdiff_t>(first)));
+        for (std::size_t at = first; at + 1 < answer.size(); ++at)
+            port.deliver({answer[at]});
+        clock.runFor(inAll);
+        port.deliver({answer.back()});
+        begin(longRead);
+        const bool hinted = port.notBefore > 0;
+        clock.runFor(3000 * ms);
+        return hinted;
+    }
+};
+
+TEST_F(Piecewise, EightPiecesShowThePaceAndSevenDoNot) {
+    EXPECT_FALSE(learns(7, 8 * character));
+    EXPECT_TRUE(learns(8, 8 * character));
+}
+
+TEST_F(Piecewise, ThreeQuartersOfTheBaudRatesTimeAreItsPace) {
+    EXPECT_FALSE(learns(8, 6249)) << "the eight bytes behind the first take 8334 us";
+    EXPECT_TRUE(learns(8, 6250));
 }
 
 TEST_F(Paced_Line, APseudoTerminalInPiecesIsFasterThanItsBaudRate) {

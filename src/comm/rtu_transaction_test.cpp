@@ -145,6 +145,17 @@ TEST_F(RtuTransaction, AnAnswerThatStopsInTheMiddleFailsAtTheTimeOut) {
     }
 }
 
+TEST_F(RtuTransaction, AfterAnAnswerThatStoppedBehindTheTimeOutTheSameShapeWaitsFromThere) {
+    begin(read);
+    clock.runUntil(sentAt[0] + requestTime + 95 * ms);
+    port.deliver(bytesOf("01 03 04"));
+    clock.runFor(20 * ms);
+    EXPECT_EQ(fault(), "answer cut short");
+    const Micros failed = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt.at(1), failed + 100 * ms);
+}
+
 TEST_F(RtuTransaction, AWrongCrcFailsOnceTheLineWasSilentFor20Ms) {
     begin(read);
     clock.runFor(requestTime + 20 * ms);
@@ -229,7 +240,7 @@ TEST_F(RtuTransaction, OfMoreThan4096BytesOnlyTheLastOnesAreKept) {
 
 TEST_F(RtuTransaction, ADamagedAnswerInABabblingLineFailsInTheEnd) {
     begin(read);
-    clock.runFor(requestTime);
+    clock.runFor(requestTime + 10 * ms);
     Byte_Array damaged = answer;
     damaged[4] ^= 1U;
     port.deliver(damaged);
@@ -238,9 +249,11 @@ TEST_F(RtuTransaction, ADamagedAnswerInABabblingLineFailsInTheEnd) {
         clock.in(2 * ms, babble);
     };
     babble();
+    const Micros begun = clock.now();
     clock.runFor(microsPerSecond);
     ASSERT_EQ(recorder.results.size(), 1U);
     EXPECT_EQ(fault(), "wrong CRC, and the line doesn't fall silent");
+    EXPECT_EQ(recorder.results[0].endedAt, begun + wireTime(settings.line, 256) + 40 * ms);
 }
 
 // Late answers.
@@ -305,6 +318,20 @@ TEST_F(RtuTransaction, ALateAnswerThatHoldsWhatLooksLikeADamagedOneDoesNotEndThe
     EXPECT_EQ(recorder.results[1].answer->registers, (std::vector<std::uint16_t>{7, 8}));
 }
 
+TEST_F(RtuTransaction, AnAnswerIsFoundBehindALateOneAndMoreNoiseThanIsKept) {
+    begin(readRequest(1, 0, 1));
+    clock.runFor(requestTime + 100 * ms);
+    EXPECT_EQ(fault(), "no answer");
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(Byte_Array(300, 0x5A));
+    port.deliver(withCrc(bytesOf("01 03 02 00 07")));
+    port.deliver(Byte_Array(3800, 0x5A));
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_TRUE(recorder.results[1].answer);
+}
+
 TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
     begin(readRequest(1, 0, 3));
     clock.runFor(requestTime + 100 * ms);
@@ -315,6 +342,20 @@ TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
     ASSERT_EQ(recorder.results.size(), 2U);
     EXPECT_FALSE(recorder.results[1].answer);
     EXPECT_EQ(fault(), "only a late answer to an earlier request");
+}
+
+TEST_F(RtuTransaction, AnAnswerBehindAnExceptionThatMayBeLateCounts) {
+    begin(readRequest(1, 0, 1));
+    clock.runFor(requestTime + 100 * ms);
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(bytesOf("5A"));
+    port.deliver(withCrc(bytesOf("01 83 02")));
+    EXPECT_EQ(recorder.results.size(), 1U);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_TRUE(recorder.results[1].answer);
+    EXPECT_EQ(recorder.results[1].noise, 0U) << "what stands before a late answer was told apart";
 }
 
 TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineUntilItsAnswerCame) {
@@ -330,6 +371,23 @@ TEST_F(RtuTransaction, AnAbandonedRequestKeepsTheLineUntilItsAnswerCame) {
     clock.runFor(10 * ms);
     EXPECT_EQ(sentAt.at(1), end + silence);
     EXPECT_TRUE(recorder.results.empty());
+}
+
+TEST_F(RtuTransaction, ToAbandonNothingHoldsNothingUp) {
+    begin(read);
+    clock.runFor(requestTime);
+    port.deliver(answer);
+    const Micros end = clock.now();
+    transaction.abandon();
+    begin(readRequest(1, 500, 2));
+    EXPECT_EQ(sentAt.at(1), end + silence);
+    port.deliver(answer);
+    transaction.submit(read);
+    transaction.abandon();
+    clock.runFor(requestTime + silence);
+    const Micros start = clock.now();
+    begin(read);
+    EXPECT_EQ(sentAt.at(2), start) << "the abandoned one had not gone out";
 }
 
 TEST_F(RtuTransaction, ALineThatFallsSilentBehindAnAbandonedRequestIsFree) {
@@ -394,6 +452,19 @@ TEST_F(RtuTransaction, RtsStandsFromTheDelayToTheLastByte) {
     EXPECT_EQ(port.rtsChanges, (std::vector<bool>{true, false}));
 }
 
+TEST_F(RtuTransaction, ADelayOf1MsIsWaitedForAndNoneIsNot) {
+    for (const std::int32_t delay : {0, 1}) {
+        settings.txDelayMs = delay;
+        use(settings);
+        open();
+        const Micros start = clock.now();
+        begin(read);
+        EXPECT_EQ(sentAt.back(), start + silence + delay * ms);
+        clock.runFor(requestTime);
+        port.deliver(answer);
+    }
+}
+
 TEST_F(RtuTransaction, RtsFallsWhenTheRequestIsTakenBack) {
     settings.rts = Rts_Mode::HighOnSend;
     settings.txDelayMs = 3;
@@ -411,6 +482,30 @@ TEST_F(RtuTransaction, RtsFallsWhenTheRequestIsAbandoned) {
     begin(read);
     EXPECT_TRUE(port.rts);
     transaction.abandon();
+    EXPECT_FALSE(port.rts);
+}
+
+TEST_F(RtuTransaction, DamagedBytesThatComeEarlyDoNotCutTheRequestOff) {
+    settings.rts = Rts_Mode::HighOnSend;
+    use(settings);
+    begin(read);
+    clock.runFor(ms);
+    Byte_Array damaged = answer;
+    damaged.back() = static_cast<std::uint8_t>(damaged.back() ^ 1U);
+    port.deliver(damaged);
+    clock.runUntil(sentAt[0] + requestTime - 1);
+    EXPECT_TRUE(port.rts);
+    clock.runFor(1);
+    EXPECT_FALSE(port.rts);
+    clock.runFor(microsPerSecond);
+    EXPECT_EQ(fault(), "wrong CRC");
+}
+
+TEST_F(RtuTransaction, RtsFallsWithAnAnswerThatIsInBeforeTheRequestIsOut) {
+    settings.rts = Rts_Mode::HighOnSend;
+    use(settings);
+    begin(read);
+    port.deliver(answer);
     EXPECT_FALSE(port.rts);
 }
 
@@ -453,6 +548,26 @@ TEST_F(RtuTransaction, AnAnswerMayStillComeAfterThePortWasLost) {
     open();
     begin(read);
     EXPECT_EQ(sentAt.at(1), sentAt[0] + requestTime + 200 * ms);
+}
+
+TEST_F(RtuTransaction, AnOpenedLineNeedsNoLongerSilenceThanAnyOther) {
+    begin(read);
+    clock.runFor(requestTime + 100 * ms);
+    EXPECT_EQ(fault(), "no answer");
+    port.close();
+    open();
+    const Micros opened = clock.now();
+    begin(readRequest(1, 0, 9));
+    EXPECT_EQ(sentAt.at(1), opened + silence);
+}
+
+TEST_F(RtuTransaction, LeavesThePortWithoutAListener) {
+    Scripted_Port other;
+    {
+        const Rtu_Transaction shortLived{other, clock, recorder};
+        EXPECT_TRUE(other.hasListener());
+    }
+    EXPECT_FALSE(other.hasListener());
 }
 
 TEST_F(RtuTransaction, APortThatTakesNoBytesIsLost) {

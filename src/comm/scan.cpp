@@ -65,9 +65,8 @@ void Scan::beginPass() {
     phase_ = watched_ ? Phase::PassStart : Phase::Reading;
 }
 
-std::optional<Scan_Frame> Scan::frame(Micros now) const {
-    if (phase_ != Phase::Reading || place_ >= plan_.numbers().size()) return std::nullopt;
-    if (failedAt_ && now < *failedAt_ + failureTime) return std::nullopt;
+std::optional<Scan_Frame> Scan::frame() const {
+    if (phase_ != Phase::Reading || failedAt_ || place_ >= plan_.numbers().size()) return std::nullopt;
     const Scan_Block& block = plan_.block(numberAt(place_));
     const std::int64_t left = std::clamp<std::int64_t>(block.size() - offset_, 0, largestRead);
     return Scan_Frame{block.slave, static_cast<std::int32_t>(block.first + offset_),

@@ -48,10 +48,10 @@ class Scan {
     [[nodiscard]] Micros shownUntil() const { return shownAt_ + indexTime; }
     void failureSeen() { failedAt_.reset(); }
 
-    /// Moves on where that is allowed. To be called before `frame`.
+    /// Moves on where that is allowed.
     void advance(Micros now);
     /// What to read now; none while the walk waits to be seen.
-    [[nodiscard]] std::optional<Scan_Frame> frame(Micros now) const;
+    [[nodiscard]] std::optional<Scan_Frame> frame() const;
     /// Whether the walk waits for being seen, and until when it does at most.
     [[nodiscard]] std::optional<Micros> waitsUntil() const;
 

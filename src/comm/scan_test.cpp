@@ -19,7 +19,7 @@ Scan scanOf(const std::vector<Scan_Block>& blocks, const std::string& mode = "NO
 
 std::optional<Scan_Frame> frameAt(Scan& scan, Micros now) {
     scan.advance(now);
-    return scan.frame(now);
+    return scan.frame();
 }
 
 TEST(ScanPlan, NoneCoversEveryBlockAndAnyOtherWordItsOwn) {
@@ -175,7 +175,7 @@ TEST(Scan, ASingleBlockShows0BetweenTwoPasses) {
     scan.indexSeen();
     scan.advance(51 * ms);
     EXPECT_EQ(scan.index(), 1);
-    EXPECT_EQ(scan.frame(51 * ms), std::nullopt);
+    EXPECT_EQ(scan.frame(), std::nullopt);
     scan.indexSeen();
     EXPECT_EQ(frameAt(scan, 52 * ms), (Scan_Frame{0, 1, 5}));
 }
@@ -232,6 +232,36 @@ TEST(Scan, ABlockGivenUpIsLeftWithItsRest) {
     EXPECT_EQ(scan.index(), 2);
     EXPECT_EQ(frameAt(scan, 30 * ms), std::nullopt);
     EXPECT_EQ(frameAt(scan, 55 * ms), (Scan_Frame{0, 500, 2}));
+}
+
+TEST(Scan, ABlockOf125RegistersIsOneFrame) {
+    Scan scan = scanOf({{1, 125, "NONE", 0}, {200, 449, "NONE", 0}, {500, 501, "NONE", 0}});
+    scan.frameAnswered(true, 1 * ms);
+    EXPECT_EQ(frameAt(scan, 1 * ms), (Scan_Frame{0, 200, 125}));
+    scan.frameAnswered(true, 2 * ms);
+    EXPECT_EQ(frameAt(scan, 2 * ms), (Scan_Frame{0, 325, 125}));
+    scan.frameAnswered(true, 3 * ms);
+    EXPECT_EQ(frameAt(scan, 3 * ms), (Scan_Frame{0, 500, 2}));
+}
+
+TEST(Scan, APlanWithoutBlocksChangesItsIndexEachTimeOneIsMissed) {
+    Scan scan = scanOf({});
+    scan.indexSeen();
+    scan.blockGivenUp(1 * ms);
+    EXPECT_EQ(scan.index(), 1);
+    scan.indexSeen();
+    scan.blockGivenUp(2 * ms);
+    EXPECT_EQ(scan.index(), 0);
+}
+
+TEST(Scan, TheOnlyBlockMissedBetweenTwoPassesKeeps0) {
+    Scan scan = scanOf({{1, 5, "NONE", 0}});
+    scan.indexSeen();
+    scan.blockGivenUp(1 * ms);
+    EXPECT_EQ(scan.index(), 0);
+    scan.indexSeen();
+    scan.blockGivenUp(2 * ms);
+    EXPECT_EQ(scan.index(), 0);
 }
 
 TEST(Scan, APlanWithoutBlocksStandsAt0AndStillMovesOn) {

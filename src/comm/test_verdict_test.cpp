@@ -112,6 +112,12 @@ std::vector<Case> cases() {
          "Good: Unit 7 answered after 20 ms.\n2 bytes of noise came before the answer: check termination, "
          "bias "
          "and ground."},
+        {"good after one byte of noise",
+         [](Toy_Slave& slave, const Byte_Array& sent) { return joined(bytesOf("FF"), slave.answer(sent)); },
+         Kind::Good,
+         "Good: Unit 7 answered after 20 ms.\n1 byte of noise came before the answer: check termination, "
+         "bias "
+         "and ground."},
         {"good after an echo",
          [](Toy_Slave& slave, const Byte_Array& sent) { return joined(sent, slave.answer(sent)); },
          Kind::Good,
@@ -152,6 +158,16 @@ std::vector<Case> cases() {
         {"no echo though one was expected",
          [](Toy_Slave& slave, const Byte_Array& sent) { return slave.answer(sent); }, Kind::NoEcho,
          "Unit 7 is there, but the adapter doesn't echo.\nClear \"Adapter echoes\".", true},
+        {"another function", fixed(withCrc(bytesOf("07 04 02 00 01"))), Kind::Stranger,
+         "A whole answer came back, but not the one asked for: answer to another function.\n"
+         "1. Slave number: has the controller the number 7?\n"
+         "2. A second master on the line: disconnect it and test again.\n"
+         "3. A gateway that mixes up its answers: try a longer time-out."},
+        {"another length", fixed(withCrc(bytesOf("07 03 04 00 01 00 02"))), Kind::Stranger,
+         "A whole answer came back, but not the one asked for: wrong byte count.\n"
+         "1. Slave number: has the controller the number 7?\n"
+         "2. A second master on the line: disconnect it and test again.\n"
+         "3. A gateway that mixes up its answers: try a longer time-out."},
         {"another unit", fixed(withCrc(bytesOf("09 03 02 00 01"))), Kind::Stranger,
          "A whole answer came back, but not the one asked for: answer of another unit.\n"
          "1. Slave number: has the controller the number 7?\n"
@@ -171,6 +187,16 @@ TEST(TestVerdict, SaysInPlainWordsWhatCameOfTheExchange) {
         EXPECT_EQ(verdictText(verdict), one.text);
         EXPECT_FALSE(bench.port.isOpen());
         EXPECT_EQ(bench.port.written.size(), 1U);
+    }
+}
+
+TEST(TestVerdict, RoundsToTheNextMillisecond) {
+    for (const auto& [took, text] : {std::pair<Micros, const char*>{20499, "20 ms."}, {20500, "21 ms."}}) {
+        Test_Bench bench;
+        bench.port.onWrite = [&bench, after = took](const Byte_Array& sent) {
+            bench.clock.in(after, [&bench, bytes = bench.slave.answer(sent)] { bench.port.deliver(bytes); });
+        };
+        EXPECT_EQ(verdictText(bench.run()), std::string("Good: Unit 7 answered after ") + text);
     }
 }
 
@@ -312,6 +338,31 @@ TEST(SimulatedPort, GivesTheReasonWhenThereIsNone) {
     EXPECT_EQ(opening.reason,
               "This program has no simulated controller: start zorvane-sim and name its line as the port.");
     EXPECT_FALSE(line.isOpen());
+}
+
+TEST(TestVerdict, ATestThatIsCancelledOrGoesAwayLowersRtsAndFreesThePort) {
+    for (const bool goesAway : {false, true}) {
+        Test_Bench bench;
+        bench.request.settings.rts = Rts_Mode::HighOnSend;
+        auto exchange = std::make_unique<Test_Exchange>(bench.port, bench.clock);
+        exchange->start(bench.request, {});
+        bench.clock.runFor(5 * microsPerMs);
+        EXPECT_TRUE(bench.port.rts);
+        if (goesAway)
+            exchange.reset();
+        else
+            exchange->cancel();
+        EXPECT_FALSE(bench.port.rts);
+        EXPECT_FALSE(bench.port.isOpen());
+    }
+}
+
+TEST(TestVerdict, EveryTestHasItsOwnReport) {
+    Test_Bench bench;
+    EXPECT_EQ(bench.run().kind, Verdict_Kind::Silence);
+    bench.report.reset();
+    bench.answer([](Toy_Slave& slave, const Byte_Array& sent) { return slave.answer(sent); });
+    EXPECT_EQ(bench.run().kind, Verdict_Kind::Good);
 }
 
 } // namespace

@@ -164,7 +164,7 @@ std::string timeOfDayText(Micros sinceMidnight) {
 
 std::size_t Traffic_Rows::surplus(std::size_t added) const {
     const std::size_t total = entries_.size() + added;
-    return total > limit_ ? std::min(total - limit_, entries_.size()) : 0;
+    return std::min(std::max(total, limit_) - limit_, entries_.size());
 }
 
 void Traffic_Rows::dropOldest(std::size_t count) {

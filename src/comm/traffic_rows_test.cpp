@@ -47,6 +47,21 @@ TEST(TrafficRows, WritesByTheirFunction) {
     EXPECT_EQ(trafficText(write, Traffic_Column::Function, midnight), "16 write block");
 }
 
+TEST(TrafficRows, ANumberBelow0StandsBehindTheRegistersOwn) {
+    Exchange_Record read = readOfTwo();
+    read.values = {0, 1, 32767, 32768, 65535};
+    EXPECT_EQ(trafficText(read, Traffic_Column::Values, midnight), "0, 1, 32767, 32768 (-32768), 65535 (-1)");
+}
+
+TEST(TrafficRows, TimesAreRoundedToATenth) {
+    Exchange_Record read = readOfTwo();
+    for (const auto& [duration, text] :
+         {std::pair<Micros, const char*>{49, "0.0"}, {50, "0.1"}, {1049, "1.0"}}) {
+        read.duration = duration;
+        EXPECT_EQ(trafficText(read, Traffic_Column::Duration, midnight), text);
+    }
+}
+
 TEST(TrafficRows, AFailedTryNamesTheTestThatFailed) {
     Exchange_Record failed = readOfTwo();
     failed.good = false;
@@ -62,6 +77,8 @@ TEST(TrafficRows, StrayBytesAndPortNotesAreRowsToo) {
     const Stray_Record stray{midnight, {0xFF, 0x00}, "noise"};
     EXPECT_EQ(row(stray), "00:00:00.000||||||" + std::string("|2 bytes outside an exchange: noise|"));
     EXPECT_EQ(rawBytes(stray), "Rx: FF 00");
+    EXPECT_EQ(row(Stray_Record{midnight, {0xFF}, "noise"}),
+              "00:00:00.000|||||||1 byte outside an exchange: noise|");
     EXPECT_TRUE(trafficFailed(stray));
     const Port_Note note{midnight, "The port is open."};
     EXPECT_EQ(row(note), "00:00:00.000|||||||The port is open.|");
@@ -80,6 +97,11 @@ TEST(TrafficRows, ALineHasTabsAndTheBytesBehind) {
 TEST(TrafficRows, TimeOfDayBeginsAnewEachDay) {
     constexpr Micros day = 24 * 60 * 60 * microsPerSecond;
     EXPECT_EQ(timeOfDayText(day - 1), "23:59:59.999");
+    EXPECT_EQ(timeOfDayText(microsPerSecond), "00:00:01.000");
+    EXPECT_EQ(timeOfDayText(60 * microsPerSecond), "00:01:00.000");
+    EXPECT_EQ(timeOfDayText(60 * microsPerSecond - 1), "00:00:59.999");
+    EXPECT_EQ(timeOfDayText(3600 * microsPerSecond), "01:00:00.000");
+    EXPECT_EQ(timeOfDayText(3600 * microsPerSecond - 1), "00:59:59.999");
     EXPECT_EQ(timeOfDayText(day), "00:00:00.000");
     EXPECT_EQ(timeOfDayText(3 * day + 61 * microsPerSecond), "00:01:01.000");
     EXPECT_EQ(timeOfDayText(-microsPerMs), "23:59:59.999");

@@ -212,6 +212,13 @@ TEST_F(Upload, CancelWithYesDisconnectsAndChangesNoCell) {
     EXPECT_FALSE(frame.timerEnabled(Timer_Name::TMR_Actualiza_valores));
 }
 
+TEST_F(Upload, WithoutAWishToCancelNothingIsCancelled) {
+    bool cancelled = true;
+    PRO_Verifica_Cancelar(comm, true, cancelled);
+    EXPECT_FALSE(cancelled);
+    EXPECT_THAT(journal.lines(), IsEmpty());
+}
+
 TEST_F(Upload, CancelWithNoGoesOn) {
     start();
     frame.answers = {Msgb_Code_No};
@@ -230,6 +237,33 @@ TEST_F(Upload, CancelClosedWithoutAnAnswerGoesOn) {
     frame.answers = {Msgb_Code_Cancel};
     BOT_Cancel_Click(comm);
     EXPECT_FALSE(form.Cancel_Requested);
+}
+
+TEST_F(Upload, TheNextUploadCountsItsExchangesAnew) {
+    start();
+    scanTo(2, false);
+    link.finishScan(false);
+    tick();
+    link.lost = true;
+    scanTo(1, false);
+    EXPECT_FALSE(form.Comm_Active);
+    form.Retry_Count = 5;
+    link.lost = false;
+    start();
+    link.finishScan(false);
+    tick();
+    ASSERT_EQ(form.Transfer_Errors.size(), 1U);
+    EXPECT_EQ(form.Transfer_Errors[0].Retry, 1);
+}
+
+TEST_F(Upload, AnUploadIntoADocumentThatCameAfterAnotherGoesOn) {
+    PRO_Limpia_Modelo(document);
+    document.Fields.redim(highestField);
+    addField(1, 1).Cells(1, 1).Address = "100";
+    addScanBlock(100, 109);
+    start();
+    tick();
+    EXPECT_TRUE(form.Upload_Active);
 }
 
 TEST_F(Upload, SecondUploadWhileActiveDoesNotStartButClearsTheRecords) {
@@ -322,6 +356,7 @@ TEST_F(Upload, FailedReadOfABlockThatTheTemplateLacksIsFailure9) {
 
 TEST_F(Upload, AnUploadWhoseDocumentIsGoneIsDropped) {
     start();
+    form.Pass_Count = 1;
     link.image[100] = 7;
     PRO_Limpia_Modelo(document);
     document.Fields.redim(highestField);
@@ -329,6 +364,7 @@ TEST_F(Upload, AnUploadWhoseDocumentIsGoneIsDropped) {
     scanTo(2, false);
     EXPECT_THAT(journal.lines(), ElementsAre("TMR_Actualiza_valores off", "link StopScan", "link ClosePort",
                                              "link EndSession", "Porcentaje unloaded", "form enabled"));
+    EXPECT_EQ(form.Pass_Count, 0);
     EXPECT_FALSE(form.Upload_Active);
     EXPECT_FALSE(form.Comm_Active);
     EXPECT_THAT(form.Transfer_Errors, IsEmpty());

@@ -1,6 +1,7 @@
 #include "reports/export_html.h"
 
 #include "values/code_page.h"
+#include "values/numbers.h"
 
 #include <array>
 #include <cstdio>
@@ -9,13 +10,14 @@ namespace zorvane {
 
 namespace {
 
-constexpr const char* look = R"(body { font-family: sans-serif; font-size: 10pt; }
-table { border-collapse: collapse; margin: 0.4em 0 1.6em 0; }
-th, td { border: 1px solid #d0d0d0; padding: 0.15em 0.5em; white-space: pre-wrap; }
-th { background: #c0c0c0; border-color: #000; font-weight: normal; }
+constexpr const char* look = R"(table { border-collapse: collapse; margin: 0.4em 0 1.6em 0; }
+th, td { padding: 0.15em 0.5em; white-space: pre-wrap; }
+th { background: #c0c0c0; border: 1px solid #000; font-weight: normal; }
+.ruled td { border: 1px dotted #d0d0d0; }
 .label { background: #ffffc0; padding: 0 0.2em; }
 .line, .text { margin: 0; white-space: pre-wrap; }
 .text { font-family: monospace; }
+header, footer { font-size: 8.5pt; }
 header { border-bottom: 1px solid #000; margin-bottom: 1em; }
 footer { border-top: 1px solid #000; margin-top: 1em; }
 .date { float: right; }
@@ -40,12 +42,11 @@ void addEscaped(std::string& html, std::string_view text) {
     }
 }
 
-/// The five bytes of Windows-1252 that stand for no character become control codes of Unicode, which HTML
+/// The bytes of Windows-1252 that stand for no character become control codes of Unicode, which HTML
 /// doesn't take.
 std::string withoutEmptyCodes(std::string text) {
     for (char& character : text)
-        if (std::string_view("\x81\x8D\x8F\x90\x9D").find(character) != std::string_view::npos)
-            character = '\x1A';
+        if (lacksCharacter(character)) character = '\x1A';
     return text;
 }
 
@@ -77,8 +78,10 @@ class Html_Export {
 
     std::string text() && {
         html_ = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n<title>" +
-                escaped(content_.title + " " + content_.route) + "</title>\n<style>\n" + look +
-                "</style>\n</head>\n<body>\n<header>" + escaped(content_.title) + "</header>\n";
+                escaped(content_.title + " " + content_.route) +
+                "</title>\n<style>\nbody { font-family: sans-serif; font-size: " + numberText(textSize()) +
+                "pt; }\n" + look + "</style>\n</head>\n<body>\n<header>" + escaped(content_.title) +
+                "</header>\n";
         forEachPart(
             content_, [this](const Content_Row& row) { addFreeRow(row); },
             [this](std::span<const Content_Row> table) { addTable(table); });
@@ -88,6 +91,13 @@ class Html_Export {
     }
 
   private:
+    /// In points; a report has one size for all its rows.
+    [[nodiscard]] double textSize() const {
+        for (const Content_Row& row : content_.rows)
+            if (!row.cells.empty()) return content_.styles[row.cells.front().style].Font.Size;
+        return Report_Font{}.Size;
+    }
+
     void addFreeRow(const Content_Row& row) {
         if (row.kind == Content_Kind::Gap) return;
         html_ += row.kind == Content_Kind::Text ? "<p class=\"text\">" : "<p class=\"line\">";
@@ -102,10 +112,17 @@ class Html_Export {
     }
 
     void addTable(std::span<const Content_Row> table) {
-        html_ += "<table>\n";
+        html_ += isRuled(table) ? "<table class=\"ruled\">\n" : "<table>\n";
         for (const Content_Row& row : table)
             addTableRow(row);
         html_ += "</table>\n";
+    }
+
+    /// Whether there are rules around the cells; all rows of a table are alike in that.
+    [[nodiscard]] bool isRuled(std::span<const Content_Row> table) const {
+        const Content_Row& row = table.back();
+        if (row.kind == Content_Kind::Heading || row.cells.empty()) return false;
+        return content_.styles[row.cells.front().style].Border.LeftStyle != Border_None;
     }
 
     void addTableRow(const Content_Row& row) {

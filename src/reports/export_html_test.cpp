@@ -12,8 +12,10 @@ using testing::HasSubstr;
 using testing::Not;
 
 struct Export_Html : testing::Test, Report_Bench {
-    [[nodiscard]] std::string exported() {
+    [[nodiscard]] std::string exported(bool grid = false, double size = 8.25) {
         MainRepKVRT report(sources(), clock, host);
+        report.FontSize = size;
+        report.HaveGrid = grid;
         return exportHtml(contentOf(report));
     }
 };
@@ -31,6 +33,22 @@ TEST_F(Export_Html, WritesATableForEachField) {
                           "<td style=\"text-align: right;color: #0000ff;\">20</td></tr>\n"
                           "</table>\n"));
     EXPECT_THAT(exported(), HasSubstr("<footer><span class=\"date\">11/21/2026  9:05</span>/SITE/SITE7.ABC"));
+}
+
+TEST_F(Export_Html, HasRulesAroundTheCellsWithTheGridOnly) {
+    EXPECT_THAT(exported(true), HasSubstr("<table class=\"ruled\">\n<tr><th>Name</th>"));
+    EXPECT_THAT(exported(false), Not(HasSubstr("<table class=\"ruled\">")));
+    EXPECT_THAT(exported(false), HasSubstr(".ruled td { border: 1px dotted #d0d0d0; }"));
+}
+
+TEST_F(Export_Html, HasTheReportsTextSize) {
+    EXPECT_THAT(exported(false, 8.25), HasSubstr("body { font-family: sans-serif; font-size: 8.25pt; }"));
+    EXPECT_THAT(exported(false, 12), HasSubstr("body { font-family: sans-serif; font-size: 12pt; }"));
+}
+
+TEST_F(Export_Html, AHeadingWithoutRowsHasNoRulesToAskFor) {
+    design(document.Fields(1), "Empty", {{"Name"}}, {});
+    EXPECT_THAT(exported(true), HasSubstr("<table>\n<tr><th>Name</th></tr>\n</table>"));
 }
 
 TEST_F(Export_Html, EscapesEveryText) {

@@ -1,46 +1,15 @@
 #include "reports/export_rtf.h"
 
-#include "values/numbers.h"
+#include "values/rtf_escape.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
-#include <cstdio>
-#include <string_view>
 
 namespace zorvane {
 
 namespace {
 
 constexpr double narrowestColumn = 360; ///< twips; a column without width would take its text's place away
-
-/// A control character, or one of the five bytes of Windows-1252 that stand for no character. Readers of RTF
-/// stumble over some of them.
-bool standsForNothing(char character) {
-    return static_cast<unsigned char>(character) < 0x20 ||
-           std::string_view("\x7F\x81\x8D\x8F\x90\x9D").find(character) != std::string_view::npos;
-}
-
-std::string escaped(std::string_view text) {
-    constexpr const char* replacementCharacter = "\\u-3\\'3f";
-    std::string rtf;
-    for (const char character : text) {
-        const auto code = static_cast<unsigned char>(character);
-        if (character == '\\' || character == '{' || character == '}')
-            rtf += std::string("\\") + character;
-        else if (character == '\t')
-            rtf += "\\tab ";
-        else if (standsForNothing(character))
-            rtf += replacementCharacter;
-        else if (code >= 0x80) {
-            std::array<char, 5> hex{};
-            std::snprintf(hex.data(), hex.size(), "\\'%02x", code);
-            rtf += hex.data();
-        } else
-            rtf += character;
-    }
-    return rtf;
-}
 
 std::string number(double value) { return std::to_string(std::lround(value)); }
 
@@ -77,7 +46,8 @@ class Rtf_Export {
     [[nodiscard]] std::string fontTable() const {
         std::string table = "{\\fonttbl";
         for (std::size_t index = 0; index < fonts_.size(); ++index)
-            table += "{\\f" + std::to_string(index) + "\\fswiss\\fcharset0 " + escaped(fonts_[index]) + ";}";
+            table +=
+                "{\\f" + std::to_string(index) + "\\fswiss\\fcharset0 " + rtfEscaped(fonts_[index]) + ";}";
         return table + "}\n";
     }
 
@@ -105,14 +75,14 @@ class Rtf_Export {
 
     [[nodiscard]] std::string header() const {
         return "{\\header\\pard\\plain" + rightEdge() + "\\brdrb\\brdrs\\f0\\fs17 " +
-               escaped(content_.title) +
+               rtfEscaped(content_.title) +
                "\\tab Page:  \\chpgn  / {\\field{\\*\\fldinst {\\f0\\fs17 NUMPAGES}}{\\fldrslt {\\f0\\fs17 "
                "1}}}\\par}\n";
     }
 
     [[nodiscard]] std::string footer() const {
         return "{\\footer\\pard\\plain" + rightEdge() + "\\brdrt\\brdrs\\f0\\fs17 " +
-               escaped(content_.route) + "\\tab " + escaped(content_.date) + "\\par}\n";
+               rtfEscaped(content_.route) + "\\tab " + rtfEscaped(content_.date) + "\\par}\n";
     }
 
     /// The look of a text and the text, in a group of its own.
@@ -122,7 +92,7 @@ class Rtf_Export {
             "\\f" + std::to_string(placeIn(fonts_, style.Font.Name)) + "\\fs" + number(style.Font.Size * 2);
         if (style.Font.Bold) words += "\\b";
         if (style.ForeColor != 0) words += "\\cf" + colour(style.ForeColor);
-        return "{" + words + " " + escaped(cell.text) + "}";
+        return "{" + words + " " + rtfEscaped(cell.text) + "}";
     }
 
     /// The number of a colour; 0 is the reader's own.

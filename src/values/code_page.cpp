@@ -77,6 +77,11 @@ std::string_view trimBlanks(std::string_view text) noexcept {
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
+bool lacksCharacter(char byte) noexcept {
+    const auto number = static_cast<Byte>(byte);
+    return number >= 0x80 && number < 0xA0 && specials.at(number - 0x80U) == number;
+}
+
 std::string toUtf8(std::string_view text) {
     std::string out;
     out.reserve(text.size());

@@ -21,7 +21,10 @@ namespace zorvane {
 /// The trimmed upper case of a text: how most words are compared.
 [[nodiscard]] inline std::string upperTrimmed(std::string_view text) { return upperCase(trimBlanks(text)); }
 
-/// Windows-1252 to UTF-8. The five bytes without a character stand for the control codes of the same number.
+/// Whether a byte is one of the five that stand for no character: 0x81, 0x8D, 0x8F, 0x90, 0x9D.
+[[nodiscard]] bool lacksCharacter(char byte) noexcept;
+
+/// Windows-1252 to UTF-8. The bytes without a character stand for the control codes of the same number.
 [[nodiscard]] std::string toUtf8(std::string_view text);
 
 /// UTF-8 to Windows-1252. A character that the code page lacks becomes "?", and so does a malformed byte;

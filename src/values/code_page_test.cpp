@@ -45,6 +45,13 @@ TEST(CodePage, EveryByteGoesToItsSmallLetterOrStays) {
     }
 }
 
+TEST(CodePage, FiveBytesLackACharacter) {
+    std::string lacking;
+    for (unsigned c = 0; c < 256; ++c)
+        if (lacksCharacter(static_cast<char>(c))) lacking += byte(c);
+    EXPECT_EQ(lacking, "\x81\x8D\x8F\x90\x9D");
+}
+
 TEST(CodePage, LettersWithoutAPartnerStay) {
     const std::string text =
         "\xDF\x83\xB5\xAA\xBA\xD7\xF7"; // sharp s, florin, micro, ordinals, times, division

@@ -8,7 +8,7 @@ import shutil
 
 from driver.accessible import Table
 from driver.tray import Tray, listed_windows
-from driver.waiting import Vanished, expect, wait_for
+from driver.waiting import expect, wait_for
 
 MODEL = "KVRT207D"
 OUTPUTS, CHANNELS, REGULATION, TIMERS, MEASUREMENTS = 1, 2, 3, 4, 5
@@ -57,17 +57,6 @@ def _enter_folder(program, dialog, folder):
     # The list that offers files while one types would lie over the types.
     program.hands.keys("ctrl+a", "BackSpace")
     wait_for("the folder's file", lambda: dialog.part.find(role="list item", name="site7.kvrt207d"))
-
-
-def preview_of(program, title):
-    def look():
-        for child in program.root.children:
-            if child.description == "Preview" and child.name == title and "active" in child.states:
-                return child
-        raise Vanished(f"the preview {title}")
-    window = wait_for(f"the preview {title}", look)
-    wait_for("the pages", lambda: window.named("PageCount").name != "of 0")
-    return window
 
 
 def finish(program):
@@ -148,7 +137,7 @@ def at_rest(program, visit):
     box.answer("Cancel")
 
     program.choose("File", "Print...", "Print All...")
-    window = preview_of(program, "Preview Print All Pages")
+    window = program.preview("Preview Print All Pages")
     resize(program, 900, 700, window)
     visit("preview", window)
     window.find(role="push button", name="Export...").press()
@@ -168,9 +157,7 @@ def recovering(program, visit):
     program.select_field(OUTPUTS)
     program.enter(0, REMARK, "Breaker Q7")
     program.expect_title("* site7.kvrt207d - Zorvane")
-    wait_for("a recovery copy", lambda: [name for _, _, names in os.walk(program.desktop.environment["XDG_DATA_HOME"])
-                                         for name in names if not name.endswith(".unfinished")])
-    program.kill()
+    program.kill_with_a_copy()
     program.start()
     program.choose("File", "Recover...")
     form = program.dialog("FrmRecover")

@@ -87,6 +87,7 @@ void Recording_Document_Frame::moveForm(const Window_Rectangle& rectangle) {
 
 void Recording_Document_Frame::restartPreviews(double fontSize) {
     note("previews restarted with " + numberText(fontSize));
+    if (previewsFail) throw Run_Time_Failure(Failure::Subscript);
 }
 
 void Recording_Document_Frame::endProgram() {

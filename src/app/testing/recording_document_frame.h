@@ -23,6 +23,7 @@ class Recording_Document_Frame : public Document_Frame {
     Window_Rectangle place{1000, 2000, 6990, 7380}; ///< of the form
     Window_Rectangle screenSize{0, 0, 28800, 16200};
     bool ended = false;
+    bool previewsFail = false; ///< with failure 9, when they are made anew
 
     int Msgb_Show(const std::string& prompt, int style, const std::string& title) override;
     void setPanel(Panel panel, const std::string& text) override;

@@ -95,6 +95,14 @@ struct Link_Rig {
         return texts;
     }
 
+    /// Where each exchange began.
+    [[nodiscard]] std::vector<std::int32_t> firstRegisters() const {
+        std::vector<std::int32_t> numbers;
+        for (const Exchange_Record& exchange : log.exchanges)
+            numbers.push_back(exchange.firstRegister);
+        return numbers;
+    }
+
     Hand_Clock clock;
     Scripted_Port port;
     Scripted_Finder finder;

@@ -57,6 +57,8 @@ class Scripted_Port final : public Byte_Port {
         if (listener_ != nullptr) listener_->portLost(reason);
     }
 
+    [[nodiscard]] bool hasListener() const { return listener_ != nullptr; }
+
     std::function<Port_Opening(const std::string&)> onOpen;
     std::function<void(const Byte_Array&)> onWrite;
     std::function<void()> onLook; ///< somebody asks whether bytes wait

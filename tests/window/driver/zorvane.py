@@ -65,6 +65,16 @@ class Zorvane:
 
     # Files and other programs.
 
+    def recovery_copies(self):
+        """The copies in the folders of the user's data, those left out that are still being written."""
+        return [name for _, _, names in os.walk(self.desktop.environment["XDG_DATA_HOME"]) for name in names
+                if not name.endswith(".unfinished")]
+
+    def kill_with_a_copy(self):
+        """Kills the program once a copy of its unsaved changes is kept."""
+        wait_for("a recovery copy", self.recovery_copies)
+        self.kill()
+
     def stored(self, section, key):
         """A value of the settings store, or None."""
         return self._settings_file().get(section, key, fallback=None)
@@ -187,6 +197,17 @@ class Zorvane:
         expect("the message's text", box.text, text)
         expect("the message's title", lambda: box.part.name, title)
         return box
+
+    def preview(self, title):
+        """The preview of that title, once it has the keyboard and its pages."""
+        def look():
+            for child in self.root.children:
+                if child.description == "Preview" and child.name == title and "active" in child.states:
+                    return child
+            raise Vanished(f"the preview {title}")
+        window = wait_for(f"the preview {title}", look)
+        wait_for("the pages", lambda: window.named("PageCount").name != "of 0")
+        return window
 
     def use_port(self, simulator, **settings):
         """Chooses a simulated controller's line, before the start."""

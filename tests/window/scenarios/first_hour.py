@@ -112,7 +112,7 @@ def _download(program, document):
 
 def _print(program, folder):
     program.choose("File", "Print...", "Print All...")
-    window = tour.preview_of(program, "Preview Print All Pages")
+    window = program.preview("Preview Print All Pages")
     expect("the number of pages", lambda: window.named("PageCount").name, "of 3")
     window.find(role="push button", name="Export...").press()
     dialog = program.dialog("CommonDialog")
@@ -127,9 +127,7 @@ def _recover(program, folder):
     program.select_field(OUTPUTS)
     program.enter(0, REMARK, "Breaker Q7")
     program.expect_title("* site7.kvrt207d - Zorvane")
-    wait_for("a recovery copy", lambda: [name for _, _, names in os.walk(program.desktop.environment["XDG_DATA_HOME"])
-                                         for name in names if not name.endswith(".unfinished")])
-    program.kill()
+    program.kill_with_a_copy()
     program.start()
     program.choose("File", "Recover...")
     form = program.dialog("FrmRecover")

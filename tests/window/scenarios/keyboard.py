@@ -1,7 +1,6 @@
 """The main job without a mouse, and whether the keyboard's place can be seen."""
 import os
 
-import tour
 from driver.keyboard import Only_Keyboard, guard_refuses_the_mouse
 from driver.picture import Picture
 from driver.waiting import expect, wait_for
@@ -121,7 +120,7 @@ def the_main_job_from_start_to_end(program):
         program.expect_panel(2, "Offline")
 
         program.hands.keys("ctrl+p")
-        tour.preview_of(program, "Preview Print Page")
+        program.preview("Preview Print Page")
         program.hands.chord(["alt"], "e")
         dialog = program.dialog("CommonDialog")
         _tab_to(program, dialog.types())

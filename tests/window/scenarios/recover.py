@@ -5,12 +5,6 @@ from driver.accessible import Table
 from driver.waiting import expect, wait_for
 
 
-def _kept(program):
-    """The copies in the folders of the user's data, those left out that are still being written."""
-    return [name for _, _, names in os.walk(program.desktop.environment["XDG_DATA_HOME"]) for name in names
-            if not name.endswith(".unfinished")]
-
-
 def _killed_with_a_change(program):
     path = program.document()
     program.start()
@@ -19,8 +13,7 @@ def _killed_with_a_change(program):
     program.select_field(1)
     program.enter(0, 2, "Breaker Q7")
     program.expect_title("* site7.kvrt207d - Zorvane")
-    wait_for("a recovery copy", lambda: _kept(program))
-    program.kill()
+    program.kill_with_a_copy()
     return path
 
 
@@ -61,7 +54,7 @@ def a_copy_is_deleted_after_a_question(program):
     copies = Table(form.part.named("LST_Copies"))
     expect("the number of copies", lambda: copies.row_count, 0)
     form.answer("Cancel")
-    expect("kept files", lambda: _kept(program), [])
+    expect("kept files", program.recovery_copies, [])
 
 
 def saving_leaves_nothing_to_recover(program):
@@ -71,7 +64,7 @@ def saving_leaves_nothing_to_recover(program):
     program.select_field(1)
     program.enter(0, 2, "Breaker Q7")
     program.expect_title("* site7.kvrt207d - Zorvane")
-    wait_for("a recovery copy", lambda: _kept(program))
+    wait_for("a recovery copy", program.recovery_copies)
     program.hands.keys("ctrl+s")
     program.expect_title("site7.kvrt207d - Zorvane")
     program.choose("File", "Exit")

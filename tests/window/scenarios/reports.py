@@ -1,22 +1,10 @@
 """Previews of reports: their windows, keys and places, the page set-up and the export, as their user meets them."""
 import os
 
-from driver.waiting import Vanished, expect, wait_for
+from driver.waiting import expect, wait_for
 
 ALL_FIELDS = ("File", "Print...", "Print All...")
 ONE_FIELD = ("File", "Print...", "Print Page")
-
-
-def _preview(program, title):
-    """The preview of that title, once it has the keyboard and its pages."""
-    def look():
-        for child in program.root.children:
-            if child.description == "Preview" and child.name == title and "active" in child.states:
-                return child
-        raise Vanished(f"the preview {title}")
-    window = wait_for(f"the preview {title}", look)
-    wait_for("the pages", lambda: window.named("PageCount").name != "of 0")
-    return window
 
 
 def _has_preview(program):
@@ -33,7 +21,7 @@ def _open_and_preview(program, *entry, title):
     program.open(path)
     program.expect_field(4)
     program.choose(*entry)
-    return _preview(program, title)
+    return program.preview(title)
 
 
 def shows_all_fields_and_turns_pages(program):
@@ -61,19 +49,19 @@ def opens_the_selected_field_by_keyboard(program):
     program.open(path)
     program.expect_field(4)
     program.hands.keys("ctrl+p")
-    window = _preview(program, "Preview Print Page")
+    window = program.preview("Preview Print Page")
     expect("the pages", lambda: window.named("PageCount").name, "of 1")
 
 
 def keeps_the_place_of_a_preview(program):
     _open_and_preview(program, *ONE_FIELD, title="Preview Print Page")
     program.hands.place_window(60, 80, 640, 700)
-    expect("the preview's size", lambda: _preview(program, "Preview Print Page").rectangle[2:], (640, 700))
+    expect("the preview's size", lambda: program.preview("Preview Print Page").rectangle[2:], (640, 700))
     program.hands.keys("Escape")
     expect("the stored width", lambda: program.stored("PrintDialog", "Width"), str(640 * 15))
     expect("the stored height", lambda: program.stored("PrintDialog", "Height"), str(700 * 15))
     program.choose(*ALL_FIELDS)
-    window = _preview(program, "Preview Print All Pages")
+    window = program.preview("Preview Print All Pages")
     expect("the next preview's size", lambda: window.rectangle[2:], (640, 700))
 
 
