@@ -25,7 +25,6 @@ void Late_Answers::expectOnLine(const Rtu_Request& request, Micros lineUntil, Mi
 
 void Late_Answers::forgetPast(Micros now) {
     std::erase_if(expected_, [now](const Expected& entry) { return entry.until <= now; });
-    if (lineUntil_ && *lineUntil_ <= now) lineUntil_.reset();
 }
 
 Micros Late_Answers::heldUntil(const Rtu_Request& request) const {

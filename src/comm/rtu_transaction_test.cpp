@@ -344,6 +344,27 @@ TEST_F(RtuTransaction, AnExceptionThatMayBeLateIsNobodys) {
     EXPECT_EQ(fault(), "only a late answer to an earlier request");
 }
 
+TEST_F(RtuTransaction, AnExceptionAtTheLastTimeOfALateAnswerIsNotLate) {
+    begin(readRequest(1, 0, 1));
+    clock.runFor(requestTime + 100 * ms);
+    begin(read);
+    clock.runUntil(sentAt[0] + requestTime + 200 * ms);
+    port.deliver(withCrc(bytesOf("01 83 02")));
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_TRUE(recorder.results[1].answer);
+}
+
+TEST_F(RtuTransaction, AnExceptionOfAnotherFunctionIsNotLate) {
+    begin(read);
+    clock.runFor(requestTime + 100 * ms);
+    begin(presetSingle(1, 5, 7));
+    clock.runFor(requestTime);
+    port.deliver(withCrc(bytesOf("01 86 02")));
+    ASSERT_EQ(recorder.results.size(), 2U);
+    ASSERT_TRUE(recorder.results[1].answer);
+    EXPECT_EQ(recorder.results[1].answer->exception, 2);
+}
+
 TEST_F(RtuTransaction, AnAnswerBehindAnExceptionThatMayBeLateCounts) {
     begin(readRequest(1, 0, 1));
     clock.runFor(requestTime + 100 * ms);

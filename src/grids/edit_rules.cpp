@@ -23,7 +23,8 @@ Row_Hit rowHit(std::int16_t mouseY, const Row_Hit_Grid& grid) {
     Row_Hit hit;
     hit.mouseRow = toInteger(rowsBelowTop + grid.topRow);
     if (hit.mouseRow < 1 && grid.cols > 1) hit.mouseRow = 1;
-    if (hit.mouseRow <= 1) return hit;
+    // Scrolled, the row numbers alone would take the heading for the row that it covers.
+    if (hit.mouseRow <= 1 || mouseY < grid.rowHeight) return hit;
     if (hit.mouseRow - 1 >= grid.rows) hit.mouseRow = toInteger(grid.rows);
     hit.selects = true;
     return hit;

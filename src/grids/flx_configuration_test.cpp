@@ -30,7 +30,12 @@ TEST(Row_Hit_Test, BelowTheLastRowMeansTheLastRow) {
 
 TEST(Row_Hit_Test, CountsFromTheFirstRowOnScreen) {
     EXPECT_EQ(rowHit(285, (Row_Hit_Grid{285, 3, 6, 3})).row(), 3);
-    EXPECT_TRUE(rowHit(0, (Row_Hit_Grid{285, 3, 6, 3})).selects) << "scrolled, the heading is a row like any";
+}
+
+TEST(Row_Hit_Test, TheHeadingOfAScrolledGridSelectsNothing) {
+    EXPECT_FALSE(rowHit(0, (Row_Hit_Grid{285, 3, 6, 3})).selects);
+    EXPECT_FALSE(rowHit(284, (Row_Hit_Grid{285, 3, 6, 3})).selects);
+    EXPECT_FALSE(rowHit(-300, (Row_Hit_Grid{285, 5, 6, 3})).selects);
 }
 
 TEST(Row_Hit_Test, KeepsARowAboveTheGridInAGridOfOneColumn) {

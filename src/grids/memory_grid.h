@@ -3,6 +3,7 @@
 #include "grids/vsflexgrid.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,10 +25,10 @@ class Memory_Grid final : public VSFlexGrid {
 
     // What whoever paints the cells wants to know besides.
 
-    /// Packed colours; 0 for one that was never set.
+    /// Packed colours; none where one was never set, while 0 is a black that was.
     struct Colours {
-        std::int32_t back = 0;
-        std::int32_t fore = 0;
+        std::optional<std::int32_t> back;
+        std::optional<std::int32_t> fore;
         bool operator==(const Colours&) const = default;
     };
     [[nodiscard]] Colours coloursOf(std::int32_t row, std::int32_t col) const;
@@ -58,9 +59,9 @@ class Memory_Grid final : public VSFlexGrid {
     void setText(const std::string& text) override;
     [[nodiscard]] std::string TextMatrix(std::int32_t row, std::int32_t col) const override;
     void setTextMatrix(std::int32_t row, std::int32_t col, const std::string& text) override;
-    [[nodiscard]] std::int32_t CellBackColor() const override { return currentColours().back; }
+    [[nodiscard]] std::int32_t CellBackColor() const override { return currentColours().back.value_or(0); }
     void setCellBackColor(std::int32_t colour) override;
-    [[nodiscard]] std::int32_t CellForeColor() const override { return currentColours().fore; }
+    [[nodiscard]] std::int32_t CellForeColor() const override { return currentColours().fore.value_or(0); }
     void setCellForeColor(std::int32_t colour) override;
     [[nodiscard]] std::int32_t ColWidth(std::int32_t col) const override { return column(col).width; }
     void setColWidth(std::int32_t col, std::int32_t twips) override { column(col).width = twips; }

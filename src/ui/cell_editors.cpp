@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QStyle>
 
+#include <algorithm>
 #include <limits>
 
 namespace zorvane {
@@ -45,12 +46,24 @@ std::optional<Edit_End> editEndOf(const QKeyEvent& key) {
     }
 }
 
-Text_Cell_Editor::Text_Cell_Editor(int maxLength, QWidget* parent) : QLineEdit(parent) {
+Text_Cell_Editor::Text_Cell_Editor(const QString& text, int maxLength, QWidget* parent)
+    : QLineEdit(parent), limit_(maxLength > 0 ? maxLength : std::numeric_limits<short>::max()) {
     setFrame(false);
     setAutoFillBackground(true);
-    setMaxLength(maxLength > 0 ? maxLength : std::numeric_limits<short>::max());
+    setMaxLength(std::max(limit_, static_cast<int>(text.size())));
+    setText(text);
+    connect(this, &QLineEdit::textEdited, this, [this](const QString& edited) { keepWithinLimit(edited); });
     setValidator(new Code_Page_Validator(this));
     setTextMargins(1, 0, 1, 0);
+}
+
+/// The line's own limit stands at the cell's length as long as that is above the limit.
+void Text_Cell_Editor::keepWithinLimit(const QString& edited) {
+    if (maxLength() <= limit_) return;
+    const int cursor = cursorPosition();
+    const int length = static_cast<int>(edited.size());
+    setMaxLength(length < maxLength() ? std::max(limit_, length) : limit_);
+    setCursorPosition(std::min(cursor, static_cast<int>(text().size())));
 }
 
 bool Text_Cell_Editor::event(QEvent* event) {

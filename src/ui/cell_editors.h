@@ -30,8 +30,9 @@ enum class Edit_End { Enter, Next, Previous, Up, Down, Stay, Escape };
 /// The in-cell editor for free text.
 class Text_Cell_Editor final : public QLineEdit {
   public:
-    /// `maxLength` is in characters; 0 is no limit.
-    Text_Cell_Editor(int maxLength, QWidget* parent);
+    /// `text` is what the cell holds. `maxLength` is in characters; 0 is no limit. A cell may hold more than
+    /// that: such a text stays whole until it is edited, and then can only get shorter.
+    Text_Cell_Editor(const QString& text, int maxLength, QWidget* parent);
 
     std::function<void(Edit_End)> onEnd;
 
@@ -39,6 +40,11 @@ class Text_Cell_Editor final : public QLineEdit {
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    void keepWithinLimit(const QString& edited);
+
+    int limit_;
 };
 
 /// The in-cell editor for a list: it opens at once, and only its entries can be chosen. Typing goes to the

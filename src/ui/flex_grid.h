@@ -7,7 +7,7 @@ namespace zorvane {
 /// A grid control on the screen: what its owner writes goes into the cells at once, and is shown when events
 /// are served next.
 ///
-/// A colour of 0 is no colour: the cell takes the desktop's. A column of width 0 isn't seen.
+/// A cell takes the desktop's colour until it is given one. A column of width 0 isn't seen.
 class Flex_Grid final : public VSFlexGrid {
   public:
     /// `view` is the grid's widget and outlives it.

@@ -75,9 +75,9 @@ QWidget* Flex_Grid_View::makeEditor(QWidget* parent, const QModelIndex& index) {
         list->onEnd = finish;
         editor_ = list;
     } else {
-        auto* line = new Text_Cell_Editor(store().EditMaxLength(), parent);
+        auto* line =
+            new Text_Cell_Editor(index.data(Qt::EditRole).toString(), store().EditMaxLength(), parent);
         line->setAlignment(qtAlignment(store().ColAlignment(editCol_)));
-        line->setText(index.data(Qt::EditRole).toString());
         takeCellColours(*line, index);
         line->onEnd = finish;
         editor_ = line;

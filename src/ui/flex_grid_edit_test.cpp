@@ -155,6 +155,61 @@ TEST_F(Edit_Test, TabLeavesTheGridAtItsEnd) {
     EXPECT_TRUE(next.hasFocus());
 }
 
+TEST_F(Edit_Test, KeysPassOverColumnsWithoutAWidth) {
+    grid->setColWidth(1, 0);
+    show();
+    key(Qt::Key_Right);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "1,2");
+    key(Qt::Key_Left);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "1,0");
+    key(Qt::Key_Tab);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "1,2");
+    key(Qt::Key_Backtab);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "1,0");
+    type("7");
+    key(Qt::Key_Tab);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "1,2");
+    type("8");
+    key(Qt::Key_Backtab);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "1,0");
+}
+
+TEST_F(Edit_Test, KeysPassOverColumnsWithoutAWidthAtTheEdges) {
+    QLineEdit next(&window);
+    next.setGeometry(0, 0, 50, 10);
+    QWidget::setTabOrder(view, &next);
+    grid->setColWidth(0, 0);
+    grid->setColWidth(2, -5);
+    stand(1, 1);
+    show();
+    key(Qt::Key_Right);
+    key(Qt::Key_Left);
+    key(Qt::Key_Home);
+    key(Qt::Key_End);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "1,1");
+    key(Qt::Key_Tab);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "2,1");
+    type("7");
+    key(Qt::Key_Tab);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "3,1");
+    key(Qt::Key_Backtab);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "2,1");
+    key(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "1,1");
+    key(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "20,1");
+    key(Qt::Key_Tab);
+    EXPECT_TRUE(next.hasFocus());
+}
+
+TEST_F(Edit_Test, KeysStayWhereTheyAreWithoutAnyColumnToSee) {
+    for (std::int32_t c = 0; c < 3; ++c)
+        grid->setColWidth(c, 0);
+    show();
+    key(Qt::Key_Right);
+    EXPECT_EQ(place(grid->Row(), grid->Col()), "1,0");
+}
+
 TEST_F(Edit_Test, AClickElsewhereTakesTheText) {
     show();
     type("77");
@@ -248,6 +303,37 @@ TEST_F(Edit_Test, TakesNoMoreCharactersThanTheLimit) {
     EXPECT_EQ(lineEditor()->text(), "1234");
     key(Qt::Key_Return);
     EXPECT_EQ(grid->TextMatrix(1, 0), "1234");
+}
+
+TEST_F(Edit_Test, ALongerTextThanTheLimitStaysWholeUntilItIsEdited) {
+    grid->setEditMaxLength(4);
+    grid->setTextMatrix(1, 0, "123456");
+    show();
+    key(Qt::Key_F2);
+    EXPECT_EQ(lineEditor()->text(), "123456");
+    key(Qt::Key_Return);
+    EXPECT_EQ(grid->TextMatrix(1, 0), "123456");
+}
+
+TEST_F(Edit_Test, ALongerTextThanTheLimitCanOnlyGetShorter) {
+    grid->setEditMaxLength(4);
+    grid->setTextMatrix(1, 0, "123456");
+    show();
+    key(Qt::Key_F2);
+    type("7");
+    EXPECT_EQ(lineEditor()->text(), "123456");
+    key(Qt::Key_Home);
+    key(Qt::Key_Delete);
+    EXPECT_EQ(lineEditor()->text(), "23456");
+    EXPECT_EQ(lineEditor()->cursorPosition(), 0);
+    type("7");
+    EXPECT_EQ(lineEditor()->text(), "23456");
+    lineEditor()->selectAll();
+    lineEditor()->insert("abcdefgh");
+    EXPECT_EQ(lineEditor()->text(), "abcd");
+    lineEditor()->selectAll();
+    type("12345");
+    EXPECT_EQ(lineEditor()->text(), "1234");
 }
 
 TEST_F(Edit_Test, TakesAnyLengthWithoutALimit) {

@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace zorvane {
@@ -15,6 +16,12 @@ namespace {
 bool isTyping(const QKeyEvent& key) {
     const Qt::KeyboardModifiers commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     return !key.text().isEmpty() && key.text().at(0).isPrint() && !(key.modifiers() & commands);
+}
+
+/// Whoever keeps a place keeps it in 16 bits, and a wide screen has more twips than those hold.
+float keptPlace(double twips) {
+    using Kept = std::numeric_limits<std::int16_t>;
+    return static_cast<float>(std::clamp<double>(twips, Kept::min(), Kept::max()));
 }
 
 } // namespace
@@ -91,12 +98,52 @@ void Flex_Grid_View::moveTo(std::int32_t row, std::int32_t col) {
     asUser([&] { setCurrentIndex(model_.index(row - 1, col)); });
 }
 
+/// The next cell to the right (step 1) or left (-1) whose column has a width; invalid when there is none.
+QModelIndex Flex_Grid_View::nextSeen(const QModelIndex& from, int step, bool overRows) const {
+    int row = from.row();
+    int col = from.column();
+    while (true) {
+        col += step;
+        if (col < 0 || col >= model_.columnCount()) {
+            row += step;
+            col = step > 0 ? 0 : model_.columnCount() - 1;
+            if (!overRows || row < 0 || row >= model_.rowCount()) return {};
+        }
+        if (columnWidth(col) > 0) return model_.index(row, col);
+    }
+}
+
+void Flex_Grid_View::moveToNextSeen(std::int32_t row, std::int32_t col, int step) {
+    const QModelIndex next = nextSeen(model_.index(row - 1, col), step, true);
+    if (next.isValid()) moveTo(next.row() + 1, next.column());
+}
+
+/// Keys pass over a column without a width: nobody sees what is typed there.
+QModelIndex Flex_Grid_View::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    const QModelIndex reached = QTableView::moveCursor(action, modifiers);
+    if (!reached.isValid() || columnWidth(reached.column()) > 0) return reached;
+    const auto orStay = [&](const QModelIndex& seen) { return seen.isValid() ? seen : currentIndex(); };
+    switch (action) {
+    case MoveRight:
+    case MoveHome:
+        return orStay(nextSeen(reached, 1, false));
+    case MoveLeft:
+    case MoveEnd:
+        return orStay(nextSeen(reached, -1, false));
+    case MoveNext:
+        return orStay(nextSeen(reached, 1, true));
+    case MovePrevious:
+        return orStay(nextSeen(reached, -1, true));
+    default:
+        return reached;
+    }
+}
+
 /// The move stays away when the commit has put the current cell elsewhere, or the user edits the next one by
 /// now.
 void Flex_Grid_View::moveAfter(Edit_End how, std::int32_t row, std::int32_t col) {
     if (isEditing() || store().Row() != row || store().Col() != col) return;
     const std::int32_t lastRow = store().Rows() - 1;
-    const std::int32_t lastCol = store().Cols() - 1;
     switch (how) {
     case Edit_End::Enter:
     case Edit_End::Down:
@@ -104,11 +151,9 @@ void Flex_Grid_View::moveAfter(Edit_End how, std::int32_t row, std::int32_t col)
     case Edit_End::Up:
         return moveTo(std::max(row - 1, 1), col);
     case Edit_End::Next:
-        if (col < lastCol) return moveTo(row, col + 1);
-        return row < lastRow ? moveTo(row + 1, 0) : void();
+        return moveToNextSeen(row, col, 1);
     case Edit_End::Previous:
-        if (col > 0) return moveTo(row, col - 1);
-        return row > 1 ? moveTo(row - 1, lastCol) : void();
+        return moveToNextSeen(row, col, -1);
     case Edit_End::Stay:
     case Edit_End::Escape:
         return;
@@ -162,9 +207,8 @@ void Flex_Grid_View::keyReleaseEvent(QKeyEvent* event) {
 
 /// Tab goes from cell to cell, and out of the grid at its end; in a grid of rows it leaves at once.
 bool Flex_Grid_View::focusNextPrevChild(bool next) {
-    const QModelIndex edge =
-        next ? model_.index(model_.rowCount() - 1, model_.columnCount() - 1) : model_.index(0, 0);
-    const bool leaves = !editable_ || !edge.isValid() || currentIndex() == edge;
+    const bool leaves =
+        !editable_ || !currentIndex().isValid() || !nextSeen(currentIndex(), next ? 1 : -1, true).isValid();
     return leaves ? QWidget::focusNextPrevChild(next) : QTableView::focusNextPrevChild(next);
 }
 
@@ -177,8 +221,8 @@ void Flex_Grid_View::tellMouse(const Flex_Grid_Events::Mouse& handler, const QMo
     const int rowPixels = horizontalHeader()->height();
     const bool hasRows = store().Rows() > 0 && rowPixels > 0;
     const double perPixelY = hasRows ? store().RowHeight(0) / double(rowPixels) : scale.perPixelY;
-    handler(buttonsOf(buttons), shiftOf(event.modifiers()), static_cast<float>(scale.twipsX(place.x())),
-            static_cast<float>(place.y() * perPixelY));
+    handler(buttonsOf(buttons), shiftOf(event.modifiers()), keptPlace(scale.twipsX(place.x())),
+            keptPlace(place.y() * perPixelY));
 }
 
 void Flex_Grid_View::mousePressEvent(QMouseEvent* event) {

@@ -6,12 +6,15 @@
 #include <QBrush>
 
 #include <algorithm>
+#include <optional>
 
 namespace zorvane {
 
 namespace {
 
-QVariant brushOf(std::int32_t packed) { return packed == 0 ? QVariant() : QBrush(colourFrom(packed)); }
+QVariant brushOf(std::optional<std::int32_t> packed) {
+    return packed ? QVariant(QBrush(colourFrom(*packed))) : QVariant();
+}
 
 } // namespace
 

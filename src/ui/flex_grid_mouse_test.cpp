@@ -68,6 +68,20 @@ TEST_F(Mouse_Test, PlacesAreTwipsFromTheTopOfTheHeading) {
     EXPECT_FLOAT_EQ(lastY, 60);
 }
 
+TEST_F(Mouse_Test, APlaceFarOutOnAWideScreenIsHeldTo16Bits) {
+    show();
+    QMouseEvent far(QEvent::MouseMove, QPointF(2600, 2600),
+                    view->viewport()->mapToGlobal(QPointF(2600, 2600)), Qt::NoButton, Qt::LeftButton,
+                    Qt::NoModifier);
+    QApplication::sendEvent(view->viewport(), &far);
+    EXPECT_FLOAT_EQ(lastX, 32767);
+    EXPECT_FLOAT_EQ(lastY, 32767);
+    QMouseEvent left(QEvent::MouseMove, QPointF(-2600, 0), view->viewport()->mapToGlobal(QPointF(-2600, 0)),
+                     Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(view->viewport(), &left);
+    EXPECT_FLOAT_EQ(lastX, -32768);
+}
+
 TEST_F(Mouse_Test, AClickInTheHeadingIsTold) {
     show();
     QTest::mouseClick(view->horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(30, 4));

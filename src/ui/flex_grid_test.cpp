@@ -2,6 +2,7 @@
 #include "ui/flex_grid.h"
 #include "ui/packed_colour.h"
 #include "ui/testing/grid_fixture.h"
+#include "values/colours.h"
 
 #include <QAccessible>
 #include <QScrollBar>
@@ -65,6 +66,15 @@ TEST_F(Flex_Grid_View_Test, ShowsACellsColoursAlsoWhileItIsTheCurrentOne) {
     show();
     const QRect cell = view->visualRect(view->model()->index(1, 1));
     EXPECT_EQ(pixelIn(*view->viewport(), cell.bottomRight() - QPoint(4, 4)), colourFrom(0x80C0FF));
+}
+
+TEST_F(Flex_Grid_View_Test, PaintsTheGroundOfAnUnknownColourWordBlack) {
+    stand(2, 1);
+    grid->setCellBackColor(colourOf("TEAL"));
+    stand(1, 0);
+    show();
+    const QPoint corner = view->visualRect(view->model()->index(1, 1)).bottomRight() - QPoint(3, 3);
+    EXPECT_EQ(pixelIn(*view->viewport(), corner), QColor(0, 0, 0));
 }
 
 TEST_F(Flex_Grid_View_Test, TakesTheDesktopsColoursForACellWithoutItsOwn) {

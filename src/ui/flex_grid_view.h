@@ -17,8 +17,8 @@ namespace zorvane {
 class Flex_Grid_Delegate;
 
 /// What a grid tells its owner. Rows and columns are the grid's, from 0, row 0 being the heading; places are
-/// twips from the grid's upper left corner, headings included. A handler may fill the grid anew, and may
-/// serve events; it lets no exception out.
+/// twips from the grid's upper left corner, headings included, and held to 16 bits. A handler may fill the
+/// grid anew, and may serve events; it lets no exception out.
 struct Flex_Grid_Events {
     /// The grid is about to offer an editor on a cell: after each move of the user onto one, and again right
     /// before an edit starts. `cancel` refuses it.
@@ -91,6 +91,7 @@ class Flex_Grid_View final : public QTableView {
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     bool focusNextPrevChild(bool next) override;
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -120,6 +121,8 @@ class Flex_Grid_View final : public QTableView {
     void standOnLastCell();
     void moveTo(std::int32_t row, std::int32_t col);
     void moveAfter(Edit_End how, std::int32_t row, std::int32_t col);
+    [[nodiscard]] QModelIndex nextSeen(const QModelIndex& from, int step, bool overRows) const;
+    void moveToNextSeen(std::int32_t row, std::int32_t col, int step);
 
     bool handleEditKey(QKeyEvent* event);
     [[nodiscard]] bool askEdit(std::int32_t row, std::int32_t col);
