@@ -290,12 +290,16 @@ TEST_F(DownloadRequest, BoardHalfGoesOutInItsWholeListBlock) {
     addDownloadBlock("10", "13", 1);
     link.image = {{10, 65535}, {11, 2}, {12, 0x1234}, {13, 4}};
     EXPECT_EQ(request("12/HI", "5"), "multiple 7 10 [-1 2 1332 4]");
+    EXPECT_EQ(request("13/LO", "5"), "multiple 7 10 [-1 2 4660 5]");
+    EXPECT_EQ(failureOf("14/LO", "5"), 13);
 }
 
 TEST_F(DownloadRequest, BlockOfMoreThanTheAddressSpaceIsFailure6) {
     makeBoard();
-    addDownloadBlock("1", "2000000000", 0);
+    addDownloadBlock("1", "65537", 0);
     EXPECT_EQ(failureOf("100", "1"), 6);
+    EXPECT_EQ(registerCount(1, 65536), 65536);
+    EXPECT_EQ(registerCount(1, 2), 2);
 }
 
 TEST_F(DownloadRequest, BlockThatRunsBackwardsIsFailure9) {

@@ -17,6 +17,9 @@ TEST(PortFinder, KnowsAnAdapterByNameOrPath) {
     EXPECT_EQ(identityOf(entryNamed(ports, "/dev/ttyUSB0")), expected);
     EXPECT_EQ(identityOf(entryNamed(ports, "ttyS0")), std::nullopt);
     EXPECT_EQ(identityOf(entryNamed(ports, "/tmp/line")), std::nullopt);
+    Port_Entry half = ports.back();
+    half.product.reset();
+    EXPECT_EQ(identityOf(half), std::nullopt);
 }
 
 TEST(PortFinder, FindsTheAdapterUnderAnotherName) {

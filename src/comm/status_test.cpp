@@ -32,9 +32,11 @@ TEST_F(Status, ConnectGoesOnlineInSpiteOfTheFailures) {
 
 TEST_F(Status, RetryRunsTheSameTransferAgain) {
     Status_Retry(comm, 0);
+    EXPECT_EQ(journal.lines().front(), "FrmStatus unloaded");
     EXPECT_THAT(journal.lines(), Contains("panel 2 = \"Download\""));
     journal.clear();
     Status_Retry(comm, 1);
+    EXPECT_EQ(journal.lines().front(), "FrmStatus unloaded");
     EXPECT_THAT(journal.lines(), Contains("panel 2 = \"Upload\""));
     EXPECT_THAT(form.Transfer_Errors, IsEmpty());
 }
