@@ -41,6 +41,8 @@ class Byte_Port {
     /// Drops what has come in and wasn't told yet.
     virtual void discardInput() = 0;
     virtual void setRts(bool on) = 0;
+    /// Whether bytes have come in that weren't told yet. A port that can't know says no.
+    [[nodiscard]] virtual bool hasInput() const { return false; }
 
     /// A hint: before `when`, in microseconds of the link's clock, what comes in is of no use yet. The port
     /// may leave it with the system until then and tell it in one piece, and tells a lost line then at the

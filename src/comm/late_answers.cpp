@@ -11,7 +11,7 @@ bool sameFunction(const Rtu_Request& a, const Rtu_Request& b) {
 }
 
 bool sameShape(const Rtu_Request& a, const Rtu_Request& b) {
-    return sameFunction(a, b) && a.count == b.count;
+    return sameFunction(a, b) && (a.count == b.count || a.function == Function_Code::PresetMultipleRegisters);
 }
 
 } // namespace

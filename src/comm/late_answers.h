@@ -10,6 +10,8 @@ namespace zorvane {
 
 /// Requests whose answers may still come though nobody waits for them any more. Two requests have the same
 /// shape when they agree in unit, function and count: then the answer to the one can pass for the other's.
+/// Block writes have one shape whatever their counts, because a refusal names none, and a write that was
+/// refused must not be told as one without an answer.
 class Late_Answers {
   public:
     /// From now until `until`, the answer to the request counts as late. REQUIRES: it was held while an

@@ -229,6 +229,23 @@ INSTANTIATE_TEST_SUITE_P(
                       Bad_Echo{"MultipleFunction", false, "01 06 00 01 00 02", "answer to another function"}),
     [](const auto& chosen) { return chosen.param.name; });
 
+TEST(LinkFaults, ABlockWriteThatIsRefusedAfterAnUnansweredOneOfAnotherLengthIsToldAsRefused) {
+    Port_Settings settings = Link_Rig::defaults();
+    settings.retries = 0;
+    Fault_Rig rig(settings);
+    rig.faults = [&](int number, const Byte_Array& request) {
+        if (number > 0) rig.reply(rig.slave.exception(request, 3), 5 * ms);
+    };
+    rig.link.PrepareScan();
+    rig.link.PresetMultipleRegisters(0, 1, {10, 258});
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_EQ(rig.link.LastResponse(), "");
+    rig.link.PresetMultipleRegisters(0, 7, {1, 2, 3});
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_EQ(rig.link.LastResponse(), "Illegal data value (exception 3)");
+    EXPECT_EQ(rig.port.written.size(), 2U);
+}
+
 // Late answers. Blocks 0-9, 10-19 and 20-29 have one shape, 30-34 another.
 
 struct Late_Case {

@@ -10,10 +10,7 @@ namespace zorvane {
 Modbus_Link::Modbus_Link(const Parts& parts, const Port_Settings& settings)
     : port_(parts.port), clock_(parts.clock), asker_(parts.asker), windows_(parts.windows),
       settings_(settings), transaction_(parts.port, parts.clock, *this), session_(parts.port, parts.finder),
-      scanAlarm_(parts.clock.makeAlarm([this] {
-          scan_.advance(clock_.now());
-          next();
-      })),
+      scanAlarm_(parts.clock.makeAlarm([this] { ringScanAlarm(); })),
       reopenAlarm_(parts.clock.makeAlarm([this] { tryReopen(); })) {
     transaction_.setLine(settings_);
     applyWaits();
@@ -143,6 +140,7 @@ void Modbus_Link::EndSession() {
 
 void Modbus_Link::StopScan() {
     halted_ = true;
+    takeHeldTry();
     transaction_.abandon();
     current_ = {};
     scanTries_ = 0;

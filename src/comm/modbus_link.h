@@ -135,6 +135,13 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
         bool stale = false;     ///< the scan has started anew since: only the registers count
     };
 
+    /// A try of the scan that failed before its watcher saw which block is being read. Told at once, the
+    /// failure would be put down to the block before.
+    struct Held_Try {
+        Current current;
+        Try_Result result;
+    };
+
     void requestSent() override;
     void tryFinished(const Try_Result& result) override;
     void strayReceived(Micros at, const Byte_Array& bytes, const std::string& what) override;
@@ -153,6 +160,10 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     void restartScan();
     [[nodiscard]] bool scanWanted() const { return wish_ && portWanted_ && !paused_ && !halted_; }
 
+    [[nodiscard]] bool mustBeHeld(const Current& current, const Try_Result& result) const;
+    void takeTry(const Current& current, const Try_Result& result);
+    void takeHeldTry();
+    void ringScanAlarm();
     void countTry(const Try_Result& result);
     void scanTried(const Current& current, const Try_Result& result);
     void writeTried(const Current& current, const Try_Result& result);
@@ -196,6 +207,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     mutable Scan scan_; ///< being looked at lets it move on
     std::int32_t scanTries_ = 0;
     Current current_;
+    std::optional<Held_Try> held_;
 
     bool wish_ = false; ///< StartScan to EndSession
     bool portWanted_ = false;

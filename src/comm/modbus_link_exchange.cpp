@@ -10,8 +10,11 @@ namespace zorvane {
 
 void Modbus_Link::next() {
     if (!port_.isOpen()) return missScan();
-    if (!writes_.empty()) withdrawScan();
-    if (!transaction_.idle()) return;
+    if (!writes_.empty()) {
+        takeHeldTry();
+        withdrawScan();
+    }
+    if (!transaction_.idle() || held_) return;
     if (!writes_.empty()) return startWrite();
     if (scanWanted()) continueScan();
 }
@@ -48,6 +51,7 @@ void Modbus_Link::startFrame(const Scan_Frame& frame) {
 }
 
 void Modbus_Link::refuseFrame(const std::string& why) {
+    if (scan_.indexUnseen(clock_.now())) return;
     ++status_.transactionCount;
     status_.lastRequestFailed = true;
     status_.lastResponse = why;
@@ -69,8 +73,18 @@ void Modbus_Link::missEmptyScan() {
 }
 
 void Modbus_Link::armScanAlarm() {
-    const auto until = scan_.waitsUntil();
-    if (until && scanWanted()) scanAlarm_->armAt(*until);
+    auto until = scan_.waitsUntil();
+    const bool free = current_.kind == Current::Kind::None;
+    if (held_ || (!until && free && scan_.indexUnseen(clock_.now()))) until = scan_.shownUntil();
+    if (until && (held_ || scanWanted())) scanAlarm_->armAt(*until);
+}
+
+void Modbus_Link::ringScanAlarm() {
+    const Micros now = clock_.now();
+    if (!scan_.indexUnseen(now)) takeHeldTry();
+    scan_.advance(now);
+    next();
+    if (held_) armScanAlarm();
 }
 
 void Modbus_Link::scanLookedAt() const {
@@ -87,6 +101,10 @@ bool Modbus_Link::withdrawScan() {
 void Modbus_Link::restartScan() {
     scan_.restart(clock_.now());
     scanTries_ = 0;
+    if (held_) {
+        held_->current.stale = true;
+        return takeHeldTry();
+    }
     if (current_.kind != Current::Kind::Scan) return;
     if (withdrawScan()) return next();
     current_.stale = true;
@@ -112,6 +130,23 @@ void Modbus_Link::requestSent() { ++status_.txCount; }
 
 void Modbus_Link::tryFinished(const Try_Result& result) {
     const Current current = std::exchange(current_, Current{});
+    if (!mustBeHeld(current, result)) return takeTry(current, result);
+    held_ = Held_Try{current, result};
+    armScanAlarm();
+}
+
+bool Modbus_Link::mustBeHeld(const Current& current, const Try_Result& result) const {
+    const bool good = result.answer && !result.answer->exception;
+    if (current.kind != Current::Kind::Scan || current.stale || good || result.portLost) return false;
+    return writes_.empty() && scan_.indexUnseen(clock_.now());
+}
+
+void Modbus_Link::takeHeldTry() {
+    const auto held = std::exchange(held_, std::nullopt);
+    if (held) takeTry(held->current, held->result);
+}
+
+void Modbus_Link::takeTry(const Current& current, const Try_Result& result) {
     if (!result.sent.empty()) countTry(result);
     if (current.kind == Current::Kind::Scan) scanTried(current, result);
     if (current.kind == Current::Kind::Write) writeTried(current, result);

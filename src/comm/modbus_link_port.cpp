@@ -40,6 +40,7 @@ void Modbus_Link::tryReopen() {
 }
 
 void Modbus_Link::lineLost(const std::string& reason) {
+    takeHeldTry();
     status_.commLost = true;
     failWrites();
     note("The port is lost. " + reason);

@@ -405,5 +405,117 @@ TEST(ModbusLinkScan, A10MsWatcherMissesNoFailure) {
     EXPECT_EQ(failures, 1);
 }
 
+/// The blocks that an upload would name in its records: the index that it knew when it learnt of a failure.
+std::vector<std::int32_t> blocksOfFailures(Link_Rig& rig) {
+    std::vector<std::int32_t> blocks;
+    rig.link.SetScanMode("NONE");
+    rig.link.PrepareScan();
+    const std::int32_t first = rig.link.ScanBlockIndex();
+    std::int32_t known = first;
+    std::uint8_t last = rig.link.TransactionCount();
+    rig.link.StartScan();
+    for (int tick = 0; tick < 1000; ++tick) {
+        rig.clock.runFor(10 * ms);
+        if (rig.link.TransactionCount() != last && rig.link.LastRequestFailed()) blocks.push_back(known);
+        last = rig.link.TransactionCount();
+        const std::int32_t index = rig.link.ScanBlockIndex();
+        if (index != known && (index == first || rig.link.CommLost())) return blocks;
+        known = index;
+    }
+    ADD_FAILURE() << "the pass doesn't end";
+    return blocks;
+}
+
+TEST(ModbusLinkScan, ARefusalIsToldUnderItsOwnBlockHoweverFastItComes) {
+    for (const Micros turnaround : {0, 100, 1000, 3000, 7000, 9000, 20000}) {
+        Port_Settings settings = Link_Rig::defaults();
+        settings.line.baud = 921600;
+        Link_Rig rig(settings);
+        rig.faults = [&](int number, const Byte_Array& request) {
+            const bool refused = number % 3 == 2;
+            rig.reply(refused ? rig.slave.exception(request, 2) : rig.slave.answer(request), turnaround);
+        };
+        for (std::int32_t block = 0; block < 8; ++block)
+            rig.block(10 * block, 10 * block + 3);
+        EXPECT_THAT(blocksOfFailures(rig), ElementsAre(3, 6)) << turnaround;
+    }
+}
+
+TEST(ModbusLinkScan, ABlockWithoutAnAddressIsToldUnderItsOwnNumber) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.block(70000, 70001);
+    rig.block(6, 7);
+    EXPECT_THAT(blocksOfFailures(rig), ElementsAre(2));
+    EXPECT_EQ(rig.port.written.size(), 2U);
+}
+
+/// A link whose second block was refused at once, before its watcher has looked again.
+struct Refused_Unseen : Link_Rig {
+    Refused_Unseen() {
+        faults = [this](int number, const Byte_Array& request) {
+            reply(number == 1 ? slave.exception(request, 2) : slave.answer(request), 0);
+        };
+        block(1, 5);
+        block(6, 7);
+        link.SetScanMode("NONE");
+        link.PrepareScan();
+        EXPECT_EQ(link.ScanBlockIndex(), 1);
+        link.StartScan();
+        clock.runUntilTrue([&] { return port.written.size() == 2; }, microsPerSecond);
+        clock.runFor(requestTime() + ms);
+    }
+};
+
+TEST(ModbusLinkScan, ARefusalThatNobodySeesIsToldAfter250Ms) {
+    Refused_Unseen rig;
+    EXPECT_EQ(rig.link.TransactionCount(), 1);
+    rig.clock.runFor(200 * ms);
+    EXPECT_EQ(rig.link.TransactionCount(), 1);
+    rig.clock.runFor(50 * ms);
+    EXPECT_EQ(rig.link.TransactionCount(), 2);
+    EXPECT_EQ(rig.link.LastResponse(), "Illegal data address (exception 2)");
+}
+
+TEST(ModbusLinkScan, ARefusalThatNobodySawIsToldByAStop) {
+    Refused_Unseen rig;
+    rig.link.StopScan();
+    EXPECT_EQ(rig.log.exchanges.size(), 2U);
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.written.size(), 2U);
+}
+
+TEST(ModbusLinkScan, ARefusalThatNobodySawIsToldByAResetAndMovesNothing) {
+    Refused_Unseen rig;
+    rig.link.ResetScan();
+    EXPECT_EQ(rig.log.exchanges.size(), 2U);
+    EXPECT_FALSE(rig.link.LastRequestFailed());
+    ASSERT_TRUE(rig.exchanges(3));
+    EXPECT_EQ(rig.log.exchanges[2].firstRegister, 1);
+}
+
+TEST(ModbusLinkScan, ARefusalThatNobodySawIsToldBeforeAWrite) {
+    Refused_Unseen rig;
+    rig.link.PresetSingleRegister(0, 3, 7);
+    EXPECT_EQ(rig.log.exchanges.size(), 2U);
+    ASSERT_TRUE(rig.writeEnds());
+    EXPECT_EQ(rig.slave.registers[3], 7);
+}
+
+TEST(ModbusLinkScan, ARefusalThatNobodySawIsToldWhileTheScanPauses) {
+    Refused_Unseen rig;
+    rig.link.PauseScan();
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.link.TransactionCount(), 2);
+    EXPECT_EQ(rig.port.written.size(), 2U);
+}
+
+TEST(ModbusLinkScan, ARefusalThatNobodySawIsToldWhenTheLineGoes) {
+    Refused_Unseen rig;
+    rig.port.unplug();
+    EXPECT_EQ(rig.log.exchanges.size(), 2U);
+    EXPECT_TRUE(rig.link.CommLost());
+}
+
 } // namespace
 } // namespace zorvane

@@ -119,6 +119,10 @@ void Qt_Serial_Port::discardInput() {
     port_->clear(QSerialPort::Input);
 }
 
+bool Qt_Serial_Port::hasInput() const {
+    return port_->isOpen() && (port_->bytesAvailable() > 0 || inputWaits(port_->handle()));
+}
+
 void Qt_Serial_Port::setRts(bool on) {
     const Flag_Scope call(inCall_);
     port_->setRequestToSend(on);

@@ -22,6 +22,7 @@ class Qt_Serial_Port final : public Byte_Port {
     [[nodiscard]] bool isOpen() const override;
     [[nodiscard]] bool write(Byte_View bytes) override;
     void discardInput() override;
+    [[nodiscard]] bool hasInput() const override;
     void setRts(bool on) override;
     void tellNotBefore(Micros when) override;
 

@@ -36,7 +36,7 @@ Rtu_Transaction::~Rtu_Transaction() { port_.setListener(nullptr); }
 
 void Rtu_Transaction::setLine(const Port_Settings& settings) {
     if (settings.port != settings_.port || !(settings.line == settings_.line))
-        learntEcho_ = learntPace_ = false;
+        learntEcho_ = learntPace_ = writeDoubled_ = false;
     settings_ = settings;
     silence_ = frameSilence(settings.line);
     quiet_ = std::max(quiet_, silence_);
@@ -58,6 +58,7 @@ void Rtu_Transaction::submit(Rtu_Request request) {
     result_.request = std::move(request);
     searchFrom_ = 0;
     pieces_ = 0;
+    letInputCome_ = false;
     state_ = State::Gap;
     late_.forgetPast(clock_.now());
     latestSend_ = std::max(clock_.now(), lastActivity_ + quiet_ + pause_) + timeOut_;
@@ -121,8 +122,19 @@ void Rtu_Transaction::armForState() {
     }
 }
 
+/// A program that was busy finds its alarm and the answer waiting, and the answer may have come in time.
+bool Rtu_Transaction::inputComesFirst(Micros now) {
+    const bool atEnd = (state_ == State::Wait && now >= deadline_) || state_ == State::Settle;
+    if (!atEnd || letInputCome_ || !port_.hasInput()) return false;
+    letInputCome_ = true;
+    hintPort();
+    alarm_->armAt(now);
+    return true;
+}
+
 void Rtu_Transaction::ring() {
     const Micros now = clock_.now();
+    if (inputComesFirst(now)) return;
     switch (state_) {
     case State::Idle:
     case State::Gap:
@@ -210,6 +222,7 @@ void Rtu_Transaction::lowerRts() {
 void Rtu_Transaction::bytesArrived(Byte_View bytes) {
     lastActivity_ = std::max(lastActivity_, clock_.now());
     if (state_ != State::Wait && state_ != State::Settle) return takeStray(bytes);
+    letInputCome_ = false;
     if (pieces_++ == 0) firstByteAt_ = clock_.now();
     result_.received.insert(result_.received.end(), bytes.begin(), bytes.end());
     evaluate();
@@ -308,11 +321,19 @@ void Rtu_Transaction::succeed(const Finding& finding) {
     finish();
 }
 
+/// One write that comes back twice may be a controller that stuttered; two in a row are an adapter's echo.
+/// Taken for one too early, an echo would be missed in every good answer after it.
+void Rtu_Transaction::learnEchoOfWrite(Byte_View rest) {
+    if (result_.request.function != Function_Code::PresetSingleRegister) return;
+    const bool doubled = endOfEcho(result_.sent, rest).has_value();
+    if (doubled && writeDoubled_) learntEcho_ = true;
+    writeDoubled_ = doubled;
+}
+
 void Rtu_Transaction::tellTrailing(std::size_t from) {
-    if (from >= result_.received.size()) return;
     const Byte_View rest = receivedBytes().subspan(from);
-    const bool single = result_.request.function == Function_Code::PresetSingleRegister;
-    if (single && endOfEcho(result_.sent, rest)) learntEcho_ = true;
+    learnEchoOfWrite(rest);
+    if (rest.empty()) return;
     stray_.assign(rest.begin(), rest.end());
     result_.received.resize(from);
 }

@@ -78,6 +78,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void ringInWait(Micros now);
     void ringInSettle(Micros now);
     void armForState();
+    [[nodiscard]] bool inputComesFirst(Micros now);
 
     [[nodiscard]] Micros sendTime() const;
     [[nodiscard]] Micros earliestAnswer() const;
@@ -95,6 +96,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void fail(std::string fault, bool mayAnswerLater);
     void learnEcho(std::size_t answerAt);
     void learnPace();
+    void learnEchoOfWrite(Byte_View rest);
     void tellTrailing(std::size_t from);
     [[nodiscard]] Answer_Fault faultOfAnswer() const;
     [[nodiscard]] std::string faultNow() const;
@@ -117,7 +119,8 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     Micros pause_ = 0;
     Micros timeOut_ = 0;
     bool learntEcho_ = false;
-    bool learntPace_ = false; ///< the line hands over bytes one by one, as slowly as the baud rate says
+    bool writeDoubled_ = false; ///< the last single write came back twice
+    bool learntPace_ = false;   ///< the line hands over bytes one by one, as slowly as the baud rate says
 
     State state_ = State::Idle;
     Try_Result result_;
@@ -133,6 +136,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     Micros deadline_ = 0;     ///< of the answer
     Micros settleLimit_ = 0;  ///< a line that never falls silent can't hold a try longer
     bool rtsRaised_ = false;
+    bool letInputCome_ = false; ///< the alarm has stood back for bytes already
 
     Late_Answers late_;
     Byte_Array stray_;

@@ -154,19 +154,42 @@ TEST_F(RtuTransactionEcho, AnEchoAloneTellsThatTheAdapterEchoes) {
     EXPECT_EQ(fault(), "only the adapter's echo");
 }
 
-TEST_F(RtuTransactionEcho, TwoCopiesOfAWriteTellThatTheAdapterEchoes) {
-    begin(presetSingle(1, 4, 9));
-    Byte_Array twice = port.written.back();
-    twice.insert(twice.end(), port.written.back().begin(), port.written.back().end());
-    clock.runFor(requestTime + 5 * ms);
-    port.deliver(twice);
-    ASSERT_EQ(recorder.results.size(), 1U);
-    EXPECT_TRUE(recorder.results[0].answer);
+/// A single write whose answer comes in so many copies.
+class RtuTransactionCopies : public Transaction_Rig {
+  protected:
+    [[nodiscard]] bool wellAnsweredBy(int copies) {
+        begin(presetSingle(1, 4, 9));
+        Byte_Array bytes;
+        for (int copy = 0; copy < copies; ++copy)
+            bytes.insert(bytes.end(), port.written.back().begin(), port.written.back().end());
+        clock.runFor(requestTime + 5 * ms);
+        port.deliver(bytes);
+        clock.runFor(100 * ms);
+        return recorder.results.back().answer.has_value();
+    }
+};
 
-    begin(presetSingle(1, 4, 9));
-    port.deliver(port.written.back());
-    clock.runFor(requestTime + 100 * ms);
+TEST_F(RtuTransactionCopies, TwoCopiesOfTwoWritesTellThatTheAdapterEchoes) {
+    EXPECT_TRUE(wellAnsweredBy(2));
+    EXPECT_TRUE(wellAnsweredBy(2));
+    EXPECT_FALSE(wellAnsweredBy(1));
     EXPECT_EQ(fault(), "only the adapter's echo");
+    EXPECT_TRUE(wellAnsweredBy(2));
+}
+
+TEST_F(RtuTransactionCopies, AnAnswerThatCameTwiceOnceCostsTheNextWritesNothing) {
+    EXPECT_TRUE(wellAnsweredBy(2));
+    EXPECT_TRUE(wellAnsweredBy(1));
+    EXPECT_TRUE(wellAnsweredBy(2));
+    EXPECT_TRUE(wellAnsweredBy(1));
+}
+
+TEST_F(RtuTransactionCopies, AnotherLineBeginsWithoutThatKnowledge) {
+    EXPECT_TRUE(wellAnsweredBy(2));
+    settings.line.baud = 19200;
+    use(settings);
+    EXPECT_TRUE(wellAnsweredBy(2));
+    EXPECT_TRUE(wellAnsweredBy(1));
 }
 
 TEST_F(RtuTransactionEcho, AReadWithoutEchoForgetsIt) {

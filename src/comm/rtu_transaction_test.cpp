@@ -50,6 +50,35 @@ TEST_F(RtuTransaction, TheNextRequestGoesOutOneSilenceAfterTheLastByte) {
     EXPECT_EQ(recorder.results.at(0).endedAt, end);
 }
 
+TEST_F(RtuTransaction, WhatWaitsToBeReadAtTheDeadlineIsReadFirst) {
+    begin(read);
+    port.queue(answer);
+    port.onLook = [this] { clock.in(0, [this] { port.deliverQueued(); }); };
+    clock.runFor(requestTime + 100 * ms);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_TRUE(recorder.results[0].answer.has_value());
+    EXPECT_EQ(recorder.results[0].endedAt, sentAt.at(0) + requestTime + 100 * ms);
+}
+
+TEST_F(RtuTransaction, WhatWaitsToBeReadWhileALineSettlesIsReadFirst) {
+    begin(read);
+    clock.runFor(requestTime + 10 * ms);
+    port.deliver(bytesOf("01 03 04 00 07 00 08 00 00"));
+    port.queue(answer);
+    port.onLook = [this] { clock.in(0, [this] { port.deliverQueued(); }); };
+    clock.runFor(40 * ms);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_TRUE(recorder.results[0].answer.has_value());
+}
+
+TEST_F(RtuTransaction, BytesThatWaitAndNeverComeHoldNoTry) {
+    begin(read);
+    port.queue(answer);
+    clock.runFor(requestTime + 100 * ms);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    EXPECT_EQ(fault(), "no answer");
+}
+
 TEST_F(RtuTransaction, AnAnswerThatIsInBeforeTheRequestIsOutMovesNothing) {
     begin(read);
     port.deliver(answer);

@@ -31,10 +31,10 @@ void Scan::show(std::int32_t index, Micros now) {
     seen_ = false;
 }
 
-bool Scan::mayMoveOn(Micros now) const { return !watched_ || seen_ || now >= shownAt_ + watchTime; }
+bool Scan::mayMoveOn(Micros now) const { return !watched_ || seen_ || now >= shownAt_ + indexTime; }
 
 void Scan::advance(Micros now) {
-    if (failedAt_ && now >= *failedAt_ + watchTime) failedAt_.reset();
+    if (failedAt_ && now >= *failedAt_ + failureTime) failedAt_.reset();
     if (phase_ == Phase::Done && mayMoveOn(now)) leaveIndex(now);
     if (phase_ == Phase::Between && mayMoveOn(now)) {
         show(numberAt(0), now);
@@ -74,8 +74,8 @@ std::optional<Scan_Frame> Scan::frame() const {
 }
 
 std::optional<Micros> Scan::waitsUntil() const {
-    if (phase_ != Phase::Reading) return shownAt_ + watchTime;
-    if (failedAt_) return *failedAt_ + watchTime;
+    if (phase_ != Phase::Reading) return shownAt_ + indexTime;
+    if (failedAt_) return *failedAt_ + failureTime;
     return std::nullopt;
 }
 

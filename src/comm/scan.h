@@ -8,8 +8,11 @@
 
 namespace zorvane {
 
-/// How long an index or a failure stays for a watcher that looks every 10 ms, when nobody looks at it.
-inline constexpr Micros watchTime = 25 * microsPerMs;
+/// How long an index stays for a watcher that looks every 10 ms, when nobody looks at it. A watcher that was
+/// kept busy, by a dialog that opens or a machine under load, still sees it.
+inline constexpr Micros indexTime = 250 * microsPerMs;
+/// The same for a failure, which can be seen until the next exchange ends.
+inline constexpr Micros failureTime = 25 * microsPerMs;
 
 /// The registers of one request of the scan.
 struct Scan_Frame {
@@ -24,7 +27,7 @@ struct Scan_Frame {
 /// its one index.
 ///
 /// A watcher looks at the index every 10 ms and must miss neither an index nor a failure. So once somebody
-/// looks, the walk leaves an index only when it was seen, or has stood for 25 ms; and it starts a further
+/// looks, the walk leaves an index only when it was seen, or has stood for 250 ms; and it starts a further
 /// pass under the same rule, as the watcher may want to stop there. A pass in which nobody looked ends that,
 /// and the walk goes at full speed. A failed frame is always followed by another under this rule. A pass over
 /// one block shows index 0 before it starts again.
@@ -39,6 +42,10 @@ class Scan {
     /// Number of the block being read, as it is shown. 0 for a plan without blocks.
     [[nodiscard]] std::int32_t index() const { return index_; }
     void indexSeen();
+    /// Whether the watcher still takes the block before for the one being read. Ends at `shownUntil` at the
+    /// latest.
+    [[nodiscard]] bool indexUnseen(Micros now) const { return !mayMoveOn(now); }
+    [[nodiscard]] Micros shownUntil() const { return shownAt_ + indexTime; }
     void failureSeen() { failedAt_.reset(); }
 
     /// Moves on where that is allowed.

@@ -84,7 +84,7 @@ TEST(Scan, ARestartedPassThatNobodySawIsFollowedAtOnce) {
     EXPECT_EQ(frameAt(scan, 2 * ms), (Scan_Frame{0, 1, 5}));
 }
 
-TEST(Scan, AnUnseenIndexStaysFor25MsOnceSomebodyLooks) {
+TEST(Scan, AnUnseenIndexStaysFor250MsOnceSomebodyLooks) {
     Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "NONE", 0}, {20, 21, "NONE", 0}});
     scan.indexSeen();
     scan.frameAnswered(true, 5 * ms);
@@ -92,9 +92,9 @@ TEST(Scan, AnUnseenIndexStaysFor25MsOnceSomebodyLooks) {
     scan.frameAnswered(true, 10 * ms);
     EXPECT_EQ(frameAt(scan, 10 * ms), std::nullopt);
     EXPECT_EQ(scan.index(), 2);
-    EXPECT_EQ(scan.waitsUntil(), 30 * ms);
-    EXPECT_EQ(frameAt(scan, 30 * ms - 1), std::nullopt);
-    EXPECT_EQ(frameAt(scan, 30 * ms), (Scan_Frame{0, 20, 2}));
+    EXPECT_EQ(scan.waitsUntil(), 255 * ms);
+    EXPECT_EQ(frameAt(scan, 255 * ms - 1), std::nullopt);
+    EXPECT_EQ(frameAt(scan, 255 * ms), (Scan_Frame{0, 20, 2}));
     EXPECT_EQ(scan.index(), 3);
     EXPECT_EQ(scan.waitsUntil(), std::nullopt);
 }
@@ -112,13 +112,13 @@ TEST(Scan, APassWithoutALookEndsTheWatch) {
     Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "NONE", 0}});
     scan.indexSeen();
     scan.frameAnswered(true, 5 * ms);
-    scan.frameAnswered(true, 100 * ms);
-    EXPECT_EQ(frameAt(scan, 125 * ms), (Scan_Frame{0, 1, 5})) << "the pass after a look is watched";
-    scan.frameAnswered(true, 150 * ms);
-    scan.frameAnswered(true, 175 * ms);
-    EXPECT_EQ(frameAt(scan, 175 * ms), (Scan_Frame{0, 1, 5}));
-    scan.frameAnswered(true, 180 * ms);
-    EXPECT_EQ(frameAt(scan, 180 * ms), (Scan_Frame{0, 10, 6}));
+    scan.frameAnswered(true, 300 * ms);
+    EXPECT_EQ(frameAt(scan, 550 * ms), (Scan_Frame{0, 1, 5})) << "the pass after a look is watched";
+    scan.frameAnswered(true, 800 * ms);
+    scan.frameAnswered(true, 1050 * ms);
+    EXPECT_EQ(frameAt(scan, 1050 * ms), (Scan_Frame{0, 1, 5}));
+    scan.frameAnswered(true, 1055 * ms);
+    EXPECT_EQ(frameAt(scan, 1055 * ms), (Scan_Frame{0, 10, 6}));
 }
 
 TEST(Scan, ASeenIndexIsLeftWithTheAnswer) {
@@ -148,6 +148,7 @@ TEST(Scan, AWatchedPassEndsWithoutTheNextRequest) {
     Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "NONE", 0}});
     scan.indexSeen();
     scan.frameAnswered(true, 46 * ms);
+    scan.indexSeen();
     scan.frameAnswered(true, 92 * ms);
     EXPECT_EQ(scan.index(), 1);
     EXPECT_EQ(frameAt(scan, 92 * ms), std::nullopt);
@@ -155,13 +156,14 @@ TEST(Scan, AWatchedPassEndsWithoutTheNextRequest) {
     EXPECT_EQ(frameAt(scan, 95 * ms), (Scan_Frame{0, 1, 5}));
 }
 
-TEST(Scan, AWatchedPassGoesOnAfter25MsWhenNobodyLooksAnyMore) {
+TEST(Scan, AWatchedPassGoesOnAfter250MsWhenNobodyLooksAnyMore) {
     Scan scan = scanOf({{1, 5, "NONE", 0}, {10, 15, "NONE", 0}});
     scan.indexSeen();
     scan.frameAnswered(true, 46 * ms);
+    scan.indexSeen();
     scan.frameAnswered(true, 92 * ms);
-    EXPECT_EQ(frameAt(scan, 117 * ms - 1), std::nullopt);
-    EXPECT_EQ(frameAt(scan, 117 * ms), (Scan_Frame{0, 1, 5}));
+    EXPECT_EQ(frameAt(scan, 342 * ms - 1), std::nullopt);
+    EXPECT_EQ(frameAt(scan, 342 * ms), (Scan_Frame{0, 1, 5}));
 }
 
 TEST(Scan, ASingleBlockShows0BetweenTwoPasses) {
@@ -178,14 +180,14 @@ TEST(Scan, ASingleBlockShows0BetweenTwoPasses) {
     EXPECT_EQ(frameAt(scan, 52 * ms), (Scan_Frame{0, 1, 5}));
 }
 
-TEST(Scan, ASingleBlockShows0For25MsAtMost) {
+TEST(Scan, ASingleBlockShows0For250MsAtMost) {
     Scan scan = scanOf({{1, 5, "NONE", 0}});
     scan.indexSeen();
     scan.frameAnswered(true, 46 * ms);
     EXPECT_EQ(scan.index(), 0);
-    scan.advance(71 * ms - 1);
+    scan.advance(296 * ms - 1);
     EXPECT_EQ(scan.index(), 0);
-    scan.advance(71 * ms);
+    scan.advance(296 * ms);
     EXPECT_EQ(scan.index(), 1);
 }
 

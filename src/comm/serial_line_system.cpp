@@ -62,6 +62,11 @@ void askLowLatency(std::intptr_t handle) {
     static_cast<void>(::ioctl(static_cast<int>(handle), TIOCSSERIAL, &line));
 }
 
+bool inputWaits(std::intptr_t handle) {
+    int count = 0;
+    return ::ioctl(static_cast<int>(handle), FIONREAD, &count) == 0 && count > 0;
+}
+
 #else
 
 std::string whyNotOpened(const std::string&, bool notFound, const std::string& systemText) {
@@ -73,6 +78,7 @@ std::string whyNotOpened(const std::string&, bool notFound, const std::string& s
 bool isPseudoTerminal(const std::string&) { return false; }
 bool enableKernelRs485(std::intptr_t, std::int32_t) { return false; }
 void askLowLatency(std::intptr_t) {}
+bool inputWaits(std::intptr_t) { return false; }
 
 #endif
 

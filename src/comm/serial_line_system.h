@@ -21,4 +21,7 @@ namespace zorvane {
 /// otherwise. Drivers that can't ignore it.
 void askLowLatency(std::intptr_t handle);
 
+/// Whether the system holds bytes of the line that nobody has read yet (FIONREAD).
+[[nodiscard]] bool inputWaits(std::intptr_t handle);
+
 } // namespace zorvane

@@ -48,6 +48,7 @@ class Simulated_Port final : public Byte_Port {
     [[nodiscard]] bool isOpen() const override { return port_.isOpen(); }
     [[nodiscard]] bool write(Byte_View bytes) override { return port_.write(bytes); }
     void discardInput() override { port_.discardInput(); }
+    [[nodiscard]] bool hasInput() const override { return port_.hasInput(); }
     void setRts(bool on) override { port_.setRts(on); }
     void tellNotBefore(Micros when) override { port_.tellNotBefore(when); }
 

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace zorvane::testing {
@@ -126,6 +127,20 @@ TYPED_TEST_P(Byte_Port_Suite, DiscardsWhatHasComeIn) {
     EXPECT_EQ(this->ear.heard, Byte_Array{4});
 }
 
+TYPED_TEST_P(Byte_Port_Suite, KnowsOfBytesThatWaitToBeTold) {
+    EXPECT_FALSE(this->bench.port().hasInput());
+    this->open();
+    EXPECT_FALSE(this->bench.port().hasInput());
+    this->bench.farSend({1, 2, 3});
+    const Micros limit = this->now() + microsPerSecond;
+    while (!this->bench.port().hasInput() && this->now() < limit)
+        std::this_thread::yield(); // without serving events, which would tell the bytes
+    EXPECT_TRUE(this->bench.port().hasInput());
+    EXPECT_TRUE(this->ear.heard.empty());
+    ASSERT_TRUE(this->heard(3));
+    EXPECT_FALSE(this->bench.port().hasInput());
+}
+
 TYPED_TEST_P(Byte_Port_Suite, ALineThatHangsUpIsToldOnceAndClosed) {
     this->open();
     this->bench.hangUp();
@@ -210,7 +225,7 @@ TYPED_TEST_P(Byte_Port_Suite, ALostLineIsToldAtTheEndOfTheHintAtTheLatest) {
 
 REGISTER_TYPED_TEST_SUITE_P(Byte_Port_Suite, OpensAndCloses, APortThatIsNotThereGivesItsReason,
                             OpensWithAnyLineSettings, EveryByteGoesOutUnchanged, EveryByteComesInUnchanged,
-                            TellsNothingFromWithinACall, DiscardsWhatHasComeIn,
+                            TellsNothingFromWithinACall, DiscardsWhatHasComeIn, KnowsOfBytesThatWaitToBeTold,
                             ALineThatHangsUpIsToldOnceAndClosed, ALineThatHungUpCanBeOpenedAgain,
                             AClosedPortTakesNoBytes, MayBeClosedByWhoIsTold, TellsNothingAfterItWasClosed,
                             LosesNothingWhileToldToWait, AHintCanBeTakenBack, AHintEndsWithTheOpening,

@@ -35,6 +35,10 @@ class Scripted_Port final : public Byte_Port {
         return true;
     }
     void discardInput() override { queued_.clear(); }
+    [[nodiscard]] bool hasInput() const override {
+        if (onLook) onLook();
+        return !queued_.empty();
+    }
     void setRts(bool on) override {
         rts = on;
         rtsChanges.push_back(on);
@@ -57,6 +61,7 @@ class Scripted_Port final : public Byte_Port {
 
     std::function<Port_Opening(const std::string&)> onOpen;
     std::function<void(const Byte_Array&)> onWrite;
+    std::function<void()> onLook; ///< somebody asks whether bytes wait
     bool refuses = false;
     std::vector<std::string> attempts;
     Port_Settings settingsSeen;
