@@ -20,6 +20,7 @@ TEST(Row_Hit_Test, FindsTheRowUnderTheMouse) {
     EXPECT_EQ(rowHit(569, fiveFields).row(), 1);
     EXPECT_EQ(rowHit(570, fiveFields).row(), 2);
     EXPECT_EQ(rowHit(570, fiveFields).mouseRow, 3);
+    EXPECT_EQ(rowHit(1140, fiveFields).row(), 4) << "the last but one";
 }
 
 TEST(Row_Hit_Test, BelowTheLastRowMeansTheLastRow) {

@@ -38,9 +38,7 @@ void report(const Grid_Context& grids, Live_Write_Variant& variant) {
 /// A line about a write of a document that is gone would stand for ever.
 void forgetPending(Frame& frame) {
     const std::string line = frame.panel(Panel::Message);
-    if (line.size() >= writePending.size() &&
-        line.compare(line.size() - writePending.size(), std::string::npos, writePending) == 0)
-        frame.setPanel(Panel::Message, "");
+    if (line.ends_with(writePending)) frame.setPanel(Panel::Message, "");
 }
 
 /// False when the document is gone.

@@ -47,7 +47,9 @@ TEST(LeerINIFIle, AMissingTemplateIsToldAndTheDocumentStays) {
     Reading_Bench bench;
     bench.document.Controller_Model = "KEPT";
     bench.document.Always_Block_Count = 3;
+    bench.document.Last_Line = 12;
     PRO_Leer_INIFIle(bench.document, bench.services(), "/app/NONE.ZTP");
+    EXPECT_EQ(bench.document.Last_Line, 0);
     EXPECT_EQ(bench.asker.messages,
               (Texts{"16 [Zorvane] The ZTP file (/app/NONE.ZTP) was not found in: \r\n/app"}));
     EXPECT_TRUE(bench.document.Load_Failed);

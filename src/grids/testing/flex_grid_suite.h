@@ -99,6 +99,18 @@ TYPED_TEST_P(Flex_Grid_Test, KeepsWhatOverlapsWhenItsSizeChanges) {
     EXPECT_EQ(grid.CellForeColor(), 0x404040);
 }
 
+TYPED_TEST_P(Flex_Grid_Test, ForgetsTheColoursOfAColumnThatGoes) {
+    this->fill();
+    this->colour(1, 1, 0xC0FFFF, 0x404040);
+    VSFlexGrid& grid = this->grid();
+    grid.setCols(1);
+    grid.setCols(3);
+    grid.setRow(1);
+    grid.setCol(1);
+    EXPECT_EQ(grid.CellBackColor(), 0);
+    EXPECT_EQ(grid.CellForeColor(), 0);
+}
+
 TYPED_TEST_P(Flex_Grid_Test, ForgetsAllAtZeroRows) {
     this->fill();
     this->colour(1, 1, 0xFF, 0xFF);
@@ -304,11 +316,12 @@ TYPED_TEST_P(Flex_Grid_Test, ShowsALiveWriteByItsColours) {
 
 REGISTER_TYPED_TEST_SUITE_P(Flex_Grid_Test, IsEmptyAtFirst, TextAddressesTheCurrentCell,
                             KeepsTextsOfTheCodePage, KeepsWhatOverlapsWhenItsSizeChanges,
-                            ForgetsAllAtZeroRows, MovesTheCurrentCellIntoWhatIsLeft,
-                            SelectsFromTheCurrentCellOn, DrawsTheSelectionToTheCurrentCell,
-                            CanHaveNoCurrentColumn, CanHaveNoCurrentRowAndNoEndOfTheSelection,
-                            RefusesPlacesThatItDoesntHave, KeepsSizesAndAlignments,
-                            KeepsTheEditorsSettingsUntilTheyAreSetAnew, CanBeHiddenAndLeaveTheTabOrder,
-                            ShowsTheTableOfAField, TakesACommitAndItsRefusal, ShowsALiveWriteByItsColours);
+                            ForgetsTheColoursOfAColumnThatGoes, ForgetsAllAtZeroRows,
+                            MovesTheCurrentCellIntoWhatIsLeft, SelectsFromTheCurrentCellOn,
+                            DrawsTheSelectionToTheCurrentCell, CanHaveNoCurrentColumn,
+                            CanHaveNoCurrentRowAndNoEndOfTheSelection, RefusesPlacesThatItDoesntHave,
+                            KeepsSizesAndAlignments, KeepsTheEditorsSettingsUntilTheyAreSetAnew,
+                            CanBeHiddenAndLeaveTheTabOrder, ShowsTheTableOfAField, TakesACommitAndItsRefusal,
+                            ShowsALiveWriteByItsColours);
 
 } // namespace zorvane

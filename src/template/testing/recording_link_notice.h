@@ -3,6 +3,7 @@
 #include "template/link_notice.h"
 #include "values/numbers.h"
 
+#include <cmath>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,8 @@ class Recording_Link_Notice : public Link_Notice {
         calls.push_back("SetTimings " + numberText(requestMs) + " " + numberText(outMs));
     }
     void SetHoldingRegisters(std::int16_t first, double count, bool flag, std::int16_t last) override {
-        calls.push_back("SetHoldingRegisters " + numberText(std::int32_t{first}) + " " + numberText(count) +
+        const std::string size = std::isfinite(count) ? numberText(count) : "endless";
+        calls.push_back("SetHoldingRegisters " + numberText(std::int32_t{first}) + " " + size +
                         (flag ? " True " : " False ") + numberText(std::int32_t{last}));
     }
     void SetAddressBase(std::int32_t base) override { calls.push_back("SetAddressBase " + numberText(base)); }
