@@ -331,6 +331,14 @@ TEST_F(Download, NegativeWordOutlivesItsCell) {
                 ElementsAre("link PresetSingleRegister 0 200 133"));
 }
 
+TEST_F(Download, NegativeWordIs0BeforeTheFirstCellThatHasOne) {
+    field.Cells(0, 2).Bits_Negative_Format = "none";
+    setCell(1, "100", "-5");
+    MNU_Download_Click(comm);
+    EXPECT_THAT(journal.beginningWith("link PresetSingleRegister"),
+                ElementsAre("link PresetSingleRegister 0 100 0"));
+}
+
 TEST_F(Download, NegativeWordOfACellThatIsNotDownloadableCountsToo) {
     field.Cells(0, 2).Bits_Negative_Format = "8";
     setCell(1, "100", "-5");

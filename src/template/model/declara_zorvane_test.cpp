@@ -23,6 +23,14 @@ TEST(DeclaraZorvane, StartsWithTheDefaultColours) {
     EXPECT_EQ(document.Colors.Color_Back_Error, "YELLOW");
 }
 
+TEST(DeclaraZorvane, StartsEmpty) {
+    EXPECT_EQ(documentText(Declara_Zorvane{}), "");
+    EXPECT_FALSE(Declara_Zorvane{}.Save_Failed);
+    EXPECT_FALSE(Declara_Zorvane{}.No_Place);
+    EXPECT_EQ(Declara_Zorvane{}.Selected_Field, 0);
+    EXPECT_EQ(Declara_Zorvane{}.Forza_Analogas_Ms, 0);
+}
+
 TEST(DeclaraZorvane, ClosingADocumentLeavesBlocksTimingsAndColours) {
     doubles::Reading_Bench bench;
     bench.readTemplate("[HARDWARE]\nCONTROLLER=X1\nDOWNLOAD_1_MULTIPLEREGISTERBLOCKNUMERIC=1-2\n"
