@@ -2,6 +2,7 @@
 #include "template/pro_actualiza_archivo.h"
 #include "template/pro_escribe_archivo.h"
 #include "template/pro_leer_archivo.h"
+#include "template/testing/temporary_folder.h"
 #include "values/numbers.h"
 
 #include <gtest/gtest.h>
@@ -207,14 +208,12 @@ TEST(Models, BoardHasABlockForEachCellThatADownloadLooksUp) {
 class OlderDocument : public testing::Test {
   protected:
     OlderDocument() {
-        std::filesystem::remove_all(work);
-        std::filesystem::create_directories(work);
         std::filesystem::copy(folder + "OLDSITE.KVRT100", work);
         opened.readTemplate("KVRT100.ZTP");
     }
-    ~OlderDocument() override { std::filesystem::remove_all(work); }
 
-    std::string work = testing::TempDir() + "zorvane-older-document/";
+    doubles::Temporary_Folder temporary; // tests run beside each other
+    std::string work = temporary.path() + "/";
     Opened opened;
 };
 

@@ -167,6 +167,10 @@ TEST(NumberText, WholeNumbersArePlain) {
 }
 
 TEST(NumberText, HasAtMost15SignificantDigits) {
+    EXPECT_EQ(numberText(0.0), "0");
+    EXPECT_EQ(numberText(-0.0), "0");
+    EXPECT_EQ(numberText(1.0), "1");
+    EXPECT_EQ(numberText(-1.0), "-1");
     EXPECT_EQ(numberText(0.1), "0.1");
     EXPECT_EQ(numberText(1.0 / 3.0), "0.333333333333333");
     EXPECT_EQ(numberText(2.0 / 3.0), "0.666666666666667");
@@ -178,6 +182,7 @@ TEST(NumberText, HasNoExponentBelow1e15) {
     EXPECT_EQ(numberText(100000000000000.0), "100000000000000");
     EXPECT_EQ(numberText(999999999999999.0), "999999999999999");
     EXPECT_EQ(numberText(1e15), "1E+15");
+    EXPECT_EQ(numberText(1.2e16), "1.2E+16");
     EXPECT_EQ(numberText(1.25e20), "1.25E+20");
     EXPECT_EQ(numberText(-1e100), "-1E+100");
     EXPECT_EQ(numberText(999999999999999.9), "1E+15") << "rounded up to 16 digits";

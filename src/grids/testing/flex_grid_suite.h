@@ -206,6 +206,8 @@ TYPED_TEST_P(Flex_Grid_Test, RefusesPlacesThatItDoesntHave) {
     this->expectSubscript([&] { grid.setCol(-2); });
     this->expectSubscript([&] { grid.setRowSel(3); });
     this->expectSubscript([&] { grid.setColSel(2); });
+    this->expectSubscript([&] { grid.setRowSel(-2); });
+    this->expectSubscript([&] { grid.setColSel(-2); });
     this->expectSubscript([&] { grid.setTextMatrix(3, 0, ""); });
     this->expectSubscript([&] { grid.setTextMatrix(0, 2, ""); });
     this->expectSubscript([&] { static_cast<void>(grid.TextMatrix(-1, 0)); });
