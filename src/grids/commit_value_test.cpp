@@ -411,6 +411,16 @@ TEST_F(Commit_Value_Test, TheEditedColumnIsCurrentAfterwardsWhereverTheUserWent)
     }
 }
 
+TEST_F(Commit_Value_Test, FreeTextIsShownInTheCellThatIsCurrent) {
+    column().Column_Type = "NOTE";
+    ownLower.setRow(1);
+    ownLower.setCol(1);
+    bool rejected = true;
+    PRO_Escribe_Valor(grids, 1, 0, "7 bar", rejected);
+    EXPECT_EQ(ownLower.TextMatrix(1, 1), "7 bar");
+    EXPECT_EQ(cell().Value, "7 bar");
+}
+
 TEST_F(Commit_Value_Test, FreeTextStartsTheScanLast) {
     column().Column_Type = "";
     enter("  note ");
@@ -441,6 +451,7 @@ TEST_F(Commit_Value_Test, AnAsciiWriteComesBackToItsColumn) {
     link.writes = {{Exchange{true, "", [this] {
                                  EXPECT_FALSE(ownLower.TabStop());
                                  EXPECT_EQ(cell().Value, "XY") << "the model has it before the write ends";
+                                 ownLower.setTextMatrix(1, 0, "as polled");
                                  ownLower.setCol(1);
                              }}}};
     enter("XY");
