@@ -59,6 +59,7 @@ TEST_F(Fill_Configuration_Test, LaysOutOneRowAField) {
     EXPECT_EQ(ownUpper.Cols(), 3);
     EXPECT_EQ(ownUpper.FixedRows(), 1);
     EXPECT_EQ(ownUpper.TextMatrix(0, 0), "No");
+    EXPECT_EQ(ownUpper.TextMatrix(0, 1), "Name");
     EXPECT_EQ(ownUpper.TextMatrix(0, 2), "Note");
     EXPECT_EQ(ownUpper.ColWidth(0), 345);
     EXPECT_EQ(ownUpper.ColWidth(2), 2625);

@@ -216,6 +216,8 @@ TEST_F(Fill_Settings_Test, ColoursAColumnByItsDefinition) {
     ownLower.setCol(0);
     EXPECT_EQ(ownLower.CellBackColor(), colourOf("YELLOW"));
     EXPECT_EQ(ownLower.CellForeColor(), colourOf("BLACK"));
+    ownLower.setRow(0);
+    EXPECT_EQ(ownLower.CellBackColor(), 0) << "headings have no colour of their own";
 }
 
 TEST_F(Fill_Settings_Test, AFieldWithoutColumnsShowsTheFixedRowAlone) {
@@ -333,6 +335,7 @@ TEST(Mouse_Over_Heading_Test, TheEdgesBelongToIt) {
 TEST_F(Fill_Settings_Test, TellsWhetherTheMouseIsOverTheHeading) {
     addTable(1, 1);
     PRO_Llena_Settings(grids, 1, true);
+    ownLower.setRowHeight(1, 1000);
     bool over = false;
     windows.place = mouseAt(300, 400);
     PRO_Mouse_En_Encabezado(grids, over);

@@ -15,8 +15,8 @@ using Calls = std::vector<std::string>;
 
 TEST(NotDownloadable, EachLineIsAnEntryAsItStands) {
     Interpreter_Bench bench;
-    bench.line("ADDRESS_NOTDOWNLOADABLE", "ADDRESS_7", "40100");
-    bench.line("ADDRESS_NOTDOWNLOADABLE", "address_7", " 40200/HI ");
+    EXPECT_TRUE(bench.line("ADDRESS_NOTDOWNLOADABLE", "ADDRESS_7", "40100"));
+    EXPECT_TRUE(bench.line("ADDRESS_NOTDOWNLOADABLE", "address_7", " 40200/HI "));
     EXPECT_EQ(documentText(bench.document), "Not_Downloadable_Count 2\n"
                                             "Not_Downloadable(1) 40100\n"
                                             "Not_Downloadable(2)  40200/HI \n");
