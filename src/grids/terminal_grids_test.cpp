@@ -27,6 +27,16 @@ class Terminal_Grids_Test : public testing::Test, protected doubles::Grid_Bench 
     Cell_Rec& cell(std::int32_t column) { return document.Fields(1).Cells(1, column); }
 };
 
+TEST_F(Terminal_Grids_Test, FieldsGoFrom0To100) {
+    Terminal_Grids cursor(comm);
+    for (const std::int32_t field : {0, 1, 100}) {
+        cursor.select(field);
+        EXPECT_EQ(cursor.configuration().Row(), field);
+    }
+    EXPECT_THROW(cursor.select(-1), Run_Time_Failure);
+    EXPECT_THROW(cursor.select(101), Run_Time_Failure);
+}
+
 TEST_F(Terminal_Grids_Test, ShowsAFieldOffline) {
     const Settings_Table table = settingsTable(comm, 1);
     EXPECT_EQ(table.headings, (Texts{"Num", "List", "Time"}));
