@@ -49,6 +49,7 @@ class Window_Frame final : public Document_Frame {
     [[nodiscard]] Window_Grids& grids() override { return grids_; }
     void setLostComShown(bool shown) override;
     void unloadFrmStatus() override;
+    [[nodiscard]] Bar_Lines& messageBar() override { return bar_; }
     /// A wait ends by `Program_Ended` when the program ends meanwhile.
     void wait_until(const std::function<bool()>& condition) override;
     void wait_ms(std::int32_t milliseconds) override;
@@ -93,6 +94,7 @@ class Window_Frame final : public Document_Frame {
     Window_Progress progress_;
     Window_Grids grids_;
     Window_Dialog dialog_;
+    Bar_Lines bar_;
     Frm_Debug* frmDebug_ = nullptr; ///< this and the next belong to the window
     Lost_Com* lostCom_ = nullptr;
     bool printPageEnabled_ = true; ///< by itself, whatever its menu is

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "comm/message_bar.h"
 #include "template/asker.h"
 
 #include <cstdint>
@@ -96,6 +97,7 @@ class Frame : public Asker {
     virtual void setLostComShown(bool shown) = 0;
     /// Takes the transfer status form away, if there is one.
     virtual void unloadFrmStatus() = 0;
+    [[nodiscard]] virtual Message_Bar& messageBar() = 0;
 
     /// Serves events until the condition holds. It is asked again after each event; no time passes spinning.
     virtual void wait_until(const std::function<bool()>& condition) = 0;

@@ -91,6 +91,7 @@ class Held_Frame : public Frame {
     [[nodiscard]] Held_Grids& held() { return grids_; }
     void setLostComShown(bool /*shown*/) override {}
     void unloadFrmStatus() override {}
+    [[nodiscard]] Bar_Lines& messageBar() override { return bar_; }
     void wait_until(const std::function<bool()>& /*condition*/) override {}
     void wait_ms(std::int32_t /*milliseconds*/) override {}
 
@@ -104,6 +105,7 @@ class Held_Frame : public Frame {
     Held_Grids grids_;
     std::map<Panel, std::string> panels_;
     std::map<Menu_Entry, bool> menus_;
+    Bar_Lines bar_;
     std::vector<std::string> messages_;
 };
 

@@ -37,6 +37,7 @@ class Recording_Document_Frame : public Document_Frame {
     [[nodiscard]] Grid_View& grids() override { return base.grids(); }
     void setLostComShown(bool shown) override { base.setLostComShown(shown); }
     void unloadFrmStatus() override { base.unloadFrmStatus(); }
+    [[nodiscard]] Bar_Lines& messageBar() override { return base.messageBar(); }
     void wait_until(const std::function<bool()>& condition) override { base.wait_until(condition); }
     void wait_ms(std::int32_t milliseconds) override;
 

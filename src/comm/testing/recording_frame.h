@@ -74,6 +74,7 @@ class Recording_Frame : public Frame {
 
     Recording_Progress progress;
     Recording_Grids grid;
+    Bar_Lines bar; ///< what the message bar was told; it is no line of the journal
     std::deque<int> answers;                       ///< of the next messages; beyond them the answer is Ok
     std::function<bool()> advance;                 ///< one event during a wait; false: there is none left
     std::function<void()> duringMessage;           ///< runs while a message is up
@@ -92,6 +93,7 @@ class Recording_Frame : public Frame {
     [[nodiscard]] Grid_View& grids() override { return grid; }
     void setLostComShown(bool shown) override;
     void unloadFrmStatus() override;
+    [[nodiscard]] Bar_Lines& messageBar() override { return bar; }
     /// Runs one scripted event after the other. A wait that nothing can end is an error of the test.
     void wait_until(const std::function<bool()>& condition) override;
     void wait_ms(std::int32_t milliseconds) override;

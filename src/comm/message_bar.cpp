@@ -1,0 +1,29 @@
+#include "comm/message_bar.h"
+
+#include <algorithm>
+
+namespace zorvane {
+
+void Bar_Lines::tell(Bar_Line line) {
+    std::erase_if(lines_, [&](const Bar_Line& old) { return old.topic == line.topic; });
+    lines_.insert(lines_.begin(), std::move(line));
+    if (changed) changed();
+}
+
+void Bar_Lines::withdraw(const std::string& topic) {
+    const auto taken = std::erase_if(lines_, [&](const Bar_Line& line) { return line.topic == topic; });
+    if (taken > 0 && changed) changed();
+}
+
+void Bar_Lines::documentGone() {
+    const auto taken = std::erase_if(lines_, [](const Bar_Line& line) { return line.ofDocument; });
+    if (taken > 0 && changed) changed();
+}
+
+const Bar_Line* Bar_Lines::find(const std::string& topic) const {
+    const auto found = std::find_if(lines_.begin(), lines_.end(),
+                                    [&](const Bar_Line& line) { return line.topic == topic; });
+    return found == lines_.end() ? nullptr : &*found;
+}
+
+} // namespace zorvane
