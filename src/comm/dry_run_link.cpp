@@ -8,6 +8,10 @@ std::int32_t Dry_Run_Link::RegisterValue(std::int32_t /*slave*/, std::int32_t ad
     return isSigned ? static_cast<std::int16_t>(value) : std::int32_t{value};
 }
 
+Register_Reading Dry_Run_Link::readingOf(std::int32_t /*slave*/, std::int32_t address) const {
+    return {given_.contains(address) ? Reading_Age::ThisOpening : Reading_Age::Never, std::nullopt};
+}
+
 void Dry_Run_Link::PresetSingleRegister(std::int32_t /*slave*/, std::int32_t address, std::int32_t value) {
     write(6, address, {value});
 }

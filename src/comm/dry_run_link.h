@@ -26,13 +26,15 @@ class Dry_Run_Link : public modbus_control {
     /// Values by address; an address that is missing reads 0.
     using Registers = std::map<std::int32_t, std::uint16_t>;
 
-    explicit Dry_Run_Link(Registers registers = {}) : registers_(std::move(registers)) {}
+    explicit Dry_Run_Link(Registers registers = {}) : registers_(std::move(registers)), given_(registers_) {}
 
     [[nodiscard]] const std::vector<Planned_Write>& writes() const noexcept { return writes_; }
     [[nodiscard]] const Registers& registers() const noexcept { return registers_; }
 
     [[nodiscard]] std::int32_t RegisterValue(std::int32_t slave, std::int32_t address,
                                              bool isSigned = true) const override;
+    /// What was given counts as read.
+    [[nodiscard]] Register_Reading readingOf(std::int32_t slave, std::int32_t address) const override;
     void PresetSingleRegister(std::int32_t slave, std::int32_t address, std::int32_t value) override;
     void PresetMultipleRegisters(std::int32_t slave, std::int32_t startAddress,
                                  const std::vector<std::int32_t>& values) override;
@@ -96,6 +98,7 @@ class Dry_Run_Link : public modbus_control {
     void write(int function, std::int32_t start, const std::vector<std::int32_t>& values);
 
     Registers registers_;
+    Registers given_; ///< before any write
     std::vector<Planned_Write> writes_;
     std::uint8_t transactions_ = 0;
     std::string mode_;

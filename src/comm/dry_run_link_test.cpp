@@ -23,6 +23,13 @@ TEST(DryRunLink, WritesAreListedAndReadBack) {
     EXPECT_EQ(link.TransactionCount(), 2);
 }
 
+TEST(DryRunLink, WhatWasGivenCountsAsRead) {
+    Dry_Run_Link link({{10, 1}});
+    link.PresetSingleRegister(0, 11, 2);
+    EXPECT_EQ(link.readingOf(0, 10).age, Reading_Age::ThisOpening);
+    EXPECT_EQ(link.readingOf(0, 11).age, Reading_Age::Never);
+}
+
 TEST(DryRunLink, ScanModeIsKept) {
     Dry_Run_Link link;
     link.SetScanMode("ALWAYS");

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "comm/register_readings.h"
 #include "template/link_notice.h"
 
 #include <cstdint>
@@ -16,7 +17,7 @@ namespace zorvane {
 /// All calls are made in the one user-interface thread and return at once. Slave number 0 means the slave
 /// number of the port settings; nothing is ever broadcast. An address is the register's number as the
 /// template writes it.
-class modbus_control : public Link_Notice {
+class modbus_control : public Link_Notice, public Register_Readings {
   public:
     // Port and timing.
 

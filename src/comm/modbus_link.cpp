@@ -170,6 +170,10 @@ std::int32_t Modbus_Link::RegisterValue(std::int32_t slave, std::int32_t address
     return isSigned ? static_cast<std::int16_t>(value) : static_cast<std::int32_t>(value);
 }
 
+Register_Reading Modbus_Link::readingOf(std::int32_t slave, std::int32_t address) const {
+    return image_.reading(slaveOf(slave), address);
+}
+
 std::uint8_t Modbus_Link::TransactionCount() const { return status_.transactionCount; }
 
 bool Modbus_Link::LastRequestFailed() const {

@@ -91,6 +91,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
 
     [[nodiscard]] std::int32_t RegisterValue(std::int32_t slave, std::int32_t address,
                                              bool isSigned = true) const override;
+    [[nodiscard]] Register_Reading readingOf(std::int32_t slave, std::int32_t address) const override;
     [[nodiscard]] std::uint8_t TransactionCount() const override;
     [[nodiscard]] bool LastRequestFailed() const override;
     [[nodiscard]] bool CommLost() const override;
@@ -153,7 +154,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     void startFrame(const Scan_Frame& frame);
     void missScan();
     void missEmptyScan();
-    void refuseFrame(const std::string& why);
+    void refuseFrame(const Scan_Frame& frame, const std::string& why);
     void armScanAlarm();
     void scanLookedAt() const;
     bool withdrawScan();

@@ -45,16 +45,17 @@ void Modbus_Link::continueScan() {
 void Modbus_Link::startFrame(const Scan_Frame& frame) {
     const std::int32_t slave = slaveOf(frame.slave);
     const std::string why = whyUnreachable(slave, frame.first, frame.count);
-    if (!why.empty()) return refuseFrame(why);
+    if (!why.empty()) return refuseFrame(frame, why);
     current_ = {Current::Kind::Scan, slave, frame.first, false};
     transaction_.submit(readRequest(static_cast<std::uint8_t>(slave), wireAddress(frame.first), frame.count));
 }
 
-void Modbus_Link::refuseFrame(const std::string& why) {
+void Modbus_Link::refuseFrame(const Scan_Frame& frame, const std::string& why) {
     if (scan_.indexUnseen(clock_.now())) return;
     ++status_.transactionCount;
     status_.lastRequestFailed = true;
     status_.lastResponse = why;
+    image_.putFault(slaveOf(frame.slave), frame.first, frame.count, why);
     scan_.blockGivenUp(clock_.now());
 }
 
@@ -165,16 +166,18 @@ void Modbus_Link::countTry(const Try_Result& result) {
 
 void Modbus_Link::scanTried(const Current& current, const Try_Result& result) {
     const bool good = result.answer && !result.answer->exception;
-    if (good) image_.put(current.slave, current.first, result.answer->registers);
+    if (good) image_.putRead(current.slave, current.first, result.answer->registers);
     if (current.stale) return;
     status_.lastRequestFailed = !good;
     const Micros now = clock_.now();
-    if (result.answer) {
+    if (good) {
         scanTries_ = 0;
-        return scan_.frameAnswered(good, now);
+        return scan_.frameAnswered(true, now);
     }
-    if (!result.portLost && ++scanTries_ <= settings_.retries) return scan_.tryFailed(now);
+    if (!result.answer && !result.portLost && ++scanTries_ <= settings_.retries) return scan_.tryFailed(now);
     scanTries_ = 0;
+    image_.putFault(current.slave, current.first, result.request.count, responseText(result));
+    if (result.answer) return scan_.frameAnswered(false, now);
     status_.commLost = true;
     scan_.blockGivenUp(now);
 }
@@ -182,7 +185,7 @@ void Modbus_Link::scanTried(const Current& current, const Try_Result& result) {
 void Modbus_Link::writeTried(const Current& current, const Try_Result& result) {
     if (writes_.empty()) return;
     if (result.answer && !result.answer->exception) {
-        image_.put(current.slave, current.first, result.request.values);
+        image_.putWritten(current.slave, current.first, result.request.values);
         return writes_.frameDone();
     }
     if (!result.answer && !result.portLost && ++writes_.front().tries <= settings_.retries) return;

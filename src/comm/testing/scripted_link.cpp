@@ -86,6 +86,11 @@ std::int32_t Scripted_Link::RegisterValue(std::int32_t /*slave*/, std::int32_t a
     return isSigned && value >= 0x8000 ? value - 0x10000 : value;
 }
 
+Register_Reading Scripted_Link::readingOf(std::int32_t /*slave*/, std::int32_t address) const {
+    const auto found = readings.find(address);
+    return found == readings.end() ? Register_Reading{Reading_Age::ThisOpening, std::nullopt} : found->second;
+}
+
 void Scripted_Link::ClearLastResponse() {
     note("ClearLastResponse");
     response.clear();

@@ -34,7 +34,9 @@ class Scripted_Link : public modbus_control {
     // The test's side.
 
     std::map<std::int32_t, std::int32_t> image; ///< 0 to 65535 by address
-    std::deque<Write_Script> writes;            ///< one a write, in order; a write beyond them ends at once
+    /// What the readings of a register came to; one that isn't listed was read.
+    std::map<std::int32_t, Register_Reading> readings;
+    std::deque<Write_Script> writes; ///< one a write, in order; a write beyond them ends at once
     std::int32_t blockCount = 0;
     std::int32_t blockIndex = 1;
     std::uint8_t transactions = 0;
@@ -87,6 +89,7 @@ class Scripted_Link : public modbus_control {
     void OpenPort() override { note("OpenPort"); }
     [[nodiscard]] std::int32_t RegisterValue(std::int32_t slave, std::int32_t address,
                                              bool isSigned = true) const override;
+    [[nodiscard]] Register_Reading readingOf(std::int32_t slave, std::int32_t address) const override;
     [[nodiscard]] std::uint8_t TransactionCount() const override { return transactions; }
     [[nodiscard]] bool LastRequestFailed() const override { return requestFailed; }
     [[nodiscard]] bool CommLost() const override { return lost; }
