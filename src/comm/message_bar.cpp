@@ -21,8 +21,8 @@ void Bar_Lines::documentGone() {
 }
 
 const Bar_Line* Bar_Lines::find(const std::string& topic) const {
-    const auto found = std::find_if(lines_.begin(), lines_.end(),
-                                    [&](const Bar_Line& line) { return line.topic == topic; });
+    const auto found =
+        std::find_if(lines_.begin(), lines_.end(), [&](const Bar_Line& line) { return line.topic == topic; });
     return found == lines_.end() ? nullptr : &*found;
 }
 

@@ -74,11 +74,11 @@ class Recording_Frame : public Frame {
 
     Recording_Progress progress;
     Recording_Grids grid;
-    Bar_Lines bar; ///< what the message bar was told; it is no line of the journal
-    std::deque<int> answers;                       ///< of the next messages; beyond them the answer is Ok
-    std::function<bool()> advance;                 ///< one event during a wait; false: there is none left
-    std::function<void()> duringMessage;           ///< runs while a message is up
-    std::function<void()> onUnloadFrmStatus;       ///< what stands for the form; may be empty
+    Bar_Lines bar;                           ///< what the message bar was told; it is no line of the journal
+    std::deque<int> answers;                 ///< of the next messages; beyond them the answer is Ok
+    std::function<bool()> advance;           ///< one event during a wait; false: there is none left
+    std::function<void()> duringMessage;     ///< runs while a message is up
+    std::function<void()> onUnloadFrmStatus; ///< what stands for the form; may be empty
     std::function<void(std::int32_t)> duringPause; ///< runs inside a wait for that many ms
 
     int Msgb_Show(const std::string& prompt, int style, const std::string& title) override;
