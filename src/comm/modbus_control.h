@@ -10,6 +10,15 @@
 
 namespace zorvane {
 
+/// What is known of a write that has ended.
+enum class Write_Outcome {
+    None,      ///< no write has ended since the link was made or the last one began
+    Taken,     ///< the controller said so
+    Refused,   ///< the controller answered with an exception; none of its frames was taken
+    NotSent,   ///< no byte of it went out
+    Uncertain, ///< it went out, and no answer tells whether the controller took it, or took all of it
+};
+
 /// A Modbus RTU master on one serial line: register image, background scan of registered blocks, single and
 /// block writes, retries. On the wire these are functions 3, 6 and 16 of the Modbus application protocol,
 /// V1.1b3 (https://modbus.org/docs/Modbus_Application_Protocol_V1_1b3.pdf).
@@ -109,6 +118,8 @@ class modbus_control : public Link_Notice, public Register_Readings {
     /// The last write ended without a good answer; stays until `ClearWriteFailed`.
     [[nodiscard]] virtual bool WriteFailed() const = 0;
     virtual void ClearWriteFailed() = 0;
+    /// How the last write ended, whatever became of those before it. A link that can't know says None.
+    [[nodiscard]] virtual Write_Outcome LastWriteOutcome() const { return Write_Outcome::None; }
 
     // Monitor window; places and sizes in twips.
 

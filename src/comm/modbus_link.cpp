@@ -218,6 +218,7 @@ void Modbus_Link::PresetMultipleRegisters(std::int32_t slave, std::int32_t start
 
 void Modbus_Link::beginWrite() {
     status_.lastResponse.clear();
+    status_.writeOutcome = Write_Outcome::None;
     if (!port_.isOpen()) return failWrites();
     next();
 }
@@ -228,6 +229,8 @@ void Modbus_Link::ClearWriteFailed() { status_.writeFailed = false; }
 
 void Modbus_Link::failWrites() {
     if (writes_.empty()) return;
+    const Write_Job& job = writes_.front();
+    endWrite(job.unanswered || job.done > 0 ? Write_Outcome::Uncertain : Write_Outcome::NotSent);
     writes_.clear();
     status_.writeFailed = true;
 }

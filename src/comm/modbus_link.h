@@ -19,6 +19,7 @@ struct Exchange_Status {
     bool lastRequestFailed = false;
     bool commLost = false;
     bool writeFailed = false;
+    Write_Outcome writeOutcome = Write_Outcome::None;
     std::string lastResponse;
     std::string line1;
     std::string line2;
@@ -110,6 +111,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     [[nodiscard]] bool WriteBusy() const override;
     [[nodiscard]] bool WriteFailed() const override;
     void ClearWriteFailed() override;
+    [[nodiscard]] Write_Outcome LastWriteOutcome() const override { return status_.writeOutcome; }
 
     [[nodiscard]] bool MonitorLoaded() const override;
     [[nodiscard]] bool MonitorVisible() const override;
@@ -170,6 +172,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     void writeTried(const Current& current, const Try_Result& result);
     void tell(const Current& current, const Try_Result& result);
     void failWrites();
+    void endWrite(Write_Outcome outcome);
     void beginWrite();
 
     bool openPort();

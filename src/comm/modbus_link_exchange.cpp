@@ -6,6 +6,17 @@
 
 namespace zorvane {
 
+namespace {
+
+/// A try before the refusal may have been taken, and its answer lost.
+Write_Outcome outcomeOfFailure(const Write_Job& job, const Try_Result& result) {
+    if (job.done > 0 || job.tries > 0) return Write_Outcome::Uncertain;
+    if (result.answer) return Write_Outcome::Refused;
+    return job.unanswered ? Write_Outcome::Uncertain : Write_Outcome::NotSent;
+}
+
+} // namespace
+
 // Which request goes out next.
 
 void Modbus_Link::next() {
@@ -26,6 +37,7 @@ void Modbus_Link::startWrite() {
     if (!why.empty()) {
         status_.lastResponse = why;
         status_.writeFailed = true;
+        endWrite(job.done > 0 ? Write_Outcome::Uncertain : Write_Outcome::NotSent);
         writes_.drop();
         return next();
     }
@@ -127,7 +139,10 @@ std::uint16_t Modbus_Link::wireAddress(std::int64_t first) const {
 
 // What becomes of the answer.
 
-void Modbus_Link::requestSent() { ++status_.txCount; }
+void Modbus_Link::requestSent() {
+    ++status_.txCount;
+    if (current_.kind == Current::Kind::Write && !writes_.empty()) writes_.front().unanswered = true;
+}
 
 void Modbus_Link::tryFinished(const Try_Result& result) {
     const Current current = std::exchange(current_, Current{});
@@ -186,13 +201,18 @@ void Modbus_Link::writeTried(const Current& current, const Try_Result& result) {
     if (writes_.empty()) return;
     if (result.answer && !result.answer->exception) {
         image_.putWritten(current.slave, current.first, result.request.values);
-        return writes_.frameDone();
+        if (writes_.frameDone()) endWrite(Write_Outcome::Taken);
+        return;
     }
-    if (!result.answer && !result.portLost && ++writes_.front().tries <= settings_.retries) return;
+    Write_Job& job = writes_.front();
+    if (!result.answer && !result.portLost && ++job.tries <= settings_.retries) return;
     if (!result.answer) status_.commLost = true;
     status_.writeFailed = true;
+    endWrite(outcomeOfFailure(job, result));
     writes_.drop();
 }
+
+void Modbus_Link::endWrite(Write_Outcome outcome) { status_.writeOutcome = outcome; }
 
 void Modbus_Link::tell(const Current& current, const Try_Result& result) {
     const std::string line1 = transmitLine(result);

@@ -19,21 +19,24 @@ std::vector<std::uint16_t> Write_Job::frameValues() const {
 }
 
 void Write_Queue::addSingle(std::int32_t slave, std::int32_t address, std::int32_t value) {
-    jobs_.push_back({slave, address, true, {lowWord(value)}, 0, 0});
+    jobs_.push_back({slave, address, true, {lowWord(value)}, 0, 0, false});
 }
 
 void Write_Queue::addMultiple(std::int32_t slave, std::int32_t first,
                               const std::vector<std::int32_t>& values) {
-    Write_Job job{slave, first, false, {}, 0, 0};
+    Write_Job job{slave, first, false, {}, 0, 0, false};
     std::transform(values.begin(), values.end(), std::back_inserter(job.values), lowWord);
     jobs_.push_back(std::move(job));
 }
 
-void Write_Queue::frameDone() {
+bool Write_Queue::frameDone() {
     Write_Job& job = jobs_.front();
     job.done += job.frameValues().size();
     job.tries = 0;
-    if (job.done >= job.values.size()) jobs_.pop_front();
+    job.unanswered = false;
+    if (job.done < job.values.size()) return false;
+    jobs_.pop_front();
+    return true;
 }
 
 } // namespace zorvane

@@ -14,8 +14,9 @@ struct Write_Job {
     std::int32_t first = 0;
     bool single = true; ///< function 6
     std::vector<std::uint16_t> values;
-    std::size_t done = 0;   ///< values answered well so far
-    std::int32_t tries = 0; ///< of the present frame
+    std::size_t done = 0;    ///< values answered well so far
+    std::int32_t tries = 0;  ///< of the present frame
+    bool unanswered = false; ///< the present frame went out, and no answer has come to it
 
     /// The values of the present frame, at most 123.
     [[nodiscard]] std::vector<std::uint16_t> frameValues() const;
@@ -34,8 +35,8 @@ class Write_Queue {
     /// REQUIRES: not empty.
     [[nodiscard]] Write_Job& front() { return jobs_.front(); }
     [[nodiscard]] const Write_Job& front() const { return jobs_.front(); }
-    /// The present frame of the first job was answered well.
-    void frameDone();
+    /// The present frame of the first job was answered well. True when that ended the job.
+    bool frameDone();
     /// The first job ends.
     void drop() { jobs_.pop_front(); }
     void clear() { jobs_.clear(); }

@@ -45,6 +45,7 @@ class Scripted_Link : public modbus_control {
     bool lost = false;
     bool requestFailed = false;
     bool writeFailed = false;
+    Write_Outcome writeOutcome = Write_Outcome::None; ///< a test's to set; no write changes it
     std::string response;
     std::string slaveNumber = "7";
     std::vector<std::string> parameters{"7", "9600,n,8,1", "3", "2", "500", "0"};
@@ -110,6 +111,7 @@ class Scripted_Link : public modbus_control {
     [[nodiscard]] bool WriteBusy() const override { return !pending_.empty(); }
     [[nodiscard]] bool WriteFailed() const override { return writeFailed; }
     void ClearWriteFailed() override;
+    [[nodiscard]] Write_Outcome LastWriteOutcome() const override { return writeOutcome; }
     [[nodiscard]] bool MonitorLoaded() const override { return monitorLoaded; }
     [[nodiscard]] bool MonitorVisible() const override { return monitorVisible; }
     void ShowMonitor(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height) override;
