@@ -1,4 +1,5 @@
 #include "app/kvrt_principal.h"
+#include "template/native_files.h"
 #include "ui/focus_style.h"
 #include "ui/icons.h"
 
@@ -30,6 +31,7 @@ int main(int argc, char* argv[]) {
                    stderr);
         return 1;
     }
+    zorvane::takeFileSizeLimitAsFailure();
     QApplication application(argc, argv);
     QApplication::setStyle(new zorvane::Focus_Style); // the application takes it over
     QApplication::setApplicationName(QStringLiteral("Zorvane"));

@@ -45,6 +45,25 @@ class Busy {
     Print_Frame& frame_;
 };
 
+/// What to do about an export that failed.
+std::string exportAdvice(int failure) {
+    switch (failure) {
+    case static_cast<int>(Failure::DiskFull):
+        return "Make room on that disk, or export to another one.";
+    case static_cast<int>(Failure::PermissionDenied):
+        return "Export to a folder where you may write.";
+    case static_cast<int>(Failure::PathNotFound):
+        return "Export to a folder that is there.";
+    default:
+        return "Export to another file.";
+    }
+}
+
+std::string failedExport(const std::string& path, const Run_Time_Failure& failure) {
+    return "The report was not exported to " + path + ": " + failure.description() + ". " +
+           exportAdvice(failure.number());
+}
+
 bool hasPages(const MainRepKVRT* report) { return report != nullptr && report->Pages.Count() > 0; }
 
 } // namespace
@@ -190,11 +209,23 @@ void Print_Commands::SaveConfig(const Report_Rectangle& window) {
     storeRectangle(app_.settings, previewSection, {window.Top, window.Left, window.Width, window.Height});
 }
 
+/// The dialog is cancelled by a failure, which ends the export quietly. So does each failure of the export,
+/// for the boxes; the bar tells of it.
 void Print_Commands::exportReport(MainRepKVRT& report) {
-    ignoringFailure([&] { exportWithDialog(report); });
+    std::optional<Export_Choice> choice;
+    ignoringFailure([&] { choice = chosenExport(); });
+    if (!choice) return;
+    const Busy busy(frame_);
+    try {
+        writeExport(report, *choice);
+    } catch (const Run_Time_Failure& failure) {
+        if (!frame_.keepsRunning()) return; // the user has ended it
+        app_.frame.messageBar().tell(
+            {exportTopic, Bar_Kind::Warning, failedExport(choice->path, failure), {}, false});
+    }
 }
 
-void Print_Commands::exportWithDialog(MainRepKVRT& report) {
+std::optional<Print_Commands::Export_Choice> Print_Commands::chosenExport() {
     CommonDialog& dialog = frame_.OpenFile();
     dialog.FileName.clear();
     dialog.DialogTitle = "Export as...";
@@ -204,12 +235,23 @@ void Print_Commands::exportWithDialog(MainRepKVRT& report) {
     dialog.ShowSave();
     if (app_.files.exists(dialog.FileName) &&
         !frame_.platformQuestion("File " + dialog.FileName + " exist overwrite it?"))
-        return;
+        return std::nullopt;
     const auto format = formatOfFilter(dialog.FilterIndex);
-    if (!format) return;
-    const Busy busy(frame_);
-    const std::string bytes = zorvane::exportReport(report, *format, services_.painted);
-    if (!report.Canceled()) services_.writeFile(dialog.FileName, bytes);
+    if (!format) return std::nullopt;
+    return Export_Choice{dialog.FileName, *format};
+}
+
+void Print_Commands::writeExport(MainRepKVRT& report, const Export_Choice& choice) {
+    const std::string bytes = zorvane::exportReport(report, choice.format, services_.painted);
+    if (report.Canceled()) return;
+    services_.writeFile(choice.path, bytes);
+    tellExported(choice.path);
+}
+
+void Print_Commands::tellExported(const std::string& path) {
+    Bar_Button folder{"Open folder", [&frame = frame_, path] { frame.openFolderOf(path); }};
+    app_.frame.messageBar().tell(
+        {exportTopic, Bar_Kind::Note, "The report was exported to " + path, {std::move(folder)}, false});
 }
 
 } // namespace zorvane

@@ -8,6 +8,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace zorvane {
@@ -76,7 +77,14 @@ class Print_Commands : private Main_Report_Host {
     void show(MainRepKVRT& report);
     void unload(Report_Slot& slot, Menu_Entry entry);
     void disableEntry(Menu_Entry entry, Menu_Entry other);
-    void exportWithDialog(MainRepKVRT& report);
+    /// What an export is to become, as the user chose it in the dialog.
+    struct Export_Choice {
+        std::string path;
+        Export_Format format;
+    };
+    [[nodiscard]] std::optional<Export_Choice> chosenExport();
+    void writeExport(MainRepKVRT& report, const Export_Choice& choice);
+    void tellExported(const std::string& path);
 
     const App_Context& app_;
     Print_Frame& frame_;
@@ -88,6 +96,9 @@ class Print_Commands : private Main_Report_Host {
     std::array<double, 4> Print_Setup_Window_{fallbackRectangle.left, fallbackRectangle.top,
                                               fallbackRectangle.width, fallbackRectangle.height};
 };
+
+/// The topic of the bar's line about an export.
+inline const std::string exportTopic = "export";
 
 inline const std::string exportFilter =
     "Excel file (*.xls)|*.xls|PDF File(*.pdf)|*.pdf|RTF File(*.rtf)|*.rtf|Text File(*.txt)|*.rtf|"

@@ -361,6 +361,50 @@ TEST_F(PrintCommands, APaperChosenInThePageSetUpReachesThePreviews) {
     EXPECT_EQ(print.PrintAll()->Pages.document.paperHeight, 12240);
 }
 
+TEST_F(PrintCommands, TheBarTellsOfAnExport) {
+    print.PRO_Imprime_Pagina();
+    exportTo("/home/a.txt", 4);
+    const Bar_Line* told = frame.messageBar().find("export");
+    ASSERT_NE(told, nullptr);
+    EXPECT_EQ(told->kind, Bar_Kind::Note);
+    EXPECT_EQ(told->text, "The report was exported to /home/a.txt");
+    EXPECT_FALSE(told->ofDocument);
+    ASSERT_EQ(told->buttons.size(), 1U);
+    EXPECT_EQ(told->buttons[0].caption, "Open folder");
+    journal.clear();
+    told->buttons[0].press();
+    EXPECT_EQ(journal.lines(), Lines{"folder of /home/a.txt opened"});
+}
+
+TEST_F(PrintCommands, TheBarTellsOfAnExportThatFailed) {
+    print.PRO_Imprime_Pagina();
+    exportTo("/home/a.txt", 4);
+    full = true;
+    exportTo("/home/a.txt", 4);
+    ASSERT_EQ(frame.messageBar().lines().size(), 1U);
+    const Bar_Line& told = frame.messageBar().lines().front();
+    EXPECT_EQ(told.kind, Bar_Kind::Warning);
+    EXPECT_EQ(told.text,
+              "The report was not exported to /home/a.txt: Disk full. Make room on that disk, or export "
+              "to another one.");
+    EXPECT_THAT(told.buttons, IsEmpty());
+    EXPECT_THAT(messages(), IsEmpty());
+}
+
+TEST_F(PrintCommands, TheBarIsSilentAboutWhatTheUserCancelled) {
+    print.PrintAllPages();
+    MainRepKVRT& report = *print.PrintAll();
+    report.ActiveReport_ToolbarClick(report.Tools.Item(2)); // in the dialog
+    printFrame.cancelsAfter = 2;                            // in the busy form
+    printFrame.dialog.answers.push_back({"/home/a.txt", 4});
+    report.ActiveReport_ToolbarClick(report.Tools.Item(2));
+    printFrame.yes = false; // by No
+    files.put("/home/a.txt", "old");
+    printFrame.dialog.answers.push_back({"/home/a.txt", 4});
+    report.ActiveReport_ToolbarClick(report.Tools.Item(2));
+    EXPECT_THAT(frame.messageBar().lines(), IsEmpty());
+}
+
 TEST_F(PrintCommands, ACancelledOrFailingExportEndsQuietly) {
     print.PRO_Imprime_Pagina();
     journal.clear();

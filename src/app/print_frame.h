@@ -44,6 +44,9 @@ class Print_Frame {
     /// The platform's own box with Yes and No. True for Yes.
     [[nodiscard]] virtual bool platformQuestion(const std::string& text) = 0;
 
+    /// Shows the folder in which that file lies, in whatever the desktop has for it.
+    virtual void openFolderOf(const std::string& path) = 0;
+
     /// Prints a log. With `prompt` the user chooses the printer first, and may cancel.
     virtual void printReport(rptPrintLog& report, bool prompt) = 0;
 };

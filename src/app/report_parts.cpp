@@ -14,12 +14,16 @@
 #include "ui/text.h"
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinterInfo>
 #include <QTextEdit>
+#include <QUrl>
 
 namespace zorvane {
 
@@ -74,6 +78,9 @@ Report_Parts::Report_Parts(const App_Context& app, Window_Frame& frame, Event_Ed
         const bool chosen = prompts.exportFile(dialog);
         nameAfterType(dialog);
         return chosen;
+    };
+    prompts.openFolder = [](const QString& folder) {
+        QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
     };
     prompts.yesNo = [this](const QString& text) {
         return QMessageBox::question(dialogParent(), fromCore(applicationTitle), text) == QMessageBox::Yes;
@@ -197,6 +204,11 @@ void Report_Parts::showFontDialog(MainRepKVRT& report) {
 void Report_Parts::dropFontDialog(const MainRepKVRT& report) {
     const auto found = previews_.find(&report);
     if (found != previews_.end()) found->second.fontDialog = nullptr;
+}
+
+void Report_Parts::openFolderOf(const std::string& path) {
+    const QString file = QFile::decodeName(QByteArray::fromStdString(pathToNative(path)));
+    prompts.openFolder(QFileInfo(file).absolutePath());
 }
 
 bool Report_Parts::platformQuestion(const std::string& text) { return prompts.yesNo(shownText(text)); }

@@ -30,6 +30,7 @@ struct Report_Prompts {
     std::function<bool(QPrintDialog& dialog)> print;
     std::function<bool(QFileDialog& dialog)> exportFile;
     std::function<bool(const QString& text)> yesNo;
+    std::function<void(const QString& folder)> openFolder; ///< on the desktop
 };
 
 /// The windows of the reports: previews, page set-up, printing, the busy form; and the commands that use
@@ -71,6 +72,7 @@ class Report_Parts final : private Print_Frame {
     void dropFontDialog(const MainRepKVRT& report) override;
     [[nodiscard]] CommonDialog& OpenFile() override { return exportDialog_; }
     [[nodiscard]] bool platformQuestion(const std::string& text) override;
+    void openFolderOf(const std::string& path) override;
     void printReport(rptPrintLog& report, bool prompt) override;
 
     /// Something happened to a window of ours: nothing begins while a report runs.

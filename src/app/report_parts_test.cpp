@@ -2,6 +2,7 @@
 
 #include "app/report_parts.h"
 #include "app/testing/program_fixture.h"
+#include "template/testing/file_size_limit.h"
 #include "ui/page_setup_dialog.h"
 #include "ui/preview_window.h"
 
@@ -353,6 +354,41 @@ TEST_F(Window_Reports, ACancelledOrImpossibleExportSaysNothing) {
     EXPECT_THAT(messages, IsEmpty());
     EXPECT_THAT(questions, IsEmpty());
     EXPECT_FALSE(reports().busy().active());
+}
+
+TEST_F(Window_Reports, AnExportThatFailsKeepsTheOldFileAndIsToldByTheBar) {
+    startReports();
+    choose("MNU_PrintAll");
+    for (const auto& [name, index] : std::map<std::string, int>{{"a.tif", 5}, {"a.xls", 1}}) {
+        put(name, "old");
+        {
+            const doubles::File_Size_Limit disk(4096);
+            exportTo(name, index);
+        }
+        EXPECT_EQ(text(name), "old");
+        const Bar_Line* told = program->frame().messageBar().find("export");
+        ASSERT_NE(told, nullptr);
+        EXPECT_EQ(told->kind, Bar_Kind::Warning);
+        EXPECT_EQ(told->text, "The report was not exported to " + path(name) +
+                                  ": Path/File access error. Export to another file.");
+    }
+    EXPECT_THAT(messages, IsEmpty());
+    for (const auto& entry : std::filesystem::directory_iterator(path("")))
+        EXPECT_NE(entry.path().extension(), ".part");
+}
+
+TEST_F(Window_Reports, TheBarOpensTheFolderOfAnExport) {
+    startReports();
+    QString shown;
+    reports().prompts.openFolder = [&shown](const QString& folder) { shown = folder; };
+    choose("MNU_PrintAll");
+    exportTo("a.txt", 4);
+    const Bar_Line* told = program->frame().messageBar().find("export");
+    ASSERT_NE(told, nullptr);
+    EXPECT_EQ(told->text, "The report was exported to " + path("a.txt"));
+    ASSERT_EQ(told->buttons.size(), 1U);
+    told->buttons.front().press();
+    EXPECT_EQ(shown.toStdString(), folder.path());
 }
 
 TEST_F(Window_Reports, ThePagesGoToAPdfThroughThePrintDialog) {

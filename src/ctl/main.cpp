@@ -33,6 +33,7 @@ bool paints(const std::vector<std::string>& arguments) {
 int main(int argc, char* argv[]) {
     using namespace zorvane;
     std::ios::sync_with_stdio(false);
+    takeFileSizeLimitAsFailure();
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     int ownName = 1; // the program's name only: the other arguments are none of Qt's business
     const auto application = makeApplication(paints(arguments), ownName, argv);

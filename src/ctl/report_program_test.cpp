@@ -92,6 +92,30 @@ TEST_F(Report_Program, TellsAFileThatCanNotBeWritten) {
     EXPECT_THAT(report.err, HasSubstr("could not be written: Path not found (failure 76)"));
 }
 
+/// The shell counts the limit in blocks of 512 bytes.
+TEST_F(Report_Program, AFullDiskLeavesTheOldFileAndNoTorso) {
+    for (const char* format : {"tif", "xls", "pdf"}) {
+        bench.file("r.out", "old");
+        Spawned_Program program({"/bin/sh", "-c", R"(ulimit -f 4 && exec "$@")", "sh", ZORVANECTL, "report",
+                                 ztp, config, "--format", format, "--out", bench.path("r.out")});
+        EXPECT_EQ(program.finish(), 1) << format;
+        EXPECT_EQ(bench.bytes("r.out"), "old") << format;
+        EXPECT_THAT(program.err(), HasSubstr("could not be written: Path/File access error (failure 75)"));
+        EXPECT_EQ(program.out(), "");
+    }
+    EXPECT_EQ(bench.names(), (std::vector<std::string>{"ABC.ZTP", "r.out", "site.ABC"}));
+}
+
+TEST_F(Report_Program, WhatALinkLeadsToIsReplacedWithItsPermissions) {
+    const std::filesystem::path shelved = bench.file("shelved.txt", "old");
+    std::filesystem::permissions(shelved, std::filesystem::perms::owner_all);
+    std::filesystem::create_symlink("shelved.txt", bench.path("r.txt"));
+    EXPECT_EQ(run({"--format", "txt", "--out", bench.path("r.txt")}).code, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(bench.path("r.txt")));
+    EXPECT_THAT(bench.bytes("shelved.txt"), StartsWith("Zorvane"));
+    EXPECT_EQ(std::filesystem::status(shelved).permissions(), std::filesystem::perms::owner_all);
+}
+
 TEST_F(Report_Program, TellsAMissingDocument) {
     config = bench.path("none.ABC");
     const Ctl_Run report = run({"--format", "txt", "--out", bench.path("r.txt")});

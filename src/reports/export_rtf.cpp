@@ -9,7 +9,7 @@ namespace zorvane {
 
 namespace {
 
-constexpr double narrowestColumn = 360; ///< twips; a column without width would take its text's place away
+constexpr double narrowestColumn = 360; ///< twips; less would take its text's place away
 
 std::string number(double value) { return std::to_string(std::lround(value)); }
 

@@ -9,6 +9,7 @@ namespace {
 using doubles::design;
 using doubles::Report_Bench;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 struct Export_Rtf : testing::Test, Report_Bench {
@@ -71,9 +72,11 @@ TEST_F(Export_Rtf, WhatStandsForNoCharacterIsReplaced) {
     EXPECT_THAT(rtf, HasSubstr(" \\u-3\\'3f\\u-3\\'3f\\'ff}"));
 }
 
-TEST_F(Export_Rtf, AColumnWithoutWidthStillHasRoomForItsText) {
-    design(document.Fields(1), "x", {{"a", 0}, {"b", 0}}, {{"1", "2"}});
+TEST_F(Export_Rtf, ANarrowColumnStillHasRoomForItsTextAndOneOfWidth0IsHidden) {
+    design(document.Fields(1), "x", {{"a", 10}, {"hidden", 0}, {"b", 10}}, {{"1", "away", "2"}});
     EXPECT_THAT(exported(), HasSubstr("\\cellx360\\cellx720\n"));
+    EXPECT_THAT(exported(), Not(HasSubstr("hidden")));
+    EXPECT_THAT(exported(), Not(HasSubstr("away")));
 }
 
 } // namespace

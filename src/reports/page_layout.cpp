@@ -27,12 +27,20 @@ class Sheet_Painter {
         const Text_Style& style = styles_[text.style];
         const double left = left_ + text.left;
         const double upper = top + text.top;
+        // What has no width is hidden, but for its sides: the last one of them closes the table.
+        if (text.width == 0)
+            return putBorder(page, withoutEnds(style.Border), {left, upper, left, upper + text.height});
         if (style.BackStyle == Back_Opaque)
             page.items.emplace_back(Box_Item{left, upper, text.width, text.height, style.BackColor});
         if (!text.text.empty())
             page.items.emplace_back(
                 Text_Item{left, upper, text.width, text.height, text.style, std::move(text.text)});
         putBorder(page, style.Border, {left, upper, left + text.width, upper + text.height});
+    }
+
+    static Report_Border withoutEnds(Report_Border border) {
+        border.TopStyle = border.BottomStyle = Border_None;
+        return border;
     }
 
     static void putBorder(Page& page, const Report_Border& border, const Line_Item& corners) {

@@ -122,5 +122,19 @@ TEST(PageLayout, WhatRunsPastTheRightMarginStaysThere) {
     EXPECT_EQ(pageText(laidOut({wide}), 0)[0], "text 510,20 50x30 \"far\" 8.5");
 }
 
+TEST(PageLayout, OfWhatHasNoWidthOnlyTheSidesArePainted) {
+    Text_Style framed;
+    framed.BackStyle = Back_Opaque;
+    framed.Border = {Border_Solid, 0, Border_Solid, 0, Border_Solid, 0, Border_Solid, 0, false};
+    Printed_Report report;
+    Printed_Band hidden = row("");
+    hidden.texts.push_back({50, 0, 0, 30, report.styles.indexOf(framed), "hidden", false});
+    report.bands.push_back(std::move(hidden));
+    const Page_Document document =
+        layoutPages(std::move(report), smallPaper, {10, [](auto, auto&) { return Printed_Band{}; }},
+                    {10, [](auto, auto&) { return Printed_Band{}; }});
+    EXPECT_THAT(pageText(document, 0), ElementsAre("line 60,20 60,50", "line 60,20 60,50"));
+}
+
 } // namespace
 } // namespace zorvane

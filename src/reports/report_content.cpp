@@ -29,6 +29,7 @@ std::vector<const Printed_Text*> inReadingOrder(const Printed_Band& band) {
 void addRows(std::vector<Content_Row>& rows, const Printed_Band& band) {
     const Printed_Text* last = nullptr;
     for (const Printed_Text* text : inReadingOrder(band)) {
+        if (text->width == 0) continue; // a hidden column
         if (!last || last->top != text->top) rows.push_back({kindOf(band, text->top), {}});
         rows.back().cells.push_back({text->text, text->left, text->width, text->style});
         last = text;

@@ -30,7 +30,8 @@ struct Content_Row {
     std::vector<Content_Cell> cells;
 };
 
-/// A report as rows of texts, for the formats that aren't painted. Texts are Windows-1252.
+/// A report as rows of texts, for the formats that aren't painted. Texts are Windows-1252. What has a width
+/// of 0 is hidden and isn't in it.
 struct Report_Content {
     Style_Table styles;
     Page_Settings paper;

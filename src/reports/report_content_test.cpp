@@ -45,6 +45,16 @@ TEST_F(Content, AColumnOfNegativeWidthKeepsItsPlaceInTheTable) {
                                                         "Heading Name|Level", "Row low|10", "Row high|20"));
 }
 
+TEST_F(Content, AColumnOfWidth0IsHiddenYetItsTextIsFetched) {
+    document.Field_Count = 1;
+    Field_Rec& field = document.Fields(1);
+    field.Cells(0, 1).Width = 0;
+    doubles::giveMessages(field.Cells(1, 2), {{77, "never"}}); // so it shows the text before: the hidden one
+    MainRepKVRT report(sources(), clock, host);
+    EXPECT_THAT(linesOf(contentOf(report)), ElementsAre("Line Description:|Inputs", "Line Edits:||Comments:|",
+                                                        "Heading Level", "Row low", "Row 20"));
+}
+
 TEST_F(Content, OfALog) {
     rptPrintLog report(metrics, clock);
     report.RichText.text = "one\r\n\r\ntwo";

@@ -13,7 +13,8 @@ struct Sheet_Number {
 };
 
 /// Nothing for a text that isn't a number as a whole, and for one that a worksheet's numbers can't hold
-/// exactly, with more than 15 significant digits, or show as they were written, with hundreds of zeros.
+/// exactly, with more than 15 significant digits, or can't show as it was written: with an exponent, or with
+/// hundreds of zeros.
 [[nodiscard]] std::optional<Sheet_Number> sheetNumber(std::string_view text);
 
 } // namespace zorvane

@@ -22,11 +22,26 @@ TEST(SheetNumber, TakesNumbersWithTheFormTheyHave) {
     EXPECT_EQ(taken("-01.20"), "-1.200000 00.00");
 }
 
-TEST(SheetNumber, OtherFormsOfNumbersHaveTheWorksheetsOwnFormat) {
-    EXPECT_EQ(taken("+5"), "5.000000 ");
+TEST(SheetNumber, ASignAndAMissingDigitAreShown) {
+    EXPECT_EQ(taken("+49"), "49.000000 +0;-0");
+    EXPECT_EQ(taken("+1.50"), "1.500000 +0.00;-0.00");
+    EXPECT_EQ(taken("+0"), "0.000000 +0;-0");
+    EXPECT_EQ(taken("-0"), "0.000000 0;-0;-0");
+    EXPECT_EQ(taken("-0.0"), "0.000000 0.0;-0.0;-0.0");
+    EXPECT_EQ(taken(".5"), "0.500000 #.0");
+    EXPECT_EQ(taken("-.5"), "-0.500000 #.0");
+    EXPECT_EQ(taken("5."), "5.000000 0.");
     EXPECT_EQ(taken(" 5 "), "5.000000 ");
-    EXPECT_EQ(taken(".5"), "0.500000 ");
-    EXPECT_EQ(taken("1e3"), "1000.000000 ");
+}
+
+TEST(SheetNumber, ALongWholeNumberGetsNoExponent) {
+    EXPECT_EQ(taken("12345678901"), "12345678901.000000 ");
+    EXPECT_EQ(taken("123456789012"), "123456789012.000000 0");
+}
+
+TEST(SheetNumber, AnExponentStaysText) {
+    for (const char* text : {"1e5", "1E+05", "12d3", "-1.5e-3", "1e999"})
+        EXPECT_EQ(taken(text), "text") << text;
 }
 
 TEST(SheetNumber, LeavesTextsAlone) {
@@ -35,7 +50,7 @@ TEST(SheetNumber, LeavesTextsAlone) {
 }
 
 TEST(SheetNumber, LeavesNumbersThatWouldLoseDigits) {
-    EXPECT_EQ(taken("123456789012345"), "123456789012345.000000 ");
+    EXPECT_EQ(taken("123456789012345"), "123456789012345.000000 0");
     EXPECT_EQ(taken("1234567890123456"), "text");
     EXPECT_EQ(taken("0.1234567890123456"), "text");
 }

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cinttypes>
+#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
@@ -131,6 +132,14 @@ std::string pathToNative(std::string_view text) {
         at = end + 1;
     }
     return out;
+}
+
+/// A handler, where ignoring the signal would be handed on to the programs that this one starts.
+void takeFileSizeLimitAsFailure() {
+    struct sigaction action {};
+    action.sa_handler = [](int) {};
+    action.sa_flags = SA_RESTART;
+    ::sigaction(SIGXFSZ, &action, nullptr);
 }
 
 std::string Native_Files::found(const std::string& path) const {

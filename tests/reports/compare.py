@@ -27,7 +27,15 @@ def output(*command):
 
 def is_number(text):
     """A plain number that 15 digits can hold."""
-    return re.fullmatch(r"[+-]?\d+(\.\d+)?", text) is not None and len(re.sub(r"\D", "", text).lstrip("0")) <= 15
+    plain = re.fullmatch(r"[+-]?(\d+(\.\d*)?|\.\d+)", text) is not None
+    return plain and len(re.sub(r"\D", "", text).lstrip("0")) <= 15
+
+
+def hidden(what, text):
+    """A column of width 0 is in no format; where it is read, its text isn't."""
+    for word in ("out of sight", "hidden away"):
+        if word in text:
+            fail(f"{what} has {word!r}")
 
 
 class Tables(html.parser.HTMLParser):
@@ -98,11 +106,31 @@ def compare_xls(path, expected):
             row += 1
             for column, text in enumerate(texts):
                 compare_sheet_cell(sheet.cell(row, column), text, (row, column))
+                if is_number(text):
+                    form = book.format_map[book.xf_list[sheet.cell_xf_index(row, column)].format_key].format_str
+                    same(f"{(row, column)}: as shown", shown_number(sheet.cell_value(row, column), form), text)
+    hidden("the sheet", " ".join(str(value) for row in range(sheet.nrows) for value in sheet.row_values(row)))
     formats = {book.format_map[xf.format_key].format_str for xf in book.xf_list}
     for wanted in ("0.00", "000"):
         if wanted not in formats:
             fail(f"no number format {wanted}")
     compare_large_xls(path.replace("sample.xls", "large.xls"))
+
+
+def shown_number(value, form):
+    """A number as a worksheet shows it, in the formats that reports use."""
+    if form == "General":
+        return f"{value:.11g}"
+    sections = form.split(";")
+    section = sections[2 if value == 0 and len(sections) > 2 else 1 if value < 0 and len(sections) > 1 else 0]
+    sign, whole, point, decimals = re.fullmatch(r"([+-]?)(#|0+)(\.?)(0*)", section).groups()
+    if value < 0 and len(sections) == 1:
+        sign = "-"
+    digits = f"{abs(value):.{len(decimals)}f}"
+    before, _, after = digits.partition(".")
+    if whole == "#":
+        before = before.lstrip("0")
+    return sign + before.zfill(len(whole) if whole != "#" else 0) + point + after
 
 
 def compare_large_xls(path):
@@ -133,7 +161,7 @@ def compare_sheet_cell(cell, text, place):
 def compare_txt(path, expected):
     """Builds what the file should hold in another way, and lets diff compare."""
     lines = ["Zorvane", ""]
-    alignments = [["<", ">", "^"], [">", "<", "<"], ["<", "<"]]
+    alignments = [["<", ">", "^"], [">", "<", "<"], ["<", "<"], ["<", "<"]]
     for field, aligned in zip(expected["fields"], alignments):
         if len(lines) > 2:
             lines.append("")
@@ -163,6 +191,7 @@ def compare_pdf(path, expected):
             if text not in " ".join(page.split()):
                 fail(f"page {number} has no {text!r}")
     whole = " ".join(" ".join(pages).split())
+    hidden("the file", whole)
     for field in expected["fields"]:
         for row in [[field["description"]], field["headings"], *field["rows"]]:
             for text in row:

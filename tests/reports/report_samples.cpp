@@ -38,6 +38,8 @@ void designTexts(Field_Rec& field) {
                       "A"},
                      {"euro " + euro + " dash \x96 dots \x85", "1234567890123456", "quote \x93ok\x94 \x99"},
                      {"=1+1", "+5", "=SUM(A1)"},
+                     {"-0", "+49", "1e5"},
+                     {".5", "-.50", "123456789012"},
                      {"@home", "-x", "+49 30"},
                      {"'text", "0", "a;b\tc"},
                      {"", "12.5", "last"}});
@@ -67,20 +69,32 @@ void designMessages(Field_Rec& field) {
         doubles::giveMessages(field.Cells(row, 2), {{1, "On, \"really\" {yes}"}});
 }
 
+/// The column in the middle isn't shown, but the one after it shows its text where no message answers.
+void designHiddenColumn(Field_Rec& field) {
+    doubles::design(field, "Hidden column", {{"Name", 2000}, {"out of sight", 0}, {"State", 2000}},
+                    {{"one", "hidden away", "1"}, {"two", "seen beside", "7"}});
+    for (const std::int32_t row : {1, 2})
+        doubles::giveMessages(field.Cells(row, 3), {{1, "On"}});
+}
+
 json expected(const Declara_Zorvane& document) {
     json fields = json::array();
     for (std::int32_t number = 1; number <= document.Field_Count; ++number) {
         const Field_Rec& field = document.Fields(number);
-        json headings = json::array();
+        const auto shown = [&field](std::vector<std::string> texts) {
+            json list = json::array();
+            for (std::int32_t column = 1; column <= field.Columns; ++column)
+                if (field.Cells(0, column).Width != 0)
+                    list.push_back(toUtf8(texts.at(static_cast<std::size_t>(column) - 1)));
+            return list;
+        };
+        std::vector<std::string> heads;
         for (std::int32_t column = 1; column <= field.Columns; ++column)
-            headings.push_back(toUtf8(field.Cells(0, column).Value));
+            heads.push_back(field.Cells(0, column).Value);
+        const json headings = shown(heads);
         json rows = json::array();
-        for (std::int32_t row = 1; row <= field.Rows; ++row) {
-            json texts = json::array();
-            for (const std::string& text : reportRowTexts(field, row))
-                texts.push_back(toUtf8(text));
-            rows.push_back(texts);
-        }
+        for (std::int32_t row = 1; row <= field.Rows; ++row)
+            rows.push_back(shown(reportRowTexts(field, row)));
         fields.push_back(
             {{"description", toUtf8(field.Description)}, {"headings", headings}, {"rows", rows}});
     }
@@ -112,11 +126,12 @@ int main(int argc, char* argv[]) {
     if (argc != 2) return 2;
     const std::string folder = argv[1];
     doubles::Report_Bench bench;
-    bench.document.Fields.redim(3);
-    bench.document.Field_Count = 3;
+    bench.document.Fields.redim(4);
+    bench.document.Field_Count = 4;
     designTexts(bench.document.Fields(1));
     designLongTable(bench.document.Fields(2));
     designMessages(bench.document.Fields(3));
+    designHiddenColumn(bench.document.Fields(4));
 
     const Qt_Text_Metrics metrics;
     const Qt_Page_Exporters painted;

@@ -48,6 +48,7 @@ class Recording_Print_Frame : public Print_Frame {
         journal_.add("question \"" + text + "\"");
         return yes;
     }
+    void openFolderOf(const std::string& path) override { journal_.add("folder of " + path + " opened"); }
     void printReport(rptPrintLog& report, bool prompt) override {
         journal_.add("log of " + std::to_string(report.Pages.Count()) + " pages printed" +
                      (prompt ? " after a choice" : ""));

@@ -3,6 +3,7 @@
 #include "ctl/program.h"
 #include "template/native_files.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -36,6 +37,14 @@ std::string Ctl_Bench::bytes(const std::string& name) const {
 }
 
 bool Ctl_Bench::exists(const std::string& name) const { return fs::exists(folder_ / name); }
+
+std::vector<std::string> Ctl_Bench::names() const {
+    std::vector<std::string> found;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder_))
+        found.push_back(entry.path().filename().string());
+    std::sort(found.begin(), found.end());
+    return found;
+}
 
 Ctl_Run Ctl_Bench::run(const std::vector<std::string>& arguments) const {
     Native_Files files;

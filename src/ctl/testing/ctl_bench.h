@@ -28,6 +28,8 @@ class Ctl_Bench {
     [[nodiscard]] std::string path(const std::string& name) const { return folder_ / name; }
     [[nodiscard]] std::string bytes(const std::string& name) const;
     [[nodiscard]] bool exists(const std::string& name) const;
+    /// The names of all that lies in the folder, in order.
+    [[nodiscard]] std::vector<std::string> names() const;
 
     /// Runs the calls in this process. The application folder is "/opt/zorvane".
     [[nodiscard]] Ctl_Run run(const std::vector<std::string>& arguments) const;
