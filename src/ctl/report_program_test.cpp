@@ -67,6 +67,18 @@ TEST_F(Report_Program, WritesEachFormat) {
     }
 }
 
+TEST_F(Report_Program, ATerminalShowsHowManyPagesAreDone) {
+    const std::string command = std::string(ZORVANECTL) + " report " + ztp + " " + config + " --out " +
+                                bench.path("r.out") + " --format ";
+    for (const char* format : {"tif", "pdf"}) {
+        // `script` gives the program a pseudo-terminal.
+        Spawned_Program program({"/usr/bin/script", "-qec", command + format, "/dev/null"});
+        EXPECT_EQ(program.finish(), 0) << program.out();
+        EXPECT_THAT(program.out(), HasSubstr("[------------------------------] 0 %")) << format;
+        EXPECT_THAT(program.out(), HasSubstr("Written: " + bench.path("r.out")));
+    }
+}
+
 TEST_F(Report_Program, PrintsOneFieldOrAll) {
     ztp = bench.file("ABC.ZTP", doubles::smallTemplate() + lines({"[CONFIGURATION_FIELDS]",
                                                                   "FIELD_2_DESC=Inputs", "FIELD_2_RC=1,1"}));

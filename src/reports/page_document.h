@@ -11,7 +11,10 @@ namespace zorvane {
 
 /// All places are in twips from the left upper corner of the paper.
 
-/// A text, cut at the sides of its room.
+/// The colour of the mark that stands where a text is cut.
+inline constexpr Packed_Colour cutMarkColour = 0x0000C0;
+
+/// A text, cut at the sides of its room. A mark at the side tells where something is missing.
 struct Text_Item {
     double left = 0;
     double top = 0;

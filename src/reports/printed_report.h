@@ -16,6 +16,7 @@ class Style_Table {
     /// The place of a look, which is added if it is new. Looks added last are found first.
     [[nodiscard]] std::size_t indexOf(const Text_Style& style);
     [[nodiscard]] const Text_Style& operator[](std::size_t index) const { return styles_[index]; }
+    [[nodiscard]] std::size_t size() const { return styles_.size(); }
 
   private:
     std::vector<Text_Style> styles_;

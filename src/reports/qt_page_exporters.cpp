@@ -1,35 +1,20 @@
 #include "reports/qt_page_exporters.h"
 
+#include "reports/qt_page_dots.h"
 #include "reports/qt_page_painter.h"
 #include "reports/tiff_file.h"
 #include "values/code_page.h"
 #include "values/twips.h"
 
 #include <QBuffer>
-#include <QImage>
 #include <QPageLayout>
-#include <QPainter>
 #include <QPdfWriter>
-
-#include <cmath>
 
 namespace zorvane {
 
 namespace {
 
 constexpr int dotsPerInch = 200;
-
-QImage picture(const Page_Document& pages, std::size_t page) {
-    const double scale = dotsPerInch / twipsPerInch;
-    QImage image(static_cast<int>(std::lround(pages.paperWidth * scale)),
-                 static_cast<int>(std::lround(pages.paperHeight * scale)), QImage::Format_RGB888);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter.scale(scale, scale);
-    paintPage(painter, pages, page);
-    return image;
-}
 
 } // namespace
 
@@ -44,22 +29,30 @@ std::string Qt_Page_Exporters::pdf(const Page_Document& pages, const std::string
             QPageLayout::Portrait, QMarginsF()));
         writer.setTitle(QString::fromStdString(toUtf8(title)));
         writer.setCreator("Zorvane");
-        if (!paintPages(writer, pages, {.keepsOn = keepsOn_}))
+        if (!paintPages(writer, pages, {.keepsOn = watch(pages.pages.size())}))
             throw Run_Time_Failure(Failure::PathFileAccess);
     }
     return file.data().toStdString();
 }
 
 std::string Qt_Page_Exporters::tiff(const Page_Document& pages) const {
-    Tiff_File file(dotsPerInch);
+    const auto goesOn = watch(pages.pages.size());
+    Qt_Page_Dots dots(pages, dotsPerInch);
+    Tiff_File file(dotsPerInch, dots.colours().table());
     for (std::size_t page = 0; page < pages.pages.size(); ++page) {
-        if (keepsOn_ && !keepsOn_()) throw Run_Time_Failure(Failure::PathFileAccess);
-        const QImage image = picture(pages, page);
-        const auto rows = [&image](std::uint32_t row) { return image.constScanLine(static_cast<int>(row)); };
-        file.addPage(static_cast<std::uint32_t>(image.width()), static_cast<std::uint32_t>(image.height()),
-                     rows);
+        if (!goesOn()) throw Run_Time_Failure(Failure::PathFileAccess);
+        file.addPage(dots.width(), dots.of(page));
+        if (page == 0) file.expect(pages.pages.size() - 1);
     }
     return file.take();
+}
+
+/// Asked before each page.
+std::function<bool()> Qt_Page_Exporters::watch(std::size_t total) const {
+    return [this, total, done = std::size_t{0}]() mutable {
+        if (progress_) progress_(done++, total);
+        return !keepsOn_ || keepsOn_();
+    };
 }
 
 } // namespace zorvane

@@ -1,18 +1,18 @@
 #include "reports/qt_page_painter.h"
 
 #include "reports/qt_report_fonts.h"
+#include "reports/text_place.h"
 #include "values/twips.h"
 
 #include <QColor>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPen>
 
 namespace zorvane {
 
 namespace {
-
-constexpr double ruleWidth = 10; ///< twips
 
 QColor colourOf(Packed_Colour packed) {
     return QColor(static_cast<int>(packed & 0xFFU), static_cast<int>(packed >> 8 & 0xFFU),
@@ -37,27 +37,41 @@ class Item_Painter {
         const Text_Style& style = styles_[item.style];
         const auto& [name, font, metrics] = fonts_.of(style.Font);
         const QString text = paintedText(item.text);
-        const double width = metrics.horizontalAdvance(text);
-        const double above =
-            style.VerticalAlignment == Align_Middle ? (item.height - metrics.height()) / 2 : 0;
-        const QPointF place(leftOf(item, style, width), item.top + above + metrics.ascent());
-        const bool cut = place.x() < item.left || place.x() + width > item.left + item.width;
-        if (cut) {
+        const Text_Place place = placeOf(item, style, extentOf(text, metrics));
+        painter_.setFont(font);
+        painter_.setPen(colourOf(style.ForeColor));
+        if (place.clipped) {
             painter_.save();
             // Only the sides cut: below, a text may need more room than its control has.
             painter_.setClipRect(QRectF(item.left, item.top - item.height, item.width, 3 * item.height));
         }
-        painter_.setFont(font);
-        painter_.setPen(colourOf(style.ForeColor));
-        painter_.drawText(place, text);
-        if (cut) painter_.restore();
+        painter_.drawText(QPointF(place.left, place.baseLine), text);
+        if (place.clipped) painter_.restore();
+        if (place.cutLeft) mark(cutMark(item, true), paperOf(style));
+        if (place.cutRight) mark(cutMark(item, false), paperOf(style));
     }
 
   private:
-    static double leftOf(const Text_Item& item, const Text_Style& style, double width) {
-        if (style.Alignment == Align_Right) return item.left + item.width - width - textInset;
-        if (style.Alignment == Align_Center) return item.left + (item.width - width) / 2;
-        return item.left + textInset;
+    static Text_Extent extentOf(const QString& text, const QFontMetricsF& metrics) {
+        const double width = metrics.horizontalAdvance(text);
+        Text_Extent extent{width, 0, width, metrics.height(), metrics.ascent()};
+        if (text.startsWith(u' ') || text.endsWith(u' ')) {
+            const QString ink = text.trimmed();
+            extent.inkLeft = metrics.horizontalAdvance(text.left(text.indexOf(ink)));
+            extent.inkRight = extent.inkLeft + metrics.horizontalAdvance(ink);
+        }
+        return extent;
+    }
+
+    void mark(const Cut_Mark& shape, Packed_Colour paper) const {
+        const double inwards = shape.width + (shape.width > 0 ? shape.rim : -shape.rim);
+        const QRectF ground(shape.side, shape.middle - shape.height / 2 - shape.rim, inwards,
+                            shape.height + 2 * shape.rim);
+        painter_.fillRect(ground.normalized(), colourOf(paper));
+        QPainterPath triangle(QPointF(shape.side, shape.middle));
+        triangle.lineTo(shape.side + shape.width, shape.middle - shape.height / 2);
+        triangle.lineTo(shape.side + shape.width, shape.middle + shape.height / 2);
+        painter_.fillPath(triangle, colourOf(cutMarkColour));
     }
 
     QPainter& painter_;

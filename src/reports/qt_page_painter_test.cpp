@@ -93,6 +93,22 @@ TEST_F(Painted_Page, ATextIsCutAtTheSidesOfItsRoom) {
     }
 }
 
+TEST_F(Painted_Page, AMarkTellsWhereATextIsCut) {
+    const auto marked = [this](const std::string& text, int alignment) {
+        document.pages.front().items.clear();
+        addText(text, alignment);
+        const QImage image = painted();
+        const auto isMark = [&](int x) { return image.pixel(x, 50) == qRgb(0xC0, 0, 0); };
+        return std::string(isMark(53) ? "left " : "") + (isMark(146) ? "right" : "");
+    };
+    EXPECT_EQ(marked("1500", Align_Right), "");
+    EXPECT_EQ(marked(std::string(40, '8'), Align_Right), "left ");
+    EXPECT_EQ(marked(std::string(40, '8'), Align_Left), "right");
+    EXPECT_EQ(marked(std::string(40, '8'), Align_Center), "left right");
+    EXPECT_EQ(marked("8" + std::string(80, ' '), Align_Left), "");
+    EXPECT_EQ(marked(std::string(80, ' ') + "8", Align_Right), "");
+}
+
 TEST_F(Painted_Page, AControlCharacterIsPaintedAsABlank) {
     addText("i\ti");
     const QRect tab = inked();

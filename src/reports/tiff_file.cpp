@@ -2,105 +2,128 @@
 
 #include "values/run_time_failure.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <cstdio>
-#include <cstring>
-#include <tiffio.h>
-#include <vector>
+#include <array>
+#include <limits>
+#include <utility>
 
 namespace zorvane {
 
-struct Tiff_File::Memory {
-    std::string bytes;
-    std::size_t place = 0;
-    TIFF* tiff = nullptr;
-
-    Memory() = default;
-    Memory(const Memory&) = delete;
-    Memory& operator=(const Memory&) = delete;
-    Memory(Memory&&) = delete;
-    Memory& operator=(Memory&&) = delete;
-    ~Memory() {
-        if (tiff != nullptr) TIFFClose(tiff);
-    }
-
-    static Memory& of(thandle_t handle) { return *static_cast<Memory*>(handle); }
-
-    static tmsize_t read(thandle_t handle, void* data, tmsize_t size) {
-        Memory& memory = of(handle);
-        if (memory.place >= memory.bytes.size()) return 0;
-        const std::size_t count =
-            std::min(static_cast<std::size_t>(size), memory.bytes.size() - memory.place);
-        std::memcpy(data, memory.bytes.data() + memory.place, count);
-        memory.place += count;
-        return static_cast<tmsize_t>(count);
-    }
-    static tmsize_t write(thandle_t handle, void* data, tmsize_t size) {
-        Memory& memory = of(handle);
-        const auto count = static_cast<std::size_t>(size);
-        memory.bytes.resize(std::max(memory.bytes.size(), memory.place + count));
-        std::memcpy(memory.bytes.data() + memory.place, data, count);
-        memory.place += count;
-        return size;
-    }
-    static toff_t seek(thandle_t handle, toff_t offset, int whence) {
-        Memory& memory = of(handle);
-        const toff_t start = whence == SEEK_CUR ? memory.place : whence == SEEK_END ? memory.bytes.size() : 0;
-        memory.place = static_cast<std::size_t>(start + offset);
-        return memory.place;
-    }
-    static int close(thandle_t) { return 0; }
-    static toff_t size(thandle_t handle) { return of(handle).bytes.size(); }
-};
-
 namespace {
 
-void require(bool done) {
-    if (!done) throw Run_Time_Failure(Failure::PathFileAccess);
+constexpr std::size_t smallTable = 16;
+constexpr std::size_t largeTable = 256;
+
+/// Types of a directory's values, by their numbers in the file.
+enum class Field_Type : std::uint32_t { Ascii = 2, Short = 3, Long = 4, Rational = 5 };
+
+struct Directory_Field {
+    std::uint32_t tag;
+    Field_Type type;
+    std::uint32_t count;
+    std::uint32_t value; ///< or its place in the file, if it has more than four bytes
+};
+
+void add16(std::string& bytes, std::uint32_t value) {
+    bytes += static_cast<char>(value & 0xFFU);
+    bytes += static_cast<char>(value >> 8 & 0xFFU);
+}
+
+void add32(std::string& bytes, std::uint32_t value) {
+    add16(bytes, value & 0xFFFFU);
+    add16(bytes, value >> 16);
+}
+
+/// A place in the file. Values begin at even ones.
+std::uint32_t placeAtEnd(std::string& bytes) {
+    if (bytes.size() % 2 != 0) bytes += '\0';
+    if (bytes.size() > std::numeric_limits<std::uint32_t>::max())
+        throw Run_Time_Failure(Failure::PathFileAccess);
+    return static_cast<std::uint32_t>(bytes.size());
 }
 
 } // namespace
 
-Tiff_File::Tiff_File(int dotsPerInch) : memory_(std::make_unique<Memory>()), dotsPerInch_(dotsPerInch) {
-    memory_->tiff = TIFFClientOpen("report", "w", memory_.get(), Memory::read, Memory::write, Memory::seek,
-                                   Memory::close, Memory::size, nullptr, nullptr);
-    require(memory_->tiff != nullptr);
+Tiff_File::Tiff_File(int dotsPerInch, const std::vector<Packed_Colour>& colours)
+    : pairs_(colours.size() <= smallTable), bytes_("II*\0", 4), link_(4) {
+    add32(bytes_, 0); // the link to the first page
+    resolutionPlace_ = placeAtEnd(bytes_);
+    add32(bytes_, static_cast<std::uint32_t>(dotsPerInch));
+    add32(bytes_, 1);
+    softwarePlace_ = placeAtEnd(bytes_);
+    bytes_.append("Zorvane", sizeof "Zorvane");
+    addColourTable(colours);
 }
 
-Tiff_File::~Tiff_File() = default;
+/// All red parts, then the green and the blue ones, each in 16 bits.
+void Tiff_File::addColourTable(const std::vector<Packed_Colour>& colours) {
+    coloursPlace_ = placeAtEnd(bytes_);
+    for (const unsigned shift : {0U, 8U, 16U})
+        for (std::size_t index = 0; index < (pairs_ ? smallTable : largeTable); ++index)
+            add16(bytes_, index < colours.size() ? (colours[index] >> shift & 0xFFU) * 0x0101U : 0);
+}
 
-void Tiff_File::addPage(std::uint32_t width, std::uint32_t height,
-                        const std::function<const std::uint8_t*(std::uint32_t row)>& row) {
-    constexpr int samples = 3;
-    TIFF* const tiff = memory_->tiff;
-    require(tiff != nullptr);
-    TIFFSetField(tiff, TIFFTAG_SUBFILETYPE, FILETYPE_PAGE);
-    TIFFSetField(tiff, TIFFTAG_IMAGEWIDTH, width);
-    TIFFSetField(tiff, TIFFTAG_IMAGELENGTH, height);
-    TIFFSetField(tiff, TIFFTAG_SAMPLESPERPIXEL, samples);
-    TIFFSetField(tiff, TIFFTAG_BITSPERSAMPLE, 8);
-    TIFFSetField(tiff, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_RGB);
-    TIFFSetField(tiff, TIFFTAG_PLANARCONFIG, PLANARCONFIG_CONTIG);
-    TIFFSetField(tiff, TIFFTAG_COMPRESSION, COMPRESSION_LZW);
-    TIFFSetField(tiff, TIFFTAG_PREDICTOR, PREDICTOR_HORIZONTAL);
-    TIFFSetField(tiff, TIFFTAG_ROWSPERSTRIP, height);
-    TIFFSetField(tiff, TIFFTAG_XRESOLUTION, static_cast<double>(dotsPerInch_));
-    TIFFSetField(tiff, TIFFTAG_YRESOLUTION, static_cast<double>(dotsPerInch_));
-    TIFFSetField(tiff, TIFFTAG_RESOLUTIONUNIT, RESUNIT_INCH);
-    TIFFSetField(tiff, TIFFTAG_SOFTWARE, "Zorvane");
-    std::vector<std::uint8_t> line(std::size_t{width} * samples); // the writer changes what it is given
-    for (std::uint32_t index = 0; index < height; ++index) {
-        std::copy_n(row(index), line.size(), line.begin());
-        require(TIFFWriteScanline(tiff, line.data(), index) == 1);
+void Tiff_File::addPage(std::uint32_t width, std::span<const std::uint8_t> dots) {
+    const std::uint32_t stripPlace = placeAtEnd(bytes_);
+    bytes_ += packer_.pack(pairs_ ? inPairs(width, dots) : dots);
+    addDirectory(width, static_cast<std::uint32_t>(dots.size() / width), stripPlace);
+}
+
+/// Each row begins with a byte of its own.
+std::span<const std::uint8_t> Tiff_File::inPairs(std::uint32_t width, std::span<const std::uint8_t> dots) {
+    strip_.clear();
+    for (; !dots.empty(); dots = dots.subspan(width)) {
+        for (std::size_t column = 0; column + 1 < width; column += 2)
+            strip_.push_back(static_cast<std::uint8_t>(dots[column] << 4 | dots[column + 1]));
+        if (width % 2 != 0) strip_.push_back(static_cast<std::uint8_t>(dots[width - 1] << 4));
     }
-    require(TIFFWriteDirectory(tiff) == 1);
+    return strip_;
 }
 
-std::string Tiff_File::take() {
-    if (memory_->tiff != nullptr) TIFFClose(memory_->tiff);
-    memory_->tiff = nullptr;
-    return std::move(memory_->bytes);
+void Tiff_File::expect(std::size_t pages) {
+    constexpr std::size_t mostPages = 100000;
+    const std::size_t size = bytes_.size();
+    if (pages <= mostPages) bytes_.reserve(size + pages * (size + size / 4));
 }
+
+void Tiff_File::addDirectory(std::uint32_t width, std::uint32_t height, std::uint32_t stripPlace) {
+    constexpr std::uint32_t pageOfSeveral = 2;
+    constexpr std::uint32_t lzw = 5;
+    constexpr std::uint32_t byColourTable = 3;
+    constexpr std::uint32_t inch = 2;
+    const auto stripSize = static_cast<std::uint32_t>(bytes_.size() - stripPlace);
+    const std::array<Directory_Field, 15> fields = {{
+        {254, Field_Type::Long, 1, pageOfSeveral},
+        {256, Field_Type::Long, 1, width},
+        {257, Field_Type::Long, 1, height},
+        {258, Field_Type::Short, 1, pairs_ ? 4U : 8U},
+        {259, Field_Type::Short, 1, lzw},
+        {262, Field_Type::Short, 1, byColourTable},
+        {273, Field_Type::Long, 1, stripPlace},
+        {277, Field_Type::Short, 1, 1},
+        {278, Field_Type::Long, 1, height},
+        {279, Field_Type::Long, 1, stripSize},
+        {282, Field_Type::Rational, 1, resolutionPlace_},
+        {283, Field_Type::Rational, 1, resolutionPlace_},
+        {296, Field_Type::Short, 1, inch},
+        {305, Field_Type::Ascii, sizeof "Zorvane", softwarePlace_},
+        {320, Field_Type::Short, 3 * static_cast<std::uint32_t>(pairs_ ? smallTable : largeTable),
+         coloursPlace_},
+    }};
+    const std::uint32_t place = placeAtEnd(bytes_);
+    std::string link;
+    add32(link, place);
+    bytes_.replace(link_, link.size(), link);
+    add16(bytes_, fields.size());
+    for (const auto& [tag, type, count, value] : fields) {
+        add16(bytes_, tag);
+        add16(bytes_, static_cast<std::uint32_t>(type));
+        add32(bytes_, count);
+        add32(bytes_, value);
+    }
+    link_ = bytes_.size();
+    add32(bytes_, 0);
+}
+
+std::string Tiff_File::take() { return std::move(bytes_); }
 
 } // namespace zorvane

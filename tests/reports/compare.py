@@ -197,7 +197,27 @@ def compare_pdf(path, expected):
             for text in row:
                 if " ".join(text.split()) not in whole:
                     fail(f"no {text!r}")
+    compare_cut_pdf(path.replace("sample.pdf", "cut.pdf"))
     same("heading rows of the long table", whole.count("Row Wide"), sum("row number" in page for page in pages))
+
+
+def mark_columns(path):
+    """The columns of dots, at 144 to the inch, that have the red of the mark of a cut text."""
+    picture = output("pdftoppm", "-r", "144", path)
+    width, height = map(int, re.match(rb"P6\s+(\d+)\s+(\d+)\s+255\s", picture).groups())
+    dots = picture[-3 * width * height:]
+    return {place % width for place in range(width * height)
+            if dots[3 * place] > 150 and max(dots[3 * place + 1:3 * place + 3]) < 60}
+
+
+def compare_cut_pdf(path):
+    """A number that has no room is cut, with a mark at that side, and is whole for whoever copies it."""
+    if "1500" not in output("pdftotext", path, "-").decode():
+        fail("no 1500")
+    edge = (1440 + 2000) // 10
+    columns = mark_columns(path)
+    if not columns or min(columns) < edge - 1 or max(columns) > edge + 10:
+        fail(f"the mark of a cut number is in {sorted(columns)}, not at {edge}")
 
 
 def compare_tif(path, expected):

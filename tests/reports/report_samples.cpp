@@ -101,6 +101,18 @@ json expected(const Declara_Zorvane& document) {
     return {{"fields", fields}};
 }
 
+/// At 12 points the numbers have no room in their column.
+void writeCutNumbers(const std::string& path, const Page_Exporters& painted) {
+    doubles::Report_Bench bench;
+    bench.document.Field_Count = 1;
+    doubles::design(bench.document.Fields(1), "Cut", {{"Name", 2000}, {"", 500, "RIGHT"}},
+                    {{"Level", "1500"}});
+    const Qt_Text_Metrics metrics;
+    MainRepKVRT report({bench.document, metrics}, bench.clock, bench.host);
+    report.FontSize = 12;
+    writeByteFile(path, exportReport(report, Export_Format::Pdf, painted));
+}
+
 /// More texts than a record holds, a text longer than one, and more rows and columns than a sheet has.
 void writeLargeWorkbook(const std::string& path) {
     Report_Content content;
@@ -139,6 +151,7 @@ int main(int argc, char* argv[]) {
     report.HaveGrid = true;
     for (const char* name : {"xls", "pdf", "rtf", "txt", "tif", "html"})
         writeByteFile(folder + "/sample." + name, exportReport(report, formatOfName(name).value(), painted));
+    writeCutNumbers(folder + "/cut.pdf", painted);
     writeLargeWorkbook(folder + "/large.xls");
     json answer = expected(bench.document);
     answer["pages"] = report.Pages.Count();

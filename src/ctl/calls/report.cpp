@@ -3,6 +3,7 @@
 #include "ctl/json_stream.h"
 #include "ctl/notices.h"
 #include "ctl/painted_calls.h"
+#include "ctl/progress_printer.h"
 #include "reports/byte_file.h"
 #include "reports/export_format.h"
 #include "reports/main_rep_kvrt.h"
@@ -14,6 +15,7 @@
 #include <CLI/CLI.hpp>
 
 #include <ostream>
+#include <unistd.h>
 
 namespace zorvane {
 
@@ -76,9 +78,12 @@ class Report_Call : public Call {
     int runExport(const Surroundings& surroundings) {
         const Opened_Document opened = files_.open(surroundings);
         tellMissingField(surroundings.err, opened, field_);
-        const auto failure = opened.fileMissing() ? Failure_Note{static_cast<int>(Failure::FileNotFound),
-                                                                 failureText(Failure::FileNotFound)}
-                                                  : failureOf([&] { writeReport(opened.document); });
+        Progress_Printer progress(surroundings.err, true);
+        const auto failure =
+            opened.fileMissing()
+                ? Failure_Note{static_cast<int>(Failure::FileNotFound), failureText(Failure::FileNotFound)}
+                : failureOf([&] { writeReport(opened.document, progress); });
+        progress.end();
         const std::string path = printablePath(pathFromNative(out_));
         if (surroundings.json)
             printJson(surroundings.out,
@@ -89,7 +94,15 @@ class Report_Call : public Call {
         return opened.whole() && !failure ? Exit_Success : Exit_Failed;
     }
 
-    void writeReport(const Declara_Zorvane& document) const {
+    /// Whoever watches a terminal sees how many of the painted pages are done.
+    [[nodiscard]] static Qt_Page_Exporters watchedPages(Progress_Printer& progress) {
+        if (::isatty(STDERR_FILENO) == 0) return Qt_Page_Exporters();
+        return Qt_Page_Exporters({}, [&progress](std::size_t done, std::size_t total) {
+            progress.progress(static_cast<std::int32_t>(done), static_cast<std::int32_t>(total));
+        });
+    }
+
+    void writeReport(const Declara_Zorvane& document, Progress_Printer& progress) const {
         const Qt_Text_Metrics metrics;
         No_Report_Windows host;
         MainRepKVRT report({document, metrics}, presentTime, host);
@@ -99,7 +112,7 @@ class Report_Call : public Call {
         report.FontSize = fontSize_;
         const Page_Settings& paper = report.PageSettings;
         report.PrintWidth = paper.PaperWidth - (paper.LeftMargin + paper.RightMargin);
-        writeByteFile(out_, exportReport(report, formatOfName(format_).value(), Qt_Page_Exporters()));
+        writeByteFile(out_, exportReport(report, formatOfName(format_).value(), watchedPages(progress)));
     }
 
     Document_Arguments files_;

@@ -1,0 +1,40 @@
+#include "reports/text_place.h"
+
+#include <algorithm>
+
+namespace zorvane {
+
+namespace {
+
+double leftOf(const Text_Item& item, const Text_Style& style, double width) {
+    if (style.Alignment == Align_Right) return item.left + item.width - width - textInset;
+    if (style.Alignment == Align_Center) return item.left + (item.width - width) / 2;
+    return item.left + textInset;
+}
+
+} // namespace
+
+Text_Place placeOf(const Text_Item& item, const Text_Style& style, const Text_Extent& extent) {
+    const double above = style.VerticalAlignment == Align_Middle ? (item.height - extent.height) / 2 : 0;
+    const double right = item.left + item.width;
+    Text_Place place;
+    place.left = leftOf(item, style, extent.width);
+    place.baseLine = item.top + above + extent.ascent;
+    place.clipped = place.left < item.left || place.left + extent.width > right;
+    if (extent.inkRight > extent.inkLeft) { // blanks beyond the sides are no loss
+        place.cutLeft = place.left + extent.inkLeft < item.left;
+        place.cutRight = place.left + extent.inkRight > right;
+    }
+    return place;
+}
+
+Cut_Mark cutMark(const Text_Item& item, bool left) {
+    constexpr double widest = 75;
+    constexpr double height = 130;
+    constexpr double rim = 20;
+    const double width = std::min(widest, item.width / 3);
+    return {left ? item.left : item.left + item.width, left ? width : -width, item.top + item.height / 2,
+            height, rim};
+}
+
+} // namespace zorvane
