@@ -30,12 +30,15 @@ void forgetSaving(const App_Context& app, const std::string& name) {
     if (app.frame.panel(Panel::Message) == savingText(name)) app.frame.setPanel(Panel::Message, "");
 }
 
-/// Widths that the user dragged reach the file through Save As only.
+/// Widths that the user dragged reach the file through Save As only. The columns are the grid's: where the
+/// model was emptied under it, failure 9 ends the save before any file is touched, also under a grid without
+/// columns.
 void keepWidths(const App_Context& app) {
+    if (app.state.modelEmptied) throw Run_Time_Failure(Failure::Subscript);
     Declara_Zorvane& document = app.document();
     const VSFlexGrid& grid = app.grids.FLX_Settings;
     Field_Rec& field = document.Fields(document.Selected_Field);
-    for (std::int32_t c = 1; c <= field.Columns; ++c)
+    for (std::int32_t c = 1; c <= grid.Cols(); ++c)
         field.Cells(0, c).Width = toInteger(grid.ColWidth(c - 1));
 }
 

@@ -1,4 +1,5 @@
 #include "app/document_commands.h"
+#include "app/frame_life.h"
 #include "app/testing/app_bench.h"
 
 #include <gmock/gmock.h>
@@ -388,6 +389,48 @@ TEST_F(OpenCommand, AnsweringYesFindsTheModelEmptiedAndGoesOnWithoutSaving) {
                      "Msgb 64 \"Zorvane\": \"The Zorvane can't write the file, please verify the read only "
                      "properties...\""}));
     EXPECT_EQ(value(1), "50") << "what was chosen is opened, not what the other dialog named";
+}
+
+TEST_F(OpenCommand, AnsweringYesAndChoosingTheDocumentsOwnFileLeavesThatFileAsItIs) {
+    open("/home/site7.abc");
+    edit(1, "11");
+    answer(Msgb_Code_Yes);
+    files.put("/home/other.abc", smallDocument("50", "60"));
+    choose("/home/other.abc");
+    choose("/home/site7.abc");
+    journal.clear();
+    MNU_Open_Click(app);
+    EXPECT_EQ(files.text("/home/site7.abc"), smallDocument("10", "20"));
+    EXPECT_THAT(journal.beginningWith("create"), IsEmpty());
+    EXPECT_THAT(messages(), Contains(testing::HasSubstr("Extra info: Subscript out of range")));
+    ASSERT_EQ(folder.texts.size(), 1U);
+    EXPECT_EQ(withoutHeader(folder.texts.begin()->second), smallDocument("11", "20"))
+        << "the changes stay in the copy";
+}
+
+TEST_F(OpenCommand, AGridWithoutColumnsKeepsTheFileFromAnEmptiedModelToo) {
+    open("/home/site7.abc");
+    edit(1, "11");
+    lower.setCols(0);
+    answer(Msgb_Code_Cancel);
+    open("/home/site7.abc");
+    choose("/home/site7.abc");
+    MNU_Saveas_Click(app);
+    EXPECT_EQ(files.text("/home/site7.abc"), smallDocument("10", "20"));
+    EXPECT_TRUE(document.Save_Failed);
+    EXPECT_EQ(document.File_Stem, "SITE7");
+}
+
+TEST_F(OpenCommand, AnExitWithAnEmptiedModelLeavesTheFileAsItIsAndTheProgramThere) {
+    open("/home/site7.abc");
+    edit(1, "11");
+    answer(Msgb_Code_Cancel);
+    open("/home/site7.abc");
+    answer(Msgb_Code_Yes);
+    choose("/home/site7.abc");
+    MNU_Exit_Click(app);
+    EXPECT_EQ(files.text("/home/site7.abc"), smallDocument("10", "20"));
+    EXPECT_FALSE(frame.ended);
 }
 
 TEST_F(OpenCommand, EndsAPollingSessionOfTheOldDocument) {
