@@ -1,11 +1,11 @@
 // Any bytes as a file among the recovery copies, and as the document to keep: the list holds whole entries,
 // and a kept copy gives the document back.
 
-#include "app/recovery.h"
 #include "app/testing/memory_recovery_folder.h"
 #include "fuzz/fuzz_document.h"
 #include "fuzz/require.h"
 #include "fuzz/rich_template.h"
+#include "recovery/recovery.h"
 
 #include <algorithm>
 #include <cstddef>

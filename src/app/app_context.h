@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/document_frame.h"
-#include "app/recovery.h"
 #include "app/settings_store.h"
 #include "app/text_widths.h"
 #include "grids/grid_context.h"
+#include "recovery/recovery.h"
 #include "template/files.h"
 #include "template/pro_leer_archivo.h"
 
@@ -18,6 +18,9 @@ namespace zorvane {
 inline const std::string defaultTemplate = "kvrt.ztp";
 inline const std::string defaultType = "KVRT";
 
+/// What came of the question about unsaved changes when a document was to be closed.
+enum class Leave_Outcome { NotAsked, Cancelled, Dropped, Saved, NotSaved };
+
 /// Members of the main form that only its own commands use.
 struct App_State {
     std::string Filter_Text;  ///< filter built by the Open command
@@ -25,6 +28,8 @@ struct App_State {
     std::string documentType; ///< name of the template that the model was read from, without ".ZTP"
     /// The model was emptied while the grids still show the old document: nothing of it is worth keeping.
     bool modelEmptied = false;
+    bool keptBeforeOpen = false;                  ///< and before that a copy of all of it was kept
+    Leave_Outcome left = Leave_Outcome::NotAsked; ///< of the document that was last to be closed
     /// When the document's recovery copy was last brought up to date, in ms; nothing while it has no changes.
     std::optional<std::int64_t> lastCopyMs;
 };

@@ -1,5 +1,6 @@
 #include "app/document_commands.h"
 
+#include "app/document_lines.h"
 #include "app/menu_state.h"
 #include "app/recovery_keeper.h"
 #include "comm/session.h"
@@ -61,19 +62,23 @@ bool refuseFactoryFile(const App_Context& app) {
     return true;
 }
 
-/// Writes the file that was chosen. Failures go to the caller.
-void saveChosen(const App_Context& app, const std::string& path) {
+/// Writes the file that was chosen, and notes in `save` how far that went. Failures go to the caller.
+void saveChosen(const App_Context& app, const std::string& path, Failed_Save& save) {
     Declara_Zorvane& document = app.document();
     app.frame.setPanel(Panel::Message, savingText(path.substr(path.rfind(folderSeparator) + 1)));
     app.frame.setFormEnabled(false);
     keepWidths(app);
     keepCopy(app, "before Save As");
     takeName(document, path);
-    if (refuseFactoryFile(app)) return;
+    save.renamed = true;
+    if (refuseFactoryFile(app)) return tellRenamed(app, path);
+    save.fileKept = keepFileBefore(app, path, recoveryText(document));
     std::string result;
     PRO_Escribe_Archivo(document, app.files, path, result);
     if (!result.empty()) throw Run_Time_Failure(saveFailure, result);
     app.recovery.drop();
+    settleDocument(app);
+    withdrawSaveFailed(app);
     PRO_Titulo_Limpio(document, app.form(), app.frame);
     app.frame.wait_ms(savingMs);
     app.frame.setFormEnabled(true);
@@ -108,21 +113,26 @@ void PRO_Limpia_Documento(const App_Context& app) {
     app.form().Dirty = false;
     app.state.Filter_Text.clear();
     app.state.modelEmptied = false;
+    app.frame.messageBar().documentGone();
 }
 
 void PRO_Cierra_Documento(const App_Context& app, bool& ok) {
     ok = true;
+    app.state.left = Leave_Outcome::NotAsked;
     if (app.document().File_Stem.empty()) return;
     if (app.form().Dirty) {
         const int answer = app.frame.Msgb_Show(saveQuestion, saveQuestionStyle, applicationTitle);
         if (answer == Msgb_Code_Cancel) {
             ok = false;
+            app.state.left = Leave_Outcome::Cancelled;
             return;
         }
+        app.state.left = Leave_Outcome::Dropped;
         PRO_Fin_Sesion(app.grids.comm);
         if (answer == Msgb_Code_Yes) {
             app.document().Save_Failed = false;
             MNU_Saveas_Click(app);
+            app.state.left = app.form().Dirty ? Leave_Outcome::NotSaved : Leave_Outcome::Saved;
             if (app.document().Save_Failed) {
                 app.form().Dirty = true;
                 app.frame.Msgb_Show(cannotWrite, Msgb_Information, applicationTitle);
@@ -137,10 +147,12 @@ void PRO_Cierra_Documento(const App_Context& app, bool& ok) {
 
 void MNU_Close_Click(const App_Context& app) {
     app.frame.closePreviews();
-    if (app.form().Dirty) keepCopy(app, "before Close");
+    const Leaving leaving(app, "before Close");
     bool ok = true;
     PRO_Cierra_Documento(app, ok);
-    if (!app.form().Document_Open) app.recovery.leave();
+    if (app.form().Document_Open) return;
+    app.recovery.leave();
+    leaving.tell();
 }
 
 void MNU_Save_Click(const App_Context& app) {
@@ -149,19 +161,24 @@ void MNU_Save_Click(const App_Context& app) {
     const std::string name = document.File_Stem + "." + document.File_Extension;
     app.frame.setPanel(Panel::Message, savingText(name));
     keepCopy(app, "before Save");
-    std::string result;
     const std::string path = document.File_Folder + name;
-    PRO_Escribe_Archivo(document, app.files, path, result);
-    const std::string saved = recoveryText(document);
+    Failed_Save save{path, {}, app.files.bytes(path), false, false, false};
+    save.fileKept = keepFileBefore(app, path, recoveryText(document));
+    PRO_Escribe_Archivo(document, app.files, path, save.reason);
+    const bool good = save.reason.empty();
+    if (good) {
+        settleDocument(app);
+        withdrawSaveFailed(app);
+    } else {
+        save.copyKept = keepFailedSave(app, "Save failed");
+        tellSaveFailed(app, save);
+    }
     const Document_Mark mark(document);
     app.frame.wait_ms(savingMs);
     // The user was free meanwhile to close it, to open another, or to save it under another name.
     const std::string present = document.File_Folder + document.File_Stem + "." + document.File_Extension;
     if (!mark.holds() || present != path) return forgetSaving(app, name);
-    if (result.empty())
-        settleCopy(app, saved);
-    else
-        keepCopy(app, "Save failed");
+    if (good) settleCopy(app);
     PRO_Titulo_Limpio(document, app.form(), app.frame);
     app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
     app.frame.setPanel(Panel::Message, "");
@@ -169,10 +186,14 @@ void MNU_Save_Click(const App_Context& app) {
 
 void MNU_Saveas_Click(const App_Context& app) {
     if (!chooseTarget(app)) return;
+    const std::string path = app.frame.dialog().FileName;
+    Failed_Save save{path, {}, app.files.bytes(path), false, false, false};
     try {
-        saveChosen(app, app.frame.dialog().FileName);
+        saveChosen(app, path, save);
     } catch (const Run_Time_Failure& failure) {
-        keepCopy(app, "Save As failed");
+        save.reason = failure.description();
+        save.copyKept = keepFailedSave(app, "Save As failed");
+        tellSaveFailed(app, save);
         app.document().Save_Failed = true;
         app.frame.setFormEnabled(true);
         app.frame.Msgb_Show("Can't Save file : path/file error or directory is read only.\r\nExtra info: " +

@@ -39,6 +39,10 @@ class Document_Frame : public Frame {
     virtual void restartPreviews(double fontSize) = 0;
     virtual void endProgram() = 0;
 
+    /// The user chose an entry of the menu by another way, by its given name ("MNU_Recover"). Nothing happens
+    /// while it is disabled.
+    virtual void choose(const std::string& entry) = 0;
+
     [[nodiscard]] virtual CommonDialog& dialog() = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "app/form_commands.h"
 
 #include "app/document_commands.h"
+#include "app/document_lines.h"
 #include "app/frame_life.h"
 #include "app/recover_command.h"
 #include "app/recover_form.h"
@@ -43,7 +44,9 @@ void recover(const Form_Parts& parts) {
     Recover_Form form(
         recoveryEntries(app), [&app](const Recovery_Entry& entry) { app.recovery.remove(entry); },
         parts.frame.ask, parts.frame.dialogParent());
-    if (form.exec() != QDialog::Accepted) return;
+    const bool accepted = form.exec() == QDialog::Accepted;
+    refreshCopies(app);
+    if (!accepted) return;
     if (const auto chosen = form.chosen()) openAnother(parts, [&] { openRecoveryCopy(app, *chosen); });
 }
 

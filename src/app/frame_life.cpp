@@ -1,6 +1,7 @@
 #include "app/frame_life.h"
 
 #include "app/document_commands.h"
+#include "app/document_lines.h"
 #include "app/font_size.h"
 #include "app/menu_state.h"
 #include "app/recovery_keeper.h"
@@ -20,8 +21,8 @@ constexpr double normalHeight = 7410;
 enum class Exit_Answer { Leave, Stay };
 
 Exit_Answer askBeforeExit(const App_Context& app) {
+    if (hasChanges(app)) keepCopy(app, "before exit");
     if (!app.form().Dirty) return Exit_Answer::Leave;
-    keepCopy(app, "before exit");
     const int answer = app.frame.Msgb_Show(saveQuestion, saveQuestionStyle, applicationTitle);
     if (answer == Msgb_Code_Cancel) return Exit_Answer::Stay;
     if (answer != Msgb_Code_Yes) return Exit_Answer::Leave;
@@ -70,6 +71,7 @@ void TMR_Abre_ZTP_Timer(const App_Context& app) {
     PRO_Arma_Configuration(app.grids);
     PRO_Llena_Configuration(app.grids);
     app.form().Document_Open = true;
+    settleDocument(app);
     if (app.grids.FLX_Configuration.Rows() <= 1) return; // the default template isn't there
     app.grids.FLX_Configuration.setRow(1);
     FLX_Configuration_RowColChange(app.grids);
@@ -78,6 +80,7 @@ void TMR_Abre_ZTP_Timer(const App_Context& app) {
 void TMR_Inicial_ZTP_Timer(const App_Context& app) {
     app.frame.setTimerEnabled(Timer_Name::TMR_Inicial_ZTP, false);
     app.frame.showForm();
+    tellCopies(app);
 }
 
 void TIM_Tamaño_normal_Timer(const App_Context& app) {

@@ -44,8 +44,9 @@ Program_Places programPlaces() {
 }
 
 KVRT_Principal::KVRT_Principal(const Program_Places& places)
-    : recoveryFolder_(places.recoveryFolder),
-      recovery_(recoveryFolder_, timeOfDay, std::to_string(QCoreApplication::applicationPid())),
+    : recoveryFolder_(places.recoveryFolder), savedFolder_(filesFolder(places.recoveryFolder)),
+      recovery_(recoveryFolder_, timeOfDay, std::to_string(QCoreApplication::applicationPid()),
+                &savedFolder_),
       frame_(window_, edge_), line_(app_, frame_, pathToNative(places.applicationFolder),
                                     storedPortSettings(openStore(settings_, places.settingsFile))),
       formWindows_(frame_), widths_([this] { return window_.FLX_Settings().view().font(); },
@@ -114,7 +115,7 @@ void KVRT_Principal::connectTimers() {
     onTick(Timer_Name::TMR_TxRx, [&comm] { TMR_TxRx_Timer(comm); });
     onTick(Timer_Name::TMR_Forza_analogas, [&comm] { TMR_Forza_analogas_Timer(comm); });
     onTick(Timer_Name::TIM_Tamaño_normal, [this] { TIM_Tamaño_normal_Timer(app_); });
-    copyTimer_.setInterval(recoveryTickMs);
+    copyTimer_.setInterval(recoveryLookMs);
     QObject::connect(&copyTimer_, &QTimer::timeout, &copyTimer_,
                      [this] { edge_.run([this] { TMR_Copia_Timer(app_, clock_.elapsed()); }); });
 }
@@ -150,7 +151,9 @@ int KVRT_Principal::run() {
 
 /// Nothing handled it: what the document holds is kept for "Recover...", and the program ends.
 void KVRT_Principal::stopOnFailure(const Run_Time_Failure& failure) {
-    if (form_.Dirty) ignoringFailure([this] { keepCopy(app_, "run-time error"); });
+    ignoringFailure([this] {
+        if (hasChanges(app_)) keepCopy(app_, "run-time error");
+    });
     tellRunTimeFailure(frame_, failure);
     frame_.endProgram(1);
 }

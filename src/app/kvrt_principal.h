@@ -4,11 +4,11 @@
 #include "app/desktop_parts.h"
 #include "app/form_commands.h"
 #include "app/line_parts.h"
-#include "app/native_recovery_folder.h"
 #include "app/qt_settings_store.h"
 #include "app/qt_text_widths.h"
 #include "app/report_parts.h"
 #include "app/window_frame.h"
+#include "recovery/native_recovery_folder.h"
 #include "template/native_files.h"
 
 #include <QElapsedTimer>
@@ -81,6 +81,7 @@ class KVRT_Principal {
     Native_Files files_;
     std::optional<Qt_Settings_Store> settings_;
     Native_Recovery_Folder recoveryFolder_;
+    Native_Recovery_Folder savedFolder_; ///< of files as they were before a save
     Recovery recovery_;
     Main_Window window_;
     Window_Frame frame_;

@@ -1,4 +1,5 @@
 #include "app/document_commands.h"
+#include "app/document_lines.h"
 #include "app/font_size.h"
 #include "app/menu_state.h"
 #include "app/open_steps.h"
@@ -52,7 +53,6 @@ bool chooseFile(const App_Context& app) {
 /// Empties the model before anything was asked: the grids go on showing the old document.
 void emptyModel(const App_Context& app, const std::vector<std::string>& items) {
     Declara_Zorvane& document = app.document();
-    if (app.form().Dirty) keepCopy(app, "before Open");
     app.state.modelEmptied = true;
     ++document.Edition;
     document.Download_Blocks.redim(0);
@@ -104,6 +104,7 @@ void nameDocument(const App_Context& app, const Opening& opening) {
 void updateDocument(const App_Context& app, bool& ok) {
     Declara_Zorvane& document = app.document();
     const std::string stem = document.File_Folder + document.File_Stem;
+    keepFileBefore(app, updatedPath(stem, document.File_Extension));
     ignoringFailure([&] { PRO_Actualiza_Archivo(app.files, stem, document.File_Extension); });
     ignoringFailure([&] {
         PRO_Leer_DefaultFIle(document, app.reading(), updatedPath(stem, document.File_Extension), ok);
@@ -148,11 +149,15 @@ void showDocument(const App_Context& app) {
 } // namespace
 
 bool openChosen(const App_Context& app, const Opening& opening) {
+    const Leaving leaving(app, "before Open");
     emptyModel(app, opening.items);
     bool ok = true;
     ignoringFailure([&] { PRO_Cierra_Documento(app, ok); });
     app.recovery.leave();
-    if (!ok) return false;
+    if (!ok) {
+        tellEmptied(app, leaving.name());
+        return false;
+    }
     hideGrids(app);
     PRO_Limpia_Documento(app);
     if (opening.readOnly)
@@ -165,6 +170,11 @@ bool openChosen(const App_Context& app, const Opening& opening) {
     app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
     const bool updated = readDocument(app, opening, ok);
     showDocument(app);
+    if (opening.recoveredName)
+        app.recovery.watchAll();
+    else
+        settleDocument(app);
+    leaving.tell();
     if (updated)
         app.frame.setPanel(Panel::Message, ok ? "The file was updated." : "Zorvane can't update this file.");
     return true;

@@ -1,5 +1,6 @@
 #include "app/recover_command.h"
 
+#include "app/document_lines.h"
 #include "app/open_steps.h"
 #include "comm/title.h"
 
@@ -9,8 +10,10 @@ namespace {
 
 const std::string copyGone = "This recovery copy isn't there any more.";
 
-/// The copy goes on as the document's own, unless the document doesn't hold all that it says.
+/// The copy goes on as the document's own, unless the document doesn't hold all that it says. A file from
+/// before a save stays as it is.
 void adoptCopy(const App_Context& app, const Recovery_Entry& entry, const std::string& path) {
+    if (entry.beforeSave) return;
     ignoringFailure([&] {
         if (withoutHeader(app.files.read(path)) == recoveryText(app.document()))
             app.recovery.adopt(entry.file, app.document());
@@ -31,6 +34,7 @@ void openRecoveryCopy(const App_Context& app, const Recovery_Entry& entry) {
     if (openChosen(app, {path, false, {}, entry.name})) {
         PRO_Titulo_Modificado(app.document(), app.form(), app.frame);
         adoptCopy(app, entry, path);
+        refreshCopies(app);
     }
     app.recovery.spare("");
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/recovery.h"
+#include "recovery/recovery.h"
 #include "ui/fixed_dialog.h"
 
 #include <QDialog>

@@ -1,8 +1,8 @@
 #include "app/document_commands.h"
-#include "app/native_recovery_folder.h"
 #include "app/recover_command.h"
 #include "app/recovery_keeper.h"
 #include "app/testing/app_bench.h"
+#include "recovery/native_recovery_folder.h"
 #include "template/native_files.h"
 #include "template/pro_escribe_archivo.h"
 #include "template/testing/temporary_folder.h"
@@ -19,11 +19,13 @@
 #include <stdexcept>
 #include <string>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 // A program that edits, saves, opens and closes at random is killed at a random moment, again and again. Each
 // edit writes one number into every value of the document, so a torn file shows. Whatever the moment, the
 // last state older than half a minute, or a newer one, has to be in the file or in a recovery copy, whole.
+// The first change after an Open or a save has to be there within a second.
 
 namespace zorvane {
 namespace {
@@ -82,6 +84,7 @@ struct Real_Bench : App_Bench {
 struct Report {
     std::int64_t now;
     std::int64_t state;
+    bool first; ///< the state is the first change after an Open or a save
 };
 
 /// The program that gets killed. Its clock is its own; nothing in it waits.
@@ -121,7 +124,7 @@ class Victim {
         if (!bench_.form.Document_Open || bench_.state.modelEmptied) return open();
         putState(bench_.document, ++last_);
         bench_.edit(1, std::to_string(last_));
-        report();
+        report(std::exchange(settled_, false));
     }
 
     /// Time goes by, and the window's timer fires in it.
@@ -130,13 +133,15 @@ class Victim {
             now_ = std::min(end, nextTick_);
             if (now_ < nextTick_) break;
             TMR_Copia_Timer(bench_.real, now_);
-            nextTick_ += recoveryTickMs;
+            nextTick_ += recoveryLookMs;
         }
         report();
     }
 
     void save() {
-        if (bench_.frame.menuEnabled(Menu_Entry::MNU_Save)) MNU_Save_Click(bench_.real);
+        if (!bench_.frame.menuEnabled(Menu_Entry::MNU_Save)) return;
+        MNU_Save_Click(bench_.real);
+        settled_ = !bench_.document.Save_Failed;
     }
 
     void saveAs() {
@@ -162,12 +167,13 @@ class Victim {
     void open() {
         answerAnyhow();
         openFile(bench_.real, bench_.path, false);
+        settled_ = bench_.form.Document_Open && !bench_.state.modelEmptied;
         bench_.frame.scriptedDialog.answers.clear();
         bench_.journal.clear();
     }
 
-    void report() const {
-        const Report report{now_, last_};
+    void report(bool first = false) const {
+        const Report report{now_, last_, first};
         if (::write(pipe_, &report, sizeof report) != static_cast<ssize_t>(sizeof report)) _exit(3);
     }
 
@@ -176,8 +182,9 @@ class Victim {
     std::mt19937 random_;
     bool calm_; ///< hardly ever does anything but edit, so that only the timer keeps what it does
     std::int64_t now_ = 0;
-    std::int64_t nextTick_ = recoveryTickMs;
+    std::int64_t nextTick_ = recoveryLookMs;
     std::int64_t last_ = 1;
+    bool settled_ = true; ///< the document is as its file says
 };
 
 /// The state in the file; 0 when it is torn.
@@ -223,7 +230,8 @@ std::vector<Report> killAfter(pid_t victim, int pipe, std::size_t count, usecond
 std::int64_t safeState(const std::vector<Report>& reports) {
     std::int64_t state = 1;
     for (const Report& report : reports)
-        if (report.now <= reports.back().now - recoveryIntervalMs) state = report.state;
+        if (report.now <= reports.back().now - (report.first ? firstCopyMs : recoveryIntervalMs))
+            state = std::max(state, report.state);
     return state;
 }
 
@@ -275,9 +283,18 @@ int unfinishedCopies(const std::string& home) {
     return count;
 }
 
+/// Whether the last of the first changes had to be safe and was younger than half a minute.
+bool endsInAFirstChange(const std::vector<Report>& reports) {
+    return std::any_of(reports.begin(), reports.end(), [&](const Report& report) {
+        const std::int64_t age = reports.back().now - report.now;
+        return report.first && age >= firstCopyMs && age < recoveryIntervalMs;
+    });
+}
+
 TEST(RecoveryKill, AtAnyMomentTheLastStateOlderThanHalfAMinuteIsSafe) {
     std::mt19937 random(20261121);
     int longRounds = 0;
+    int firstChanges = 0;
     int killedInCopy = 0;
     int tornFiles = 0;
     for (int round = 0; round < rounds; ++round) {
@@ -287,15 +304,18 @@ TEST(RecoveryKill, AtAnyMomentTheLastStateOlderThanHalfAMinuteIsSafe) {
         killedInCopy += unfinishedCopies(home.path());
         const std::int64_t safe = safeState(reports);
         longRounds += safe > 1 ? 1 : 0;
+        firstChanges += endsInAFirstChange(reports) ? 1 : 0;
         const std::int64_t inFile = fileState(home.path());
         tornFiles += inFile == 0 ? 1 : 0;
         EXPECT_GE(std::max(inFile, newestCopy(home.path())), safe)
             << "round " << round << " of " << reports.size() << " reports";
     }
     RecordProperty("rounds_longer_than_half_a_minute", longRounds);
+    RecordProperty("rounds_that_end_in_a_first_change", firstChanges);
     RecordProperty("rounds_killed_in_the_middle_of_a_copy", killedInCopy);
     RecordProperty("rounds_that_left_a_torn_file", tornFiles);
     EXPECT_GT(longRounds, rounds / 2) << "the test has to reach the case that it is about";
+    EXPECT_GT(firstChanges, rounds / 10);
     EXPECT_GT(killedInCopy + tornFiles, 0);
 }
 

@@ -1,8 +1,9 @@
 #include "app/document_commands.h"
 #include "app/frame_life.h"
-#include "app/recovery.h"
 #include "app/recovery_keeper.h"
 #include "app/testing/app_bench.h"
+#include "grids/fill_settings.h"
+#include "recovery/recovery.h"
 #include "template/testing/document_text.h"
 
 #include <gmock/gmock.h>
@@ -35,6 +36,13 @@ struct RecoveryCopies : testing::Test, App_Bench {
     }
     [[nodiscard]] std::string onlyCopy() const {
         return folder.texts.size() == 1 ? folder.texts.begin()->second : std::string("not one copy");
+    }
+    /// The reasons of the copies of unsaved changes on offer.
+    [[nodiscard]] std::vector<std::string> offered() {
+        std::vector<std::string> reasons;
+        for (const Recovery_Entry& entry : recovery.list())
+            if (!entry.beforeSave) reasons.push_back(entry.why);
+        return reasons;
     }
     void openOther(int response) {
         answer(response);
@@ -86,6 +94,7 @@ TEST_F(RecoveryCopies, AreKeptBeforeEitherExitAsks) {
 }
 
 TEST_F(RecoveryCopies, ADocumentWithoutChangesHasNone) {
+    edit(1, "10");
     form.Dirty = false;
     openFile(app, "/home/site7.abc", false);
     MNU_Close_Click(app);
@@ -257,6 +266,80 @@ TEST_F(RecoveryCopies, TheCopyBelongsToTheTemplateThatWasReadWhateverSaveAsNames
     EXPECT_THAT(folder.list(), ElementsAre(firstCopy, "20261121032005-1-2.ABC"));
 }
 
+TEST_F(RecoveryCopies, AFailedSavesCopyIsOnOfferAtOnceAndUntilAGoodSave) {
+    files.failAfter(30);
+    bool listedInTheSecond = false;
+    frame.base.duringPause = [&](std::int32_t) { listedInTheSecond = !offered().empty(); };
+    MNU_Save_Click(app);
+    frame.base.duringPause = nullptr;
+    EXPECT_TRUE(listedInTheSecond);
+    EXPECT_THAT(offered(), ElementsAre("Save failed"));
+    EXPECT_TRUE(form.Document_Open);
+    files.failAfter(doubles::Memory_Files::noLimit);
+    MNU_Save_Click(app);
+    EXPECT_THAT(offered(), IsEmpty());
+}
+
+TEST_F(RecoveryCopies, AFailedSaveAsIsOnOfferAtOnceToo) {
+    choose("/nowhere/site8.abc");
+    MNU_Saveas_Click(app);
+    EXPECT_THAT(offered(), ElementsAre("Save As failed"));
+}
+
+TEST_F(RecoveryCopies, ACopyOfTheDocumentAtHandThatTheUserDeletesIsMadeAnew) {
+    files.failAfter(0);
+    MNU_Save_Click(app);
+    for (const Recovery_Entry& entry : recovery.list())
+        recovery.remove(entry);
+    EXPECT_THAT(folder.texts, IsEmpty());
+    EXPECT_THAT(filesBefore.texts, IsEmpty());
+    TMR_Copia_Timer(app, 0);
+    EXPECT_EQ(onlyCopy(), copyOf("11", "changed"));
+    EXPECT_THAT(offered(), IsEmpty());
+}
+
+TEST_F(RecoveryCopies, TheFileIsKeptAsItWasBeforeASaveWritesOverIt) {
+    files.put("/home/site7.abc", "what was there; with a remark");
+    MNU_Save_Click(app);
+    ASSERT_EQ(recovery.list().size(), 1U);
+    const Recovery_Entry kept = recovery.list()[0];
+    EXPECT_EQ(kept.why, "before Save");
+    EXPECT_EQ(kept.name, "SITE7.ABC");
+    EXPECT_EQ(kept.model, "ABC 100");
+    EXPECT_EQ(keptBytes(filesBefore.texts.at(kept.file)), "what was there; with a remark");
+}
+
+TEST_F(RecoveryCopies, TheFileIsKeptBeforeTheFirstByteOfASaveIsWritten) {
+    files.failAfter(0);
+    MNU_Save_Click(app);
+    EXPECT_EQ(files.text("/home/site7.abc"), "");
+    ASSERT_EQ(filesBefore.texts.size(), 1U);
+    EXPECT_EQ(keptBytes(filesBefore.texts.begin()->second), smallDocument("10", "20"));
+}
+
+TEST_F(RecoveryCopies, SaveAsKeepsTheFileThatItWritesOverAsOneOfItsOwnTemplate) {
+    files.put("/app/XYZ.ZTP", doubles::smallTemplate());
+    files.put("/home/other.xyz", "another document");
+    choose("/home/other.xyz");
+    MNU_Saveas_Click(app);
+    ASSERT_THAT(filesBefore.list(), ElementsAre("20261121032005-1-1.XYZ"));
+    EXPECT_EQ(filesBefore.texts.begin()->second, ";time=2026-11-21 03:20:05\r\n;name=other.xyz\r\n"
+                                                 ";model=\r\n;kept=before Save\r\nanother document");
+}
+
+TEST_F(RecoveryCopies, ASaveThatLosesNothingKeepsNoFile) {
+    choose("/home/new.abc");
+    MNU_Saveas_Click(app);
+    MNU_Save_Click(app);
+    EXPECT_THAT(filesBefore.texts, IsEmpty());
+}
+
+TEST_F(RecoveryCopies, ACopyThatASaveDidntComeToTheEndOfSaysSo) {
+    keepCopy(app, "before Save");
+    recovery.leave();
+    EXPECT_EQ(recovery.list().at(0).why, "during Save");
+}
+
 struct RecoveryTimer : RecoveryCopies {
     void tickUntil(std::int64_t& now, std::int64_t end) {
         for (; now < end; now += recoveryTickMs)
@@ -291,6 +374,7 @@ TEST_F(RecoveryTimer, TypingOnAndOnWritesFarLessOftenThanItTicks) {
 }
 
 TEST_F(RecoveryTimer, WithoutChangesNothingIsWritten) {
+    edit(1, "10");
     form.Dirty = false;
     TMR_Copia_Timer(app, 0);
     EXPECT_EQ(folder.writes, 0);
@@ -317,6 +401,116 @@ TEST_F(RecoveryTimer, AnEmptiedModelIsLeftAlone) {
     openOther(Msgb_Code_Cancel);
     TMR_Copia_Timer(app, 0);
     EXPECT_EQ(onlyCopy(), copyOf("11", "before Open"));
+}
+
+TEST_F(RecoveryTimer, AChangeWithoutAMarkIsKeptToo) {
+    MNU_Save_Click(app);
+    ASSERT_FALSE(form.Dirty);
+    document.Fields(1).Cells(1, 2).Value = "0";
+    TMR_Copia_Timer(app, 0);
+    EXPECT_EQ(onlyCopy(), copyOf("0", "changed"));
+    MNU_Close_Click(app);
+    EXPECT_EQ(onlyCopy(), copyOf("0", "before Close")) << "nobody was asked";
+}
+
+TEST_F(RecoveryTimer, WhatPollingOrTheFillOfAPagePutThereIsNoChange) {
+    MNU_Save_Click(app);
+    Cell_Rec& cell = document.Fields(1).Cells(1, 2);
+    document.Passing.put(cell, {1, 1, 2}, "4711");
+    for (int tick = 0; tick < 100; ++tick)
+        TMR_Copia_Timer(app, tick * recoveryLookMs);
+    EXPECT_THAT(folder.texts, IsEmpty());
+    edit(2, "21");
+    TMR_Copia_Timer(app, 100 * recoveryLookMs);
+    const std::string both = smallDocument("4711", "21");
+    EXPECT_EQ(withoutHeader(onlyCopy()), both) << "a copy is what Save would write";
+    const int writes = folder.writes;
+    document.Passing.put(cell, {1, 1, 2}, "4712");
+    for (int tick = 200; tick < 300; ++tick)
+        TMR_Copia_Timer(app, tick * recoveryLookMs);
+    EXPECT_EQ(folder.writes, writes);
+}
+
+TEST_F(RecoveryTimer, AFilledPageOfHalfRegistersIsNoChange) {
+    document.Fields(1).Cells(1, 2).Address = "40001/HI";
+    document.Fields(1).Cells(1, 2).Value = "007";
+    settleDocument(app);
+    PRO_Llena_Settings(app.grids, 1, false);
+    EXPECT_EQ(value(1), "7");
+    TMR_Copia_Timer(app, 0);
+    EXPECT_THAT(folder.texts, IsEmpty());
+}
+
+TEST_F(RecoveryTimer, TheFirstChangeIsKeptWithinASecondAlsoRightAfterASave) {
+    TMR_Copia_Timer(app, 0);
+    for (std::int64_t now = recoveryLookMs; now < 20'000; now += recoveryLookMs) {
+        MNU_Save_Click(app);
+        const std::string low = std::to_string(now + 100'000);
+        edit(1, low);
+        TMR_Copia_Timer(app, now);
+        EXPECT_EQ(withoutHeader(onlyCopy()), smallDocument(low, "20")) << now;
+    }
+    EXPECT_LE(recoveryLookMs, firstCopyMs / 2) << "a look and the time to write";
+}
+
+TEST_F(RecoveryTimer, AfterAQuietWhileTheNextChangeIsTheFirstAgain) {
+    TMR_Copia_Timer(app, 0);
+    for (std::int64_t now = recoveryLookMs; now < 60'000; now += recoveryLookMs)
+        TMR_Copia_Timer(app, now);
+    edit(1, "12");
+    TMR_Copia_Timer(app, 60'000);
+    EXPECT_EQ(onlyCopy(), copyOf("12", "changed"));
+}
+
+TEST_F(RecoveryTimer, AFailedSavesChangesAreKeptThoughTheTitleIsClean) {
+    files.failAfter(0);
+    MNU_Save_Click(app);
+    ASSERT_FALSE(form.Dirty);
+    document.Fields(1).Cells(2, 2).Value = "22";
+    TMR_Copia_Timer(app, 0);
+    EXPECT_EQ(withoutHeader(onlyCopy()), smallDocument("11", "22"));
+}
+
+TEST_F(RecoveryTimer, TheDefaultTemplatesValuesAreNoChange) {
+    App_Bench start;
+    start.files.put("/app/kvrt.ztp", doubles::smallTemplate());
+    TMR_Abre_ZTP_Timer(start.app);
+    TMR_Copia_Timer(start.app, 0);
+    EXPECT_THAT(start.folder.texts, IsEmpty());
+    start.document.Fields(1).Cells(1, 2).Value = "12";
+    TMR_Copia_Timer(start.app, recoveryLookMs);
+    EXPECT_EQ(start.folder.texts.size(), 1U);
+}
+
+TEST_F(RecoveryTimer, ATableOfTheLargestSizeIsComparedByItsWrittenCellsOnly) {
+    document.Fields(2).Cells.redim(32767, 32767);
+    document.Fields(2).Rows = 32767;
+    document.Fields(2).Columns = 32767;
+    document.Fields(2).Cells(32767, 32767).Value = "last";
+    settleDocument(app);
+    EXPECT_LT(ownText(document).size(), 1000U);
+    EXPECT_FALSE(recovery.changed(document));
+    document.Fields(1).Cells(1, 2).Value = "12";
+    EXPECT_TRUE(recovery.changed(document));
+}
+
+TEST_F(RecoveryTimer, AChangedWidthAndACodeThatIsNoNumberAreChangesToo) {
+    settleDocument(app);
+    document.Fields(2).Cells(0, 1).Width = 950;
+    EXPECT_TRUE(recovery.changed(document));
+    settleDocument(app);
+    document.Fields(1).Cells(1, 2).Has_Messages = true;
+    document.Fields(1).Cells(1, 2).Value = "99999999999";
+    settleDocument(app);
+    document.Fields(1).Cells(1, 2).Value = "99999999998";
+    EXPECT_TRUE(recovery.changed(document));
+}
+
+TEST_F(RecoveryTimer, ACellThatWasOnlyLookedAtIsNoChange) {
+    settleDocument(app);
+    document.Passing.put(document.Fields(2).Cells(1, 2), {2, 1, 2}, "3");
+    (void)document.Fields(2).Cells(1, 2);
+    EXPECT_FALSE(recovery.changed(document));
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 #include "ui/frm_debug.h"
 #include "ui/lost_com.h"
 #include "ui/msgb.h"
+#include "ui/text.h"
 
 #include <QAction>
 #include <QApplication>
@@ -220,6 +221,8 @@ void Window_Frame::closePreviews() { callIfAny(extras.closePreviews); }
 void Window_Frame::restartPreviews(double fontSize) {
     if (extras.restartPreviews) extras.restartPreviews(fontSize);
 }
+
+void Window_Frame::choose(const std::string& entry) { window_.menu().action(fromCore(entry))->trigger(); }
 
 void Window_Frame::endProgram(int exitCode) {
     if (edge_.ended()) return;

@@ -71,6 +71,7 @@ class Window_Frame final : public Document_Frame {
     void closePreviews() override;
     void restartPreviews(double fontSize) override;
     void endProgram() override { endProgram(0); }
+    void choose(const std::string& entry) override;
     [[nodiscard]] Window_Dialog& dialog() override { return dialog_; }
 
     /// Ends the event loops, all of them, with that exit code.

@@ -38,10 +38,6 @@ template <class Visit> void forEachCell(const Cell_Table& cells, Visit&& visit) 
             visit(row, column);
 }
 
-void keepReading(Field_Rec& field, std::int32_t row, std::int32_t column, const Cell_Reading& reading) {
-    field.Cells(row, column).Value = reading.value;
-}
-
 } // namespace
 
 void PRO_Aplica_Registros(const Comm_Context& comm, std::int32_t field) {
@@ -54,7 +50,8 @@ void PRO_Aplica_Registros(const Comm_Context& comm, std::int32_t field) {
     forEachCell(cells, [&](std::int32_t row, std::int32_t column) {
         const auto reading = readCell(cells(0, column), cells(row, column), image);
         if (!reading) return;
-        keepReading(record, row, column, *reading);
+        record.Cells(row, column).Value = reading->value;
+        comm.document.Passing.settle({field, row, column});
         if (shown && reading->message) grids.setSettingsText(row, column - 1, *reading->message);
     });
 }
@@ -74,7 +71,7 @@ void PRO_Refresca_Settings(const Comm_Context& comm, std::int32_t row) {
         }
         const auto reading = readCell(definition, cells(r, c), image);
         if (!reading) return;
-        keepReading(record, r, c, *reading);
+        comm.document.Passing.put(record.Cells(r, c), {row, r, c}, reading->value);
         grids.setSettingsText(r, c - 1, reading->shown());
     });
 }

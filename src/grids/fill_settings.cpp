@@ -34,25 +34,34 @@ void colourCurrentCell(VSFlexGrid& grid, const Colour_Words& words, bool modifia
     grid.setCellForeColor(colourOf(modifiable ? words.Color_Txt_Modifiable : words.Color_Txt_Normal));
 }
 
+/// A field being shown, and where.
+struct Field_Filling {
+    VSFlexGrid& grid;
+    Declara_Zorvane& document;
+    Field_Rec& field;
+    std::int32_t number; ///< the field's
+};
+
 /// Tables are read through the constant model, so that cells never written take no memory by being shown.
-void fillCell(VSFlexGrid& grid, Field_Rec& field, std::int32_t r, std::int32_t c,
-              const Cell_Decision& decide) {
-    const Cell_Table& cells = field.Cells;
+void fillCell(const Field_Filling& filling, std::int32_t r, std::int32_t c, const Cell_Decision& decide) {
+    VSFlexGrid& grid = filling.grid;
+    const Cell_Table& cells = filling.field.Cells;
     const Cell_Fill fill = decide(cells(r, c + 1));
-    if (fill.stored) field.Cells(r, c + 1).Value = *fill.stored;
+    if (fill.stored)
+        filling.document.Passing.put(filling.field.Cells(r, c + 1), {filling.number, r, c + 1}, *fill.stored);
     // A cell that shows nothing also loses what another field left there.
     static const std::string nothing;
     grid.setTextMatrix(r, c, fill.shown ? *fill.shown : nothing);
 }
 
-void fillCells(VSFlexGrid& grid, Declara_Zorvane& document, Field_Rec& field, const Cell_Decision& decide) {
-    const Cell_Table& cells = field.Cells;
-    for (std::int32_t r = 1; r <= field.Rows; ++r)
-        for (std::int32_t c = 0; c < field.Columns; ++c) {
-            grid.setRow(r);
-            grid.setCol(c);
-            colourCurrentCell(grid, document.Colors, cells(0, c + 1).Modifiable);
-            fillCell(grid, field, r, c, decide);
+void fillCells(const Field_Filling& filling, const Cell_Decision& decide) {
+    const Cell_Table& cells = filling.field.Cells;
+    for (std::int32_t r = 1; r <= filling.field.Rows; ++r)
+        for (std::int32_t c = 0; c < filling.field.Columns; ++c) {
+            filling.grid.setRow(r);
+            filling.grid.setCol(c);
+            colourCurrentCell(filling.grid, filling.document.Colors, cells(0, c + 1).Modifiable);
+            fillCell(filling, r, c, decide);
         }
 }
 
@@ -72,7 +81,7 @@ void PRO_Llena_Settings(const Grid_Context& grids, std::int16_t Row, bool /*Prim
     grid.setVisible(false);
     Field_Rec& field = document.Fields(Row);
     layOut(grid, field);
-    fillCells(grid, document, field, decisionFor(grids.comm));
+    fillCells({grid, document, field, Row}, decisionFor(grids.comm));
     for (std::int32_t r = 0; r < grid.Rows(); ++r)
         grid.setRowHeight(r, grids.editors.EDT_Modifica_Settings.Height);
     grid.setVisible(true);

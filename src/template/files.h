@@ -1,6 +1,9 @@
 #pragma once
 
+#include "values/run_time_failure.h"
+
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,6 +33,13 @@ class Files {
     [[nodiscard]] virtual bool exists(const std::string& path) = 0;
     /// The whole file. Failures: 53 no such file, 70 no permission, 75 anything else.
     [[nodiscard]] virtual std::string read(const std::string& path) = 0;
+    /// The same for who only wants to look: nothing where there is no such file or it can't be read.
+    [[nodiscard]] virtual std::optional<std::string> bytes(const std::string& path) {
+        if (!exists(path)) return std::nullopt;
+        std::optional<std::string> text;
+        ignoringFailure([&] { text = read(path); });
+        return text;
+    }
     /// A file created anew, or overwritten. Failures: 70, 75, 76 no such folder.
     [[nodiscard]] virtual std::unique_ptr<Text_Writer> create(const std::string& path) = 0;
     /// The names of all files of a folder, in the order of their names, case ignored.

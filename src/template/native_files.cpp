@@ -26,6 +26,8 @@ namespace {
 constexpr char characterMark = '\x81';
 constexpr char byteMark = '\x8D';
 
+constexpr std::uintmax_t largestDocument = 64 * 1024 * 1024; // bytes
+
 void appendEscape(std::string& out, char mark, std::uint32_t number) {
     char digits[12];
     std::snprintf(digits, sizeof digits, "%" PRIX32, number);
@@ -173,6 +175,13 @@ std::string Native_Files::read(const std::string& path) {
         text.append(buffer, count);
     if (std::ferror(file.get()) != 0) throw Run_Time_Failure(Failure::PathFileAccess);
     return text;
+}
+
+std::optional<std::string> Native_Files::bytes(const std::string& path) {
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(nativePath(found(path)), error);
+    if (error || size > largestDocument) return std::nullopt;
+    return Files::bytes(path);
 }
 
 std::unique_ptr<Text_Writer> Native_Files::create(const std::string& path) {

@@ -3,6 +3,7 @@
 #include "template/files.h"
 #include "values/run_time_failure.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -29,6 +30,8 @@ class Native_Files : public Files {
   public:
     [[nodiscard]] bool exists(const std::string& path) override;
     [[nodiscard]] std::string read(const std::string& path) override;
+    /// Nothing also of a file that is too large for a document, 64 MB.
+    [[nodiscard]] std::optional<std::string> bytes(const std::string& path) override;
     [[nodiscard]] std::unique_ptr<Text_Writer> create(const std::string& path) override;
     [[nodiscard]] std::vector<std::string> list(const std::string& folder) override;
 

@@ -114,9 +114,11 @@ struct App_Bench {
     Recording_Files files{journal};
     Memory_Settings settings{journal};
     Memory_Recovery_Folder folder{journal};
+    Journal unheard;
+    Memory_Recovery_Folder filesBefore{unheard}; ///< as they were before a save
     Fixed_Widths widths;
     std::string time = "2026-11-21 03:20:05";
-    Recovery recovery{folder, [this] { return time; }};
+    Recovery recovery{folder, [this] { return time; }, "1", &filesBefore};
     App_State state;
     App_Context app{{{document, form, link, frame}, upper, lower, navigation, editors, windows},
                     frame,

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/recovery.h"
 #include "comm/testing/journal.h"
+#include "recovery/recovery.h"
 
 #include <map>
 #include <string>

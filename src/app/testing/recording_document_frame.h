@@ -55,6 +55,7 @@ class Recording_Document_Frame : public Document_Frame {
     void closePreviews() override { note("previews closed"); }
     void restartPreviews(double fontSize) override;
     void endProgram() override;
+    void choose(const std::string& entry) override { note("chosen " + entry); }
     [[nodiscard]] CommonDialog& dialog() override { return scriptedDialog; }
 
     [[nodiscard]] bool visible(Form_Part part) const;

@@ -4,6 +4,7 @@ namespace zorvane {
 
 void PRO_Limpia_Modelo(Declara_Zorvane& document) {
     ++document.Edition;
+    document.Passing.settle();
     document.Fields.redim(0);
     document.Config_Columns.redim(0);
     document.Not_Downloadable.redim(0);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "template/model/cell_table.h"
+#include "template/model/passing_values.h"
 #include "values/checked_array.h"
 
 #include <cstdint>
@@ -91,6 +92,8 @@ struct Declara_Zorvane {
     std::string File_Extension; ///< the rest, upper case, without that dot
     std::string File_Folder;    ///< ends in the folder separator
     bool No_Place = false; ///< it has no file of its own: a recovery copy, or the default template's values
+
+    Passing_Values Passing; ///< of its cells, what polling and the filling of a page put there
 
     std::uint64_t Edition = 0; ///< goes up whenever the fields are emptied; `Document_Mark` compares it
 };

@@ -71,6 +71,11 @@ std::string Memory_Files::found(const std::string& path) const {
 
 bool Memory_Files::exists(const std::string& path) { return files_.contains(found(path)); }
 
+std::optional<std::string> Memory_Files::bytes(const std::string& path) {
+    const std::string meant = found(path);
+    return refused_.contains(meant) ? std::nullopt : text(meant);
+}
+
 std::string Memory_Files::read(const std::string& path) {
     const std::string meant = found(path);
     if (!files_.contains(meant)) throw Run_Time_Failure(Failure::FileNotFound);

@@ -36,6 +36,7 @@ class Memory_Files : public Files {
 
     [[nodiscard]] bool exists(const std::string& path) override;
     [[nodiscard]] std::string read(const std::string& path) override;
+    [[nodiscard]] std::optional<std::string> bytes(const std::string& path) override;
     [[nodiscard]] std::unique_ptr<Text_Writer> create(const std::string& path) override;
     [[nodiscard]] std::vector<std::string> list(const std::string& folder) override;
 

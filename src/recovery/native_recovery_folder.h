@@ -1,11 +1,19 @@
 #pragma once
 
-#include "app/recovery.h"
+#include "recovery/recovery.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zorvane {
+
+/// Below the folder of recovery copies: where files lie as they were before a save. UTF-8, both.
+[[nodiscard]] std::string filesFolder(const std::string& recoveryFolder);
+
+/// Makes a file of those bytes (UTF-8 path) and has it reach the disk. 0, or the system's error: EEXIST for a
+/// file that is there already, which stays as it is. One that can't be written to its end goes again.
+[[nodiscard]] int makeFile(const std::string& path, std::string_view bytes);
 
 /// Recovery copies in a folder of this machine, readable by its owner only. The folder is made when the first
 /// copy is written.

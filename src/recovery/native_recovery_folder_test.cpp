@@ -1,4 +1,4 @@
-#include "app/native_recovery_folder.h"
+#include "recovery/native_recovery_folder.h"
 #include "template/native_files.h"
 #include "template/testing/temporary_folder.h"
 

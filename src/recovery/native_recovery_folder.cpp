@@ -1,4 +1,4 @@
-#include "app/native_recovery_folder.h"
+#include "recovery/native_recovery_folder.h"
 
 #include "template/native_files.h"
 
@@ -56,6 +56,14 @@ bool writeWhole(const std::string& path, std::string_view text) {
            ::fsync(file.number()) == 0;
 }
 
+/// Nobody else may look into a folder that has to be made, nor into those above it that have to be made, too.
+void makeFolders(const fs::path& folder) {
+    std::error_code error;
+    if (folder.empty() || fs::exists(folder, error)) return;
+    makeFolders(folder.parent_path());
+    ::mkdir(folder.c_str(), 0700);
+}
+
 bool isAbandoned(const std::string& path) {
     const File_Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
     return file.open() && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0;
@@ -63,11 +71,21 @@ bool isAbandoned(const std::string& path) {
 
 } // namespace
 
+int makeFile(const std::string& path, std::string_view bytes) {
+    const File_Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+    if (!file.open()) return errno;
+    if (writeAll(file.number(), bytes) && (::fsync(file.number()) == 0 || errno == EINVAL)) return 0;
+    const int error = errno;
+    ::unlink(path.c_str());
+    return error;
+}
+
+std::string filesFolder(const std::string& recoveryFolder) { return recoveryFolder + "/Saved"; }
+
 Native_Recovery_Folder::Native_Recovery_Folder(std::string folder) : folder_(std::move(folder)) { sweep(); }
 
 bool Native_Recovery_Folder::write(const std::string& name, const std::string& text) {
-    std::error_code error;
-    if (fs::create_directories(folder_, error)) ::chmod(folder_.c_str(), 0700);
+    makeFolders(folder_);
     const std::string target = native(name);
     const std::string beside = target + std::string(unfinished);
     if (!writeWhole(beside, text) || ::rename(beside.c_str(), target.c_str()) != 0) {
