@@ -13,6 +13,8 @@ class App;
 
 namespace zorvane {
 
+class Recovery;
+
 /// How the program ends.
 enum Exit_Code : int {
     Exit_Success = 0,
@@ -27,6 +29,7 @@ struct Surroundings {
     std::ostream& err;             ///< notices for people
     std::string applicationFolder; ///< the system's text, without a separator at its end
     bool json = false;             ///< the result is one JSON document
+    Recovery* recovery = nullptr;  ///< keeps what a save writes over; null: nothing is kept
 };
 
 /// One call of the program: its arguments, and what it does with them.
@@ -59,5 +62,6 @@ struct Call_Entry {
 [[nodiscard]] std::unique_ptr<Call> makePlanCall();
 [[nodiscard]] std::unique_ptr<Call> makeShowCall();
 [[nodiscard]] std::unique_ptr<Call> makeSetCall();
+[[nodiscard]] std::unique_ptr<Call> makeRecoverCall();
 
 } // namespace zorvane

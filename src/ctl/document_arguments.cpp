@@ -1,8 +1,11 @@
 #include "ctl/document_arguments.h"
 
 #include "ctl/notices.h"
+#include "recovery/recovery.h"
+#include "template/file_names.h"
 #include "template/native_files.h"
 #include "template/pro_escribe_archivo.h"
+#include "values/code_page.h"
 
 #include <CLI/CLI.hpp>
 
@@ -30,6 +33,11 @@ std::string templateFile(const Surroundings& surroundings, const std::string& gi
     return surroundings.files.exists(beside) ? beside : given;
 }
 
+/// The name of the document's template, without ".ZTP".
+std::string typeOf(const Opened_Document& opened) {
+    return upperCase(splitName(splitPath(opened.ztp.path).name).first);
+}
+
 } // namespace
 
 void Document_Arguments::addTemplate(CLI::App& arguments) {
@@ -52,16 +60,30 @@ Opened_Document Document_Arguments::open(const Surroundings& surroundings, Link_
     return opened;
 }
 
+void keepFileBefore(const Surroundings& surroundings, const std::string& path, std::string_view text,
+                    const std::string& type, const std::string& model) {
+    if (surroundings.recovery == nullptr) return;
+    const std::optional<std::string> bytes = surroundings.files.bytes(path);
+    if (!bytes || bytes->empty() || *bytes == text) return;
+    const std::string name(splitPath(path).name);
+    if (!surroundings.recovery->keepFile({name, type, model, *bytes}))
+        tell(surroundings.err,
+             printablePath(path) + ": the file as it was before could not be kept for \"recover\".");
+}
+
 std::string saveDocument(const Surroundings& surroundings, Opened_Document& opened,
                          const std::string& outPath) {
     std::string result = refusal(opened, outPath);
-    if (result.empty())
-        PRO_Escribe_Archivo(opened.document, surroundings.files, pathFromNative(outPath), result);
-    else
+    const std::string path = pathFromNative(outPath);
+    if (result.empty()) {
+        keepFileBefore(surroundings, path, recoveryText(opened.document), typeOf(opened),
+                       opened.document.Controller_Model);
+        PRO_Escribe_Archivo(opened.document, surroundings.files, path, result);
+    } else
         opened.document.Save_Failed = true;
     if (!result.empty())
-        tell(surroundings.err, printablePath(pathFromNative(outPath)) + " could not be written: " +
-                                   printable(result) + ". Choose another file, or mend the cause.");
+        tell(surroundings.err, printablePath(path) + " could not be written: " + printable(result) +
+                                   ". Choose another file, or mend the cause.");
     return result;
 }
 

@@ -4,6 +4,7 @@
 #include "ctl/opened_document.h"
 
 #include <string>
+#include <string_view>
 
 namespace zorvane {
 
@@ -19,6 +20,11 @@ struct Document_Arguments {
     /// people.
     [[nodiscard]] Opened_Document open(const Surroundings& surroundings, Link_Notice* link = nullptr) const;
 };
+
+/// Keeps the bytes of a file that is about to be written over with `text`. What can't be kept is told, and
+/// the save goes on. `model` is the controller's, `type` the name of the template, without ".ZTP".
+void keepFileBefore(const Surroundings& surroundings, const std::string& path, std::string_view text,
+                    const std::string& type, const std::string& model);
 
 /// Writes the document to a file (UTF-8 path). The result is empty, or the reason why it couldn't be written.
 /// Refused without touching the file: a document one of whose files is missing, and a document that was not

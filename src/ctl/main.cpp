@@ -1,11 +1,16 @@
 #include "ctl/painted_calls.h"
 #include "ctl/port_calls.h"
 #include "ctl/program.h"
+#include "recovery/native_recovery_folder.h"
+#include "recovery/recovery.h"
 #include "template/native_files.h"
 
+#include <QDateTime>
+#include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <QStandardPaths>
 
 #include <algorithm>
 #include <iostream>
@@ -28,6 +33,16 @@ bool paints(const std::vector<std::string>& arguments) {
     });
 }
 
+std::string timeOfDay() {
+    return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
+}
+
+/// That of the window; UTF-8, no separator at its end.
+std::string recoveryFolder() {
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return QFile::encodeName(data + QStringLiteral("/Zorvane/Recovery")).toStdString();
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -41,8 +56,13 @@ int main(int argc, char* argv[]) {
         QFileInfo(QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath()).path();
 
     Native_Files files;
-    const Surroundings surroundings{files, std::cout, std::cerr,
-                                    withoutEndSeparator(pathFromNative(folder.toStdString()))};
+    const std::string copies = recoveryFolder();
+    Native_Recovery_Folder unsaved(copies);
+    Native_Recovery_Folder saved(filesFolder(copies));
+    Recovery recovery(unsaved, timeOfDay, std::to_string(QCoreApplication::applicationPid()), &saved);
+    const Surroundings surroundings{files,     std::cout,
+                                    std::cerr, withoutEndSeparator(pathFromNative(folder.toStdString())),
+                                    false,     &recovery};
     std::vector<Call_Entry> calls = documentCalls();
     for (const Call_Entry& call : portCalls())
         calls.push_back(call);

@@ -77,6 +77,7 @@ std::vector<Call_Entry> documentCalls() {
         {"update", "Rewrite a configuration of the older KVRT generation", makeUpdateCall},
         {"apply", "Fill a document from a saved register image", makeApplyCall},
         {"plan", "Show every write that a download would make", makePlanCall},
+        {"recover", "List kept copies of documents, or fetch one to a file", makeRecoverCall},
     };
 }
 

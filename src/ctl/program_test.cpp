@@ -64,7 +64,7 @@ std::string inOneLine(const std::string& text) {
 TEST(Program, TheHelpOfEachCallIsWhole) {
     std::string help = run({"--help"}).out;
     for (const char* call : {"models", "check", "dump", "show", "set", "save", "update", "apply", "plan",
-                             "upload", "download", "watch", "report"})
+                             "recover", "upload", "download", "watch", "report"})
         help += "== " + std::string(call) + "\n" + run({call, "--help"}).out;
     std::ifstream file(CTL_HELP);
     const std::string expected((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());

@@ -1,4 +1,5 @@
 #include "ctl/call.h"
+#include "ctl/document_arguments.h"
 #include "ctl/json_text.h"
 #include "ctl/notices.h"
 #include "ctl/opened_document.h"
@@ -59,9 +60,10 @@ class Update_Call : public Call {
                                        "names its template. Rename the file.");
             return std::nullopt;
         }
+        const std::string output = updatedPath(parts->stemPath, parts->extension);
+        keepFileBefore(surroundings, output, {}, lastExtension(output), "");
         const auto failure =
             failureOf([&] { PRO_Actualiza_Archivo(surroundings.files, parts->stemPath, parts->extension); });
-        const std::string output = updatedPath(parts->stemPath, parts->extension);
         if (!failure) return output;
         tellFailure(surroundings.err, printablePath(output), *failure);
         return std::nullopt;

@@ -1,6 +1,8 @@
 #include "ctl/testing/ctl_bench.h"
 
 #include "ctl/program.h"
+#include "recovery/native_recovery_folder.h"
+#include "recovery/recovery.h"
 #include "template/native_files.h"
 
 #include <algorithm>
@@ -19,11 +21,13 @@ Ctl_Bench::Ctl_Bench() {
     if (::mkdtemp(name.data()) == nullptr)
         throw std::system_error(errno, std::generic_category(), "a folder for the test");
     folder_ = name;
+    ::setenv("XDG_DATA_HOME", recovery().c_str(), 1); // of programs that the test starts
 }
 
 Ctl_Bench::~Ctl_Bench() {
     std::error_code ignored;
     fs::remove_all(folder_, ignored);
+    fs::remove_all(recovery(), ignored);
 }
 
 std::string Ctl_Bench::file(const std::string& name, const std::string& bytes) {
@@ -50,7 +54,12 @@ Ctl_Run Ctl_Bench::run(const std::vector<std::string>& arguments) const {
     Native_Files files;
     std::ostringstream out;
     std::ostringstream err;
-    const int code = runProgram(documentCalls(), arguments, {files, out, err, "/opt/zorvane"});
+    Native_Recovery_Folder unsaved(recovery());
+    Native_Recovery_Folder saved(filesFolder(recovery()));
+    Recovery copies(
+        unsaved, [this] { return time; }, "7", &saved);
+    const int code =
+        runProgram(documentCalls(), arguments, {files, out, err, "/opt/zorvane", false, &copies});
     return {code, out.str(), err.str()};
 }
 

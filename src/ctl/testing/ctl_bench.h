@@ -31,8 +31,12 @@ class Ctl_Bench {
     /// The names of all that lies in the folder, in order.
     [[nodiscard]] std::vector<std::string> names() const;
 
-    /// Runs the calls in this process. The application folder is "/opt/zorvane".
+    /// Runs the calls in this process. The application folder is "/opt/zorvane", and what a save writes over
+    /// is kept in the folder `recovery()`, at `time`.
     [[nodiscard]] Ctl_Run run(const std::vector<std::string>& arguments) const;
+
+    [[nodiscard]] std::string recovery() const { return folder_.string() + "-recovery"; }
+    std::string time = "2026-11-21 03:20:05";
 
   private:
     std::filesystem::path folder_;
