@@ -5,8 +5,8 @@
 
 Half of the kills come at any moment of the program's life, the other half while the file is being written. After each
 one the document's file must be whole, as it was or as it was to become; or, cut short by the kill, the beginning of
-the new text, and then a recovery copy must hold all of it. Nothing else may lie in the document's folder. Exit code 1
-when anything was lost.
+the new text, and then a recovery copy must hold all of it. A change that was seen for a second must be in a copy in any
+case. Nothing else may lie in the document's folder. Exit code 1 when anything was lost.
 """
 import argparse
 import collections
@@ -16,14 +16,18 @@ import random
 import shutil
 import sys
 import threading
+import time
 
 from driver.desktop import Desktop
 from driver.waiting import Given_Up, Vanished, given_up, wait_for
-from driver.zorvane import Zorvane
+from driver.zorvane import SAVED_FOLDER, Zorvane
 
 EDITED_CELL = (0, 2)  # of field 1: a free text
 LONGEST_LIFE_S = 7.0  # a start and two or three rounds
 LONGEST_WRITE_S = 0.003
+LONGEST_WITHOUT_A_COPY_S = 1.0
+SLACK_S = 0.5  # for a busy machine, and for looking
+NOT_KEPT_YET = "whole, old; the change not kept yet"
 MARK = b"Kill 00000"
 IN_MODIFY = 0x2
 
@@ -81,6 +85,11 @@ class Life:
         self._while_writing = dice.random() < 0.5
         self._moment = dice.uniform(0, LONGEST_WRITE_S if self._while_writing else LONGEST_LIFE_S)
         self._killer = None
+        self._seen = self._killed = None  # when the change was seen, and when the kill came
+
+    def change_had_its_second(self):
+        """Whether the last change had been there for so long that a copy must hold it."""
+        return self._seen is not None and self._killed - self._seen > LONGEST_WITHOUT_A_COPY_S
 
     def run(self):
         given_up.clear()
@@ -98,6 +107,7 @@ class Life:
 
     def _round(self):
         program, document = self.program, self.document
+        self._seen = None
         self.doing = "open"
         program.open(document.path)
         name = os.path.basename(document.path)
@@ -107,6 +117,11 @@ class Life:
         document.round += 1
         program.enter(*EDITED_CELL, document.entry(document.round))
         program.expect_title(f"* {name} - Zorvane")
+        self._seen = time.monotonic()
+        if not self._while_writing:
+            self.doing = "wait for the copy"
+            wait_for("a copy of the change", lambda: program.copy_with(document.entry(document.round).encode()))
+            assert time.monotonic() - self._seen < LONGEST_WITHOUT_A_COPY_S + SLACK_S, "the copy came late"
         self.doing = "save"
         if self._while_writing:
             watch = File_Watch(document.path)
@@ -126,6 +141,7 @@ class Life:
             threading.Event().wait(self._moment)
             while self.program.process is None:
                 threading.Event().wait(0.01)
+            self._killed = time.monotonic()
             self.program.kill()
             end()
             given_up.set()
@@ -146,9 +162,11 @@ class Judge:
         document = self._document
         text, new, old = document.now(), document.text(document.round), document.text(document.round - 1)
         outcome = self._outcome(text, new, old)
+        if outcome == NOT_KEPT_YET and life.change_had_its_second():
+            outcome = "the change lost"
         others = [name for name in os.listdir(os.path.dirname(document.path))
                   if name != os.path.basename(document.path)]
-        if outcome in ("other bytes", "cut, no copy") or others:
+        if outcome in ("other bytes", "cut, no copy", "the change lost") or others:
             self.lost.append((life.doing, outcome, others, text))
         document.restore(new)
         shutil.rmtree(self._copies)
@@ -159,7 +177,7 @@ class Judge:
         if text == new:
             return "whole, new"
         if text == old:
-            return "whole, old; the change in a copy" if self._copy_of(new) else "whole, old; the change not kept yet"
+            return "whole, old; the change in a copy" if self._copy_of(new) else NOT_KEPT_YET
         if new.startswith(text):
             return "cut, a copy has all" if self._copy_of(new) else "cut, no copy"
         return "other bytes"
@@ -170,7 +188,7 @@ class Judge:
                 with open(os.path.join(folder, name), "rb") as file:
                     lines = file.read().splitlines(keepends=True)
                 text = b"".join(line for line in lines if not line.startswith(b";"))
-                if not name.endswith(".unfinished") and text == wanted:
+                if not name.endswith(".unfinished") and os.path.basename(folder) != SAVED_FOLDER and text == wanted:
                     return True
         return False
 

@@ -11,12 +11,14 @@ SINGLE_WRITE, MULTIPLE_WRITE = 6, 16
 class Terminal:
     """`zorvanectl`, which understands the same documents without a window."""
 
-    def __init__(self, programs):
+    def __init__(self, programs, desktop):
         self._programs = programs
+        self._data = desktop.environment["XDG_DATA_HOME"]  # the recovery copies are the window's
 
     def ask(self, call, *arguments):
         command = [os.path.join(self._programs, "zorvanectl"), call, *map(str, arguments), "--json"]
-        done = subprocess.run(command, capture_output=True, timeout=60)
+        done = subprocess.run(command, capture_output=True, timeout=60,
+                              env={**os.environ, "XDG_DATA_HOME": self._data})
         assert done.returncode == 0, f"{' '.join(command)}: {done.stdout} {done.stderr}"
         return json.loads(done.stdout)
 

@@ -12,6 +12,7 @@ from .programs import Simulator, Terminal
 from .waiting import Vanished, expect, wait_for
 
 SETTINGS_FILE = "Zorvane/Zorvane.conf"
+SAVED_FOLDER = "Saved"  # files as they were before a save
 SIMULATOR = "zorvane-sim"
 MODEL_ENDINGS = (".ZTP", ".KVRT", ".KVRT100", ".KVRT207D", ".R7702-16")
 
@@ -25,7 +26,7 @@ class Zorvane:
         self.programs = programs
         self.folder = programs if installed else self._copied(executable)
         self._executable = executable if installed else os.path.join(self.folder, executable)
-        self.terminal = Terminal(programs)
+        self.terminal = Terminal(programs, desktop)
         self.hands = Hands(desktop)
         self.focus = Focus_Watch(desktop.accessibility)
         self.process = None
@@ -66,9 +67,23 @@ class Zorvane:
     # Files and other programs.
 
     def recovery_copies(self):
-        """The copies in the folders of the user's data, those left out that are still being written."""
-        return [name for _, _, names in os.walk(self.desktop.environment["XDG_DATA_HOME"]) for name in names
-                if not name.endswith(".unfinished")]
+        """The copies of unsaved changes in the user's data, those left out that are still being written."""
+        return [os.path.basename(path) for path in self._copies()]
+
+    def copy_with(self, text):
+        """Whether a copy of unsaved changes holds these bytes."""
+        for path in self._copies():
+            try:
+                with open(path, "rb") as file:
+                    if text in file.read():
+                        return True
+            except FileNotFoundError:
+                continue  # a save dropped it meanwhile
+        return False
+
+    def _copies(self):
+        return [os.path.join(folder, name) for folder, _, names in os.walk(self.desktop.environment["XDG_DATA_HOME"])
+                for name in names if not name.endswith(".unfinished") and os.path.basename(folder) != SAVED_FOLDER]
 
     def kill_with_a_copy(self):
         """Kills the program once a copy of its unsaved changes is kept."""

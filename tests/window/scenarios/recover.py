@@ -1,5 +1,6 @@
 """A program that is killed leaves the unsaved changes behind, and File > Recover... brings them back."""
 import os
+import time
 
 from driver.accessible import Table
 from driver.waiting import expect, wait_for
@@ -57,8 +58,10 @@ def a_copy_is_deleted_after_a_question(program):
     expect("kept files", program.recovery_copies, [])
 
 
-def saving_leaves_nothing_to_recover(program):
+def saving_leaves_only_the_file_as_it_was(program):
     path = program.document()
+    with open(path, "rb") as file:
+        before = file.read()
     program.start()
     program.open(path)
     program.select_field(1)
@@ -69,7 +72,61 @@ def saving_leaves_nothing_to_recover(program):
     program.expect_title("site7.kvrt207d - Zorvane")
     program.choose("File", "Exit")
     assert program.wait_for_end() == 0, "the program ended with a failure"
+    expect("copies of unsaved changes", program.recovery_copies, [])
     program.start()
     program.choose("File", "Recover...")
     form = program.dialog("FrmRecover")
-    expect("the number of copies", lambda: Table(form.part.named("LST_Copies")).row_count, 0)
+    copies = Table(form.part.named("LST_Copies"))
+    expect("the number of copies", lambda: copies.row_count, 1)
+    assert copies.texts()[0][3] == "before Save", f"the copy is {copies.texts()}"
+    form.answer("Open")
+    wait_for("the mark in the title", lambda: program.title.startswith("* "))
+    program.select_field(1)
+    program.expect_cell(0, 2, "Motor contactor up K1")
+    other = program.desktop.path("as-it-was.kvrt207d")
+    listed = program.terminal.ask("recover")["copies"]
+    earlier = next(copy for copy in listed if copy["why"] == "before Save")
+    program.terminal.ask("recover", earlier["copy"], "--out", other)
+    with open(other, "rb") as file:
+        assert file.read() == before, "the file isn't as it was before the save"
+
+
+def a_failed_save_is_on_offer_at_once(program):
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.select_field(1)
+    program.enter(0, 2, "Breaker Q7")
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    os.remove(path)
+    os.mkdir(path)  # nothing can be written in its place
+    program.choose("File", "Save")
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.choose("File", "Recover...")
+    form = program.dialog("FrmRecover")
+    copies = Table(form.part.named("LST_Copies"))
+    expect("the number of copies", lambda: copies.row_count, 1)
+    assert copies.texts()[0][3] == "Save failed", f"the copy is {copies.texts()}"
+    form.answer("Open")
+    wait_for("the mark in the title", lambda: program.title.startswith("* "))
+    program.select_field(1)
+    program.expect_cell(0, 2, "Breaker Q7")
+
+
+def a_change_is_in_a_copy_within_a_second_also_after_a_save(program):
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.select_field(1)
+    for text in ("Breaker Q7", "Breaker Q8", "Breaker Q9"):
+        program.enter(0, 2, text)
+        program.expect_title("* site7.kvrt207d - Zorvane")
+        seen = time.monotonic()
+        wait_for("a copy of the change", lambda: program.copy_with(text.encode()))
+        waited = time.monotonic() - seen
+        assert waited < 1.5, f"the copy came after {waited:.1f} s"
+        program.hands.keys("ctrl+s")
+        program.expect_title("site7.kvrt207d - Zorvane")
+        expect("copies of unsaved changes", program.recovery_copies, [])

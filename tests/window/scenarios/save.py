@@ -153,3 +153,21 @@ def a_failed_save_as_says_why(program):
     assert text.startswith("Can't Save file : path/file error or directory is read only.\nExtra info: "), text
     box.answer("Ok")
     program.expect_title("* site7.kvrt207d - Zorvane")
+
+
+def yes_in_open_leaves_the_file_that_save_as_names_as_it_is(program):
+    """Open has emptied the model by the time of the question, so Save As has nothing to write any more."""
+    path = _opened(program)
+    before = _bytes(path)
+    _change(program)
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    other = program.document("KVRT100")
+    program.open(other)
+    program.message("Do you want to save this file?").answer("Yes")
+    program.dialog("CommonDialog").choose_file(path, "Save")
+    program.message("Can't Save file : path/file error or directory is read only.\n"
+                    "Extra info: Subscript out of range").answer("Ok")
+    program.message("The Zorvane can't write the file, please verify the read only properties...").answer("Ok")
+    program.expect_title("site7.kvrt100 - Zorvane")
+    assert _bytes(path) == before, f"the file has {len(_bytes(path))} bytes, it had {len(before)}"
+    assert program.copy_with(b"Breaker Q7"), "the change is in no copy"
