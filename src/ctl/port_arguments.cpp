@@ -29,6 +29,7 @@ void Port_Arguments::add(CLI::App& arguments) {
     arguments.add_option("--rts", rts_, "What switches an RS-485 driver to sending (default none)")
         ->check(rtsComplaint, "none|rts|rs485");
     arguments.add_option("--tx-delay", txDelayMs_, "Ms between RTS and the first byte (default 0)");
+    arguments.add_flag("--echo", echo_, "The adapter gives back every byte that it sends");
 }
 
 Port_Settings Port_Arguments::settings() const {
@@ -40,6 +41,7 @@ Port_Settings Port_Arguments::settings() const {
     settings.timeOutMs = timeOutMs_.value_or(usualTimeOutMs);
     settings.rts = parseRtsMode(rts_).value_or(Rts_Mode::None);
     settings.txDelayMs = txDelayMs_;
+    settings.adapterEchoes = echo_;
     return settings;
 }
 

@@ -31,6 +31,7 @@ class Port_Arguments {
     std::optional<std::int32_t> timeOutMs_;
     std::string rts_ = "none";
     std::int32_t txDelayMs_ = 0;
+    bool echo_ = false;
 };
 
 /// Hands a template's notices to the link, but leaves the reply time-out to the port settings.
