@@ -1,15 +1,16 @@
 #include "ctl/port_call.h"
 
-#include "comm/cancel.h"
 #include "comm/qt_link.h"
 #include "comm/session.h"
 #include "ctl/notices.h"
 #include "ctl/rehearsal.h"
 #include "ctl/stop_signals.h"
+#include "ctl/transfer.h"
 
 #include <CLI/CLI.hpp>
 
 #include <unistd.h>
+#include <utility>
 
 namespace zorvane {
 
@@ -60,8 +61,13 @@ int Port_Call::run(const Surroundings& surroundings) {
     asker.to = &frame;
     const Comm_Context comm{opened.document, form, link, frame};
     ignoringFailure([&] { PRO_Registra_Bloques(comm); });
-    const Stop_Signals stopSignals([&comm] { BOT_Cancel_Click(comm); });
-    return work({surroundings, opened, comm, frame, assembly.link()});
+    const Stop_Signals stop([&comm, &frame, told = false](bool again) mutable {
+        if (stopTransfer(comm, again) && !std::exchange(told, true))
+            frame.tellLine("Stopping after the write that is under way. Ctrl+C ends at once.");
+    });
+    // All is sent: what a finished download still waits for is of no use to somebody who wants the end.
+    frame.endsWaits = [&] { return stop.asked() && !form.Download_Active; };
+    return work({surroundings, opened, comm, frame, assembly.link(), stop});
 }
 
 } // namespace zorvane

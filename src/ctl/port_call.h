@@ -4,6 +4,7 @@
 #include "comm/modbus_link.h"
 #include "ctl/document_arguments.h"
 #include "ctl/port_arguments.h"
+#include "ctl/stop_wish.h"
 #include "ctl/terminal_frame.h"
 
 namespace zorvane {
@@ -15,10 +16,11 @@ struct Port_Work {
     const Comm_Context& comm;
     Terminal_Frame& frame;
     const Modbus_Link& line; ///< the link of `comm`, to be asked about its port
+    const Stop_Wish& stop;
 };
 
-/// A call that reads a document and works with a controller on a serial port. Ctrl+C sets the form's
-/// `Cancel_Requested`.
+/// A call that reads a document and works with a controller on a serial port. A signal that asks for the
+/// end stops the transfer.
 class Port_Call : public Call {
   public:
     void addArguments(CLI::App& arguments) override;

@@ -7,6 +7,7 @@
 #include "ctl/register_file.h"
 
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,8 @@ struct Download_Plan {
     std::vector<Planned_Write> writes;
     std::vector<std::string> panel4; ///< the texts of the message panel, in order
     std::optional<Failure_Note> failure;
+    /// Registers whose values its writes are built from.
+    std::set<std::int32_t> asked;
 };
 
 /// Runs a download over a register image in which each write succeeds at once.

@@ -1,5 +1,7 @@
 // zorvanectl apply and plan: transfers rehearsed on a register image.
 
+#include "comm/testing/comm_bench.h"
+#include "ctl/rehearsal.h"
 #include "ctl/testing/ctl_bench.h"
 #include "ctl/testing/small_model.h"
 
@@ -137,6 +139,18 @@ TEST_F(Rehearsal, AMissingRegisterFileFails) {
     EXPECT_EQ(planned.out, "");
     EXPECT_EQ(planned.err,
               "zorvanectl: " + bench.path("gone.json") + ": File not found (failure 53). Check the path.\n");
+}
+
+TEST(Plan_Of_A_Download, TellsWhichRegistersItsWritesAreBuiltFrom) {
+    doubles::Comm_Bench bench;
+    Cell_Table& cells = bench.addField(4, 2).Cells;
+    cells(1, 2).Address = "100";
+    cells(2, 2).Address = "4660/HI";
+    cells(3, 2).Address = "300";
+    cells(3, 2).Format = "TIMEMM";
+    cells(3, 2).Value = "5";
+    cells(4, 2).Address = "302";
+    EXPECT_EQ(planDownload(bench.document, {}, {1, 4, 1}).asked, (std::set<std::int32_t>{302, 4660}));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ctl/stop_wish.h"
+
 #include <QSocketNotifier>
 
 #include <array>
@@ -8,19 +10,27 @@
 
 namespace zorvane {
 
-/// While it lives, SIGINT (Ctrl+C) and SIGTERM don't end the program: they call `asked` from the event loop.
-/// There is one at a time.
-class Stop_Signals {
+/// While it lives, SIGINT (Ctrl+C), SIGTERM and SIGHUP (the terminal was closed) don't end the program: they
+/// are kept, and `asked` is called from the event loop for each. SIGHUP stays ignored where it is, as behind
+/// nohup. There is one at a time.
+class Stop_Signals : public Stop_Wish {
   public:
-    explicit Stop_Signals(std::function<void()> asked);
-    ~Stop_Signals();
+    /// `again` is true for a Ctrl+C after another signal: somebody doesn't want to wait any longer.
+    using Asked = std::function<void(bool again)>;
+
+    explicit Stop_Signals(Asked asked);
+    ~Stop_Signals() override;
     Stop_Signals(const Stop_Signals&) = delete;
     Stop_Signals& operator=(const Stop_Signals&) = delete;
+
+    /// The first signal that came. It is known from the moment it came, whether events were served or not.
+    [[nodiscard]] const char* signal() const override;
 
   private:
     void take();
 
-    std::function<void()> asked_;
+    Asked asked_;
+    bool stopping_ = false; ///< a signal has come
     std::array<int, 2> pipe_{-1, -1};
     std::unique_ptr<QSocketNotifier> notifier_;
 };

@@ -70,9 +70,11 @@ void Terminal_Frame::wait_until(const std::function<bool()>& condition) {
 }
 
 void Terminal_Frame::wait_ms(std::int32_t milliseconds) {
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-    loop.exec();
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    timer.start(milliseconds);
+    wait_until([&] { return !timer.isActive() || (endsWaits && endsWaits()); });
 }
 
 void Terminal_Frame::showProgress() {

@@ -22,6 +22,11 @@ class Terminal_Frame : public Held_Frame {
     void wait_until(const std::function<bool()>& condition) override;
     void wait_ms(std::int32_t milliseconds) override;
 
+    /// A line to people, beside the progress.
+    void tellLine(const std::string& text) { printer_.line("zorvanectl: " + text); }
+
+    std::function<bool()> endsWaits; ///< whether a `wait_ms` is over before its time; may be empty
+
   private:
     void addTimer(QTimer& timer, Timer_Name name, int milliseconds);
     void showProgress();

@@ -1,12 +1,12 @@
 #include "ctl/transfer.h"
 
+#include "comm/cancel.h"
 #include "comm/download.h"
-#include "comm/download_blocks.h"
+#include "comm/progress.h"
 #include "comm/session.h"
 #include "comm/transfer_records.h"
 #include "comm/upload.h"
-#include "values/code_page.h"
-#include "values/registers.h"
+#include "ctl/first_reading.h"
 
 #include <algorithm>
 
@@ -53,23 +53,36 @@ std::vector<std::string> refusedBlocks(const std::vector<Info_Rec_Errors>& error
     return refusals;
 }
 
-bool sharesRegister(const Cell_Rec& cell) {
-    const std::string format = upperTrimmed(cell.Format);
-    return format == "TIMEMM" || format == "TIMESS" || halfAddress(cell.Address).has_value();
+void noteSignal(Transfer_Report& report, const Stop_Wish& stop) {
+    if (stop.asked()) report.signal = stop.signal();
 }
 
-/// Whether some request of a download is built from what a register held before: half a register, a time that
-/// two cells share, a block of the board family.
-bool needsImage(const Declara_Zorvane& document) {
-    if (isBoardFamily(document.Controller_Model)) return true;
-    for (std::int32_t f = 1; f <= document.Field_Count; ++f) {
-        const Cell_Table& cells = document.Fields(f).Cells;
-        if (!cells.dimensioned()) continue;
-        for (std::int32_t row = 1; row <= cells.rows(); ++row)
-            for (std::int32_t column = 1; column <= cells.lastWrittenColumn(row); ++column)
-                if (sharesRegister(cells(row, column))) return true;
-    }
-    return false;
+Grid_Selection selectionOf(const Grid_View& grids) {
+    return {grids.configurationRow(), grids.settingsRow(), grids.settingsCol()};
+}
+
+void cancelBefore(const Comm_Context& comm) {
+    bool cancelled = false;
+    comm.form.Cancel_Requested = true;
+    PRO_Verifica_Cancelar(comm, false, cancelled);
+}
+
+void refuseToWrite(const Comm_Context& comm, const First_Reading& reading) {
+    comm.form.Transfer_Errors = reading.errors;
+    if (reading.lost) showNoResponse(comm.frame);
+}
+
+std::optional<Failure_Note> writeAll(const Comm_Context& comm) {
+    keepLog(comm);
+    return failureOf([&] { MNU_Download_Click(comm); });
+}
+
+/// The plan was made on no registers at all, which changes values, but neither writes nor their order.
+Download_Writes writesOf(Guarded_Link& link, const Download_Plan& plan) {
+    Download_Writes writes{link.writes(), {}};
+    const auto sent = static_cast<std::ptrdiff_t>(std::min(writes.sent.size(), plan.writes.size()));
+    writes.notSent.assign(plan.writes.begin() + sent, plan.writes.end());
+    return writes;
 }
 
 std::vector<std::string> failedWrites(const std::vector<std::string>& messages) {
@@ -81,11 +94,22 @@ std::vector<std::string> failedWrites(const std::vector<std::string>& messages) 
 
 } // namespace
 
+std::size_t Download_Writes::count(Write_State state) const {
+    return static_cast<std::size_t>(
+        std::count_if(sent.begin(), sent.end(), [&](const Sent_Write& each) { return each.state == state; }));
+}
+
+bool stopTransfer(const Comm_Context& comm, bool atOnce) {
+    comm.link.PauseScan();
+    const bool waits = !atOnce && comm.form.Download_Active && comm.link.WriteBusy();
+    if (!waits) comm.form.Cancel_Requested = true;
+    return waits;
+}
+
 void readWholePass(const Comm_Context& comm, const std::string& request) {
     modbus_control& link = comm.link;
     selectScan(comm, request);
     if (link.ScanBlockCount() == 0) return;
-    comm.form.Cancel_Requested = false;
     link.ResetScan();
     link.PrepareScan();
     const std::int32_t first = link.ScanBlockIndex();
@@ -101,7 +125,9 @@ void readWholePass(const Comm_Context& comm, const std::string& request) {
     link.EndSession();
 }
 
-Transfer_Report runUpload(const Comm_Context& comm, Held_Frame& frame) {
+Transfer_Report runUpload(const Comm_Context& asked, Held_Frame& frame, const Stop_Wish& stop) {
+    Guarded_Link link(asked.link, asked.form, stop);
+    const Comm_Context comm{asked.document, asked.form, link, asked.frame};
     std::optional<Failure_Note> failure;
     frame.onTimer = [&](Timer_Name timer) {
         if (timer != Timer_Name::TMR_Actualiza_valores || !comm.form.Upload_Active) return;
@@ -110,26 +136,41 @@ Transfer_Report runUpload(const Comm_Context& comm, Held_Frame& frame) {
     };
     keepLog(comm);
     MNU_Upload_Click(comm);
+    if (stop.asked()) comm.form.Cancel_Requested = true; // the command has cleared the wish
     frame.wait_until([&] { return !comm.form.Upload_Active; });
     Transfer_Report report = endTransfer(comm, frame, std::move(failure));
     if (report.finished()) {
         report.passes = comm.form.Scan_Passes;
         report.refusals = refusedBlocks(report.errors);
+    } else {
+        noteSignal(report, stop);
     }
     frame.onTimer = nullptr;
-    comm.link.onExchange({});
     return report;
 }
 
-Transfer_Report runDownload(const Comm_Context& comm, Held_Frame& frame) {
-    // A download after it writes nothing back that was made up. A link that is lost on the way is found by
-    // it.
-    if (needsImage(comm.document)) readWholePass(comm, transferScan);
-    keepLog(comm);
-    std::optional<Failure_Note> failure = failureOf([&] { MNU_Download_Click(comm); });
+Transfer_Report runDownload(const Comm_Context& asked, Held_Frame& frame, const Stop_Wish& stop) {
+    Guarded_Link link(asked.link, asked.form, stop);
+    const Comm_Context comm{asked.document, asked.form, link, asked.frame};
+    const Download_Plan plan = planDownload(comm.document, {}, selectionOf(frame.grids()));
+    frame.Porcentaje().setLabel("Transferring data to controller...");
+    frame.Porcentaje().show();
+    const bool hopeless = plan.failure && plan.writes.empty(); // the first write can't even be built
+    const First_Reading reading = hopeless ? First_Reading() : readBeforeWriting(comm, plan);
+    std::optional<Failure_Note> failure;
+    if (stop.asked())
+        cancelBefore(comm);
+    else if (hopeless)
+        failure = plan.failure;
+    else if (reading.mayWrite())
+        failure = writeAll(comm);
+    else
+        refuseToWrite(comm, reading);
     Transfer_Report report = endTransfer(comm, frame, std::move(failure));
     if (report.finished()) report.refusals = failedWrites(frame.messages());
-    comm.link.onExchange({});
+    if (report.outcome == Transfer_Outcome::Failed) report.obstacles = reading.obstacles;
+    report.writes = writesOf(link, plan);
+    noteSignal(report, stop);
     return report;
 }
 

@@ -1,9 +1,12 @@
 #pragma once
 
 #include "comm/comm_context.h"
+#include "comm/dry_run_link.h"
+#include "ctl/guarded_link.h"
 #include "ctl/held_frame.h"
 #include "ctl/opened_document.h"
 #include "ctl/register_file.h"
+#include "ctl/stop_wish.h"
 
 #include <optional>
 #include <string>
@@ -12,6 +15,15 @@
 namespace zorvane {
 
 enum class Transfer_Outcome { Finished, Failed, Cancelled };
+
+/// The writes of a download: those that it has sent, and those that it would have sent after them.
+struct Download_Writes {
+    std::vector<Sent_Write> sent;
+    std::vector<Planned_Write> notSent;
+
+    [[nodiscard]] std::size_t count(Write_State state) const;
+    [[nodiscard]] std::size_t planned() const { return sent.size() + notSent.size(); }
+};
 
 /// How a transfer ended. The session has ended, too: the port is closed.
 struct Transfer_Report {
@@ -23,18 +35,29 @@ struct Transfer_Report {
     std::optional<Failure_Note> failure; ///< what ended it, when it was a run-time failure
     /// What the controller refused, though the transfer went on to its end: one text a block or register.
     std::vector<std::string> refusals;
+    /// Why a download stopped before its first write: one text a block or range of registers.
+    std::vector<std::string> obstacles;
+    std::optional<Download_Writes> writes; ///< of a download
+    std::string signal;                    ///< which one asked for the end, such as "SIGINT"; else empty
 
     [[nodiscard]] bool finished() const { return outcome == Transfer_Outcome::Finished; }
     /// The controller and the document now hold the same values.
-    [[nodiscard]] bool complete() const { return finished() && refusals.empty(); }
+    [[nodiscard]] bool complete() const { return finished() && refusals.empty() && signal.empty(); }
 };
 
 /// Reads all blocks and, if the upload finishes, fills the document. Waits in the frame, whose timer
 /// `TMR_Actualiza_valores` runs the upload.
-[[nodiscard]] Transfer_Report runUpload(const Comm_Context& comm, Held_Frame& frame);
+[[nodiscard]] Transfer_Report runUpload(const Comm_Context& comm, Held_Frame& frame,
+                                        const Stop_Wish& stop = No_Stop_Wish());
 
-/// Writes every modifiable cell to the controller.
-[[nodiscard]] Transfer_Report runDownload(const Comm_Context& comm, Held_Frame& frame);
+/// Writes every modifiable cell to the controller, once it has answered a read and everything that the writes
+/// are built from is known. Otherwise nothing is written.
+[[nodiscard]] Transfer_Report runDownload(const Comm_Context& comm, Held_Frame& frame,
+                                          const Stop_Wish& stop = No_Stop_Wish());
+
+/// Somebody has asked for the end, by a signal: nothing more is read, and the transfer is cancelled, after
+/// the write that is under way. `atOnce` doesn't wait for that either. True when it waits.
+bool stopTransfer(const Comm_Context& comm, bool atOnce);
 
 /// Reads every block of that request word once, or goes on until the link is lost or the form's
 /// `Cancel_Requested` is set. The port stays open, and the scan is off afterwards.

@@ -20,7 +20,7 @@ void printTransfer(const Surroundings& surroundings, const std::string& name, co
 } // namespace
 
 int Transfer_Call::work(const Port_Work& work) const {
-    const Transfer_Report report = transfer(work.comm, work.frame);
+    const Transfer_Report report = transfer(work);
     const bool kept = report.finished() && keep(work.surroundings, work.opened, work.comm);
     printTransfer(work.surroundings, name_, report);
     return report.complete() && kept ? Exit_Success : Exit_Failed;

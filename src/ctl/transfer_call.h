@@ -7,14 +7,14 @@
 
 namespace zorvane {
 
-/// A call that runs one transfer. Ctrl+C gives it up, in order.
+/// A call that runs one transfer. Ctrl+C gives it up, in order; so do SIGTERM and SIGHUP.
 class Transfer_Call : public Port_Call {
   public:
     /// `name` is "Upload" or "Download".
     explicit Transfer_Call(std::string name) : name_(std::move(name)) {}
 
   protected:
-    [[nodiscard]] virtual Transfer_Report transfer(const Comm_Context& comm, Terminal_Frame& frame) const = 0;
+    [[nodiscard]] virtual Transfer_Report transfer(const Port_Work& work) const = 0;
     /// What is done with a finished transfer; false when that failed.
     [[nodiscard]] virtual bool keep(const Surroundings& /*surroundings*/, Opened_Document& /*opened*/,
                                     const Comm_Context& /*comm*/) const {

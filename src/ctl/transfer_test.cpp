@@ -28,13 +28,19 @@ class Stepping_Frame : public Held_Frame {
     void wait_until(const std::function<bool()>& condition) override {
         for (int events = 0; !condition(); ++events) {
             if (events > 1000) throw std::runtime_error("nothing ends this wait");
-            if (step) step();
+            if (step)
+                step();
+            else
+                scanOn();
             bench_.link.advance();
             if (onTimer) onTimer(Timer_Name::TMR_Actualiza_valores);
         }
     }
 
   private:
+    /// The blocks come by, and all is well.
+    void scanOn() { bench_.link.blockIndex = bench_.link.blockIndex == 1 ? 2 : 1; }
+
     Comm_Bench& bench_;
 };
 

@@ -1,6 +1,7 @@
 #include "ctl/transfer_text.h"
 
 #include "ctl/notices.h"
+#include "ctl/stop_text.h"
 
 #include <ostream>
 
@@ -33,22 +34,33 @@ Json recordsJson(const std::vector<Info_Rec_Errors>& records) {
     return list;
 }
 
+Json writesJson(const Download_Writes& writes) {
+    return {{"planned", writes.planned()},
+            {"written", writes.count(Write_State::Written)},
+            {"failed", writes.count(Write_State::Refused)},
+            {"unknown", writes.count(Write_State::Unknown)},
+            {"not_sent", writes.notSent.size()}};
+}
+
 } // namespace
 
 Json transferJson(const Transfer_Report& report) {
-    return {{"outcome", outcomeWord(report.outcome)},
-            {"passes", report.passes},
-            {"errors", recordsJson(report.errors)},
-            {"log", recordsJson(report.log)},
-            {"panel4", jsonText(report.panel4)}};
+    Json json = {{"outcome", outcomeWord(report.outcome)},
+                 {"passes", report.passes},
+                 {"errors", recordsJson(report.errors)},
+                 {"log", recordsJson(report.log)},
+                 {"panel4", jsonText(report.panel4)}};
+    if (report.writes) json["writes"] = writesJson(*report.writes);
+    return json;
 }
 
 void tellTransfer(std::ostream& err, const std::string& name, const Transfer_Report& report) {
+    tellStop(err, name, report);
     for (const std::string& refusal : report.refusals)
         tell(err, printable(refusal));
     if (report.failure) tellFailure(err, name + " stopped", *report.failure);
     if (report.outcome == Transfer_Outcome::Cancelled) tell(err, printable(report.panel4));
-    if (report.outcome == Transfer_Outcome::Failed && !report.failure)
+    if (report.outcome == Transfer_Outcome::Failed && !report.failure && !report.panel4.empty())
         tell(err,
              printable(report.panel4) + " Check the cable, the port, its settings and the slave number.");
     if (!report.refusals.empty())

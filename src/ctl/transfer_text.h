@@ -8,7 +8,9 @@
 
 namespace zorvane {
 
-/// {"outcome","passes","errors","log","panel4"}, with the members of the records under their names.
+/// {"outcome","passes","errors","log","panel4"}, with the members of the records under their names; of a
+/// download also "writes": {"planned","written","failed","unknown","not_sent"}, the first being the sum of
+/// the others.
 [[nodiscard]] Json transferJson(const Transfer_Report& report);
 
 /// Tells people how a transfer ended, what failed in it, and what to do. `name` is "Upload" or "Download".

@@ -10,8 +10,8 @@ class Download_Call : public Transfer_Call {
     Download_Call() : Transfer_Call("Download") {}
 
   protected:
-    [[nodiscard]] Transfer_Report transfer(const Comm_Context& comm, Terminal_Frame& frame) const override {
-        return runDownload(comm, frame);
+    [[nodiscard]] Transfer_Report transfer(const Port_Work& work) const override {
+        return runDownload(work.comm, work.frame, work.stop);
     }
 };
 

@@ -22,8 +22,8 @@ class Upload_Call : public Transfer_Call {
     }
 
   protected:
-    [[nodiscard]] Transfer_Report transfer(const Comm_Context& comm, Terminal_Frame& frame) const override {
-        return runUpload(comm, frame);
+    [[nodiscard]] Transfer_Report transfer(const Port_Work& work) const override {
+        return runUpload(work.comm, work.frame, work.stop);
     }
 
     [[nodiscard]] bool keep(const Surroundings& surroundings, Opened_Document& opened,
