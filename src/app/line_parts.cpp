@@ -41,6 +41,7 @@ void Line_Parts::connect(const Form_Parts& parts, Transfer_Status_Window::Print_
                         },
                         std::move(printLog),
                         [&edge = parts.edge](const std::function<void()>& handler) { edge.run(handler); }});
+    frame_.extras.showFrmStatus = [this](bool isUpload) { status_->PRO_Muestra_Status(isUpload); };
     frame_.extras.unloadFrmStatus = [this] { status_->unload(); };
     frame_.extras.formEnabledSet = [this] {
         enableReport(frame_.window().formEnabled());
@@ -48,7 +49,7 @@ void Line_Parts::connect(const Form_Parts& parts, Transfer_Status_Window::Print_
             &frame_.window().StatusBar1(), [this] { showLogButton(); }, Qt::QueuedConnection);
     };
     frame_.window().StatusBar1().logChosen = [this, &edge = parts.edge] {
-        edge.run([this] { status_->PRO_Muestra_Status(app_.form().Transfer_Was_Upload); });
+        edge.run([this] { frame_.showFrmStatus(app_.form().Transfer_Was_Upload); });
     };
 }
 

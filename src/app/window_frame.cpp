@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QScreen>
+#include <QTime>
 
 #include <algorithm>
 
@@ -133,7 +134,15 @@ void Window_Frame::setLostComShown(bool shown) {
     if (lostCom_ != nullptr) lostCom_->setVisible(shown);
 }
 
+void Window_Frame::showFrmStatus(bool isUpload) {
+    if (extras.showFrmStatus) extras.showFrmStatus(isUpload);
+}
+
 void Window_Frame::unloadFrmStatus() { callIfAny(extras.unloadFrmStatus); }
+
+std::string Window_Frame::timeOfDay() const {
+    return QTime::currentTime().toString(QStringLiteral("HH:mm:ss")).toStdString();
+}
 
 void Window_Frame::wait_until(const std::function<bool()>& condition) {
     QEventLoop loop;

@@ -23,6 +23,7 @@ struct Window_Extras {
     std::function<void()> removeColumnTip;
     std::function<void()> closePreviews;
     std::function<void(double fontSize)> restartPreviews;
+    std::function<void(bool isUpload)> showFrmStatus;
     std::function<void()> unloadFrmStatus;
     std::function<void()> formEnabledSet; ///< the form was enabled or disabled
 };
@@ -48,8 +49,10 @@ class Window_Frame final : public Document_Frame {
     [[nodiscard]] Window_Progress& Porcentaje() override { return progress_; }
     [[nodiscard]] Window_Grids& grids() override { return grids_; }
     void setLostComShown(bool shown) override;
+    void showFrmStatus(bool isUpload) override;
     void unloadFrmStatus() override;
     [[nodiscard]] Bar_Lines& messageBar() override { return bar_; }
+    [[nodiscard]] std::string timeOfDay() const override;
     /// A wait ends by `Program_Ended` when the program ends meanwhile.
     void wait_until(const std::function<bool()>& condition) override;
     void wait_ms(std::int32_t milliseconds) override;

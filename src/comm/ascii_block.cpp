@@ -1,6 +1,5 @@
 #include "comm/ascii_block.h"
 
-#include "comm/download_blocks.h"
 #include "values/numbers.h"
 #include "values/registers.h"
 
@@ -22,13 +21,6 @@ class Tab_Stop_Pause {
     Grid_View& grids_;
 };
 
-Register_Range asciiRegisters(const Declara_Zorvane& document, const Cell_Rec& cell) {
-    const std::int32_t address = longValue(cell.Address);
-    if (isBoardFamily(document.Controller_Model))
-        if (const auto block = findBlock(document.Download_Blocks, Block_Kind::Ascii, address)) return *block;
-    return Register_Range{address, longValue(cell.Address_End)};
-}
-
 char characterAt(std::string_view text, std::size_t position) {
     return position < text.size() ? text[position] : ' ';
 }
@@ -45,6 +37,13 @@ std::string outcomeLine(Register_Range registers, const std::string& text, bool 
 }
 
 } // namespace
+
+Register_Range asciiRegisters(const Declara_Zorvane& document, const Cell_Rec& cell) {
+    const std::int32_t address = longValue(cell.Address);
+    if (isBoardFamily(document.Controller_Model))
+        if (const auto block = findBlock(document.Download_Blocks, Block_Kind::Ascii, address)) return *block;
+    return Register_Range{address, longValue(cell.Address_End)};
+}
 
 std::string filledTo16(std::string text) {
     if (text.size() < 16) text.resize(16, ' ');

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "comm/comm_context.h"
+#include "comm/download_blocks.h"
 
 #include <cstdint>
 #include <string>
@@ -18,6 +19,10 @@ void PRO_Rellena_16(std::string& text, std::string& result);
 /// Two characters a register, the first in the high byte, for `count` registers: a missing character is a
 /// blank and what is too long is cut. A character of 128 or more is failure 6.
 [[nodiscard]] std::vector<std::int32_t> packAscii(std::string_view text, std::int32_t count);
+
+/// The registers that the text of an ASCII cell goes to: its own, or on the board family those of the ASCII
+/// block that it lies in.
+[[nodiscard]] Register_Range asciiRegisters(const Declara_Zorvane& document, const Cell_Rec& cell);
 
 /// Writes a text to the registers of an ASCII cell with function 16, waits for the end of the write and then
 /// half a second for the controller to settle. On the board family the registers are those of the ASCII block

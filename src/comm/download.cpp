@@ -4,8 +4,10 @@
 #include "comm/cancel.h"
 #include "comm/download_request.h"
 #include "comm/download_step.h"
+#include "comm/download_walk.h"
 #include "comm/progress.h"
 #include "comm/session.h"
+#include "comm/transfer_bar.h"
 #include "comm/transfer_records.h"
 #include "values/numbers.h"
 
@@ -43,6 +45,8 @@ void showDownloading(const Comm_Context& comm) {
     frame.setPanel(Panel::Tx, "");
     frame.setPanel(Panel::Rx, "");
     const std::int32_t total = cellCount(comm);
+    comm.form.Last_Download = {};
+    comm.form.Last_Download.values = total;
     frame.setFormEnabled(false);
     frame.setPanel(Panel::LinkState, "Download");
     Progress_Form& progress = frame.Porcentaje();
@@ -65,6 +69,7 @@ void finish(const Comm_Context& comm, const Document_Mark& document) {
     if (!document.holds()) return drop(comm);
     comm.frame.Porcentaje().unload();
     comm.frame.setPanel(Panel::Message, "Ready");
+    tellDownloadEnd(comm, Download_End::Finished);
     comm.frame.setFormEnabled(true);
     if (!comm.form.Transfer_Errors.empty() || comm.document.Always_Block_Count < 1) {
         setTransferMenus(comm.frame, true);
@@ -84,33 +89,25 @@ void lose(const Comm_Context& comm) {
     comm.frame.Porcentaje().setLabel("Error. The controller does not respond.");
     comm.frame.Porcentaje().Deshabilita_Cancelar();
     showNoResponse(comm.frame);
+    tellDownloadEnd(comm, Download_End::Lost);
 }
 
 void stopCancelled(const Comm_Context& comm) {
     comm.form.Download_Active = false;
     comm.frame.setFormEnabled(true);
+    tellDownloadEnd(comm, Download_End::Cancelled);
 }
 
 enum class Walk_End { Finished, Lost, Cancelled, Document_Gone };
-
-/// One field; false when the user cancelled or the document is gone.
-bool walkField(Download_Step& step, const Comm_Context& comm, std::int32_t f) {
-    const Cell_Table& cells = comm.document.Fields(f).Cells;
-    for (std::int32_t column = 1; column <= cells.columns(); ++column) {
-        if (!cells(0, column).Modifiable) continue;
-        for (std::int32_t row = 1; row <= cells.rows(); ++row)
-            if (!step.run(Cell_Place{f, row, column})) return false;
-    }
-    return true;
-}
 
 Walk_End walk(const Comm_Context& comm, const Document_Mark& document) {
     Download_Step step(comm, document);
     const std::int32_t rows = comm.frame.grids().configurationRows();
     for (std::int32_t f = 1; f < rows; ++f) {
         if (comm.link.CommLost()) return Walk_End::Lost;
-        if (!walkField(step, comm, f))
-            return document.holds() ? Walk_End::Cancelled : Walk_End::Document_Gone;
+        const bool whole =
+            visitSentCells(comm.document, f, [&step](const Cell_Place& place) { return step.run(place); });
+        if (!whole) return document.holds() ? Walk_End::Cancelled : Walk_End::Document_Gone;
     }
     return Walk_End::Finished;
 }
@@ -118,6 +115,7 @@ Walk_End walk(const Comm_Context& comm, const Document_Mark& document) {
 } // namespace
 
 void MNU_Download_Click(const Comm_Context& comm) {
+    tellUnreadBeforeDownload(comm);
     comm.form.Transfer_Was_Upload = false;
     prepare(comm);
     showDownloading(comm);

@@ -54,19 +54,49 @@ bool Download_Step::run(const Cell_Place& place) {
     const Cell_Rec& definition = cells(0, place.column);
     const Cell_Rec& cell = cells(place.row, place.column);
     if (const auto word = negativeWord(definition, cell)) Negative_Word_ = *word;
-    if (isNotDownloadable(comm_.document, cell.Address))
+    if (isNotDownloadable(comm_.document, cell.Address)) {
         comm_.frame.setPanel(Panel::Message, cell.Address + " ...No Download");
-    else if (!transfer(place, cell))
+        ++comm_.form.Last_Download.withoutWrite;
+    } else if (!transfer(place, cell)) {
         return false;
+    }
     advanceProgress(comm_.frame.Porcentaje());
     return true;
 }
 
 bool Download_Step::transfer(const Cell_Place& place, const Cell_Rec& cell) {
+    const std::uint32_t before = comm_.link.WritesEnded();
+    answered_ = false;
     send(place);
-    if (!document_.holds() || !awaitWrite(cell)) return false;
+    if (!document_.holds()) return false;
+    const bool ended = awaitWrite(cell);
+    if (document_.holds()) count(cell, before);
+    if (!ended) return false;
     report(cell);
     return true;
+}
+
+void Download_Step::count(const Cell_Rec& cell, std::uint32_t writesBefore) {
+    Download_Result& result = comm_.form.Last_Download;
+    if (comm_.link.WritesEnded() == writesBefore)
+        ++result.withoutWrite;
+    else
+        result.count(cell.Address, valueEnd());
+}
+
+Value_End Download_Step::valueEnd() const {
+    switch (comm_.link.LastWriteOutcome()) {
+    case Write_Outcome::Taken:
+        return Value_End::Taken;
+    case Write_Outcome::Refused:
+        return Value_End::Refused;
+    case Write_Outcome::NotSent:
+        return Value_End::Unsendable;
+    case Write_Outcome::None:
+    case Write_Outcome::Uncertain:
+        break;
+    }
+    return answered_ || !comm_.link.LastResponse().empty() ? Value_End::Uncertain : Value_End::Unanswered;
 }
 
 void Download_Step::send(const Cell_Place& place) {
@@ -102,6 +132,7 @@ bool Download_Step::awaitWrite(const Cell_Rec& cell) {
 
 void Download_Step::noteExchange(const Cell_Rec& cell, std::int32_t tries) {
     comm_.form.Transfer_Errors.push_back(exchangeRecord(comm_.link, cell, "No Response", tries));
+    answered_ = !comm_.link.LastResponse().empty();
     comm_.link.ClearLastResponse();
 }
 

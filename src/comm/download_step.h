@@ -23,6 +23,8 @@ class Download_Step {
     [[nodiscard]] bool transfer(const Cell_Place& place, const Cell_Rec& cell);
     void send(const Cell_Place& place);
     [[nodiscard]] bool awaitWrite(const Cell_Rec& cell);
+    void count(const Cell_Rec& cell, std::uint32_t writesBefore);
+    [[nodiscard]] Value_End valueEnd() const;
     void noteExchange(const Cell_Rec& cell, std::int32_t tries);
     void report(const Cell_Rec& cell);
     [[nodiscard]] Request_Sources sources() const;
@@ -30,6 +32,7 @@ class Download_Step {
     Comm_Context comm_;
     const Document_Mark& document_;
     std::int32_t Negative_Word_ = 0;
+    bool answered_ = false; ///< the last exchange of the present write came to an answer in words
 };
 
 } // namespace zorvane

@@ -35,6 +35,14 @@ class Dry_Run_Link : public modbus_control {
                                              bool isSigned = true) const override;
     /// What was given counts as read.
     [[nodiscard]] Register_Reading readingOf(std::int32_t slave, std::int32_t address) const override;
+    /// No line stands between a write and its image.
+    [[nodiscard]] Write_Outcome LastWriteOutcome() const override {
+        return writes_.empty() ? Write_Outcome::None : Write_Outcome::Taken;
+    }
+    [[nodiscard]] std::uint32_t WritesEnded() const override {
+        return static_cast<std::uint32_t>(writes_.size());
+    }
+    [[nodiscard]] bool ControllerSeen() const override { return true; }
     void PresetSingleRegister(std::int32_t slave, std::int32_t address, std::int32_t value) override;
     void PresetMultipleRegisters(std::int32_t slave, std::int32_t startAddress,
                                  const std::vector<std::int32_t>& values) override;

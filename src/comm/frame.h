@@ -95,9 +95,13 @@ class Frame : public Asker {
     [[nodiscard]] virtual Progress_Form& Porcentaje() = 0;
     [[nodiscard]] virtual Grid_View& grids() = 0;
     virtual void setLostComShown(bool shown) = 0;
+    /// Opens the transfer status form on the records of the last transfer.
+    virtual void showFrmStatus(bool isUpload) = 0;
     /// Takes the transfer status form away, if there is one.
     virtual void unloadFrmStatus() = 0;
     [[nodiscard]] virtual Message_Bar& messageBar() = 0;
+    /// "14:03:22", as the clock on the wall shows it.
+    [[nodiscard]] virtual std::string timeOfDay() const = 0;
 
     /// Serves events until the condition holds. It is asked again after each event; no time passes spinning.
     virtual void wait_until(const std::function<bool()>& condition) = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "comm/info_rec_errors.h"
+#include "comm/transfer_result.h"
 
 #include <array>
 #include <cstdint>
@@ -36,15 +37,17 @@ struct Main_Form_State {
     bool Write_Busy = false;   ///< the link had a write under way when it was last asked
     bool Nothing_Sent = false; ///< the download's present cell names no register
 
-    std::string Poll_Request;        ///< `Current_Request` at the start of the last refresh or online fill
-    bool Comm_Lost_Now = false;      ///< the link was lost at the last refresh
-    bool Lost_Shown = false;         ///< the user has been told of the lost link
-    std::int32_t Saved_Tx_Count = 0; ///< what the two lights last saw of the link's counts
+    std::string Poll_Request;   ///< `Current_Request` at the start of the last refresh or online fill
+    bool Comm_Lost_Now = false; ///< the link was lost at the last refresh
+    bool Lost_Shown = false;    ///< the user has been told of the lost link
+    std::vector<Polled_Gap> Polled_Gaps; ///< as the message bar tells them
+    std::int32_t Saved_Tx_Count = 0;     ///< what the two lights last saw of the link's counts
     std::int32_t Saved_Rx_Count = 0;
     /// Left, top, width and height of the monitor window, in twips, when the settings had them at start-up.
     std::optional<std::array<std::int32_t, 4>> Monitor_Place;
     bool In_Tray = false; ///< the icon is in the desktop's tray
 
+    Download_Result Last_Download; ///< of the download that runs or ran last
     std::vector<Info_Rec_Errors> Transfer_Errors;
     std::vector<Info_Rec_Errors> Transfer_Log;
 };

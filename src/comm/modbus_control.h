@@ -120,6 +120,11 @@ class modbus_control : public Link_Notice, public Register_Readings {
     virtual void ClearWriteFailed() = 0;
     /// How the last write ended, whatever became of those before it. A link that can't know says None.
     [[nodiscard]] virtual Write_Outcome LastWriteOutcome() const { return Write_Outcome::None; }
+    /// Goes up, with wrap, at each write that ends; writes that are dropped together count as one.
+    [[nodiscard]] virtual std::uint32_t WritesEnded() const = 0;
+    /// An answer came since the port was opened last that can't be an adapter's echo: to a read, to a block
+    /// write, an exception, or that of a single write behind its echo.
+    [[nodiscard]] virtual bool ControllerSeen() const = 0;
 
     // Monitor window; places and sizes in twips.
 

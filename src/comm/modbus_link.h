@@ -20,6 +20,8 @@ struct Exchange_Status {
     bool commLost = false;
     bool writeFailed = false;
     Write_Outcome writeOutcome = Write_Outcome::None;
+    std::uint32_t writesEnded = 0;
+    bool controllerSeen = false; ///< since the port was opened last
     std::string lastResponse;
     std::string line1;
     std::string line2;
@@ -112,6 +114,8 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     [[nodiscard]] bool WriteFailed() const override;
     void ClearWriteFailed() override;
     [[nodiscard]] Write_Outcome LastWriteOutcome() const override { return status_.writeOutcome; }
+    [[nodiscard]] std::uint32_t WritesEnded() const override { return status_.writesEnded; }
+    [[nodiscard]] bool ControllerSeen() const override { return status_.controllerSeen; }
 
     [[nodiscard]] bool MonitorLoaded() const override;
     [[nodiscard]] bool MonitorVisible() const override;

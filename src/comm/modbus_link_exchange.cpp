@@ -15,6 +15,14 @@ Write_Outcome outcomeOfFailure(const Write_Job& job, const Try_Result& result) {
     return job.unanswered ? Write_Outcome::Uncertain : Write_Outcome::NotSent;
 }
 
+/// The answer to a single write is the request over again, as an adapter's echo is.
+bool provesController(const Try_Result& result) {
+    if (!result.answer) return false;
+    const bool likeItsRequest =
+        !result.answer->exception && result.request.function == Function_Code::PresetSingleRegister;
+    return !likeItsRequest || result.echoed;
+}
+
 } // namespace
 
 // Which request goes out next.
@@ -174,6 +182,7 @@ void Modbus_Link::countTry(const Try_Result& result) {
     ++status_.transactionCount;
     if (!result.received.empty()) ++status_.rxCount;
     if (result.answer) status_.commLost = false;
+    if (provesController(result)) status_.controllerSeen = true;
     status_.lastResponse = responseText(result);
     status_.line1 = transmitLine(result);
     status_.line2 = receiveLine(result);
@@ -212,7 +221,10 @@ void Modbus_Link::writeTried(const Current& current, const Try_Result& result) {
     writes_.drop();
 }
 
-void Modbus_Link::endWrite(Write_Outcome outcome) { status_.writeOutcome = outcome; }
+void Modbus_Link::endWrite(Write_Outcome outcome) {
+    status_.writeOutcome = outcome;
+    ++status_.writesEnded;
+}
 
 void Modbus_Link::tell(const Current& current, const Try_Result& result) {
     const std::string line1 = transmitLine(result);

@@ -23,6 +23,7 @@ bool Modbus_Link::openPort() {
 void Modbus_Link::portIsOpen(const Port_Opening& opening) {
     reopenAlarm_->disarm();
     image_.portOpened();
+    status_.controllerSeen = false;
     transaction_.lineOpened();
     note("The port is open.");
     for (const std::string& warning : opening.warnings) {

@@ -1,6 +1,7 @@
 #include "comm/online.h"
 
 #include "comm/registers_to_cells.h"
+#include "comm/transfer_bar.h"
 #include "values/run_time_failure.h"
 
 namespace zorvane {
@@ -32,6 +33,7 @@ void refresh(const Comm_Context& comm) {
         tellLost(comm);
     else
         tellPresent(comm);
+    tellPolledGaps(comm);
 }
 
 /// Shows a light when the count has changed since it was last looked at.

@@ -1,5 +1,8 @@
 #include "comm/session.h"
 
+#include "comm/bar_topics.h"
+#include "comm/transfer_bar.h"
+
 namespace zorvane {
 
 void MNU_Disconnect_Click(const Comm_Context& comm) {
@@ -40,6 +43,8 @@ void selectScan(const Comm_Context& comm, const std::string& word) {
 }
 
 void enterOnline(const Comm_Context& comm) {
+    forgetPolledGaps(comm);
+    comm.frame.messageBar().withdraw(bar_topic::unmarkedChange); // nothing is put back while online
     comm.form.Online = true;
     comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_online, true);
     comm.frame.setTimerEnabled(Timer_Name::TMR_TxRx, true);

@@ -5,6 +5,7 @@
 #include "comm/registers_to_cells.h"
 #include "comm/session.h"
 #include "comm/title.h"
+#include "comm/transfer_bar.h"
 #include "comm/transfer_records.h"
 #include "values/numbers.h"
 #include "values/run_time_failure.h"
@@ -99,6 +100,7 @@ void finish(const Comm_Context& comm) {
     comm.form.Upload_Active = false;
     closeLink(comm.link);
     applyImage(comm);
+    tellUploadGaps(comm);
     comm.form.Comm_Active = false;
     comm.frame.setPanel(Panel::Message, "Ready");
     comm.frame.Porcentaje().unload();

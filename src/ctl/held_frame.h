@@ -90,8 +90,11 @@ class Held_Frame : public Frame {
     [[nodiscard]] Grid_View& grids() override { return grids_; }
     [[nodiscard]] Held_Grids& held() { return grids_; }
     void setLostComShown(bool /*shown*/) override {}
+    void showFrmStatus(bool /*isUpload*/) override {}
     void unloadFrmStatus() override {}
     [[nodiscard]] Bar_Lines& messageBar() override { return bar_; }
+    /// Nobody reads it: a terminal shows no bar.
+    [[nodiscard]] std::string timeOfDay() const override { return {}; }
     void wait_until(const std::function<bool()>& /*condition*/) override {}
     void wait_ms(std::int32_t /*milliseconds*/) override {}
 

@@ -2,7 +2,9 @@
 
 #include "comm/ascii_block.h"
 #include "comm/title.h"
+#include "grids/live_write_bar.h"
 #include "grids/register_writes.h"
+#include "grids/unmarked_change.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/times.h"
@@ -33,9 +35,9 @@ Way_Out numberWayOut(const Cell_Rec& definition, const Cell_Rec& cell, const std
 /// Applies a way out to the cell that was edited.
 class Commit {
   public:
-    Commit(const Grid_Context& grids, std::int32_t row, std::int32_t col)
-        : grids_(grids), comm_(grids.comm), document_(grids.comm.document), grid_(grids.FLX_Settings),
-          row_(row), col_(col) {}
+    Commit(const Grid_Context& grids, std::int32_t row, std::int32_t col, const Unmarked_Change& unmarked)
+        : grids_(grids), unmarked_(unmarked), comm_(grids.comm), document_(grids.comm.document),
+          grid_(grids.FLX_Settings), row_(row), col_(col) {}
 
     void operator()(const Free_Text& way) const {
         grid_.setText(way.text);
@@ -46,12 +48,19 @@ class Commit {
     }
 
     void operator()(const Time_Accepted& way) const {
-        if (!comm_.form.Online) return replace(way.time);
-        Time_Write variant(grids_, row_, col_, way.time);
-        (void)writeLive(grids_, variant); // nothing follows, whatever became of the document
+        if (comm_.form.Online) {
+            Time_Write variant(grids_, row_, col_, way.time);
+            if (!writeLive(grids_, variant)) return;
+        } else {
+            replace(way.time);
+        }
+        unmarked_.tellTime();
     }
 
-    void operator()(const Time_Bad& /*way*/) const { replace("0:00"); }
+    void operator()(const Time_Bad& /*way*/) const {
+        replace("0:00");
+        unmarked_.tellReplaced("is no time");
+    }
 
     void operator()(const Time_Refused& /*way*/) const { refuse("The value is out of range."); }
 
@@ -74,11 +83,15 @@ class Commit {
         if (!document_.holds()) return;
         grid_.setTextMatrix(row_, col_, way.limits.high);
         cell().Value = way.limits.high;
+        unmarked_.tellReplaced("is out of range");
     }
 
     void operator()(const Number_Too_Wide& way) const { tell(rangeMessage(way.width)); }
 
-    void operator()(const Not_Numeric& /*way*/) const { replace("0"); }
+    void operator()(const Not_Numeric& /*way*/) const {
+        replace("0");
+        unmarked_.tellReplaced("is no number");
+    }
 
     void operator()(const Ascii_Text& way) const {
         grid_.setCol(col_);
@@ -117,20 +130,25 @@ class Commit {
 
     /// False when the document is gone.
     [[nodiscard]] bool writeAscii(const std::string& text) const {
+        Live_Write_Watch watch(grids_);
         {
             const Tab_Stop_Off tabStop(grid_);
             comm_.link.StartScan();
             cell().Value = text;
             // The outcome stands in panel 4; a failed write leaves the new text everywhere.
             bool failed = false;
+            watch.begin();
             PRO_Escribe_Bloque_Ascii(comm_, text, grids_.fieldNumber(), col_ + 1, row_, "", failed);
         }
         if (!document_.holds()) return false;
+        watch.noteEnd();
         grid_.setCol(col_);
+        watch.tell();
         return true;
     }
 
     const Grid_Context& grids_;
+    const Unmarked_Change& unmarked_;
     const Comm_Context& comm_;
     Document_Mark document_;
     VSFlexGrid& grid_;
@@ -175,7 +193,8 @@ void PRO_Escribe_Valor(const Grid_Context& grids, std::int32_t Row, std::int32_t
     }
     const Way_Out way = wayOutOf(definition, cell, entry);
     Rejected = isRejection(way);
-    std::visit(Commit(grids, Row, Col), way);
+    const Unmarked_Change unmarked(grids, Row, Col, s);
+    std::visit(Commit(grids, Row, Col, unmarked), way);
 }
 
 } // namespace zorvane

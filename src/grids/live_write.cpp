@@ -1,5 +1,6 @@
 #include "grids/live_write.h"
 
+#include "grids/live_write_bar.h"
 #include "values/colours.h"
 
 namespace zorvane {
@@ -42,7 +43,7 @@ void forgetPending(Frame& frame) {
 }
 
 /// False when the document is gone.
-bool exchange(const Grid_Context& grids, Live_Write_Variant& variant) {
+bool exchange(const Grid_Context& grids, Live_Write_Variant& variant, Live_Write_Watch& watch) {
     const Comm_Context& comm = grids.comm;
     const Document_Mark document(comm.document);
     const Tab_Stop_Off tabStop(grids.FLX_Settings);
@@ -51,8 +52,10 @@ bool exchange(const Grid_Context& grids, Live_Write_Variant& variant) {
     const Colour_Words& words = comm.document.Colors;
     colourCell(grids.FLX_Settings, words.Color_Txt_Writing, words.Color_Back_Writing);
     if (comm.form.Write_Busy && !waitForWrite(comm, document)) return false;
+    watch.begin();
     variant.start();
     if (!waitForWrite(comm, document)) return false;
+    watch.noteEnd();
     comm.frame.wait_ms(settlingMs);
     if (!document.holds()) return false;
     report(grids, variant);
@@ -62,11 +65,13 @@ bool exchange(const Grid_Context& grids, Live_Write_Variant& variant) {
 } // namespace
 
 bool writeLive(const Grid_Context& grids, Live_Write_Variant& variant) {
-    if (!exchange(grids, variant)) {
+    Live_Write_Watch watch(grids);
+    if (!exchange(grids, variant, watch)) {
         forgetPending(grids.comm.frame);
         return false;
     }
     variant.close();
+    watch.tell();
     return true;
 }
 

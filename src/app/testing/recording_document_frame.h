@@ -36,8 +36,10 @@ class Recording_Document_Frame : public Document_Frame {
     [[nodiscard]] Progress_Form& Porcentaje() override { return base.Porcentaje(); }
     [[nodiscard]] Grid_View& grids() override { return base.grids(); }
     void setLostComShown(bool shown) override { base.setLostComShown(shown); }
+    void showFrmStatus(bool isUpload) override { base.showFrmStatus(isUpload); }
     void unloadFrmStatus() override { base.unloadFrmStatus(); }
     [[nodiscard]] Bar_Lines& messageBar() override { return base.messageBar(); }
+    [[nodiscard]] std::string timeOfDay() const override { return base.timeOfDay(); }
     void wait_until(const std::function<bool()>& condition) override { base.wait_until(condition); }
     void wait_ms(std::int32_t milliseconds) override;
 

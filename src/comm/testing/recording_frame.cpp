@@ -148,6 +148,10 @@ void Recording_Frame::setLostComShown(bool shown) {
     journal_.add(shown ? "LostCom shown" : "LostCom unloaded");
 }
 
+void Recording_Frame::showFrmStatus(bool isUpload) {
+    journal_.add(isUpload ? "FrmStatus shown for the upload" : "FrmStatus shown for the download");
+}
+
 void Recording_Frame::unloadFrmStatus() {
     journal_.add("FrmStatus unloaded");
     if (onUnloadFrmStatus) onUnloadFrmStatus();

@@ -74,11 +74,12 @@ class Recording_Frame : public Frame {
 
     Recording_Progress progress;
     Recording_Grids grid;
-    Bar_Lines bar;                           ///< what the message bar was told; it is no line of the journal
-    std::deque<int> answers;                 ///< of the next messages; beyond them the answer is Ok
-    std::function<bool()> advance;           ///< one event during a wait; false: there is none left
-    std::function<void()> duringMessage;     ///< runs while a message is up
-    std::function<void()> onUnloadFrmStatus; ///< what stands for the form; may be empty
+    Bar_Lines bar; ///< what the message bar was told; it is no line of the journal
+    std::string time = "14:03:22";
+    std::deque<int> answers;                       ///< of the next messages; beyond them the answer is Ok
+    std::function<bool()> advance;                 ///< one event during a wait; false: there is none left
+    std::function<void()> duringMessage;           ///< runs while a message is up
+    std::function<void()> onUnloadFrmStatus;       ///< what stands for the form; may be empty
     std::function<void(std::int32_t)> duringPause; ///< runs inside a wait for that many ms
 
     int Msgb_Show(const std::string& prompt, int style, const std::string& title) override;
@@ -92,8 +93,10 @@ class Recording_Frame : public Frame {
     [[nodiscard]] Progress_Form& Porcentaje() override { return progress; }
     [[nodiscard]] Grid_View& grids() override { return grid; }
     void setLostComShown(bool shown) override;
+    void showFrmStatus(bool isUpload) override;
     void unloadFrmStatus() override;
     [[nodiscard]] Bar_Lines& messageBar() override { return bar; }
+    [[nodiscard]] std::string timeOfDay() const override { return time; }
     /// Runs one scripted event after the other. A wait that nothing can end is an error of the test.
     void wait_until(const std::function<bool()>& condition) override;
     void wait_ms(std::int32_t milliseconds) override;

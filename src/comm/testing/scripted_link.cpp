@@ -1,5 +1,7 @@
 #include "comm/testing/scripted_link.h"
 
+#include <utility>
+
 namespace zorvane::doubles {
 
 namespace {
@@ -132,6 +134,9 @@ void Scripted_Link::startWrite(std::int32_t start, const std::vector<std::int32_
 }
 
 void Scripted_Link::finishWrite(bool good) {
+    ++ended_;
+    const Write_Outcome failure = response.empty() ? Write_Outcome::Uncertain : Write_Outcome::Refused;
+    outcome_ = std::exchange(nextOutcome, std::nullopt).value_or(good ? Write_Outcome::Taken : failure);
     if (!good) {
         writeFailed = true;
         return;

@@ -7,6 +7,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -45,7 +46,9 @@ class Scripted_Link : public modbus_control {
     bool lost = false;
     bool requestFailed = false;
     bool writeFailed = false;
-    Write_Outcome writeOutcome = Write_Outcome::None; ///< a test's to set; no write changes it
+    /// How the next write to end is said to have ended; without it as its exchanges say.
+    std::optional<Write_Outcome> nextOutcome;
+    bool seen = true; ///< `ControllerSeen`
     std::string response;
     std::string slaveNumber = "7";
     std::vector<std::string> parameters{"7", "9600,n,8,1", "3", "2", "500", "0"};
@@ -111,7 +114,9 @@ class Scripted_Link : public modbus_control {
     [[nodiscard]] bool WriteBusy() const override { return !pending_.empty(); }
     [[nodiscard]] bool WriteFailed() const override { return writeFailed; }
     void ClearWriteFailed() override;
-    [[nodiscard]] Write_Outcome LastWriteOutcome() const override { return writeOutcome; }
+    [[nodiscard]] Write_Outcome LastWriteOutcome() const override { return outcome_; }
+    [[nodiscard]] std::uint32_t WritesEnded() const override { return ended_; }
+    [[nodiscard]] bool ControllerSeen() const override { return seen; }
     [[nodiscard]] bool MonitorLoaded() const override { return monitorLoaded; }
     [[nodiscard]] bool MonitorVisible() const override { return monitorVisible; }
     void ShowMonitor(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height) override;
@@ -135,6 +140,8 @@ class Scripted_Link : public modbus_control {
     std::deque<Exchange> pending_;
     std::int32_t pendingStart_ = 0;
     std::vector<std::int32_t> pendingValues_;
+    Write_Outcome outcome_ = Write_Outcome::None;
+    std::uint32_t ended_ = 0;
     std::string mode_;
     std::string line1_;
     std::string line2_;

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "template/model/declara_zorvane.h"
+
+#include <cstdint>
+#include <set>
+#include <string>
+
+namespace zorvane {
+
+/// How people find a page: its text in the upper grid, or "page 3" where it has none.
+[[nodiscard]] std::string pageName(const Declara_Zorvane& document, std::int32_t field);
+
+/// "Regulation, Set point": the page and the name in the first column, or "row 2" where that holds a setting
+/// itself or nothing. Row and column of the model count from 1.
+[[nodiscard]] std::string cellName(const Declara_Zorvane& document, std::int32_t field, std::int32_t row,
+                                   std::int32_t column);
+
+/// "12-20, 34": registers in short. Beyond ten ranges "and 120 more".
+[[nodiscard]] std::string registersText(const std::set<std::int32_t>& registers);
+
+} // namespace zorvane

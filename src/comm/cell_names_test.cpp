@@ -1,0 +1,43 @@
+#include "comm/cell_names.h"
+#include "comm/testing/comm_bench.h"
+
+#include <gtest/gtest.h>
+
+namespace zorvane {
+namespace {
+
+struct CellNames : ::testing::Test, doubles::Comm_Bench {
+    CellNames() : field(addField(2, 2)) {
+        field.Description = " Regulation ";
+        field.Cells(1, 1).Value = "Set point";
+    }
+    Field_Rec& field;
+};
+
+TEST_F(CellNames, PageAndRowByTheirTexts) { EXPECT_EQ(cellName(document, 1, 1, 2), "Regulation, Set point"); }
+
+TEST_F(CellNames, RowWithoutATextByItsNumber) { EXPECT_EQ(cellName(document, 1, 2, 2), "Regulation, row 2"); }
+
+TEST_F(CellNames, FirstColumnThatHoldsSettingsNamesNoRow) {
+    field.Cells(0, 1).Modifiable = true;
+    EXPECT_EQ(cellName(document, 1, 1, 2), "Regulation, row 1");
+    EXPECT_EQ(cellName(document, 1, 1, 1), "Regulation, row 1");
+}
+
+TEST_F(CellNames, PageWithoutATextByItsNumber) {
+    field.Description.clear();
+    EXPECT_EQ(pageName(document, 1), "page 1");
+}
+
+TEST(RegistersText, JoinsNeighboursAndEndsAfterTenRanges) {
+    EXPECT_EQ(registersText({}), "");
+    EXPECT_EQ(registersText({5}), "5");
+    EXPECT_EQ(registersText({12, 13, 14, 20, 34, 35}), "12-14, 20, 34-35");
+    std::set<std::int32_t> many;
+    for (std::int32_t i = 0; i < 15; ++i)
+        many.insert(2 * i);
+    EXPECT_EQ(registersText(many), "0, 2, 4, 6, 8, 10, 12, 14, 16, 18 and 5 more");
+}
+
+} // namespace
+} // namespace zorvane

@@ -1,0 +1,55 @@
+#include "grids/live_write_bar.h"
+
+#include "comm/bar_topics.h"
+#include "comm/cell_names.h"
+#include "grids/show_button.h"
+
+namespace zorvane {
+
+namespace {
+
+std::string endText(Write_Outcome end) {
+    switch (end) {
+    case Write_Outcome::Taken:
+        return "the controller took the value, whatever the status line and the cell say";
+    case Write_Outcome::Refused:
+        return "the controller refused this value too";
+    case Write_Outcome::NotSent:
+        return "nothing of it was sent";
+    case Write_Outcome::None:
+    case Write_Outcome::Uncertain:
+        break;
+    }
+    return "it is not certain whether the controller took the value";
+}
+
+} // namespace
+
+Live_Write_Watch::Live_Write_Watch(const Grid_Context& grids)
+    : grids_(grids), field_(grids.fieldNumber()), row_(grids.FLX_Settings.Row()),
+      col_(grids.FLX_Settings.Col()) {}
+
+void Live_Write_Watch::begin() {
+    failedBefore_ = grids_.comm.link.WriteFailed();
+    endedBefore_ = grids_.comm.link.WritesEnded();
+}
+
+void Live_Write_Watch::noteEnd() {
+    const std::uint32_t ended = grids_.comm.link.WritesEnded() - endedBefore_;
+    if (ended == 0) end_ = Write_Outcome::NotSent;
+    if (ended == 1) end_ = grids_.comm.link.LastWriteOutcome();
+}
+
+void Live_Write_Watch::tell() const {
+    if (!failedBefore_ && end_ != Write_Outcome::Uncertain) return;
+    if (row_ < 0 || col_ < 0) return;
+    const Declara_Zorvane& document = grids_.comm.document;
+    const std::string address = document.Fields(field_).Cells(row_, col_ + 1).Address;
+    std::string text =
+        cellName(document, field_, row_, col_ + 1) + " @" + address + ": " + endText(end_) + ".";
+    if (failedBefore_) text += " An earlier write had failed, and that stands until the next download.";
+    grids_.comm.frame.messageBar().tell(
+        {bar_topic::liveWrite, Bar_Kind::Warning, text, {showButton(grids_, field_, row_, col_)}, true});
+}
+
+} // namespace zorvane
