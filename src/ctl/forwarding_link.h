@@ -76,6 +76,8 @@ class Forwarding_Link : public modbus_control {
     [[nodiscard]] bool WriteFailed() const override { return link_.WriteFailed(); }
     void ClearWriteFailed() override { link_.ClearWriteFailed(); }
     [[nodiscard]] Write_Outcome LastWriteOutcome() const override { return link_.LastWriteOutcome(); }
+    [[nodiscard]] std::uint32_t WritesEnded() const override { return link_.WritesEnded(); }
+    [[nodiscard]] bool ControllerSeen() const override { return link_.ControllerSeen(); }
     [[nodiscard]] bool MonitorLoaded() const override { return link_.MonitorLoaded(); }
     [[nodiscard]] bool MonitorVisible() const override { return link_.MonitorVisible(); }
     void ShowMonitor(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height) override {
