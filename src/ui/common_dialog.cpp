@@ -3,10 +3,15 @@
 #include "ui/dialog_filter.h"
 #include "ui/text.h"
 
+#include <QAbstractItemView>
+#include <QApplication>
 #include <QCheckBox>
+#include <QCompleter>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QLineEdit>
+#include <QMouseEvent>
+#include <QWindow>
 
 namespace zorvane {
 
@@ -19,6 +24,46 @@ QCheckBox* addReadOnlyBox(QFileDialog& dialog, bool ticked) {
     auto* layout = qobject_cast<QGridLayout*>(dialog.layout());
     if (layout != nullptr) layout->addWidget(box, layout->rowCount(), 0, 1, -1);
     return box;
+}
+
+/// A click beside the list of completions closes the list, and counts for what was clicked as well.
+class Click_Beside_List final : public QObject {
+  public:
+    Click_Beside_List(QFileDialog& dialog, QWidget& list) : QObject(&dialog), dialog_(dialog) {
+        list.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* list = qobject_cast<QWidget*>(watched);
+        if (event->type() != QEvent::MouseButtonPress || list == nullptr) return false;
+        const auto& press = static_cast<const QMouseEvent&>(*event);
+        const QPoint screen = press.globalPosition().toPoint();
+        if (list->rect().contains(list->mapFromGlobal(screen))) return false;
+        list->hide();
+        if (!dialog_.rect().contains(dialog_.mapFromGlobal(screen))) return true;
+        QMouseEvent again(QEvent::MouseButtonPress, dialog_.mapFromGlobal(press.globalPosition()),
+                          press.globalPosition(), press.button(), press.buttons(), press.modifiers());
+        QCoreApplication::sendEvent(dialog_.windowHandle(), &again);
+        return true;
+    }
+
+  private:
+    QFileDialog& dialog_;
+};
+
+void letClicksThroughCompletions(QFileDialog& dialog) {
+    for (const QLineEdit* line : dialog.findChildren<QLineEdit*>())
+        if (QCompleter* completer = line->completer()) new Click_Beside_List(dialog, *completer->popup());
+}
+
+/// A window that gets the keyboard while a list of completions is still open takes no notice of it: it would
+/// have no caret and no focus.
+void activateWindowWithKeyboard() {
+    const QWindow* const focused = QGuiApplication::focusWindow();
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (focused != nullptr && window->windowHandle() == focused && !window->isActiveWindow())
+            QApplication::setActiveWindow(window);
 }
 
 } // namespace
@@ -38,7 +83,9 @@ void Common_Dialog::setUp(QFileDialog& dialog) const {
 }
 
 bool Common_Dialog::finish(QFileDialog& dialog) {
+    letClicksThroughCompletions(dialog);
     const bool chosen = run ? run(dialog) : dialog.exec() == QDialog::Accepted;
+    activateWindowWithKeyboard();
     if (!chosen || dialog.selectedFiles().isEmpty()) return false;
     FileName = dialog.selectedFiles().constFirst();
     const qsizetype filter = dialog.nameFilters().indexOf(dialog.selectedNameFilter());

@@ -196,6 +196,20 @@ class Zorvane:
 
     # Dialogs.
 
+    def windows_on_screen(self):
+        """The numbers of all windows that the screen shows of the program, lists that have popped up among them."""
+        return set(self.desktop.run("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)).split())
+
+    def state_on_the_desktop(self, number):
+        """"Normal", "Iconic" or "Withdrawn", as the window manager has it for a window of that number."""
+        told = self.desktop.run("xprop", "-id", number, "WM_STATE").decode()
+        return told.partition("window state: ")[2].split("\n")[0]
+
+    def notice(self, given_name):
+        """A window that is shown and needn't have the keyboard."""
+        return wait_for(given_name, lambda: next_of(
+            (child for child in self.root.children if child.description == given_name and child.is_shown), given_name))
+
     def dialog(self, given_name):
         """The dialog of that given name, once it is shown and has the keyboard."""
         def look():

@@ -2,7 +2,7 @@
 import os
 import shutil
 
-from driver.waiting import expect
+from driver.waiting import expect, wait_for
 
 MODELS = ["KVRT", "KVRT100", "KVRT207D", "R7702-16"]
 
@@ -232,3 +232,38 @@ def needs_a_template_in_the_folder(program):
     folder = program.folder.rstrip("/")
     program.message(f"Does not exist any .ZTP file in this directory: \n{folder}").answer("Ok")
     assert not program.has_dialog("CommonDialog"), "a file dialog is open"
+
+
+def _type_with_completions(program, path):
+    """Types a file's name into the Open dialog, which has a list of completions open then."""
+    program.hands.keys("ctrl+o")
+    dialog = program.dialog("CommonDialog")
+    before = program.windows_on_screen()
+    program.hands.write(path[:-1])
+    wait_for("the list of completions", lambda: program.windows_on_screen() - before)
+    program.hands.write(path[-1])
+    field = dialog.part.find(role="text")
+    expect("the typed name", lambda: path.endswith(field.text), True)
+    wait_for("the list of completions", lambda: program.windows_on_screen() - before)
+    return dialog
+
+
+def the_window_is_active_after_a_typed_name_and_enter(program):
+    """Enter closes list and dialog at once; the keyboard goes on in the window."""
+    path = program.document("KVRT")
+    program.start()
+    _type_with_completions(program, path)
+    program.hands.keys("Return")
+    program.expect_title("site7.kvrt - Zorvane")
+    expect("the window is active", lambda: "active" in program.window.states, True)
+    program.select_field(1)
+    expect("a cell has the focus", lambda: program.focus.owner.role, "cell")
+
+
+def a_click_beside_the_completions_presses_the_button(program):
+    path = program.document("KVRT")
+    program.start()
+    dialog = _type_with_completions(program, path)
+    program.hands.click(dialog.part.find(role="push button", name="Open"))
+    program.expect_title("site7.kvrt - Zorvane")
+    expect("the window is active", lambda: "active" in program.window.states, True)
