@@ -4,6 +4,7 @@
 #include "template/native_files.h"
 #include "ui/acercade.h"
 #include "ui/column_tip.h"
+#include "ui/iconic.h"
 #include "ui/icons.h"
 #include "ui/text.h"
 
@@ -124,7 +125,7 @@ void Desktop_Parts::MNU_FontSize_Click() {
 }
 
 void Desktop_Parts::connectWindowCommands() {
-    parts_.onChosen("MNU_Minimize", [this] { parts_.window().showMinimized(); });
+    parts_.onChosen("MNU_Minimize", [this] { minimize(parts_.window()); });
     parts_.onChosen("MNU_Maximize", [this] { parts_.window().showMaximized(); });
     parts_.onChosen("MNU_Minimizetotray", [this] { tray_.MNU_Minimizetotray_Click(); });
     parts_.onChosen("MNU_Tray_All", [this] { tray_.MNU_Tray_All_Click(); });

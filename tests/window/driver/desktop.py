@@ -140,10 +140,24 @@ class Desktop:
     def _start_window_manager(self):
         with open(self.path("jwmrc"), "w", encoding="ascii") as settings:
             settings.write(WINDOW_MANAGER_SETTINGS)
-        self.start(["jwm", "-f", self.path("jwmrc")], "window-manager")
+        self._window_manager = self.start(["jwm", "-f", self.path("jwmrc")], "window-manager")
         ask = ["xdotool", "get_desktop"]
         wait_for("the window manager",
                  lambda: subprocess.run(ask, env=self.environment, capture_output=True, timeout=60).returncode == 0)
+
+    def use_icewm(self):
+        """Another window manager in place of the first; to be called before the program starts."""
+        end(self._window_manager)
+        self.environment["ICEWM_PRIVCFG"] = self.path("icewm", "")
+        self._window_manager = self.start(["icewm"], "icewm")
+        wait_for("the other window manager", lambda: b"IceWM" in self._window_manager_s_name())
+
+    def _window_manager_s_name(self):
+        number = self.run("xprop", "-root", "_NET_SUPPORTING_WM_CHECK").split()[-1].decode()
+        if not number.startswith("0x"):
+            return b""
+        asked = ["xprop", "-id", number, "_NET_WM_NAME"]
+        return subprocess.run(asked, env=self.environment, capture_output=True, timeout=60).stdout
 
 
 def end(process):

@@ -37,3 +37,101 @@ def the_splitter_moves_by_keyboard(program):
     height = program.window.named("Frame2").rectangle[3]
     program.hands.keys("F8", "Down", "Down", "Down", "Return")
     expect("the upper frame's height", lambda: program.window.named("Frame2").rectangle[3], height + 24)
+
+
+def _minimize_the_maximized_window(program):
+    program.start()
+    number = next(iter(program.windows_on_screen())).decode()
+    small = program.window.rectangle
+    program.choose("Windows", "Maximize")
+    wait_for("the maximized window", lambda: program.window.rectangle[2] > small[2] * 2)
+    large = program.window.rectangle
+    program.choose("Windows", "Minimize")
+    expect("the window's state", lambda: program.state_on_the_desktop(number), "Iconic")
+    program.desktop.run("xdotool", "windowactivate", number)
+    expect("the window's state", lambda: program.state_on_the_desktop(number), "Normal")
+    expect("the place of the window that is back", lambda: program.window.rectangle, large)
+
+
+def a_maximized_window_is_minimized_and_comes_back_as_it_was(program):
+    _minimize_the_maximized_window(program)
+
+
+def a_maximized_window_is_minimized_by_icewm_too(program):
+    program.desktop.use_icewm()
+    _minimize_the_maximized_window(program)
+
+
+def _desktop_without_a_viewer_for_help_files(program):
+    """Its own tools say what a desktop's would. They note what they were asked to open."""
+    opened = program.desktop.path("opened.txt")
+    tools = {"xdg-mime": "#!/bin/sh\nexit 0\n", "xdg-open": f'#!/bin/sh\necho "$1" >> {opened}\n'}
+    for name, text in tools.items():
+        path = program.desktop.path("tools", name)
+        with open(path, "w", encoding="ascii") as file:
+            file.write(text)
+        os.chmod(path, 0o755)
+    program.desktop.environment["PATH"] = os.pathsep.join(
+        [os.path.dirname(path), program.desktop.environment["PATH"]])
+    return opened
+
+
+def f1_opens_the_pages_where_nothing_opens_the_help_file(program):
+    opened = _desktop_without_a_viewer_for_help_files(program)
+    for name in ("Zorvane.chm", "help/index.html"):
+        path = os.path.join(program.folder, name)
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "w", encoding="ascii") as file:
+            file.write("<html></html>")
+    program.start()
+    program.hands.keys("F1")
+    wait_for("something that was opened", lambda: os.path.exists(opened) and os.path.getsize(opened))
+    with open(opened, encoding="utf-8") as lines:
+        asked = lines.read().split()
+    assert len(asked) == 1 and asked[0].endswith("/help/index.html"), f"opened: {asked}"
+
+
+def _opened_with_all_columns_in_sight(program):
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.enlarge()
+    program.select_field(1)
+
+
+def _border(program, column):
+    """The right border of a heading of the lower grid, on the screen."""
+    left, top, width, height = program.settings.cell(0, column).rectangle
+    return left + width - 1, top - height // 2
+
+
+def a_cut_text_is_shown_whole_beside_the_mouse(program):
+    _opened_with_all_columns_in_sight(program)
+    x, y = _border(program, 0)
+    program.hands.drag((x, y), (x - 60, y))
+    wait_for("the narrow column", lambda: _border(program, 0)[0] < x - 30)
+    for place in (_border(program, 0)[1], program.settings.cell(10, 0).rectangle[1] + 5):
+        before = program.windows_on_screen()
+        program.hands.point_at(x - 90, place)
+        wait_for("the tip", lambda: program.windows_on_screen() - before)
+        program.hands.point_at(20, 20)
+        expect("the windows without the tip", program.windows_on_screen, before)
+
+
+def a_double_click_on_a_heading_s_border_fits_the_column(program):
+    """As wide as it takes, and kept in the file as a dragged width is."""
+    _opened_with_all_columns_in_sight(program)
+    x, y = _border(program, 0)
+    program.hands.drag((x, y), (x + 200, y))
+    wait_for("the wide column", lambda: _border(program, 0)[0] > x + 150)
+    wide = _border(program, 0)[0]
+    program.hands.click_at(wide, y, times=2)
+    wait_for("the fitted column", lambda: _border(program, 0)[0] < wide - 50)
+    pixels = program.settings.cell(0, 0).rectangle[2]
+    other = os.path.join(program.desktop.folder, "documents", "fitted.kvrt207d")
+    program.save_as(other)
+    program.expect_title("fitted.kvrt207d - Zorvane")
+    document = program.terminal.ask("dump", program.template("KVRT207D"), other)
+    width = document["Fields"]["1"]["Cells"][0][0]["Width"]
+    assert abs(width - pixels * 15) <= 15, f"{width} twips in the file, {pixels} pixels on the screen"

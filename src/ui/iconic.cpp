@@ -1,0 +1,13 @@
+#include "ui/iconic.h"
+
+#include <QWidget>
+
+namespace zorvane {
+
+/// Of a maximized window Qt asks for the iconic state and right after it for the maximized one again, by
+/// which some window managers bring it back.
+void minimize(QWidget& window) {
+    if (!window.isMaximized() || !askForIconic(window)) window.showMinimized();
+}
+
+} // namespace zorvane

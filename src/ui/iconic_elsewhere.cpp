@@ -1,0 +1,7 @@
+#include "ui/iconic.h"
+
+namespace zorvane {
+
+bool askForIconic(const QWidget& /*window*/) { return false; }
+
+} // namespace zorvane
