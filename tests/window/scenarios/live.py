@@ -232,3 +232,38 @@ def an_edit_survives_the_refresh(program):
 
 def _readings(program):
     return [program.settings.cell(row, 6).name for row in range(8)]
+
+
+def _expect_beside_the_question(program, question):
+    """The two don't cover each other, and the notice's button works."""
+    notice = program.notice("LostCom")
+
+    def apart():
+        left, top, width, height = notice.rectangle
+        other_left, other_top, other_width, other_height = question.part.rectangle
+        return (left + width <= other_left or other_left + other_width <= left or
+                top + height <= other_top or other_top + other_height <= top)
+    expect("the notice stands beside the question", apart, True)
+    program.hands.click(notice.find(role="push button", name="OK"))
+    expect("the notice is shown", lambda: program.has_dialog("LostCom"), False)
+    expect("the question has the keyboard", lambda: "active" in question.part.states, True)
+    program.hands.keys("Escape")
+    question.wait_until_gone()
+
+
+def a_lost_link_is_told_beside_a_question(program):
+    controller = _online(program, OUTPUTS)
+    program.choose("File", "Close")
+    question = program.message("Do you want to save this file?")
+    controller.pause()
+    program.notice("LostCom")
+    expect("the question has the keyboard", lambda: "active" in question.part.states, True)
+    _expect_beside_the_question(program, question)
+
+
+def a_question_leaves_the_notice_of_a_lost_link_alone(program):
+    controller = _online(program, OUTPUTS)
+    controller.pause()
+    program.notice("LostCom")
+    program.choose("File", "Close")
+    _expect_beside_the_question(program, program.message("Do you want to save this file?"))
