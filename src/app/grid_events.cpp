@@ -1,6 +1,7 @@
 #include "app/grid_events.h"
 
 #include "app/cell_description.h"
+#include "app/refused_input.h"
 #include "grids/flx_configuration.h"
 #include "grids/flx_settings.h"
 #include "grids/stopping_on_failure.h"
@@ -39,8 +40,13 @@ void connectSettings(Flex_Grid_Events& events, const Grid_Context& grids, Event_
         edge.run([&] { FLX_Settings_StartEdit(grids, row, col, cancel); });
     };
     events.AfterEdit = [&grids, &edge](std::int32_t row, std::int32_t col) {
+        withdrawRefused(grids);
         edge.run(
             [&] { stoppingOnFailure(grids.comm.frame, [&] { FLX_Settings_AfterEdit(grids, row, col); }); });
+    };
+    events.TakesBlock = [&grids](std::int32_t row, std::int32_t col) { return takesBlock(grids, row, col); };
+    events.Refused = [&grids](std::int32_t row, std::int32_t col, const Refused_Input& what) {
+        tellRefused(grids, row, col, what.character);
     };
     events.AfterUserResize = [&grids, &edge](std::int32_t row, std::int32_t col) {
         edge.run([&] { FLX_Settings_AfterUserResize(grids, row, col); });

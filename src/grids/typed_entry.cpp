@@ -48,6 +48,18 @@ Commit_Path commitPath(std::string_view columnType, std::string_view format) {
     return Commit_Path::Free_Text;
 }
 
+bool keepsAnyText(const Cell_Rec& definition, const Cell_Rec& cell) {
+    switch (commitPath(definition.Column_Type, cell.Format)) {
+    case Commit_Path::Time:
+        return false;
+    case Commit_Path::Number:
+        return cell.Is_Ascii_Range;
+    case Commit_Path::Free_Text:
+        break;
+    }
+    return !cell.Has_Messages;
+}
+
 Typed_Entry typedEntry(const Cell_Rec& definition, const Cell_Rec& cell, std::string_view text) {
     switch (commitPath(definition.Column_Type, cell.Format)) {
     case Commit_Path::Time:

@@ -13,6 +13,10 @@ enum class Commit_Path { Free_Text, Time, Number };
 /// The path by the column's type and the cell's format. Both are compared in upper case, blanks included.
 [[nodiscard]] Commit_Path commitPath(std::string_view columnType, std::string_view format);
 
+/// Whether a cell keeps any text as it is written: a free text, or one that goes into registers of
+/// characters.
+[[nodiscard]] bool keepsAnyText(const Cell_Rec& definition, const Cell_Rec& cell);
+
 /// What a typed text turns out to be on its path.
 enum class Entry_Kind { Free_Text, Time, Bad_Time, Number, Not_Numeric, Ascii };
 

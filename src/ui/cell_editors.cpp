@@ -1,9 +1,16 @@
 #include "ui/cell_editors.h"
 
+#include "ui/pasted_text.h"
 #include "ui/text.h"
 
 #include <QAbstractItemView>
+#include <QAction>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QPainter>
 #include <QStyle>
 
@@ -23,7 +30,10 @@ bool comesBack(Qt::FocusReason reason) {
 } // namespace
 
 QValidator::State Code_Page_Validator::validate(QString& text, int&) const {
-    return fitsCodePage(text) ? Acceptable : Invalid;
+    text = asOneLine(text);
+    if (fitsCodePage(text)) return Acceptable;
+    if (onRefused) onRefused({missingCharacter(text)});
+    return Invalid;
 }
 
 std::optional<Edit_End> editEndOf(const QKeyEvent& key) {
@@ -53,7 +63,9 @@ Text_Cell_Editor::Text_Cell_Editor(const QString& text, int maxLength, QWidget* 
     setMaxLength(std::max(limit_, static_cast<int>(text.size())));
     setText(text);
     connect(this, &QLineEdit::textEdited, this, [this](const QString& edited) { keepWithinLimit(edited); });
-    setValidator(new Code_Page_Validator(this));
+    auto* validator = new Code_Page_Validator(this);
+    validator->onRefused = [this](const Refused_Input& what) { refuse(what); };
+    setValidator(validator);
     setTextMargins(1, 0, 1, 0);
 }
 
@@ -64,6 +76,55 @@ void Text_Cell_Editor::keepWithinLimit(const QString& edited) {
     const int length = static_cast<int>(edited.size());
     setMaxLength(length < maxLength() ? std::max(limit_, length) : limit_);
     setCursorPosition(std::min(cursor, static_cast<int>(text().size())));
+}
+
+void Text_Cell_Editor::refuse(const Refused_Input& what) const {
+    if (onRefused) onRefused(what);
+}
+
+void Text_Cell_Editor::pasteFrom(QClipboard::Mode mode) {
+    insertPasted(QGuiApplication::clipboard()->text(mode));
+}
+
+void Text_Cell_Editor::insertPasted(const QString& clipboard) {
+    const Pasted_Text pasted = pastedText(clipboard);
+    if (pasted.severalCells && takesBlock && !takesBlock()) return refuse({});
+    insert(pasted.line);
+}
+
+void Text_Cell_Editor::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Paste))
+        pasteFrom(QClipboard::Clipboard);
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+/// The menu's own "Paste" would go past the rules for what is pasted.
+void Text_Cell_Editor::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction* action : menu->actions()) {
+        if (!action->text().startsWith(QLineEdit::tr("&Paste"))) continue;
+        action->disconnect(this);
+        connect(action, &QAction::triggered, this, [this] { pasteFrom(QClipboard::Clipboard); });
+    }
+    menu->popup(event->globalPos());
+}
+
+void Text_Cell_Editor::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::MiddleButton || !QGuiApplication::clipboard()->supportsSelection())
+        return QLineEdit::mouseReleaseEvent(event);
+    deselect();
+    pasteFrom(QClipboard::Selection);
+}
+
+/// A text that is moved inside the editor is one line already.
+void Text_Cell_Editor::dropEvent(QDropEvent* event) {
+    if (event->source() == this || !event->mimeData()->hasText()) return QLineEdit::dropEvent(event);
+    deselect();
+    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    insertPasted(event->mimeData()->text());
+    event->acceptProposedAction();
 }
 
 bool Text_Cell_Editor::event(QEvent* event) {

@@ -2,23 +2,33 @@
 
 #include "ui/combo_entries.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QValidator>
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <vector>
 
 class QKeyEvent;
 
 namespace zorvane {
 
-/// Refuses a text with a character that Windows-1252 lacks.
+/// What an editor didn't take.
+struct Refused_Input {
+    /// The character that Windows-1252 lacks, as "U+03A9"; "" for a text of several cells.
+    std::string character;
+};
+
+/// Refuses a text with a character that Windows-1252 lacks, and puts a blank for each line end and tab.
 class Code_Page_Validator final : public QValidator {
   public:
     explicit Code_Page_Validator(QObject* parent) : QValidator(parent) {}
     State validate(QString& text, int& position) const override;
+
+    std::function<void(const Refused_Input&)> onRefused;
 };
 
 /// How an in-cell editor is left.
@@ -35,14 +45,24 @@ class Text_Cell_Editor final : public QLineEdit {
     Text_Cell_Editor(const QString& text, int maxLength, QWidget* parent);
 
     std::function<void(Edit_End)> onEnd;
+    /// Whether the cell takes a pasted text of several cells or lines as one line; without it it does.
+    std::function<bool()> takesBlock;
+    std::function<void(const Refused_Input&)> onRefused;
 
   protected:
     bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
   private:
     void keepWithinLimit(const QString& edited);
+    void pasteFrom(QClipboard::Mode mode);
+    void insertPasted(const QString& clipboard);
+    void refuse(const Refused_Input& what) const;
 
     int limit_;
 };

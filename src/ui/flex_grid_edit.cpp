@@ -1,4 +1,5 @@
 #include "ui/flex_grid_view.h"
+#include "ui/pasted_text.h"
 #include "ui/text.h"
 
 #include <QClipboard>
@@ -22,14 +23,6 @@ void takeCellColours(QWidget& editor, const QModelIndex& index) {
     if (back.isValid()) palette.setColor(QPalette::Text, Qt::black);
     if (fore.isValid()) palette.setColor(QPalette::Text, fore.value<QBrush>().color());
     editor.setPalette(palette);
-}
-
-/// The clipboard's text as a line: one line end at its end, as many programs leave, doesn't count.
-QString clipboardLine() {
-    QString text = QGuiApplication::clipboard()->text();
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    if (text.endsWith(u'\n')) text.chop(1);
-    return text.replace(u'\n', u' ').replace(u'\r', u' ');
 }
 
 } // namespace
@@ -61,7 +54,8 @@ bool Flex_Grid_View::beginEdit(Edit_Start how) {
 }
 
 void Flex_Grid_View::typeInto(const QString& text) {
-    if (!fitsCodePage(text) || !beginEdit(Edit_Start::Empty)) return;
+    if (!fitsCodePage(text)) return refuse(store().Row(), store().Col(), {missingCharacter(text)});
+    if (!beginEdit(Edit_Start::Empty)) return;
     if (auto* line = dynamic_cast<Text_Cell_Editor*>(editor_.data())) line->insert(text);
     if (auto* list = dynamic_cast<List_Cell_Editor*>(editor_.data())) list->typeAhead(text);
 }
@@ -80,6 +74,8 @@ QWidget* Flex_Grid_View::makeEditor(QWidget* parent, const QModelIndex& index) {
         line->setAlignment(qtAlignment(store().ColAlignment(editCol_)));
         takeCellColours(*line, index);
         line->onEnd = finish;
+        line->takesBlock = [this] { return takesBlock(editRow_, editCol_); };
+        line->onRefused = [this](const Refused_Input& what) { refuse(editRow_, editCol_, what); };
         editor_ = line;
     }
     editor_->setFont(font());
@@ -134,6 +130,14 @@ void Flex_Grid_View::tellAfterEdit(std::int32_t row, std::int32_t col) {
     if (events.AfterEdit) events.AfterEdit(row, col);
 }
 
+bool Flex_Grid_View::takesBlock(std::int32_t row, std::int32_t col) const {
+    return !events.TakesBlock || events.TakesBlock(row, col);
+}
+
+void Flex_Grid_View::refuse(std::int32_t row, std::int32_t col, const Refused_Input& what) const {
+    if (events.Refused) events.Refused(row, col, what);
+}
+
 void Flex_Grid_View::finishEdit() { endEdit(Edit_End::Stay); }
 
 void Flex_Grid_View::commitData(QWidget* editor) {
@@ -165,10 +169,12 @@ void Flex_Grid_View::paste() {
     const std::int32_t col = store().Col();
     const bool hasText = QGuiApplication::clipboard()->mimeData()->hasText();
     if (!editable_ || isEditing() || row < 1 || col < 0 || !hasText) return;
-    const QString pasted = clipboardLine();
-    if (!fitsCodePage(pasted) || !askEdit(row, col)) return;
-    const std::string text = toCore(pasted);
+    if (!askEdit(row, col)) return;
+    const Pasted_Text pasted = pastedText(QGuiApplication::clipboard()->text());
     const std::vector<Combo_Entry> entries = comboEntries(store().ComboList());
+    if (pasted.severalCells && (!entries.empty() || !takesBlock(row, col))) return refuse(row, col, {});
+    if (!fitsCodePage(pasted.line)) return refuse(row, col, {missingCharacter(pasted.line)});
+    const std::string text = toCore(pasted.line);
     if (entries.empty()) {
         const std::int32_t limit = store().EditMaxLength();
         acceptText(row, col, limit > 0 ? text.substr(0, static_cast<std::size_t>(limit)) : text);

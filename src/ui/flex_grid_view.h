@@ -27,6 +27,10 @@ struct Flex_Grid_Events {
     std::function<void(std::int32_t row, std::int32_t col, bool& cancel)> StartEdit;
     /// An edit ended with a text or an entry taken; the cell has it already and is the current one.
     std::function<void(std::int32_t row, std::int32_t col)> AfterEdit;
+    /// Whether a cell takes a pasted text of several cells or lines as one line; without it each does.
+    std::function<bool(std::int32_t row, std::int32_t col)> TakesBlock;
+    /// Something that was typed or pasted isn't taken.
+    std::function<void(std::int32_t row, std::int32_t col, const Refused_Input& what)> Refused;
     /// The user drags a column's border; the column is that wide now, in twips.
     std::function<void(std::int32_t col, std::int32_t twips)> UserResizing;
     /// The user changed a column's width and let go of it; the row is -1.
@@ -133,6 +137,8 @@ class Flex_Grid_View final : public QTableView {
     void acceptText(std::int32_t row, std::int32_t col, const std::string& text);
     void acceptEntry(std::int32_t row, std::int32_t col, const Combo_Entry& entry);
     void tellAfterEdit(std::int32_t row, std::int32_t col);
+    [[nodiscard]] bool takesBlock(std::int32_t row, std::int32_t col) const;
+    void refuse(std::int32_t row, std::int32_t col, const Refused_Input& what) const;
 
     void tellMouse(const Flex_Grid_Events::Mouse& handler, const QMouseEvent& event, const QWidget& source,
                    Qt::MouseButtons buttons);

@@ -1,6 +1,8 @@
 """Keyboard and mouse of a desktop. Keys go to whatever has the keyboard, as a person's do."""
 import time
 
+from .waiting import expect
+
 DOUBLE_CLICK_S = 0.6  # a little more than the program's
 
 
@@ -20,6 +22,18 @@ class Hands:
 
     def write(self, text):
         self._desktop.run("xdotool", "type", "--delay", "15", "--", text)
+
+    def copy(self, text):
+        """Puts a text on the clipboard, as another program would."""
+        file = self._desktop.path("clipboard.txt")
+        with open(file, "w", encoding="utf-8", newline="") as written:
+            written.write(text)
+        command = ["xclip", "-selection", "clipboard"]
+        self._desktop.start([*command, "-quiet", file], "clipboard")
+        expect("the clipboard", lambda: self._desktop.run(*command, "-o").decode(), text)
+
+    def point_at(self, x, y):
+        self._desktop.run("xdotool", "mousemove", str(x), str(y))
 
     def click(self, thing, times=1):
         """The left button in the middle of a control or cell."""

@@ -198,3 +198,31 @@ def cells_have_the_colours_of_the_template(program):
     program.settle_on(5, 0)
     program.expect_colours(0, VALUE, (0xFF, 0xFF, 0xC0), (0x40, 0x40, 0x40))
     program.expect_colours(0, 0, (0xFF, 0xFF, 0xFF), (0x40, 0x40, 0x40))
+
+
+def a_pasted_line_end_is_a_blank_in_the_editor_too(program):
+    """A line end in a value would split its row in the file."""
+    path = _editing(program, OUTPUTS)
+    rows = len(program.settings.texts())
+    program.hands.copy("North bay\r\nsecond\tfan\n")
+    program.begin_edit(0, 2)
+    program.hands.keys("ctrl+a", "ctrl+v", "Return")
+    program.expect_cell(0, 2, "North bay second fan")
+    program.hands.keys("ctrl+s")
+    program.expect_title("site7.kvrt207d - Zorvane")
+    saved = program.terminal.settings(program.template("KVRT207D"), path, OUTPUTS)
+    assert (len(saved), saved[0][2]) == (rows, "North bay second fan"), f"the file holds {saved}"
+
+
+def a_pasted_block_never_becomes_zero(program):
+    _editing(program, REGULATION)
+    before = program.settings.texts()
+    program.hands.copy("1100\t1200\n1300\t1400\n")
+    program.settle_on(0, VALUE)
+    program.hands.keys("ctrl+v")
+    editor = program.begin_edit(1, VALUE)
+    program.hands.keys("ctrl+v")
+    expect("the text in the editor", lambda: editor.text, before[1][VALUE])
+    program.hands.keys("Return")
+    program.settle_on(0, VALUE)
+    expect("the lower grid", lambda: program.settings.texts(), before)

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "grids/grid_context.h"
+
+#include <cstdint>
+#include <string>
+
+namespace zorvane {
+
+/// Whether a cell of the lower grid takes a text of several cells or lines as one line.
+[[nodiscard]] bool takesBlock(const Grid_Context& grids, std::int32_t row, std::int32_t col);
+
+/// Tells in the message bar that a character, "U+03A9", wasn't taken into a cell of the lower grid; that a
+/// text of several cells wasn't, where `character` is empty.
+void tellRefused(const Grid_Context& grids, std::int32_t row, std::int32_t col, const std::string& character);
+
+/// Something was taken: takes that line back.
+void withdrawRefused(const Grid_Context& grids);
+
+} // namespace zorvane
