@@ -1,7 +1,7 @@
 #include "app/desktop_parts.h"
 
+#include "app/desktop_shell.h"
 #include "app/font_size.h"
-#include "template/native_files.h"
 #include "ui/acercade.h"
 #include "ui/column_tip.h"
 #include "ui/iconic.h"
@@ -10,26 +10,10 @@
 
 #include <QAction>
 #include <QCursor>
-#include <QDesktopServices>
-#include <QFile>
 #include <QMenu>
 #include <QSystemTrayIcon>
-#include <QUrl>
 
 namespace zorvane {
-
-namespace {
-
-/// What a file or an address is opened with is the desktop's choice.
-bool openOnDesktop(const std::string& /*operation*/, const std::string& file,
-                   const std::string& /*parameters*/, const std::string& folder) {
-    if (folder.empty()) return QDesktopServices::openUrl(QUrl(QString::fromStdString(file)));
-    const std::string found = pathToNative(Native_Files().found(folder + folderSeparator + file));
-    return QDesktopServices::openUrl(
-        QUrl::fromLocalFile(QFile::decodeName(QByteArray::fromStdString(found))));
-}
-
-} // namespace
 
 Desktop_Tray_Icon::Desktop_Tray_Icon(Main_Window& window, std::function<void(Tray_Message message)> used)
     : window_(window), used_(std::move(used)) {}

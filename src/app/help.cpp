@@ -5,28 +5,37 @@ namespace zorvane {
 namespace {
 
 /// A desktop that can't open something is told of, since nothing else would be seen.
-void openOrTell(const App_Context& app, const Shell_Execute& execute, const std::string& file,
-                const std::string& folder) {
-    if (execute("Open", file, "", folder)) return;
-    const std::string what = folder.empty() ? file : folder + folderSeparator + file;
+void tellUnopened(const App_Context& app, const std::string& what) {
     app.frame.Msgb_Show("No program of this desktop opens " + what, Msgb_Information, applicationTitle);
+}
+
+void openOrTell(const App_Context& app, const Shell_Execute& execute, const std::string& address) {
+    if (!execute("Open", address, "", {})) tellUnopened(app, address);
 }
 
 } // namespace
 
 void MNU_HelpIndex_Click(const App_Context& app, const Shell_Execute& RunShellExecute) {
-    if (app.files.exists(app.applicationFolder + folderSeparator + helpFile))
-        openOrTell(app, RunShellExecute, helpFile, app.applicationFolder);
-    else
+    const std::string& folder = app.applicationFolder;
+    if (!app.files.exists(folder + folderSeparator + helpFile)) {
         app.frame.Msgb_Show("Zorvane.hlp file doesn't exist!", Msgb_Information, applicationTitle);
+        return;
+    }
+    if (RunShellExecute("Open", helpFile, "", folder)) return;
+    for (const std::string& place : helpPagesFolders) {
+        const std::string pages = folder + folderSeparator + place;
+        const bool hasPages = app.files.exists(pages + folderSeparator + helpPage);
+        if (hasPages && RunShellExecute("Open", helpPage, "", pages)) return;
+    }
+    tellUnopened(app, folder + folderSeparator + helpFile);
 }
 
 void MNU_OnLine_Click(const App_Context& app, const Shell_Execute& ShellExecute) {
-    openOrTell(app, ShellExecute, makerHomePage, {});
+    openOrTell(app, ShellExecute, makerHomePage);
 }
 
 void MNU_ContactUs_Click(const App_Context& app, const Shell_Execute& ShellExecute) {
-    openOrTell(app, ShellExecute, makerMailLink, {});
+    openOrTell(app, ShellExecute, makerMailLink);
 }
 
 } // namespace zorvane

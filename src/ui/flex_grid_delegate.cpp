@@ -1,7 +1,11 @@
 #include "ui/flex_grid_delegate.h"
 
+#include "ui/text.h"
+
 #include <QAbstractItemView>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace zorvane {
 
@@ -82,6 +86,22 @@ void Flex_Grid_Delegate::paint(QPainter* painter, const QStyleOptionViewItem& gi
     drawCellText(painter, given, index);
     if (current) drawCurrentBorder(painter, given);
     painter->restore();
+}
+
+int Flex_Grid_Delegate::widthFor(const QString& text, const QFontMetrics& metrics) {
+    return metrics.horizontalAdvance(text) + 2 * textMargin;
+}
+
+bool Flex_Grid_Delegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
+                                   const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString text = index.data(Qt::DisplayRole).toString();
+    QStringList lines;
+    if (widthFor(text, view->fontMetrics()) > option.rect.width()) lines << text;
+    if (const QString more = index.data(Qt::ToolTipRole).toString(); !more.isEmpty()) lines << more;
+    QToolTip::showText(event->globalPos(), plainTip(lines.join(u'\n')), view->viewport(), option.rect);
+    return true;
 }
 
 QWidget* Flex_Grid_Delegate::createEditor(QWidget* parent, const QStyleOptionViewItem&,

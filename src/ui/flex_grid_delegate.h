@@ -29,6 +29,12 @@ class Flex_Grid_Delegate final : public QStyledItemDelegate {
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 
+    /// A text that its cell cuts is shown whole, before whatever else there is to say of the cell.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+    /// How wide a cell must be to show its text whole, in pixels.
+    [[nodiscard]] static int widthFor(const QString& text, const QFontMetrics& metrics);
+
   protected:
     /// The editors know their keys themselves.
     bool eventFilter(QObject*, QEvent*) override { return false; }

@@ -2,6 +2,7 @@
 #include "ui/key_codes.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -274,6 +275,8 @@ void Flex_Grid_View::headerMouse(const QMouseEvent& event) {
 }
 
 bool Flex_Grid_View::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == horizontalHeader()->viewport() && event->type() == QEvent::ToolTip)
+        return tellHeading(*static_cast<const QHelpEvent*>(event)), true;
     if (watched == horizontalHeader()->viewport())
         if (const auto* mouse = dynamic_cast<const QMouseEvent*>(event)) headerMouse(*mouse);
     return QTableView::eventFilter(watched, event);

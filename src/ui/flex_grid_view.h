@@ -60,6 +60,9 @@ class Flex_Grid_View final : public QTableView {
     void setEditable(bool editable) { editable_ = editable; }
     /// The grid chooses rows and no single cells.
     void setSelectsRows(bool rows);
+    /// A double click on a heading's border gives the column the width of its widest text, as if the user had
+    /// dragged it.
+    void setFitsColumns();
 
     [[nodiscard]] Flex_Grid_Model& cells() { return model_; }
     [[nodiscard]] const Flex_Grid_Model& cells() const { return model_; }
@@ -145,6 +148,9 @@ class Flex_Grid_View final : public QTableView {
     void headerMouse(const QMouseEvent& event);
     void abandonEdit();
     void sectionDragged(int column, int pixels);
+    [[nodiscard]] int headingWidth(int column) const;
+    void tellHeading(const QHelpEvent& event) const;
+    void fitColumn(int column);
     void tellUserResize();
 
     Flex_Grid_Model model_;

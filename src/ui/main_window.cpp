@@ -58,6 +58,7 @@ Main_Window::Main_Window() {
     settings_ = std::make_unique<Flex_Grid>(
         addGrid(*frame3_, QStringLiteral("FLX_Settings"), QStringLiteral("Settings")));
     settings_->view().setEditable(true);
+    settings_->view().setFitsColumns();
     tip_ = new Column_Tip(settings_->view(), client_);
     setDesignSize();
 }

@@ -29,6 +29,11 @@ bool fitsCodePage(const QString& text) {
     return whole;
 }
 
+QString plainTip(const QString& text) {
+    if (text.isEmpty()) return text;
+    return QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(text.toHtmlEscaped());
+}
+
 void giveName(QWidget& widget, const QString& name) {
     widget.setObjectName(name);
     widget.setAccessibleDescription(name);

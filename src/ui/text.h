@@ -18,6 +18,10 @@ namespace zorvane {
 /// Whether every character has a place in the code page.
 [[nodiscard]] bool fitsCodePage(const QString& text);
 
+/// A tool tip's text that is shown as it stands, whatever it looks like, with long lines wrapped. "" stays
+/// "".
+[[nodiscard]] QString plainTip(const QString& text);
+
 /// Gives a control its own name: as the object's name, for the program, and as its accessible description,
 /// for whoever looks from outside. The accessible name stays free, since it would hide the text of a label.
 void giveName(QWidget& widget, const QString& name);

@@ -109,11 +109,12 @@ def _border(program, column):
 def a_cut_text_is_shown_whole_beside_the_mouse(program):
     _opened_with_all_columns_in_sight(program)
     x, y = _border(program, 0)
-    program.hands.drag((x, y), (x - 60, y))
+    program.hands.drag((x, y), (x - 40, y))
     wait_for("the narrow column", lambda: _border(program, 0)[0] < x - 30)
-    for place in (_border(program, 0)[1], program.settings.cell(10, 0).rectangle[1] + 5):
+    left, first, _, height = program.settings.cell(0, 0).rectangle
+    for place in (first - height // 2, first + height // 2):
         before = program.windows_on_screen()
-        program.hands.point_at(x - 90, place)
+        program.hands.point_at(left + 10, place)
         wait_for("the tip", lambda: program.windows_on_screen() - before)
         program.hands.point_at(20, 20)
         expect("the windows without the tip", program.windows_on_screen, before)
