@@ -113,6 +113,15 @@ void Form_Unload(const App_Context& app) {
     app.frame.endProgram();
 }
 
+bool transferRuns(const Main_Form_State& form) {
+    return form.Comm_Active || form.Upload_Active || form.Download_Active;
+}
+
+void prepareSystemEnd(const App_Context& app) {
+    app.form().Cancel_Requested = true;
+    if (hasChanges(app)) ignoringFailure([&] { keepCopy(app, "ended by the system"); });
+}
+
 void MNU_Exit_Click(const App_Context& app) {
     if (askBeforeExit(app) == Exit_Answer::Stay) return;
     app.frame.removeTrayIcon();

@@ -24,6 +24,13 @@ void Form_QueryUnload(const App_Context& app, std::int16_t& Cancel, std::int16_t
 /// Stores the windows' places, releases the link and the tray icon, and ends the program.
 void Form_Unload(const App_Context& app);
 
+/// Whether a transfer is under way.
+[[nodiscard]] bool transferRuns(const Main_Form_State& form);
+
+/// The system is about to end the program: keeps the changes of the document, and leaves the wish to cancel
+/// for a transfer to find. Nobody is asked.
+void prepareSystemEnd(const App_Context& app);
+
 /// "E&xit".
 void MNU_Exit_Click(const App_Context& app);
 

@@ -64,7 +64,8 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
            recovery_,
            state_,
            places.applicationFolder},
-      parts_{app_, frame_, edge_}, reports_(app_, frame_, edge_), desktop_(parts_) {
+      parts_{app_, frame_, edge_}, reports_(app_, frame_, edge_), desktop_(parts_),
+      systemEnd_(app_, frame_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
     connectDocumentCommands(parts_);

@@ -7,6 +7,7 @@
 #include "app/qt_settings_store.h"
 #include "app/qt_text_widths.h"
 #include "app/report_parts.h"
+#include "app/system_end.h"
 #include "app/window_frame.h"
 #include "recovery/native_recovery_folder.h"
 #include "template/native_files.h"
@@ -42,6 +43,8 @@ class KVRT_Principal {
     void start();
     /// Starts, serves events until the program ends, and gives its exit code.
     [[nodiscard]] int run();
+    /// The system wants the program to end: it does, soon and without a question.
+    void endBySystem() { systemEnd_.begin(); }
 
     [[nodiscard]] const App_Context& app() const { return app_; }
     [[nodiscard]] Main_Window& window() { return window_; }
@@ -92,6 +95,7 @@ class KVRT_Principal {
     Form_Parts parts_;
     Report_Parts reports_;
     Desktop_Parts desktop_;
+    System_End systemEnd_;
     QTimer copyTimer_;
     QElapsedTimer clock_;
 };

@@ -1,3 +1,4 @@
+#include "app/end_signals.h"
 #include "app/kvrt_principal.h"
 #include "template/native_files.h"
 #include "ui/focus_style.h"
@@ -38,5 +39,6 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(zorvane::icon(QStringLiteral("application")));
     QApplication::setQuitOnLastWindowClosed(false);
     zorvane::KVRT_Principal principal(zorvane::programPlaces());
+    const zorvane::End_Signals listening([&principal] { principal.endBySystem(); });
     return principal.run();
 }

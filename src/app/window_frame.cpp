@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QEventLoop>
 #include <QScreen>
 #include <QTime>
@@ -87,7 +88,14 @@ QWidget* Window_Frame::dialogParent() const {
 }
 
 int Window_Frame::Msgb_Show(const std::string& prompt, int style, const std::string& title) {
-    return ask(shownText(prompt), style, shownText(title));
+    return asksNobody_ ? int{Msgb_Code_Cancel} : ask(shownText(prompt), style, shownText(title));
+}
+
+void Window_Frame::endQuestions() {
+    asksNobody_ = true;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (auto* dialog = qobject_cast<QDialog*>(window); dialog != nullptr && dialog->isModal())
+            dialog->reject();
 }
 
 void Window_Frame::setPanel(Panel panel, const std::string& text) {

@@ -77,6 +77,8 @@ class Window_Frame final : public Document_Frame {
     void choose(const std::string& entry) override;
     [[nodiscard]] Window_Dialog& dialog() override { return dialog_; }
 
+    /// Closes what waits for an answer, and from now on answers every question with Cancel, without a box.
+    void endQuestions();
     /// Ends the event loops, all of them, with that exit code.
     void endProgram(int exitCode);
     [[nodiscard]] int exitCode() const noexcept { return exitCode_; }
@@ -102,6 +104,7 @@ class Window_Frame final : public Document_Frame {
     Frm_Debug* frmDebug_ = nullptr; ///< this and the next belong to the window
     Lost_Com* lostCom_ = nullptr;
     bool printPageEnabled_ = true; ///< by itself, whatever its menu is
+    bool asksNobody_ = false;
     int exitCode_ = 0;
 };
 

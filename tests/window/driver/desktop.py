@@ -31,6 +31,9 @@ WINDOW_MANAGER_SETTINGS = """<?xml version="1.0"?>
 
 
 def _die_with_parent():
+    """Signals are as a desktop leaves them, whatever the tests were started with."""
+    for number in (signal.SIGHUP, signal.SIGINT):
+        signal.signal(number, signal.SIG_DFL)
     ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
 
 

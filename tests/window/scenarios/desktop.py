@@ -1,4 +1,6 @@
 """Text size, help and the splitter, as their user meets them."""
+import os
+
 from driver.waiting import expect, wait_for
 
 

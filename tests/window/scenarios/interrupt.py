@@ -1,6 +1,7 @@
 """A transfer or a live write that is cut short: the window or the document closed, another one opened, the adapter
 unplugged."""
 import os
+import signal
 
 from driver.waiting import expect, wait_for
 
@@ -298,3 +299,63 @@ def opening_another_document_while_online(program):
     asked = len(controller.frames())
     _expect_settings_of(program, other)
     assert len(controller.frames()) == asked, "the old controller is still polled"
+
+
+def _change_after_the_last_copy(program):
+    """The copy in the folder has the first value; the second one comes too soon after it for a copy of its own."""
+    program.enlarge()
+    program.select_field(REGULATION)
+    program.enter(0, VALUE, "1200")
+    wait_for("a recovery copy", program.recovery_copies)
+    program.enter(0, VALUE, "1300")
+    program.expect_cell(0, VALUE, "1300")
+
+
+def _expect_end_with_the_change_kept(program):
+    assert program.wait_for_end() == 0, f"exit code {program.process.returncode}"
+    folder = program.desktop.environment["XDG_DATA_HOME"]
+    texts = [open(os.path.join(place, name), "rb").read() for place, _, names in os.walk(folder) for name in names]
+    assert any(b"1300" in text for text in texts), "the last change isn't in the copy"
+
+
+def _ended_in_a_download_by(program, number):
+    controller = _opened(program, turnaround="50")
+    _change_after_the_last_copy(program)
+    _begin(program, "Download to Device", "Download")
+    wait_for("the first writes", lambda: len(controller.writes()) > 2)
+    program.process.send_signal(number)
+    _expect_end_with_the_change_kept(program)
+    assert len(controller.writes()) < 50, f"{len(controller.writes())} writes"
+
+
+def ended_by_sigterm_in_a_download(program):
+    """No question, no box: the transfer is given up, the changes are kept, the program ends."""
+    _ended_in_a_download_by(program, signal.SIGTERM)
+
+
+def ended_by_sigint_in_a_download(program):
+    _ended_in_a_download_by(program, signal.SIGINT)
+
+
+def ended_by_sighup_in_a_download(program):
+    _ended_in_a_download_by(program, signal.SIGHUP)
+
+
+def ended_by_sigterm_while_cancel_asks(program):
+    """The question that holds the scan goes unanswered."""
+    _opened(program, turnaround="300")
+    _change_after_the_last_copy(program)
+    _begin(program, "Upload to PC", "Upload")
+    program.dialog("Porcentaje").press("Cancel")
+    program.message("The transfer is not complete. Do you want to abort anyway?")
+    program.process.send_signal(signal.SIGTERM)
+    _expect_end_with_the_change_kept(program)
+
+
+def ended_by_sigterm_without_a_transfer(program):
+    _opened(program)
+    _change_after_the_last_copy(program)
+    program.choose("File", "Exit")
+    program.message(SAVE_QUESTION)
+    program.process.send_signal(signal.SIGTERM)
+    _expect_end_with_the_change_kept(program)
