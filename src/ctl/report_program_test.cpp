@@ -79,6 +79,17 @@ TEST_F(Report_Program, ATerminalShowsHowManyPagesAreDone) {
     }
 }
 
+TEST_F(Report_Program, AColumnOfWidth0IsHiddenButFetched) {
+    config = bench.file("site.ABC", lines({"[Field_1_Default]", "ROW_1=10,On", "[Default_1_Columns]",
+                                           "COL_1_WIDTH=0", "COL_2_WIDTH=800"}));
+    for (const char* format : {"txt", "html", "rtf"}) {
+        EXPECT_EQ(run({"--format", format, "--out", bench.path("r.out")}).code, 0);
+        EXPECT_THAT(bench.bytes("r.out"), testing::Not(HasSubstr("Level"))) << format;
+        EXPECT_THAT(bench.bytes("r.out"), HasSubstr("State")) << format;
+    }
+    EXPECT_EQ(json::parse(run({"1", "--json"}).out)["rows"][0], json::parse(R"(["10","On"])"));
+}
+
 TEST_F(Report_Program, PrintsOneFieldOrAll) {
     ztp = bench.file("ABC.ZTP", doubles::smallTemplate() + lines({"[CONFIGURATION_FIELDS]",
                                                                   "FIELD_2_DESC=Inputs", "FIELD_2_RC=1,1"}));

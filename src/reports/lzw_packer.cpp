@@ -14,11 +14,12 @@ constexpr std::uint32_t firstCode = 258;
 constexpr std::uint32_t lastCode = 4093; ///< with one more, readers would expect codes of 13 bits
 constexpr int narrowest = 9;
 constexpr std::size_t slots = 16384; ///< a power of 2, four times the sequences that there can be
-constexpr std::uint32_t noKey = 0xFFFFFFFF;
+constexpr std::uint32_t unused = 0xFFFFFFFF;
+constexpr unsigned codeBits = 12; ///< of an entry, below its sequence
 
 } // namespace
 
-Lzw_Packer::Lzw_Packer(std::uint8_t paper) : paper_(paper), keys_(slots), codes_(slots) {}
+Lzw_Packer::Lzw_Packer(std::uint8_t paper) : paper_(paper), known_(slots) {}
 
 std::string Lzw_Packer::pack(std::span<const std::uint8_t> bytes) {
     packed_.clear();
@@ -34,10 +35,10 @@ std::string Lzw_Packer::pack(std::span<const std::uint8_t> bytes) {
             bytes = bytes.subspan(takeRun(present, bytes));
             if (bytes.empty()) break;
             const std::uint8_t byte = bytes.front();
-            std::uint32_t* const slot = slotOf(present.code, byte);
+            std::uint32_t& slot = slotOf(present.code << 8 | byte);
             bytes = bytes.subspan(1);
-            if (*slot != noKey) {
-                present = {codes_[static_cast<std::size_t>(slot - keys_.data())], 0};
+            if (slot != unused) {
+                present = {slot & 0xFFFU, 0};
                 continue;
             }
             put(present.code);
@@ -53,7 +54,7 @@ std::string Lzw_Packer::pack(std::span<const std::uint8_t> bytes) {
 }
 
 void Lzw_Packer::forget() {
-    std::fill(keys_.begin(), keys_.end(), noKey);
+    std::fill(known_.begin(), known_.end(), unused);
     runs_.assign(1, paper_);
     next_ = firstCode;
     width_ = narrowest;
@@ -85,19 +86,16 @@ std::size_t Lzw_Packer::takeRun(Known& present, std::span<const std::uint8_t> re
     return taken;
 }
 
-/// The key of the sequence if it is known, else the place where it is to be
-/// noted.
-std::uint32_t* Lzw_Packer::slotOf(std::uint32_t prefix, std::uint8_t byte) {
-    const std::uint32_t key = prefix << 8 | byte;
-    std::size_t place = (key * 2654435761U) >> 18;
-    while (keys_[place] != noKey && keys_[place] != key)
+/// The entry of a sequence if it is known, else the place where it is to be noted.
+std::uint32_t& Lzw_Packer::slotOf(std::uint32_t sequence) {
+    std::size_t place = (sequence * 2654435761U) >> 18;
+    while (known_[place] != unused && known_[place] >> codeBits != sequence)
         place = (place + 1) % slots;
-    return &keys_[place];
+    return known_[place];
 }
 
-void Lzw_Packer::learn(const Known& present, std::uint8_t byte, std::uint32_t* slot) {
-    *slot = present.code << 8 | byte;
-    codes_[static_cast<std::size_t>(slot - keys_.data())] = next_;
+void Lzw_Packer::learn(const Known& present, std::uint8_t byte, std::uint32_t& slot) {
+    slot = (present.code << 8 | byte) << codeBits | next_;
     if (present.paperRun == runs_.size() && byte == paper_) runs_.push_back(next_);
     countCode();
 }

@@ -29,18 +29,18 @@ class Lzw_Packer {
     void forget();
     void put(std::uint32_t code);
     [[nodiscard]] std::size_t takeRun(Known& present, std::span<const std::uint8_t> rest) const;
-    [[nodiscard]] std::uint32_t* slotOf(std::uint32_t prefix, std::uint8_t byte);
-    void learn(const Known& present, std::uint8_t byte, std::uint32_t* slot);
+    [[nodiscard]] std::uint32_t& slotOf(std::uint32_t sequence);
+    void learn(const Known& present, std::uint8_t byte, std::uint32_t& slot);
     void countCode();
     [[nodiscard]] Known alone(std::uint8_t byte) const;
 
     std::uint8_t paper_;
-    std::vector<std::uint32_t> keys_;  ///< prefix and byte of each slot, or none
-    std::vector<std::uint32_t> codes_; ///< of each slot
-    std::vector<std::uint32_t> runs_;  ///< codes of the runs of paper, by their length less 1
-    std::uint32_t next_ = 0;           ///< the code that the next new sequence gets
-    int width_ = 0;                    ///< of a code in bits
-    std::uint32_t bits_ = 0;           ///< not yet a whole byte
+    std::vector<std::uint32_t>
+        known_; ///< by hash: a sequence as its prefix's code and its last byte, and its code
+    std::vector<std::uint32_t> runs_; ///< codes of the runs of paper, by their length less 1
+    std::uint32_t next_ = 0;          ///< the code that the next new sequence gets
+    int width_ = 0;                   ///< of a code in bits
+    std::uint32_t bits_ = 0;          ///< not yet a whole byte
     int bitCount_ = 0;
     std::string packed_;
 };

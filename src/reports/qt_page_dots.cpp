@@ -138,17 +138,18 @@ void Qt_Page_Dots::putMark(const Cut_Mark& mark, Packed_Colour paper) {
     const int side = dot(mark.side);
     const int inwards = mark.width > 0 ? 1 : -1;
     const int width = std::abs(dot(mark.width));
-    const int rim = dot(mark.rim);
     const int half = dot(mark.height / 2);
-    const int middle = dot(mark.middle);
-    const auto column = [&](int from, int to, int reach, std::uint8_t colour) {
+    const int middle = dot(mark.middle());
+    const auto paint = [&](int from, int to, int top, int bottom, Packed_Colour colour) {
         const int one = side + inwards * from;
         const int other = side + inwards * to;
-        fill({std::min(one, other), middle - reach, std::max(one, other), middle + reach + 1}, colour);
+        fill({std::min(one, other), top, std::max(one, other), bottom}, colours_.nearest(colour));
     };
-    column(0, width + rim, half + rim, colours_.nearest(paper));
-    for (int step = 0; step < width; ++step)
-        column(step, step + 1, half * (step + 1) / width, colours_.nearest(cutMarkColour));
+    paint(0, width + dot(mark.rim), dot(mark.top), dot(mark.bottom), paper);
+    for (int step = 0; step < width; ++step) {
+        const int reach = half * (step + 1) / width;
+        paint(step, step + 1, middle - reach, middle + reach + 1, cutMarkColour);
+    }
 }
 
 Qt_Page_Dots::Ink_Steps Qt_Page_Dots::stepsOf(const Text_Style& style) const {

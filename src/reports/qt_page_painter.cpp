@@ -65,12 +65,11 @@ class Item_Painter {
 
     void mark(const Cut_Mark& shape, Packed_Colour paper) const {
         const double inwards = shape.width + (shape.width > 0 ? shape.rim : -shape.rim);
-        const QRectF ground(shape.side, shape.middle - shape.height / 2 - shape.rim, inwards,
-                            shape.height + 2 * shape.rim);
+        const QRectF ground(shape.side, shape.top, inwards, shape.bottom - shape.top);
         painter_.fillRect(ground.normalized(), colourOf(paper));
-        QPainterPath triangle(QPointF(shape.side, shape.middle));
-        triangle.lineTo(shape.side + shape.width, shape.middle - shape.height / 2);
-        triangle.lineTo(shape.side + shape.width, shape.middle + shape.height / 2);
+        QPainterPath triangle(QPointF(shape.side, shape.middle()));
+        triangle.lineTo(shape.side + shape.width, shape.middle() - shape.height / 2);
+        triangle.lineTo(shape.side + shape.width, shape.middle() + shape.height / 2);
         painter_.fillPath(triangle, colourOf(cutMarkColour));
     }
 

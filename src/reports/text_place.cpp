@@ -29,12 +29,16 @@ Text_Place placeOf(const Text_Item& item, const Text_Style& style, const Text_Ex
 }
 
 Cut_Mark cutMark(const Text_Item& item, bool left) {
-    constexpr double widest = 75;
-    constexpr double height = 130;
-    constexpr double rim = 20;
+    constexpr double widest = 60;
+    constexpr double height = 120;
+    constexpr double rim = 10;
     const double width = std::min(widest, item.width / 3);
-    return {left ? item.left : item.left + item.width, left ? width : -width, item.top + item.height / 2,
-            height, rim};
+    return {left ? item.left : item.left + item.width,
+            left ? width : -width,
+            height,
+            rim,
+            item.top,
+            item.top + item.height};
 }
 
 } // namespace zorvane

@@ -25,14 +25,16 @@ struct Text_Place {
 
 [[nodiscard]] Text_Place placeOf(const Text_Item& item, const Text_Style& style, const Text_Extent& extent);
 
-/// The mark of a cut text: a triangle that points outwards, on a piece of paper
-/// that tells it from the letters.
+/// The mark of a cut text: a triangle that points outwards, on a piece of paper in place of the cut letter.
 struct Cut_Mark {
     double side = 0;   ///< where it points to
     double width = 0;  ///< inwards from there: below 0 at the right side
-    double middle = 0; ///< from top to bottom
-    double height = 0;
-    double rim = 0; ///< of paper, above, below and inwards
+    double height = 0; ///< of the triangle, in the middle of the room
+    double rim = 0;    ///< of paper, further inwards
+    double top = 0;    ///< of the room, all the height of which the paper has
+    double bottom = 0;
+
+    [[nodiscard]] double middle() const { return (top + bottom) / 2; }
 };
 
 /// The mark at the left or the right side of a text's room.

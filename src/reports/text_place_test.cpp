@@ -47,11 +47,11 @@ TEST(TextPlace, ATextLosesWhatLiesBeyondItsSides) {
 TEST(TextPlace, TheMarkPointsToTheSideThatCuts) {
     const Cut_Mark left = cutMark(column, true);
     EXPECT_EQ(left.side, 1000);
-    EXPECT_EQ(left.width, 75);
-    EXPECT_EQ(left.middle, 644);
+    EXPECT_EQ(left.width, 60);
+    EXPECT_EQ(left.middle(), 644);
     const Cut_Mark right = cutMark(column, false);
     EXPECT_EQ(right.side, 1400);
-    EXPECT_EQ(right.width, -75);
+    EXPECT_EQ(right.width, -60);
     EXPECT_EQ(cutMark({0, 0, 90, 288, 0, ""}, true).width, 30); // of a narrow column a third
 }
 

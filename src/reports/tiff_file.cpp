@@ -3,6 +3,7 @@
 #include "values/run_time_failure.h"
 
 #include <array>
+#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -68,13 +69,20 @@ void Tiff_File::addPage(std::uint32_t width, std::span<const std::uint8_t> dots)
     addDirectory(width, static_cast<std::uint32_t>(dots.size() / width), stripPlace);
 }
 
-/// Each row begins with a byte of its own.
+/// Each row begins with a byte of its own. Most of a page is paper, which is 0.
 std::span<const std::uint8_t> Tiff_File::inPairs(std::uint32_t width, std::span<const std::uint8_t> dots) {
-    strip_.clear();
-    for (; !dots.empty(); dots = dots.subspan(width)) {
-        for (std::size_t column = 0; column + 1 < width; column += 2)
-            strip_.push_back(static_cast<std::uint8_t>(dots[column] << 4 | dots[column + 1]));
-        if (width % 2 != 0) strip_.push_back(static_cast<std::uint8_t>(dots[width - 1] << 4));
+    const std::size_t rowSize = (width + std::size_t{1}) / 2;
+    strip_.assign(dots.size() / width * rowSize, 0);
+    for (std::uint8_t* to = strip_.data(); !dots.empty(); to += rowSize, dots = dots.subspan(width)) {
+        const std::uint8_t* const row = dots.data();
+        for (std::size_t column = 0; column < width; ++column) {
+            std::uint64_t eight = 0;
+            if (column + sizeof eight <= width) std::memcpy(&eight, row + column, sizeof eight);
+            if (column + sizeof eight <= width && eight == 0)
+                column += sizeof eight - 1;
+            else
+                to[column / 2] |= static_cast<std::uint8_t>(column % 2 == 0 ? row[column] << 4 : row[column]);
+        }
     }
     return strip_;
 }
