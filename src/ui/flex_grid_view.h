@@ -69,6 +69,10 @@ class Flex_Grid_View final : public QTableView {
     [[nodiscard]] Memory_Grid& store() { return model_.store; }
     [[nodiscard]] const Memory_Grid& store() const { return model_.store; }
 
+    /// Something floats over so many pixels at the lower end of the cells. The rows scroll that much further,
+    /// and the current cell doesn't stay under it.
+    void setCoveredBelow(int pixels);
+
     // What the owner changed in the store. The view follows later.
 
     void cellChanged(std::int32_t row, std::int32_t col);
@@ -90,6 +94,7 @@ class Flex_Grid_View final : public QTableView {
 
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void commitData(QWidget* editor) override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -97,6 +102,8 @@ class Flex_Grid_View final : public QTableView {
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
+    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
     bool focusNextPrevChild(bool next) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -119,6 +126,10 @@ class Flex_Grid_View final : public QTableView {
     void flushCells();
     void flushCurrent();
     void selectInView(std::int32_t row, std::int32_t col);
+    [[nodiscard]] bool scrollsFurther() const;
+    void alignTopRow();
+    [[nodiscard]] int freeHeight() const;
+    [[nodiscard]] int topRowFor(int lastRow) const;
 
     /// Runs Qt's own handling of the user's input, then tells what it moved.
     template <class Handling> void asUser(Handling&& handling);
@@ -162,6 +173,7 @@ class Flex_Grid_View final : public QTableView {
     std::int32_t lastCol_ = -1;
     std::optional<Cell_Range> changed_;
     int resizedColumn_ = -1;
+    int coveredBelow_ = 0;
     int handlingDepth_ = 0;
     bool editable_ = false;
     bool selectsRows_ = false;

@@ -1,8 +1,10 @@
 #include "ui/main_window.h"
 
+#include "ui/bar_place.h"
 #include "ui/caption_frame.h"
 #include "ui/column_tip.h"
 #include "ui/icons.h"
+#include "ui/message_bar_view.h"
 #include "ui/split_bar.h"
 #include "ui/text.h"
 
@@ -15,6 +17,8 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QWindowStateChangeEvent>
+
+#include <algorithm>
 
 namespace zorvane {
 
@@ -60,6 +64,7 @@ Main_Window::Main_Window() {
     settings_->view().setEditable(true);
     settings_->view().setFitsColumns();
     tip_ = new Column_Tip(settings_->view(), client_);
+    addMessageBar();
     setDesignSize();
 }
 
@@ -76,6 +81,64 @@ Flex_Grid_View& Main_Window::addGrid(QWidget& frame, const QString& name, const 
     giveName(*view, name);
     view->setAccessibleName(words);
     return *view;
+}
+
+void Main_Window::addMessageBar() {
+    messageBar_ = new Message_Bar_View(client_);
+    messageBar_->onLeave = [this] { leaveMessageBar(); };
+    messageBar_->beforeButton = [this] { finishEdit(); };
+    messageBar_->contentChanged = [this] { placeMessageBar(); };
+    settings_->view().viewport()->installEventFilter(this);
+    frame3_->installEventFilter(this);
+}
+
+/// Over the cells of the lower grid, so that its scroll bars stay free, and the grid scrolls that much
+/// further. A grid that isn't seen has no viewport that fits; then the bar stands where the grid would be.
+void Main_Window::placeMessageBar() {
+    if (placingBar_) return;
+    placingBar_ = true;
+    Flex_Grid_View& grid = settings_->view();
+    const bool seen = frame3_->isVisibleTo(client_) && !grid.isHidden();
+    const QWidget& cells = seen ? *grid.viewport() : static_cast<QWidget&>(grid);
+    const QPoint corner = frame3_->pos() + grid.pos() + (seen ? cells.pos() : QPoint());
+    const int gridTop = frame3_->y() + grid.y();
+    const Bar_Room room{QRect(corner, cells.size()), std::min(grid.height(), client_->height() - gridTop),
+                        frame3_->geometry().bottom() + 1, client_->height(), messageBar_->lineHeight()};
+    messageBar_->setCut(holdsOneLineOnly(room));
+    const QRect place = barPlace(room, messageBar_->neededHeight(room.cells.width()));
+    messageBar_->setGeometry(place);
+    grid.setCoveredBelow(seen && !messageBar_->isEmpty() ? coveredCells(room, place) : 0);
+    placingBar_ = false;
+}
+
+void Main_Window::leaveMessageBar() {
+    QWidget& lower = settings_->view();
+    QWidget& grid = lower.isVisibleTo(this) ? lower : configuration_->view();
+    grid.setFocus(Qt::OtherFocusReason);
+}
+
+/// The room of the cells changes with the grid's scroll bars, too.
+bool Main_Window::eventFilter(QObject* watched, QEvent* event) {
+    const bool cells = watched == settings_->view().viewport();
+    const QEvent::Type type = event->type();
+    const bool otherRoom =
+        cells ? type == QEvent::Resize || type == QEvent::Move : type == QEvent::Show || type == QEvent::Hide;
+    if (otherRoom)
+        QMetaObject::invokeMethod(
+            this, [this] { placeMessageBar(); }, Qt::QueuedConnection);
+    return QMainWindow::eventFilter(watched, event);
+}
+
+/// Only somebody who presses Tab gets into the message bar: no part that is hidden or disabled sends the
+/// keyboard there, nor does the key while the lower grid is no stop of it.
+bool Main_Window::focusNextPrevChild(bool next) {
+    const QWidget* from = focusWidget();
+    const bool byKey = from != nullptr && from->isVisible() && from->isEnabled();
+    const bool gridIsStop = (settings_->view().focusPolicy() & Qt::TabFocus) != 0;
+    messageBar_->setTabStops(byKey && (gridIsStop || messageBar_->holdsFocus()));
+    const bool moved = QMainWindow::focusNextPrevChild(next);
+    messageBar_->setTabStops(true);
+    return moved;
 }
 
 /// The inner area gets the design size, and the form stands in the middle of its screen.
@@ -96,6 +159,7 @@ void Main_Window::applyLayout() {
     placeAt(configuration_->view(), layout_.FLX_Configuration);
     placeAt(settings_->view(), layout_.FLX_Settings);
     statusBar_->setPanelWidths(layout_.panelWidths);
+    placeMessageBar();
 }
 
 void Main_Window::resizeEvent(QResizeEvent* event) {

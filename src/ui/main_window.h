@@ -15,6 +15,7 @@ namespace zorvane {
 
 class Caption_Frame;
 class Column_Tip;
+class Message_Bar_View;
 class Split_Bar;
 
 /// What the main form tells its owner. No handler lets an exception out.
@@ -44,6 +45,7 @@ class Main_Window final : public QMainWindow {
     [[nodiscard]] QWidget& Frame3();
     [[nodiscard]] QWidget& PicLineHoriz();
     [[nodiscard]] Column_Tip& picTip() { return *tip_; }
+    [[nodiscard]] Message_Bar_View& messageBar() { return *messageBar_; }
 
     [[nodiscard]] const Window_Layout& formLayout() const { return layout_; }
     [[nodiscard]] Twips_Scale scale() const { return layout_.scale; }
@@ -66,11 +68,16 @@ class Main_Window final : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
   private:
     Flex_Grid_View& addGrid(QWidget& frame, const QString& name, const QString& words);
     void setDesignSize();
+    void addMessageBar();
     void applyLayout();
+    void placeMessageBar();
+    void leaveMessageBar();
     void tellMinimized();
     void dragSplitter(int mouseY);
     void dropSplitter();
@@ -84,6 +91,7 @@ class Main_Window final : public QMainWindow {
     QWidget* line1_ = nullptr;
     Status_Bar* statusBar_ = nullptr;
     Column_Tip* tip_ = nullptr;
+    Message_Bar_View* messageBar_ = nullptr;
     std::unique_ptr<Main_Menu> menu_;
     std::unique_ptr<Flex_Grid> configuration_;
     std::unique_ptr<Flex_Grid> settings_;
@@ -91,6 +99,7 @@ class Main_Window final : public QMainWindow {
     QPointer<QWidget> focusBeforeDisabling_;
     QPointer<QWidget> focusBeforeSplitter_;
     bool formEnabled_ = true;
+    bool placingBar_ = false;
 };
 
 } // namespace zorvane

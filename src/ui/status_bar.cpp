@@ -28,6 +28,7 @@ constexpr std::array<Panel_Design, panelCount> panelDesigns = {{{"File type", ""
 constexpr int textMargin = 4;
 constexpr std::size_t messagePanel = 3; // from 0
 constexpr double panelPoints = 8.25;
+constexpr int standingMs = 200;
 
 } // namespace
 
@@ -44,9 +45,12 @@ void Status_Panel::setOwnToolTip(const QString& text) {
     setToolTip(text);
 }
 
+bool Status_Panel::isCut() const {
+    return fontMetrics().horizontalAdvance(text()) > width() - 2 * textMargin;
+}
+
 bool Status_Panel::event(QEvent* event) {
-    const bool cut = fontMetrics().horizontalAdvance(text()) > width() - 2 * textMargin;
-    if (event->type() != QEvent::ToolTip || !ownToolTip_.isEmpty() || !cut) return QLabel::event(event);
+    if (event->type() != QEvent::ToolTip || !ownToolTip_.isEmpty() || !isCut()) return QLabel::event(event);
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
     return true;
 }
@@ -79,7 +83,35 @@ Status_Bar::Status_Bar(QWidget* parent) : QStatusBar(parent) {
     connect(log_, &QPushButton::clicked, this, [this] {
         if (logChosen) logChosen();
     });
+    standing_.setSingleShot(true);
+    standing_.setInterval(standingMs);
+    connect(&standing_, &QTimer::timeout, this, [this] { tellMessageCut(panels_[messagePanel]->text()); });
     setFixedHeight(scaleOf(*this).pixelsY(Window_Layout{}.statusHeight));
+}
+
+void Status_Bar::setText(int panel, const QString& text) {
+    at(panel).setText(text);
+    if (panel != static_cast<int>(messagePanel) + 1) return;
+    messageSet_ = true;
+    noteMessageCut();
+}
+
+/// Many a text stands there for less than a blink, and nobody is to be told of those.
+void Status_Bar::noteMessageCut() {
+    const Status_Panel& panel = *panels_[messagePanel];
+    if (!messageSet_) return;
+    if (panel.text().isEmpty() || !panel.isCut()) {
+        standing_.stop();
+        tellMessageCut({});
+    } else if (panel.text() != cutTold_) {
+        standing_.start();
+    }
+}
+
+void Status_Bar::tellMessageCut(const QString& text) {
+    if (text == cutTold_) return;
+    cutTold_ = text;
+    if (messageCut) messageCut(text);
 }
 
 void Status_Bar::setLogOffered(bool offered) {
@@ -106,6 +138,7 @@ void Status_Bar::placePanels() {
         panels_[i]->setGeometry(from, 2, std::max(1, scale.pixelsX(left) - from), std::max(1, height() - 3));
     }
     if (!log_->isHidden()) placeLog();
+    noteMessageCut();
 }
 
 /// A panel too narrow for the button lets it reach over the lights, which are off after a transfer.

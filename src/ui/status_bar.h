@@ -4,6 +4,7 @@
 
 #include <QLabel>
 #include <QStatusBar>
+#include <QTimer>
 
 #include <array>
 #include <functional>
@@ -19,6 +20,8 @@ class Status_Panel final : public QLabel {
     Status_Panel(int number, QWidget* parent);
 
     void setOwnToolTip(const QString& text);
+    /// Whether its text has more than its room.
+    [[nodiscard]] bool isCut() const;
 
   protected:
     bool event(QEvent* event) override;
@@ -34,7 +37,11 @@ class Status_Bar final : public QStatusBar {
     explicit Status_Bar(QWidget* parent);
 
     [[nodiscard]] QString text(int panel) const { return at(panel).text(); }
-    void setText(int panel, const QString& text) { at(panel).setText(text); }
+    void setText(int panel, const QString& text);
+
+    /// Called with the message panel's text once it has stood there for a moment without room for it, and
+    /// with nothing once it has room or is gone. The text that the bar is made with is no message.
+    std::function<void(const QString& text)> messageCut;
 
     /// The button "Log..." in the message panel, for the log of the last transfer.
     void setLogOffered(bool offered);
@@ -56,9 +63,14 @@ class Status_Bar final : public QStatusBar {
     }
     void placePanels();
     void placeLog();
+    void noteMessageCut();
+    void tellMessageCut(const QString& text);
 
     std::array<Status_Panel*, panelCount> panels_{};
     QPushButton* log_ = nullptr;
+    QTimer standing_; ///< runs while a text that is cut is new
+    QString cutTold_;
+    bool messageSet_ = false;
     std::array<double, panelCount> widths_ = Window_Layout{}.panelWidths;
 };
 

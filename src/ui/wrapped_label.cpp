@@ -24,11 +24,18 @@ int Wrapped_Label::neededHeight(int width) const {
     return fontMetrics().boundingRect(QRect(0, 0, width, unlimited), wrapFlags, text()).height();
 }
 
+void Wrapped_Label::setCut(bool cut) {
+    cut_ = cut;
+    update();
+}
+
 void Wrapped_Label::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setPen(
-        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-    painter.drawText(QRectF(rect()), text(), wrapping());
+    const bool readable = isEnabled() || readableAlways_;
+    painter.setPen(palette().color(readable ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    if (!cut_) return painter.drawText(QRectF(rect()), text(), wrapping());
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, shown);
 }
 
 } // namespace zorvane

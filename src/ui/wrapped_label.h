@@ -11,9 +11,17 @@ class Wrapped_Label final : public QLabel {
 
     /// Pixels that its text needs at a width.
     [[nodiscard]] int neededHeight(int width) const;
+    /// One line instead, with dots for what doesn't fit.
+    void setCut(bool cut);
+    /// The colour of an enabled label, also while it is disabled.
+    void setReadableAlways() { readableAlways_ = true; }
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+
+  private:
+    bool cut_ = false;
+    bool readableAlways_ = false;
 };
 
 } // namespace zorvane

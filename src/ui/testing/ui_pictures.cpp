@@ -9,6 +9,7 @@
 #include "ui/frm_status.h"
 #include "ui/lost_com.h"
 #include "ui/mensaje.h"
+#include "ui/message_bar_view.h"
 #include "ui/monitor_window.h"
 #include "ui/msgb.h"
 #include "ui/porcentaje.h"
@@ -165,6 +166,44 @@ void takeMonitor(Pictures& pictures) {
     pictures.take(monitor, QStringLiteral("monitor"));
 }
 
+void takeMessageBar(Pictures& pictures) {
+    Main_Window window;
+    samples::fillWindow(window);
+    window.show();
+    const Shown_Line partly{
+        QStringLiteral("partly"),
+        true,
+        QStringLiteral("site7.kvrt207d was read up to line 11. What stands from there on in the "
+                       "file isn't in this document; it has the template's values."),
+        {{QStringLiteral("Show"), {}}, {QStringLiteral("Open as text"), {}}}};
+    const Shown_Line limits{
+        QStringLiteral("limits"),
+        true,
+        QStringLiteral("2 values are outside their limits: Set point 3 (1500) and one more."),
+        {{QStringLiteral("Show"), {}}}};
+    const Shown_Line copies{
+        QStringLiteral("copies"), false, QStringLiteral("One recovery copy is there."), {}};
+    window.messageBar().setLines({partly});
+    pictures.take(window, QStringLiteral("bar_design"));
+    window.setFormEnabled(false);
+    pictures.take(window, QStringLiteral("bar_disabled"));
+    window.setFormEnabled(true);
+    window.messageBar().setLines({copies, limits, partly});
+    pictures.take(window, QStringLiteral("bar_scrolling"));
+    window.Frame3().hide();
+    pictures.take(window, QStringLiteral("bar_without_frame3"));
+    window.Frame3().show();
+    window.resize(window.width() * 3 / 2, window.height() * 6 / 5);
+    window.FLX_Settings().SetFocus();
+    QTest::keyClick(&window.FLX_Settings().view(), Qt::Key_End, Qt::ControlModifier);
+    pictures.take(window, QStringLiteral("bar_wide_at_the_end"));
+    QTest::keyClick(&window.FLX_Settings().view(), Qt::Key_Tab);
+    pictures.take(window, QStringLiteral("bar_focus"));
+    window.resize(window.width(), window.height() * 4 / 9);
+    window.messageBar().setLines({partly, limits});
+    pictures.take(window, QStringLiteral("bar_one_line"));
+}
+
 void takeFrmStatus(Pictures& pictures) {
     const Transfer_Status status{
         "Upload to PC",
@@ -194,5 +233,6 @@ int main(int argc, char** argv) {
     takePortDialog(pictures);
     takeMonitor(pictures);
     takeFrmStatus(pictures);
+    takeMessageBar(pictures);
     return 0;
 }

@@ -7,7 +7,7 @@ CONTAINERS = {"filler", "panel", "frame", "split pane", "splitter", "grip", "lay
               "popup menu", "menu bar", "root pane", "unknown"}
 CONTROLS = {"push button", "check box", "radio button", "combo box", "text", "spin box", "list", "table", "tree",
             "tree table", "menu item", "check menu item", "progress bar", "slider", "page tab", "status bar",
-            "tool bar", "document", "graphic", "dialog"}
+            "tool bar", "document", "graphic", "dialog", "alert", "alert message"}
 WINDOWS = {"frame", "dialog", "alert", "alert message"}
 LABELLED_BY = 2
 
