@@ -2,6 +2,7 @@
 
 #include "app/desktop_shell.h"
 #include "app/font_size.h"
+#include "template/file_names.h"
 #include "ui/acercade.h"
 #include "ui/column_tip.h"
 #include "ui/iconic.h"
@@ -78,6 +79,16 @@ Desktop_Parts::Desktop_Parts(const Form_Parts& parts)
     connectHelpCommands();
     connectColumnTip();
     parts_.frame.extras.removeTrayIcon = [this] { tray_.unload(); };
+    parts_.frame.extras.openAsText = [this](const std::string& path) { openAsText(path); };
+}
+
+/// With what the desktop has for such files.
+void Desktop_Parts::openAsText(const std::string& path) {
+    const Path_Parts place = splitPath(path);
+    const std::string folder(place.folder.substr(0, place.folder.size() - (place.folder.empty() ? 0 : 1)));
+    if (shell("Open", std::string(place.name), "", folder)) return;
+    parts_.frame.messageBar().tell(
+        {"open as text", Bar_Kind::Note, "Nothing on this desktop opens " + path + " as a text.", {}, false});
 }
 
 void Desktop_Parts::connectViewCommands() {

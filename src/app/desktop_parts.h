@@ -71,6 +71,7 @@ class Desktop_Parts {
     void connectWindowCommands();
     void connectHelpCommands();
     void connectColumnTip();
+    void openAsText(const std::string& path);
     void MNU_FontSize_Click();
     void MNU_About_Click();
 

@@ -5,6 +5,7 @@
 #include "app/recovery_keeper.h"
 #include "comm/session.h"
 #include "comm/title.h"
+#include "grids/unholdable_text.h"
 #include "template/file_names.h"
 #include "template/pro_escribe_archivo.h"
 #include "values/numbers.h"
@@ -83,6 +84,7 @@ void saveChosen(const App_Context& app, const std::string& path, Failed_Save& sa
     app.frame.wait_ms(savingMs);
     app.frame.setFormEnabled(true);
     app.frame.setPanel(Panel::Message, "");
+    tellSavedTexts(app.grids);
 }
 
 /// Shows the dialog; false when the user cancelled.
@@ -182,6 +184,7 @@ void MNU_Save_Click(const App_Context& app) {
     PRO_Titulo_Limpio(document, app.form(), app.frame);
     app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
     app.frame.setPanel(Panel::Message, "");
+    if (good) tellSavedTexts(app.grids);
 }
 
 void MNU_Saveas_Click(const App_Context& app) {

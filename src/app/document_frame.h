@@ -38,6 +38,8 @@ class Document_Frame : public Frame {
     /// Each preview that is open and has pages is made anew with that font size, in points.
     virtual void restartPreviews(double fontSize) = 0;
     virtual void endProgram() = 0;
+    /// Opens a file with whatever the desktop edits texts with.
+    virtual void openAsText(const std::string& path) = 0;
 
     /// The user chose an entry of the menu by another way, by its given name ("MNU_Recover"). Nothing happens
     /// while it is disabled.

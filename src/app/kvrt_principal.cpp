@@ -1,7 +1,9 @@
 #include "app/kvrt_principal.h"
 
+#include "app/document_rows.h"
 #include "app/frame_life.h"
 #include "app/grid_events.h"
+#include "app/message_bar_parts.h"
 #include "app/port_store.h"
 #include "app/recovery_keeper.h"
 #include "comm/cancel.h"
@@ -27,6 +29,11 @@ namespace {
 
 std::string timeOfDay() {
     return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
+}
+
+/// An upload that failed or was cancelled says so in panel 4, and leaves the values alone.
+bool uploadFinished(const Main_Form_State& form, const Frame& frame) {
+    return !form.Upload_Active && frame.panel(Panel::Message) == "Ready";
 }
 
 Qt_Settings_Store& openStore(std::optional<Qt_Settings_Store>& store, const QString& file) {
@@ -68,6 +75,7 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
       systemEnd_(app_, frame_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
+    connectMessageBar(frame_, edge_);
     connectDocumentCommands(parts_);
     connectCommunicationCommands(parts_);
     connectGrids(window_, app_.grids, edge_);
@@ -81,6 +89,7 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
 KVRT_Principal::~KVRT_Principal() {
     edge_.end();
     window_.events = {};
+    frame_.messageBar().changed = {};
 }
 
 void KVRT_Principal::connectForm() {
@@ -111,7 +120,11 @@ void KVRT_Principal::connectTimers() {
     });
     onTick(Timer_Name::TMR_Inicial_ZTP, [this] { TMR_Inicial_ZTP_Timer(app_); });
     onTick(Timer_Name::TMR_Verifica_monitor, [&comm] { TMR_Verifica_monitor_Timer(comm); });
-    onTick(Timer_Name::TMR_Actualiza_valores, [&comm] { TMR_Actualiza_valores_Timer(comm); });
+    onTick(Timer_Name::TMR_Actualiza_valores, [this, &comm] {
+        const bool uploading = form_.Upload_Active;
+        TMR_Actualiza_valores_Timer(comm);
+        if (uploading && uploadFinished(form_, frame_)) tellUploaded(app_);
+    });
     onTick(Timer_Name::TMR_Actualiza_online, [&comm] { TMR_Actualiza_online_Timer(comm); });
     onTick(Timer_Name::TMR_TxRx, [&comm] { TMR_TxRx_Timer(comm); });
     onTick(Timer_Name::TMR_Forza_analogas, [&comm] { TMR_Forza_analogas_Timer(comm); });
@@ -163,6 +176,13 @@ void KVRT_Principal::Form_Windows::showFrmDebug() { frame_.FrmDebug().show(); }
 
 void KVRT_Principal::Form_Windows::updateColumnTip() {
     if (frame_.extras.updateColumnTip) frame_.extras.updateColumnTip();
+}
+
+void KVRT_Principal::Form_Windows::showCurrentCell() {
+    for (Flex_Grid* grid : {&frame_.window().FLX_Configuration(), &frame_.window().FLX_Settings()}) {
+        grid->view().flush();
+        grid->view().scrollTo(grid->view().currentIndex());
+    }
 }
 
 Mouse_Place KVRT_Principal::Form_Windows::mousePlace() const {

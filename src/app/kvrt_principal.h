@@ -65,6 +65,7 @@ class KVRT_Principal {
         void showFrmDebug() override;
         void updateColumnTip() override;
         [[nodiscard]] Mouse_Place mousePlace() const override;
+        void showCurrentCell() override;
 
       private:
         Window_Frame& frame_;

@@ -1,5 +1,6 @@
 #include "app/document_commands.h"
 #include "app/document_lines.h"
+#include "app/document_rows.h"
 #include "app/font_size.h"
 #include "app/menu_state.h"
 #include "app/open_steps.h"
@@ -101,35 +102,34 @@ void nameDocument(const App_Context& app, const Opening& opening) {
 }
 
 /// Rewrites a file of the older generation and reads the result over the model that the first reading left.
-void updateDocument(const App_Context& app, bool& ok) {
+Reading_End updateDocument(const App_Context& app, bool& ok) {
     Declara_Zorvane& document = app.document();
     const std::string stem = document.File_Folder + document.File_Stem;
     keepFileBefore(app, updatedPath(stem, document.File_Extension));
     ignoringFailure([&] { PRO_Actualiza_Archivo(app.files, stem, document.File_Extension); });
-    ignoringFailure([&] {
-        PRO_Leer_DefaultFIle(document, app.reading(), updatedPath(stem, document.File_Extension), ok);
-    });
+    Reading_End end = readConfiguration(app, updatedPath(stem, document.File_Extension), ok);
+    end.updated = true;
     document.File_Stem += "_Updated";
     PRO_Titulo_Limpio(document, app.form(), app.frame);
     PRO_Quita_Solo_Lectura(app);
+    return end;
 }
 
-/// Reads the user's file; true when it had to be brought up to date first. A recovery copy never is: it was
+/// Reads the user's file, which may have to be brought up to date first. A recovery copy never has: it was
 /// written by this generation.
-bool readDocument(const App_Context& app, const Opening& opening, bool& ok) {
+Reading_End readDocument(const App_Context& app, const Opening& opening, bool& ok) {
     Declara_Zorvane& document = app.document();
-    ignoringFailure([&] { PRO_Leer_DefaultFIle(document, app.reading(), opening.path, ok); });
+    Reading_End end = readConfiguration(app, opening.path, ok);
     if (ok) {
         PRO_Titulo_Limpio(document, app.form(), app.frame);
         app.frame.setPanel(Panel::Message, "");
-        return false;
+        return end;
     }
     if (opening.recoveredName || lastExtension(opening.path).find("KVRT") == std::string::npos) {
         app.frame.setPanel(Panel::Message, "This file fit on the template.");
-        return false;
+        return end;
     }
-    updateDocument(app, ok);
-    return true;
+    return updateDocument(app, ok);
 }
 
 void showDocument(const App_Context& app) {
@@ -168,15 +168,16 @@ bool openChosen(const App_Context& app, const Opening& opening) {
     showFields(app);
     nameDocument(app, opening);
     app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
-    const bool updated = readDocument(app, opening, ok);
+    const Reading_End reading = readDocument(app, opening, ok);
     showDocument(app);
     if (opening.recoveredName)
         app.recovery.watchAll();
     else
         settleDocument(app);
     leaving.tell();
-    if (updated)
+    if (reading.updated)
         app.frame.setPanel(Panel::Message, ok ? "The file was updated." : "Zorvane can't update this file.");
+    tellOpened(app, reading);
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "template/native_files.h"
 #include "ui/frm_debug.h"
 #include "ui/lost_com.h"
+#include "ui/message_bar_view.h"
 #include "ui/msgb.h"
 #include "ui/text.h"
 
@@ -146,6 +147,10 @@ void Window_Frame::showFrmStatus(bool isUpload) {
     if (extras.showFrmStatus) extras.showFrmStatus(isUpload);
 }
 
+void Window_Frame::openAsText(const std::string& path) {
+    if (extras.openAsText) extras.openAsText(path);
+}
+
 void Window_Frame::unloadFrmStatus() { callIfAny(extras.unloadFrmStatus); }
 
 std::string Window_Frame::timeOfDay() const {
@@ -193,11 +198,12 @@ void Window_Frame::setPartEnabled(Form_Part part, bool enabled) {
     giveFocusBack();
 }
 
-/// Hidden grids lose the keyboard. When they are back it mustn't go nowhere.
+/// Hidden grids lose the keyboard. When they are back it mustn't go nowhere, nor stay in the message bar.
 void Window_Frame::giveFocusBack() {
     if (window_.Frame2().isHidden() || !window_.Frame2().isEnabled()) return;
     QWidget* const last = window_.focusWidget();
-    const bool usable = last != nullptr && last->isVisibleTo(&window_) && last->isEnabled();
+    const bool usable = last != nullptr && last->isVisibleTo(&window_) && last->isEnabled() &&
+                        !window_.messageBar().isAncestorOf(last);
     if (!usable)
         window_.FLX_Configuration().view().setFocus();
     else if (window_.isActiveWindow() && QApplication::focusWidget() == nullptr)
@@ -239,7 +245,7 @@ void Window_Frame::restartPreviews(double fontSize) {
     if (extras.restartPreviews) extras.restartPreviews(fontSize);
 }
 
-void Window_Frame::choose(const std::string& entry) { window_.menu().action(fromCore(entry))->trigger(); }
+void Window_Frame::choose(const std::string& entry) { window_.menu().action(fromCore(entry)).trigger(); }
 
 void Window_Frame::endProgram(int exitCode) {
     if (edge_.ended()) return;

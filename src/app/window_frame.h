@@ -26,6 +26,7 @@ struct Window_Extras {
     std::function<void(bool isUpload)> showFrmStatus;
     std::function<void()> unloadFrmStatus;
     std::function<void()> formEnabledSet; ///< the form was enabled or disabled
+    std::function<void(const std::string& path)> openAsText;
 };
 
 /// The main form on the screen, as the logic knows it.
@@ -73,6 +74,7 @@ class Window_Frame final : public Document_Frame {
     void removeColumnTip() override;
     void closePreviews() override;
     void restartPreviews(double fontSize) override;
+    void openAsText(const std::string& path) override;
     void endProgram() override { endProgram(0); }
     void choose(const std::string& entry) override;
     [[nodiscard]] Window_Dialog& dialog() override { return dialog_; }

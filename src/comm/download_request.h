@@ -11,13 +11,6 @@
 
 namespace zorvane {
 
-/// A cell of the model, all numbers from 1.
-struct Cell_Place {
-    std::int32_t field = 0;
-    std::int32_t row = 0;
-    std::int32_t column = 0;
-};
-
 /// Where the user stands in the two grids: the row of the upper one is the number of its field, row and
 /// column of the lower one count from 0.
 struct Grid_Selection {

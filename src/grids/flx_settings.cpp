@@ -3,6 +3,7 @@
 #include "grids/commit_list.h"
 #include "grids/commit_value.h"
 #include "grids/edit_rules.h"
+#include "grids/unholdable_text.h"
 #include "values/numbers.h"
 
 namespace zorvane {
@@ -42,7 +43,10 @@ void FLX_Settings_AfterEdit(const Grid_Context& grids, std::int32_t Row, std::in
         return;
     }
     bool rejected = false;
+    const Document_Mark mark(grids.comm.document);
+    const Cell_Place place{grids.fieldNumber(), Row, Col + 1};
     PRO_Escribe_Valor(grids, Row, Col, grid.TextMatrix(Row, Col), rejected);
+    if (mark.holds()) tellCommittedText(grids, place);
 }
 
 void FLX_Settings_AfterUserResize(const Grid_Context& grids, std::int32_t /*Row*/, std::int32_t Col) {

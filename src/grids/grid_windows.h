@@ -26,6 +26,8 @@ class Grid_Windows {
     /// The mouse moved over the lower grid: starts the tool tip that tells a column's width.
     virtual void updateColumnTip() = 0;
     [[nodiscard]] virtual Mouse_Place mousePlace() const = 0;
+    /// Scrolls both grids to their current cells.
+    virtual void showCurrentCell() {}
 };
 
 } // namespace zorvane

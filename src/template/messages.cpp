@@ -6,7 +6,7 @@
 
 namespace zorvane {
 
-std::int32_t messageCode(const Cell_Rec& cell, std::string_view text) {
+std::optional<std::int32_t> listedCode(const Cell_Rec& cell, std::string_view text) {
     const std::string wanted = upperTrimmed(text);
     const bool numeric = isNumeric(text);
     const double number = Val(text);
@@ -14,7 +14,17 @@ std::int32_t messageCode(const Cell_Rec& cell, std::string_view text) {
         const Message_Rec& entry = cell.Messages(k);
         if (upperTrimmed(entry.Text) == wanted || (numeric && number == entry.Code)) return entry.Code;
     }
-    return 0;
+    return std::nullopt;
+}
+
+std::int32_t messageCode(const Cell_Rec& cell, std::string_view text) {
+    return listedCode(cell, text).value_or(0);
+}
+
+bool isListed(const Cell_Rec& cell, std::int32_t code) {
+    for (std::int32_t k = 1; k <= cell.Messages.upperBound(); ++k)
+        if (cell.Messages(k).Code == code) return true;
+    return false;
 }
 
 std::string messageText(const Cell_Rec& cell, std::int32_t code) {

@@ -3,6 +3,7 @@
 #include "template/model/declara_zorvane.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -19,6 +20,10 @@ void PRO_Texto_Mensaje(const Declara_Zorvane& document, std::int32_t field, std:
 
 /// The same for a cell at hand.
 [[nodiscard]] std::int32_t messageCode(const Cell_Rec& cell, std::string_view text);
+/// The code of the first entry that matches a text; nothing when none does.
+[[nodiscard]] std::optional<std::int32_t> listedCode(const Cell_Rec& cell, std::string_view text);
+/// Whether a code has an entry.
+[[nodiscard]] bool isListed(const Cell_Rec& cell, std::int32_t code);
 [[nodiscard]] std::string messageText(const Cell_Rec& cell, std::int32_t code);
 
 /// Fills a cell's list from `(code)text,(code)text,...` and flags the cell. An item without "(" or ")" ends

@@ -52,6 +52,7 @@ void PRO_Leer_DefaultFIle(Declara_Zorvane& document, const Reading_Services& ser
                           const std::string& path, bool& ok) {
     document.Load_Failed = false;
     document.Last_Line = 0;
+    document.Unlisted.clear();
     bool whole = false;
     if (!services.files.exists(path)) {
         services.asker.Msgb_Show("The default file was not found in: \r\n" + services.applicationFolder,

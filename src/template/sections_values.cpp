@@ -21,6 +21,11 @@ std::string timeFromSeconds(std::string_view item) {
     return numberText(wholeMinutes(seconds)) + ":" + twoDigits(restSeconds(seconds));
 }
 
+/// Whether a list cell is given a text that its list doesn't have; no text at all is none.
+bool isUnlisted(const Cell_Rec& cell, std::string_view item) {
+    return cell.Has_Messages && !trimBlanks(item).empty() && !listedCode(cell, item);
+}
+
 std::string documentValue(const Cell_Rec& cell, std::string_view item) {
     if (cell.Has_Messages) return numberText(messageCode(cell, item));
     const bool plainSeconds = isUpperCaseOf("TIME", cell.Format) && item.find(':') == std::string_view::npos;
@@ -54,9 +59,11 @@ bool readFieldDefault(const Interpreter& interpreter, const Key_Line& line) {
     bool accepted = true;
     forEachItem(line.value, [&](std::int32_t column, std::string_view item) {
         accepted = column <= field.Columns;
-        if (accepted && line.number <= field.Rows)
-            interpreter.field(line.section).Cells(line.number, column).Value =
-                documentValue(field.Cells(line.number, column), item);
+        if (!accepted || line.number > field.Rows) return accepted;
+        const Cell_Rec& cell = field.Cells(line.number, column);
+        interpreter.field(line.section).Cells(line.number, column).Value = documentValue(cell, item);
+        if (isUnlisted(cell, item))
+            interpreter.document.Unlisted.push_back({{line.section, line.number, column}, std::string(item)});
         return accepted;
     });
     return accepted;

@@ -54,6 +54,7 @@ class Recording_Document_Frame : public Document_Frame {
     void loadFrmDebug() override { note("FrmDebug loaded"); }
     void removeTrayIcon() override { note("tray icon removed"); }
     void removeColumnTip() override { note("column tip removed"); }
+    void openAsText(const std::string& path) override { note("opened as text " + path); }
     void closePreviews() override { note("previews closed"); }
     void restartPreviews(double fontSize) override;
     void endProgram() override;

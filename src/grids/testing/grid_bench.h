@@ -16,10 +16,12 @@ namespace zorvane::doubles {
 struct Recording_Windows final : Grid_Windows {
     int debugShown = 0;
     int tipUpdates = 0;
+    int cellsShown = 0;
     Mouse_Place place;
 
     void showFrmDebug() override { ++debugShown; }
     void updateColumnTip() override { ++tipUpdates; }
+    void showCurrentCell() override { ++cellsShown; }
     [[nodiscard]] Mouse_Place mousePlace() const override { return place; }
 };
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "template/model/cell_place.h"
 #include "template/model/cell_table.h"
 #include "template/model/passing_values.h"
 #include "values/checked_array.h"
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace zorvane {
 
@@ -82,6 +84,7 @@ struct Declara_Zorvane {
 
     bool Load_Failed = false;            ///< the last file to be read wasn't there
     std::int32_t Last_Line = 0;          ///< the line (from 1) of the file that was read last
+    std::vector<Unlisted_Text> Unlisted; ///< of the file that was read last; such a cell has the code 0
     bool Save_Failed = false;            ///< the last save didn't happen
     std::int32_t Always_Block_Count = 0; ///< blocks with the request word "ALWAYS"
     std::int32_t Forza_Analogas_Ms = 0;  ///< interval of TMR_Forza_analogas: four times Comm_Request_Ms
