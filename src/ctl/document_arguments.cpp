@@ -26,19 +26,18 @@ std::string refusal(const Opened_Document& opened, const std::string& outPath) {
     return same ? "The file was not read to its end, and writing it would lose the rest" : "";
 }
 
-/// A template named alone is one of this folder, else one of those beside the program.
-std::string templateFile(const Surroundings& surroundings, const std::string& given) {
-    if (given.find(folderSeparator) != std::string::npos || surroundings.files.exists(given)) return given;
-    const std::string beside = surroundings.applicationFolder + folderSeparator + given;
-    return surroundings.files.exists(beside) ? beside : given;
-}
-
 /// The name of the document's template, without ".ZTP".
 std::string typeOf(const Opened_Document& opened) {
     return upperCase(splitName(splitPath(opened.ztp.path).name).first);
 }
 
 } // namespace
+
+std::string templateFile(const Surroundings& surroundings, const std::string& given) {
+    if (given.find(folderSeparator) != std::string::npos || surroundings.files.exists(given)) return given;
+    const std::string beside = surroundings.applicationFolder + folderSeparator + given;
+    return surroundings.files.exists(beside) ? beside : given;
+}
 
 void Document_Arguments::addTemplate(CLI::App& arguments) {
     arguments.add_option("TEMPLATE", templatePath, "The controller's template (.ZTP)")->required();

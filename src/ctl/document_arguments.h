@@ -26,6 +26,10 @@ struct Document_Arguments {
 void keepFileBefore(const Surroundings& surroundings, const std::string& path, std::string_view text,
                     const std::string& type, const std::string& model);
 
+/// The path of a template as a call names it: one without a folder is of this folder, else one of those
+/// beside the program.
+[[nodiscard]] std::string templateFile(const Surroundings& surroundings, const std::string& given);
+
 /// Writes the document to a file (UTF-8 path). The result is empty, or the reason why it couldn't be written.
 /// Refused without touching the file: a document one of whose files is missing, and a document that was not
 /// read to its end over its own configuration file, which would lose the rest.

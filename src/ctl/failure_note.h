@@ -14,6 +14,11 @@ struct Failure_Note {
     std::string description;
 };
 
+/// A failure that is known without running anything.
+[[nodiscard]] inline Failure_Note noteOf(Failure failure) {
+    return {static_cast<int>(failure), failureText(failure)};
+}
+
 /// Runs one step and keeps its run-time failure.
 template <class Statement> [[nodiscard]] std::optional<Failure_Note> failureOf(Statement&& statement) {
     try {

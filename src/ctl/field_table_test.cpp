@@ -177,6 +177,93 @@ TEST_F(Field_Table, SetSavesTheChangedDocument) {
     EXPECT_EQ(bench.bytes("site.ABC"), doubles::smallConfiguration());
 }
 
+TEST_F(Field_Table, AFieldThatIsNotThereShowsNothing) {
+    const Ctl_Run shown = run("show", {"2"});
+    EXPECT_EQ(shown.code, 1);
+    EXPECT_EQ(shown.out, "");
+    EXPECT_EQ(shown.err,
+              "zorvanectl: The template has no field 2. Its fields are 1 to 1; dump lists them.\n");
+    EXPECT_EQ(parsed(run("show", {"2", "--json"})), json::parse(R"({"headings":[],"grid":[],
+                              "failure":{"number":9,"description":"Subscript out of range"}})"));
+}
+
+TEST_F(Field_Table, ATemplateWithoutFieldsShowsNothing) {
+    ztp = bench.file("ABC.ZTP", lines({"[HARDWARE]", "CONTROLLER=abc"}));
+    config = bench.file("site.ABC", "");
+    const Ctl_Run shown = run("show", {"1"});
+    EXPECT_EQ(shown.code, 1);
+    EXPECT_EQ(shown.out, "");
+    EXPECT_THAT(shown.err, EndsWith("zorvanectl: The template has no fields.\n"));
+}
+
+TEST_F(Field_Table, AMissingDocumentShowsNoFactoryValues) {
+    config = bench.path("gone.ABC");
+    const Ctl_Run shown = run("show", {"1"});
+    EXPECT_EQ(shown.code, 1);
+    EXPECT_EQ(shown.out, "");
+    EXPECT_EQ(shown.err,
+              "zorvanectl: " + config + ": there is no such configuration file. Check the path.\n");
+    EXPECT_EQ(parsed(run("show", {"1", "--json"})), json::parse(R"({"headings":[],"grid":[],
+                              "failure":{"number":53,"description":"File not found"}})"));
+}
+
+TEST_F(Field_Table, SetSavesNoLimitInPlaceOfTheText) {
+    const std::string out = bench.path("out.ABC");
+    const Ctl_Run set = run("set", {"1", "1", "1", "40000", "--save", out});
+    EXPECT_EQ(set.code, 1);
+    EXPECT_EQ(set.out, "32767\n");
+    EXPECT_EQ(set.err, "zorvanectl: The value is out of range (value range -32768 to 32767)\n"
+                       "zorvanectl: \"40000\" was not taken: the cell would be saved as \"32767\". Give "
+                       "another text, or --accept.\n"
+                       "zorvanectl: The document was not written.\n");
+    EXPECT_FALSE(bench.exists("out.ABC"));
+    EXPECT_EQ(parsed(run("set", {"1", "1", "1", "40000", "--save", out, "--json"}))["saved"], false);
+}
+
+TEST_F(Field_Table, SetSavesNoZeroInPlaceOfLetters) {
+    const std::string out = bench.path("out.ABC");
+    const Ctl_Run set = run("set", {"1", "1", "1", "12a", "--save", out});
+    EXPECT_EQ(set.code, 1);
+    EXPECT_EQ(set.err, "zorvanectl: \"12a\" was not taken: the cell would be saved as \"0\". Give another "
+                       "text, or --accept.\n"
+                       "zorvanectl: The document was not written.\n");
+    EXPECT_FALSE(bench.exists("out.ABC"));
+    EXPECT_EQ(run("set", {"1", "1", "1", "12a"}).code, 0) << "nothing was to be saved";
+}
+
+TEST_F(Field_Table, SetSavesNoZeroInPlaceOfABadTime) {
+    ztp = bench.file("ABC.ZTP", doubles::smallTemplate() +
+                                    lines({"[FIELD_1_COLUMNS]", "COL_1_TYPE=TIME", "COL_1_FORMAT=TIME"}));
+    config = bench.file("site.ABC", lines({"[Field_1_Default]", "ROW_1=1:30,On"}));
+    EXPECT_EQ(run("set", {"1", "1", "1", "2:75", "--save", bench.path("out.ABC")}).code, 1);
+    EXPECT_FALSE(bench.exists("out.ABC"));
+    EXPECT_EQ(run("set", {"1", "1", "1", "2:45", "--save", bench.path("out.ABC")}).code, 0);
+    EXPECT_THAT(bench.bytes("out.ABC"), HasSubstr("ROW_1=2:45,On"));
+}
+
+TEST_F(Field_Table, SetSavesWhatTookThePlaceOfTheTextForWhoAccepts) {
+    const Ctl_Run limit =
+        run("set", {"1", "1", "1", "40000", "--accept", "--save", bench.path("limit.ABC"), "--json"});
+    EXPECT_EQ(limit.code, 0);
+    EXPECT_EQ(parsed(limit)["saved"], true);
+    EXPECT_THAT(bench.bytes("limit.ABC"), HasSubstr("ROW_1=32767,On"));
+    EXPECT_EQ(run("set", {"1", "1", "1", "abc", "--accept", "--save", bench.path("zero.ABC")}).code, 0);
+    EXPECT_THAT(bench.bytes("zero.ABC"), HasSubstr("ROW_1=0,On"));
+    EXPECT_EQ(run("set", {"1", "1", "1", "5", "--accept"}).code, 2) << "there is nothing to accept";
+}
+
+TEST_F(Field_Table, AnEmptyTextIsZeroAndIsSaved) {
+    EXPECT_EQ(run("set", {"1", "1", "1", "", "--save", bench.path("out.ABC")}).code, 0);
+    EXPECT_THAT(bench.bytes("out.ABC"), HasSubstr("ROW_1=0,On"));
+}
+
+TEST_F(Field_Table, SetAcceptsNothingForACellWithoutAnEditor) {
+    ztp =
+        bench.file("ABC.ZTP", doubles::smallTemplate() + lines({"[FIELD_1_COLUMNS]", "COL_1_MODIFIABLE=NO"}));
+    EXPECT_EQ(run("set", {"1", "1", "1", "5", "--accept", "--save", bench.path("out.ABC")}).code, 1);
+    EXPECT_FALSE(bench.exists("out.ABC"));
+}
+
 TEST_F(Field_Table, SetRefusesACharacterThatNoCellHolds) {
     const Ctl_Run set = run("set", {"1", "1", "1", "\xE2\x86\x92"});
     EXPECT_EQ(set.code, 1);

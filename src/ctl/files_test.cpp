@@ -149,6 +149,26 @@ TEST(Update, RewritesBesideTheOldFile) {
         testing::StartsWith("[FIELD_2_DEFAULT]\r\nROW_1=1\r\n[Default_1_Columns]\r\nCOL_1_WIDTH=1100"));
 }
 
+TEST(Update, ADocumentThatItsTemplateReadsWholeIsNotUpdated) {
+    Ctl_Bench bench;
+    bench.file("ABC.ZTP", doubles::smallTemplate());
+    const std::string config = bench.file("site.abc", doubles::smallConfiguration());
+    const Ctl_Run run = bench.run({"update", config, "--app-dir", bench.path(""), "--json"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(json::parse(run.out), json::parse(R"({"output":null})"));
+    EXPECT_EQ(run.err, "zorvanectl: " + config +
+                           ": its template ABC.ZTP reads it whole. There is nothing to update.\n");
+    EXPECT_FALSE(bench.exists("site_Updated.abc"));
+}
+
+TEST(Update, ADocumentThatItsTemplateRejectsIsUpdated) {
+    Ctl_Bench bench;
+    bench.file("ABC.ZTP", doubles::smallTemplate());
+    const std::string config = bench.file("site.ABC", lines({"[Field_1_Default]", "ROW_1=1,2,3"}));
+    EXPECT_EQ(bench.run({"update", config, "--app-dir", bench.path("")}).code, 0);
+    EXPECT_TRUE(bench.exists("site_Updated.ABC"));
+}
+
 TEST(Update, CutsTheNameAtItsFirstDot) {
     Ctl_Bench bench;
     const Ctl_Run run = bench.run({"update", bench.file("a.b.KVRT", "")});

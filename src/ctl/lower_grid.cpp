@@ -2,6 +2,7 @@
 
 #include "comm/dry_run_link.h"
 #include "ctl/held_frame.h"
+#include "grids/typed_entry.h"
 
 namespace zorvane {
 
@@ -37,6 +38,19 @@ std::optional<Failure_Note> noteOf(const std::optional<Run_Time_Failure>& failur
     return Failure_Note{failure->number(), failure->description()};
 }
 
+/// Whether a text stands for nothing in its cell, so that the commit puts 0 there. A place that isn't there
+/// sorts nothing out.
+bool isSortedOut(const Declara_Zorvane& document, const Cell_Place& place, const std::string& text) {
+    bool sortedOut = false;
+    ignoringFailure([&] {
+        const Cell_Table& cells = document.Fields(place.field).Cells;
+        const Cell_Rec& cell = cells(place.row, place.column);
+        const Entry_Kind kind = typedEntry(cells(0, place.column), cell, text).kind;
+        sortedOut = !cell.Has_Messages && (kind == Entry_Kind::Bad_Time || kind == Entry_Kind::Not_Numeric);
+    });
+    return sortedOut;
+}
+
 } // namespace
 
 Shown_Grid showField(Declara_Zorvane& document, std::int32_t field,
@@ -57,6 +71,7 @@ Entry_Note commitEntry(Declara_Zorvane& document, const Cell_Place& place, const
     Main_Form_State form;
     Telling_Frame frame(document.Field_Count, firstField);
     Entry_Note note;
+    note.sortedOut = isSortedOut(document, place, text);
     note.outcome =
         enterValue(Comm_Context{document, form, link, frame}, place.field, place.row, place.column, text);
     note.failure = noteOf(note.outcome.failure);

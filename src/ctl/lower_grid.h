@@ -35,9 +35,12 @@ struct Entry_Note {
     std::optional<Failure_Note> failure;
     std::vector<Message_Note> messages;
     bool Dirty = false;
+    bool sortedOut = false; ///< the text is no number, or no time, and 0 took its place
 
     /// The entry reached its commit, and that came to its end.
     [[nodiscard]] bool committed() const { return !failure && !outcome.refused; }
+    /// The cell holds what was typed: it was neither refused nor replaced by a limit or by 0.
+    [[nodiscard]] bool taken() const { return committed() && messages.empty() && !sortedOut; }
 };
 
 /// Commits a user's entry through the handlers of the lower grid.

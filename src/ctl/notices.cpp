@@ -79,9 +79,17 @@ void tellFailure(std::ostream& err, const std::string& what, const Failure_Note&
                   "). " + advice(failure.number));
 }
 
+bool hasField(const Opened_Document& opened, std::int32_t field) {
+    return field <= opened.document.Field_Count;
+}
+
 void tellMissingField(std::ostream& err, const Opened_Document& opened, std::int32_t field) {
     const std::int32_t count = opened.document.Field_Count;
-    if (field <= count || count == 0) return;
+    if (hasField(opened, field)) return;
+    if (count == 0) {
+        if (opened.ztp.toTheEnd()) tell(err, "The template has no fields.");
+        return;
+    }
     tell(err, "The template has no field " + std::to_string(field) + ". Its fields are 1 to " +
                   std::to_string(count) + "; dump lists them.");
 }

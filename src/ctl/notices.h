@@ -21,6 +21,9 @@ void tell(std::ostream& err, const std::string& text);
 /// all is well.
 void tellReadings(std::ostream& err, const Opened_Document& opened);
 
+/// Whether the template has that field (from 1).
+[[nodiscard]] bool hasField(const Opened_Document& opened, std::int32_t field);
+
 /// Tells that the template has no such field. Says nothing when it has, or when it could not be read.
 void tellMissingField(std::ostream& err, const Opened_Document& opened, std::int32_t field);
 

@@ -53,6 +53,20 @@ TEST_F(Report_Program, AFieldThatIsNotThereIsAFailure) {
     EXPECT_EQ(json::parse(report.out)["rows"], json::array());
 }
 
+TEST_F(Report_Program, AFieldThatTheTemplateDoesNotHaveWritesNothing) {
+    const std::string advice =
+        "zorvanectl: The template has no field 2. Its fields are 1 to 1; dump lists them.\n";
+    const Ctl_Run file = run({"2", "--format", "txt", "--out", bench.path("r.txt"), "--json"});
+    EXPECT_EQ(file.code, 1);
+    EXPECT_EQ(file.err, advice);
+    EXPECT_EQ(json::parse(file.out)["failure"]["number"], 9);
+    EXPECT_FALSE(bench.exists("r.txt"));
+    const Ctl_Run rows = run({"2", "--json"});
+    EXPECT_EQ(rows.code, 1);
+    EXPECT_THAT(rows.err, testing::EndsWith(advice));
+    EXPECT_EQ(json::parse(rows.out)["failure"]["number"], 9);
+}
+
 TEST_F(Report_Program, WritesEachFormat) {
     const std::vector<std::pair<std::string, std::string>> beginnings = {
         {"xls", "\xD0\xCF\x11\xE0"}, {"pdf", "%PDF-"}, {"rtf", "{\\rtf1"},
@@ -144,6 +158,18 @@ TEST_F(Report_Program, TellsAMissingDocument) {
     const Ctl_Run report = run({"--format", "txt", "--out", bench.path("r.txt")});
     EXPECT_EQ(report.code, 1);
     EXPECT_FALSE(bench.exists("r.txt"));
+}
+
+TEST_F(Report_Program, SaysOneThingOfAMissingDocument) {
+    config = bench.path("none.ABC");
+    const std::string once =
+        "zorvanectl: " + config + ": there is no such configuration file. Check the path.\n";
+    EXPECT_EQ(run({"--format", "txt", "--out", bench.path("r.txt")}).err, once);
+    EXPECT_EQ(run({"9", "--format", "txt", "--out", bench.path("r.txt")}).err, once);
+    const Ctl_Run rows = run({"1", "--json"});
+    EXPECT_EQ(rows.err, once);
+    EXPECT_EQ(json::parse(rows.out),
+              json::parse(R"({"rows":[],"failure":{"number":53,"description":"File not found"}})"));
 }
 
 TEST_F(Report_Program, NeedsAFormatAndAFileOrAFieldAsJson) {

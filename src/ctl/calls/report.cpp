@@ -66,23 +66,23 @@ class Report_Call : public Call {
         json.openObject();
         json.name("rows");
         json.openList();
-        const auto failure = writeRows(json, opened.document, field_);
+        const auto missing = whatIsMissing(opened);
+        const auto failure = missing ? missing : writeRows(json, opened.document, field_);
         json.close();
         json.member("failure", jsonFailure(failure));
         json.close();
-        if (failure) tellFailure(surroundings.err, "The field could not be printed whole", *failure);
-        tellMissingField(surroundings.err, opened, field_);
+        if (failure && !opened.fileMissing()) {
+            tellFailure(surroundings.err, "The field could not be printed whole", *failure);
+            tellMissingField(surroundings.err, opened, field_);
+        }
         return opened.whole() && !failure ? Exit_Success : Exit_Failed;
     }
 
     int runExport(const Surroundings& surroundings) {
         const Opened_Document opened = files_.open(surroundings);
-        tellMissingField(surroundings.err, opened, field_);
+        const auto missing = whatIsMissing(opened);
         Progress_Printer progress(surroundings.err, true);
-        const auto failure =
-            opened.fileMissing()
-                ? Failure_Note{static_cast<int>(Failure::FileNotFound), failureText(Failure::FileNotFound)}
-                : failureOf([&] { writeReport(opened.document, progress); });
+        const auto failure = missing ? missing : failureOf([&] { writeReport(opened.document, progress); });
         progress.end();
         const std::string path = printablePath(pathFromNative(out_));
         if (surroundings.json)
@@ -90,8 +90,18 @@ class Report_Call : public Call {
                       {{"output", jsonPath(pathFromNative(out_))}, {"failure", jsonFailure(failure)}});
         else if (!failure)
             surroundings.out << "Written: " << path << '\n';
-        if (failure) tellFailure(surroundings.err, path + " could not be written", *failure);
+        if (missing && !opened.fileMissing())
+            tellMissingField(surroundings.err, opened, field_);
+        else if (!missing && failure)
+            tellFailure(surroundings.err, path + " could not be written", *failure);
         return opened.whole() && !failure ? Exit_Success : Exit_Failed;
+    }
+
+    /// Why there is nothing to print: a missing file, which was told on reading, or a missing field.
+    [[nodiscard]] std::optional<Failure_Note> whatIsMissing(const Opened_Document& opened) const {
+        if (opened.fileMissing()) return noteOf(Failure::FileNotFound);
+        if (!hasField(opened, field_)) return noteOf(Failure::Subscript);
+        return std::nullopt;
     }
 
     /// Whoever watches a terminal sees how many of the painted pages are done.

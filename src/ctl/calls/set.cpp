@@ -73,7 +73,11 @@ class Set_Call : public Call {
                         "What the user types; in a list cell the entry's number, from 0. After \"--\" if it "
                         "is an option's name")
             ->required();
-        arguments.add_option("--save", out_, "Write the changed document to this file")->type_name("OUT");
+        CLI::Option* const save =
+            arguments.add_option("--save", out_, "Write the changed document to this file");
+        save->type_name("OUT");
+        arguments.add_flag("--accept", accept_, "Write it also with a limit or 0 in place of the text")
+            ->needs(save);
     }
 
     [[nodiscard]] bool endsInText() const override { return true; }
@@ -89,26 +93,39 @@ class Set_Call : public Call {
         const Entry_Note note = commitEntry(opened.document, place_, text);
         tellEntry(surroundings.err, note);
         if (note.failure) tellPlace(surroundings.err, opened, place_);
-        const bool saved = out_.empty() || save(surroundings, opened, note.committed());
+        const bool saved = out_.empty() || save(surroundings, opened, note);
         if (surroundings.json)
-            printJson(surroundings.out, entryJson(note));
+            printJson(surroundings.out, resultJson(note, saved));
         else
             surroundings.out << printable(note.outcome.grid) << '\n';
         return opened.readToTheEnd() && note.committed() && saved ? Exit_Success : Exit_Failed;
     }
 
   private:
-    /// A document whose entry was not committed is not written.
-    [[nodiscard]] bool save(const Surroundings& surroundings, Opened_Document& opened, bool committed) const {
-        if (committed) return saveDocument(surroundings, opened, out_).empty();
+    /// A document that doesn't hold what was typed is written only to somebody who accepts that.
+    [[nodiscard]] bool save(const Surroundings& surroundings, Opened_Document& opened,
+                            const Entry_Note& note) const {
+        if (note.taken() || (accept_ && note.committed()))
+            return saveDocument(surroundings, opened, out_).empty();
+        if (note.committed())
+            tell(surroundings.err, "\"" + printable(fromUtf8(text_)) +
+                                       "\" was not taken: the cell would be saved as \"" +
+                                       printable(note.outcome.Value) + "\". Give another text, or --accept.");
         tell(surroundings.err, "The document was not written.");
         return false;
+    }
+
+    [[nodiscard]] Json resultJson(const Entry_Note& note, bool saved) const {
+        Json json = entryJson(note);
+        if (!out_.empty()) json["saved"] = saved;
+        return json;
     }
 
     Document_Arguments files_;
     Cell_Place place_;
     std::string text_;
     std::string out_;
+    bool accept_ = false;
 };
 
 } // namespace

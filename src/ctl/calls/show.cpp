@@ -78,7 +78,11 @@ class Show_Call : public Call {
             scene = Online_Scene{*registers, fromUtf8(request_), lost_};
         }
         Opened_Document opened = files_.open(surroundings);
-        tellMissingField(surroundings.err, opened, field_);
+        if (opened.fileMissing()) return showNothing(surroundings, Failure::FileNotFound);
+        if (!hasField(opened, field_)) {
+            tellMissingField(surroundings.err, opened, field_);
+            return showNothing(surroundings, Failure::Subscript);
+        }
         const Shown_Grid shown = showField(opened.document, field_, scene);
         if (shown.failure)
             tellFailure(surroundings.err, "The field could not be shown whole", *shown.failure);
@@ -90,6 +94,12 @@ class Show_Call : public Call {
     }
 
   private:
+    /// The factory values of a template are not those of a document that isn't there.
+    static int showNothing(const Surroundings& surroundings, Failure failure) {
+        if (surroundings.json) writeTable(surroundings.out, Shown_Grid{{}, noteOf(failure)});
+        return Exit_Failed;
+    }
+
     Document_Arguments files_;
     std::int32_t field_ = 0;
     std::string registers_;

@@ -28,6 +28,14 @@ std::optional<Stem_And_Extension> cutAtFirstDot(const std::string& path) {
     return Stem_And_Extension{path.substr(0, dot), path.substr(dot + 1)};
 }
 
+/// Whether the template of a document is there and reads it to its end: then it is not of the older
+/// generation, and an update would only exchange its fields.
+bool fitsItsTemplate(const Surroundings& surroundings, const std::string& path) {
+    const std::string ztp = templateFile(surroundings, templateName(path));
+    if (!surroundings.files.exists(ztp)) return false;
+    return openDocument({surroundings.files, surroundings.applicationFolder, ztp, path}).readToTheEnd();
+}
+
 class Update_Call : public Call {
   public:
     void addArguments(CLI::App& arguments) override {
@@ -58,6 +66,12 @@ class Update_Call : public Call {
             tell(surroundings.err, printablePath(path) +
                                        ": a configuration file's name has an extension, which "
                                        "names its template. Rename the file.");
+            return std::nullopt;
+        }
+        if (fitsItsTemplate(surroundings, path)) {
+            tell(surroundings.err, printablePath(path) + ": its template " +
+                                       printablePath(templateName(path)) +
+                                       " reads it whole. There is nothing to update.");
             return std::nullopt;
         }
         const std::string output = updatedPath(parts->stemPath, parts->extension);
