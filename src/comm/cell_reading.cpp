@@ -71,6 +71,17 @@ std::optional<Cell_Reading> readCell(const Cell_Rec& definition, const Cell_Rec&
     return std::nullopt;
 }
 
+std::optional<Register_Range> cellRegisters(const Cell_Rec& definition, const Cell_Rec& cell) {
+    if (const auto half = halfAddress(cell.Address)) {
+        const std::int32_t address = longValue(half->number);
+        return Register_Range{address, address};
+    }
+    if (!isNumeric(cell.Address)) return std::nullopt;
+    const std::int32_t first = longValue(cell.Address);
+    const bool range = cell.Is_Ascii_Range && !negativeBits(definition);
+    return Register_Range{first, range ? longValue(cell.Address_End) : first};
+}
+
 void PRO_Lee_Ascii(const Register_Image& image, std::int32_t first, std::int32_t last, std::string& text) {
     text.clear();
     const std::int32_t count = registerCount(first, last);

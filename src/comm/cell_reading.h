@@ -23,6 +23,9 @@ struct Cell_Reading {
 [[nodiscard]] std::optional<Cell_Reading> readCell(const Cell_Rec& definition, const Cell_Rec& cell,
                                                    const Register_Image& image);
 
+/// The registers that `readCell` takes the text from; nothing for a cell without a register.
+[[nodiscard]] std::optional<Register_Range> cellRegisters(const Cell_Rec& definition, const Cell_Rec& cell);
+
 /// The bit count of a column's `Bits_Negative_Format`; nothing when it is blank or no number.
 [[nodiscard]] std::optional<std::int32_t> negativeBits(const Cell_Rec& definition);
 

@@ -12,12 +12,6 @@
 
 namespace zorvane {
 
-/// The first and last register of a block.
-struct Register_Range {
-    std::int32_t first = 0;
-    std::int32_t last = 0;
-};
-
 /// The first block of a kind that holds the register; a numeric block is only asked for its start, so a
 /// template lists those by rising address. The search converts the bounds of every entry that it passes: one
 /// that finds nothing runs into the empty last entry, which is failure 13.

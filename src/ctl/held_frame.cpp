@@ -45,7 +45,9 @@ int Held_Frame::Msgb_Show(const std::string& /*prompt*/, int style, const std::s
 
 void Held_Frame::setPanel(Panel panel, const std::string& text) {
     panels_[panel] = text;
-    if (panel == Panel::Message) messages_.push_back(text);
+    if (panel != Panel::Message) return;
+    messages_.push_back(text);
+    if (onMessage) onMessage(text);
 }
 
 std::string Held_Frame::panel(Panel panel) const {

@@ -59,6 +59,7 @@ int Port_Call::run(const Surroundings& surroundings) {
     Terminal_Frame frame(opened.document.Field_Count, selection(opened.document), surroundings.err,
                          ::isatty(STDERR_FILENO) != 0);
     asker.to = &frame;
+    frame.portFailed = [&assembly] { return assembly.link().CommLost() && !assembly.link().portOpen(); };
     const Comm_Context comm{opened.document, form, link, frame};
     ignoringFailure([&] { PRO_Registra_Bloques(comm); });
     const Stop_Signals stop([&comm, &frame, told = false](bool again) mutable {

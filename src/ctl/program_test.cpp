@@ -93,6 +93,13 @@ TEST(Program, AFullDiskFailsTheOutput) {
     EXPECT_EQ(program.finish(), 1);
 }
 
+int occurrences(const std::string& text, const std::string& part) {
+    int count = 0;
+    for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+        ++count;
+    return count;
+}
+
 /// A small document, and a simulated controller for it.
 class Line : public testing::Test {
   protected:
@@ -242,6 +249,8 @@ TEST_F(Line, AMissingPortIsTold) {
         EXPECT_EQ(missing.code, 1);
         EXPECT_EQ(parsed(missing)["outcome"], "failed");
         EXPECT_EQ(parsed(missing)["panel4"], "Error. The controller does not respond.");
+        EXPECT_EQ(occurrences(missing.err, "can't be opened"), 1) << missing.err;
+        EXPECT_THAT(missing.err, Not(HasSubstr(" % (")));
         EXPECT_THAT(missing.err, HasSubstr("zorvanectl: The serial port " + port +
                                            " can't be opened. No such port: plug the "
                                            "adapter in, or choose another port.\n"));
@@ -293,8 +302,9 @@ TEST_F(Line, AMissingConfigurationIsToldBeforeThePortIsTouched) {
     EXPECT_EQ(missing.err, "zorvanectl: " + config +
                                ": there is no such configuration file. Check the path.\n"
                                "zorvanectl: Nothing was transferred.\n");
-    EXPECT_EQ(parsed(missing),
-              json::parse(R"({"outcome":"failed","passes":0,"errors":[],"log":[],"panel4":""})"));
+    EXPECT_EQ(parsed(missing), json::parse(R"({"outcome":"failed","passes":0,"errors":[],"log":[],"panel4":"",
+                              "read":[],"refused":[],"unanswered":[],"not_read":[],"failed_writes":[],
+                              "panel4_lines":[]})"));
 }
 
 TEST_F(Line, ARejectedConfigurationIsNotDownloaded) {

@@ -44,7 +44,8 @@ void Terminal_Frame::addTimer(QTimer& timer, Timer_Name name, int milliseconds) 
 
 /// Only what is wrong is worth a line; a question is about what the user of the terminal has just asked for.
 int Terminal_Frame::Msgb_Show(const std::string& prompt, int style, const std::string& title) {
-    if ((style & Msgb_Critical) != 0) printer_.line("zorvanectl: " + printablePath(oneLine(prompt)));
+    const bool wrong = (style & Msgb_Critical) != 0;
+    if (wrong && told_.insert(prompt).second) printer_.line("zorvanectl: " + printablePath(oneLine(prompt)));
     return Held_Frame::Msgb_Show(prompt, style, title);
 }
 
@@ -84,6 +85,7 @@ void Terminal_Frame::showProgress() {
         shownLabel_ = progress.label();
         printer_.label(printable(shownLabel_));
     }
+    if (portFailed && portFailed()) return printer_.end(); // what moves on has no line to move on
     printer_.progress(progress.value(), progress.maximum());
 }
 

@@ -6,12 +6,13 @@
 #include <QTimer>
 
 #include <iosfwd>
+#include <set>
 
 namespace zorvane {
 
 /// The main form of a program in a terminal: waits serve the event loop, the timers of the upload and of the
-/// live refresh tick, and people see the progress, the failed writes and the link's messages. REQUIRES: a
-/// QCoreApplication.
+/// live refresh tick, and people see the progress, the failed writes and the link's messages, each message
+/// once. REQUIRES: a QCoreApplication.
 class Terminal_Frame : public Held_Frame {
   public:
     Terminal_Frame(std::int32_t fields, const Grid_Selection& selection, std::ostream& err, bool terminal);
@@ -25,7 +26,8 @@ class Terminal_Frame : public Held_Frame {
     /// A line to people, beside the progress.
     void tellLine(const std::string& text) { printer_.line("zorvanectl: " + text); }
 
-    std::function<bool()> endsWaits; ///< whether a `wait_ms` is over before its time; may be empty
+    std::function<bool()> endsWaits;  ///< whether a `wait_ms` is over before its time; may be empty
+    std::function<bool()> portFailed; ///< whether the port couldn't be opened; may be empty
 
   private:
     void addTimer(QTimer& timer, Timer_Name name, int milliseconds);
@@ -35,6 +37,7 @@ class Terminal_Frame : public Held_Frame {
     QTimer uploadTimer_;
     QTimer onlineTimer_;
     std::string shownLabel_;
+    std::set<std::string> told_; ///< messages: each is told once
 };
 
 } // namespace zorvane

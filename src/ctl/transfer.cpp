@@ -7,6 +7,7 @@
 #include "comm/transfer_records.h"
 #include "comm/upload.h"
 #include "ctl/first_reading.h"
+#include "ctl/own_values.h"
 
 #include <algorithm>
 
@@ -31,6 +32,8 @@ Transfer_Report endTransfer(const Comm_Context& comm, const Held_Frame& frame,
     comm.form.Upload_Active = false;
     comm.form.Download_Active = false;
     MNU_Disconnect_Click(comm);
+    report.panel4_lines = frame.messages();
+    report.blocks = blockResults(comm);
     report.errors = comm.form.Transfer_Errors;
     report.log = comm.form.Transfer_Log;
     return report;
@@ -44,13 +47,21 @@ void keepLog(const Comm_Context& comm) {
 
 /// An answer that refuses a block is final, so the block was not read; silence is tried again, and lost links
 /// end the upload.
-std::vector<std::string> refusedBlocks(const std::vector<Info_Rec_Errors>& errors) {
-    std::vector<std::string> refusals;
+std::vector<Failed_Read> failedReads(const std::vector<Info_Rec_Errors>& errors) {
+    std::vector<Failed_Read> failed;
     for (const Info_Rec_Errors& record : errors)
         if (record.Response != "No response")
-            refusals.push_back("Registers " + record.Start_Address + "-" + record.End_Address +
-                               " were not read: " + record.Response);
-    return refusals;
+            failed.push_back({"Registers " + record.Start_Address + "-" + record.End_Address +
+                                  " were not read: " + record.Response,
+                              endOf(record.Response)});
+    return failed;
+}
+
+template <class Failed> std::vector<std::string> refusalsOf(const std::vector<Failed>& all) {
+    std::vector<std::string> texts;
+    for (const Failed& each : all)
+        if (each.end == Request_End::Refused) texts.push_back(each.text);
+    return texts;
 }
 
 void noteSignal(Transfer_Report& report, const Stop_Wish& stop) {
@@ -83,13 +94,6 @@ Download_Writes writesOf(Guarded_Link& link, const Download_Plan& plan) {
     const auto sent = static_cast<std::ptrdiff_t>(std::min(writes.sent.size(), plan.writes.size()));
     writes.notSent.assign(plan.writes.begin() + sent, plan.writes.end());
     return writes;
-}
-
-std::vector<std::string> failedWrites(const std::vector<std::string>& messages) {
-    std::vector<std::string> refusals;
-    std::copy_if(messages.begin(), messages.end(), std::back_inserter(refusals),
-                 [](const std::string& text) { return text.ends_with(" ...Failed"); });
-    return refusals;
 }
 
 } // namespace
@@ -128,6 +132,7 @@ void readWholePass(const Comm_Context& comm, const std::string& request) {
 Transfer_Report runUpload(const Comm_Context& asked, Held_Frame& frame, const Stop_Wish& stop) {
     Guarded_Link link(asked.link, asked.form, stop);
     const Comm_Context comm{asked.document, asked.form, link, asked.frame};
+    const Own_Values own(comm.document);
     std::optional<Failure_Note> failure;
     frame.onTimer = [&](Timer_Name timer) {
         if (timer != Timer_Name::TMR_Actualiza_valores || !comm.form.Upload_Active) return;
@@ -141,7 +146,9 @@ Transfer_Report runUpload(const Comm_Context& asked, Held_Frame& frame, const St
     Transfer_Report report = endTransfer(comm, frame, std::move(failure));
     if (report.finished()) {
         report.passes = comm.form.Scan_Passes;
-        report.refusals = refusedBlocks(report.errors);
+        report.failedReads = failedReads(report.errors);
+        report.refusals = refusalsOf(report.failedReads);
+        own.putBackUnread(comm);
     } else {
         noteSignal(report, stop);
     }
@@ -157,6 +164,7 @@ Transfer_Report runDownload(const Comm_Context& asked, Held_Frame& frame, const 
     frame.Porcentaje().show();
     const bool hopeless = plan.failure && plan.writes.empty(); // the first write can't even be built
     const First_Reading reading = hopeless ? First_Reading() : readBeforeWriting(comm, plan);
+    const Failed_Writes failed(comm, frame);
     std::optional<Failure_Note> failure;
     if (stop.asked())
         cancelBefore(comm);
@@ -167,7 +175,8 @@ Transfer_Report runDownload(const Comm_Context& asked, Held_Frame& frame, const 
     else
         refuseToWrite(comm, reading);
     Transfer_Report report = endTransfer(comm, frame, std::move(failure));
-    if (report.finished()) report.refusals = failedWrites(frame.messages());
+    report.failedWrites = failed.all();
+    report.refusals = refusalsOf(report.failedWrites);
     if (report.outcome == Transfer_Outcome::Failed) report.obstacles = reading.obstacles;
     report.writes = writesOf(link, plan);
     noteSignal(report, stop);
@@ -181,6 +190,7 @@ Register_Values scannedRegisters(const Comm_Context& comm) {
     for (std::int32_t i = 1; i <= blocks.upperBound(); ++i)
         for (std::int64_t address = blocks(i).First_Address; address <= blocks(i).Last_Address; ++address) {
             const auto number = static_cast<std::int32_t>(address);
+            if (comm.link.readingOf(comm.form.Unit_Id, number).age == Reading_Age::Never) continue;
             registers[number] =
                 static_cast<std::uint16_t>(comm.link.RegisterValue(comm.form.Unit_Id, number, false));
         }

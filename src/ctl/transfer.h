@@ -2,6 +2,8 @@
 
 #include "comm/comm_context.h"
 #include "comm/dry_run_link.h"
+#include "ctl/block_results.h"
+#include "ctl/failed_writes.h"
 #include "ctl/guarded_link.h"
 #include "ctl/held_frame.h"
 #include "ctl/opened_document.h"
@@ -15,6 +17,12 @@
 namespace zorvane {
 
 enum class Transfer_Outcome { Finished, Failed, Cancelled };
+
+/// A block that an upload couldn't read.
+struct Failed_Read {
+    std::string text; ///< for people
+    Request_End end = Request_End::Refused;
+};
 
 /// The writes of a download: those that it has sent, and those that it would have sent after them.
 struct Download_Writes {
@@ -31,9 +39,13 @@ struct Transfer_Report {
     std::int32_t passes = 0; ///< whole passes of an upload over all blocks
     std::vector<Info_Rec_Errors> errors;
     std::vector<Info_Rec_Errors> log;
-    std::string panel4;
+    std::string panel4;                      ///< the text that it ended with
+    std::vector<std::string> panel4_lines{}; ///< every text that the panel was given, in order
+    std::vector<Block_Result> blocks{};
+    std::vector<Failed_Read> failedReads{}; ///< of an upload that went on to its end
+    std::vector<Failed_Write> failedWrites{};
     std::optional<Failure_Note> failure; ///< what ended it, when it was a run-time failure
-    /// What the controller refused, though the transfer went on to its end: one text a block or register.
+    /// What the controller refused of them: one text a block or register. Silence is no refusal.
     std::vector<std::string> refusals;
     /// Why a download stopped before its first write: one text a block or range of registers.
     std::vector<std::string> obstacles;
@@ -42,7 +54,9 @@ struct Transfer_Report {
 
     [[nodiscard]] bool finished() const { return outcome == Transfer_Outcome::Finished; }
     /// The controller and the document now hold the same values.
-    [[nodiscard]] bool complete() const { return finished() && refusals.empty() && signal.empty(); }
+    [[nodiscard]] bool complete() const {
+        return finished() && failedReads.empty() && failedWrites.empty() && signal.empty();
+    }
 };
 
 /// Reads all blocks and, if the upload finishes, fills the document. Waits in the frame, whose timer
@@ -63,7 +77,7 @@ bool stopTransfer(const Comm_Context& comm, bool atOnce);
 /// `Cancel_Requested` is set. The port stays open, and the scan is off afterwards.
 void readWholePass(const Comm_Context& comm, const std::string& request);
 
-/// The registers of the document's blocks, as the link last saw them.
+/// The registers of the document's blocks that were read, as the link last saw them.
 [[nodiscard]] Register_Values scannedRegisters(const Comm_Context& comm);
 
 } // namespace zorvane

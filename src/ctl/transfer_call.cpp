@@ -12,7 +12,7 @@ namespace {
 void printTransfer(const Surroundings& surroundings, const std::string& name, const Transfer_Report& report) {
     tellTransfer(surroundings.err, name, report);
     if (surroundings.json)
-        printJson(surroundings.out, transferJson(report));
+        printJson(surroundings.out, transferResultJson(report));
     else if (report.complete())
         surroundings.out << name << " finished: " << report.log.size() << " exchanges.\n";
 }
@@ -28,7 +28,7 @@ int Transfer_Call::work(const Port_Work& work) const {
 
 int Transfer_Call::refuse(const Surroundings& surroundings) const {
     tell(surroundings.err, "Nothing was transferred.");
-    if (surroundings.json) printJson(surroundings.out, transferJson({}));
+    if (surroundings.json) printJson(surroundings.out, transferResultJson({}));
     return Exit_Failed;
 }
 

@@ -3,6 +3,7 @@
 #include "ctl/notices.h"
 #include "ctl/stop_text.h"
 
+#include <algorithm>
 #include <ostream>
 
 namespace zorvane {
@@ -19,6 +20,28 @@ const char* outcomeWord(Transfer_Outcome outcome) {
         break;
     }
     return "failed";
+}
+
+const char* resultWord(Request_End end) {
+    switch (end) {
+    case Request_End::Refused:
+        return "refused";
+    case Request_End::Unanswered:
+        return "unanswered";
+    case Request_End::Not_Sent:
+        return "not sent";
+    case Request_End::Good:
+        break;
+    }
+    return "written";
+}
+
+void tellCount(std::ostream& err, const Transfer_Report& report, Request_End end, const std::string& what,
+               const std::string& todo) {
+    const auto ended = [end](const auto& each) { return each.end == end; };
+    const auto count = std::count_if(report.failedReads.begin(), report.failedReads.end(), ended) +
+                       std::count_if(report.failedWrites.begin(), report.failedWrites.end(), ended);
+    if (count > 0) tell(err, what + std::to_string(count) + " of the requests above. " + todo);
 }
 
 Json recordsJson(const std::vector<Info_Rec_Errors>& records) {
@@ -54,18 +77,41 @@ Json transferJson(const Transfer_Report& report) {
     return json;
 }
 
+Json transferResultJson(const Transfer_Report& report) {
+    Json json = transferJson(report);
+    addBlockLists(json, report.blocks);
+    Json writes = Json::array();
+    for (const Failed_Write& write : report.failedWrites)
+        writes.push_back({{"register", jsonText(write.address)},
+                          {"value", jsonText(write.value)},
+                          {"result", resultWord(write.end)},
+                          {"answer", jsonText(write.answer)}});
+    json["failed_writes"] = std::move(writes);
+    Json lines = Json::array();
+    for (const std::string& line : report.panel4_lines)
+        lines.push_back(jsonText(line));
+    json["panel4_lines"] = std::move(lines);
+    return json;
+}
+
 void tellTransfer(std::ostream& err, const std::string& name, const Transfer_Report& report) {
+    for (const Failed_Read& read : report.failedReads)
+        tell(err, printable(read.text));
+    for (const Failed_Write& write : report.failedWrites)
+        tell(err, printable(write.text + ": " + (write.answer.empty() ? "no answer" : write.answer)));
+    tellCount(err, report, Request_End::Refused, "The controller refused ",
+              "Check that the template fits the controller.");
+    tellCount(
+        err, report, Request_End::Unanswered, "The controller did not answer ",
+        "Whether it took them is not known. Check the cable, the port, its settings and the slave number.");
+    tellCount(err, report, Request_End::Not_Sent, "It was not possible to send ",
+              "Check the register numbers of the template.");
     tellStop(err, name, report);
-    for (const std::string& refusal : report.refusals)
-        tell(err, printable(refusal));
     if (report.failure) tellFailure(err, name + " stopped", *report.failure);
     if (report.outcome == Transfer_Outcome::Cancelled) tell(err, printable(report.panel4));
     if (report.outcome == Transfer_Outcome::Failed && !report.failure && !report.panel4.empty())
         tell(err,
              printable(report.panel4) + " Check the cable, the port, its settings and the slave number.");
-    if (!report.refusals.empty())
-        tell(err, "The controller refused " + std::to_string(report.refusals.size()) +
-                      " of the requests above. Check that the template fits the controller.");
 }
 
 } // namespace zorvane

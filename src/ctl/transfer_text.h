@@ -13,6 +13,10 @@ namespace zorvane {
 /// the others.
 [[nodiscard]] Json transferJson(const Transfer_Report& report);
 
+/// The same with what came of each request: the lists of `addBlockLists`, "failed_writes" with
+/// {"register","value","result","answer"}, and "panel4_lines".
+[[nodiscard]] Json transferResultJson(const Transfer_Report& report);
+
 /// Tells people how a transfer ended, what failed in it, and what to do. `name` is "Upload" or "Download".
 void tellTransfer(std::ostream& err, const std::string& name, const Transfer_Report& report);
 

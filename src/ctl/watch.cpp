@@ -1,10 +1,13 @@
 #include "ctl/watch.h"
 
+#include "comm/cell_reading.h"
 #include "comm/online.h"
 #include "comm/session.h"
+#include "ctl/block_results.h"
 #include "ctl/notices.h"
 #include "ctl/text_table.h"
 #include "ctl/transfer.h"
+#include "values/run_time_failure.h"
 
 #include <ostream>
 #include <set>
@@ -12,6 +15,8 @@
 namespace zorvane {
 
 namespace {
+
+const std::string unread = "???";
 
 std::set<std::int32_t> watchedColumns(const Live_Refresh& refresh) {
     std::set<std::int32_t> columns;
@@ -25,6 +30,48 @@ std::string textAt(const Live_Refresh& refresh, std::int32_t row, std::int32_t c
     return found == refresh.texts.end() ? std::string() : found->second;
 }
 
+std::set<std::string> distinctReasons(const Live_Refresh& refresh) {
+    std::set<std::string> reasons;
+    for (const auto& [place, reason] : refresh.reasons)
+        reasons.insert(reason);
+    return reasons;
+}
+
+std::optional<std::string> faultOf(const Comm_Context& comm, const Cell_Rec& definition,
+                                   const Cell_Rec& cell) {
+    const auto registers = cellRegisters(definition, cell);
+    if (!registers) return std::nullopt;
+    for (std::int64_t address = registers->first; address <= registers->last; ++address)
+        if (auto fault = readingFault(comm, static_cast<std::int32_t>(address))) return fault;
+    return std::nullopt;
+}
+
+/// The refresh takes whatever the image holds: 0 or an older value for a block that is refused. Here that is
+/// told from what was read.
+void hideUnread(const Comm_Context& comm, std::int32_t field, Live_Refresh& refresh) {
+    const Cell_Table& cells = comm.document.Fields(field).Cells;
+    for (auto& [place, text] : refresh.texts) {
+        const auto [row, column] = place;
+        const auto fault = faultOf(comm, cells(0, column), cells(row, column));
+        if (fault) refresh.reasons[place] = *fault;
+        if (fault || refresh.lost) text = unread;
+    }
+}
+
+std::string refreshes(std::int32_t count) {
+    return std::to_string(count) + (count == 1 ? " refresh" : " refreshes");
+}
+
+/// Why a watch is over, in words.
+std::string endText(const Live_Refresh& last, bool stopped) {
+    if (last.number == 0)
+        return stopped ? "The watch was stopped before its first refresh." : "Nothing was watched.";
+    std::string text = std::string(stopped ? "The watch was stopped" : "The watch has ended") + " after " +
+                       refreshes(last.number);
+    text += stopped ? "" : ", as many as were asked for";
+    return text + (last.lost ? ". The controller did not answer at the end." : ".");
+}
+
 } // namespace
 
 Json refreshJson(const Declara_Zorvane& document, std::int32_t field, const Live_Refresh& refresh) {
@@ -36,10 +83,13 @@ Json refreshJson(const Declara_Zorvane& document, std::int32_t field, const Live
         cell["column"] = column;
         cell["heading"] = jsonText(document.Fields(field).Cells(0, column).Value);
         cell["text"] = jsonText(text);
+        if (const auto reason = refresh.reasons.find(place); reason != refresh.reasons.end())
+            cell["reason"] = jsonText(reason->second);
         cells.push_back(std::move(cell));
     }
     Json json;
     json["refresh"] = refresh.number;
+    if (!refresh.time.empty()) json["time"] = refresh.time;
     json["lost"] = refresh.lost;
     json["cells"] = std::move(cells);
     return json;
@@ -58,7 +108,10 @@ void printRefresh(std::ostream& out, const Declara_Zorvane& document, std::int32
         table.add(std::move(line));
     }
     if (refresh.number > 1) out << '\n';
+    if (!refresh.time.empty()) out << refresh.time << '\n';
     table.print(out, 0);
+    for (const std::string& reason : distinctReasons(refresh))
+        out << unread << ' ' << printable(reason) << '\n';
 }
 
 std::string watchFault(const Declara_Zorvane& document, std::int32_t field) {
@@ -80,9 +133,12 @@ bool runWatch(const Comm_Context& comm, Held_Frame& frame, const Watch_Plan& pla
     };
     const auto tick = [&] {
         refresh.texts.clear();
+        refresh.reasons.clear();
         TMR_Actualiza_online_Timer(comm);
         ++refresh.number;
         refresh.lost = comm.form.Comm_Lost_Now;
+        if (plan.time) refresh.time = plan.time();
+        ignoringFailure([&] { hideUnread(comm, plan.field, refresh); });
         plan.show(refresh);
     };
     const auto over = [&] {
@@ -97,7 +153,9 @@ bool runWatch(const Comm_Context& comm, Held_Frame& frame, const Watch_Plan& pla
         tick();
         frame.wait_until(over);
     }
+    const bool stopped = comm.form.Cancel_Requested;
     MNU_Disconnect_Click(comm);
+    if (plan.ended) plan.ended(endText(refresh, stopped));
     frame.onTimer = nullptr;
     frame.held().onText = nullptr;
     return refresh.number > 0 && !refresh.lost;

@@ -64,12 +64,14 @@ struct Watch : ::testing::Test, Comm_Bench {
                              printRefresh(text, document, 1, refresh);
                              if (onShown) onShown();
                          },
-                         [this] { return portOpen; }});
+                         [this] { return portOpen; }, time, [this](const std::string& why) { end = why; }});
     }
 
     std::function<void()> step;
     std::function<void()> onShown;
     bool portOpen = true;
+    std::function<std::string()> time;
+    std::string end;
     std::vector<std::string> shown;
     std::ostringstream text;
 };
@@ -115,6 +117,57 @@ TEST_F(Watch, CtrlCEndsItWithoutACount) {
     EXPECT_TRUE(watch(0));
     EXPECT_EQ(shown.size(), 3U);
     EXPECT_FALSE(form.Online);
+}
+
+TEST_F(Watch, WhatIsRefusedIsNoValueAndTellsWhy) {
+    link.readings[101] = {Reading_Age::ThisOpening, "BUSY"};
+    EXPECT_TRUE(watch(1));
+    EXPECT_EQ(shown.at(0),
+              R"({"refresh":1,"lost":false,"cells":[{"row":1,"column":2,"heading":"Level","text":"10"},)"
+              R"({"row":2,"column":2,"heading":"Level","text":"???",)"
+              R"("reason":"Registers 100-101 were not read: BUSY"}]})");
+    EXPECT_EQ(text.str(), "Input   Level\nFirst   10\nSecond  ???\n"
+                          "??? Registers 100-101 were not read: BUSY\n");
+}
+
+TEST_F(Watch, AValueOfBeforeThePortWasLostIsNotShown) {
+    link.readings[100] = {Reading_Age::EarlierOpening, std::nullopt};
+    link.readings[101] = {Reading_Age::ThisOpening, ""};
+    EXPECT_TRUE(watch(1));
+    EXPECT_EQ(text.str(), "Input   Level\nFirst   ???\nSecond  ???\n"
+                          "??? Registers 100-101 were not read since the port was opened\n"
+                          "??? Registers 100-101 were not read: no answer\n");
+}
+
+TEST_F(Watch, HalfARegisterOfALostLinkIsNoValueEither) {
+    document.Fields(1).Cells(1, 2).Address = "100/LO";
+    link.lost = true;
+    EXPECT_FALSE(watch(1));
+    EXPECT_EQ(text.str(), "Input   Level\nFirst   ???\nSecond  ???\n");
+}
+
+TEST_F(Watch, EveryRefreshHasItsTime) {
+    time = [this] { return "12:00:0" + std::to_string(shown.size()); };
+    EXPECT_TRUE(watch(2));
+    EXPECT_THAT(shown.at(0), ::testing::StartsWith(R"({"refresh":1,"time":"12:00:00","lost":false,)"));
+    EXPECT_THAT(shown.at(1), ::testing::StartsWith(R"({"refresh":2,"time":"12:00:01","lost":false,)"));
+    EXPECT_THAT(text.str(), ::testing::StartsWith("12:00:00\nInput   Level\n"));
+}
+
+TEST_F(Watch, SaysWhyItEnds) {
+    EXPECT_TRUE(watch(1));
+    EXPECT_EQ(end, "The watch has ended after 1 refresh, as many as were asked for.");
+    onShown = [this] { form.Cancel_Requested = shown.size() == 3; };
+    EXPECT_TRUE(watch(0));
+    EXPECT_EQ(end, "The watch was stopped after 2 refreshes.");
+    onShown = nullptr;
+    link.lost = true;
+    EXPECT_FALSE(watch(1));
+    EXPECT_EQ(end, "The watch has ended after 1 refresh, as many as were asked for. The controller did not "
+                   "answer at the end.");
+    portOpen = false;
+    EXPECT_FALSE(watch(1));
+    EXPECT_EQ(end, "Nothing was watched.");
 }
 
 TEST_F(Watch, SaysWhyAFieldCantBeWatched) {

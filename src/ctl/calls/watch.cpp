@@ -5,6 +5,8 @@
 #include "ctl/port_call.h"
 #include "ctl/port_calls.h"
 
+#include <QDateTime>
+
 #include <CLI/CLI.hpp>
 
 #include <ostream>
@@ -13,6 +15,12 @@
 namespace zorvane {
 
 namespace {
+
+/// The present time with its offset from UTC, as "2026-03-01T12:30:45.678+01:00".
+std::string presentTime() {
+    const QDateTime now = QDateTime::currentDateTime();
+    return now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs).toStdString();
+}
 
 class Watch_Call : public Port_Call {
   public:
@@ -46,7 +54,9 @@ class Watch_Call : public Port_Call {
                 printRefresh(surroundings.out, work.opened.document, field_, refresh);
             surroundings.out.flush();
         };
-        const Watch_Plan plan{field_, count_, show, [&work] { return work.line.portOpen(); }};
+        const auto ended = [&surroundings](const std::string& why) { tell(surroundings.err, why); };
+        const Watch_Plan plan{field_,      count_, show, [&work] { return work.line.portOpen(); },
+                              presentTime, ended};
         return runWatch(work.comm, work.frame, plan) ? Exit_Success : Exit_Failed;
     }
 
