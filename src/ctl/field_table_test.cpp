@@ -233,7 +233,8 @@ TEST_F(Field_Table, SetSavesNoZeroInPlaceOfLetters) {
 
 TEST_F(Field_Table, SetSavesNoZeroInPlaceOfABadTime) {
     ztp = bench.file("ABC.ZTP", doubles::smallTemplate() +
-                                    lines({"[FIELD_1_COLUMNS]", "COL_1_TYPE=TIME", "COL_1_FORMAT=TIME"}));
+                                    lines({"[FIELD_1_COLUMNS]", "COL_1_TYPE=TIME", "[FIELD_1_CONFIGURATION]",
+                                           "ROWADDRESSFORMAT_1=TIME"}));
     config = bench.file("site.ABC", lines({"[Field_1_Default]", "ROW_1=1:30,On"}));
     EXPECT_EQ(run("set", {"1", "1", "1", "2:75", "--save", bench.path("out.ABC")}).code, 1);
     EXPECT_FALSE(bench.exists("out.ABC"));

@@ -10,6 +10,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import tty
 import unittest
 
 SLAVE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "pymodbus_slave.py")
@@ -76,10 +77,10 @@ class TerminalTest(unittest.TestCase):
     def path(self, name):
         return os.path.join(self.folder.name, name)
 
-    def start(self, registers, *options):
+    def start(self, registers):
         """A controller with these registers and no others."""
         held = self.file("held.json", json.dumps(registers))
-        self.slave = subprocess.Popen([sys.executable, SLAVE, self.port, "--registers", held, *options],
+        self.slave = subprocess.Popen([sys.executable, SLAVE, self.port, "--registers", held],
                                       stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self.assertEqual(self.slave.stdout.readline().decode(), f"ready {self.port}\n")
 
@@ -107,8 +108,12 @@ class TerminalTest(unittest.TestCase):
         self.assertEqual(told["panel4_lines"][-1], "Ready")
 
     def test_a_silent_controller_has_refused_nothing(self):
-        self.start({"100": 17}, "--slave", "2")
+        line, client = os.openpty()  # with nobody behind it
+        tty.setraw(client)
+        os.symlink(os.ttyname(client), self.port)
         run = self.ctl("upload", "--json", "--retries", "1", "--timeout", "50")
+        os.close(line)
+        os.close(client)
         self.assertEqual(run.returncode, 1)
         told = json.loads(run.stdout)
         self.assertEqual(told["unanswered"], [{"first": 100, "last": 101}])
