@@ -9,14 +9,14 @@ namespace zorvane {
 
 namespace {
 
-/// Keeps which registers it was asked for before they were written, and which were written.
+/// Keeps which registers it was asked for, and which were written.
 class Noting_Link final : public Dry_Run_Link {
   public:
     using Dry_Run_Link::Dry_Run_Link;
 
     [[nodiscard]] std::int32_t RegisterValue(std::int32_t slave, std::int32_t address,
                                              bool isSigned = true) const override {
-        if (!written_.contains(address)) asked_.insert(address);
+        asked_.insert(address);
         return Dry_Run_Link::RegisterValue(slave, address, isSigned);
     }
     void PresetSingleRegister(std::int32_t slave, std::int32_t address, std::int32_t value) override {

@@ -11,9 +11,9 @@ namespace zorvane {
 using Register_Set = std::set<std::int32_t>;
 
 /// The registers that the requests of a download are built from beside the cells: the other half of a
-/// register, the other part of a time, the rest of a block. A register that the download itself has written
-/// before it is asked for isn't among them. Both come from the download's own rules over a register image;
-/// a cell on which those fail ends the list, as it ends the download.
+/// register, the other part of a time, the rest of a block. One that the download has written before is among
+/// them, since that write may fail. They come from the download's own rules over a register image; a cell on
+/// which those fail ends the list, as it ends the download.
 [[nodiscard]] Register_Set neededRegisters(const Declara_Zorvane& document, const Grid_Selection& selection);
 
 /// Which registers of the controller depend on a value that isn't known, after a download.

@@ -1,30 +1,10 @@
 #include "ctl/rehearsal.h"
 
 #include "comm/download.h"
+#include "comm/needed_registers.h"
 #include "comm/registers_to_cells.h"
 
 namespace zorvane {
-
-namespace {
-
-/// Notes which registers it was asked for.
-class Noting_Link : public Dry_Run_Link {
-  public:
-    using Dry_Run_Link::Dry_Run_Link;
-
-    [[nodiscard]] std::int32_t RegisterValue(std::int32_t slave, std::int32_t address,
-                                             bool isSigned = true) const override {
-        asked_.insert(address);
-        return Dry_Run_Link::RegisterValue(slave, address, isSigned);
-    }
-
-    [[nodiscard]] const std::set<std::int32_t>& asked() const noexcept { return asked_; }
-
-  private:
-    mutable std::set<std::int32_t> asked_; ///< reading is const for whoever reads
-};
-
-} // namespace
 
 std::optional<Failure_Note> applyRegisters(Declara_Zorvane& document, const Register_Values& registers) {
     Dry_Run_Link link(registers);
@@ -39,7 +19,7 @@ std::optional<Failure_Note> applyRegisters(Declara_Zorvane& document, const Regi
 
 Download_Plan planDownload(Declara_Zorvane& document, const Register_Values& registers,
                            const Grid_Selection& selection) {
-    Noting_Link link(registers);
+    Dry_Run_Link link(registers);
     Main_Form_State form;
     Held_Frame frame(document.Field_Count, selection);
     const Comm_Context comm{document, form, link, frame};
@@ -47,7 +27,7 @@ Download_Plan planDownload(Declara_Zorvane& document, const Register_Values& reg
     plan.failure = failureOf([&] { MNU_Download_Click(comm); });
     plan.writes = link.writes();
     plan.panel4 = frame.messages();
-    plan.asked = link.asked();
+    plan.asked = neededRegisters(document, selection);
     return plan;
 }
 
