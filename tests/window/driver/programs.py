@@ -3,9 +3,11 @@ import json
 import os
 import signal
 import subprocess
+import sys
 
 READY_S = 30
 SINGLE_WRITE, MULTIPLE_WRITE = 6, 16
+PEERS = os.path.normpath(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "peers"))
 
 
 class Terminal:
@@ -78,3 +80,36 @@ class Simulator:
             return []
         with open(self.log, encoding="utf-8") as log:
             return [json.loads(line) for line in log if line.endswith("\n")]
+
+
+class Peer:
+    """A program that isn't Zorvane's own at the other end of the line, whose path is `port`: the script of that name
+    in `tests/peers`, which says "ready"."""
+
+    def __init__(self, desktop, script, *options, name="peer"):
+        self.port = desktop.path(name)
+        command = [sys.executable, os.path.join(PEERS, script), self.port, *options]
+        self.process = desktop.start(command, name, stdout=subprocess.PIPE)
+        line = self.process.stdout.readline().decode()
+        assert line.startswith("ready"), f"{script} did not start: {line!r}"
+
+    def stop(self):
+        self.process.terminate()
+        self.process.wait(READY_S)
+
+
+class Pymodbus_Slave(Peer):
+    """A slave by pymodbus that holds these registers, by number, and refuses all others."""
+
+    def __init__(self, desktop, registers, name="pymodbus"):
+        given = desktop.path(name + "_registers.json")
+        self._dump = desktop.path(name + "_dump.json")
+        with open(given, "w", encoding="ascii") as file:
+            json.dump(registers, file)
+        super().__init__(desktop, "pymodbus_slave.py", "--registers", given, "--dump", self._dump, name=name)
+
+    def registers(self):
+        """Ends the slave, and gives what it held."""
+        self.stop()
+        with open(self._dump, encoding="utf-8") as file:
+            return {int(address): value for address, value in json.load(file).items()}
