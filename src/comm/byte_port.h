@@ -38,8 +38,8 @@ class Byte_Port {
 
     /// Hands all bytes to the system at once. False when it refused them: the line is as good as lost.
     [[nodiscard]] virtual bool write(Byte_View bytes) = 0;
-    /// Drops what has come in and wasn't told yet.
-    virtual void discardInput() = 0;
+    /// Takes what has come in and wasn't told yet; the listener isn't told of it any more.
+    virtual Byte_Array discardInput() = 0;
     virtual void setRts(bool on) = 0;
     /// Whether bytes have come in that weren't told yet. A port that can't know says no.
     [[nodiscard]] virtual bool hasInput() const { return false; }

@@ -14,41 +14,95 @@ bool sameShape(const Rtu_Request& a, const Rtu_Request& b) {
     return sameFunction(a, b) && (a.count == b.count || a.function == Function_Code::PresetMultipleRegisters);
 }
 
+/// Whether a good answer to the one has the form of a good answer to the other: that of a read names its
+/// count only, that of a write its address, and its value or count.
+bool sameAnswer(const Rtu_Request& a, const Rtu_Request& b) {
+    if (!sameFunction(a, b) || a.count != b.count) return false;
+    if (a.function == Function_Code::ReadHoldingRegisters) return true;
+    return a.address == b.address &&
+           (a.function == Function_Code::PresetMultipleRegisters || a.values == b.values);
+}
+
+bool overlap(const Rtu_Request& a, const Rtu_Request& b) {
+    return a.unit == b.unit && a.address < b.address + b.count && b.address < a.address + a.count;
+}
+
 } // namespace
 
-void Late_Answers::expect(const Rtu_Request& request, Micros until) { expected_.push_back({request, until}); }
+void Late_Answers::expect(const Rtu_Request& request, Micros heldUntil, Micros until) {
+    expected_.push_back({request, heldUntil, until, false, false});
+}
 
-void Late_Answers::expectOnLine(const Rtu_Request& request, Micros lineUntil, Micros until) {
+void Late_Answers::expectOnLine(const Rtu_Request& request, Micros lineUntil, Micros heldUntil,
+                                Micros until) {
     lineUntil_ = lineUntil;
-    expect(request, until);
+    expect(request, heldUntil, until);
+}
+
+void Late_Answers::expectForeign(const Rtu_Request& request, Micros lineUntil, Micros until) {
+    lineUntil_ = lineUntil;
+    expected_.push_back({request, 0, until, true, true});
 }
 
 void Late_Answers::forgetPast(Micros now) {
     std::erase_if(expected_, [now](const Expected& entry) { return entry.until <= now; });
 }
 
+void Late_Answers::sent(const Rtu_Request& request) {
+    if (request.function == Function_Code::ReadHoldingRegisters) return;
+    for (Expected& entry : expected_) {
+        if (overlap(entry.request, request) && !(entry.request == request)) entry.outOfDate = true;
+    }
+}
+
+void Late_Answers::answered(const Rtu_Request& request, Micros until) {
+    for (Expected& entry : expected_) {
+        if (entry.request == request) entry.until = std::max(entry.until, until);
+    }
+}
+
 Micros Late_Answers::heldUntil(const Rtu_Request& request) const {
     Micros held = lineUntil_.value_or(0);
     for (const Expected& entry : expected_) {
-        if (sameShape(entry.request, request)) held = std::max(held, entry.until);
+        if (sameShape(entry.request, request)) held = std::max(held, entry.heldUntil);
     }
     return held;
 }
 
-std::optional<Finding> Late_Answers::take(Byte_View received, std::size_t from) {
+Micros Late_Answers::confusableUntil(const Rtu_Request& request) const {
+    Micros until = 0;
+    for (const Expected& entry : expected_) {
+        const bool harmless = entry.request == request && !entry.outOfDate;
+        if (sameAnswer(entry.request, request) && !harmless) until = std::max(until, entry.until);
+    }
+    return until;
+}
+
+bool Late_Answers::expects(const Rtu_Request& request) const {
+    return std::any_of(expected_.begin(), expected_.end(),
+                       [&](const Expected& entry) { return sameAnswer(entry.request, request); });
+}
+
+bool Late_Answers::expectsFunction(const Rtu_Request& request) const {
+    return std::any_of(expected_.begin(), expected_.end(),
+                       [&](const Expected& entry) { return sameFunction(entry.request, request); });
+}
+
+std::optional<Late_Answers::Late> Late_Answers::take(Byte_View received, std::size_t from) {
     for (auto entry = expected_.begin(); entry != expected_.end(); ++entry) {
-        Finding finding = findAnswer(entry->request, received, from);
-        if (finding.verdict != Finding::Verdict::Found) continue;
+        Late late{findAnswer(entry->request, received, from), entry->request, entry->heldUntil, entry->until,
+                  entry->foreign};
+        if (late.finding.verdict != Finding::Verdict::Found) continue;
         expected_.erase(entry);
         lineFree();
-        return finding;
+        return late;
     }
     return std::nullopt;
 }
 
 bool Late_Answers::exceptionAmbiguous(const Rtu_Request& request, Micros now) const {
     return std::any_of(expected_.begin(), expected_.end(), [&](const Expected& entry) {
-        return entry.until > now && sameFunction(entry.request, request);
+        return entry.heldUntil > now && sameFunction(entry.request, request);
     });
 }
 

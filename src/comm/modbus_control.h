@@ -52,6 +52,10 @@ class modbus_control : public Link_Notice, public Register_Readings {
     virtual void AddHoldingBlock(std::int16_t unit, std::int16_t first, std::int16_t last, bool flag,
                                  std::int16_t count) = 0;
 
+    /// Registers `first` to `last` hold one value, such as a text: where the link reads a block in parts,
+    /// none of them ends in between. Until `ClearBlocks`; a link that reads no parts needs none of it.
+    virtual void KeepTogether(std::int32_t /*first*/, std::int32_t /*last*/) {}
+
     // Scan control.
 
     /// "NONE" covers every block; any other word covers the blocks with that request word.

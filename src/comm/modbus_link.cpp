@@ -80,6 +80,8 @@ std::string Modbus_Link::SlaveNumber() const { return std::to_string(settings_.s
 void Modbus_Link::ClearBlocks() {
     scan_.plan().clear();
     image_.clear();
+    together_.clear();
+    uncut_.clear();
     addressBase_ = 0;
     restartScan();
 }

@@ -3,11 +3,14 @@
 #include "comm/link_windows.h"
 #include "comm/modbus_control.h"
 #include "comm/port_session.h"
+#include "comm/read_parts.h"
 #include "comm/register_store.h"
 #include "comm/rtu_transaction.h"
 #include "comm/scan.h"
 #include "comm/traffic_observer.h"
 #include "comm/write_queue.h"
+
+#include <set>
 
 namespace zorvane {
 
@@ -77,6 +80,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
                       std::int32_t& slave) override;
     void AddHoldingBlock(std::int16_t unit, std::int16_t first, std::int16_t last, bool flag,
                          std::int16_t count) override;
+    void KeepTogether(std::int32_t first, std::int32_t last) override { together_.add(first, last); }
 
     void SetScanMode(const std::string& mode) override;
     [[nodiscard]] std::string ScanMode() const override;
@@ -140,6 +144,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
         std::int32_t slave = 0;
         std::int32_t first = 0; ///< register number
         bool stale = false;     ///< the scan has started anew since: only the registers count
+        bool part = false;      ///< of a frame of the scan
     };
 
     /// A try of the scan that failed before its watcher saw which block is being read. Told at once, the
@@ -152,12 +157,20 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     void requestSent() override;
     void tryFinished(const Try_Result& result) override;
     void strayReceived(Micros at, const Byte_Array& bytes, const std::string& what) override;
+    void otherMasterHeard(Micros at, const Foreign_Request& foreign) override;
     void lineLost(const std::string& reason) override;
 
     void next();
     void startWrite();
     void continueScan();
     void startFrame(const Scan_Frame& frame);
+    [[nodiscard]] Rtu_Request requestFor(const Scan_Frame& frame, std::uint8_t unit);
+    [[nodiscard]] bool onlyOfItsShape(const Scan_Frame& frame) const;
+    void partTried(const Current& current, const Try_Result& result);
+    void partRefused(const Try_Result& result);
+    void giveBlockUp(const std::string& why);
+    [[nodiscard]] bool triedAgain(const Try_Result& result, std::int32_t& tries) const;
+    void takeParts();
     void missScan();
     void missEmptyScan();
     void refuseFrame(const Scan_Frame& frame, const std::string& why);
@@ -212,8 +225,13 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     Register_Store image_;
     Exchange_Status status_;
     Write_Queue writes_;
-    mutable Scan scan_; ///< being looked at lets it move on
-    std::int32_t scanTries_ = 0;
+    mutable Scan scan_;          ///< being looked at lets it move on
+    std::int32_t scanTries_ = 0; ///< failed ones of the present frame; of the present block while it is cut
+    std::vector<Read_Part> parts_;
+    Kept_Together together_;
+    std::set<std::int32_t> uncut_;           ///< blocks whose controller refuses parts of them
+    std::optional<Rtu_Request> lastReading_; ///< the last request of the scan
+    std::optional<Micros> otherMasterAt_;    ///< when another master was last noted
     Current current_;
     std::optional<Held_Try> held_;
 

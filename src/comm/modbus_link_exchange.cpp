@@ -8,6 +8,9 @@ namespace zorvane {
 
 namespace {
 
+/// Another master that asks on and on is noted only so often; the monitor shows each of its requests.
+constexpr Micros otherMasterPeriod = 60 * microsPerSecond;
+
 /// A try before the refusal may have been taken, and its answer lost.
 Write_Outcome outcomeOfFailure(const Write_Job& job, const Try_Result& result) {
     if (job.done > 0 || job.tries > 0) return Write_Outcome::Uncertain;
@@ -51,9 +54,10 @@ void Modbus_Link::startWrite() {
     }
     const auto unit = static_cast<std::uint8_t>(job.slave);
     const std::uint16_t address = wireAddress(job.frameFirst());
-    current_ = {Current::Kind::Write, job.slave, static_cast<std::int32_t>(job.frameFirst()), false};
+    current_ = {Current::Kind::Write, job.slave, static_cast<std::int32_t>(job.frameFirst()), false, false};
     transaction_.submit(job.single ? presetSingle(unit, address, values.at(0))
-                                   : presetMultiple(unit, address, std::move(values)));
+                                   : presetMultiple(unit, address, std::move(values)),
+                        Line_Care::Quiet);
 }
 
 void Modbus_Link::continueScan() {
@@ -66,8 +70,10 @@ void Modbus_Link::startFrame(const Scan_Frame& frame) {
     const std::int32_t slave = slaveOf(frame.slave);
     const std::string why = whyUnreachable(slave, frame.first, frame.count);
     if (!why.empty()) return refuseFrame(frame, why);
-    current_ = {Current::Kind::Scan, slave, frame.first, false};
-    transaction_.submit(readRequest(static_cast<std::uint8_t>(slave), wireAddress(frame.first), frame.count));
+    const Rtu_Request request = requestFor(frame, static_cast<std::uint8_t>(slave));
+    current_ = {Current::Kind::Scan, slave, frame.first, false, request.count < frame.count};
+    lastReading_ = request;
+    transaction_.submit(request, Line_Care::Quiet);
 }
 
 void Modbus_Link::refuseFrame(const Scan_Frame& frame, const std::string& why) {
@@ -122,6 +128,7 @@ bool Modbus_Link::withdrawScan() {
 void Modbus_Link::restartScan() {
     scan_.restart(clock_.now());
     scanTries_ = 0;
+    parts_.clear();
     if (held_) {
         held_->current.stale = true;
         return takeHeldTry();
@@ -190,6 +197,8 @@ void Modbus_Link::countTry(const Try_Result& result) {
 
 void Modbus_Link::scanTried(const Current& current, const Try_Result& result) {
     const bool good = result.answer && !result.answer->exception;
+    const bool inParts = !current.stale && (current.part || !parts_.empty());
+    if (inParts) return partTried(current, result);
     if (good) image_.putRead(current.slave, current.first, result.answer->registers);
     if (current.stale) return;
     status_.lastRequestFailed = !good;
@@ -198,12 +207,18 @@ void Modbus_Link::scanTried(const Current& current, const Try_Result& result) {
         scanTries_ = 0;
         return scan_.frameAnswered(true, now);
     }
-    if (!result.answer && !result.portLost && ++scanTries_ <= settings_.retries) return scan_.tryFailed(now);
+    if (triedAgain(result, scanTries_)) return scan_.tryFailed(now);
     scanTries_ = 0;
     image_.putFault(current.slave, current.first, result.request.count, responseText(result));
     if (result.answer) return scan_.frameAnswered(false, now);
     status_.commLost = true;
     scan_.blockGivenUp(now);
+}
+
+/// Whether the retries leave one more try, which is counted. One that couldn't go out has waited long enough.
+bool Modbus_Link::triedAgain(const Try_Result& result, std::int32_t& tries) const {
+    if (result.answer || result.portLost || result.sent.empty()) return false;
+    return ++tries <= settings_.retries;
 }
 
 void Modbus_Link::writeTried(const Current& current, const Try_Result& result) {
@@ -214,7 +229,7 @@ void Modbus_Link::writeTried(const Current& current, const Try_Result& result) {
         return;
     }
     Write_Job& job = writes_.front();
-    if (!result.answer && !result.portLost && ++job.tries <= settings_.retries) return;
+    if (triedAgain(result, job.tries)) return;
     if (!result.answer) status_.commLost = true;
     status_.writeFailed = true;
     endWrite(outcomeOfFailure(job, result));
@@ -247,6 +262,12 @@ void Modbus_Link::tell(const Current& current, const Try_Result& result) {
         observer_->exchangeSeen(record);
     }
     if (handler_) handler_(line1, line2);
+}
+
+void Modbus_Link::otherMasterHeard(Micros at, const Foreign_Request& foreign) {
+    if (otherMasterAt_ && at < *otherMasterAt_ + otherMasterPeriod) return;
+    otherMasterAt_ = at;
+    note(foreignRequestText(foreign));
 }
 
 void Modbus_Link::strayReceived(Micros at, const Byte_Array& bytes, const std::string& what) {

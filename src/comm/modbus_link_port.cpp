@@ -25,6 +25,7 @@ void Modbus_Link::portIsOpen(const Port_Opening& opening) {
     image_.portOpened();
     status_.controllerSeen = false;
     transaction_.lineOpened();
+    otherMasterAt_.reset();
     note("The port is open.");
     for (const std::string& warning : opening.warnings) {
         note(warning);

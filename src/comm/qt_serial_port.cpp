@@ -43,7 +43,7 @@ Qt_Serial_Port::Qt_Serial_Port()
     QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] { readBytes(); });
     QObject::connect(port_.get(), &QSerialPort::errorOccurred, port_.get(),
                      [this](QSerialPort::SerialPortError error) {
-                         if (endsTheLine(error)) failed();
+                         if (endsTheLine(error)) failed(error != QSerialPort::WriteError);
                      });
 }
 
@@ -54,6 +54,7 @@ Qt_Serial_Port::~Qt_Serial_Port() {
 
 Port_Opening Qt_Serial_Port::open(const std::string& name, const Port_Settings& settings) {
     const Flag_Scope call(inCall_);
+    name_ = name;
     port_->setPortName(QString::fromStdString(name));
     // A pseudo-terminal drops parity and data bits, and the C library then calls the whole setting a failure:
     // so it is opened plain and set afterwards.
@@ -114,9 +115,14 @@ bool Qt_Serial_Port::write(Byte_View bytes) {
     return taken == size && !callFailed_;
 }
 
-void Qt_Serial_Port::discardInput() {
-    const Flag_Scope call(inCall_);
-    port_->clear(QSerialPort::Input);
+/// What waits is read, and never flushed: the monitor shows it.
+Byte_Array Qt_Serial_Port::discardInput() {
+    if (!port_->isOpen()) return {};
+    const QByteArray told = port_->readAll();
+    Byte_Array bytes(told.begin(), told.end());
+    const Byte_Array waiting = takeWaitingInput(port_->handle());
+    bytes.insert(bytes.end(), waiting.begin(), waiting.end());
+    return bytes;
 }
 
 bool Qt_Serial_Port::hasInput() const {
@@ -157,9 +163,24 @@ void Qt_Serial_Port::readBytes() {
         {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())});
 }
 
-void Qt_Serial_Port::failed() {
+/// A read that brought nothing comes as the same errors as one on a line that is gone.
+void Qt_Serial_Port::failed(bool mayBeNothing) {
     callFailed_ = true;
     if (inCall_ || !port_->isOpen()) return;
+    if (mayBeNothing && lineStands(port_->handle(), name_)) return readNothing();
+    lose();
+}
+
+/// The event loop had announced bytes that were taken before it came to tell them. QSerialPort takes a read
+/// that finds none for a lost line, and stops listening once it has told so.
+void Qt_Serial_Port::readNothing() {
+    port_->clearError();
+    if (notBefore_ != 0) return;
+    notBefore_ = Qt_Link_Clock().now();
+    listenAlarm_->armAt(notBefore_);
+}
+
+void Qt_Serial_Port::lose() {
     // The error comes again for ever until the port is closed.
     const std::string reason = port_->errorString().toStdString();
     close();

@@ -21,7 +21,7 @@ class Qt_Serial_Port final : public Byte_Port {
     void close() override;
     [[nodiscard]] bool isOpen() const override;
     [[nodiscard]] bool write(Byte_View bytes) override;
-    void discardInput() override;
+    Byte_Array discardInput() override;
     [[nodiscard]] bool hasInput() const override;
     void setRts(bool on) override;
     void tellNotBefore(Micros when) override;
@@ -30,11 +30,14 @@ class Qt_Serial_Port final : public Byte_Port {
     void readBytes();
     void listen(bool on);
     void listenAgain();
-    void failed();
+    void failed(bool mayBeNothing);
+    void readNothing();
+    void lose();
     [[nodiscard]] std::string applyLine(const Line_Settings& line, bool pseudoTerminal);
     void applyRts(const Port_Settings& settings, Port_Opening& opening);
 
     std::unique_ptr<QSerialPort> port_;
+    std::string name_; ///< under which it was opened
     std::unique_ptr<Alarm> listenAlarm_;
     Micros notBefore_ = 0; ///< deaf until then; 0: not deaf
     Byte_Port_Listener* listener_ = nullptr;

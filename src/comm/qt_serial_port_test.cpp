@@ -4,6 +4,7 @@
 #include "comm/qt_serial_port.h"
 #include "comm/serial_line_system.h"
 #include "comm/testing/byte_port_suite.h"
+#include "comm/testing/link_rig.h"
 #include "comm/testing/pty_line.h"
 #include "comm/testing/toy_slave.h"
 
@@ -14,6 +15,7 @@
 #include <sys/stat.h>
 
 #include <memory>
+#include <random>
 
 namespace zorvane {
 namespace {
@@ -161,6 +163,35 @@ TEST_F(QtLink, ALineThatGoesAndComesBackIsFoundAgain) {
     EXPECT_FALSE(link().CommLost());
 }
 
+/// The event loop hears of bytes and of the time for the next request at once, and the request takes the
+/// bytes before they are told.
+TEST_F(QtLink, StrayBytesAtAnyMomentLoseNoLine) {
+    testing::Traffic_Log log;
+    link().setObserver(&log);
+    std::mt19937 random(14);
+    QTimer noise;
+    noise.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&noise, &QTimer::timeout, &noise, [&] {
+        line.send(Byte_Array(1 + random() % 5, 0xA5));
+        noise.start(static_cast<int>(random() % 12));
+        const Micros busyUntil = Qt_Link_Clock().now() + static_cast<Micros>(random() % 4) * microsPerMs;
+        while (Qt_Link_Clock().now() < busyUntil) {
+        }
+    });
+    noise.start(1);
+    link().PrepareScan();
+    link().StartScan();
+    while (log.exchanges.size() < 1000) {
+        const std::size_t before = log.exchanges.size();
+        ASSERT_TRUE(serveUntil([&] { return log.exchanges.size() > before; }));
+    }
+    link().StopScan();
+    link().ClosePort();
+    EXPECT_EQ(log.notes, std::vector<std::string>{"The port is open."});
+    EXPECT_FALSE(log.strays.empty());
+    link().setObserver(nullptr);
+}
+
 TEST_F(QtLink, ALineThatIsNotThereIsTold) {
     unplug();
     link().PrepareScan();
@@ -205,6 +236,21 @@ TEST(SerialLineSystem, ReasonsInPlainWords) {
     EXPECT_TRUE(isPseudoTerminal(line.path()));
     EXPECT_FALSE(isPseudoTerminal("/dev/null"));
     EXPECT_FALSE(isPseudoTerminal("/nowhere"));
+}
+
+TEST(SerialLineSystem, ALineStandsUntilItHangsUpOrItsNameIsGone) {
+    Pty_Line line;
+    const int near = ::open(line.path().c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK);
+    ASSERT_GE(near, 0);
+    EXPECT_TRUE(lineStands(near, line.path()));
+    EXPECT_FALSE(lineStands(near, line.path() + "-that-is-gone"));
+    line.send(Byte_Array{1, '\n'});
+    EXPECT_TRUE(lineStands(near, line.path()));
+    const std::string elsewhere = line.path() + "-again";
+    std::filesystem::create_symlink(std::filesystem::canonical(line.path()), elsewhere);
+    line.unplug();
+    EXPECT_FALSE(lineStands(near, elsewhere));
+    ::close(near);
 }
 
 /// Gives up the rights of root for a while, as far as there are any.

@@ -19,8 +19,6 @@ constexpr Micros clockTolerance = 32;
 /// The last bytes before an answer can be whole are told one by one, so that a wait that ends late delays
 /// nothing. One of them may be on the point of coming in anyway.
 constexpr std::size_t toldSingly = 3;
-/// Stray bytes wait for the line to fall silent before they are told, unless more than this many came.
-constexpr std::size_t strayParcel = 512;
 /// Of a line that babbles, this much is kept for the monitor.
 constexpr std::size_t receivedLimit = 4096;
 
@@ -53,12 +51,17 @@ void Rtu_Transaction::lineOpened() {
     learntPace_ = false;
 }
 
-void Rtu_Transaction::submit(Rtu_Request request) {
+void Rtu_Transaction::submit(Rtu_Request request, Line_Care care) {
     result_ = Try_Result{};
     result_.request = std::move(request);
     searchFrom_ = 0;
     pieces_ = 0;
     letInputCome_ = false;
+    care_ = care;
+    quietLimit_ = clock_.now() + 2 * timeOutsUntilOver * timeOut_;
+    listenUntil_ = 0;
+    foreignAt_.reset();
+    foreignEnd_ = 0;
     state_ = State::Gap;
     late_.forgetPast(clock_.now());
     latestSend_ = std::max(clock_.now(), lastActivity_ + quiet_ + pause_) + timeOut_;
@@ -76,7 +79,7 @@ bool Rtu_Transaction::withdraw() {
 void Rtu_Transaction::abandon() {
     if (state_ == State::Idle || withdraw()) return;
     lowerRts();
-    late_.expectOnLine(result_.request, deadline_, deadline_ + timeOut_);
+    late_.expectOnLine(result_.request, deadline_, deadline_ + timeOut_, whenOver());
     state_ = State::Idle;
     armForState();
 }
@@ -87,13 +90,15 @@ Micros Rtu_Transaction::settleTime() const { return std::max(silence_, damagedSe
 
 Micros Rtu_Transaction::sendTime() const {
     const Micros quiet = std::min(lastActivity_ + quiet_ + pause_, latestSend_);
-    return std::max(quiet, late_.heldUntil(result_.request));
+    const Micros held = std::max(quiet, late_.heldUntil(result_.request));
+    if (care_ == Line_Care::Usual) return held;
+    return std::max(held, late_.confusableUntil(result_.request));
 }
 
 /// When the answer can be whole at the earliest; 0 for now.
 Micros Rtu_Transaction::earliestAnswer() const {
     const auto start = searchStart();
-    if (state_ != State::Wait || !learntPace_ || !start) return 0;
+    if (state_ != State::Wait || !learntPace_ || !start || listenUntil_ != 0) return 0;
     const std::size_t missing = leastMissing(result_.request, receivedBytes(), *start);
     const Micros characters = wireTime(settings_.line, missing - std::min(missing, toldSingly));
     const Micros whole = std::max(clock_.now(), txEnd_) + characters - characters / clockTolerance;
@@ -111,12 +116,13 @@ void Rtu_Transaction::armForState() {
         if (stray_.empty()) return alarm_->disarm();
         return alarm_->armAt(lastActivity_ + settleTime());
     case State::Gap:
-        if (stray_.empty()) return alarm_->armAt(sendTime());
+        if (stray_.empty()) return alarm_->armAt(std::min(sendTime(), quietLimit_));
         return alarm_->armAt(std::min(sendTime(), lastActivity_ + settleTime()));
     case State::Lead:
         return alarm_->armAt(leadEnd_);
     case State::Wait:
-        return alarm_->armAt(rtsRaised_ ? txEnd_ : deadline_);
+        if (rtsRaised_) return alarm_->armAt(txEnd_);
+        return alarm_->armAt(listenUntil_ != 0 ? listenUntil_ : deadline_);
     case State::Settle:
         return alarm_->armAt(rtsRaised_ ? txEnd_ : std::min(lastActivity_ + settleTime(), settleLimit_));
     }
@@ -151,14 +157,24 @@ void Rtu_Transaction::ring() {
 void Rtu_Transaction::ringInGap(Micros now) {
     if (!stray_.empty() && now >= lastActivity_ + settleTime()) {
         late_.lineFree();
-        tellStray("stray bytes");
+        tellUnexplained();
     }
-    if (state_ == State::Gap && now >= sendTime()) return lead();
+    if (state_ != State::Gap) return armForState();
+    if (now >= sendTime()) {
+        const Byte_Array waiting = port_.discardInput();
+        if (waiting.empty()) return lead();
+        return bytesArrived(waiting);
+    }
+    if (now >= quietLimit_) return giveUpWaiting();
     armForState();
 }
 
 void Rtu_Transaction::ringInWait(Micros now) {
     if (now >= txEnd_) lowerRts();
+    if (listenUntil_ != 0 && now >= listenUntil_) {
+        listenUntil_ = now;
+        return evaluate();
+    }
     if (now >= deadline_) return atDeadline();
     armForState();
 }
@@ -169,7 +185,8 @@ void Rtu_Transaction::ringInSettle(Micros now) {
     if (!babbling && now < lastActivity_ + settleTime()) return armForState();
     if (const auto start = searchStart()) {
         const Finding finding = findAnswer(result_.request, receivedBytes(), *start);
-        if (finding.verdict == Finding::Verdict::Found) return succeed(finding);
+        const bool found = finding.verdict == Finding::Verdict::Found;
+        if (found && !afterOtherMaster(finding)) return succeed(finding);
     }
     const bool damaged = faultOfAnswer() == Answer_Fault::BadCrc;
     fail(faultNow() + (babbling ? ", and the line doesn't fall silent" : ""), !damaged);
@@ -191,10 +208,15 @@ void Rtu_Transaction::lead() {
 
 void Rtu_Transaction::send() {
     const State before = state_;
-    if (!stray_.empty()) tellStray("stray bytes");
+    const Byte_Array waiting = port_.discardInput();
+    stray_.insert(stray_.end(), waiting.begin(), waiting.end());
+    ahead_ = stray_;
+    earFrom_ = std::min(strayFrom_, ahead_.size());
+    if (!stray_.empty()) tellUnexplained();
     if (state_ != before) return; // whoever was told has taken the request back
-    port_.discardInput();
     result_.sent = encodeRequest(result_.request);
+    lastSent_ = result_.sent;
+    late_.sent(result_.request);
     result_.startedAt = clock_.now();
     if (!port_.write(result_.sent)) {
         result_.sent.clear();
@@ -225,12 +247,16 @@ void Rtu_Transaction::bytesArrived(Byte_View bytes) {
     letInputCome_ = false;
     if (pieces_++ == 0) firstByteAt_ = clock_.now();
     result_.received.insert(result_.received.end(), bytes.begin(), bytes.end());
+    hearOtherMasterInTry();
     evaluate();
     if (state_ == State::Wait) hintPort();
     if (result_.received.size() <= receivedLimit || idle()) return;
     const auto surplus = static_cast<std::ptrdiff_t>(result_.received.size() - largestFrame);
     result_.received.erase(result_.received.begin(), result_.received.begin() + surplus);
     searchFrom_ = 0;
+    ahead_.clear();
+    earFrom_ = 0;
+    if (foreignAt_) foreignAt_ = foreignEnd_ = 0;
 }
 
 std::optional<std::size_t> Rtu_Transaction::searchStart() const {
@@ -248,22 +274,14 @@ void Rtu_Transaction::evaluate() {
     const auto start = searchStart();
     if (!start) return;
     const Finding finding = findAnswer(result_.request, receivedBytes(), *start);
-    const bool found = finding.verdict == Finding::Verdict::Found;
+    const bool found = finding.verdict == Finding::Verdict::Found && !afterOtherMaster(finding);
     if (found && finding.answer.exception && late_.exceptionAmbiguous(result_.request, clock_.now())) {
         searchFrom_ = finding.offset + finding.length;
         return evaluate();
     }
-    if (found && !finding.partial) return succeed(finding);
+    if (found && !finding.partial) return listenOrSucceed(finding);
     if (skipLateAnswer()) return evaluate();
     if (found || finding.verdict == Finding::Verdict::Damaged) settle();
-}
-
-bool Rtu_Transaction::skipLateAnswer() {
-    late_.forgetPast(clock_.now());
-    const auto finding = late_.take(receivedBytes(), searchFrom_);
-    if (!finding) return false;
-    searchFrom_ = finding->offset + finding->length;
-    return true;
 }
 
 void Rtu_Transaction::settle() {
@@ -275,7 +293,7 @@ void Rtu_Transaction::settle() {
 
 void Rtu_Transaction::atDeadline() {
     // An answer that has begun may end: the time-out is about a slave that doesn't speak.
-    const auto start = searchStart();
+    const auto start = foreignAt_ ? std::nullopt : searchStart();
     const bool fresh = clock_.now() < lastActivity_ + settleTime();
     if (start && findAnswer(result_.request, receivedBytes(), *start).partial && fresh) return settle();
     fail(faultNow(), true);
@@ -289,6 +307,7 @@ Answer_Fault Rtu_Transaction::faultOfAnswer() const {
 
 std::string Rtu_Transaction::faultNow() const {
     const Answer_Fault fault = faultOfAnswer();
+    if (foreignAt_) return "an answer after another master's request is nobody's";
     if (fault == Answer_Fault::Nothing && searchFrom_ > 0) return "only a late answer to an earlier request";
     return std::string(faultText(fault));
 }
@@ -317,6 +336,7 @@ void Rtu_Transaction::succeed(const Finding& finding) {
     result_.answerLength = finding.length;
     result_.answer = finding.answer;
     quiet_ = silence_;
+    remember(finding);
     tellTrailing(finding.offset + finding.length);
     finish();
 }
@@ -335,6 +355,7 @@ void Rtu_Transaction::tellTrailing(std::size_t from) {
     learnEchoOfWrite(rest);
     if (rest.empty()) return;
     stray_.assign(rest.begin(), rest.end());
+    strayFrom_ = 0;
     result_.received.resize(from);
 }
 
@@ -343,7 +364,16 @@ void Rtu_Transaction::fail(std::string fault, bool mayAnswerLater) {
     if (echoEnd) result_.echoed = learntEcho_ = true;
     result_.fault = std::move(fault);
     quiet_ = std::max(silence_, failedQuiet);
-    if (mayAnswerLater) late_.expect(result_.request, std::max(deadline_, clock_.now()) + timeOut_);
+    if (mayAnswerLater) {
+        late_.expect(result_.request, std::max(deadline_, clock_.now()) + timeOut_, whenOver());
+    }
+    finish();
+}
+
+void Rtu_Transaction::giveUpWaiting() {
+    result_.fault =
+        "not sent: the line doesn't get quiet, and an answer couldn't be told from an earlier one's";
+    result_.startedAt = clock_.now();
     finish();
 }
 
@@ -357,32 +387,14 @@ void Rtu_Transaction::finish() {
 }
 
 void Rtu_Transaction::portLost(const std::string& reason) {
-    if (!stray_.empty()) tellStray("stray bytes");
+    if (!stray_.empty()) tellUnexplained();
     if (state_ != State::Idle) {
         result_.portLost = true;
         result_.fault = "port lost";
-        if (!result_.sent.empty()) late_.expect(result_.request, deadline_ + timeOut_);
+        if (!result_.sent.empty()) late_.expect(result_.request, deadline_ + timeOut_, whenOver());
         finish();
     }
     owner_.lineLost(reason);
-}
-
-// Bytes that no request waits for.
-
-void Rtu_Transaction::takeStray(Byte_View bytes) {
-    stray_.insert(stray_.end(), bytes.begin(), bytes.end());
-    late_.forgetPast(clock_.now());
-    if (late_.take(stray_, 0)) {
-        tellStray("late answer to an earlier request, dropped");
-    } else if (stray_.size() > strayParcel) {
-        tellStray("stray bytes");
-    }
-    armForState();
-}
-
-void Rtu_Transaction::tellStray(const std::string& what) {
-    const Byte_Array bytes = std::exchange(stray_, {});
-    owner_.strayReceived(lastActivity_, bytes, what);
 }
 
 } // namespace zorvane

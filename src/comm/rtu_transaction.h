@@ -1,7 +1,9 @@
 #pragma once
 
 #include "comm/answer_search.h"
+#include "comm/answered_requests.h"
 #include "comm/byte_port.h"
+#include "comm/foreign_requests.h"
 #include "comm/late_answers.h"
 #include "comm/link_clock.h"
 
@@ -35,14 +37,27 @@ class Transaction_Owner {
     virtual void tryFinished(const Try_Result& result) = 0;
     /// Bytes that belong to no exchange, and what they seem to be.
     virtual void strayReceived(Micros at, const Byte_Array& bytes, const std::string& what) = 0;
+    /// Another master's request came in, within an exchange or outside.
+    virtual void otherMasterHeard(Micros /*at*/, const Foreign_Request& /*foreign*/) {}
     /// After `tryFinished` when a request was under way.
     virtual void lineLost(const std::string& reason) = 0;
+};
+
+/// What a request waits for beside the silence that every one needs.
+enum class Line_Care {
+    Usual, ///< after a time-out requests of its shape wait for one more
+    Quiet, ///< also until no answer can come any more that would pass for its own and says something else
 };
 
 /// The master's side of one exchange at a time on a serial line, as a state machine over port and alarm. All
 /// delays are absolute times of the clock. A request goes out once the line has been silent long enough, and
 /// after a time-out a request of the same shape waits for one more time-out, since the answer to a read names
 /// no address and a late one would pass for the next one's.
+///
+/// Answers may come later than that, or twice, or for another master. Each such request stays outstanding for
+/// ten time-outs or until its answer came. Whoever submits requests asks `mayBeConfused` and `expects`, and
+/// chooses a request of another form or one that waits. An answer after another master's request is never
+/// taken.
 class Rtu_Transaction final : private Byte_Port_Listener {
   public:
     Rtu_Transaction(Byte_Port& port, Link_Clock& clock, Transaction_Owner& owner);
@@ -58,7 +73,12 @@ class Rtu_Transaction final : private Byte_Port_Listener {
 
     /// Starts one try. REQUIRES: `idle()` and an open port. It always ends in `tryFinished`, unless withdrawn
     /// or abandoned.
-    void submit(Rtu_Request request);
+    /// Under `Line_Care::Quiet` a try that can't go out for twenty time-outs ends as failed, unsent.
+    void submit(Rtu_Request request, Line_Care care = Line_Care::Usual);
+    /// Whether an answer may still come that would pass for one to the request and says something else.
+    [[nodiscard]] bool mayBeConfused(const Rtu_Request& request);
+    /// Whether an answer of the form of the request's is still to come, whatever it says.
+    [[nodiscard]] bool expects(const Rtu_Request& request);
     [[nodiscard]] bool idle() const { return state_ == State::Idle; }
     /// Takes back a request that hasn't gone out; false when it has.
     bool withdraw();
@@ -68,6 +88,8 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void lineOpened();
 
   private:
+    static constexpr const char* strayText = "stray bytes";
+
     enum class State { Idle, Gap, Lead, Wait, Settle };
 
     void bytesArrived(Byte_View bytes) override;
@@ -88,12 +110,15 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void lowerRts();
 
     void evaluate();
+    void listenOrSucceed(Finding finding);
     bool skipLateAnswer();
     [[nodiscard]] std::optional<std::size_t> searchStart() const;
     void settle();
     void atDeadline();
     void succeed(const Finding& finding);
     void fail(std::string fault, bool mayAnswerLater);
+    void giveUpWaiting();
+    void remember(const Finding& finding);
     void learnEcho(std::size_t answerAt);
     void learnPace();
     void learnEchoOfWrite(Byte_View rest);
@@ -102,7 +127,16 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     [[nodiscard]] std::string faultNow() const;
     void finish();
 
+    [[nodiscard]] std::optional<Late_Answers::Late> takeLate(Byte_View bytes, std::size_t from);
+    void expectCopies(Byte_View bytes);
+    std::size_t hearOtherMaster(Byte_View bytes, std::size_t& from);
+    void noteOtherMaster(const Foreign_Request& foreign);
+    void hearOtherMasterInTry();
+    [[nodiscard]] bool afterOtherMaster(const Finding& finding) const;
+    [[nodiscard]] Micros whenOver() const;
+
     void takeStray(Byte_View bytes);
+    void tellUnexplained();
     void tellStray(const std::string& what);
 
     [[nodiscard]] bool expectsEcho() const { return settings_.adapterEchoes || learntEcho_; }
@@ -137,9 +171,22 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     Micros settleLimit_ = 0;  ///< a line that never falls silent can't hold a try longer
     bool rtsRaised_ = false;
     bool letInputCome_ = false; ///< the alarm has stood back for bytes already
+    Line_Care care_ = Line_Care::Usual;
+    Micros quietLimit_ = 0;  ///< a line that never gets quiet can't hold a request longer
+    Micros listenUntil_ = 0; ///< for a further answer, since the one found may be an earlier one's; 0: not
+
+    bool early_ = false; ///< that one came too early
 
     Late_Answers late_;
+    Answered_Requests answered_;
+    Micros copiesUntil_ = 0;               ///< until then any answer may come once more
+    Byte_Array ahead_;                     ///< what came in just before the request went out
+    std::optional<std::size_t> foreignAt_; ///< where in the bytes received another master's request began
+    std::size_t foreignEnd_ = 0;           ///< and where the last one ended
+    std::size_t earFrom_ = 0;              ///< in `ahead_` and the bytes received: heard for other masters
     Byte_Array stray_;
+    std::size_t strayFrom_ = 0; ///< in `stray_`: heard for other masters
+    Byte_Array lastSent_;
 };
 
 } // namespace zorvane

@@ -10,6 +10,7 @@ void Scan::restart(Micros now) {
     phase_ = Phase::Reading;
     watched_ = false;
     seenInPass_ = false;
+    blockTried_ = false;
     failedAt_.reset();
     show(numberAt(0), now);
 }
@@ -46,6 +47,7 @@ void Scan::advance(Micros now) {
 void Scan::leaveIndex(Micros now) {
     const std::size_t count = plan_.numbers().size();
     offset_ = 0;
+    blockTried_ = false;
     place_ = place_ + 1 < count ? place_ + 1 : 0;
     if (count <= 1) {
         // One block would show no change, and no block has no index at all: 0 stands between two passes.
@@ -86,6 +88,20 @@ void Scan::frameAnswered(bool well, Micros now) {
     if (offset_ < block.size()) return;
     phase_ = Phase::Done;
     advance(now);
+}
+
+bool Scan::partRead(std::uint16_t count, Micros now) {
+    if (blockTried_) failedAt_ = now;
+    offset_ += count;
+    if (offset_ < plan_.block(numberAt(place_)).size()) return false;
+    phase_ = Phase::Done;
+    advance(now);
+    return true;
+}
+
+void Scan::blockAgain(Micros now) {
+    tryFailed(now);
+    offset_ = 0;
 }
 
 void Scan::blockGivenUp(Micros now) {

@@ -57,8 +57,17 @@ class Scan {
 
     /// The present frame was answered, by an exception too.
     void frameAnswered(bool well, Micros now);
+    /// So many registers at the beginning of the present frame were read, and the rest is the next frame.
+    /// True when that ended the block. Behind a failed try in this block, a watcher must see the end of each
+    /// part.
+    bool partRead(std::uint16_t count, Micros now);
     /// One try of the present frame failed; the frame stays.
-    void tryFailed(Micros now) { failedAt_ = now; }
+    void tryFailed(Micros now) {
+        failedAt_ = now;
+        blockTried_ = true;
+    }
+    /// One try failed and the present block begins anew.
+    void blockAgain(Micros now);
     /// The present frame got no answer: its block is left.
     void blockGivenUp(Micros now);
 
@@ -80,6 +89,7 @@ class Scan {
     bool seen_ = false;
     bool watched_ = false;           ///< somebody looked in this pass or in the one before
     bool seenInPass_ = false;        ///< somebody looked in this pass
+    bool blockTried_ = false;        ///< a try in the present block failed
     std::optional<Micros> failedAt_; ///< a failure that nobody has seen yet
 };
 

@@ -4,8 +4,12 @@
 #include <linux/serial.h>
 #include <sys/ioctl.h>
 
+#include <array>
+#include <cerrno>
 #include <fcntl.h>
 #include <filesystem>
+#include <poll.h>
+#include <termios.h>
 #include <unistd.h>
 #endif
 
@@ -20,6 +24,14 @@ constexpr const char* busy = "Busy: another program has the port open. Close tha
 
 std::string pathOf(const std::string& name) {
     return name.find('/') == std::string::npos ? "/dev/" + name : name;
+}
+
+/// A port that is open for one program only refuses as busy, and so is there.
+bool opensAgain(const std::string& path) {
+    const int second = ::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (second < 0) return errno == EBUSY || errno == EACCES || errno == EPERM;
+    ::close(second);
+    return true;
 }
 
 #endif
@@ -67,6 +79,29 @@ bool inputWaits(std::intptr_t handle) {
     return ::ioctl(static_cast<int>(handle), FIONREAD, &count) == 0 && count > 0;
 }
 
+Byte_Array takeWaitingInput(std::intptr_t handle) {
+    Byte_Array bytes;
+    std::array<std::uint8_t, 512> part{};
+    const int line = static_cast<int>(handle);
+    pollfd state{line, POLLIN, 0};
+    // A line that babbles isn't read for ever.
+    while (bytes.size() < 4096 && ::poll(&state, 1, 0) > 0 && (state.revents & POLLIN) != 0) {
+        const ssize_t got = ::read(line, part.data(), part.size());
+        if (got <= 0) break;
+        bytes.insert(bytes.end(), part.begin(), part.begin() + got);
+    }
+    return bytes;
+}
+
+bool lineStands(std::intptr_t handle, const std::string& name) {
+    const int line = static_cast<int>(handle);
+    pollfd state{line, POLLIN, 0};
+    if (::poll(&state, 1, 0) < 0 || (state.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) return false;
+    if ((state.revents & POLLIN) != 0 && !inputWaits(handle)) return false;
+    termios settings{};
+    return ::tcgetattr(line, &settings) == 0 && opensAgain(pathOf(name));
+}
+
 #else
 
 std::string whyNotOpened(const std::string&, bool notFound, const std::string& systemText) {
@@ -79,6 +114,8 @@ bool isPseudoTerminal(const std::string&) { return false; }
 bool enableKernelRs485(std::intptr_t, std::int32_t) { return false; }
 void askLowLatency(std::intptr_t) {}
 bool inputWaits(std::intptr_t) { return false; }
+Byte_Array takeWaitingInput(std::intptr_t) { return {}; }
+bool lineStands(std::intptr_t, const std::string&) { return false; }
 
 #endif
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "comm/rtu_frame.h"
+
 #include <cstdint>
 #include <string>
 
@@ -20,6 +22,14 @@ namespace zorvane {
 /// Asks the driver to hand bytes over at once (ASYNC_LOW_LATENCY): USB adapters hold them up to 16 ms
 /// otherwise. Drivers that can't ignore it.
 void askLowLatency(std::intptr_t handle);
+
+/// Reads what the system holds of the line, without waiting for more. Nothing where it can't.
+[[nodiscard]] Byte_Array takeWaitingInput(std::intptr_t handle);
+
+/// Whether the line is still there after a read that brought nothing: it hasn't hung up, its settings can be
+/// asked for, it announces no bytes that it doesn't have, and its name leads to a port. False where the
+/// system can't say. `name` as for opening.
+[[nodiscard]] bool lineStands(std::intptr_t handle, const std::string& name);
 
 /// Whether the system holds bytes of the line that nobody has read yet (FIONREAD).
 [[nodiscard]] bool inputWaits(std::intptr_t handle);

@@ -2,6 +2,10 @@
 
 #include "comm/bar_topics.h"
 #include "comm/transfer_bar.h"
+#include "values/numbers.h"
+#include "values/run_time_failure.h"
+
+#include <utility>
 
 namespace zorvane {
 
@@ -30,11 +34,28 @@ void PRO_Fin_Sesion(const Comm_Context& comm) {
     comm.link.EndSession();
 }
 
+namespace {
+
+/// The registers of the texts of one field.
+void keepTextsTogether(const Cell_Table& cells, modbus_control& link) {
+    for (std::int32_t row = 1; cells.dimensioned() && row <= cells.rows(); ++row) {
+        for (std::int32_t column = 1; column <= cells.lastWrittenColumn(row); ++column) {
+            const Cell_Rec& cell = cells(row, column);
+            if (!cell.Is_Ascii_Range || !isNumeric(cell.Address) || !isNumeric(cell.Address_End)) continue;
+            ignoringFailure([&] { link.KeepTogether(longValue(cell.Address), longValue(cell.Address_End)); });
+        }
+    }
+}
+
+} // namespace
+
 void PRO_Registra_Bloques(const Comm_Context& comm) {
     const auto& blocks = comm.document.Holding_Blocks;
     for (std::int32_t i = 1; i <= blocks.upperBound(); ++i)
         comm.link.AddScanBlock(blocks(i).First_Address, blocks(i).Last_Address, false, blocks(i).Request,
                                comm.form.Unit_Id);
+    for (std::int32_t field = 1; field <= comm.document.Field_Count; ++field)
+        keepTextsTogether(std::as_const(comm.document).Fields(field).Cells, comm.link);
 }
 
 void selectScan(const Comm_Context& comm, const std::string& word) {

@@ -47,7 +47,7 @@ class Simulated_Port final : public Byte_Port {
     void close() override { port_.close(); }
     [[nodiscard]] bool isOpen() const override { return port_.isOpen(); }
     [[nodiscard]] bool write(Byte_View bytes) override { return port_.write(bytes); }
-    void discardInput() override { port_.discardInput(); }
+    Byte_Array discardInput() override { return port_.discardInput(); }
     [[nodiscard]] bool hasInput() const override { return port_.hasInput(); }
     void setRts(bool on) override { port_.setRts(on); }
     void tellNotBefore(Micros when) override { port_.tellNotBefore(when); }

@@ -34,7 +34,7 @@ class Scripted_Port final : public Byte_Port {
         if (onWrite) onWrite(frame);
         return true;
     }
-    void discardInput() override { queued_.clear(); }
+    Byte_Array discardInput() override { return std::exchange(queued_, {}); }
     [[nodiscard]] bool hasInput() const override {
         if (onLook) onLook();
         return !queued_.empty();

@@ -1,0 +1,91 @@
+// Blocks that are read in parts, because an answer to an earlier request may still come that would pass for
+// the answer to the whole block.
+#include "comm/exchange_text.h"
+#include "comm/modbus_link.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zorvane {
+
+namespace {
+
+/// Whether a controller that hands out no parts of a block says so.
+bool saysNotInParts(std::uint8_t exception) {
+    constexpr std::uint8_t illegalAddress = 2;
+    constexpr std::uint8_t illegalValue = 3;
+    return exception == illegalAddress || exception == illegalValue;
+}
+
+} // namespace
+
+/// A try that is made again repeats its request: the answer to the first says the same. Otherwise a block
+/// goes whole, or in a part of a count that no outstanding answer has, or it waits until none is outstanding.
+Rtu_Request Modbus_Link::requestFor(const Scan_Frame& frame, std::uint8_t unit) {
+    const std::uint16_t address = wireAddress(frame.first);
+    const Rtu_Request whole = readRequest(unit, address, frame.count);
+    if (uncut_.count(scan_.index()) != 0) return whole;
+    const bool again = scanTries_ > 0 && lastReading_ && lastReading_->unit == unit &&
+                       lastReading_->address == address && lastReading_->count <= frame.count;
+    if (again && !transaction_.mayBeConfused(*lastReading_)) return *lastReading_;
+    if (!transaction_.expects(whole)) return whole;
+    if (!transaction_.mayBeConfused(whole) && onlyOfItsShape(frame)) return whole;
+    const auto isFree = [&](std::uint16_t count) {
+        return !transaction_.expects(readRequest(unit, address, count));
+    };
+    const auto part = freePart(frame, together_, isFree);
+    return part ? readRequest(unit, address, *part) : whole;
+}
+
+/// Whether no other request of the scan has the frame's count. To read it whole on and on, while one of its
+/// answers is outstanding, keeps that one outstanding, which the others would have to wait for.
+bool Modbus_Link::onlyOfItsShape(const Scan_Frame& frame) const {
+    std::int64_t frames = 0;
+    for (const std::int32_t number : scan_.plan().numbers()) {
+        const std::int64_t size = scan_.plan().block(number).size();
+        frames += frame.count == largestRead ? size / largestRead : 0;
+        frames += frame.count != largestRead && size % largestRead == frame.count ? 1 : 0;
+    }
+    return frames <= 1;
+}
+
+void Modbus_Link::partTried(const Current& current, const Try_Result& result) {
+    const Micros now = clock_.now();
+    if (result.answer && result.answer->exception) return partRefused(result);
+    if (!result.answer) {
+        status_.lastRequestFailed = true;
+        if (triedAgain(result, scanTries_)) return scan_.tryFailed(now);
+        status_.commLost = true;
+        return giveBlockUp({});
+    }
+    parts_.push_back({current.slave, current.first, result.answer->registers});
+    const bool ended = scan_.partRead(result.request.count, now);
+    status_.lastRequestFailed = scanTries_ > 0 && !ended;
+    if (ended) takeParts();
+}
+
+/// A controller that hands the block out whole only is asked for all of it, once that can't be confused.
+void Modbus_Link::partRefused(const Try_Result& result) {
+    status_.lastRequestFailed = true;
+    const bool whole = saysNotInParts(*result.answer->exception) && uncut_.insert(scan_.index()).second;
+    if (!whole || ++scanTries_ > settings_.retries) return giveBlockUp(responseText(result));
+    parts_.clear();
+    scan_.blockAgain(clock_.now());
+}
+
+void Modbus_Link::giveBlockUp(const std::string& why) {
+    const Scan_Block& block = scan_.plan().block(scan_.index());
+    const auto count = std::min<std::int64_t>(block.size(), largestWireAddress + 1);
+    image_.putFault(slaveOf(block.slave), block.first, static_cast<std::int32_t>(count), why);
+    scanTries_ = 0;
+    parts_.clear();
+    scan_.blockGivenUp(clock_.now());
+}
+
+void Modbus_Link::takeParts() {
+    for (const Read_Part& part : std::exchange(parts_, {}))
+        image_.putRead(part.slave, part.first, part.registers);
+    scanTries_ = 0;
+}
+
+} // namespace zorvane

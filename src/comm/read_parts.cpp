@@ -1,0 +1,35 @@
+#include "comm/read_parts.h"
+
+#include <algorithm>
+
+namespace zorvane {
+
+void Kept_Together::add(std::int32_t first, std::int32_t last) {
+    if (last <= first) return;
+    // Ranges that share registers make one.
+    std::erase_if(ranges_, [&](const auto& range) {
+        if (range.second < first || last < range.first) return false;
+        first = std::min(first, range.first);
+        last = std::max(last, range.second);
+        return true;
+    });
+    const std::pair<std::int32_t, std::int32_t> range{first, last};
+    ranges_.insert(std::upper_bound(ranges_.begin(), ranges_.end(), range), range);
+}
+
+bool Kept_Together::mayBeginAt(std::int32_t number) const {
+    // The last range that begins before the register is the only one that can hold it.
+    const auto behind = std::partition_point(ranges_.begin(), ranges_.end(),
+                                             [number](const auto& range) { return range.first < number; });
+    return behind == ranges_.begin() || std::prev(behind)->second < number;
+}
+
+std::optional<std::uint16_t> freePart(const Scan_Frame& frame, const Kept_Together& together,
+                                      const std::function<bool(std::uint16_t count)>& isFree) {
+    for (std::uint16_t count = frame.count; count-- > 1;) {
+        if (together.mayBeginAt(frame.first + count) && isFree(count)) return count;
+    }
+    return std::nullopt;
+}
+
+} // namespace zorvane
