@@ -26,8 +26,11 @@ bool Kept_Together::mayBeginAt(std::int32_t number) const {
 
 std::optional<std::uint16_t> freePart(const Scan_Frame& frame, const Kept_Together& together,
                                       const std::function<bool(std::uint16_t count)>& isFree) {
-    for (std::uint16_t count = frame.count; count-- > 1;) {
-        if (together.mayBeginAt(frame.first + count) && isFree(count)) return count;
+    // Of all answers that of one register is most easily made up by chance: no part is that short.
+    constexpr std::uint16_t least = 2;
+    for (int count = frame.count - least; count >= least; --count) {
+        const auto part = static_cast<std::uint16_t>(count);
+        if (together.mayBeginAt(frame.first + count) && isFree(part)) return part;
     }
     return std::nullopt;
 }

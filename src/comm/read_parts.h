@@ -23,8 +23,8 @@ class Kept_Together {
     std::vector<std::pair<std::int32_t, std::int32_t>> ranges_; ///< by their first, none within another
 };
 
-/// The largest part at the beginning of the frame, smaller than the frame, that cuts nothing and whose count
-/// is free; none where there is none.
+/// The largest part at the beginning of the frame that cuts nothing and whose count is free; none where there
+/// is none. Neither it nor what it leaves of the frame has one register only.
 [[nodiscard]] std::optional<std::uint16_t> freePart(const Scan_Frame& frame, const Kept_Together& together,
                                                     const std::function<bool(std::uint16_t count)>& isFree);
 
