@@ -48,7 +48,7 @@ def _tell_all(program, part, stops):
 def windows_at_rest(program):
     _tell_all(program, tour.at_rest,
               ["start", "open", "document", "save_as", "page_setup", "font", "about", "recover_empty", "port", "credits",
-               "debug", "editing", "refused", "list", "question", "preview", "export"])
+               "debug", "editing", "refused", "list", "message_bar", "question", "preview", "export"])
 
 
 def windows_of_recovery(program):
