@@ -21,7 +21,7 @@ Text_Place placeOf(const Text_Item& item, const Text_Style& style, const Text_Ex
     place.left = leftOf(item, style, extent.width);
     place.baseLine = item.top + above + extent.ascent;
     place.clipped = place.left < item.left || place.left + extent.width > right;
-    if (extent.inkRight > extent.inkLeft) { // blanks beyond the sides are no loss
+    if (item.width > 0 && extent.inkRight > extent.inkLeft) { // blanks beyond the sides are no loss
         place.cutLeft = place.left + extent.inkLeft < item.left;
         place.cutRight = place.left + extent.inkRight > right;
     }

@@ -44,6 +44,12 @@ TEST(TextPlace, ATextLosesWhatLiesBeyondItsSides) {
     EXPECT_EQ(cuts(Align_Right, onlyBlanks), "clipped");
 }
 
+TEST(TextPlace, WhereThereIsNoRoomThereIsNoMark) {
+    const Text_Place place = placeOf({1000, 500, -1, 288, 0, ""}, {}, written(300));
+    EXPECT_TRUE(place.clipped);
+    EXPECT_FALSE(place.cutLeft || place.cutRight);
+}
+
 TEST(TextPlace, TheMarkPointsToTheSideThatCuts) {
     const Cut_Mark left = cutMark(column, true);
     EXPECT_EQ(left.side, 1000);
