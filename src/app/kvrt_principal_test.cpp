@@ -464,7 +464,7 @@ class Window_Recovery : public Window_Exit {};
 TEST_F(Window_Recovery, TheTimerKeepsACopyOfAChangedDocument) {
     openAndEdit();
     EXPECT_TRUE(program->TMR_Copia().isActive());
-    EXPECT_EQ(program->TMR_Copia().interval(), 5000);
+    EXPECT_EQ(program->TMR_Copia().interval(), 500);
     ASSERT_TRUE(QMetaObject::invokeMethod(&program->TMR_Copia(), "timeout"));
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(path("recovery")), {}), 1);
 }
