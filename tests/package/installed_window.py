@@ -57,12 +57,16 @@ def keeps_settings_and_documents_with_the_user(program):
 
 
 def opens_the_help_file(program):
-    """What the desktop is given to open is read from a program that takes the place of xdg-open."""
+    """What the desktop is given to open is read from a program that takes the place of xdg-open; another one says that
+    the desktop has a viewer."""
     opened = program.desktop.path("opened")
-    opener = program.desktop.path("commands", "xdg-open")
-    with open(opener, "w", encoding="ascii") as script:
-        script.write(f'#!/bin/sh\nprintf %s "$1" >{opened}.part && mv {opened}.part {opened}\n')
-    os.chmod(opener, stat.S_IRWXU)
+    commands = {"xdg-open": f'printf %s "$1" >{opened}.part && mv {opened}.part {opened}',
+                "xdg-mime": "echo viewer.desktop"}
+    for name, line in commands.items():
+        opener = program.desktop.path("commands", name)
+        with open(opener, "w", encoding="ascii") as script:
+            script.write(f"#!/bin/sh\n{line}\n")
+        os.chmod(opener, stat.S_IRWXU)
     program.desktop.environment["PATH"] = os.path.dirname(opener) + ":" + os.environ["PATH"]
     program.start()
     program.choose("Help", "Index")
