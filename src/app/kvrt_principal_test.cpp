@@ -5,7 +5,6 @@
 #include "ui/testing/control_walk.h"
 
 #include <QCheckBox>
-#include <QClipboard>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QLabel>
@@ -101,24 +100,6 @@ TEST_F(Window_Start, NoTwoEntriesOfAMenuAnswerToOneLetter) {
     start();
     EXPECT_THAT(doubles::keyClashes(*program->window().menuBar()), IsEmpty());
     EXPECT_THAT(doubles::keyClashes(program->window()), IsEmpty());
-}
-
-TEST_F(Window_Start, APastedBlockIsRefusedInTheMessageBar) {
-    std::filesystem::copy_file(appFolder() + "/EXAMPLE.KVRT207D", path("site7.KVRT207D"));
-    startWith("site7.KVRT207D");
-    selectField(3);
-    const std::string before = lower().TextMatrix(1, 1);
-    QGuiApplication::clipboard()->setText("1100\t1200\n");
-    lower().setRow(1);
-    lower().setCol(1);
-    focus(lower());
-    QTest::keyClick(&lower().view(), Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(lower().TextMatrix(1, 1), before);
-    ASSERT_NE(program->frame().messageBar().find("refused input"), nullptr);
-    EXPECT_THAT(program->frame().messageBar().find("refused input")->text,
-                HasSubstr("The clipboard holds several cells or lines"));
-    type(1, 1, "1100");
-    EXPECT_EQ(program->frame().messageBar().find("refused input"), nullptr);
 }
 
 class Bad_Start : public Program_Fixture {};
