@@ -6,8 +6,10 @@
 #include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QMenu>
+#include <QMimeData>
 
 namespace zorvane {
 namespace {
@@ -92,6 +94,21 @@ TEST_F(Paste_Test, WhatComesAnotherWayHasNoLineEndEither) {
     QApplication::sendEvent(lineEditor(), &composed);
     EXPECT_EQ(lineEditor()->text(), "1,0x y");
     EXPECT_EQ(lineEditor()->cursorPosition(), 6);
+}
+
+TEST_F(Paste_Test, ADroppedTextGoesByTheSameRules) {
+    show();
+    key(Qt::Key_F2);
+    QMimeData dragged;
+    dragged.setText("x\ny\n");
+    QDropEvent drop(QPointF(1, 3), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    static_cast<QObject*>(lineEditor())->event(&drop);
+    EXPECT_EQ(lineEditor()->text(), "x y1,0");
+    takesBlock = false;
+    told.clear();
+    static_cast<QObject*>(lineEditor())->event(&drop);
+    EXPECT_EQ(lineEditor()->text(), "x y1,0");
+    EXPECT_EQ(told, Told{"Refused 1,0 "});
 }
 
 TEST_F(Paste_Test, ABlockIsRefusedWhereTheCellTakesOneValue) {
