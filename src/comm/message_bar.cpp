@@ -6,7 +6,8 @@ namespace zorvane {
 
 void Bar_Lines::tell(Bar_Line line) {
     std::erase_if(lines_, [&](const Bar_Line& old) { return old.topic == line.topic; });
-    lines_.insert(lines_.begin(), std::move(line));
+    lines_.push_back(std::move(line));
+    std::rotate(lines_.begin(), lines_.end() - 1, lines_.end());
     if (changed) changed();
 }
 
