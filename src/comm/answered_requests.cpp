@@ -3,14 +3,15 @@
 #include "comm/answer_search.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace zorvane {
 
 namespace {
 
+/// Whether it was answered in time and has so many registers.
 bool isReadOf(const Answered_Requests::Entry& entry, std::uint16_t count) {
-    return entry.request.function == Function_Code::ReadHoldingRegisters && entry.request.count == count;
+    return entry.took && entry.request.function == Function_Code::ReadHoldingRegisters &&
+           entry.request.count == count;
 }
 
 } // namespace
@@ -19,7 +20,8 @@ void Answered_Requests::forgetPast(Micros now) {
     std::erase_if(entries_, [now](const Entry& entry) { return entry.until <= now; });
 }
 
-void Answered_Requests::add(const Rtu_Request& request, Byte_View answer, Micros until, Micros took) {
+void Answered_Requests::add(const Rtu_Request& request, Byte_View answer, Micros until,
+                            std::optional<Micros> took) {
     constexpr std::size_t mostKept = 64;
     if (entries_.size() >= mostKept) entries_.erase(entries_.begin());
     entries_.push_back({request, {answer.begin(), answer.end()}, until, took});
@@ -44,10 +46,11 @@ Answered_Requests::Copy Answered_Requests::mayBeCopy(const Rtu_Request& request,
 }
 
 bool Answered_Requests::tooEarly(std::uint16_t count, Micros took) const {
-    const auto afterRequest = [count](const Entry& entry) {
-        return !isReadOf(entry, count) || entry.took > 0;
-    };
-    return took < 0 && std::all_of(entries_.begin(), entries_.end(), afterRequest);
+    std::optional<Micros> shortest;
+    for (const Entry& entry : entries_) {
+        if (isReadOf(entry, count)) shortest = std::min(shortest.value_or(*entry.took), *entry.took);
+    }
+    return took < 0 && shortest && *shortest > 0;
 }
 
 bool Answered_Requests::hasFunction(const Rtu_Request& request) const {
@@ -59,9 +62,7 @@ bool Answered_Requests::hasFunction(const Rtu_Request& request) const {
 Micros Answered_Requests::longest(std::uint16_t count) const {
     std::optional<Micros> longest;
     for (const Entry& entry : entries_) {
-        const bool read = entry.request.function == Function_Code::ReadHoldingRegisters;
-        if (read && entry.request.count == count)
-            longest = std::max(longest.value_or(entry.took), entry.took);
+        if (isReadOf(entry, count)) longest = std::max(longest.value_or(*entry.took), *entry.took);
     }
     return longest.value_or(0);
 }

@@ -3,6 +3,7 @@
 #include "comm/link_clock.h"
 #include "comm/rtu_frame.h"
 
+#include <optional>
 #include <vector>
 
 namespace zorvane {
@@ -14,12 +15,12 @@ class Answered_Requests {
         Rtu_Request request;
         Byte_Array answer;
         Micros until = 0;
-        Micros took = 0; ///< from the request's last byte to the answer's
+        std::optional<Micros> took; ///< from the request's last byte to the answer's; none: it came late
     };
 
     void forgetPast(Micros now);
     /// The oldest goes when there are too many.
-    void add(const Rtu_Request& request, Byte_View answer, Micros until, Micros took);
+    void add(const Rtu_Request& request, Byte_View answer, Micros until, std::optional<Micros> took);
 
     /// Whether the bytes hold the answer to a request that was answered before: a second copy, or the true
     /// answer where the copy of another was taken for it.

@@ -46,6 +46,8 @@ std::optional<Late_Answers::Late> Rtu_Transaction::takeLate(Byte_View bytes, std
     const Byte_View frame = bytes.subspan(late->finding.offset, late->finding.length);
     const auto copy = answered_.mayBeCopy(late->request, frame);
     if (copy != Answered_Requests::Copy::No && !late->foreign) late_.expect(late->request, 0, late->until);
+    if (copy == Answered_Requests::Copy::No && !late->foreign && !late->finding.answer.exception)
+        answered_.add(late->request, frame, clock_.now() + timeOutsUntilOver * timeOut_, std::nullopt);
     const bool veryLate = clock_.now() >= late->heldUntil && !late->foreign;
     if (copy == Answered_Requests::Copy::OfOther || (copy == Answered_Requests::Copy::OfOwn && veryLate))
         expectCopies(frame);
