@@ -93,7 +93,12 @@ std::optional<Late_Answers::Late> Late_Answers::take(Byte_View received, std::si
         Late late{findAnswer(entry->request, received, from), entry->request, entry->heldUntil, entry->until,
                   entry->foreign};
         if (late.finding.verdict != Finding::Verdict::Found) continue;
-        expected_.erase(entry);
+        // An exception doesn't say which of several requests it refuses: then none of them is over.
+        const auto another = [&](const Expected& other) {
+            return sameFunction(other.request, late.request) && !(other.request == late.request);
+        };
+        const bool exception = late.finding.answer.exception.has_value();
+        if (!exception || std::none_of(expected_.begin(), expected_.end(), another)) expected_.erase(entry);
         lineFree();
         return late;
     }

@@ -52,7 +52,8 @@ class Late_Answers {
         Micros until = 0;
         bool foreign = false; ///< it belongs to another master
     };
-    /// The first late answer in the bytes from `from` on. It is expected no longer.
+    /// The first late answer in the bytes from `from` on. It is expected no longer, unless it is an exception
+    /// that may belong to another request.
     [[nodiscard]] std::optional<Late> take(Byte_View received, std::size_t from);
     /// Whether an exception to the request may belong to an earlier one of the same unit and function.
     [[nodiscard]] bool exceptionAmbiguous(const Rtu_Request& request, Micros now) const;
