@@ -22,6 +22,7 @@ def _opened(program, port):
     program.start()
     program.open(path)
     program.expect_title("site7.bartest - Zorvane")
+    program.enlarge()
 
 
 def _template():
@@ -70,6 +71,14 @@ def _download(program):
     program.choose("Communication", "Download to Device")
     program.expect_panel(4, "Ready")
     expect("Download is enabled", lambda: program.is_enabled("Communication", "Download to Device"), True)
+
+
+def _connect(program):
+    """Goes online in spite of what the upload couldn't read."""
+    wait_for("the button for the log", lambda: program.shows("BOT_Log"))
+    program.window.named("BOT_Log").press()
+    program.dialog("FrmStatus").press("Connect")
+    program.expect_panel(2, "Online")
 
 
 BECOMES_0 = ("Warning: This download is built from registers that were not read since the port was opened. In 4660 the "
@@ -128,9 +137,7 @@ def polled_blocks_that_are_refused_are_told_with_the_time(program):
     _opened(program, slave.port)
     program.choose("Communication", "Upload to PC")
     program.expect_panel(4, "Ready")
-    program.window.named("BOT_Log").press()
-    program.dialog("FrmStatus").press("Connect")
-    program.expect_panel(2, "Online")
+    _connect(program)
     line = wait_for("the line of the polled block",
                     lambda: next((text for text in _lines(program) if text.startswith("Warning: Polled")), None))
     before, after = line.split(" since ")
@@ -143,9 +150,7 @@ def a_live_write_after_a_failed_one_is_told_rightly(program):
     _opened(program, slave.port)
     program.choose("Communication", "Upload to PC")
     program.expect_panel(4, "Ready")
-    program.window.named("BOT_Log").press()
-    program.dialog("FrmStatus").press("Connect")
-    program.expect_panel(2, "Online")
+    _connect(program)
     program.select_field(REGULATION)
     program.enter(1, VALUE, "70")
     program.expect_panel(4, "Write: 70 @310 ...Failed")
