@@ -58,10 +58,10 @@ TEST_F(Unmarked, LimitInPlaceOfWhatWasOutOfRange) {
 TEST_F(Unmarked, BadTimeThatBecameZero) {
     cell.Format = "TIME";
     cell.Value = "1:30";
-    type(1, 1, "1:75");
+    type(1, 1, "1:xx");
     EXPECT_EQ(cell.Value, "0:00");
     EXPECT_EQ(line(),
-              "warning: Timers, Delay: \"1:75\" is no time. \"1:30\" was there, \"0:00\" is there, and the "
+              "warning: Timers, Delay: \"1:xx\" is no time. \"1:30\" was there, \"0:00\" is there, and the "
               "document is not marked as changed. [Undo]");
     undo();
     EXPECT_EQ(cell.Value, "1:30");

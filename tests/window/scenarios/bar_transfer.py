@@ -152,6 +152,7 @@ def a_live_write_after_a_failed_one_is_told_rightly(program):
     program.expect_panel(4, "Ready")
     _connect(program)
     program.select_field(REGULATION)
+    program.settle_on(0, VALUE)  # the last cell is the current one as yet
     program.enter(1, VALUE, "70")
     program.expect_panel(4, "Write: 70 @310 ...Failed")
     program.enter(0, VALUE, "50")
