@@ -100,7 +100,7 @@ def a_failed_save_is_on_offer_at_once(program):
     program.enter(0, 2, "Breaker Q7")
     program.expect_title("* site7.kvrt207d - Zorvane")
     os.remove(path)
-    os.mkdir(path)  # nothing can be written in its place
+    os.mkdir(os.path.join(os.path.dirname(path), "SITE7.KVRT207D"))  # nothing can be written in its place
     program.choose("File", "Save")
     program.expect_title("site7.kvrt207d - Zorvane")
     program.choose("File", "Recover...")
@@ -130,3 +130,16 @@ def a_change_is_in_a_copy_within_a_second_also_after_a_save(program):
         program.hands.keys("ctrl+s")
         program.expect_title("site7.kvrt207d - Zorvane")
         expect("copies of unsaved changes", program.recovery_copies, [])
+
+
+def the_bar_tells_of_a_copy_at_the_start(program):
+    _killed_with_a_change(program)
+    program.start()
+    wait_for("the line", lambda: program.shows("BAR_1"))
+    text = program.window.named("BAR_1_Text").name
+    assert text.startswith("A copy of unsaved changes is kept: SITE7.KVRT207D, "), text
+    program.hands.click(program.window.named("BAR_1_Button1"))
+    form = program.dialog("FrmRecover")
+    form.answer("Open")
+    wait_for("the mark in the title", lambda: program.title.startswith("* "))
+    expect("the bar is shown", lambda: program.shows("MessageBar"), False)

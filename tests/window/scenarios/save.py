@@ -171,3 +171,24 @@ def yes_in_open_leaves_the_file_that_save_as_names_as_it_is(program):
     program.expect_title("site7.kvrt100 - Zorvane")
     assert _bytes(path) == before, f"the file has {len(_bytes(path))} bytes, it had {len(before)}"
     assert program.copy_with(b"Breaker Q7"), "the change is in no copy"
+
+
+def a_save_that_failed_is_told_by_the_bar(program):
+    path = _opened(program)
+    _change(program)
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    os.remove(path)
+    os.mkdir(os.path.join(os.path.dirname(path), "SITE7.KVRT207D"))  # nothing can be written in its place
+    program.choose("File", "Save")
+    program.expect_title("site7.kvrt207d - Zorvane")
+    wait_for("the line", lambda: program.shows("BAR_1"))
+    folder = os.path.dirname(path)
+    expect("the line", lambda: program.window.named("BAR_1_Text").name,
+           f"{folder}/SITE7.KVRT207D could not be saved: Path/File access error. No file was made. A whole copy of "
+           "the document is kept.")
+    program.expect_panel(4, "")
+    program.hands.click(program.window.named("BAR_1_Button1"))
+    program.dialog("CommonDialog").choose_file(os.path.join(folder, "other.kvrt207d"), "Save")
+    program.expect_title("other.kvrt207d - Zorvane")
+    expect("the bar is shown", lambda: program.shows("MessageBar"), False)
+    assert b"Breaker Q7" in _bytes(os.path.join(folder, "other.kvrt207d")), "the change isn't in the new file"
