@@ -1,4 +1,5 @@
 """Keyboard and mouse of a desktop. Keys go to whatever has the keyboard, as a person's do."""
+import subprocess
 import time
 
 from .waiting import expect
@@ -28,9 +29,13 @@ class Hands:
         file = self._desktop.path("clipboard.txt")
         with open(file, "w", encoding="utf-8", newline="") as written:
             written.write(text)
-        command = ["xclip", "-selection", "clipboard"]
-        self._desktop.start([*command, "-quiet", file], "clipboard")
-        expect("the clipboard", lambda: self._desktop.run(*command, "-o").decode(), text)
+        self._desktop.start(["xclip", "-selection", "clipboard", "-quiet", file], "clipboard")
+        expect("the clipboard", self._clipboard, text)
+
+    def _clipboard(self):
+        """What another program would get; nothing as long as nobody has put anything there."""
+        ask = ["xclip", "-selection", "clipboard", "-o"]
+        return subprocess.run(ask, env=self._desktop.environment, capture_output=True, timeout=60).stdout.decode()
 
     def point_at(self, x, y):
         self._desktop.run("xdotool", "mousemove", str(x), str(y))
