@@ -297,6 +297,19 @@ TEST_F(Download_Line, ASignalBetweenWritesIsHeededAfterTheWriteThatIsUnderWay) {
     }
 }
 
+TEST_F(Download_Line, ASignalAfterTheLastWriteSaysThatAllWereMade) {
+    connect([&](const Byte_Array& request) { return controller.answer(request); });
+    Spawned_Program program(call("download", {}));
+    ASSERT_TRUE(program.awaitNotice("100 % (4 of 4)\n"));
+    program.signal(SIGTERM);
+    EXPECT_EQ(program.finish(), 1);
+    EXPECT_EQ(slave->writes(), 4U);
+    EXPECT_EQ(slave->reads(), 1U);
+    EXPECT_THAT(program.err(), EndsWith("zorvanectl: Download stopped by SIGTERM. Of 4 writes 4 were made "
+                                        "(registers 100-103), 0 were not sent.\n"));
+    EXPECT_EQ(json::parse(program.out())["outcome"], "finished");
+}
+
 TEST_F(Download_Line, AWriteThatStaysUnansweredHasItsTriesAndIsUncertain) {
     connect([&](const Byte_Array& request) {
         if (request[1] == 3) return controller.answer(request);
