@@ -235,8 +235,9 @@ TEST_F(Field_Table, SetSavesNoZeroInPlaceOfABadTime) {
     ztp = bench.file("ABC.ZTP", doubles::smallTemplate() +
                                     lines({"[FIELD_1_COLUMNS]", "COL_1_TYPE=TIME", "[FIELD_1_CONFIGURATION]",
                                            "ROWADDRESSFORMAT_1=TIME"}));
-    config = bench.file("site.ABC", lines({"[Field_1_Default]", "ROW_1=1:30,On"}));
-    EXPECT_EQ(run("set", {"1", "1", "1", "2:75", "--save", bench.path("out.ABC")}).code, 1);
+    config = bench.file("site.ABC", lines({"[Configuration_Default]", "FIELD_1=,Outputs", "[Field_1_Default]",
+                                           "ROW_1=1:30,On", "ROW_2=0:05,7"}));
+    EXPECT_EQ(run("set", {"1", "1", "1", "soon", "--save", bench.path("out.ABC")}).code, 1);
     EXPECT_FALSE(bench.exists("out.ABC"));
     EXPECT_EQ(run("set", {"1", "1", "1", "2:45", "--save", bench.path("out.ABC")}).code, 0);
     EXPECT_THAT(bench.bytes("out.ABC"), HasSubstr("ROW_1=2:45,On"));

@@ -161,6 +161,7 @@ TEST_F(Watch, SaysWhyItEnds) {
     EXPECT_TRUE(watch(0));
     EXPECT_EQ(end, "The watch was stopped after 2 refreshes.");
     onShown = nullptr;
+    form.Cancel_Requested = false;
     link.lost = true;
     EXPECT_FALSE(watch(1));
     EXPECT_EQ(end, "The watch has ended after 1 refresh, as many as were asked for. The controller did not "
