@@ -85,7 +85,8 @@ Flex_Grid_View& Main_Window::addGrid(QWidget& frame, const QString& name, const 
 
 void Main_Window::addMessageBar() {
     messageBar_ = new Message_Bar_View(client_);
-    messageBar_->onLeave = [this] { leaveMessageBar(); };
+    messageBar_->setStopBefore(statusBar_->BOT_Log());
+    messageBar_->onLeave = [this] { focusGrids(); };
     messageBar_->beforeButton = [this] { finishEdit(); };
     messageBar_->contentChanged = [this] { placeMessageBar(); };
     settings_->view().viewport()->installEventFilter(this);
@@ -111,10 +112,18 @@ void Main_Window::placeMessageBar() {
     placingBar_ = false;
 }
 
-void Main_Window::leaveMessageBar() {
+void Main_Window::focusGrids() {
     QWidget& lower = settings_->view();
     QWidget& grid = lower.isVisibleTo(this) ? lower : configuration_->view();
     grid.setFocus(Qt::OtherFocusReason);
+}
+
+/// Whatever had the keyboard may be gone since, as the button for the log of an earlier transfer is.
+void Main_Window::giveFocusBack(QWidget& widget) {
+    if (widget.isVisibleTo(this) && widget.isEnabled())
+        widget.setFocus();
+    else
+        focusGrids();
 }
 
 /// The room of the cells changes with the grid's scroll bars, too.
@@ -229,7 +238,7 @@ void Main_Window::setFormEnabled(bool enabled) {
     menuBar()->setEnabled(enabled);
     client_->setEnabled(enabled);
     if (events.formEnabledSet) events.formEnabledSet(enabled);
-    if (enabled && focusBeforeDisabling_ != nullptr) focusBeforeDisabling_->setFocus();
+    if (enabled && focusBeforeDisabling_ != nullptr) giveFocusBack(*focusBeforeDisabling_);
 }
 
 void Main_Window::finishEdit() {

@@ -77,7 +77,8 @@ class Main_Window final : public QMainWindow {
     void addMessageBar();
     void applyLayout();
     void placeMessageBar();
-    void leaveMessageBar();
+    void focusGrids();
+    void giveFocusBack(QWidget& widget);
     void tellMinimized();
     void dragSplitter(int mouseY);
     void dropSplitter();

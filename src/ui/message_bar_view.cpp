@@ -96,9 +96,10 @@ void Message_Bar_View::giveFocusOn(std::size_t index) {
         onLeave();
 }
 
-/// New widgets stand last in the order of Tab; lines are to stand in it as they do on the screen.
+/// New widgets stand last in the order of Tab, which goes round; lines are to stand in it as they do on the
+/// screen.
 void Message_Bar_View::orderStops() {
-    QWidget* before = nullptr;
+    QWidget* before = stopBefore_;
     for (const Message_Line* line : lines_)
         for (QWidget* stop : line->stops()) {
             if (before != nullptr) setTabOrder(before, stop);

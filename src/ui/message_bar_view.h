@@ -3,6 +3,7 @@
 #include "ui/message_line.h"
 
 #include <QAccessible>
+#include <QPointer>
 #include <QScrollArea>
 
 #include <vector>
@@ -37,6 +38,8 @@ class Message_Bar_View final : public QScrollArea {
     /// Whether Tab reaches the buttons.
     void setTabStops(bool on);
     [[nodiscard]] bool holdsFocus() const;
+    /// The widget from which Tab goes on into the bar.
+    void setStopBefore(QWidget& widget) { stopBefore_ = &widget; }
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -50,6 +53,7 @@ class Message_Bar_View final : public QScrollArea {
 
     QWidget* sheet_ = nullptr;
     std::vector<Message_Line*> lines_; ///< belong to the sheet
+    QPointer<QWidget> stopBefore_;
     bool cut_ = false;
 };
 

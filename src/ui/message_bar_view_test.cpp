@@ -241,8 +241,12 @@ TEST_F(Message_Bar_View_Test, tab_reaches_it_last_in_the_order_of_its_lines) {
     show({line("old", "Old", {"Show"})});
     show({line("new", "New", {"Show", "Undo"}), line("old", "Old", {"Show"})});
     EXPECT_EQ(doubles::tabOrder(window),
-              (Words{"BOT_Log", "FLX_Configuration", "FLX_Settings", "BAR_1_Button1", "BAR_1_Button2",
-                     "BAR_1_Close", "BAR_2_Button1", "BAR_2_Close"}));
+              (Words{"BOT_Log", "BAR_1_Button1", "BAR_1_Button2", "BAR_1_Close", "BAR_2_Button1",
+                     "BAR_2_Close", "FLX_Configuration", "FLX_Settings"}));
+    QTest::keyClick(&window.FLX_Settings().view(), Qt::Key_End, Qt::ControlModifier);
+    settle();
+    QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(focus(), "BOT_Log"); // from the lower grid, and the bar comes after it
 }
 
 TEST_F(Message_Bar_View_Test, keys_press_its_buttons_and_leave_it) {

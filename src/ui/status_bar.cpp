@@ -89,6 +89,8 @@ Status_Bar::Status_Bar(QWidget* parent) : QStatusBar(parent) {
     setFixedHeight(scaleOf(*this).pixelsY(Window_Layout{}.statusHeight));
 }
 
+QWidget& Status_Bar::BOT_Log() const { return *log_; }
+
 void Status_Bar::setText(int panel, const QString& text) {
     at(panel).setText(text);
     if (panel != static_cast<int>(messagePanel) + 1) return;

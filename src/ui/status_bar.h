@@ -45,6 +45,7 @@ class Status_Bar final : public QStatusBar {
 
     /// The button "Log..." in the message panel, for the log of the last transfer.
     void setLogOffered(bool offered);
+    [[nodiscard]] QWidget& BOT_Log() const;
     [[nodiscard]] bool logOffered() const;
     void setLogEnabled(bool enabled);
     std::function<void()> logChosen;

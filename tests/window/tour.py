@@ -134,7 +134,7 @@ def at_rest(program, visit):
     wait_for("the message bar", lambda: program.shows("BAR_1"))
     visit("message_bar", program.window)
     program.hands.click(program.window.named("BAR_1_Button1"))
-    expect("the message bar is shown", lambda: program.shows("BAR_1"), False)
+    expect("the line of the comma is shown", lambda: program.shows("BAR_2"), False)
     program.choose("File", "Close")
     box = program.dialog("Msgb")
     visit("question", box.part)
