@@ -29,8 +29,8 @@ bool overlap(const Rtu_Request& a, const Rtu_Request& b) {
 
 } // namespace
 
-void Late_Answers::expect(const Rtu_Request& request, Micros heldUntil, Micros until) {
-    expected_.push_back({request, heldUntil, until, false, false});
+void Late_Answers::expect(const Rtu_Request& request, Micros heldUntil, Micros until, bool begun) {
+    expected_.push_back({request, heldUntil, until, false, false, begun});
 }
 
 void Late_Answers::expectOnLine(const Rtu_Request& request, Micros lineUntil, Micros heldUntil,
@@ -41,7 +41,7 @@ void Late_Answers::expectOnLine(const Rtu_Request& request, Micros lineUntil, Mi
 
 void Late_Answers::expectForeign(const Rtu_Request& request, Micros lineUntil, Micros until) {
     lineUntil_ = lineUntil;
-    expected_.push_back({request, 0, until, true, true});
+    expected_.push_back({request, 0, until, true, true, false});
 }
 
 void Late_Answers::forgetPast(Micros now) {
@@ -86,6 +86,12 @@ bool Late_Answers::expects(const Rtu_Request& request) const {
 bool Late_Answers::expectsFunction(const Rtu_Request& request) const {
     return std::any_of(expected_.begin(), expected_.end(),
                        [&](const Expected& entry) { return sameFunction(entry.request, request); });
+}
+
+bool Late_Answers::expectsRefusal(const Rtu_Request& request) const {
+    return std::any_of(expected_.begin(), expected_.end(), [&](const Expected& entry) {
+        return !entry.begun && sameFunction(entry.request, request);
+    });
 }
 
 std::optional<Late_Answers::Late> Late_Answers::take(Byte_View received, std::size_t from) {

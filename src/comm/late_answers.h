@@ -18,7 +18,8 @@ inline constexpr Micros timeOutsUntilOver = 10;
 class Late_Answers {
   public:
     /// Until `heldUntil` requests of its shape are held back, and until `until` its answer counts as late.
-    void expect(const Rtu_Request& request, Micros heldUntil, Micros until);
+    /// `begun`: a part of an answer to it came, so what is to come is no refusal.
+    void expect(const Rtu_Request& request, Micros heldUntil, Micros until, bool begun = false);
     /// Also holds back every request until the time, or until the answer came: the line isn't free.
     void expectOnLine(const Rtu_Request& request, Micros lineUntil, Micros heldUntil, Micros until);
     /// The request of another master: its answer is on its way, and is nobody's here.
@@ -44,6 +45,8 @@ class Late_Answers {
 
     /// Whether an answer of its unit and function is still to come.
     [[nodiscard]] bool expectsFunction(const Rtu_Request& request) const;
+    /// Whether a refusal of another request of its unit and function may be still to come.
+    [[nodiscard]] bool expectsRefusal(const Rtu_Request& request) const;
 
     struct Late {
         Finding finding;
@@ -65,6 +68,7 @@ class Late_Answers {
         Micros until = 0;
         bool outOfDate = false; ///< its answer says what is no longer so
         bool foreign = false;   ///< another master's
+        bool begun = false;     ///< a part of its answer came
     };
 
     std::vector<Expected> expected_;

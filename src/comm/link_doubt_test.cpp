@@ -104,6 +104,30 @@ TEST(LinkDoubt, AfterAnUnansweredRequestTheNextBlockOfItsShapeIsReadInParts) {
     EXPECT_EQ(rig.read(5, 16), 12);
 }
 
+/// The block of seven may be refused for itself, and so may be the next one of seven: a cut answer is no
+/// refusal on its way. After a request without any answer the refusal may be that one's.
+TEST(LinkDoubt, ARefusalAfterACutAnswerIsTheRequestsOwn) {
+    for (const bool cut : {true, false}) {
+        Doubt_Rig rig(1);
+        rig.faults = [&](int number, const Byte_Array& request) {
+            Byte_Array answer = rig.slave.answer(request);
+            if (number == 0) answer.resize(cut ? 5 : 0);
+            if (number == 2) answer = rig.slave.exception(request, 4);
+            if (!answer.empty()) rig.reply(answer, 5 * ms);
+        };
+        rig.block(0, 11);
+        rig.block(20, 26);
+        rig.block(30, 36);
+        ASSERT_TRUE(rig.pass());
+        rig.stop();
+        if (cut)
+            EXPECT_THAT(rig.asked(), ElementsAre("0-11", "0-11", "20-26", "30-36"));
+        else
+            EXPECT_THAT(rig.asked(), ElementsAre("0-11", "0-11", "20-26", "30-34", "35-36"));
+        EXPECT_EQ(rig.read(30, 36), 7);
+    }
+}
+
 TEST(LinkDoubt, TenTimeOutsLaterBlocksAreReadWholeAgain) {
     Doubt_Rig rig(0);
     rig.faults = [&rig](int number, const Byte_Array& request) {

@@ -365,7 +365,8 @@ void Rtu_Transaction::fail(std::string fault, bool mayAnswerLater) {
     result_.fault = std::move(fault);
     quiet_ = std::max(silence_, failedQuiet);
     if (mayAnswerLater) {
-        late_.expect(result_.request, std::max(deadline_, clock_.now()) + timeOut_, whenOver());
+        const bool begun = faultOfAnswer() == Answer_Fault::Truncated;
+        late_.expect(result_.request, std::max(deadline_, clock_.now()) + timeOut_, whenOver(), begun);
     }
     finish();
 }

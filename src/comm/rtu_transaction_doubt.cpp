@@ -115,7 +115,7 @@ void Rtu_Transaction::remember(const Finding& finding) {
     const Byte_View frame = receivedBytes().subspan(finding.offset, finding.length);
     late_.forgetPast(now);
     late_.answered(result_.request, over);
-    const bool another = finding.answer.exception && late_.expectsFunction(result_.request);
+    const bool another = finding.answer.exception && late_.expectsRefusal(result_.request);
     if (another || now < copiesUntil_) late_.expect(result_.request, 0, over);
     if (!finding.answer.exception) answered_.add(result_.request, frame, over, now - txEnd_);
 }
