@@ -3,7 +3,6 @@
 #include "template/model/declara_zorvane.h"
 
 #include <cstdint>
-#include <set>
 #include <string>
 
 namespace zorvane {
@@ -15,8 +14,5 @@ namespace zorvane {
 /// itself or nothing. Row and column of the model count from 1.
 [[nodiscard]] std::string cellName(const Declara_Zorvane& document, std::int32_t field, std::int32_t row,
                                    std::int32_t column);
-
-/// "12-20, 34": registers in short. Beyond ten ranges "and 120 more".
-[[nodiscard]] std::string registersText(const std::set<std::int32_t>& registers);
 
 } // namespace zorvane

@@ -29,15 +29,5 @@ TEST_F(CellNames, PageWithoutATextByItsNumber) {
     EXPECT_EQ(pageName(document, 1), "page 1");
 }
 
-TEST(RegistersText, JoinsNeighboursAndEndsAfterTenRanges) {
-    EXPECT_EQ(registersText({}), "");
-    EXPECT_EQ(registersText({5}), "5");
-    EXPECT_EQ(registersText({12, 13, 14, 20, 34, 35}), "12-14, 20, 34-35");
-    std::set<std::int32_t> many;
-    for (std::int32_t i = 0; i < 15; ++i)
-        many.insert(2 * i);
-    EXPECT_EQ(registersText(many), "0, 2, 4, 6, 8, 10, 12, 14, 16, 18 and 5 more");
-}
-
 } // namespace
 } // namespace zorvane

@@ -1,16 +1,11 @@
 #pragma once
 
 #include "comm/modbus_control.h"
+#include "comm/register_ranges.h"
 
 #include <cstdint>
 
 namespace zorvane {
-
-/// The first and last register of a block.
-struct Register_Range {
-    std::int32_t first = 0;
-    std::int32_t last = 0;
-};
 
 /// The registers of one slave as the link last saw them; reading costs no wire traffic.
 class Register_Image {

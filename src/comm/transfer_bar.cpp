@@ -3,6 +3,7 @@
 #include "comm/bar_topics.h"
 #include "comm/cell_names.h"
 #include "comm/needed_registers.h"
+#include "comm/register_ranges.h"
 #include "comm/session.h"
 #include "comm/upload.h"
 #include "values/numbers.h"
@@ -15,6 +16,8 @@
 namespace zorvane {
 
 namespace {
+
+constexpr std::size_t mostRanges = 10;
 
 void tell(const Comm_Context& comm, const std::string& topic, Bar_Kind kind, std::string text,
           std::vector<Bar_Button> buttons = {}) {
@@ -46,9 +49,10 @@ Register_Set ofAge(const Comm_Context& comm, const Register_Set& registers, Read
 std::string effectText(const Unknown_Effect& effect, const std::string& what) {
     std::string text;
     if (!effect.whole.empty())
-        text += " Registers " + registersText(effect.whole) + " of the controller become " + what + ".";
+        text += " Registers " + registersText(effect.whole, mostRanges) + " of the controller become " +
+                what + ".";
     if (!effect.part.empty())
-        text += " In " + registersText(effect.part) +
+        text += " In " + registersText(effect.part, mostRanges) +
                 " the half, or the part of a time, that no cell sets becomes " + what + ".";
     return text;
 }

@@ -172,8 +172,7 @@ TEST_F(Download_Line, ARegisterOfNoBlockIsNotMadeUpEither) {
     const Ctl_Run run = download();
     EXPECT_EQ(run.code, 1);
     EXPECT_EQ(slave->reads() + slave->writes(), 0U);
-    EXPECT_THAT(run.err,
-                HasSubstr("zorvanectl: Registers 200-200 lie in no block that the template reads\n"));
+    EXPECT_THAT(run.err, HasSubstr("zorvanectl: Register 200 lies in no block that the template reads\n"));
 }
 
 TEST_F(Download_Line, ARefusedBlockThatNoWriteNeedsStopsNothing) {

@@ -1,9 +1,9 @@
 #include "ctl/first_reading.h"
 
+#include "comm/register_ranges.h"
 #include "comm/rtu_frame.h"
 #include "comm/session.h"
 #include "comm/transfer_records.h"
-#include "ctl/register_ranges.h"
 #include "ctl/transfer.h"
 
 #include <algorithm>
@@ -93,8 +93,9 @@ std::string refusal(const Comm_Context& comm, const Wanted_Block& block,
 
 void note(First_Reading& reading, const Wanted_Block& block, const std::string& why,
           const std::string& response) {
-    reading.obstacles.push_back("Registers " + std::to_string(block.first) + "-" +
-                                std::to_string(block.last) + " were not read: " + why);
+    const bool single = block.first == block.last;
+    reading.obstacles.push_back(namedRange({block.first, block.last}) + (single ? " was" : " were") +
+                                " not read: " + why);
     reading.errors.push_back(uploadRecord(block.first, block.last, response, 0));
 }
 
@@ -113,9 +114,11 @@ std::set<std::int32_t> notCurrent(const Comm_Context& comm, std::set<std::int32_
     return registers;
 }
 
-void noteRanges(First_Reading& reading, const std::set<std::int32_t>& registers, const std::string& what) {
-    for (const std::string& range : rangeTexts(registers))
-        reading.obstacles.push_back("Registers " + range + what);
+/// `one` and `several` tell of a single register and of more.
+void noteRanges(First_Reading& reading, const std::set<std::int32_t>& registers, const std::string& one,
+                const std::string& several) {
+    for (const Register_Range& range : rangesOf(registers))
+        reading.obstacles.push_back(namedRange(range) + (range.first == range.last ? one : several));
 }
 
 } // namespace
@@ -123,7 +126,8 @@ void noteRanges(First_Reading& reading, const std::set<std::int32_t>& registers,
 First_Reading readBeforeWriting(const Comm_Context& comm, const Download_Plan& plan) {
     First_Reading reading;
     const std::vector<Wanted_Block> blocks = wantedBlocks(comm.document, plan);
-    noteRanges(reading, without(plan.asked, blocks), " lie in no block that the template reads");
+    noteRanges(reading, without(plan.asked, blocks), " lies in no block that the template reads",
+               " lie in no block that the template reads");
     if (blocks.empty() && reading.obstacles.empty())
         reading.obstacles.emplace_back("The template has no block to read, and no value names a register");
     if (!reading.obstacles.empty()) return reading;
@@ -135,7 +139,7 @@ First_Reading readBeforeWriting(const Comm_Context& comm, const Download_Plan& p
     for (const Wanted_Block& block : blocks)
         noteBlock(reading, comm, block, plan.asked);
     if (!reading.lost && reading.obstacles.empty())
-        noteRanges(reading, notCurrent(comm, plan.asked), " were not read");
+        noteRanges(reading, notCurrent(comm, plan.asked), " was not read", " were not read");
     return reading;
 }
 

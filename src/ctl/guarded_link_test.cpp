@@ -1,7 +1,6 @@
 // The link of one transfer: what became of its writes, and nothing new once somebody asked for the end.
 #include "comm/testing/comm_bench.h"
 #include "ctl/guarded_link.h"
-#include "ctl/register_ranges.h"
 #include "ctl/transfer.h"
 
 #include <gmock/gmock.h>
@@ -83,12 +82,6 @@ TEST_F(Guarded, WhoeverAsksTwiceDoesntWait) {
     guarded.PresetSingleRegister(7, 100, 1);
     EXPECT_FALSE(stopTransfer({document, form, guarded, frame}, true));
     EXPECT_TRUE(form.Cancel_Requested);
-}
-
-TEST(Register_Ranges, JoinNeighbours) {
-    EXPECT_THAT(rangeTexts({10, 11, 12, 20}), ElementsAre("10-12", "20-20"));
-    EXPECT_EQ(rangesText({10, 11, 12, 20}), "10-12, 20");
-    EXPECT_EQ(rangesText({}), "");
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "ctl/stop_text.h"
 
+#include "comm/register_ranges.h"
 #include "ctl/notices.h"
-#include "ctl/register_ranges.h"
 
 #include <ostream>
 
@@ -31,7 +31,7 @@ std::set<std::int32_t> registersOf(const std::vector<Planned_Write>& writes) {
 /// Such as "3 were written (registers 100-102)".
 std::string part(std::size_t count, const std::string& what, const std::set<std::int32_t>& registers) {
     return std::to_string(count) + " " + what +
-           (registers.empty() ? "" : " (registers " + rangesText(registers) + ")");
+           (registers.empty() ? "" : " (registers " + registersText(registers) + ")");
 }
 
 std::string writesText(const Download_Writes& writes) {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace zorvane {
+
+/// The first and last of registers that follow each other, such as those of a block.
+struct Register_Range {
+    std::int32_t first = 0;
+    std::int32_t last = 0;
+};
+
+/// The fewest ranges that hold the registers, in rising order.
+[[nodiscard]] std::vector<Register_Range> rangesOf(const std::set<std::int32_t>& registers);
+
+/// "Registers 10-12" or "Register 20", to begin a sentence with.
+[[nodiscard]] std::string namedRange(const Register_Range& range);
+
+/// "10-12, 20": registers in short. After `most` ranges "and 120 more", which counts registers.
+[[nodiscard]] std::string registersText(const std::set<std::int32_t>& registers,
+                                        std::size_t most = std::numeric_limits<std::size_t>::max());
+
+} // namespace zorvane
