@@ -241,6 +241,16 @@ TEST_F(RecoveryCopies, TheListTellsTimeNameModelAndReason) {
     EXPECT_EQ(entries[0].why, "before Open");
 }
 
+TEST_F(RecoveryCopies, AModelsNameOfAnyLengthLeavesTheReasonInTheHeader) {
+    document.Controller_Model = "ABC\r100" + std::string(5'000, 'X');
+    keepCopy(app, "changed");
+    recovery.leave();
+    const std::vector<Recovery_Entry> entries = recovery.list();
+    ASSERT_EQ(entries.size(), 1U);
+    EXPECT_EQ(entries[0].model, "ABC?100" + std::string(248, 'X'));
+    EXPECT_EQ(entries[0].why, "changed");
+}
+
 TEST_F(RecoveryCopies, TheDocumentAtHandIsntOnOffer) {
     keepCopy(app, "changed");
     EXPECT_THAT(recovery.list(), IsEmpty());

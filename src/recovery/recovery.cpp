@@ -36,8 +36,12 @@ constexpr std::string_view whyMark = ";kept=";
 constexpr std::array headerMarks = {timeMark, nameMark, modelMark, whyMark};
 const std::string beforeSave = "before Save";
 
-/// The names of files may hold any character.
+/// Longer names would push the rest of the header out of a file's beginning.
+constexpr std::size_t longestName = 255;
+
+/// The names of files and models may hold any character.
 std::string oneLine(std::string text) {
+    if (text.size() > longestName) text.resize(longestName);
     std::replace_if(
         text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, '?');
     return text;
