@@ -1,5 +1,5 @@
 // Feeds arbitrary bytes to the search for an answer. The first bytes choose the request.
-#include "comm/answer_search.h"
+#include "comm/modbus_control/frame/answer_search.h"
 #include "fuzz/require.h"
 
 namespace {

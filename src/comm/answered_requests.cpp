@@ -1,6 +1,6 @@
 #include "comm/answered_requests.h"
 
-#include "comm/answer_search.h"
+#include "comm/modbus_control/frame/answer_search.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "comm/link_clock.h"
+#include "comm/modbus_control/frame/rtu_frame.h"
 #include "comm/port_settings.h"
-#include "comm/rtu_frame.h"
 
 #include <string>
 #include <vector>

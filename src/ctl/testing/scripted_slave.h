@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/rtu_frame.h"
+#include "comm/modbus_control/frame/rtu_frame.h"
 #include "comm/testing/toy_slave.h"
 
 #include <condition_variable>

@@ -1,4 +1,4 @@
-#include "comm/answer_search.h"
+#include "comm/modbus_control/frame/answer_search.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "comm/rtu_frame.h"
+#include "comm/modbus_control/frame/rtu_frame.h"
 
 #include <array>
 #include <utility>
