@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/modbus_control/frame/rtu_frame.h"
-#include "comm/port_settings.h"
+#include "comm/modbus_control/line/port_settings.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/settings_store.h"
-#include "comm/port_settings.h"
+#include "comm/modbus_control/line/port_settings.h"
 
 namespace zorvane {
 

@@ -2,7 +2,7 @@
 
 #include "comm/link_windows.h"
 #include "comm/modbus_control.h"
-#include "comm/port_session.h"
+#include "comm/modbus_control/line/port_session.h"
 #include "comm/read_parts.h"
 #include "comm/register_store.h"
 #include "comm/rtu_transaction.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/port_finder.h"
+#include "comm/modbus_control/line/port_finder.h"
 
 namespace zorvane {
 

@@ -1,6 +1,6 @@
 #include "comm/qt_serial_port.h"
 
-#include "comm/port_texts.h"
+#include "comm/modbus_control/line/port_texts.h"
 #include "comm/qt_link_clock.h"
 #include "comm/serial_line_system.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/simulated_port.h"
+#include "comm/modbus_control/line/simulated_port.h"
 
 #include <QString>
 

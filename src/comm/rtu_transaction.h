@@ -1,11 +1,11 @@
 #pragma once
 
 #include "comm/answered_requests.h"
-#include "comm/byte_port.h"
 #include "comm/foreign_requests.h"
 #include "comm/late_answers.h"
-#include "comm/link_clock.h"
 #include "comm/modbus_control/frame/answer_search.h"
+#include "comm/modbus_control/line/byte_port.h"
+#include "comm/modbus_control/line/link_clock.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 #include "comm/test_verdict.h"
 
 #include "comm/exchange_text.h"
-#include "comm/simulated_port.h"
+#include "comm/modbus_control/line/simulated_port.h"
 
 namespace zorvane {
 

@@ -1,5 +1,5 @@
 // The port dialog's test: one exchange over a scripted port, and what is said of it.
-#include "comm/simulated_port.h"
+#include "comm/modbus_control/line/simulated_port.h"
 #include "comm/test_verdict.h"
 #include "comm/testing/hand_clock.h"
 #include "comm/testing/scripted_port.h"

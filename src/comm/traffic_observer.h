@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/link_clock.h"
 #include "comm/modbus_control/frame/rtu_frame.h"
+#include "comm/modbus_control/line/link_clock.h"
 
 #include <cstdint>
 #include <string>

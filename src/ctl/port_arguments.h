@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/port_settings.h"
+#include "comm/modbus_control/line/port_settings.h"
 #include "ctl/call.h"
 #include "template/link_notice.h"
 

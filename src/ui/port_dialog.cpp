@@ -1,6 +1,6 @@
 #include "ui/port_dialog.h"
 
-#include "comm/simulated_port.h"
+#include "comm/modbus_control/line/simulated_port.h"
 #include "ui/text.h"
 
 #include <QCheckBox>

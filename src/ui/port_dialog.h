@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/port_texts.h"
+#include "comm/modbus_control/line/port_texts.h"
 #include "comm/test_verdict.h"
 
 #include <QDialog>

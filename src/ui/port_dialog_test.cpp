@@ -1,4 +1,4 @@
-#include "comm/simulated_port.h"
+#include "comm/modbus_control/line/simulated_port.h"
 #include "comm/testing/hand_clock.h"
 #include "comm/testing/scripted_port.h"
 #include "comm/testing/toy_slave.h"

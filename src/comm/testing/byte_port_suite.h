@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/byte_port.h"
+#include "comm/modbus_control/line/byte_port.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/link_clock.h"
+#include "comm/modbus_control/line/link_clock.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,5 +1,5 @@
 // Writes pictures of the window and its dialogs, for people to look at: ui_pictures FOLDER [dark]
-#include "comm/simulated_port.h"
+#include "comm/modbus_control/line/simulated_port.h"
 #include "comm/testing/hand_clock.h"
 #include "comm/testing/scripted_port.h"
 #include "ui/acercade.h"

@@ -1,4 +1,4 @@
-#include "comm/simulated_port.h"
+#include "comm/modbus_control/line/simulated_port.h"
 
 namespace zorvane {
 

@@ -1,6 +1,6 @@
-#include "comm/port_texts.h"
+#include "comm/modbus_control/line/port_texts.h"
 
-#include "comm/simulated_port.h"
+#include "comm/modbus_control/line/simulated_port.h"
 
 namespace zorvane {
 

@@ -1,4 +1,4 @@
-#include "comm/port_texts.h"
+#include "comm/modbus_control/line/port_texts.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/byte_port.h"
-#include "comm/port_finder.h"
+#include "comm/modbus_control/line/byte_port.h"
+#include "comm/modbus_control/line/port_finder.h"
 #include "template/asker.h"
 
 #include <optional>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "comm/link_clock.h"
 #include "comm/modbus_control/frame/rtu_frame.h"
-#include "comm/port_settings.h"
+#include "comm/modbus_control/line/link_clock.h"
+#include "comm/modbus_control/line/port_settings.h"
 
 #include <string>
 #include <vector>

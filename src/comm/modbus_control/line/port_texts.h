@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/port_finder.h"
-#include "comm/port_settings.h"
+#include "comm/modbus_control/line/port_finder.h"
+#include "comm/modbus_control/line/port_settings.h"
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include "comm/port_finder.h"
+#include "comm/modbus_control/line/port_finder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "comm/port_session.h"
+#include "comm/modbus_control/line/port_session.h"
 
 namespace zorvane {
 

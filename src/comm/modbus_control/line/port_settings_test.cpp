@@ -1,4 +1,4 @@
-#include "comm/port_settings.h"
+#include "comm/modbus_control/line/port_settings.h"
 
 #include <gtest/gtest.h>
 
