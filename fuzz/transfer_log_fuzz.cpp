@@ -1,7 +1,7 @@
 // Any texts as what the controller and the port had to say in a transfer: its report and its log are made of
 // whole lines, and as RTF they are read as they stand.
 
-#include "comm/rtf_text.h"
+#include "comm/modbus_control/exchange/rtf_text.h"
 #include "comm/transfer_texts.h"
 #include "fuzz/require.h"
 #include "fuzz/rtf_reader.h"

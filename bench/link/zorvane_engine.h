@@ -2,9 +2,9 @@
 
 #include "bench/link/engine.h"
 #include "bench/link/wire.h"
+#include "comm/modbus_control/exchange/rtu_transaction.h"
 #include "comm/qt_link_clock.h"
 #include "comm/qt_serial_port.h"
-#include "comm/rtu_transaction.h"
 
 #include <QEventLoop>
 

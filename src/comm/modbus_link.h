@@ -2,12 +2,12 @@
 
 #include "comm/link_windows.h"
 #include "comm/modbus_control.h"
+#include "comm/modbus_control/exchange/rtu_transaction.h"
+#include "comm/modbus_control/exchange/traffic_observer.h"
 #include "comm/modbus_control/line/port_session.h"
 #include "comm/read_parts.h"
 #include "comm/register_store.h"
-#include "comm/rtu_transaction.h"
 #include "comm/scan.h"
-#include "comm/traffic_observer.h"
 #include "comm/write_queue.h"
 
 #include <set>

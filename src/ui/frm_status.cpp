@@ -1,6 +1,6 @@
 #include "ui/frm_status.h"
 
-#include "comm/rtf_text.h"
+#include "comm/modbus_control/exchange/rtf_text.h"
 #include "template/asker.h"
 #include "ui/text.h"
 #include "ui/wrapped_label.h"

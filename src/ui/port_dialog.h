@@ -1,7 +1,7 @@
 #pragma once
 
+#include "comm/modbus_control/exchange/test_verdict.h"
 #include "comm/modbus_control/line/port_texts.h"
-#include "comm/test_verdict.h"
 
 #include <QDialog>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/traffic_rows.h"
+#include "comm/modbus_control/exchange/traffic_rows.h"
 
 #include <QAbstractTableModel>
 

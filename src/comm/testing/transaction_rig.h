@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/rtu_transaction.h"
+#include "comm/modbus_control/exchange/rtu_transaction.h"
 #include "comm/testing/hand_clock.h"
 #include "comm/testing/scripted_port.h"
 #include "comm/testing/toy_slave.h"

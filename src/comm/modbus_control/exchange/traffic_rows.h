@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/traffic_observer.h"
+#include "comm/modbus_control/exchange/traffic_observer.h"
 
 #include <array>
 #include <cstddef>

@@ -1,6 +1,6 @@
 // Answers that could be taken for another request's: late ones, second copies, those of another master. And
 // bytes that no request waits for.
-#include "comm/rtu_transaction.h"
+#include "comm/modbus_control/exchange/rtu_transaction.h"
 
 #include <algorithm>
 #include <utility>

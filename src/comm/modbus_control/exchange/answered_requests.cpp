@@ -1,4 +1,4 @@
-#include "comm/answered_requests.h"
+#include "comm/modbus_control/exchange/answered_requests.h"
 
 #include "comm/modbus_control/frame/answer_search.h"
 

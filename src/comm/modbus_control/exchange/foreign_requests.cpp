@@ -1,4 +1,4 @@
-#include "comm/foreign_requests.h"
+#include "comm/modbus_control/exchange/foreign_requests.h"
 
 #include <algorithm>
 

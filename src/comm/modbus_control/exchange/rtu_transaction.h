@@ -1,8 +1,8 @@
 #pragma once
 
-#include "comm/answered_requests.h"
-#include "comm/foreign_requests.h"
-#include "comm/late_answers.h"
+#include "comm/modbus_control/exchange/answered_requests.h"
+#include "comm/modbus_control/exchange/foreign_requests.h"
+#include "comm/modbus_control/exchange/late_answers.h"
 #include "comm/modbus_control/frame/answer_search.h"
 #include "comm/modbus_control/line/byte_port.h"
 #include "comm/modbus_control/line/link_clock.h"

@@ -1,6 +1,6 @@
-#include "comm/test_verdict.h"
+#include "comm/modbus_control/exchange/test_verdict.h"
 
-#include "comm/exchange_text.h"
+#include "comm/modbus_control/exchange/exchange_text.h"
 #include "comm/modbus_control/line/simulated_port.h"
 
 namespace zorvane {

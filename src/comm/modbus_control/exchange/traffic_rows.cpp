@@ -1,6 +1,6 @@
-#include "comm/traffic_rows.h"
+#include "comm/modbus_control/exchange/traffic_rows.h"
 
-#include "comm/exchange_text.h"
+#include "comm/modbus_control/exchange/exchange_text.h"
 
 #include <algorithm>
 #include <iterator>

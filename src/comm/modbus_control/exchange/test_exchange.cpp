@@ -1,4 +1,4 @@
-#include "comm/test_exchange.h"
+#include "comm/modbus_control/exchange/test_exchange.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "comm/exchange_text.h"
+#include "comm/modbus_control/exchange/exchange_text.h"
 
 #include <gtest/gtest.h>
 

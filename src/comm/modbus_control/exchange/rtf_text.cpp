@@ -1,4 +1,4 @@
-#include "comm/rtf_text.h"
+#include "comm/modbus_control/exchange/rtf_text.h"
 
 #include "values/rtf_escape.h"
 

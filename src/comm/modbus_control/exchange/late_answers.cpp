@@ -1,4 +1,4 @@
-#include "comm/late_answers.h"
+#include "comm/modbus_control/exchange/late_answers.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/test_exchange.h"
+#include "comm/modbus_control/exchange/test_exchange.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "comm/rtu_transaction.h"
+#include "comm/modbus_control/exchange/rtu_transaction.h"
 
 #include <algorithm>
 #include <utility>

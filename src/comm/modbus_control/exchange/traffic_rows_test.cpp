@@ -1,4 +1,4 @@
-#include "comm/traffic_rows.h"
+#include "comm/modbus_control/exchange/traffic_rows.h"
 
 #include <gtest/gtest.h>
 

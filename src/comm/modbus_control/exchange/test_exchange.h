@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/rtu_transaction.h"
+#include "comm/modbus_control/exchange/rtu_transaction.h"
 
 #include <functional>
 #include <memory>
