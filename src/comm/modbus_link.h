@@ -5,10 +5,10 @@
 #include "comm/modbus_control/exchange/rtu_transaction.h"
 #include "comm/modbus_control/exchange/traffic_observer.h"
 #include "comm/modbus_control/line/port_session.h"
-#include "comm/read_parts.h"
-#include "comm/register_store.h"
-#include "comm/scan.h"
-#include "comm/write_queue.h"
+#include "comm/modbus_control/scan/read_parts.h"
+#include "comm/modbus_control/scan/register_store.h"
+#include "comm/modbus_control/scan/scan.h"
+#include "comm/modbus_control/scan/write_queue.h"
 
 #include <set>
 

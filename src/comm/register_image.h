@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/modbus_control.h"
-#include "comm/register_ranges.h"
+#include "comm/modbus_control/scan/register_ranges.h"
 
 #include <cstdint>
 

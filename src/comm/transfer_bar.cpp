@@ -2,8 +2,8 @@
 
 #include "comm/bar_topics.h"
 #include "comm/cell_names.h"
+#include "comm/modbus_control/scan/register_ranges.h"
 #include "comm/needed_registers.h"
-#include "comm/register_ranges.h"
 #include "comm/session.h"
 #include "comm/upload.h"
 #include "values/numbers.h"

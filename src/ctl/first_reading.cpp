@@ -1,7 +1,7 @@
 #include "ctl/first_reading.h"
 
 #include "comm/modbus_control/frame/rtu_frame.h"
-#include "comm/register_ranges.h"
+#include "comm/modbus_control/scan/register_ranges.h"
 #include "comm/session.h"
 #include "comm/transfer_records.h"
 #include "ctl/transfer.h"

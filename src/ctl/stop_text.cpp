@@ -1,6 +1,6 @@
 #include "ctl/stop_text.h"
 
-#include "comm/register_ranges.h"
+#include "comm/modbus_control/scan/register_ranges.h"
 #include "ctl/notices.h"
 
 #include <ostream>

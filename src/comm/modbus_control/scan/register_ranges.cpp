@@ -1,4 +1,4 @@
-#include "comm/register_ranges.h"
+#include "comm/modbus_control/scan/register_ranges.h"
 
 namespace zorvane {
 

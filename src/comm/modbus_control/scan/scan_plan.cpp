@@ -1,4 +1,4 @@
-#include "comm/scan_plan.h"
+#include "comm/modbus_control/scan/scan_plan.h"
 
 #include <algorithm>
 #include <utility>

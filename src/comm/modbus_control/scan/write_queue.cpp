@@ -1,4 +1,4 @@
-#include "comm/write_queue.h"
+#include "comm/modbus_control/scan/write_queue.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "comm/scan.h"
+#include "comm/modbus_control/scan/scan.h"
 
 #include <gtest/gtest.h>
 

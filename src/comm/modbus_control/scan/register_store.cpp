@@ -1,4 +1,4 @@
-#include "comm/register_store.h"
+#include "comm/modbus_control/scan/register_store.h"
 
 namespace zorvane {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/scan.h"
+#include "comm/modbus_control/scan/scan.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "comm/read_parts.h"
+#include "comm/modbus_control/scan/read_parts.h"
 
 #include <algorithm>
 

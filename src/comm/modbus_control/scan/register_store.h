@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/register_readings.h"
+#include "comm/modbus_control/scan/register_readings.h"
 
 #include <cstdint>
 #include <span>

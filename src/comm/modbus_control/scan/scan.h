@@ -2,7 +2,7 @@
 
 #include "comm/modbus_control/frame/rtu_frame.h"
 #include "comm/modbus_control/line/link_clock.h"
-#include "comm/scan_plan.h"
+#include "comm/modbus_control/scan/scan_plan.h"
 
 #include <optional>
 
