@@ -4,7 +4,7 @@
 #include "bench/link/simulator_process.h"
 #include "bench/link/table.h"
 #include "bench/link/wire.h"
-#include "comm/qt_link.h"
+#include "comm/modbus_control/qt/qt_link.h"
 #include "comm/session.h"
 #include "comm/upload.h"
 #include "template/native_files.h"

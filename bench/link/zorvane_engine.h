@@ -3,8 +3,8 @@
 #include "bench/link/engine.h"
 #include "bench/link/wire.h"
 #include "comm/modbus_control/exchange/rtu_transaction.h"
-#include "comm/qt_link_clock.h"
-#include "comm/qt_serial_port.h"
+#include "comm/modbus_control/qt/qt_link_clock.h"
+#include "comm/modbus_control/qt/qt_serial_port.h"
 
 #include <QEventLoop>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/form_commands.h"
-#include "comm/qt_link.h"
-#include "comm/qt_simulator.h"
+#include "comm/modbus_control/qt/qt_link.h"
+#include "comm/modbus_control/qt/qt_simulator.h"
 #include "ui/line_windows.h"
 #include "ui/transfer_status_window.h"
 

@@ -1,6 +1,6 @@
 #include "ctl/port_call.h"
 
-#include "comm/qt_link.h"
+#include "comm/modbus_control/qt/qt_link.h"
 #include "comm/session.h"
 #include "ctl/notices.h"
 #include "ctl/rehearsal.h"

@@ -1,6 +1,6 @@
 #include "ui/line_windows.h"
 
-#include "comm/qt_port_watch.h"
+#include "comm/modbus_control/qt/qt_port_watch.h"
 
 #include <QTime>
 

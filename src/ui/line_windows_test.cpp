@@ -1,6 +1,6 @@
 // The link's windows on the real link, with the simulated controller at the far end.
-#include "comm/qt_link.h"
-#include "comm/qt_simulator.h"
+#include "comm/modbus_control/qt/qt_link.h"
+#include "comm/modbus_control/qt/qt_simulator.h"
 #include "ui/line_windows.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 // Starts the simulated controller as the window does, tells its line and its process, and waits to be killed:
 // simulator_host PROGRAM TEMPLATE
-#include "comm/qt_simulator.h"
+#include "comm/modbus_control/qt/qt_simulator.h"
 
 #include <QCoreApplication>
 

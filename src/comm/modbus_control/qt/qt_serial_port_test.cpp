@@ -1,8 +1,8 @@
 // The serial port and the link on a real pseudo-terminal.
-#include "comm/qt_link.h"
-#include "comm/qt_link_clock.h"
-#include "comm/qt_serial_port.h"
-#include "comm/serial_line_system.h"
+#include "comm/modbus_control/qt/qt_link.h"
+#include "comm/modbus_control/qt/qt_link_clock.h"
+#include "comm/modbus_control/qt/qt_serial_port.h"
+#include "comm/modbus_control/qt/serial_line_system.h"
 #include "comm/testing/byte_port_suite.h"
 #include "comm/testing/link_rig.h"
 #include "comm/testing/pty_line.h"

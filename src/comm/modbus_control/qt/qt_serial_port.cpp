@@ -1,8 +1,8 @@
-#include "comm/qt_serial_port.h"
+#include "comm/modbus_control/qt/qt_serial_port.h"
 
 #include "comm/modbus_control/line/port_texts.h"
-#include "comm/qt_link_clock.h"
-#include "comm/serial_line_system.h"
+#include "comm/modbus_control/qt/qt_link_clock.h"
+#include "comm/modbus_control/qt/serial_line_system.h"
 
 #include <QSerialPort>
 #include <QSocketNotifier>

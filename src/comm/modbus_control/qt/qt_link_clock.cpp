@@ -1,4 +1,4 @@
-#include "comm/qt_link_clock.h"
+#include "comm/modbus_control/qt/qt_link_clock.h"
 
 #include <QtGlobal>
 

@@ -1,4 +1,4 @@
-#include "comm/qt_link.h"
+#include "comm/modbus_control/qt/qt_link.h"
 
 namespace zorvane {
 

@@ -1,4 +1,4 @@
-#include "comm/qt_port_finder.h"
+#include "comm/modbus_control/qt/qt_port_finder.h"
 
 #include <QSerialPortInfo>
 

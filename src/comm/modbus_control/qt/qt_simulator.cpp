@@ -1,4 +1,4 @@
-#include "comm/qt_simulator.h"
+#include "comm/modbus_control/qt/qt_simulator.h"
 
 #include <QDeadlineTimer>
 #include <QDir>

@@ -1,9 +1,9 @@
 // The simulated controller as a process, and the watch over the ports.
 #include "comm/modbus_control/exchange/test_verdict.h"
-#include "comm/qt_link_clock.h"
-#include "comm/qt_port_watch.h"
-#include "comm/qt_serial_port.h"
-#include "comm/qt_simulator.h"
+#include "comm/modbus_control/qt/qt_link_clock.h"
+#include "comm/modbus_control/qt/qt_port_watch.h"
+#include "comm/modbus_control/qt/qt_serial_port.h"
+#include "comm/modbus_control/qt/qt_simulator.h"
 
 #include <QCoreApplication>
 #include <QProcess>

@@ -1,4 +1,4 @@
-#include "comm/serial_line_system.h"
+#include "comm/modbus_control/qt/serial_line_system.h"
 
 #ifdef __linux__
 #include <linux/serial.h>

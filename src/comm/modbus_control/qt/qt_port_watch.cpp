@@ -1,4 +1,4 @@
-#include "comm/qt_port_watch.h"
+#include "comm/modbus_control/qt/qt_port_watch.h"
 
 #include <QDir>
 
