@@ -3,7 +3,7 @@
 // is read back as the cell's value.
 
 #include "comm/cell_reading.h"
-#include "comm/dry_run_link.h"
+#include "comm/modbus_control/dry_run_link.h"
 #include "fuzz/require.h"
 #include "fuzz/split.h"
 #include "grids/commit_value.h"

@@ -1,7 +1,7 @@
 // Any bytes as a file of registers: the terminal program and the simulator take the same files, what is taken
 // is written and read again, and the registers become a document's values.
 
-#include "comm/dry_run_link.h"
+#include "comm/modbus_control/dry_run_link.h"
 #include "comm/registers_to_cells.h"
 #include "comm/testing/recording_frame.h"
 #include "ctl/register_file.h"

@@ -2,7 +2,7 @@
 // before, from the register image to the painted screen.
 
 #include "app/window_grids.h"
-#include "comm/dry_run_link.h"
+#include "comm/modbus_control/dry_run_link.h"
 #include "comm/registers_to_cells.h"
 #include "ctl/held_frame.h"
 #include "grids/fill_settings.h"

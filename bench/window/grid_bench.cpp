@@ -1,7 +1,7 @@
 // Filling and scrolling the lower grid with the largest field, beside a QTableWidget that shows the same.
 
 #include "bench/window/large_field.h"
-#include "comm/dry_run_link.h"
+#include "comm/modbus_control/dry_run_link.h"
 #include "ctl/held_frame.h"
 #include "grids/fill_settings.h"
 #include "ui/flex_grid.h"

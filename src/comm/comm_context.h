@@ -2,8 +2,8 @@
 
 #include "comm/frame.h"
 #include "comm/main_form_state.h"
-#include "comm/modbus_control.h"
-#include "comm/register_image.h"
+#include "comm/modbus_control/modbus_control.h"
+#include "comm/modbus_control/register_image.h"
 #include "template/model/declara_zorvane.h"
 
 namespace zorvane {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/register_image.h"
+#include "comm/modbus_control/register_image.h"
 #include "template/model/declara_zorvane.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "comm/cancel.h"
 #include "comm/download.h"
-#include "comm/dry_run_link.h"
+#include "comm/modbus_control/dry_run_link.h"
 #include "comm/testing/comm_bench.h"
 #include "comm/transfer_records.h"
 #include "values/run_time_failure.h"

@@ -2,7 +2,7 @@
 
 #include "comm/ascii_block.h"
 #include "comm/download_walk.h"
-#include "comm/dry_run_link.h"
+#include "comm/modbus_control/dry_run_link.h"
 #include "values/run_time_failure.h"
 
 namespace zorvane {

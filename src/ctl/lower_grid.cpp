@@ -1,6 +1,6 @@
 #include "ctl/lower_grid.h"
 
-#include "comm/dry_run_link.h"
+#include "comm/modbus_control/dry_run_link.h"
 #include "ctl/held_frame.h"
 #include "grids/typed_entry.h"
 

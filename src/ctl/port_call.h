@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/comm_context.h"
-#include "comm/modbus_link.h"
+#include "comm/modbus_control/modbus_link.h"
 #include "ctl/document_arguments.h"
 #include "ctl/port_arguments.h"
 #include "ctl/stop_wish.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/dry_run_link.h"
 #include "comm/main_form_state.h"
+#include "comm/modbus_control/dry_run_link.h"
 #include "ctl/held_frame.h"
 #include "ctl/opened_document.h"
 #include "ctl/register_file.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/comm_context.h"
-#include "comm/dry_run_link.h"
+#include "comm/modbus_control/dry_run_link.h"
 #include "ctl/block_results.h"
 #include "ctl/failed_writes.h"
 #include "ctl/guarded_link.h"

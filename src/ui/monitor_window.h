@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/link_windows.h"
+#include "comm/modbus_control/link_windows.h"
 #include "ui/common_dialog.h"
 #include "ui/fixed_dialog.h"
 #include "ui/traffic_feed.h"

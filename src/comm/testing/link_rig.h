@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/modbus_link.h"
+#include "comm/modbus_control/modbus_link.h"
 #include "comm/testing/hand_clock.h"
 #include "comm/testing/scripted_port.h"
 #include "comm/testing/toy_slave.h"

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "comm/modbus_control/line/simulated_port.h"
+#include "comm/modbus_control/modbus_link.h"
 #include "comm/modbus_control/qt/qt_link_clock.h"
 #include "comm/modbus_control/qt/qt_port_finder.h"
 #include "comm/modbus_control/qt/qt_serial_port.h"
-#include "comm/modbus_link.h"
 
 namespace zorvane {
 

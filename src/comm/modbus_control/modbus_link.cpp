@@ -1,4 +1,4 @@
-#include "comm/modbus_link.h"
+#include "comm/modbus_control/modbus_link.h"
 
 #include "values/run_time_failure.h"
 

@@ -1,4 +1,4 @@
-#include "comm/register_image.h"
+#include "comm/modbus_control/register_image.h"
 
 #include "values/run_time_failure.h"
 

@@ -1,4 +1,4 @@
-#include "comm/dry_run_link.h"
+#include "comm/modbus_control/dry_run_link.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // The link's port: opening it, losing it and finding it again.
-#include "comm/modbus_link.h"
+#include "comm/modbus_control/modbus_link.h"
 
 #include <utility>
 

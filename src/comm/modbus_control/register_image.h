@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/modbus_control.h"
+#include "comm/modbus_control/modbus_control.h"
 #include "comm/modbus_control/scan/register_ranges.h"
 
 #include <cstdint>

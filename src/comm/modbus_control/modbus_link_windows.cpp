@@ -1,5 +1,5 @@
 // The link's own windows, as the contract names their members.
-#include "comm/modbus_link.h"
+#include "comm/modbus_control/modbus_link.h"
 
 namespace zorvane {
 

@@ -1,6 +1,6 @@
 // The link's exchanges: which request goes out next, and what becomes of its answer.
 #include "comm/modbus_control/exchange/exchange_text.h"
-#include "comm/modbus_link.h"
+#include "comm/modbus_control/modbus_link.h"
 
 #include <utility>
 

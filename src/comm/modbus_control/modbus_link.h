@@ -1,10 +1,10 @@
 #pragma once
 
-#include "comm/link_windows.h"
-#include "comm/modbus_control.h"
 #include "comm/modbus_control/exchange/rtu_transaction.h"
 #include "comm/modbus_control/exchange/traffic_observer.h"
 #include "comm/modbus_control/line/port_session.h"
+#include "comm/modbus_control/link_windows.h"
+#include "comm/modbus_control/modbus_control.h"
 #include "comm/modbus_control/scan/read_parts.h"
 #include "comm/modbus_control/scan/register_store.h"
 #include "comm/modbus_control/scan/scan.h"

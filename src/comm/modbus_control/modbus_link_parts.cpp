@@ -1,7 +1,7 @@
 // Blocks that are read in parts, because an answer to an earlier request may still come that would pass for
 // the answer to the whole block.
 #include "comm/modbus_control/exchange/exchange_text.h"
-#include "comm/modbus_link.h"
+#include "comm/modbus_control/modbus_link.h"
 
 #include <algorithm>
 #include <utility>
