@@ -2,7 +2,7 @@
 // out, what it refuses stays, nothing but the cell's texts changes, and a number that went to the controller
 // is read back as the cell's value.
 
-#include "comm/cell_reading.h"
+#include "cells/cell_reading.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "fuzz/require.h"
 #include "fuzz/split.h"

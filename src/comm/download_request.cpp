@@ -1,7 +1,7 @@
 #include "comm/download_request.h"
 
+#include "cells/cell_reading.h"
 #include "comm/ascii_block.h"
-#include "comm/cell_reading.h"
 #include "comm/download_blocks.h"
 #include "values/code_page.h"
 #include "values/numbers.h"

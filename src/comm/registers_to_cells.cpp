@@ -1,6 +1,6 @@
 #include "comm/registers_to_cells.h"
 
-#include "comm/cell_reading.h"
+#include "cells/cell_reading.h"
 #include "values/numbers.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-#include "comm/cell_reading.h"
+#include "cells/cell_reading.h"
 #include "comm/registers_to_cells.h"
 #include "comm/testing/comm_bench.h"
 #include "values/run_time_failure.h"

@@ -1,6 +1,6 @@
 #include "ctl/own_values.h"
 
-#include "comm/cell_reading.h"
+#include "cells/cell_reading.h"
 #include "values/run_time_failure.h"
 
 namespace zorvane {

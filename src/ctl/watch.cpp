@@ -1,6 +1,6 @@
 #include "ctl/watch.h"
 
-#include "comm/cell_reading.h"
+#include "cells/cell_reading.h"
 #include "comm/online.h"
 #include "comm/session.h"
 #include "ctl/block_results.h"

@@ -1,6 +1,6 @@
 #include "grids/cell_fill.h"
 
-#include "comm/cell_reading.h"
+#include "cells/cell_reading.h"
 #include "template/messages.h"
 #include "values/code_page.h"
 #include "values/numbers.h"

@@ -1,4 +1,4 @@
-#include "comm/cell_names.h"
+#include "cells/cell_names.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"

@@ -1,4 +1,4 @@
-#include "comm/cell_reading.h"
+#include "cells/cell_reading.h"
 
 #include "template/messages.h"
 #include "values/code_page.h"

@@ -1,4 +1,4 @@
-#include "comm/cell_names.h"
+#include "cells/cell_names.h"
 #include "comm/testing/comm_bench.h"
 
 #include <gtest/gtest.h>
