@@ -8,7 +8,7 @@
 #include "app/print_commands.h"
 #include "app/testing/app_bench.h"
 #include "app/testing/recording_print_frame.h"
-#include "comm/monitor.h"
+#include "comm/main_form/monitor.h"
 #include "fuzz/require.h"
 #include "fuzz/split.h"
 #include "reports/testing/even_metrics.h"

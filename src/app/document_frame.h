@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/common_dialog.h"
-#include "comm/frame.h"
+#include "comm/main_form/frame.h"
 
 namespace zorvane {
 

@@ -6,7 +6,7 @@
 #include "app/recover_command.h"
 #include "app/recover_form.h"
 #include "comm/download.h"
-#include "comm/monitor.h"
+#include "comm/main_form/monitor.h"
 #include "comm/session.h"
 #include "comm/upload.h"
 #include "template/native_files.h"

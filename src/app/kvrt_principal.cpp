@@ -7,7 +7,7 @@
 #include "app/port_store.h"
 #include "app/recovery_keeper.h"
 #include "comm/cancel.h"
-#include "comm/monitor.h"
+#include "comm/main_form/monitor.h"
 #include "comm/online.h"
 #include "comm/transfer_records.h"
 #include "comm/upload.h"

@@ -2,7 +2,7 @@
 
 #include "app/document_lines.h"
 #include "app/open_steps.h"
-#include "comm/title.h"
+#include "comm/main_form/title.h"
 
 namespace zorvane {
 

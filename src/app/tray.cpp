@@ -1,6 +1,6 @@
 #include "app/tray.h"
 
-#include "comm/monitor.h"
+#include "comm/main_form/monitor.h"
 #include "values/run_time_failure.h"
 
 #include <utility>

@@ -5,7 +5,7 @@
 #include "comm/download_request.h"
 #include "comm/download_step.h"
 #include "comm/download_walk.h"
-#include "comm/progress.h"
+#include "comm/main_form/progress.h"
 #include "comm/session.h"
 #include "comm/transfer_bar.h"
 #include "comm/transfer_records.h"

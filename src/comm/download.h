@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/comm_context.h"
+#include "comm/main_form/comm_context.h"
 
 namespace zorvane {
 

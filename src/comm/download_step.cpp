@@ -2,7 +2,7 @@
 
 #include "comm/ascii_block.h"
 #include "comm/cancel.h"
-#include "comm/progress.h"
+#include "comm/main_form/progress.h"
 #include "comm/transfer_records.h"
 #include "values/code_page.h"
 #include "values/numbers.h"

@@ -1,6 +1,6 @@
 #include "comm/session.h"
 
-#include "comm/bar_topics.h"
+#include "comm/main_form/bar_topics.h"
 #include "comm/transfer_bar.h"
 #include "values/numbers.h"
 #include "values/run_time_failure.h"

@@ -1,7 +1,7 @@
 #include "comm/transfer_bar.h"
 
 #include "cells/cell_names.h"
-#include "comm/bar_topics.h"
+#include "comm/main_form/bar_topics.h"
 #include "comm/modbus_control/scan/register_ranges.h"
 #include "comm/needed_registers.h"
 #include "comm/session.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/info_rec_errors.h"
+#include "comm/main_form/info_rec_errors.h"
 
 #include <string>
 #include <vector>

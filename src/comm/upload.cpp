@@ -1,10 +1,10 @@
 #include "comm/upload.h"
 
 #include "comm/cancel.h"
-#include "comm/progress.h"
+#include "comm/main_form/progress.h"
+#include "comm/main_form/title.h"
 #include "comm/registers_to_cells.h"
 #include "comm/session.h"
-#include "comm/title.h"
 #include "comm/transfer_bar.h"
 #include "comm/transfer_records.h"
 #include "values/numbers.h"

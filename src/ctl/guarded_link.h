@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/main_form_state.h"
+#include "comm/main_form/main_form_state.h"
 #include "ctl/forwarding_link.h"
 #include "ctl/stop_wish.h"
 

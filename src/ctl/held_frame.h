@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/download_request.h"
-#include "comm/frame.h"
+#include "comm/main_form/frame.h"
 
 #include <functional>
 #include <map>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/comm_context.h"
+#include "comm/main_form/comm_context.h"
 #include "comm/modbus_control/modbus_link.h"
 #include "ctl/document_arguments.h"
 #include "ctl/port_arguments.h"

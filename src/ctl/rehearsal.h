@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/main_form_state.h"
+#include "comm/main_form/main_form_state.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "ctl/held_frame.h"
 #include "ctl/opened_document.h"

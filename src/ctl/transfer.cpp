@@ -2,7 +2,7 @@
 
 #include "comm/cancel.h"
 #include "comm/download.h"
-#include "comm/progress.h"
+#include "comm/main_form/progress.h"
 #include "comm/session.h"
 #include "comm/transfer_records.h"
 #include "comm/upload.h"

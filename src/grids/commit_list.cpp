@@ -1,6 +1,6 @@
 #include "grids/commit_list.h"
 
-#include "comm/title.h"
+#include "comm/main_form/title.h"
 #include "grids/live_write.h"
 #include "values/numbers.h"
 #include "values/registers.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/comm_context.h"
+#include "comm/main_form/comm_context.h"
 #include "grids/grid_windows.h"
 #include "grids/hidden_editors.h"
 #include "grids/vsflexgrid.h"

@@ -1,7 +1,7 @@
 #include "grids/live_write_bar.h"
 
 #include "cells/cell_names.h"
-#include "comm/bar_topics.h"
+#include "comm/main_form/bar_topics.h"
 #include "grids/show_button.h"
 
 namespace zorvane {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/frame.h"
+#include "comm/main_form/frame.h"
 #include "values/run_time_failure.h"
 
 #include <utility>

@@ -1,6 +1,6 @@
 #include "grids/unholdable_text.h"
 
-#include "comm/title.h"
+#include "comm/main_form/title.h"
 #include "grids/show_cell.h"
 #include "grids/value_findings.h"
 #include "values/numbers.h"

@@ -1,7 +1,7 @@
 #include "grids/unmarked_change.h"
 
 #include "cells/cell_names.h"
-#include "comm/bar_topics.h"
+#include "comm/main_form/bar_topics.h"
 #include "grids/cell_fill.h"
 #include "values/run_time_failure.h"
 

@@ -5,8 +5,8 @@
 #include "app/testing/memory_settings.h"
 #include "app/testing/recording_document_frame.h"
 #include "app/testing/recording_files.h"
+#include "comm/main_form/title.h"
 #include "comm/testing/scripted_link.h"
-#include "comm/title.h"
 #include "grids/memory_grid.h"
 
 #include <initializer_list>

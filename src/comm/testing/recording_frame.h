@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/frame.h"
+#include "comm/main_form/frame.h"
 #include "comm/testing/journal.h"
 
 #include <cstdint>

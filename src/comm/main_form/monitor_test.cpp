@@ -1,4 +1,4 @@
-#include "comm/monitor.h"
+#include "comm/main_form/monitor.h"
 #include "comm/testing/comm_bench.h"
 
 #include <gmock/gmock.h>

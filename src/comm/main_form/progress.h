@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/frame.h"
+#include "comm/main_form/frame.h"
 
 namespace zorvane {
 

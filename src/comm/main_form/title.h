@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/frame.h"
-#include "comm/main_form_state.h"
+#include "comm/main_form/frame.h"
+#include "comm/main_form/main_form_state.h"
 #include "template/model/declara_zorvane.h"
 
 namespace zorvane {

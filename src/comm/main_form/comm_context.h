@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/frame.h"
-#include "comm/main_form_state.h"
+#include "comm/main_form/frame.h"
+#include "comm/main_form/main_form_state.h"
 #include "comm/modbus_control/modbus_control.h"
 #include "comm/modbus_control/register_image.h"
 #include "template/model/declara_zorvane.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/message_bar.h"
+#include "comm/main_form/message_bar.h"
 #include "template/asker.h"
 
 #include <cstdint>

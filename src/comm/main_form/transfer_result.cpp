@@ -1,4 +1,4 @@
-#include "comm/transfer_result.h"
+#include "comm/main_form/transfer_result.h"
 
 namespace zorvane {
 

@@ -1,4 +1,4 @@
-#include "comm/title.h"
+#include "comm/main_form/title.h"
 
 #include "values/code_page.h"
 

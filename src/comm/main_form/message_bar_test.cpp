@@ -1,4 +1,4 @@
-#include "comm/message_bar.h"
+#include "comm/main_form/message_bar.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

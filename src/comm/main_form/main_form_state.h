@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/info_rec_errors.h"
-#include "comm/transfer_result.h"
+#include "comm/main_form/info_rec_errors.h"
+#include "comm/main_form/transfer_result.h"
 
 #include <array>
 #include <cstdint>

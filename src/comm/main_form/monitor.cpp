@@ -1,4 +1,4 @@
-#include "comm/monitor.h"
+#include "comm/main_form/monitor.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"
