@@ -1,8 +1,8 @@
 #include "comm/download_step.h"
 
-#include "comm/ascii_block.h"
 #include "comm/cancel.h"
 #include "comm/main_form/progress.h"
+#include "comm/transfer/requests/ascii_block.h"
 #include "comm/transfer_records.h"
 #include "values/code_page.h"
 #include "values/numbers.h"

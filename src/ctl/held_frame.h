@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/download_request.h"
 #include "comm/main_form/frame.h"
+#include "comm/transfer/requests/download_request.h"
 
 #include <functional>
 #include <map>

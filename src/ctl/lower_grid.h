@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/download_request.h"
+#include "comm/transfer/requests/download_request.h"
 #include "ctl/opened_document.h"
 #include "ctl/register_file.h"
 #include "grids/terminal_grids.h"

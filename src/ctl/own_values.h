@@ -1,7 +1,7 @@
 #pragma once
 
-#include "comm/download_request.h"
 #include "comm/main_form/comm_context.h"
+#include "comm/transfer/requests/download_request.h"
 
 #include <string>
 #include <vector>

@@ -1,8 +1,8 @@
 #include "ctl/rehearsal.h"
 
 #include "comm/download.h"
-#include "comm/needed_registers.h"
 #include "comm/registers_to_cells.h"
+#include "comm/transfer/requests/needed_registers.h"
 
 namespace zorvane {
 

@@ -1,7 +1,7 @@
 #include "grids/commit_value.h"
 
-#include "comm/ascii_block.h"
 #include "comm/main_form/title.h"
+#include "comm/transfer/requests/ascii_block.h"
 #include "grids/live_write_bar.h"
 #include "grids/register_writes.h"
 #include "grids/unmarked_change.h"

@@ -1,8 +1,8 @@
-#include "comm/needed_registers.h"
+#include "comm/transfer/requests/needed_registers.h"
 
-#include "comm/ascii_block.h"
-#include "comm/download_walk.h"
 #include "comm/modbus_control/dry_run_link.h"
+#include "comm/transfer/requests/ascii_block.h"
+#include "comm/transfer/requests/download_walk.h"
 #include "values/run_time_failure.h"
 
 namespace zorvane {

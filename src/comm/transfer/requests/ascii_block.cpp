@@ -1,4 +1,4 @@
-#include "comm/ascii_block.h"
+#include "comm/transfer/requests/ascii_block.h"
 
 #include "values/numbers.h"
 #include "values/registers.h"

@@ -1,5 +1,5 @@
-#include "comm/needed_registers.h"
 #include "comm/testing/comm_bench.h"
+#include "comm/transfer/requests/needed_registers.h"
 
 #include <gtest/gtest.h>
 

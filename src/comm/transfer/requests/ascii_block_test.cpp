@@ -1,5 +1,5 @@
-#include "comm/ascii_block.h"
 #include "comm/testing/comm_bench.h"
+#include "comm/transfer/requests/ascii_block.h"
 #include "values/run_time_failure.h"
 
 #include <gmock/gmock.h>

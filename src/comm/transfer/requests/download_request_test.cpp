@@ -1,6 +1,6 @@
-#include "comm/download_blocks.h"
-#include "comm/download_request.h"
 #include "comm/testing/comm_bench.h"
+#include "comm/transfer/requests/download_blocks.h"
+#include "comm/transfer/requests/download_request.h"
 #include "values/run_time_failure.h"
 
 #include <gmock/gmock.h>

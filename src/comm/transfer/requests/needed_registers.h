@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/download_request.h"
+#include "comm/transfer/requests/download_request.h"
 
 #include <cstdint>
 #include <set>

@@ -1,4 +1,4 @@
-#include "comm/download_blocks.h"
+#include "comm/transfer/requests/download_blocks.h"
 
 #include "values/numbers.h"
 

@@ -1,8 +1,8 @@
-#include "comm/download_request.h"
+#include "comm/transfer/requests/download_request.h"
 
 #include "cells/cell_reading.h"
-#include "comm/ascii_block.h"
-#include "comm/download_blocks.h"
+#include "comm/transfer/requests/ascii_block.h"
+#include "comm/transfer/requests/download_blocks.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/registers.h"
