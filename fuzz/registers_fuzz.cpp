@@ -2,8 +2,8 @@
 // is written and read again, and the registers become a document's values.
 
 #include "comm/modbus_control/dry_run_link.h"
-#include "comm/registers_to_cells.h"
 #include "comm/testing/recording_frame.h"
+#include "comm/transfer/registers_to_cells.h"
 #include "ctl/register_file.h"
 #include "fuzz/fuzz_document.h"
 #include "fuzz/require.h"

@@ -2,7 +2,7 @@
 // whole lines, and as RTF they are read as they stand.
 
 #include "comm/modbus_control/exchange/rtf_text.h"
-#include "comm/transfer_texts.h"
+#include "comm/transfer/transfer_texts.h"
 #include "fuzz/require.h"
 #include "fuzz/rtf_reader.h"
 #include "fuzz/split.h"

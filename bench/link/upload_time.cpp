@@ -5,8 +5,8 @@
 #include "bench/link/table.h"
 #include "bench/link/wire.h"
 #include "comm/modbus_control/qt/qt_link.h"
-#include "comm/session.h"
-#include "comm/upload.h"
+#include "comm/transfer/session.h"
+#include "comm/transfer/upload.h"
 #include "template/native_files.h"
 #include "template/pro_leer_archivo.h"
 

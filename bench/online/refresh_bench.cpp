@@ -3,7 +3,7 @@
 
 #include "app/window_grids.h"
 #include "comm/modbus_control/dry_run_link.h"
-#include "comm/registers_to_cells.h"
+#include "comm/transfer/registers_to_cells.h"
 #include "ctl/held_frame.h"
 #include "grids/fill_settings.h"
 #include "ui/flex_grid.h"

@@ -4,7 +4,7 @@
 #include "app/menu_state.h"
 #include "app/recovery_keeper.h"
 #include "comm/main_form/title.h"
-#include "comm/session.h"
+#include "comm/transfer/session.h"
 #include "grids/unholdable_text.h"
 #include "template/file_names.h"
 #include "template/pro_escribe_archivo.h"

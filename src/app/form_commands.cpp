@@ -5,10 +5,10 @@
 #include "app/frame_life.h"
 #include "app/recover_command.h"
 #include "app/recover_form.h"
-#include "comm/download.h"
 #include "comm/main_form/monitor.h"
-#include "comm/session.h"
-#include "comm/upload.h"
+#include "comm/transfer/download.h"
+#include "comm/transfer/session.h"
+#include "comm/transfer/upload.h"
 #include "template/native_files.h"
 
 #include <QFile>

@@ -6,7 +6,7 @@
 #include "app/open_steps.h"
 #include "app/recovery_keeper.h"
 #include "comm/main_form/title.h"
-#include "comm/session.h"
+#include "comm/transfer/session.h"
 #include "grids/fill_configuration.h"
 #include "grids/fill_settings.h"
 #include "template/file_names.h"

@@ -2,8 +2,8 @@
 
 #include "comm/modbus_control/frame/rtu_frame.h"
 #include "comm/modbus_control/scan/register_ranges.h"
-#include "comm/session.h"
-#include "comm/transfer_records.h"
+#include "comm/transfer/session.h"
+#include "comm/transfer/transfer_records.h"
 #include "ctl/transfer.h"
 
 #include <algorithm>

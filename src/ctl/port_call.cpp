@@ -1,7 +1,7 @@
 #include "ctl/port_call.h"
 
 #include "comm/modbus_control/qt/qt_link.h"
-#include "comm/session.h"
+#include "comm/transfer/session.h"
 #include "ctl/notices.h"
 #include "ctl/rehearsal.h"
 #include "ctl/stop_signals.h"

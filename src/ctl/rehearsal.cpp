@@ -1,7 +1,7 @@
 #include "ctl/rehearsal.h"
 
-#include "comm/download.h"
-#include "comm/registers_to_cells.h"
+#include "comm/transfer/download.h"
+#include "comm/transfer/registers_to_cells.h"
 #include "comm/transfer/requests/needed_registers.h"
 
 namespace zorvane {

@@ -1,11 +1,11 @@
 #include "ctl/transfer.h"
 
-#include "comm/cancel.h"
-#include "comm/download.h"
 #include "comm/main_form/progress.h"
-#include "comm/session.h"
-#include "comm/transfer_records.h"
-#include "comm/upload.h"
+#include "comm/transfer/cancel.h"
+#include "comm/transfer/download.h"
+#include "comm/transfer/session.h"
+#include "comm/transfer/transfer_records.h"
+#include "comm/transfer/upload.h"
 #include "ctl/first_reading.h"
 #include "ctl/own_values.h"
 

@@ -1,8 +1,8 @@
 #include "ctl/watch.h"
 
 #include "cells/cell_reading.h"
-#include "comm/online.h"
-#include "comm/session.h"
+#include "comm/transfer/online.h"
+#include "comm/transfer/session.h"
 #include "ctl/block_results.h"
 #include "ctl/notices.h"
 #include "ctl/text_table.h"

@@ -1,4 +1,4 @@
-#include "comm/session.h"
+#include "comm/transfer/session.h"
 #include "grids/live_write.h"
 #include "grids/register_writes.h"
 #include "grids/testing/commit_outcome.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/transfer_texts.h"
+#include "comm/transfer/transfer_texts.h"
 #include "ui/common_dialog.h"
 #include "ui/fixed_dialog.h"
 

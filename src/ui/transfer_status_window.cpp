@@ -1,6 +1,6 @@
 #include "ui/transfer_status_window.h"
 
-#include "comm/status.h"
+#include "comm/transfer/status.h"
 #include "template/native_files.h"
 
 namespace zorvane {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/comm_context.h"
-#include "comm/transfer_texts.h"
+#include "comm/transfer/transfer_texts.h"
 
 #include <cstdint>
 

@@ -1,5 +1,5 @@
-#include "comm/transfer_records.h"
-#include "comm/transfer_texts.h"
+#include "comm/transfer/transfer_records.h"
+#include "comm/transfer/transfer_texts.h"
 #include "values/run_time_failure.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "cells/cell_reading.h"
-#include "comm/registers_to_cells.h"
 #include "comm/testing/comm_bench.h"
+#include "comm/transfer/registers_to_cells.h"
 #include "values/run_time_failure.h"
 
 #include <gmock/gmock.h>

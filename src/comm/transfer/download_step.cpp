@@ -1,9 +1,9 @@
-#include "comm/download_step.h"
+#include "comm/transfer/download_step.h"
 
-#include "comm/cancel.h"
 #include "comm/main_form/progress.h"
+#include "comm/transfer/cancel.h"
 #include "comm/transfer/requests/ascii_block.h"
-#include "comm/transfer_records.h"
+#include "comm/transfer/transfer_records.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 

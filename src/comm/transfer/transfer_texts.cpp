@@ -1,4 +1,4 @@
-#include "comm/transfer_texts.h"
+#include "comm/transfer/transfer_texts.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"

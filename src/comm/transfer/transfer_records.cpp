@@ -1,4 +1,4 @@
-#include "comm/transfer_records.h"
+#include "comm/transfer/transfer_records.h"
 
 #include "values/numbers.h"
 #include "values/run_time_failure.h"

@@ -1,10 +1,10 @@
 // What the user sees of each kind of transfer, in order: the panels and the label of the progress form.
-#include "comm/cancel.h"
-#include "comm/download.h"
-#include "comm/online.h"
-#include "comm/session.h"
 #include "comm/testing/comm_bench.h"
-#include "comm/upload.h"
+#include "comm/transfer/cancel.h"
+#include "comm/transfer/download.h"
+#include "comm/transfer/online.h"
+#include "comm/transfer/session.h"
+#include "comm/transfer/upload.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

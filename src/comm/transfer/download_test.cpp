@@ -1,8 +1,8 @@
-#include "comm/cancel.h"
-#include "comm/download.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "comm/testing/comm_bench.h"
-#include "comm/transfer_records.h"
+#include "comm/transfer/cancel.h"
+#include "comm/transfer/download.h"
+#include "comm/transfer/transfer_records.h"
 #include "values/run_time_failure.h"
 
 #include <gmock/gmock.h>

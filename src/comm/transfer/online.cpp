@@ -1,7 +1,7 @@
-#include "comm/online.h"
+#include "comm/transfer/online.h"
 
-#include "comm/registers_to_cells.h"
-#include "comm/transfer_bar.h"
+#include "comm/transfer/registers_to_cells.h"
+#include "comm/transfer/transfer_bar.h"
 #include "values/run_time_failure.h"
 
 namespace zorvane {

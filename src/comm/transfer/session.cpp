@@ -1,7 +1,7 @@
-#include "comm/session.h"
+#include "comm/transfer/session.h"
 
 #include "comm/main_form/bar_topics.h"
-#include "comm/transfer_bar.h"
+#include "comm/transfer/transfer_bar.h"
 #include "values/numbers.h"
 #include "values/run_time_failure.h"
 

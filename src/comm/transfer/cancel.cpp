@@ -1,6 +1,6 @@
-#include "comm/cancel.h"
+#include "comm/transfer/cancel.h"
 
-#include "comm/session.h"
+#include "comm/transfer/session.h"
 
 namespace zorvane {
 

@@ -1,14 +1,14 @@
-#include "comm/download.h"
+#include "comm/transfer/download.h"
 
-#include "comm/cancel.h"
-#include "comm/download_step.h"
 #include "comm/main_form/progress.h"
-#include "comm/session.h"
+#include "comm/transfer/cancel.h"
+#include "comm/transfer/download_step.h"
 #include "comm/transfer/requests/ascii_block.h"
 #include "comm/transfer/requests/download_request.h"
 #include "comm/transfer/requests/download_walk.h"
-#include "comm/transfer_bar.h"
-#include "comm/transfer_records.h"
+#include "comm/transfer/session.h"
+#include "comm/transfer/transfer_bar.h"
+#include "comm/transfer/transfer_records.h"
 #include "values/numbers.h"
 
 namespace zorvane {

@@ -1,9 +1,9 @@
-#include "comm/status.h"
+#include "comm/transfer/status.h"
 
-#include "comm/download.h"
-#include "comm/session.h"
-#include "comm/transfer_records.h"
-#include "comm/upload.h"
+#include "comm/transfer/download.h"
+#include "comm/transfer/session.h"
+#include "comm/transfer/transfer_records.h"
+#include "comm/transfer/upload.h"
 
 namespace zorvane {
 

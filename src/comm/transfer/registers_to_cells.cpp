@@ -1,4 +1,4 @@
-#include "comm/registers_to_cells.h"
+#include "comm/transfer/registers_to_cells.h"
 
 #include "cells/cell_reading.h"
 #include "values/numbers.h"

@@ -1,5 +1,5 @@
-#include "comm/status.h"
 #include "comm/testing/comm_bench.h"
+#include "comm/transfer/status.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

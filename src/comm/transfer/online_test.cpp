@@ -1,7 +1,7 @@
-#include "comm/online.h"
-#include "comm/registers_to_cells.h"
-#include "comm/session.h"
 #include "comm/testing/comm_bench.h"
+#include "comm/transfer/online.h"
+#include "comm/transfer/registers_to_cells.h"
+#include "comm/transfer/session.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

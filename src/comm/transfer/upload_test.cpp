@@ -1,6 +1,6 @@
-#include "comm/cancel.h"
 #include "comm/testing/comm_bench.h"
-#include "comm/upload.h"
+#include "comm/transfer/cancel.h"
+#include "comm/transfer/upload.h"
 #include "values/run_time_failure.h"
 
 #include <gmock/gmock.h>

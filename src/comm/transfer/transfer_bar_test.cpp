@@ -1,10 +1,10 @@
 // What the message bar is told of transfers and of polling.
-#include "comm/download.h"
-#include "comm/online.h"
-#include "comm/session.h"
 #include "comm/testing/comm_bench.h"
-#include "comm/transfer_bar.h"
-#include "comm/upload.h"
+#include "comm/transfer/download.h"
+#include "comm/transfer/online.h"
+#include "comm/transfer/session.h"
+#include "comm/transfer/transfer_bar.h"
+#include "comm/transfer/upload.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
-#include "comm/upload.h"
+#include "comm/transfer/upload.h"
 
-#include "comm/cancel.h"
 #include "comm/main_form/progress.h"
 #include "comm/main_form/title.h"
-#include "comm/registers_to_cells.h"
-#include "comm/session.h"
-#include "comm/transfer_bar.h"
-#include "comm/transfer_records.h"
+#include "comm/transfer/cancel.h"
+#include "comm/transfer/registers_to_cells.h"
+#include "comm/transfer/session.h"
+#include "comm/transfer/transfer_bar.h"
+#include "comm/transfer/transfer_records.h"
 #include "values/numbers.h"
 #include "values/run_time_failure.h"
 
