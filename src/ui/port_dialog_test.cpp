@@ -1,7 +1,7 @@
 #include "comm/modbus_control/line/simulated_port.h"
-#include "comm/testing/hand_clock.h"
-#include "comm/testing/scripted_port.h"
-#include "comm/testing/toy_slave.h"
+#include "comm/modbus_control/testing/hand_clock.h"
+#include "comm/modbus_control/testing/scripted_port.h"
+#include "comm/modbus_control/testing/toy_slave.h"
 #include "ui/port_dialog.h"
 #include "ui/testing/control_walk.h"
 

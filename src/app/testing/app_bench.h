@@ -6,7 +6,7 @@
 #include "app/testing/recording_document_frame.h"
 #include "app/testing/recording_files.h"
 #include "comm/main_form/title.h"
-#include "comm/testing/scripted_link.h"
+#include "comm/modbus_control/testing/scripted_link.h"
 #include "grids/memory_grid.h"
 
 #include <initializer_list>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/testing/journal.h"
+#include "comm/modbus_control/testing/journal.h"
 #include "recovery/recovery.h"
 
 #include <map>

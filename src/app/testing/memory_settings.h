@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/settings_store.h"
-#include "comm/testing/journal.h"
+#include "comm/modbus_control/testing/journal.h"
 
 #include <map>
 #include <string>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/testing/journal.h"
+#include "comm/modbus_control/testing/journal.h"
 #include "template/testing/memory_files.h"
 
 #include <memory>

@@ -2,7 +2,7 @@
 
 #include "app/print_frame.h"
 #include "app/testing/scripted_dialog.h"
-#include "comm/testing/journal.h"
+#include "comm/modbus_control/testing/journal.h"
 #include "values/numbers.h"
 
 #include <functional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/common_dialog.h"
-#include "comm/testing/journal.h"
+#include "comm/modbus_control/testing/journal.h"
 #include "values/run_time_failure.h"
 
 #include <deque>

@@ -1,6 +1,6 @@
 // Answers that can't be told apart by themselves: later than twice the time-out, second copies, those of
 // another master, acknowledgements of an earlier write. The link tells them apart by what it asks next.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // What a bad line does to the link. Each test looks at the register image afterwards: a fault may cost a
 // value, it never may bring a wrong one.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

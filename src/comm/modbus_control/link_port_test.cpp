@@ -1,5 +1,5 @@
 // The port under the link: it can't be opened, it is unplugged, it comes back.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

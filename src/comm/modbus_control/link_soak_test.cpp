@@ -1,6 +1,6 @@
 // Ten and a hundred thousand exchanges on a line where one answer in ten is spoilt, at random but from a
 // fixed seed.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 
 #include <gtest/gtest.h>
 

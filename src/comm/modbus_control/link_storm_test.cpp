@@ -4,7 +4,7 @@
 // the controller never took, or hang.
 //
 // ZORVANE_STORM=4000 runs so many transfers from each seed instead of the few hundred of the test suite.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // How many writes have ended, and whether a controller was seen on the line.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 
 #include <gtest/gtest.h>
 

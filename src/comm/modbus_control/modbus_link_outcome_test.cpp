@@ -1,5 +1,5 @@
 // What the link says of the write that ended last, whatever became of those before it.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // What the link knows of a register beyond its value: read since the port was opened, before that, or never.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 
 #include <gtest/gtest.h>
 

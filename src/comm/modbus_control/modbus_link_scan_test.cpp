@@ -1,5 +1,5 @@
 // The scan as the upload and the polling drive it: which blocks, in which order, and what a watcher sees.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // The operations of the link, as the system calls them.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 #include "values/run_time_failure.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 // The scan as a watcher sees it that looks every 10 ms, as the upload does: no index and no failure is
 // missed.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
 // Writes through the link: what goes out, and when one counts as failed.
-#include "comm/testing/link_rig.h"
+#include "comm/modbus_control/testing/link_rig.h"
 #include "values/run_time_failure.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/frame.h"
-#include "comm/testing/journal.h"
+#include "comm/modbus_control/testing/journal.h"
 
 #include <cstdint>
 #include <deque>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/modbus_control/frame/rtu_frame.h"
-#include "comm/testing/toy_slave.h"
+#include "comm/modbus_control/testing/toy_slave.h"
 
 #include <condition_variable>
 #include <functional>

@@ -1,7 +1,7 @@
 // Writes pictures of the window and its dialogs, for people to look at: ui_pictures FOLDER [dark]
 #include "comm/modbus_control/line/simulated_port.h"
-#include "comm/testing/hand_clock.h"
-#include "comm/testing/scripted_port.h"
+#include "comm/modbus_control/testing/hand_clock.h"
+#include "comm/modbus_control/testing/scripted_port.h"
 #include "ui/acercade.h"
 #include "ui/column_tip.h"
 #include "ui/common_dialog.h"

@@ -1,5 +1,5 @@
 // What comes before an answer: noise, and the adapter's echo of the request.
-#include "comm/testing/transaction_rig.h"
+#include "comm/modbus_control/testing/transaction_rig.h"
 
 namespace zorvane {
 namespace {

@@ -1,5 +1,5 @@
 // When the port is told that nothing is of use yet. 9600 baud without parity: 1042 us a character.
-#include "comm/testing/transaction_rig.h"
+#include "comm/modbus_control/testing/transaction_rig.h"
 
 #include <random>
 

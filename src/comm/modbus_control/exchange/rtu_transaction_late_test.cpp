@@ -1,6 +1,6 @@
 // Answers that come when nobody waits for them any more: after a time-out, or for a request that was
 // abandoned.
-#include "comm/testing/transaction_rig.h"
+#include "comm/modbus_control/testing/transaction_rig.h"
 
 namespace zorvane {
 namespace {

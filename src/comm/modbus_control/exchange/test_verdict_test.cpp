@@ -1,9 +1,9 @@
 // The port dialog's test: one exchange over a scripted port, and what is said of it.
 #include "comm/modbus_control/exchange/test_verdict.h"
 #include "comm/modbus_control/line/simulated_port.h"
-#include "comm/testing/hand_clock.h"
-#include "comm/testing/scripted_port.h"
-#include "comm/testing/toy_slave.h"
+#include "comm/modbus_control/testing/hand_clock.h"
+#include "comm/modbus_control/testing/scripted_port.h"
+#include "comm/modbus_control/testing/toy_slave.h"
 
 #include <gtest/gtest.h>
 

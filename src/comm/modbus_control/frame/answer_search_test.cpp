@@ -1,5 +1,5 @@
 #include "comm/modbus_control/frame/answer_search.h"
-#include "comm/testing/toy_slave.h"
+#include "comm/modbus_control/testing/toy_slave.h"
 
 #include <gtest/gtest.h>
 

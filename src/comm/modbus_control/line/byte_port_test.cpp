@@ -1,6 +1,6 @@
 // The scripted port behaves as a real one does, so that tests on it mean something.
-#include "comm/testing/byte_port_suite.h"
-#include "comm/testing/scripted_port.h"
+#include "comm/modbus_control/testing/byte_port_suite.h"
+#include "comm/modbus_control/testing/scripted_port.h"
 
 namespace zorvane {
 namespace {

@@ -3,10 +3,10 @@
 #include "comm/modbus_control/qt/qt_link_clock.h"
 #include "comm/modbus_control/qt/qt_serial_port.h"
 #include "comm/modbus_control/qt/serial_line_system.h"
-#include "comm/testing/byte_port_suite.h"
-#include "comm/testing/link_rig.h"
-#include "comm/testing/pty_line.h"
-#include "comm/testing/toy_slave.h"
+#include "comm/modbus_control/testing/byte_port_suite.h"
+#include "comm/modbus_control/testing/link_rig.h"
+#include "comm/modbus_control/testing/pty_line.h"
+#include "comm/modbus_control/testing/toy_slave.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>

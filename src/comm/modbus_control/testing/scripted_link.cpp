@@ -1,4 +1,4 @@
-#include "comm/testing/scripted_link.h"
+#include "comm/modbus_control/testing/scripted_link.h"
 
 #include <utility>
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "comm/modbus_control/modbus_link.h"
-#include "comm/testing/hand_clock.h"
-#include "comm/testing/scripted_port.h"
-#include "comm/testing/toy_slave.h"
+#include "comm/modbus_control/testing/hand_clock.h"
+#include "comm/modbus_control/testing/scripted_port.h"
+#include "comm/modbus_control/testing/toy_slave.h"
 
 #include <functional>
 #include <optional>
