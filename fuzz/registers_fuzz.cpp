@@ -1,8 +1,8 @@
 // Any bytes as a file of registers: the terminal program and the simulator take the same files, what is taken
 // is written and read again, and the registers become a document's values.
 
+#include "comm/main_form/testing/recording_frame.h"
 #include "comm/modbus_control/dry_run_link.h"
-#include "comm/testing/recording_frame.h"
 #include "comm/transfer/registers_to_cells.h"
 #include "ctl/register_file.h"
 #include "fuzz/fuzz_document.h"

@@ -1,5 +1,5 @@
 #include "cells/cell_names.h"
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 
 #include <gtest/gtest.h>
 

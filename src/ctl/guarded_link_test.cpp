@@ -1,5 +1,5 @@
 // The link of one transfer: what became of its writes, and nothing new once somebody asked for the end.
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "ctl/guarded_link.h"
 #include "ctl/transfer.h"
 

@@ -1,6 +1,6 @@
 // zorvanectl apply and plan: transfers rehearsed on a register image.
 
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "ctl/rehearsal.h"
 #include "ctl/testing/ctl_bench.h"
 #include "ctl/testing/small_model.h"

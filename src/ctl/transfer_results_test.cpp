@@ -1,5 +1,5 @@
 // What a transfer in a terminal tells of each request: read or written, refused, unanswered, not sent.
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "ctl/own_values.h"
 #include "ctl/transfer.h"
 #include "ctl/transfer_text.h"

@@ -1,6 +1,6 @@
 // What a transfer in a terminal comes to: outcome, records, refusals, and a session that has ended.
 
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/cancel.h"
 #include "ctl/transfer.h"
 #include "ctl/transfer_text.h"

@@ -1,5 +1,5 @@
 // Live values in a terminal.
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "ctl/watch.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "ui/status_bar.h"
 #include "ui/testing/control_walk.h"
 #include "ui/transfer_status_window.h"

@@ -2,7 +2,7 @@
 
 #include "app/document_frame.h"
 #include "app/testing/scripted_dialog.h"
-#include "comm/testing/recording_frame.h"
+#include "comm/main_form/testing/recording_frame.h"
 #include "grids/vsflexgrid.h"
 
 #include <map>

@@ -1,5 +1,5 @@
 #include "comm/main_form/monitor.h"
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
+#include "comm/main_form/testing/comm_bench.h"
 #include "comm/modbus_control/dry_run_link.h"
-#include "comm/testing/comm_bench.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/download.h"
 #include "comm/transfer/transfer_records.h"

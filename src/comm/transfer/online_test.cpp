@@ -1,4 +1,4 @@
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/online.h"
 #include "comm/transfer/registers_to_cells.h"
 #include "comm/transfer/session.h"

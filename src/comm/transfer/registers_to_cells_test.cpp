@@ -1,5 +1,5 @@
 #include "cells/cell_reading.h"
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/registers_to_cells.h"
 #include "values/run_time_failure.h"
 

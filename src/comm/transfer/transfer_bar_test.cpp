@@ -1,5 +1,5 @@
 // What the message bar is told of transfers and of polling.
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/download.h"
 #include "comm/transfer/online.h"
 #include "comm/transfer/session.h"

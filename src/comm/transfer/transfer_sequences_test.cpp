@@ -1,5 +1,5 @@
 // What the user sees of each kind of transfer, in order: the panels and the label of the progress form.
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/download.h"
 #include "comm/transfer/online.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "grids/flx_settings.h"
 #include "grids/grid_context.h"
 #include "grids/memory_grid.h"

@@ -1,4 +1,4 @@
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/requests/ascii_block.h"
 #include "values/run_time_failure.h"
 

@@ -1,4 +1,4 @@
-#include "comm/testing/comm_bench.h"
+#include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/requests/download_blocks.h"
 #include "comm/transfer/requests/download_request.h"
 #include "values/run_time_failure.h"

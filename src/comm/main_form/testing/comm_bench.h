@@ -1,9 +1,9 @@
 #pragma once
 
 #include "comm/main_form/comm_context.h"
+#include "comm/main_form/testing/recording_frame.h"
 #include "comm/modbus_control/testing/journal.h"
 #include "comm/modbus_control/testing/scripted_link.h"
-#include "comm/testing/recording_frame.h"
 #include "template/messages.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "comm/testing/recording_frame.h"
+#include "comm/main_form/testing/recording_frame.h"
 
 #include <stdexcept>
 
