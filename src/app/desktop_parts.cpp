@@ -4,10 +4,10 @@
 #include "app/font_size.h"
 #include "template/file_names.h"
 #include "ui/acercade.h"
+#include "ui/base/icons.h"
+#include "ui/base/text.h"
 #include "ui/column_tip.h"
 #include "ui/iconic.h"
-#include "ui/icons.h"
-#include "ui/text.h"
 
 #include <QAction>
 #include <QCursor>

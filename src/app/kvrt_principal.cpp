@@ -13,8 +13,8 @@
 #include "comm/transfer/upload.h"
 #include "grids/fill_settings.h"
 #include "grids/stopping_on_failure.h"
+#include "ui/base/text.h"
 #include "ui/frm_debug.h"
-#include "ui/text.h"
 #include "values/numbers.h"
 
 #include <QApplication>

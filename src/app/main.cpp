@@ -1,8 +1,8 @@
 #include "app/end_signals.h"
 #include "app/kvrt_principal.h"
 #include "template/native_files.h"
-#include "ui/focus_style.h"
-#include "ui/icons.h"
+#include "ui/base/focus_style.h"
+#include "ui/base/icons.h"
 
 #include <QApplication>
 

@@ -1,7 +1,7 @@
 #include "app/qt_settings_store.h"
 
 #include "template/asker.h"
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 namespace zorvane {
 

@@ -1,6 +1,6 @@
 #include "app/qt_text_widths.h"
 
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QFontMetricsF>
 

@@ -2,7 +2,7 @@
 
 #include "app/window_frame.h"
 #include "template/asker.h"
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>

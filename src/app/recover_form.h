@@ -1,7 +1,7 @@
 #pragma once
 
 #include "recovery/recovery.h"
-#include "ui/fixed_dialog.h"
+#include "ui/base/fixed_dialog.h"
 
 #include <QDialog>
 

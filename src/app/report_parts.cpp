@@ -5,13 +5,13 @@
 #include "reports/byte_file.h"
 #include "reports/qt_report_clock.h"
 #include "template/native_files.h"
+#include "ui/base/icons.h"
+#include "ui/base/text.h"
 #include "ui/font_dialog.h"
-#include "ui/icons.h"
 #include "ui/mensaje.h"
 #include "ui/page_setup_dialog.h"
 #include "ui/preview_window.h"
 #include "ui/report_printing.h"
-#include "ui/text.h"
 
 #include <QApplication>
 #include <QDesktopServices>

@@ -1,8 +1,8 @@
 #include "app/window_dialog.h"
 
 #include "template/native_files.h"
-#include "ui/dialog_filter.h"
-#include "ui/text.h"
+#include "ui/base/dialog_filter.h"
+#include "ui/base/text.h"
 #include "values/run_time_failure.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/common_dialog.h"
-#include "ui/common_dialog.h"
+#include "ui/base/common_dialog.h"
 
 #include <QWidget>
 

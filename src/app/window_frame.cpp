@@ -1,11 +1,11 @@
 #include "app/window_frame.h"
 
 #include "template/native_files.h"
+#include "ui/base/text.h"
 #include "ui/frm_debug.h"
 #include "ui/lost_com.h"
 #include "ui/message_bar_view.h"
 #include "ui/msgb.h"
-#include "ui/text.h"
 
 #include <QAction>
 #include <QApplication>

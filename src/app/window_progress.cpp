@@ -1,6 +1,6 @@
 #include "app/window_progress.h"
 
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QProgressBar>
 

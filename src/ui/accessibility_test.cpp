@@ -1,7 +1,7 @@
 // What somebody meets who uses the program by keyboard or by a screen reader: every control of every window.
 
 #include "ui/acercade.h"
-#include "ui/focus_style.h"
+#include "ui/base/focus_style.h"
 #include "ui/font_dialog.h"
 #include "ui/frm_debug.h"
 #include "ui/lost_com.h"

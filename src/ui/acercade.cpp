@@ -1,7 +1,7 @@
 #include "ui/acercade.h"
 
 #include "template/asker.h"
-#include "ui/icons.h"
+#include "ui/base/icons.h"
 
 #include <QKeyEvent>
 #include <QLabel>

@@ -1,10 +1,10 @@
 #include "ui/acercade.h"
+#include "ui/base/wrapped_label.h"
 #include "ui/frm_debug.h"
 #include "ui/lost_com.h"
 #include "ui/mensaje.h"
 #include "ui/msgb.h"
 #include "ui/porcentaje.h"
-#include "ui/wrapped_label.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #include "ui/flex_grid_delegate.h"
 
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>

@@ -1,6 +1,6 @@
+#include "ui/base/text.h"
 #include "ui/flex_grid_view.h"
 #include "ui/pasted_text.h"
-#include "ui/text.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #include "ui/font_dialog.h"
 
-#include "ui/caption_frame.h"
-#include "ui/text.h"
+#include "ui/base/caption_frame.h"
+#include "ui/base/text.h"
 #include "values/font_sizes.h"
 #include "values/numbers.h"
 

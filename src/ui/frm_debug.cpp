@@ -1,8 +1,8 @@
 #include "ui/frm_debug.h"
 
-#include "ui/roles.h"
-#include "ui/text.h"
-#include "ui/twips.h"
+#include "ui/base/roles.h"
+#include "ui/base/text.h"
+#include "ui/base/twips.h"
 
 #include <QAction>
 #include <QCloseEvent>

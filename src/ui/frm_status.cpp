@@ -2,8 +2,8 @@
 
 #include "comm/modbus_control/exchange/rtf_text.h"
 #include "template/asker.h"
-#include "ui/text.h"
-#include "ui/wrapped_label.h"
+#include "ui/base/text.h"
+#include "ui/base/wrapped_label.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "comm/transfer/transfer_texts.h"
-#include "ui/common_dialog.h"
-#include "ui/fixed_dialog.h"
+#include "ui/base/common_dialog.h"
+#include "ui/base/fixed_dialog.h"
 
 #include <functional>
 

@@ -1,6 +1,6 @@
 #include "ui/lost_com.h"
 
-#include "ui/beside.h"
+#include "ui/base/beside.h"
 
 #include <QApplication>
 #include <QLabel>

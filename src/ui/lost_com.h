@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/fixed_dialog.h"
+#include "ui/base/fixed_dialog.h"
 
 #include <QPointer>
 

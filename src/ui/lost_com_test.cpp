@@ -1,6 +1,6 @@
 // The notice of a lost link beside a question.
 
-#include "ui/beside.h"
+#include "ui/base/beside.h"
 #include "ui/lost_com.h"
 #include "ui/msgb.h"
 

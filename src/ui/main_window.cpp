@@ -1,12 +1,12 @@
 #include "ui/main_window.h"
 
 #include "ui/bar_place.h"
-#include "ui/caption_frame.h"
+#include "ui/base/caption_frame.h"
+#include "ui/base/icons.h"
+#include "ui/base/text.h"
 #include "ui/column_tip.h"
-#include "ui/icons.h"
 #include "ui/message_bar_view.h"
 #include "ui/split_bar.h"
-#include "ui/text.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "ui/base/window_layout.h"
 #include "ui/flex_grid.h"
 #include "ui/main_menu.h"
 #include "ui/status_bar.h"
-#include "ui/window_layout.h"
 
 #include <QMainWindow>
 #include <QPointer>

@@ -1,7 +1,7 @@
 #include "ui/message_bar_view.h"
 
-#include "ui/roles.h"
-#include "ui/text.h"
+#include "ui/base/roles.h"
+#include "ui/base/text.h"
 
 #include <QScrollBar>
 

@@ -1,9 +1,9 @@
 #include "ui/message_line.h"
 
-#include "ui/icons.h"
-#include "ui/roles.h"
-#include "ui/text.h"
-#include "ui/wrapped_label.h"
+#include "ui/base/icons.h"
+#include "ui/base/roles.h"
+#include "ui/base/text.h"
+#include "ui/base/wrapped_label.h"
 
 #include <QAccessible>
 #include <QKeyEvent>

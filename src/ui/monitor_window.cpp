@@ -1,8 +1,8 @@
 #include "ui/monitor_window.h"
 
 #include "template/asker.h"
-#include "ui/roles.h"
-#include "ui/text.h"
+#include "ui/base/roles.h"
+#include "ui/base/text.h"
 #include "ui/traffic_delegate.h"
 
 #include <QAction>

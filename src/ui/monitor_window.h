@@ -1,8 +1,8 @@
 #pragma once
 
 #include "comm/modbus_control/link_windows.h"
-#include "ui/common_dialog.h"
-#include "ui/fixed_dialog.h"
+#include "ui/base/common_dialog.h"
+#include "ui/base/fixed_dialog.h"
 #include "ui/traffic_feed.h"
 #include "ui/traffic_model.h"
 

@@ -1,9 +1,9 @@
 #include "ui/msgb.h"
 
 #include "template/asker.h"
-#include "ui/icons.h"
-#include "ui/text.h"
-#include "ui/wrapped_label.h"
+#include "ui/base/icons.h"
+#include "ui/base/text.h"
+#include "ui/base/wrapped_label.h"
 
 #include <QPushButton>
 

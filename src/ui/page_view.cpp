@@ -1,8 +1,8 @@
 #include "ui/page_view.h"
 
 #include "reports/qt_page_painter.h"
-#include "ui/roles.h"
-#include "ui/text.h"
+#include "ui/base/roles.h"
+#include "ui/base/text.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "ui/pasted_text.h"
 
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QList>
 

@@ -1,7 +1,7 @@
 #include "ui/port_dialog.h"
 
 #include "comm/modbus_control/line/simulated_port.h"
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QCheckBox>
 #include <QComboBox>

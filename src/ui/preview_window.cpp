@@ -1,8 +1,8 @@
 #include "ui/preview_window.h"
 
 #include "reports/page_document.h"
-#include "ui/icons.h"
-#include "ui/text.h"
+#include "ui/base/icons.h"
+#include "ui/base/text.h"
 
 #include <QAction>
 #include <QCloseEvent>

@@ -1,7 +1,7 @@
 #include "ui/report_printing.h"
 
 #include "reports/qt_page_painter.h"
-#include "ui/text.h"
+#include "ui/base/text.h"
 #include "values/twips.h"
 
 #include <QPageLayout>

@@ -1,10 +1,10 @@
+#include "ui/base/dialog_filter.h"
+#include "ui/base/icons.h"
+#include "ui/base/text.h"
+#include "ui/base/twips.h"
 #include "ui/combo_entries.h"
-#include "ui/dialog_filter.h"
-#include "ui/icons.h"
 #include "ui/key_codes.h"
 #include "ui/packed_colour.h"
-#include "ui/text.h"
-#include "ui/twips.h"
 
 #include <QDir>
 #include <QImage>

@@ -1,7 +1,7 @@
 #include "ui/split_bar.h"
 
-#include "ui/roles.h"
-#include "ui/text.h"
+#include "ui/base/roles.h"
+#include "ui/base/text.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>

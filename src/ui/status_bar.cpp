@@ -1,6 +1,6 @@
 #include "ui/status_bar.h"
 
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QHelpEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/window_layout.h"
+#include "ui/base/window_layout.h"
 
 #include <QLabel>
 #include <QStatusBar>

@@ -1,6 +1,6 @@
 #include "ui/traffic_model.h"
 
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QColor>
 #include <QGuiApplication>

@@ -4,8 +4,8 @@
 #include "app/document_commands.h"
 #include "app/kvrt_principal.h"
 #include "template/testing/temporary_folder.h"
+#include "ui/base/text.h"
 #include "ui/testing/dark_palette.h"
-#include "ui/text.h"
 
 #include <QApplication>
 #include <QDir>

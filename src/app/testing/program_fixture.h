@@ -2,7 +2,7 @@
 
 #include "app/kvrt_principal.h"
 #include "template/testing/temporary_folder.h"
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,6 +1,6 @@
-#include "ui/fixed_dialog.h"
+#include "ui/base/fixed_dialog.h"
 
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QPushButton>
 

@@ -1,7 +1,7 @@
-#include "ui/common_dialog.h"
+#include "ui/base/common_dialog.h"
 
-#include "ui/dialog_filter.h"
-#include "ui/text.h"
+#include "ui/base/dialog_filter.h"
+#include "ui/base/text.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

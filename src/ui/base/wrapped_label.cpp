@@ -1,4 +1,4 @@
-#include "ui/wrapped_label.h"
+#include "ui/base/wrapped_label.h"
 
 #include <QPainter>
 #include <QTextOption>

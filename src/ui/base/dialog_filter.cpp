@@ -1,4 +1,4 @@
-#include "ui/dialog_filter.h"
+#include "ui/base/dialog_filter.h"
 
 #include <QRegularExpression>
 

@@ -1,4 +1,4 @@
-#include "ui/roles.h"
+#include "ui/base/roles.h"
 
 #include <QAccessibleWidget>
 #include <QVariant>

@@ -1,4 +1,4 @@
-#include "ui/focus_style.h"
+#include "ui/base/focus_style.h"
 
 #include <QPainter>
 #include <QStyleOption>

@@ -1,4 +1,4 @@
-#include "ui/common_dialog.h"
+#include "ui/base/common_dialog.h"
 
 #include <QCheckBox>
 #include <QDir>

@@ -1,4 +1,4 @@
-#include "ui/icons.h"
+#include "ui/base/icons.h"
 
 #include <QtGlobal>
 

@@ -1,4 +1,4 @@
-#include "ui/beside.h"
+#include "ui/base/beside.h"
 
 #include <algorithm>
 #include <array>

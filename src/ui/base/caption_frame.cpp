@@ -1,6 +1,6 @@
-#include "ui/caption_frame.h"
+#include "ui/base/caption_frame.h"
 
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include <QPainter>
 

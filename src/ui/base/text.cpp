@@ -1,4 +1,4 @@
-#include "ui/text.h"
+#include "ui/base/text.h"
 
 #include "values/code_page.h"
 
