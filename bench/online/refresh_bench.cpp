@@ -6,7 +6,7 @@
 #include "comm/transfer/registers_to_cells.h"
 #include "ctl/held_frame.h"
 #include "grids/fill_settings.h"
-#include "ui/flex_grid.h"
+#include "ui/grid/flex_grid.h"
 
 #include <QApplication>
 

@@ -4,7 +4,7 @@
 #include "comm/modbus_control/dry_run_link.h"
 #include "ctl/held_frame.h"
 #include "grids/fill_settings.h"
-#include "ui/flex_grid.h"
+#include "ui/grid/flex_grid.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -6,7 +6,7 @@
 #include "ui/acercade.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
-#include "ui/column_tip.h"
+#include "ui/grid/column_tip.h"
 #include "ui/iconic.h"
 
 #include <QAction>

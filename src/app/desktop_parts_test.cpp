@@ -1,7 +1,7 @@
 // What the desktop has to do with the window: text size, tray, help, the tip at a column's border.
 
 #include "app/testing/program_fixture.h"
-#include "ui/column_tip.h"
+#include "ui/grid/column_tip.h"
 
 #include <QHeaderView>
 #include <QLabel>

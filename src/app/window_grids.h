@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/frame.h"
-#include "ui/flex_grid.h"
+#include "ui/grid/flex_grid.h"
 
 #include <functional>
 

@@ -4,7 +4,7 @@
 #include "ui/base/caption_frame.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
-#include "ui/column_tip.h"
+#include "ui/grid/column_tip.h"
 #include "ui/message_bar_view.h"
 #include "ui/split_bar.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/base/window_layout.h"
-#include "ui/flex_grid.h"
+#include "ui/grid/flex_grid.h"
 #include "ui/main_menu.h"
 #include "ui/status_bar.h"
 

@@ -2,9 +2,9 @@
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
 #include "ui/base/twips.h"
-#include "ui/combo_entries.h"
-#include "ui/key_codes.h"
-#include "ui/packed_colour.h"
+#include "ui/grid/combo_entries.h"
+#include "ui/grid/key_codes.h"
+#include "ui/grid/packed_colour.h"
 
 #include <QDir>
 #include <QImage>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/flex_grid.h"
+#include "ui/grid/flex_grid.h"
 
 #include <QApplication>
 #include <QHeaderView>

@@ -1,7 +1,7 @@
-#include "ui/flex_grid_model.h"
+#include "ui/grid/flex_grid_model.h"
 
 #include "ui/base/text.h"
-#include "ui/packed_colour.h"
+#include "ui/grid/packed_colour.h"
 
 #include <QBrush>
 

@@ -1,6 +1,6 @@
-#include "ui/flex_grid_view.h"
+#include "ui/grid/flex_grid_view.h"
 
-#include "ui/flex_grid_delegate.h"
+#include "ui/grid/flex_grid_delegate.h"
 
 #include <QHeaderView>
 #include <QPaintEvent>

@@ -1,8 +1,8 @@
 // The whole text of what is cut, and columns as wide as their texts.
 
 #include "ui/base/text.h"
-#include "ui/flex_grid_delegate.h"
-#include "ui/flex_grid_view.h"
+#include "ui/grid/flex_grid_delegate.h"
+#include "ui/grid/flex_grid_view.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>

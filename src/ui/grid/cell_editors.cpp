@@ -1,7 +1,7 @@
-#include "ui/cell_editors.h"
+#include "ui/grid/cell_editors.h"
 
 #include "ui/base/text.h"
-#include "ui/pasted_text.h"
+#include "ui/grid/pasted_text.h"
 
 #include <QAbstractItemView>
 #include <QAction>

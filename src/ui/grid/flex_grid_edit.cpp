@@ -1,6 +1,6 @@
 #include "ui/base/text.h"
-#include "ui/flex_grid_view.h"
-#include "ui/pasted_text.h"
+#include "ui/grid/flex_grid_view.h"
+#include "ui/grid/pasted_text.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 #include "grids/testing/flex_grid_suite.h"
-#include "ui/flex_grid.h"
-#include "ui/packed_colour.h"
+#include "ui/grid/flex_grid.h"
+#include "ui/grid/packed_colour.h"
 #include "ui/testing/grid_fixture.h"
 #include "values/colours.h"
 

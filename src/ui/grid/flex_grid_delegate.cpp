@@ -1,4 +1,4 @@
-#include "ui/flex_grid_delegate.h"
+#include "ui/grid/flex_grid_delegate.h"
 
 #include "ui/base/text.h"
 

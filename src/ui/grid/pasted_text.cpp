@@ -1,4 +1,4 @@
-#include "ui/pasted_text.h"
+#include "ui/grid/pasted_text.h"
 
 #include "ui/base/text.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ui/base/twips.h"
-#include "ui/cell_editors.h"
-#include "ui/flex_grid_model.h"
+#include "ui/grid/cell_editors.h"
+#include "ui/grid/flex_grid_model.h"
 
 #include <QPointer>
 #include <QTableView>

@@ -1,4 +1,4 @@
-#include "ui/flex_grid_view.h"
+#include "ui/grid/flex_grid_view.h"
 
 #include <QHeaderView>
 #include <QScrollBar>

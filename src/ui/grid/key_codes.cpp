@@ -1,4 +1,4 @@
-#include "ui/key_codes.h"
+#include "ui/grid/key_codes.h"
 
 #include <algorithm>
 #include <array>

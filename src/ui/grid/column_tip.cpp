@@ -1,8 +1,8 @@
-#include "ui/column_tip.h"
+#include "ui/grid/column_tip.h"
 
 #include "ui/base/text.h"
 #include "ui/base/twips.h"
-#include "ui/flex_grid_view.h"
+#include "ui/grid/flex_grid_view.h"
 #include "values/twips.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/combo_entries.h"
+#include "ui/grid/combo_entries.h"
 
 #include <QClipboard>
 #include <QComboBox>

@@ -1,4 +1,4 @@
-#include "ui/flex_grid.h"
+#include "ui/grid/flex_grid.h"
 
 #include <QHeaderView>
 

@@ -1,6 +1,6 @@
 // What comes from the clipboard, and what a cell doesn't take of it.
 
-#include "ui/pasted_text.h"
+#include "ui/grid/pasted_text.h"
 #include "ui/testing/grid_fixture.h"
 
 #include <QAction>

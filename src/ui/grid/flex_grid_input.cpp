@@ -1,5 +1,5 @@
-#include "ui/flex_grid_view.h"
-#include "ui/key_codes.h"
+#include "ui/grid/flex_grid_view.h"
+#include "ui/grid/key_codes.h"
 
 #include <QHeaderView>
 #include <QHelpEvent>

@@ -1,4 +1,4 @@
-#include "ui/combo_entries.h"
+#include "ui/grid/combo_entries.h"
 
 #include "values/code_page.h"
 

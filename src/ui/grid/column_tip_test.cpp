@@ -1,4 +1,4 @@
-#include "ui/column_tip.h"
+#include "ui/grid/column_tip.h"
 #include "ui/main_window.h"
 #include "ui/testing/sample_window.h"
 

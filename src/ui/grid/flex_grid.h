@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/flex_grid_view.h"
+#include "ui/grid/flex_grid_view.h"
 
 namespace zorvane {
 
