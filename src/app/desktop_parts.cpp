@@ -7,7 +7,7 @@
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
 #include "ui/grid/column_tip.h"
-#include "ui/iconic.h"
+#include "ui/main/iconic.h"
 
 #include <QAction>
 #include <QCursor>

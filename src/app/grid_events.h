@@ -2,7 +2,7 @@
 
 #include "app/event_edge.h"
 #include "grids/grid_context.h"
-#include "ui/main_window.h"
+#include "ui/main/main_window.h"
 
 namespace zorvane {
 

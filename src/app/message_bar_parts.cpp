@@ -1,7 +1,7 @@
 #include "app/message_bar_parts.h"
 
 #include "template/native_files.h"
-#include "ui/message_bar_view.h"
+#include "ui/main/message_bar_view.h"
 
 namespace zorvane {
 

@@ -2,7 +2,7 @@
 
 #include "app/document_rows.h"
 #include "app/testing/program_fixture.h"
-#include "ui/message_bar_view.h"
+#include "ui/main/message_bar_view.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -4,7 +4,7 @@
 #include "ui/base/text.h"
 #include "ui/frm_debug.h"
 #include "ui/lost_com.h"
-#include "ui/message_bar_view.h"
+#include "ui/main/message_bar_view.h"
 #include "ui/msgb.h"
 
 #include <QAction>

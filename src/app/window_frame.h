@@ -6,7 +6,7 @@
 #include "app/window_dialog.h"
 #include "app/window_grids.h"
 #include "app/window_progress.h"
-#include "ui/main_window.h"
+#include "ui/main/main_window.h"
 
 #include <functional>
 

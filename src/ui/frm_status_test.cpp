@@ -1,5 +1,5 @@
 #include "comm/main_form/testing/comm_bench.h"
-#include "ui/status_bar.h"
+#include "ui/main/status_bar.h"
 #include "ui/testing/control_walk.h"
 #include "ui/transfer_status_window.h"
 

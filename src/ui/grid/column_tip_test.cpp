@@ -1,5 +1,5 @@
 #include "ui/grid/column_tip.h"
-#include "ui/main_window.h"
+#include "ui/main/main_window.h"
 #include "ui/testing/sample_window.h"
 
 #include <QApplication>

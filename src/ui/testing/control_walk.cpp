@@ -1,6 +1,6 @@
 #include "ui/testing/control_walk.h"
 
-#include "ui/split_bar.h"
+#include "ui/main/split_bar.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/main_window.h"
+#include "ui/main/main_window.h"
 
 namespace zorvane::samples {
 

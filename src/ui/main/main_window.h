@@ -2,8 +2,8 @@
 
 #include "ui/base/window_layout.h"
 #include "ui/grid/flex_grid.h"
-#include "ui/main_menu.h"
-#include "ui/status_bar.h"
+#include "ui/main/main_menu.h"
+#include "ui/main/status_bar.h"
 
 #include <QMainWindow>
 #include <QPointer>

@@ -1,4 +1,4 @@
-#include "ui/bar_place.h"
+#include "ui/main/bar_place.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ui/split_bar.h"
+#include "ui/main/split_bar.h"
 
 #include "ui/base/roles.h"
 #include "ui/base/text.h"

@@ -1,12 +1,12 @@
-#include "ui/main_window.h"
+#include "ui/main/main_window.h"
 
-#include "ui/bar_place.h"
 #include "ui/base/caption_frame.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
 #include "ui/grid/column_tip.h"
-#include "ui/message_bar_view.h"
-#include "ui/split_bar.h"
+#include "ui/main/bar_place.h"
+#include "ui/main/message_bar_view.h"
+#include "ui/main/split_bar.h"
 
 #include <QApplication>
 #include <QCloseEvent>

@@ -5,7 +5,7 @@
 #include "ui/font_dialog.h"
 #include "ui/frm_debug.h"
 #include "ui/lost_com.h"
-#include "ui/main_window.h"
+#include "ui/main/main_window.h"
 #include "ui/mensaje.h"
 #include "ui/msgb.h"
 #include "ui/porcentaje.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/message_line.h"
+#include "ui/main/message_line.h"
 
 #include <QAccessible>
 #include <QPointer>

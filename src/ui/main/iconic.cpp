@@ -1,4 +1,4 @@
-#include "ui/iconic.h"
+#include "ui/main/iconic.h"
 
 #include <QWidget>
 

@@ -1,4 +1,4 @@
-#include "ui/message_bar_view.h"
+#include "ui/main/message_bar_view.h"
 
 #include "ui/base/roles.h"
 #include "ui/base/text.h"

@@ -1,4 +1,4 @@
-#include "ui/status_bar.h"
+#include "ui/main/status_bar.h"
 
 #include "ui/base/text.h"
 

@@ -1,4 +1,4 @@
-#include "ui/message_line.h"
+#include "ui/main/message_line.h"
 
 #include "ui/base/icons.h"
 #include "ui/base/roles.h"

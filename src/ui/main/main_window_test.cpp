@@ -1,4 +1,4 @@
-#include "ui/main_window.h"
+#include "ui/main/main_window.h"
 #include "ui/testing/sample_window.h"
 
 #include <QAction>

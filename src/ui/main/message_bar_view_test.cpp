@@ -1,7 +1,7 @@
 // The message bar over the lower grid of the main form.
 
-#include "ui/main_window.h"
-#include "ui/message_bar_view.h"
+#include "ui/main/main_window.h"
+#include "ui/main/message_bar_view.h"
 #include "ui/testing/control_walk.h"
 #include "ui/testing/sample_window.h"
 
