@@ -1,6 +1,6 @@
 #include "app/busy_run.h"
 
-#include "ui/mensaje.h"
+#include "ui/forms/mensaje.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -3,9 +3,9 @@
 #include "app/desktop_shell.h"
 #include "app/font_size.h"
 #include "template/file_names.h"
-#include "ui/acercade.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
+#include "ui/forms/acercade.h"
 #include "ui/grid/column_tip.h"
 #include "ui/main/iconic.h"
 

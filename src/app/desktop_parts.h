@@ -3,7 +3,7 @@
 #include "app/form_commands.h"
 #include "app/help.h"
 #include "app/tray.h"
-#include "ui/font_dialog.h"
+#include "ui/forms/font_dialog.h"
 
 #include <QPointer>
 

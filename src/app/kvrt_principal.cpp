@@ -14,7 +14,7 @@
 #include "grids/fill_settings.h"
 #include "grids/stopping_on_failure.h"
 #include "ui/base/text.h"
-#include "ui/frm_debug.h"
+#include "ui/forms/frm_debug.h"
 #include "values/numbers.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 // The whole window, driven from inside: start, documents, editing, the ways out.
 
 #include "app/testing/program_fixture.h"
-#include "ui/msgb.h"
+#include "ui/forms/msgb.h"
 #include "ui/testing/control_walk.h"
 
 #include <QCheckBox>

@@ -3,8 +3,8 @@
 #include "app/form_commands.h"
 #include "comm/modbus_control/qt/qt_link.h"
 #include "comm/modbus_control/qt/qt_simulator.h"
+#include "ui/forms/transfer_status_window.h"
 #include "ui/line_windows.h"
-#include "ui/transfer_status_window.h"
 
 #include <optional>
 #include <string>

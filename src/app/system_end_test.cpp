@@ -1,7 +1,7 @@
 // The program is ended by the system: without a question, with a copy of the changes.
 
 #include "app/testing/program_fixture.h"
-#include "ui/msgb.h"
+#include "ui/forms/msgb.h"
 
 #include <QProcess>
 #include <QPushButton>

@@ -2,10 +2,10 @@
 
 #include "template/native_files.h"
 #include "ui/base/text.h"
-#include "ui/frm_debug.h"
-#include "ui/lost_com.h"
+#include "ui/forms/frm_debug.h"
+#include "ui/forms/lost_com.h"
+#include "ui/forms/msgb.h"
 #include "ui/main/message_bar_view.h"
-#include "ui/msgb.h"
 
 #include <QAction>
 #include <QApplication>

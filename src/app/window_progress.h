@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/frame.h"
-#include "ui/porcentaje.h"
+#include "ui/forms/porcentaje.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 // Transfers in the window, with the simulated controller at the other end of the line.
 
 #include "app/testing/program_fixture.h"
-#include "ui/frm_debug.h"
+#include "ui/forms/frm_debug.h"
 
 #include <QPlainTextEdit>
 #include <QProcess>

@@ -2,7 +2,7 @@
 #include "app/kvrt_principal.h"
 #include "app/report_parts.h"
 #include "template/testing/temporary_folder.h"
-#include "ui/mensaje.h"
+#include "ui/forms/mensaje.h"
 #include "ui/page_setup_dialog.h"
 #include "ui/preview_window.h"
 #include "ui/testing/dark_palette.h"

@@ -1,14 +1,14 @@
 // What somebody meets who uses the program by keyboard or by a screen reader: every control of every window.
 
-#include "ui/acercade.h"
 #include "ui/base/focus_style.h"
-#include "ui/font_dialog.h"
-#include "ui/frm_debug.h"
-#include "ui/lost_com.h"
+#include "ui/forms/acercade.h"
+#include "ui/forms/font_dialog.h"
+#include "ui/forms/frm_debug.h"
+#include "ui/forms/lost_com.h"
+#include "ui/forms/mensaje.h"
+#include "ui/forms/msgb.h"
+#include "ui/forms/porcentaje.h"
 #include "ui/main/main_window.h"
-#include "ui/mensaje.h"
-#include "ui/msgb.h"
-#include "ui/porcentaje.h"
 #include "ui/testing/control_walk.h"
 #include "ui/testing/sample_window.h"
 

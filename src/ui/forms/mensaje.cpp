@@ -1,4 +1,4 @@
-#include "ui/mensaje.h"
+#include "ui/forms/mensaje.h"
 
 #include <QGroupBox>
 #include <QLabel>

@@ -1,8 +1,8 @@
 // The notice of a lost link beside a question.
 
 #include "ui/base/beside.h"
-#include "ui/lost_com.h"
-#include "ui/msgb.h"
+#include "ui/forms/lost_com.h"
+#include "ui/forms/msgb.h"
 
 #include <QApplication>
 #include <QPushButton>

@@ -1,4 +1,4 @@
-#include "ui/frm_debug.h"
+#include "ui/forms/frm_debug.h"
 
 #include "ui/base/roles.h"
 #include "ui/base/text.h"

@@ -1,4 +1,4 @@
-#include "ui/msgb_buttons.h"
+#include "ui/forms/msgb_buttons.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "comm/main_form/testing/comm_bench.h"
+#include "ui/forms/transfer_status_window.h"
 #include "ui/main/status_bar.h"
 #include "ui/testing/control_walk.h"
-#include "ui/transfer_status_window.h"
 
 #include <QApplication>
 #include <QFile>

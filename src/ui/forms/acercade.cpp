@@ -1,4 +1,4 @@
-#include "ui/acercade.h"
+#include "ui/forms/acercade.h"
 
 #include "template/asker.h"
 #include "ui/base/icons.h"

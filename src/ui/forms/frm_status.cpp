@@ -1,4 +1,4 @@
-#include "ui/frm_status.h"
+#include "ui/forms/frm_status.h"
 
 #include "comm/modbus_control/exchange/rtf_text.h"
 #include "template/asker.h"

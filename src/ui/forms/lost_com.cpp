@@ -1,4 +1,4 @@
-#include "ui/lost_com.h"
+#include "ui/forms/lost_com.h"
 
 #include "ui/base/beside.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/comm_context.h"
-#include "ui/frm_status.h"
+#include "ui/forms/frm_status.h"
 
 #include <QPointer>
 

@@ -1,4 +1,4 @@
-#include "ui/font_dialog.h"
+#include "ui/forms/font_dialog.h"
 
 #include <QApplication>
 #include <QGroupBox>

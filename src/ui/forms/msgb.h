@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/base/fixed_dialog.h"
-#include "ui/msgb_buttons.h"
+#include "ui/forms/msgb_buttons.h"
 
 namespace zorvane {
 

@@ -1,4 +1,4 @@
-#include "ui/msgb.h"
+#include "ui/forms/msgb.h"
 
 #include "template/asker.h"
 #include "ui/base/icons.h"

@@ -1,10 +1,10 @@
-#include "ui/acercade.h"
 #include "ui/base/wrapped_label.h"
-#include "ui/frm_debug.h"
-#include "ui/lost_com.h"
-#include "ui/mensaje.h"
-#include "ui/msgb.h"
-#include "ui/porcentaje.h"
+#include "ui/forms/acercade.h"
+#include "ui/forms/frm_debug.h"
+#include "ui/forms/lost_com.h"
+#include "ui/forms/mensaje.h"
+#include "ui/forms/msgb.h"
+#include "ui/forms/porcentaje.h"
 
 #include <QApplication>
 #include <QLabel>

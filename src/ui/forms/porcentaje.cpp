@@ -1,4 +1,4 @@
-#include "ui/porcentaje.h"
+#include "ui/forms/porcentaje.h"
 
 #include <QCloseEvent>
 #include <QGroupBox>

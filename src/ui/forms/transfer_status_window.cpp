@@ -1,4 +1,4 @@
-#include "ui/transfer_status_window.h"
+#include "ui/forms/transfer_status_window.h"
 
 #include "comm/transfer/status.h"
 #include "template/native_files.h"
