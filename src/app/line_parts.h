@@ -4,7 +4,7 @@
 #include "comm/modbus_control/qt/qt_link.h"
 #include "comm/modbus_control/qt/qt_simulator.h"
 #include "ui/forms/transfer_status_window.h"
-#include "ui/line_windows.h"
+#include "ui/line/line_windows.h"
 
 #include <optional>
 #include <string>

@@ -11,9 +11,9 @@
 #include "ui/forms/msgb.h"
 #include "ui/forms/porcentaje.h"
 #include "ui/grid/column_tip.h"
+#include "ui/line/monitor_window.h"
+#include "ui/line/port_dialog.h"
 #include "ui/main/message_bar_view.h"
-#include "ui/monitor_window.h"
-#include "ui/port_dialog.h"
 #include "ui/testing/dark_palette.h"
 #include "ui/testing/sample_window.h"
 

@@ -1,4 +1,4 @@
-#include "ui/traffic_feed.h"
+#include "ui/line/traffic_feed.h"
 
 #include <iterator>
 #include <utility>

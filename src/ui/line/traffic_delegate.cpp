@@ -1,4 +1,4 @@
-#include "ui/traffic_delegate.h"
+#include "ui/line/traffic_delegate.h"
 
 #include <QPainter>
 #include <QStyle>

@@ -3,8 +3,8 @@
 #include "comm/modbus_control/link_windows.h"
 #include "ui/base/common_dialog.h"
 #include "ui/base/fixed_dialog.h"
-#include "ui/traffic_feed.h"
-#include "ui/traffic_model.h"
+#include "ui/line/traffic_feed.h"
+#include "ui/line/traffic_model.h"
 
 #include <QWidget>
 

@@ -4,8 +4,8 @@
 #include "comm/modbus_control/modbus_link.h"
 #include "comm/modbus_control/qt/qt_link_clock.h"
 #include "comm/modbus_control/qt/qt_serial_port.h"
-#include "ui/monitor_window.h"
-#include "ui/port_dialog.h"
+#include "ui/line/monitor_window.h"
+#include "ui/line/port_dialog.h"
 
 #include <QPointer>
 

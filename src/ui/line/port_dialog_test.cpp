@@ -2,7 +2,7 @@
 #include "comm/modbus_control/testing/hand_clock.h"
 #include "comm/modbus_control/testing/scripted_port.h"
 #include "comm/modbus_control/testing/toy_slave.h"
-#include "ui/port_dialog.h"
+#include "ui/line/port_dialog.h"
 #include "ui/testing/control_walk.h"
 
 #include <QCheckBox>

@@ -1,4 +1,4 @@
-#include "ui/traffic_model.h"
+#include "ui/line/traffic_model.h"
 
 #include "ui/base/text.h"
 

@@ -1,4 +1,4 @@
-#include "ui/port_dialog.h"
+#include "ui/line/port_dialog.h"
 
 #include "comm/modbus_control/line/simulated_port.h"
 #include "ui/base/text.h"

@@ -1,7 +1,7 @@
 // The link's windows on the real link, with the simulated controller at the far end.
 #include "comm/modbus_control/qt/qt_link.h"
 #include "comm/modbus_control/qt/qt_simulator.h"
-#include "ui/line_windows.h"
+#include "ui/line/line_windows.h"
 
 #include <QApplication>
 #include <QCheckBox>

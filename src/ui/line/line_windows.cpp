@@ -1,4 +1,4 @@
-#include "ui/line_windows.h"
+#include "ui/line/line_windows.h"
 
 #include "comm/modbus_control/qt/qt_port_watch.h"
 

@@ -1,9 +1,9 @@
-#include "ui/monitor_window.h"
+#include "ui/line/monitor_window.h"
 
 #include "template/asker.h"
 #include "ui/base/roles.h"
 #include "ui/base/text.h"
-#include "ui/traffic_delegate.h"
+#include "ui/line/traffic_delegate.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,6 +1,6 @@
-#include "ui/monitor_window.h"
+#include "ui/line/monitor_window.h"
+#include "ui/line/traffic_delegate.h"
 #include "ui/testing/control_walk.h"
-#include "ui/traffic_delegate.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
