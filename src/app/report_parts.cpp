@@ -9,9 +9,9 @@
 #include "ui/base/text.h"
 #include "ui/forms/font_dialog.h"
 #include "ui/forms/mensaje.h"
-#include "ui/page_setup_dialog.h"
-#include "ui/preview_window.h"
-#include "ui/report_printing.h"
+#include "ui/report/page_setup_dialog.h"
+#include "ui/report/preview_window.h"
+#include "ui/report/report_printing.h"
 
 #include <QApplication>
 #include <QDesktopServices>

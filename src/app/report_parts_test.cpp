@@ -3,8 +3,8 @@
 #include "app/report_parts.h"
 #include "app/testing/program_fixture.h"
 #include "template/testing/file_size_limit.h"
-#include "ui/page_setup_dialog.h"
-#include "ui/preview_window.h"
+#include "ui/report/page_setup_dialog.h"
+#include "ui/report/preview_window.h"
 
 #include <QDoubleSpinBox>
 #include <QFileDialog>

@@ -3,8 +3,8 @@
 // JSON.
 #include "app/kvrt_principal.h"
 #include "app/report_parts.h"
-#include "ui/page_setup_dialog.h"
-#include "ui/preview_window.h"
+#include "ui/report/page_setup_dialog.h"
+#include "ui/report/preview_window.h"
 #include "values/code_page.h"
 
 #include <QAction>

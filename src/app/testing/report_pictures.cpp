@@ -3,8 +3,8 @@
 #include "app/report_parts.h"
 #include "template/testing/temporary_folder.h"
 #include "ui/forms/mensaje.h"
-#include "ui/page_setup_dialog.h"
-#include "ui/preview_window.h"
+#include "ui/report/page_setup_dialog.h"
+#include "ui/report/preview_window.h"
 #include "ui/testing/dark_palette.h"
 
 #include <QAction>

@@ -1,4 +1,4 @@
-#include "ui/page_setup_dialog.h"
+#include "ui/report/page_setup_dialog.h"
 #include "ui/testing/control_walk.h"
 
 #include <QComboBox>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/page_stack.h"
+#include "ui/report/page_stack.h"
 
 #include <QAbstractScrollArea>
 #include <QPixmap>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/base/twips.h"
-#include "ui/page_view.h"
+#include "ui/report/page_view.h"
 
 #include <QIcon>
 #include <QMainWindow>

@@ -1,4 +1,4 @@
-#include "ui/page_sheet.h"
+#include "ui/report/page_sheet.h"
 
 #include <algorithm>
 

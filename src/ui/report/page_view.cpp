@@ -1,4 +1,4 @@
-#include "ui/page_view.h"
+#include "ui/report/page_view.h"
 
 #include "reports/qt_page_painter.h"
 #include "ui/base/roles.h"

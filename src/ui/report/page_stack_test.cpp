@@ -1,6 +1,6 @@
 #include "reports/paper_kinds.h"
-#include "ui/page_sheet.h"
-#include "ui/page_stack.h"
+#include "ui/report/page_sheet.h"
+#include "ui/report/page_stack.h"
 
 #include <QSizeF>
 

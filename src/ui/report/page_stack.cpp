@@ -1,4 +1,4 @@
-#include "ui/page_stack.h"
+#include "ui/report/page_stack.h"
 
 #include "values/twips.h"
 

@@ -1,4 +1,4 @@
-#include "ui/report_printing.h"
+#include "ui/report/report_printing.h"
 
 #include "reports/qt_page_painter.h"
 #include "ui/base/text.h"

@@ -1,8 +1,8 @@
-#include "ui/page_setup_dialog.h"
+#include "ui/report/page_setup_dialog.h"
 
 #include "reports/paper_kinds.h"
 #include "ui/base/text.h"
-#include "ui/page_sheet.h"
+#include "ui/report/page_sheet.h"
 #include "values/twips.h"
 
 #include <QComboBox>

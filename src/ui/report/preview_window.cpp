@@ -1,4 +1,4 @@
-#include "ui/preview_window.h"
+#include "ui/report/preview_window.h"
 
 #include "reports/page_document.h"
 #include "ui/base/icons.h"

@@ -1,5 +1,5 @@
 #include "reports/page_document.h"
-#include "ui/preview_window.h"
+#include "ui/report/preview_window.h"
 #include "ui/testing/control_walk.h"
 
 #include <QAccessible>
