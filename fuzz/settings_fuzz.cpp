@@ -2,9 +2,9 @@
 // stored again it is read the same.
 
 #include "app/document_commands.h"
-#include "app/font_size.h"
+#include "app/form/font_size.h"
+#include "app/form/port_store.h"
 #include "app/frame_life.h"
-#include "app/port_store.h"
 #include "app/print_commands.h"
 #include "app/testing/app_bench.h"
 #include "app/testing/recording_print_frame.h"

@@ -1,7 +1,7 @@
 #include "app/desktop_parts.h"
 
 #include "app/desktop_shell.h"
-#include "app/font_size.h"
+#include "app/form/font_size.h"
 #include "template/file_names.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"

@@ -1,7 +1,7 @@
 #include "app/document_commands.h"
 
 #include "app/document_lines.h"
-#include "app/menu_state.h"
+#include "app/form/menu_state.h"
 #include "app/recovery_keeper.h"
 #include "comm/main_form/title.h"
 #include "comm/transfer/session.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/app_context.h"
 #include "app/event_edge.h"
+#include "app/form/app_context.h"
 #include "app/window_frame.h"
 
 #include <functional>

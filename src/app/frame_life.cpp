@@ -2,10 +2,10 @@
 
 #include "app/document_commands.h"
 #include "app/document_lines.h"
-#include "app/font_size.h"
-#include "app/menu_state.h"
+#include "app/form/font_size.h"
+#include "app/form/menu_state.h"
+#include "app/form/window_rectangles.h"
 #include "app/recovery_keeper.h"
-#include "app/window_rectangles.h"
 #include "grids/fill_configuration.h"
 #include "grids/flx_configuration.h"
 #include "values/numbers.h"

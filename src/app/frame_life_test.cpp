@@ -1,6 +1,6 @@
 #include "app/document_commands.h"
+#include "app/form/menu_state.h"
 #include "app/frame_life.h"
-#include "app/menu_state.h"
 #include "app/testing/app_bench.h"
 #include "values/testing/failure_number.h"
 

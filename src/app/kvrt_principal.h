@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/app_context.h"
 #include "app/desktop_parts.h"
+#include "app/form/app_context.h"
 #include "app/form_commands.h"
 #include "app/line_parts.h"
 #include "app/qt_settings_store.h"

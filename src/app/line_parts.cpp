@@ -1,6 +1,6 @@
 #include "app/line_parts.h"
 
-#include "app/port_store.h"
+#include "app/form/port_store.h"
 #include "template/native_files.h"
 
 namespace zorvane {

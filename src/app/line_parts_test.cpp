@@ -1,6 +1,6 @@
 // The link's windows in the whole program, with the simulated controller as its port.
 
-#include "app/port_store.h"
+#include "app/form/port_store.h"
 #include "app/testing/program_fixture.h"
 
 #include <QComboBox>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/app_context.h"
+#include "app/form/app_context.h"
+#include "app/form/window_rectangles.h"
 #include "app/print_frame.h"
-#include "app/window_rectangles.h"
 #include "reports/export_format.h"
 
 #include <array>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/common_dialog.h"
+#include "app/form/common_dialog.h"
 #include "reports/main_rep_kvrt.h"
 #include "reports/rpt_print_log.h"
 

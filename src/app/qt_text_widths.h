@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/text_widths.h"
+#include "app/form/text_widths.h"
 
 #include <QFont>
 

@@ -1,7 +1,7 @@
 #include "app/report_parts.h"
 
-#include "app/font_size.h"
-#include "app/menu_state.h"
+#include "app/form/font_size.h"
+#include "app/form/menu_state.h"
 #include "reports/byte_file.h"
 #include "reports/qt_report_clock.h"
 #include "template/native_files.h"

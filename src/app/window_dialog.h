@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/common_dialog.h"
+#include "app/form/common_dialog.h"
 #include "ui/base/common_dialog.h"
 
 #include <QWidget>

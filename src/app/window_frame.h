@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/document_frame.h"
 #include "app/event_edge.h"
+#include "app/form/document_frame.h"
 #include "app/form_timers.h"
 #include "app/window_dialog.h"
 #include "app/window_grids.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/app_context.h"
+#include "app/form/app_context.h"
 #include "app/testing/memory_recovery_folder.h"
 #include "app/testing/memory_settings.h"
 #include "app/testing/recording_document_frame.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/settings_store.h"
+#include "app/form/settings_store.h"
 #include "comm/modbus_control/testing/journal.h"
 
 #include <map>

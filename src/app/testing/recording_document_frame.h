@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/document_frame.h"
+#include "app/form/document_frame.h"
 #include "app/testing/scripted_dialog.h"
 #include "comm/main_form/testing/recording_frame.h"
 #include "grids/vsflexgrid.h"

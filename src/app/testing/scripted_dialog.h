@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/common_dialog.h"
+#include "app/form/common_dialog.h"
 #include "comm/modbus_control/testing/journal.h"
 #include "values/run_time_failure.h"
 

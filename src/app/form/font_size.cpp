@@ -1,4 +1,4 @@
-#include "app/font_size.h"
+#include "app/form/font_size.h"
 
 #include "grids/fill_configuration.h"
 #include "grids/fill_settings.h"

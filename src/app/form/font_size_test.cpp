@@ -1,5 +1,5 @@
 #include "app/document_commands.h"
-#include "app/font_size.h"
+#include "app/form/font_size.h"
 #include "app/frame_life.h"
 #include "app/testing/app_bench.h"
 #include "values/testing/failure_number.h"

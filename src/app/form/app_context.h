@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/document_frame.h"
-#include "app/settings_store.h"
-#include "app/text_widths.h"
+#include "app/form/document_frame.h"
+#include "app/form/settings_store.h"
+#include "app/form/text_widths.h"
 #include "grids/grid_context.h"
 #include "recovery/recovery.h"
 #include "template/files.h"

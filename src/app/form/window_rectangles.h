@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/document_frame.h"
-#include "app/settings_store.h"
+#include "app/form/document_frame.h"
+#include "app/form/settings_store.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
+#include "app/form/window_rectangles.h"
 #include "app/frame_life.h"
 #include "app/testing/app_bench.h"
-#include "app/window_rectangles.h"
 #include "values/testing/comma_locale.h"
 
 #include <gtest/gtest.h>

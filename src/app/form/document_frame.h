@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/common_dialog.h"
+#include "app/form/common_dialog.h"
 #include "comm/main_form/frame.h"
 
 namespace zorvane {

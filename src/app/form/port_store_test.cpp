@@ -1,6 +1,6 @@
 // The port settings between runs.
 
-#include "app/port_store.h"
+#include "app/form/port_store.h"
 #include "app/testing/memory_settings.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "app/port_store.h"
+#include "app/form/port_store.h"
 
 #include "template/asker.h"
 #include "template/native_files.h"

@@ -1,4 +1,4 @@
-#include "app/window_rectangles.h"
+#include "app/form/window_rectangles.h"
 
 #include "template/asker.h"
 #include "values/numbers.h"

@@ -1,4 +1,4 @@
-#include "app/menu_state.h"
+#include "app/form/menu_state.h"
 
 namespace zorvane {
 
