@@ -1,7 +1,7 @@
 // Any lines as the values of the settings store: the program starts with them, what is read can be used, and
 // stored again it is read the same.
 
-#include "app/document_commands.h"
+#include "app/document/document_commands.h"
 #include "app/form/font_size.h"
 #include "app/form/port_store.h"
 #include "app/frame_life.h"

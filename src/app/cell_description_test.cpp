@@ -1,7 +1,7 @@
 // What a screen reader is told of a cell of the lower grid.
 
 #include "app/cell_description.h"
-#include "app/document_commands.h"
+#include "app/document/document_commands.h"
 #include "app/testing/app_bench.h"
 #include "values/colours.h"
 

@@ -1,9 +1,9 @@
 #include "app/form_commands.h"
 
-#include "app/document_commands.h"
-#include "app/document_lines.h"
+#include "app/document/document_commands.h"
+#include "app/document/document_lines.h"
+#include "app/document/recover_command.h"
 #include "app/frame_life.h"
-#include "app/recover_command.h"
 #include "app/recover_form.h"
 #include "comm/main_form/monitor.h"
 #include "comm/transfer/download.h"

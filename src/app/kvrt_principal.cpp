@@ -1,11 +1,11 @@
 #include "app/kvrt_principal.h"
 
-#include "app/document_rows.h"
+#include "app/document/document_rows.h"
+#include "app/document/recovery_keeper.h"
 #include "app/form/port_store.h"
 #include "app/frame_life.h"
 #include "app/grid_events.h"
 #include "app/message_bar_parts.h"
-#include "app/recovery_keeper.h"
 #include "comm/main_form/monitor.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/online.h"

@@ -1,4 +1,4 @@
-#include "app/document_commands.h"
+#include "app/document/document_commands.h"
 #include "app/print_commands.h"
 #include "app/testing/app_bench.h"
 #include "app/testing/recording_print_frame.h"

@@ -1,4 +1,4 @@
-#include "app/document_commands.h"
+#include "app/document/document_commands.h"
 #include "app/refused_input.h"
 #include "app/testing/app_bench.h"
 

@@ -1,7 +1,7 @@
 // Writes a picture of the window with the example document of each model, for people to look at:
 //     app_pictures FOLDER [dark]
 // The environment variable QT_SCALE_FACTOR sets the scale.
-#include "app/document_commands.h"
+#include "app/document/document_commands.h"
 #include "app/kvrt_principal.h"
 #include "template/testing/temporary_folder.h"
 #include "ui/base/text.h"

@@ -1,6 +1,6 @@
-#include "app/document_commands.h"
+#include "app/document/document_commands.h"
+#include "app/document/recovery_keeper.h"
 #include "app/frame_life.h"
-#include "app/recovery_keeper.h"
 #include "app/testing/app_bench.h"
 #include "grids/fill_settings.h"
 #include "recovery/recovery.h"

@@ -1,9 +1,9 @@
-#include "app/document_commands.h"
-#include "app/document_lines.h"
+#include "app/document/document_commands.h"
+#include "app/document/document_lines.h"
+#include "app/document/open_steps.h"
+#include "app/document/recover_command.h"
+#include "app/document/recovery_keeper.h"
 #include "app/frame_life.h"
-#include "app/open_steps.h"
-#include "app/recover_command.h"
-#include "app/recovery_keeper.h"
 #include "app/testing/app_bench.h"
 
 #include <gmock/gmock.h>

@@ -1,8 +1,8 @@
-#include "app/document_commands.h"
+#include "app/document/document_commands.h"
 
-#include "app/document_lines.h"
+#include "app/document/document_lines.h"
+#include "app/document/recovery_keeper.h"
 #include "app/form/menu_state.h"
-#include "app/recovery_keeper.h"
 #include "comm/main_form/title.h"
 #include "comm/transfer/session.h"
 #include "grids/unholdable_text.h"

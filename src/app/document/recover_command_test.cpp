@@ -1,6 +1,6 @@
-#include "app/document_commands.h"
-#include "app/recover_command.h"
-#include "app/recovery_keeper.h"
+#include "app/document/document_commands.h"
+#include "app/document/recover_command.h"
+#include "app/document/recovery_keeper.h"
 #include "app/testing/app_bench.h"
 #include "template/testing/document_text.h"
 

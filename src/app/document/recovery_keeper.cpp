@@ -1,6 +1,6 @@
-#include "app/recovery_keeper.h"
+#include "app/document/recovery_keeper.h"
 
-#include "app/document_lines.h"
+#include "app/document/document_lines.h"
 #include "template/file_names.h"
 
 namespace zorvane {

@@ -1,4 +1,4 @@
-#include "app/document_commands.h"
+#include "app/document/document_commands.h"
 #include "app/testing/app_bench.h"
 #include "template/native_files.h"
 #include "template/testing/temporary_folder.h"

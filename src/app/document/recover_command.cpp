@@ -1,7 +1,7 @@
-#include "app/recover_command.h"
+#include "app/document/recover_command.h"
 
-#include "app/document_lines.h"
-#include "app/open_steps.h"
+#include "app/document/document_lines.h"
+#include "app/document/open_steps.h"
 #include "comm/main_form/title.h"
 
 namespace zorvane {

@@ -1,7 +1,7 @@
 // What the message bar says of a document that was opened, saved or filled by an upload.
 
-#include "app/document_commands.h"
-#include "app/document_rows.h"
+#include "app/document/document_commands.h"
+#include "app/document/document_rows.h"
 #include "app/testing/app_bench.h"
 #include "template/messages.h"
 

@@ -1,4 +1,4 @@
-#include "app/document_rows.h"
+#include "app/document/document_rows.h"
 
 #include "grids/show_cell.h"
 #include "grids/value_findings.h"

@@ -1,4 +1,4 @@
-#include "app/document_lines.h"
+#include "app/document/document_lines.h"
 
 #include <algorithm>
 
