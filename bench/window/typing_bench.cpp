@@ -1,7 +1,7 @@
 // From a key to what it paints, in a field of the largest size: a character in a cell's editor, and the cell
 // after Enter. The program is the whole window with its handlers, offline.
 
-#include "app/kvrt_principal.h"
+#include "app/window/kvrt_principal.h"
 #include "bench/window/first_paint.h"
 #include "bench/window/large_field.h"
 #include "template/testing/temporary_folder.h"

@@ -1,7 +1,7 @@
 // The program from its start to the first painted grid. Arguments: the monotonic time of the start in ns, the
 // application folder, and a folder for settings and recovery copies. Prints the ms that went by.
 
-#include "app/kvrt_principal.h"
+#include "app/window/kvrt_principal.h"
 #include "bench/window/first_paint.h"
 
 #include <QApplication>

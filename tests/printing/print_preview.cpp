@@ -1,8 +1,8 @@
 // Opens a document in the window, previews it, chooses the printer in the page set-up and prints:
 // print_preview MODELS FOLDER DOCUMENT PRINTER. Prints the texts of the preview's pages as a list of lists in
 // JSON.
-#include "app/kvrt_principal.h"
-#include "app/report_parts.h"
+#include "app/window/kvrt_principal.h"
+#include "app/window/report_parts.h"
 #include "ui/report/page_setup_dialog.h"
 #include "ui/report/preview_window.h"
 #include "values/code_page.h"

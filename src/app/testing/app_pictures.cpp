@@ -2,7 +2,7 @@
 //     app_pictures FOLDER [dark]
 // The environment variable QT_SCALE_FACTOR sets the scale.
 #include "app/document/document_commands.h"
-#include "app/kvrt_principal.h"
+#include "app/window/kvrt_principal.h"
 #include "template/testing/temporary_folder.h"
 #include "ui/base/text.h"
 #include "ui/testing/dark_palette.h"

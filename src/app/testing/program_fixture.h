@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/kvrt_principal.h"
+#include "app/window/kvrt_principal.h"
 #include "template/testing/temporary_folder.h"
 #include "ui/base/text.h"
 

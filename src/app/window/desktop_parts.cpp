@@ -1,0 +1,158 @@
+#include "app/window/desktop_parts.h"
+
+#include "app/form/font_size.h"
+#include "app/window/desktop_shell.h"
+#include "template/file_names.h"
+#include "ui/base/icons.h"
+#include "ui/base/text.h"
+#include "ui/forms/acercade.h"
+#include "ui/grid/column_tip.h"
+#include "ui/main/iconic.h"
+
+#include <QAction>
+#include <QCursor>
+#include <QMenu>
+#include <QSystemTrayIcon>
+
+namespace zorvane {
+
+Desktop_Tray_Icon::Desktop_Tray_Icon(Main_Window& window, std::function<void(Tray_Message message)> used)
+    : window_(window), used_(std::move(used)) {}
+
+Desktop_Tray_Icon::~Desktop_Tray_Icon() = default;
+
+/// Some hosts tell of single clicks only, so those count as double ones.
+bool Desktop_Tray_Icon::add(const std::string& tip) {
+    if (!QSystemTrayIcon::isSystemTrayAvailable()) return false;
+    icon_ = std::make_unique<QSystemTrayIcon>(icon(QStringLiteral("application")));
+    icon_->setObjectName(QStringLiteral("Tray_Data"));
+    icon_->setToolTip(fromCore(tip));
+    QObject::connect(icon_.get(), &QSystemTrayIcon::activated, icon_.get(),
+                     [this](QSystemTrayIcon::ActivationReason reason) {
+                         if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
+                             used_(Tray_Message::LeftDoubleClick);
+                         if (reason == QSystemTrayIcon::Context) used_(Tray_Message::RightButtonUp);
+                     });
+    icon_->show();
+    return true;
+}
+
+/// It may be gone in an event of its own.
+void Desktop_Tray_Icon::remove() {
+    if (!icon_) return;
+    icon_->hide();
+    icon_.release()->deleteLater();
+}
+
+void Desktop_Tray_Icon::popUpMenu() { window_.menu().trayMenu().popup(QCursor::pos()); }
+
+std::string Window_Tray_Form::caption() const { return toCore(window_.windowTitle()); }
+
+void Window_Tray_Form::hide() {
+    hiddenByTray_ = true;
+    window_.hide();
+}
+
+void Window_Tray_Form::showNormal() {
+    hiddenByTray_ = false;
+    window_.showNormal();
+}
+
+void Window_Tray_Form::activate() {
+    window_.raise();
+    window_.activateWindow();
+}
+
+void Window_Tray_Form::setEntryChecked(bool checked) {
+    window_.menu().action(QStringLiteral("MNU_Minimizetotray")).setChecked(checked);
+}
+
+Desktop_Parts::Desktop_Parts(const Form_Parts& parts)
+    : shell(openOnDesktop), parts_(parts),
+      icon_(parts.window(),
+            [this](Tray_Message message) {
+                parts_.edge.run([&] { tray_.Form_MouseMove(static_cast<int>(message), 0); });
+            }),
+      form_(parts.window()), tray_(parts.app, icon_, form_) {
+    connectViewCommands();
+    connectWindowCommands();
+    connectHelpCommands();
+    connectColumnTip();
+    parts_.frame.extras.removeTrayIcon = [this] { tray_.unload(); };
+    parts_.frame.extras.openAsText = [this](const std::string& path) { openAsText(path); };
+}
+
+/// With what the desktop has for such files.
+void Desktop_Parts::openAsText(const std::string& path) {
+    const Path_Parts place = splitPath(path);
+    const std::string folder(place.folder.substr(0, place.folder.size() - (place.folder.empty() ? 0 : 1)));
+    if (shell("Open", std::string(place.name), "", folder)) return;
+    parts_.frame.messageBar().tell(
+        {"open as text", Bar_Kind::Note, "Nothing on this desktop opens " + path + " as a text.", {}, false});
+}
+
+void Desktop_Parts::connectViewCommands() {
+    parts_.onChosen("MNU_FontSize", [this] { MNU_FontSize_Click(); });
+    // A transfer goes by the grids' rows, which a new size moves.
+    parts_.window().events.formEnabledSet = [this](bool enabled) {
+        if (fontDialog_ != nullptr) fontDialog_->setEnabled(enabled);
+    };
+}
+
+void Desktop_Parts::MNU_FontSize_Click() {
+    Font_Dialog* shown = fontDialog_.data();
+    if (shown == nullptr) {
+        std::int16_t stored = 1;
+        PRO_Indice_Font(parts_.app, stored);
+        auto* dialog = new Font_Dialog(stored, &parts_.window());
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->save = [this](std::int16_t index) { storeFontIndex(parts_.app, index); };
+        dialog->ChangeFont = [this](double size) {
+            fontDialog_.clear();
+            parts_.edge.run([&] { FontSizeDialog_ChangeFont(parts_.app, size); });
+        };
+        fontDialog_ = shown = dialog;
+    }
+    shown->Guardar = true;
+    shown->show();
+    shown->raise();
+    shown->activateWindow();
+}
+
+void Desktop_Parts::connectWindowCommands() {
+    parts_.onChosen("MNU_Minimize", [this] { minimize(parts_.window()); });
+    parts_.onChosen("MNU_Maximize", [this] { parts_.window().showMaximized(); });
+    parts_.onChosen("MNU_Minimizetotray", [this] { tray_.MNU_Minimizetotray_Click(); });
+    parts_.onChosen("MNU_Tray_All", [this] { tray_.MNU_Tray_All_Click(); });
+    parts_.onChosen("MNU_Tray_Application_Window", [this] { tray_.MNU_Tray_Application_Window_Click(); });
+    parts_.onChosen("MNU_Tray_Monitor_Window", [this] { tray_.MNU_Tray_Monitor_Window_Click(); });
+    parts_.window().events.minimized = [this] { parts_.edge.run([this] { tray_.formMinimized(); }); };
+}
+
+void Desktop_Parts::connectHelpCommands() {
+    parts_.onChosen("MNU_HelpIndex", [this] { MNU_HelpIndex_Click(parts_.app, shell); });
+    parts_.onChosen("MNU_OnLine", [this] { MNU_OnLine_Click(parts_.app, shell); });
+    parts_.onChosen("MNU_ContactUs", [this] { MNU_ContactUs_Click(parts_.app, shell); });
+    parts_.onChosen("MNU_About", [this] { MNU_About_Click(); });
+}
+
+void Desktop_Parts::MNU_About_Click() {
+    if (about_ == nullptr) {
+        about_ = new Acercade(parts_.frame.ask, &parts_.window());
+        about_->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    about_->show();
+    about_->raise();
+    about_->activateWindow();
+}
+
+void Desktop_Parts::connectColumnTip() {
+    Column_Tip& tip = parts_.window().picTip();
+    parts_.window().FLX_Settings().events().UserResizing = [&tip](std::int32_t, std::int32_t twips) {
+        tip.drag(twips);
+    };
+    parts_.frame.extras.updateColumnTip = [&tip] { tip.start(); };
+    parts_.frame.extras.removeColumnTip = [&tip] { tip.stop(); };
+}
+
+} // namespace zorvane

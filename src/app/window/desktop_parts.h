@@ -1,0 +1,86 @@
+#pragma once
+
+#include "app/help.h"
+#include "app/tray.h"
+#include "app/window/form_commands.h"
+#include "ui/forms/font_dialog.h"
+
+#include <QPointer>
+
+#include <memory>
+
+class QSystemTrayIcon;
+
+namespace zorvane {
+
+class Acercade;
+
+/// The icon in the tray of this desktop.
+class Desktop_Tray_Icon final : public Tray_Icon {
+  public:
+    Desktop_Tray_Icon(Main_Window& window, std::function<void(Tray_Message message)> used);
+    ~Desktop_Tray_Icon() override;
+
+    [[nodiscard]] bool add(const std::string& tip) override;
+    void remove() override;
+    void popUpMenu() override;
+
+  private:
+    Main_Window& window_;
+    std::function<void(Tray_Message message)> used_;
+    std::unique_ptr<QSystemTrayIcon> icon_;
+};
+
+/// The main form as the tray knows it.
+class Window_Tray_Form final : public Tray_Form {
+  public:
+    explicit Window_Tray_Form(Main_Window& window) : window_(window) {}
+
+    [[nodiscard]] bool hidden() const override { return window_.isHidden(); }
+    /// A window that hid while it was minimized still counts as such, though some desktops forget it.
+    [[nodiscard]] bool minimized() const override { return hiddenByTray_ || window_.isMinimized(); }
+    [[nodiscard]] std::string caption() const override;
+    void hide() override;
+    void showNormal() override;
+    void activate() override;
+    void setEntryChecked(bool checked) override;
+
+  private:
+    Main_Window& window_;
+    bool hiddenByTray_ = false;
+};
+
+/// What the desktop has to do with the window: its menus "View", "Windows" and "Help", the tray, the tip at a
+/// column's border, the font dialog.
+class Desktop_Parts {
+  public:
+    /// What is in `parts` outlives it.
+    explicit Desktop_Parts(const Form_Parts& parts);
+    Desktop_Parts(const Desktop_Parts&) = delete;
+    Desktop_Parts& operator=(const Desktop_Parts&) = delete;
+
+    /// Opens files and addresses outside the program; whatever drives it in a test replaces this.
+    Shell_Execute shell;
+
+    [[nodiscard]] Tray& tray() { return tray_; }
+    /// While it is there.
+    [[nodiscard]] Font_Dialog* FontSizeDialog() const { return fontDialog_; }
+
+  private:
+    void connectViewCommands();
+    void connectWindowCommands();
+    void connectHelpCommands();
+    void connectColumnTip();
+    void openAsText(const std::string& path);
+    void MNU_FontSize_Click();
+    void MNU_About_Click();
+
+    Form_Parts parts_;
+    Desktop_Tray_Icon icon_;
+    Window_Tray_Form form_;
+    Tray tray_;
+    QPointer<Font_Dialog> fontDialog_;
+    QPointer<Acercade> about_;
+};
+
+} // namespace zorvane

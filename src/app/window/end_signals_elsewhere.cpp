@@ -1,0 +1,11 @@
+#include "app/window/end_signals.h"
+
+namespace zorvane {
+
+class End_Signals::Listener {};
+
+End_Signals::End_Signals(std::function<void()> /*asked*/) {}
+
+End_Signals::~End_Signals() = default;
+
+} // namespace zorvane

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "app/form/app_context.h"
+#include "app/window/event_edge.h"
+#include "app/window/window_frame.h"
+
+#include <functional>
+
+namespace zorvane {
+
+/// What the parts of the window's menu work on. Nothing in it is owned.
+struct Form_Parts {
+    const App_Context& app;
+    Window_Frame& frame;
+    Event_Edge& edge;
+
+    [[nodiscard]] Main_Window& window() const { return frame.window(); }
+    /// What an entry of the menu does.
+    void onChosen(const QString& entry, const std::function<void()>& handler) const;
+};
+
+// One function for each part of the menu: it gives every entry its command. An entry whose feature isn't
+// there yet is disabled. The rest of the menu is in `desktop_parts.h`.
+
+void connectDocumentCommands(const Form_Parts& parts);      ///< "File" without its reports; a file dropped
+void connectCommunicationCommands(const Form_Parts& parts); ///< "Communication"
+
+} // namespace zorvane

@@ -1,0 +1,205 @@
+#include "app/window/kvrt_principal.h"
+
+#include "app/document/document_rows.h"
+#include "app/document/recovery_keeper.h"
+#include "app/form/port_store.h"
+#include "app/frame_life.h"
+#include "app/window/grid_events.h"
+#include "app/window/message_bar_parts.h"
+#include "comm/main_form/monitor.h"
+#include "comm/transfer/cancel.h"
+#include "comm/transfer/online.h"
+#include "comm/transfer/transfer_records.h"
+#include "comm/transfer/upload.h"
+#include "grids/fill_settings.h"
+#include "grids/stopping_on_failure.h"
+#include "ui/base/text.h"
+#include "ui/forms/frm_debug.h"
+#include "values/numbers.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace zorvane {
+
+namespace {
+
+std::string timeOfDay() {
+    return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
+}
+
+/// An upload that failed or was cancelled says so in panel 4, and leaves the values alone.
+bool uploadFinished(const Main_Form_State& form, const Frame& frame) {
+    return !form.Upload_Active && frame.panel(Panel::Message) == "Ready";
+}
+
+Qt_Settings_Store& openStore(std::optional<Qt_Settings_Store>& store, const QString& file) {
+    return file.isEmpty() ? store.emplace() : store.emplace(file);
+}
+
+} // namespace
+
+Program_Places programPlaces() {
+    const QString program = QFileInfo(QCoreApplication::applicationFilePath()).canonicalFilePath();
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return {pathFromNative(QFile::encodeName(QFileInfo(program).path()).toStdString()),
+            QFile::encodeName(data + QStringLiteral("/Zorvane/Recovery")).toStdString(),
+            {}};
+}
+
+KVRT_Principal::KVRT_Principal(const Program_Places& places)
+    : recoveryFolder_(places.recoveryFolder), savedFolder_(filesFolder(places.recoveryFolder)),
+      recovery_(recoveryFolder_, timeOfDay, std::to_string(QCoreApplication::applicationPid()),
+                &savedFolder_),
+      frame_(window_, edge_), line_(app_, frame_, pathToNative(places.applicationFolder),
+                                    storedPortSettings(openStore(settings_, places.settingsFile))),
+      formWindows_(frame_), widths_([this] { return window_.FLX_Settings().view().font(); },
+                                    [this] { return window_.scale().perPixelX; }),
+      app_{{{document_, form_, line_.link(), frame_},
+            window_.FLX_Configuration(),
+            window_.FLX_Settings(),
+            navigation_,
+            editors_,
+            formWindows_},
+           frame_,
+           files_,
+           *settings_,
+           widths_,
+           recovery_,
+           state_,
+           places.applicationFolder},
+      parts_{app_, frame_, edge_}, reports_(app_, frame_, edge_), desktop_(parts_),
+      systemEnd_(app_, frame_, edge_) {
+    edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
+    connectForm();
+    connectMessageBar(frame_, edge_);
+    connectDocumentCommands(parts_);
+    connectCommunicationCommands(parts_);
+    connectGrids(window_, app_.grids, edge_);
+    connectTimers();
+    connectLink();
+    reports_.connect(parts_);
+    line_.connect(parts_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); });
+}
+
+/// The grids' handlers live on what is destroyed before the window is.
+KVRT_Principal::~KVRT_Principal() {
+    edge_.end();
+    window_.events = {};
+    frame_.messageBar().changed = {};
+}
+
+void KVRT_Principal::connectForm() {
+    for (const Form_Part part : {Form_Part::Frame2, Form_Part::Frame3, Form_Part::PicLineHoriz})
+        frame_.setPartVisible(part, false);
+    window_.events.resizing = [this](bool busy) { navigation_.Form_Resizing = busy; };
+    window_.events.queryClose = [this] {
+        std::int16_t cancel = 0;
+        edge_.run([&] { Form_QueryUnload(app_, cancel, 0); });
+        return cancel != 1;
+    };
+    frame_.grids().refill = [this](std::int32_t row) {
+        PRO_Llena_Settings(app_.grids, toInteger(row), false);
+    };
+    frame_.Porcentaje().hooks.cancel = [this] { BOT_Cancel_Click(app_.grids.comm); };
+}
+
+void KVRT_Principal::connectTimers() {
+    Form_Timers& timers = frame_.timers();
+    const auto onTick = [&](Timer_Name timer, const std::function<void()>& handler) {
+        timers.onTick(timer, [this, handler] { edge_.run(handler); });
+    };
+    const Comm_Context& comm = app_.grids.comm;
+    onTick(Timer_Name::TMR_Abre_ZTP, [this] {
+        TMR_Abre_ZTP_Timer(app_);
+        frame_.timers().setInterval(Timer_Name::TMR_Forza_analogas, document_.Forza_Analogas_Ms);
+        frame_.timers().setEnabled(Timer_Name::TMR_Forza_analogas, true);
+    });
+    onTick(Timer_Name::TMR_Inicial_ZTP, [this] { TMR_Inicial_ZTP_Timer(app_); });
+    onTick(Timer_Name::TMR_Verifica_monitor, [&comm] { TMR_Verifica_monitor_Timer(comm); });
+    onTick(Timer_Name::TMR_Actualiza_valores, [this, &comm] {
+        const bool uploading = form_.Upload_Active;
+        TMR_Actualiza_valores_Timer(comm);
+        if (uploading && uploadFinished(form_, frame_)) tellUploaded(app_);
+    });
+    onTick(Timer_Name::TMR_Actualiza_online, [&comm] { TMR_Actualiza_online_Timer(comm); });
+    onTick(Timer_Name::TMR_TxRx, [&comm] { TMR_TxRx_Timer(comm); });
+    onTick(Timer_Name::TMR_Forza_analogas, [&comm] { TMR_Forza_analogas_Timer(comm); });
+    onTick(Timer_Name::TIM_Tamaño_normal, [this] { TIM_Tamaño_normal_Timer(app_); });
+    copyTimer_.setInterval(recoveryLookMs);
+    QObject::connect(&copyTimer_, &QTimer::timeout, &copyTimer_,
+                     [this] { edge_.run([this] { TMR_Copia_Timer(app_, clock_.elapsed()); }); });
+}
+
+void KVRT_Principal::connectLink() {
+    link().onExchange([this](const std::string& line1, const std::string& line2) {
+        edge_.run([&] {
+            const Debug_Line debug = [this](const std::string& line) {
+                frame_.FrmDebug().addLine(fromCore(line));
+            };
+            modbus_control_Event10(form_, debug, line1, line2);
+        });
+    });
+}
+
+void KVRT_Principal::start() {
+    clock_.start();
+    edge_.run([this] {
+        Form_Load(app_);
+        if (const auto& place = form_.Monitor_Place)
+            line_.windows().rememberMonitorPlace({(*place)[0], (*place)[1], (*place)[2], (*place)[3]});
+        reports_.commands().LoadSettingsPrint();
+        frame_.setTimerEnabled(Timer_Name::TMR_Abre_ZTP, true);
+        frame_.setTimerEnabled(Timer_Name::TMR_Inicial_ZTP, true);
+        copyTimer_.start();
+    });
+}
+
+int KVRT_Principal::run() {
+    start();
+    return edge_.ended() ? frame_.exitCode() : QApplication::exec();
+}
+
+/// Nothing handled it: what the document holds is kept for "Recover...", and the program ends.
+void KVRT_Principal::stopOnFailure(const Run_Time_Failure& failure) {
+    ignoringFailure([this] {
+        if (hasChanges(app_)) keepCopy(app_, "run-time error");
+    });
+    tellRunTimeFailure(frame_, failure);
+    frame_.endProgram(1);
+}
+
+void KVRT_Principal::Form_Windows::showFrmDebug() { frame_.FrmDebug().show(); }
+
+void KVRT_Principal::Form_Windows::updateColumnTip() {
+    if (frame_.extras.updateColumnTip) frame_.extras.updateColumnTip();
+}
+
+void KVRT_Principal::Form_Windows::showCurrentCell() {
+    for (Flex_Grid* grid : {&frame_.window().FLX_Configuration(), &frame_.window().FLX_Settings()}) {
+        grid->view().flush();
+        grid->view().scrollTo(grid->view().currentIndex());
+    }
+}
+
+Mouse_Place KVRT_Principal::Form_Windows::mousePlace() const {
+    Main_Window& window = frame_.window();
+    const Window_Layout& layout = window.formLayout();
+    const QPoint origin = window.Frame3().parentWidget()->mapToGlobal(QPoint(0, 0));
+    return {static_cast<double>(QCursor::pos().x()),
+            static_cast<double>(QCursor::pos().y()),
+            static_cast<double>(origin.x()),
+            static_cast<double>(origin.y()),
+            layout.Frame3.left,
+            layout.Frame3.top,
+            layout.scale.perPixelX,
+            layout.scale.perPixelY,
+            layout.FLX_Settings.left,
+            layout.FLX_Settings.top,
+            layout.FLX_Settings.width};
+}
+
+} // namespace zorvane

@@ -1,0 +1,104 @@
+#pragma once
+
+#include "app/form/app_context.h"
+#include "app/window/desktop_parts.h"
+#include "app/window/form_commands.h"
+#include "app/window/line_parts.h"
+#include "app/window/qt_settings_store.h"
+#include "app/window/qt_text_widths.h"
+#include "app/window/report_parts.h"
+#include "app/window/system_end.h"
+#include "app/window/window_frame.h"
+#include "recovery/native_recovery_folder.h"
+#include "template/native_files.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <optional>
+#include <string>
+
+namespace zorvane {
+
+/// Where the program finds its things.
+struct Program_Places {
+    std::string applicationFolder; ///< of the templates; the system's text, no separator at its end
+    std::string recoveryFolder;    ///< of the recovery copies; UTF-8, no separator at its end
+    QString settingsFile;          ///< empty for the desktop's own place
+};
+
+/// The places of this program for this user. REQUIRES: a QCoreApplication.
+[[nodiscard]] Program_Places programPlaces();
+
+/// The program: the main form with all that it works on. It puts the parts together and gives every menu
+/// entry, grid event and timer its handler; what those do is written elsewhere. REQUIRES: a QApplication.
+class KVRT_Principal {
+  public:
+    explicit KVRT_Principal(const Program_Places& places);
+    ~KVRT_Principal();
+    KVRT_Principal(const KVRT_Principal&) = delete;
+    KVRT_Principal& operator=(const KVRT_Principal&) = delete;
+
+    /// Loads the form and starts the timers that show it.
+    void start();
+    /// Starts, serves events until the program ends, and gives its exit code.
+    [[nodiscard]] int run();
+    /// The system wants the program to end: it does, soon and without a question.
+    void endBySystem() { systemEnd_.begin(); }
+
+    [[nodiscard]] const App_Context& app() const { return app_; }
+    [[nodiscard]] Main_Window& window() { return window_; }
+    [[nodiscard]] Window_Frame& frame() { return frame_; }
+    [[nodiscard]] Modbus_Link& link() { return line_.link(); }
+    [[nodiscard]] Line_Parts& line() { return line_; }
+    [[nodiscard]] Event_Edge& edge() { return edge_; }
+    [[nodiscard]] Report_Parts& reports() { return reports_; }
+    [[nodiscard]] Desktop_Parts& desktop() { return desktop_; }
+    /// An edit in progress brings the recovery copy up to date this often.
+    [[nodiscard]] QTimer& TMR_Copia() { return copyTimer_; }
+
+  private:
+    /// What the grids' handlers ask of the windows around them.
+    class Form_Windows final : public Grid_Windows {
+      public:
+        explicit Form_Windows(Window_Frame& frame) : frame_(frame) {}
+        void showFrmDebug() override;
+        void updateColumnTip() override;
+        [[nodiscard]] Mouse_Place mousePlace() const override;
+        void showCurrentCell() override;
+
+      private:
+        Window_Frame& frame_;
+    };
+
+    void connectForm();
+    void connectTimers();
+    void connectLink();
+    void stopOnFailure(const Run_Time_Failure& failure);
+
+    Event_Edge edge_;
+    Declara_Zorvane document_;
+    Main_Form_State form_;
+    Navigation_State navigation_;
+    Hidden_Editors editors_;
+    App_State state_;
+    Native_Files files_;
+    std::optional<Qt_Settings_Store> settings_;
+    Native_Recovery_Folder recoveryFolder_;
+    Native_Recovery_Folder savedFolder_; ///< of files as they were before a save
+    Recovery recovery_;
+    Main_Window window_;
+    Window_Frame frame_;
+    Line_Parts line_;
+    Form_Windows formWindows_;
+    Qt_Text_Widths widths_;
+    App_Context app_;
+    Form_Parts parts_;
+    Report_Parts reports_;
+    Desktop_Parts desktop_;
+    System_End systemEnd_;
+    QTimer copyTimer_;
+    QElapsedTimer clock_;
+};
+
+} // namespace zorvane

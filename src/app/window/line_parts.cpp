@@ -1,0 +1,66 @@
+#include "app/window/line_parts.h"
+
+#include "app/form/port_store.h"
+#include "template/native_files.h"
+
+namespace zorvane {
+
+Line_Parts::Line_Parts(const App_Context& app, Window_Frame& frame, const std::string& programFolder,
+                       const Port_Settings& settings)
+    : app_(app), frame_(frame), simulator_([this] { return openTemplate(); },
+                                           Qt_Simulator::programIn(QString::fromStdString(programFolder))),
+      windows_(&frame.window(), simulator_,
+               {[this](const Port_Settings& chosen) { storePortSettings(app_.settings, chosen); },
+                [this] { return testRegister(); },
+                [this](const QString& prompt, int style, const QString& title) {
+                    return frame_.ask(prompt, style, title);
+                }}),
+      link_(settings, frame, &windows_, &simulator_) {
+    windows_.attach(link_.link(), link_.finder(), link_.clock());
+}
+
+/// The template that the model was read from, as the platform names it; letter case doesn't matter.
+std::string Line_Parts::openTemplate() const {
+    const std::string& type = app_.state.documentType;
+    if (type.empty()) return {};
+    return pathToNative(Native_Files().found(app_.applicationFolder + folderSeparator + type + ".ZTP"));
+}
+
+std::int32_t Line_Parts::testRegister() const {
+    const Declara_Zorvane& document = app_.document();
+    return document.Holding_Block_Count > 0 ? document.Holding_Blocks(1).First_Address : 0;
+}
+
+/// Transfers disable the form and enable it again; how one ended is settled when the events after it are
+/// served.
+void Line_Parts::connect(const Form_Parts& parts, Transfer_Status_Window::Print_Log printLog) {
+    status_.emplace(app_.grids.comm, &frame_.window(),
+                    Transfer_Status_Hooks{
+                        [this](const QString& prompt, int style, const QString& title) {
+                            return frame_.ask(prompt, style, title);
+                        },
+                        std::move(printLog),
+                        [&edge = parts.edge](const std::function<void()>& handler) { edge.run(handler); }});
+    frame_.extras.showFrmStatus = [this](bool isUpload) { status_->PRO_Muestra_Status(isUpload); };
+    frame_.extras.unloadFrmStatus = [this] { status_->unload(); };
+    frame_.extras.formEnabledSet = [this] {
+        enableReport(frame_.window().formEnabled());
+        QMetaObject::invokeMethod(
+            &frame_.window().StatusBar1(), [this] { showLogButton(); }, Qt::QueuedConnection);
+    };
+    frame_.window().StatusBar1().logChosen = [this, &edge = parts.edge] {
+        edge.run([this] { frame_.showFrmStatus(app_.form().Transfer_Was_Upload); });
+    };
+}
+
+/// Its Connect and Retry would cut into a transfer.
+void Line_Parts::enableReport(bool enabled) {
+    frame_.window().StatusBar1().setLogEnabled(enabled);
+    status_->setEnabled(enabled);
+}
+
+void Line_Parts::showLogButton() {
+    frame_.window().StatusBar1().setLogOffered(transferLogOffered(app_.form()));
+}
+
+} // namespace zorvane

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "app/window/form_commands.h"
+#include "comm/modbus_control/qt/qt_link.h"
+#include "comm/modbus_control/qt/qt_simulator.h"
+#include "ui/forms/transfer_status_window.h"
+#include "ui/line/line_windows.h"
+
+#include <optional>
+#include <string>
+
+namespace zorvane {
+
+/// The link of the window with all that belongs to it: its own windows, the simulated controller, the report
+/// of a transfer.
+class Line_Parts {
+  public:
+    /// `app` and `frame` must outlive it; `app` isn't read before `connect`. `programFolder` is where the
+    /// simulated controller lies, UTF-8.
+    Line_Parts(const App_Context& app, Window_Frame& frame, const std::string& programFolder,
+               const Port_Settings& settings);
+    Line_Parts(const Line_Parts&) = delete;
+    Line_Parts& operator=(const Line_Parts&) = delete;
+
+    /// Connects what shows the report of a transfer.
+    void connect(const Form_Parts& parts, Transfer_Status_Window::Print_Log printLog = {});
+
+    [[nodiscard]] Modbus_Link& link() { return link_.link(); }
+    [[nodiscard]] Line_Windows& windows() { return windows_; }
+    [[nodiscard]] Qt_Simulator& simulator() { return simulator_; }
+    /// Only after `connect`.
+    [[nodiscard]] Transfer_Status_Window& status() { return *status_; }
+
+  private:
+    [[nodiscard]] std::string openTemplate() const;
+    [[nodiscard]] std::int32_t testRegister() const;
+    void enableReport(bool enabled);
+    void showLogButton();
+
+    const App_Context& app_;
+    Window_Frame& frame_;
+    Qt_Simulator simulator_;
+    Line_Windows windows_;
+    Qt_Link link_;
+    std::optional<Transfer_Status_Window> status_;
+};
+
+} // namespace zorvane

@@ -1,0 +1,47 @@
+#include "app/window/message_bar_parts.h"
+
+#include "template/native_files.h"
+#include "ui/main/message_bar_view.h"
+
+namespace zorvane {
+
+namespace {
+
+const std::string cutMessageTopic = "panel 4";
+
+Shown_Line shownLine(const Bar_Line& line, Event_Edge& edge) {
+    Shown_Line shown{
+        QString::fromStdString(line.topic), line.kind == Bar_Kind::Warning, shownText(line.text), {}};
+    for (const Bar_Button& button : line.buttons)
+        shown.buttons.push_back({shownText(button.caption), [&edge, press = button.press] {
+                                     edge.run([&] {
+                                         if (press) press();
+                                     });
+                                 }});
+    return shown;
+}
+
+/// Panel 4 of a small window has no room for its text. The text is the window's, so it goes to the core as
+/// one.
+void tellCutMessage(Message_Bar& bar, const QString& text) {
+    if (text.isEmpty()) return bar.withdraw(cutMessageTopic);
+    bar.tell({cutMessageTopic, Bar_Kind::Note, pathFromNative(text.toStdString()), {}, false});
+}
+
+} // namespace
+
+void connectMessageBar(Window_Frame& frame, Event_Edge& edge) {
+    Message_Bar_View& view = frame.window().messageBar();
+    frame.messageBar().changed = [&frame, &view, &edge] {
+        std::vector<Shown_Line> lines;
+        for (const Bar_Line& line : frame.messageBar().lines())
+            lines.push_back(shownLine(line, edge));
+        view.setLines(lines);
+    };
+    frame.window().StatusBar1().messageCut = [&frame](const QString& text) {
+        tellCutMessage(frame.messageBar(), text);
+    };
+    view.onClose = [&frame](const QString& topic) { frame.messageBar().withdraw(topic.toStdString()); };
+}
+
+} // namespace zorvane

@@ -1,0 +1,15 @@
+#include "app/window/qt_text_widths.h"
+
+#include "ui/base/text.h"
+
+#include <QFontMetricsF>
+
+namespace zorvane {
+
+double Qt_Text_Widths::textWidth(const std::string& text, double points) const {
+    QFont font = font_();
+    font.setPointSizeF(points);
+    return QFontMetricsF(font).horizontalAdvance(fromCore(text)) * twipsPerPixel_();
+}
+
+} // namespace zorvane

@@ -1,0 +1,36 @@
+#include "app/window/system_end.h"
+
+#include "app/frame_life.h"
+
+namespace zorvane {
+
+namespace {
+
+constexpr int lookEveryMs = 20;
+
+} // namespace
+
+System_End::System_End(const App_Context& app, Window_Frame& frame, Event_Edge& edge)
+    : app_(app), frame_(frame), edge_(edge) {
+    timer_.setInterval(lookEveryMs);
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { edge_.run([this] { look(); }); });
+}
+
+void System_End::begin() {
+    edge_.run([this] {
+        if (timer_.isActive()) return Form_Unload(app_);
+        prepareSystemEnd(app_);
+        frame_.endQuestions();
+        since_.start();
+        timer_.start();
+        look();
+    });
+}
+
+void System_End::look() {
+    if (transferRuns(app_.form()) && since_.elapsed() < patienceMs) return;
+    timer_.stop();
+    Form_Unload(app_);
+}
+
+} // namespace zorvane

@@ -1,0 +1,51 @@
+#include "app/window/window_dialog.h"
+
+#include "template/native_files.h"
+#include "ui/base/dialog_filter.h"
+#include "ui/base/text.h"
+#include "values/run_time_failure.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace zorvane {
+
+Common_Dialog Window_Dialog::prepared() const {
+    Common_Dialog shown;
+    shown.FileName = QFile::decodeName(QByteArray::fromStdString(pathToNative(FileName)));
+    shown.DialogTitle = fromCore(DialogTitle);
+    shown.Filter = QString::fromStdString(pathToNative(Filter));
+    shown.FilterIndex = FilterIndex;
+    shown.InitDir = InitDir.empty() ? lastFolder_ : QString::fromStdString(pathToNative(InitDir));
+    shown.run = run;
+    return shown;
+}
+
+void Window_Dialog::take(const Common_Dialog& shown, bool chosen) {
+    if (!chosen) {
+        if (CancelError) throw Run_Time_Failure(dialogCancelled, "Cancel was selected.");
+        return;
+    }
+    FileName = pathFromNative(QFile::encodeName(shown.FileName).toStdString());
+    FilterIndex = shown.FilterIndex;
+    lastFolder_ = QFileInfo(shown.FileName).path();
+}
+
+/// The box for read-only starts without a tick: one for the last file says nothing of the next.
+void Window_Dialog::ShowOpen() {
+    Common_Dialog shown = prepared();
+    shown.Flags = Flags & ~(Dialog_HideReadOnly | Dialog_ReadOnly);
+    const bool chosen = shown.ShowOpen(parent_());
+    if (chosen) Flags = shown.Flags;
+    take(shown, chosen);
+}
+
+void Window_Dialog::ShowSave() {
+    Common_Dialog shown = prepared();
+    shown.Flags = Flags;
+    const std::vector<Dialog_Filter> types = dialogFilters(shown.Filter);
+    if (!types.empty()) shown.DefaultExt = firstExtension(types.front());
+    take(shown, shown.ShowSave(parent_()));
+}
+
+} // namespace zorvane
