@@ -1,6 +1,6 @@
 // What the desktop has to do with the window: text size, tray, help, the tip at a column's border.
 
-#include "app/testing/program_fixture.h"
+#include "app/window/testing/program_fixture.h"
 #include "ui/grid/column_tip.h"
 
 #include <QHeaderView>

@@ -1,6 +1,6 @@
 // The whole window, driven from inside: start, documents, editing, the ways out.
 
-#include "app/testing/program_fixture.h"
+#include "app/window/testing/program_fixture.h"
 #include "ui/forms/msgb.h"
 #include "ui/testing/control_walk.h"
 

@@ -1,7 +1,7 @@
 // The link's windows in the whole program, with the simulated controller as its port.
 
 #include "app/form/port_store.h"
-#include "app/testing/program_fixture.h"
+#include "app/window/testing/program_fixture.h"
 
 #include <QComboBox>
 #include <QPlainTextEdit>

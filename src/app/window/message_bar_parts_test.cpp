@@ -1,7 +1,7 @@
 // The lines of the message bar in the program: shown, pressed, taken away, gone with their document.
 
 #include "app/document/document_rows.h"
-#include "app/testing/program_fixture.h"
+#include "app/window/testing/program_fixture.h"
 #include "ui/main/message_bar_view.h"
 
 #include <QLabel>

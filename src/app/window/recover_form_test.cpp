@@ -1,7 +1,7 @@
 // "Recover...": the list of copies, and what becomes of the chosen one.
 
-#include "app/testing/program_fixture.h"
 #include "app/window/recover_form.h"
+#include "app/window/testing/program_fixture.h"
 #include "ui/testing/control_walk.h"
 
 #include <QLabel>

@@ -1,7 +1,7 @@
 // Previews, page set-up, printing and export in the whole program, driven from inside.
 
-#include "app/testing/program_fixture.h"
 #include "app/window/report_parts.h"
+#include "app/window/testing/program_fixture.h"
 #include "template/testing/file_size_limit.h"
 #include "ui/report/page_setup_dialog.h"
 #include "ui/report/preview_window.h"

@@ -1,6 +1,6 @@
 // The program is ended by the system: without a question, with a copy of the changes.
 
-#include "app/testing/program_fixture.h"
+#include "app/window/testing/program_fixture.h"
 #include "ui/forms/msgb.h"
 
 #include <QProcess>

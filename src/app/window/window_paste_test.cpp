@@ -1,6 +1,6 @@
 // What the whole window says of a text that a cell doesn't take.
 
-#include "app/testing/program_fixture.h"
+#include "app/window/testing/program_fixture.h"
 
 #include <QClipboard>
 

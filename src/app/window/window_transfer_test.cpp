@@ -1,6 +1,6 @@
 // Transfers in the window, with the simulated controller at the other end of the line.
 
-#include "app/testing/program_fixture.h"
+#include "app/window/testing/program_fixture.h"
 #include "ui/forms/frm_debug.h"
 
 #include <QPlainTextEdit>

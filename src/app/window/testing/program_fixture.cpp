@@ -1,4 +1,4 @@
-#include "app/testing/program_fixture.h"
+#include "app/window/testing/program_fixture.h"
 
 #include <QCheckBox>
 #include <QFileDialog>
