@@ -3,9 +3,9 @@
 // lost.
 
 #include "fuzz/require.h"
-#include "reports/line_wrap.h"
-#include "reports/page_layout.h"
-#include "reports/report_content.h"
+#include "reports/bands/line_wrap.h"
+#include "reports/bands/page_layout.h"
+#include "reports/bands/report_content.h"
 #include "reports/testing/even_metrics.h"
 
 #include <fuzzer/FuzzedDataProvider.h>

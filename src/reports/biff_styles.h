@@ -1,7 +1,7 @@
 #pragma once
 
+#include "reports/bands/text_style.h"
 #include "reports/biff_records.h"
-#include "reports/text_style.h"
 
 #include <cstdint>
 #include <string>

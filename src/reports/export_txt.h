@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/report_content.h"
+#include "reports/bands/report_content.h"
 
 #include <string>
 

@@ -1,8 +1,8 @@
 #include "reports/export_xls.h"
 
+#include "reports/bands/paper_kinds.h"
 #include "reports/biff_records.h"
 #include "reports/biff_styles.h"
-#include "reports/paper_kinds.h"
 #include "reports/sheet_number.h"
 #include "values/twips.h"
 

@@ -1,6 +1,6 @@
 #include "reports/main_rep_kvrt.h"
 
-#include "reports/page_bands.h"
+#include "reports/bands/page_bands.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "reports/page_colours.h"
+#include "reports/bands/page_colours.h"
+#include "reports/bands/text_place.h"
 #include "reports/qt_report_fonts.h"
-#include "reports/text_place.h"
 
 #include <array>
 #include <cstdint>

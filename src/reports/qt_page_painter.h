@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/page_document.h"
+#include "reports/bands/page_document.h"
 
 #include <cstddef>
 #include <functional>

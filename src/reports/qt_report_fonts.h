@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/text_metrics.h"
+#include "reports/bands/text_metrics.h"
 
 #include <QFont>
 #include <QFontMetricsF>

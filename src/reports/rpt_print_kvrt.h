@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/active_report.h"
+#include "reports/bands/active_report.h"
 #include "template/model/declara_zorvane.h"
 
 #include <cstdint>

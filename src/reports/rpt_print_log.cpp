@@ -1,6 +1,6 @@
 #include "reports/rpt_print_log.h"
 
-#include "reports/page_bands.h"
+#include "reports/bands/page_bands.h"
 
 namespace zorvane {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/active_report.h"
+#include "reports/bands/active_report.h"
 #include "reports/footer_texts.h"
 
 #include <functional>

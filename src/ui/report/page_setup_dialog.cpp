@@ -1,6 +1,6 @@
 #include "ui/report/page_setup_dialog.h"
 
-#include "reports/paper_kinds.h"
+#include "reports/bands/paper_kinds.h"
 #include "ui/base/text.h"
 #include "ui/report/page_sheet.h"
 #include "values/twips.h"

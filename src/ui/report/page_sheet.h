@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/page_settings.h"
+#include "reports/bands/page_settings.h"
 
 namespace zorvane {
 

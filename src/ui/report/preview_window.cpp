@@ -1,6 +1,6 @@
 #include "ui/report/preview_window.h"
 
-#include "reports/page_document.h"
+#include "reports/bands/page_document.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
 

@@ -1,4 +1,4 @@
-#include "reports/page_document.h"
+#include "reports/bands/page_document.h"
 #include "ui/report/preview_window.h"
 #include "ui/testing/control_walk.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reports/page_document.h"
-#include "reports/page_settings.h"
+#include "reports/bands/page_document.h"
+#include "reports/bands/page_settings.h"
 
 #include <QPrinter>
 

@@ -1,4 +1,4 @@
-#include "reports/report_content.h"
+#include "reports/bands/report_content.h"
 #include "reports/rpt_print_log.h"
 #include "reports/testing/report_bench.h"
 

@@ -1,4 +1,4 @@
-#include "reports/printed_report.h"
+#include "reports/bands/printed_report.h"
 
 #include <algorithm>
 

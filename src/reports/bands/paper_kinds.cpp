@@ -1,4 +1,4 @@
-#include "reports/paper_kinds.h"
+#include "reports/bands/paper_kinds.h"
 
 #include <algorithm>
 #include <cmath>

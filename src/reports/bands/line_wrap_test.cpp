@@ -1,4 +1,4 @@
-#include "reports/line_wrap.h"
+#include "reports/bands/line_wrap.h"
 #include "reports/testing/even_metrics.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/report_band.h"
+#include "reports/bands/report_band.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
-#include "reports/page_colours.h"
+#include "reports/bands/page_colours.h"
 
-#include "reports/text_place.h"
+#include "reports/bands/text_place.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,7 +1,7 @@
-#include "reports/active_report.h"
+#include "reports/bands/active_report.h"
 
-#include "reports/line_wrap.h"
-#include "reports/page_layout.h"
+#include "reports/bands/line_wrap.h"
+#include "reports/bands/page_layout.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "reports/report_band.h"
+#include "reports/bands/report_band.h"
 
 #include "values/run_time_failure.h"
 

@@ -1,4 +1,4 @@
-#include "reports/report_content.h"
+#include "reports/bands/report_content.h"
 
 #include <algorithm>
 

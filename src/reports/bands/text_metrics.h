@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/text_style.h"
+#include "reports/bands/text_style.h"
 
 #include <string>
 

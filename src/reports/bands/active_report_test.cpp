@@ -1,4 +1,4 @@
-#include "reports/active_report.h"
+#include "reports/bands/active_report.h"
 #include "reports/testing/even_metrics.h"
 #include "reports/testing/page_text.h"
 #include "values/testing/failure_number.h"

@@ -1,4 +1,4 @@
-#include "reports/page_bands.h"
+#include "reports/bands/page_bands.h"
 
 namespace zorvane {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "reports/page_document.h"
-#include "reports/page_settings.h"
-#include "reports/printed_report.h"
+#include "reports/bands/page_document.h"
+#include "reports/bands/page_settings.h"
+#include "reports/bands/printed_report.h"
 
 #include <cstdint>
 #include <functional>

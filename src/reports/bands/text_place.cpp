@@ -1,4 +1,4 @@
-#include "reports/text_place.h"
+#include "reports/bands/text_place.h"
 
 #include <algorithm>
 

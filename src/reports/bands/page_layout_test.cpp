@@ -1,4 +1,4 @@
-#include "reports/page_layout.h"
+#include "reports/bands/page_layout.h"
 #include "reports/testing/page_text.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/printed_report.h"
+#include "reports/bands/printed_report.h"
 
 #include <cstdint>
 #include <string>

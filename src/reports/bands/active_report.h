@@ -1,12 +1,12 @@
 #pragma once
 
-#include "reports/page_document.h"
-#include "reports/page_layout.h"
-#include "reports/page_settings.h"
-#include "reports/printed_report.h"
-#include "reports/report_band.h"
-#include "reports/report_fields.h"
-#include "reports/text_metrics.h"
+#include "reports/bands/page_document.h"
+#include "reports/bands/page_layout.h"
+#include "reports/bands/page_settings.h"
+#include "reports/bands/printed_report.h"
+#include "reports/bands/report_band.h"
+#include "reports/bands/report_fields.h"
+#include "reports/bands/text_metrics.h"
 
 #include <cstdint>
 #include <string>
