@@ -2,8 +2,8 @@
 // format; beside a QTextDocument that prints the same tables to PDF. The argument is the number of rows of
 // each field.
 
+#include "reports/documents/main_rep_kvrt.h"
 #include "reports/export_format.h"
-#include "reports/main_rep_kvrt.h"
 #include "reports/qt_page_exporters.h"
 #include "reports/qt_page_painter.h"
 #include "reports/qt_report_fonts.h"

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "app/form/common_dialog.h"
-#include "reports/main_rep_kvrt.h"
-#include "reports/rpt_print_log.h"
+#include "reports/documents/main_rep_kvrt.h"
+#include "reports/documents/rpt_print_log.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/footer_texts.h"
+#include "reports/documents/footer_texts.h"
 
 namespace zorvane {
 

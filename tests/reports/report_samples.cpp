@@ -3,9 +3,9 @@
 //   report_samples FOLDER
 
 #include "reports/byte_file.h"
+#include "reports/documents/main_rep_kvrt.h"
 #include "reports/export_format.h"
 #include "reports/export_xls.h"
-#include "reports/main_rep_kvrt.h"
 #include "reports/ole_container.h"
 #include "reports/qt_page_exporters.h"
 #include "reports/qt_report_fonts.h"

@@ -1,5 +1,5 @@
 #include "reports/bands/report_content.h"
-#include "reports/rpt_print_log.h"
+#include "reports/documents/rpt_print_log.h"
 #include "reports/testing/report_bench.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/main_rep_kvrt.h"
+#include "reports/documents/main_rep_kvrt.h"
 #include "reports/testing/even_metrics.h"
 #include "template/model/declara_zorvane.h"
 

@@ -1,4 +1,4 @@
-#include "reports/rpt_print_log.h"
+#include "reports/documents/rpt_print_log.h"
 
 #include "reports/bands/page_bands.h"
 

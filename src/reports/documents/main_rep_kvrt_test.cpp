@@ -1,4 +1,4 @@
-#include "reports/main_rep_kvrt.h"
+#include "reports/documents/main_rep_kvrt.h"
 #include "reports/testing/page_text.h"
 #include "reports/testing/report_bench.h"
 #include "values/testing/failure_number.h"

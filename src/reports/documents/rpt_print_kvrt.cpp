@@ -1,4 +1,4 @@
-#include "reports/rpt_print_kvrt.h"
+#include "reports/documents/rpt_print_kvrt.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"

@@ -1,4 +1,4 @@
-#include "reports/main_rep_kvrt.h"
+#include "reports/documents/main_rep_kvrt.h"
 
 #include "reports/bands/page_bands.h"
 #include "values/code_page.h"

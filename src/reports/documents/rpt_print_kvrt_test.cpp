@@ -1,4 +1,4 @@
-#include "reports/rpt_print_kvrt.h"
+#include "reports/documents/rpt_print_kvrt.h"
 #include "reports/testing/report_bench.h"
 #include "values/testing/failure_number.h"
 

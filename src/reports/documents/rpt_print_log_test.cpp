@@ -1,4 +1,4 @@
-#include "reports/rpt_print_log.h"
+#include "reports/documents/rpt_print_log.h"
 #include "reports/testing/page_text.h"
 #include "reports/testing/report_bench.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "reports/bands/active_report.h"
-#include "reports/footer_texts.h"
+#include "reports/documents/footer_texts.h"
 
 #include <functional>
 #include <string>

@@ -1,4 +1,4 @@
-#include "reports/footer_texts.h"
+#include "reports/documents/footer_texts.h"
 
 #include <gtest/gtest.h>
 

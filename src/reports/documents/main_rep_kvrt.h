@@ -1,8 +1,8 @@
 #pragma once
 
 #include "reports/bands/active_report.h"
-#include "reports/footer_texts.h"
-#include "reports/rpt_print_kvrt.h"
+#include "reports/documents/footer_texts.h"
+#include "reports/documents/rpt_print_kvrt.h"
 
 #include <cstdint>
 #include <functional>
