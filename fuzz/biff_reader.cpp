@@ -1,7 +1,7 @@
 #include "fuzz/biff_reader.h"
 
 #include "fuzz/require.h"
-#include "reports/biff_records.h"
+#include "reports/export/biff_records.h"
 
 #include <algorithm>
 #include <bit>

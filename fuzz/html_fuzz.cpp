@@ -3,7 +3,7 @@
 
 #include "fuzz/fuzz_report.h"
 #include "fuzz/require.h"
-#include "reports/export_html.h"
+#include "reports/export/export_html.h"
 #include "values/code_page.h"
 
 #include <algorithm>

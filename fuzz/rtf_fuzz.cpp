@@ -3,7 +3,7 @@
 #include "fuzz/fuzz_report.h"
 #include "fuzz/require.h"
 #include "fuzz/rtf_reader.h"
-#include "reports/export_rtf.h"
+#include "reports/export/export_rtf.h"
 
 #include <cstddef>
 #include <cstdint>

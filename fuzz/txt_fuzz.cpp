@@ -3,7 +3,7 @@
 #include "fuzz/fuzz_report.h"
 #include "fuzz/require.h"
 #include "fuzz/split.h"
-#include "reports/export_txt.h"
+#include "reports/export/export_txt.h"
 #include "values/code_page.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 // each field.
 
 #include "reports/documents/main_rep_kvrt.h"
-#include "reports/export_format.h"
+#include "reports/export/export_format.h"
 #include "reports/qt_page_exporters.h"
 #include "reports/qt_page_painter.h"
 #include "reports/qt_report_fonts.h"

@@ -3,7 +3,7 @@
 #include "app/form/app_context.h"
 #include "app/form/window_rectangles.h"
 #include "app/print_frame.h"
-#include "reports/export_format.h"
+#include "reports/export/export_format.h"
 
 #include <array>
 #include <functional>

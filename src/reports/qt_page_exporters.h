@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/export_format.h"
+#include "reports/export/export_format.h"
 
 #include <cstddef>
 #include <functional>

@@ -4,11 +4,11 @@
 //   "FOLDER/name.FORMAT"
 
 #include "fuzz/fuzz_report.h"
-#include "reports/byte_file.h"
-#include "reports/export_html.h"
-#include "reports/export_rtf.h"
-#include "reports/export_xls.h"
-#include "reports/ole_container.h"
+#include "reports/export/byte_file.h"
+#include "reports/export/export_html.h"
+#include "reports/export/export_rtf.h"
+#include "reports/export/export_xls.h"
+#include "reports/export/ole_container.h"
 
 #include <filesystem>
 #include <fstream>

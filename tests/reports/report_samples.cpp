@@ -2,11 +2,11 @@
 // compare.
 //   report_samples FOLDER
 
-#include "reports/byte_file.h"
 #include "reports/documents/main_rep_kvrt.h"
-#include "reports/export_format.h"
-#include "reports/export_xls.h"
-#include "reports/ole_container.h"
+#include "reports/export/byte_file.h"
+#include "reports/export/export_format.h"
+#include "reports/export/export_xls.h"
+#include "reports/export/ole_container.h"
 #include "reports/qt_page_exporters.h"
 #include "reports/qt_report_fonts.h"
 #include "reports/testing/report_bench.h"

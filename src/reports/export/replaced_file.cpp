@@ -1,4 +1,4 @@
-#include "reports/replaced_file.h"
+#include "reports/export/replaced_file.h"
 
 #include "template/native_files.h"
 

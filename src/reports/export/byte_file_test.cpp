@@ -1,4 +1,4 @@
-#include "reports/byte_file.h"
+#include "reports/export/byte_file.h"
 #include "template/testing/temporary_folder.h"
 #include "values/testing/failure_number.h"
 

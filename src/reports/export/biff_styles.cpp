@@ -1,4 +1,4 @@
-#include "reports/biff_styles.h"
+#include "reports/export/biff_styles.h"
 
 #include <algorithm>
 #include <cmath>

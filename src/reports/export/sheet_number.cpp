@@ -1,4 +1,4 @@
-#include "reports/sheet_number.h"
+#include "reports/export/sheet_number.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"

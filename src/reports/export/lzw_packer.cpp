@@ -1,4 +1,4 @@
-#include "reports/lzw_packer.h"
+#include "reports/export/lzw_packer.h"
 
 #include <algorithm>
 #include <cstring>

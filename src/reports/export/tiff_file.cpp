@@ -1,4 +1,4 @@
-#include "reports/tiff_file.h"
+#include "reports/export/tiff_file.h"
 
 #include "values/run_time_failure.h"
 

@@ -1,7 +1,7 @@
 // What the file holds, as libtiff reads it.
 
-#include "reports/byte_file.h"
-#include "reports/tiff_file.h"
+#include "reports/export/byte_file.h"
+#include "reports/export/tiff_file.h"
 #include "template/testing/temporary_folder.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "reports/export_html.h"
+#include "reports/export/export_html.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"

@@ -1,6 +1,6 @@
-#include "reports/biff_records.h"
 #include "reports/documents/main_rep_kvrt.h"
-#include "reports/export_xls.h"
+#include "reports/export/biff_records.h"
+#include "reports/export/export_xls.h"
 #include "reports/testing/report_bench.h"
 
 #include <gmock/gmock.h>

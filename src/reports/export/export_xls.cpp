@@ -1,9 +1,9 @@
-#include "reports/export_xls.h"
+#include "reports/export/export_xls.h"
 
 #include "reports/bands/paper_kinds.h"
-#include "reports/biff_records.h"
-#include "reports/biff_styles.h"
-#include "reports/sheet_number.h"
+#include "reports/export/biff_records.h"
+#include "reports/export/biff_styles.h"
+#include "reports/export/sheet_number.h"
 #include "values/twips.h"
 
 #include <algorithm>

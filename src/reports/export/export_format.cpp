@@ -1,10 +1,10 @@
-#include "reports/export_format.h"
+#include "reports/export/export_format.h"
 
-#include "reports/export_html.h"
-#include "reports/export_rtf.h"
-#include "reports/export_txt.h"
-#include "reports/export_xls.h"
-#include "reports/ole_container.h"
+#include "reports/export/export_html.h"
+#include "reports/export/export_rtf.h"
+#include "reports/export/export_txt.h"
+#include "reports/export/export_xls.h"
+#include "reports/export/ole_container.h"
 
 #include <array>
 

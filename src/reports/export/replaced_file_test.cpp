@@ -1,5 +1,5 @@
-#include "reports/byte_file.h"
-#include "reports/replaced_file.h"
+#include "reports/export/byte_file.h"
+#include "reports/export/replaced_file.h"
 #include "template/testing/file_size_limit.h"
 #include "template/testing/temporary_folder.h"
 #include "values/testing/failure_number.h"

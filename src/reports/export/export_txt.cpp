@@ -1,4 +1,4 @@
-#include "reports/export_txt.h"
+#include "reports/export/export_txt.h"
 
 #include "values/code_page.h"
 

@@ -1,4 +1,4 @@
-#include "reports/sheet_number.h"
+#include "reports/export/sheet_number.h"
 
 #include <gtest/gtest.h>
 

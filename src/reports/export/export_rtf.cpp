@@ -1,4 +1,4 @@
-#include "reports/export_rtf.h"
+#include "reports/export/export_rtf.h"
 
 #include "values/rtf_escape.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "reports/bands/text_style.h"
-#include "reports/lzw_packer.h"
+#include "reports/export/lzw_packer.h"
 
 #include <cstdint>
 #include <span>

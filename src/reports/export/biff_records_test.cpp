@@ -1,4 +1,4 @@
-#include "reports/biff_records.h"
+#include "reports/export/biff_records.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "reports/byte_file.h"
+#include "reports/export/byte_file.h"
 
-#include "reports/replaced_file.h"
+#include "reports/export/replaced_file.h"
 
 namespace zorvane {
 

@@ -1,4 +1,4 @@
-#include "reports/ole_container.h"
+#include "reports/export/ole_container.h"
 
 #include "values/run_time_failure.h"
 

@@ -1,4 +1,4 @@
-#include "reports/biff_records.h"
+#include "reports/export/biff_records.h"
 
 #include "values/code_page.h"
 #include "values/utf8.h"

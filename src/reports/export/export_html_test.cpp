@@ -1,4 +1,4 @@
-#include "reports/export_html.h"
+#include "reports/export/export_html.h"
 #include "reports/testing/report_bench.h"
 
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "reports/bands/text_style.h"
-#include "reports/biff_records.h"
+#include "reports/export/biff_records.h"
 
 #include <cstdint>
 #include <string>
