@@ -4,9 +4,9 @@
 
 #include "reports/documents/main_rep_kvrt.h"
 #include "reports/export/export_format.h"
-#include "reports/qt_page_exporters.h"
-#include "reports/qt_page_painter.h"
-#include "reports/qt_report_fonts.h"
+#include "reports/qt/qt_page_exporters.h"
+#include "reports/qt/qt_page_painter.h"
+#include "reports/qt/qt_report_fonts.h"
 #include "template/model/declara_zorvane.h"
 
 #include <QBuffer>

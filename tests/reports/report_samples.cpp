@@ -7,8 +7,8 @@
 #include "reports/export/export_format.h"
 #include "reports/export/export_xls.h"
 #include "reports/export/ole_container.h"
-#include "reports/qt_page_exporters.h"
-#include "reports/qt_report_fonts.h"
+#include "reports/qt/qt_page_exporters.h"
+#include "reports/qt/qt_report_fonts.h"
 #include "reports/testing/report_bench.h"
 #include "values/code_page.h"
 

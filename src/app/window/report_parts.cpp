@@ -3,7 +3,7 @@
 #include "app/form/font_size.h"
 #include "app/form/menu_state.h"
 #include "reports/export/byte_file.h"
-#include "reports/qt_report_clock.h"
+#include "reports/qt/qt_report_clock.h"
 #include "template/native_files.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"

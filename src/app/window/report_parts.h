@@ -5,8 +5,8 @@
 #include "app/window/busy_run.h"
 #include "app/window/form_commands.h"
 #include "app/window/window_dialog.h"
-#include "reports/qt_page_exporters.h"
-#include "reports/qt_report_fonts.h"
+#include "reports/qt/qt_page_exporters.h"
+#include "reports/qt/qt_report_fonts.h"
 
 #include <QPointer>
 

@@ -7,9 +7,9 @@
 #include "reports/documents/main_rep_kvrt.h"
 #include "reports/export/byte_file.h"
 #include "reports/export/export_format.h"
-#include "reports/qt_page_exporters.h"
-#include "reports/qt_report_clock.h"
-#include "reports/qt_report_fonts.h"
+#include "reports/qt/qt_page_exporters.h"
+#include "reports/qt/qt_report_clock.h"
+#include "reports/qt/qt_report_fonts.h"
 #include "template/native_files.h"
 
 #include <CLI/CLI.hpp>

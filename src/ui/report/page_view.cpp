@@ -1,6 +1,6 @@
 #include "ui/report/page_view.h"
 
-#include "reports/qt_page_painter.h"
+#include "reports/qt/qt_page_painter.h"
 #include "ui/base/roles.h"
 #include "ui/base/text.h"
 

@@ -1,6 +1,6 @@
 #include "ui/report/report_printing.h"
 
-#include "reports/qt_page_painter.h"
+#include "reports/qt/qt_page_painter.h"
 #include "ui/base/text.h"
 #include "values/twips.h"
 

@@ -1,6 +1,6 @@
-#include "reports/qt_page_dots.h"
+#include "reports/qt/qt_page_dots.h"
 
-#include "reports/qt_page_painter.h"
+#include "reports/qt/qt_page_painter.h"
 #include "values/twips.h"
 
 #include <QImage>

@@ -1,4 +1,4 @@
-#include "reports/qt_report_clock.h"
+#include "reports/qt/qt_report_clock.h"
 
 #include "values/code_page.h"
 

@@ -1,7 +1,7 @@
-#include "reports/qt_page_painter.h"
+#include "reports/qt/qt_page_painter.h"
 
 #include "reports/bands/text_place.h"
-#include "reports/qt_report_fonts.h"
+#include "reports/qt/qt_report_fonts.h"
 #include "values/twips.h"
 
 #include <QColor>

@@ -1,6 +1,6 @@
-#include "reports/qt_page_exporters.h"
-#include "reports/qt_page_painter.h"
-#include "reports/qt_report_fonts.h"
+#include "reports/qt/qt_page_exporters.h"
+#include "reports/qt/qt_page_painter.h"
+#include "reports/qt/qt_report_fonts.h"
 
 #include <QImage>
 #include <QPainter>

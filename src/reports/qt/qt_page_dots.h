@@ -2,7 +2,7 @@
 
 #include "reports/bands/page_colours.h"
 #include "reports/bands/text_place.h"
-#include "reports/qt_report_fonts.h"
+#include "reports/qt/qt_report_fonts.h"
 
 #include <array>
 #include <cstdint>

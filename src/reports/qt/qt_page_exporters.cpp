@@ -1,8 +1,8 @@
-#include "reports/qt_page_exporters.h"
+#include "reports/qt/qt_page_exporters.h"
 
 #include "reports/export/tiff_file.h"
-#include "reports/qt_page_dots.h"
-#include "reports/qt_page_painter.h"
+#include "reports/qt/qt_page_dots.h"
+#include "reports/qt/qt_page_painter.h"
 #include "values/code_page.h"
 #include "values/twips.h"
 

@@ -1,4 +1,4 @@
-#include "reports/qt_page_dots.h"
+#include "reports/qt/qt_page_dots.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "reports/qt_report_fonts.h"
+#include "reports/qt/qt_report_fonts.h"
 
 #include "values/code_page.h"
 #include "values/twips.h"
