@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ctl/json_stream.h"
 #include "ctl/opened_document.h"
+#include "ctl/text/json_stream.h"
 
 namespace zorvane {
 

@@ -1,7 +1,7 @@
 #include "ctl/model_text.h"
 
 #include "ctl/notices.h"
-#include "ctl/text_table.h"
+#include "ctl/text/text_table.h"
 #include "template/messages.h"
 #include "values/numbers.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ctl/held_frame.h"
-#include "ctl/progress_printer.h"
+#include "ctl/text/progress_printer.h"
 
 #include <QTimer>
 

@@ -5,7 +5,7 @@
 #include "comm/transfer/session.h"
 #include "ctl/block_results.h"
 #include "ctl/notices.h"
-#include "ctl/text_table.h"
+#include "ctl/text/text_table.h"
 #include "ctl/transfer.h"
 #include "values/run_time_failure.h"
 

@@ -2,7 +2,7 @@
 
 #include "comm/main_form/comm_context.h"
 #include "ctl/held_frame.h"
-#include "ctl/json_text.h"
+#include "ctl/text/json_text.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,7 +1,7 @@
 #include "ctl/call.h"
-#include "ctl/json_text.h"
 #include "ctl/notices.h"
-#include "ctl/text_table.h"
+#include "ctl/text/json_text.h"
+#include "ctl/text/text_table.h"
 #include "template/native_files.h"
 #include "template/offered_models.h"
 

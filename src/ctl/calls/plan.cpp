@@ -3,7 +3,7 @@
 #include "ctl/notices.h"
 #include "ctl/register_argument.h"
 #include "ctl/rehearsal.h"
-#include "ctl/text_table.h"
+#include "ctl/text/text_table.h"
 
 #include <CLI/CLI.hpp>
 

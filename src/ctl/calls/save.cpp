@@ -1,7 +1,7 @@
 #include "ctl/call.h"
 #include "ctl/document_arguments.h"
-#include "ctl/json_text.h"
 #include "ctl/notices.h"
+#include "ctl/text/json_text.h"
 #include "template/native_files.h"
 
 #include <CLI/CLI.hpp>

@@ -1,11 +1,11 @@
 #include "ctl/call.h"
 #include "ctl/document_arguments.h"
 #include "ctl/field_argument.h"
-#include "ctl/json_stream.h"
 #include "ctl/lower_grid.h"
 #include "ctl/notices.h"
 #include "ctl/register_argument.h"
-#include "ctl/text_table.h"
+#include "ctl/text/json_stream.h"
+#include "ctl/text/text_table.h"
 #include "values/code_page.h"
 
 #include <CLI/CLI.hpp>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/failure_note.h"
+#include "ctl/text/failure_note.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/json_text.h"
+#include "ctl/text/json_text.h"
 
 #include <iosfwd>
 #include <string_view>

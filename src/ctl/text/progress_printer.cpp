@@ -1,4 +1,4 @@
-#include "ctl/progress_printer.h"
+#include "ctl/text/progress_printer.h"
 
 #include <algorithm>
 #include <ostream>

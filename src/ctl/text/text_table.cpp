@@ -1,4 +1,4 @@
-#include "ctl/text_table.h"
+#include "ctl/text/text_table.h"
 
 #include <algorithm>
 #include <ostream>

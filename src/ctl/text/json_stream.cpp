@@ -1,4 +1,4 @@
-#include "ctl/json_stream.h"
+#include "ctl/text/json_stream.h"
 
 #include <ostream>
 

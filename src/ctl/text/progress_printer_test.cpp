@@ -1,6 +1,6 @@
 // The progress of a transfer as people see it.
 
-#include "ctl/progress_printer.h"
+#include "ctl/text/progress_printer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ctl/json_text.h"
+#include "ctl/text/json_text.h"
 
 #include "template/native_files.h"
 #include "values/code_page.h"
