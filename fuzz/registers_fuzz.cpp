@@ -4,7 +4,7 @@
 #include "comm/main_form/testing/recording_frame.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "comm/transfer/registers_to_cells.h"
-#include "ctl/register_file.h"
+#include "ctl/document/register_file.h"
 #include "fuzz/fuzz_document.h"
 #include "fuzz/require.h"
 #include "fuzz/rich_template.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/held_frame.h"
+#include "ctl/document/held_frame.h"
 
 #include <QTimer>
 

@@ -4,7 +4,7 @@
 #include "app/window/window_grids.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "comm/transfer/registers_to_cells.h"
-#include "ctl/held_frame.h"
+#include "ctl/document/held_frame.h"
 #include "grids/fill_settings.h"
 #include "ui/grid/flex_grid.h"
 

@@ -2,7 +2,7 @@
 
 #include "comm/main_form/comm_context.h"
 #include "ctl/block_results.h"
-#include "ctl/held_frame.h"
+#include "ctl/document/held_frame.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/comm_context.h"
-#include "ctl/rehearsal.h"
+#include "ctl/document/rehearsal.h"
 
 #include <optional>
 #include <string>

@@ -2,8 +2,8 @@
 
 #include "comm/modbus_control/qt/qt_link.h"
 #include "comm/transfer/session.h"
-#include "ctl/notices.h"
-#include "ctl/rehearsal.h"
+#include "ctl/document/notices.h"
+#include "ctl/document/rehearsal.h"
 #include "ctl/stop_signals.h"
 #include "ctl/transfer.h"
 

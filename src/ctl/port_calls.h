@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/call.h"
+#include "ctl/document/call.h"
 
 namespace zorvane {
 

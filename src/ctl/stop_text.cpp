@@ -1,7 +1,7 @@
 #include "ctl/stop_text.h"
 
 #include "comm/modbus_control/scan/register_ranges.h"
-#include "ctl/notices.h"
+#include "ctl/document/notices.h"
 
 #include <ostream>
 

@@ -1,6 +1,6 @@
 #include "ctl/terminal_frame.h"
 
-#include "ctl/notices.h"
+#include "ctl/document/notices.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

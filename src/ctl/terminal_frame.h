@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/held_frame.h"
+#include "ctl/document/held_frame.h"
 #include "ctl/text/progress_printer.h"
 
 #include <QTimer>

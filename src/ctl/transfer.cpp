@@ -6,8 +6,8 @@
 #include "comm/transfer/session.h"
 #include "comm/transfer/transfer_records.h"
 #include "comm/transfer/upload.h"
+#include "ctl/document/own_values.h"
 #include "ctl/first_reading.h"
-#include "ctl/own_values.h"
 
 #include <algorithm>
 

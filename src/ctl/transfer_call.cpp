@@ -1,6 +1,6 @@
 #include "ctl/transfer_call.h"
 
-#include "ctl/notices.h"
+#include "ctl/document/notices.h"
 #include "ctl/transfer_text.h"
 
 #include <ostream>

@@ -1,6 +1,6 @@
 // What a transfer in a terminal tells of each request: read or written, refused, unanswered, not sent.
 #include "comm/main_form/testing/comm_bench.h"
-#include "ctl/own_values.h"
+#include "ctl/document/own_values.h"
 #include "ctl/transfer.h"
 #include "ctl/transfer_text.h"
 

@@ -1,6 +1,6 @@
 #include "ctl/transfer_text.h"
 
-#include "ctl/notices.h"
+#include "ctl/document/notices.h"
 #include "ctl/stop_text.h"
 
 #include <algorithm>

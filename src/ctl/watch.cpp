@@ -4,7 +4,7 @@
 #include "comm/transfer/online.h"
 #include "comm/transfer/session.h"
 #include "ctl/block_results.h"
-#include "ctl/notices.h"
+#include "ctl/document/notices.h"
 #include "ctl/text/text_table.h"
 #include "ctl/transfer.h"
 #include "values/run_time_failure.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/comm_context.h"
-#include "ctl/held_frame.h"
+#include "ctl/document/held_frame.h"
 #include "ctl/text/json_text.h"
 
 #include <cstdint>

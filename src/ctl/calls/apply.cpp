@@ -1,10 +1,10 @@
-#include "ctl/call.h"
-#include "ctl/document_arguments.h"
-#include "ctl/model_json.h"
-#include "ctl/model_text.h"
-#include "ctl/notices.h"
-#include "ctl/register_argument.h"
-#include "ctl/rehearsal.h"
+#include "ctl/document/call.h"
+#include "ctl/document/document_arguments.h"
+#include "ctl/document/model_json.h"
+#include "ctl/document/model_text.h"
+#include "ctl/document/notices.h"
+#include "ctl/document/register_argument.h"
+#include "ctl/document/rehearsal.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,7 +1,7 @@
-#include "ctl/call.h"
-#include "ctl/document_arguments.h"
-#include "ctl/model_json.h"
-#include "ctl/model_text.h"
+#include "ctl/document/call.h"
+#include "ctl/document/document_arguments.h"
+#include "ctl/document/model_json.h"
+#include "ctl/document/model_text.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,8 +1,8 @@
-#include "ctl/call.h"
-#include "ctl/document_arguments.h"
-#include "ctl/notices.h"
-#include "ctl/register_argument.h"
-#include "ctl/rehearsal.h"
+#include "ctl/document/call.h"
+#include "ctl/document/document_arguments.h"
+#include "ctl/document/notices.h"
+#include "ctl/document/register_argument.h"
+#include "ctl/document/rehearsal.h"
 #include "ctl/text/text_table.h"
 
 #include <CLI/CLI.hpp>

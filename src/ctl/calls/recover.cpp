@@ -1,5 +1,5 @@
-#include "ctl/call.h"
-#include "ctl/notices.h"
+#include "ctl/document/call.h"
+#include "ctl/document/notices.h"
 #include "ctl/text/json_text.h"
 #include "ctl/text/text_table.h"
 #include "recovery/native_recovery_folder.h"

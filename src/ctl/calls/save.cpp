@@ -1,6 +1,6 @@
-#include "ctl/call.h"
-#include "ctl/document_arguments.h"
-#include "ctl/notices.h"
+#include "ctl/document/call.h"
+#include "ctl/document/document_arguments.h"
+#include "ctl/document/notices.h"
 #include "ctl/text/json_text.h"
 #include "template/native_files.h"
 

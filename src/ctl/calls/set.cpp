@@ -1,9 +1,9 @@
-#include "ctl/call.h"
-#include "ctl/document_arguments.h"
-#include "ctl/field_argument.h"
-#include "ctl/lower_grid.h"
-#include "ctl/model_json.h"
-#include "ctl/notices.h"
+#include "ctl/document/call.h"
+#include "ctl/document/document_arguments.h"
+#include "ctl/document/field_argument.h"
+#include "ctl/document/lower_grid.h"
+#include "ctl/document/model_json.h"
+#include "ctl/document/notices.h"
 #include "values/code_page.h"
 
 #include <CLI/CLI.hpp>

@@ -1,6 +1,6 @@
-#include "ctl/document_arguments.h"
+#include "ctl/document/document_arguments.h"
+#include "ctl/document/register_argument.h"
 #include "ctl/port_calls.h"
-#include "ctl/register_argument.h"
 #include "ctl/transfer_call.h"
 
 #include <CLI/CLI.hpp>

@@ -1,7 +1,7 @@
 #include "ctl/watch.h"
 
-#include "ctl/field_argument.h"
-#include "ctl/notices.h"
+#include "ctl/document/field_argument.h"
+#include "ctl/document/notices.h"
 #include "ctl/port_call.h"
 #include "ctl/port_calls.h"
 

@@ -1,4 +1,4 @@
-#include "ctl/model_json.h"
+#include "ctl/document/model_json.h"
 
 namespace zorvane {
 

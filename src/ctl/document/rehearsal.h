@@ -2,9 +2,9 @@
 
 #include "comm/main_form/main_form_state.h"
 #include "comm/modbus_control/dry_run_link.h"
-#include "ctl/held_frame.h"
-#include "ctl/opened_document.h"
-#include "ctl/register_file.h"
+#include "ctl/document/held_frame.h"
+#include "ctl/document/opened_document.h"
+#include "ctl/document/register_file.h"
 
 #include <optional>
 #include <set>

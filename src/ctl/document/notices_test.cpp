@@ -1,6 +1,6 @@
 // What the terminal program says beside a failure.
 
-#include "ctl/notices.h"
+#include "ctl/document/notices.h"
 
 #include <gtest/gtest.h>
 

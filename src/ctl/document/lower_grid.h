@@ -1,8 +1,8 @@
 #pragma once
 
 #include "comm/transfer/requests/download_request.h"
-#include "ctl/opened_document.h"
-#include "ctl/register_file.h"
+#include "ctl/document/opened_document.h"
+#include "ctl/document/register_file.h"
 #include "grids/terminal_grids.h"
 
 #include <cstdint>

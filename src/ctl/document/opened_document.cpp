@@ -1,4 +1,4 @@
-#include "ctl/opened_document.h"
+#include "ctl/document/opened_document.h"
 
 #include "template/file_names.h"
 #include "template/pro_leer_archivo.h"

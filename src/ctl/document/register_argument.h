@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ctl/call.h"
-#include "ctl/register_file.h"
+#include "ctl/document/call.h"
+#include "ctl/document/register_file.h"
 
 #include <optional>
 #include <string>

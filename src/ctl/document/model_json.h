@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/opened_document.h"
+#include "ctl/document/opened_document.h"
 #include "ctl/text/json_stream.h"
 
 namespace zorvane {

@@ -1,6 +1,6 @@
 // What the reading of a document tells the link.
 
-#include "ctl/opened_document.h"
+#include "ctl/document/opened_document.h"
 #include "ctl/testing/small_model.h"
 #include "template/native_files.h"
 

@@ -1,4 +1,4 @@
-#include "ctl/notices.h"
+#include "ctl/document/notices.h"
 
 #include "template/native_files.h"
 #include "values/code_page.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ctl/call.h"
-#include "ctl/opened_document.h"
+#include "ctl/document/call.h"
+#include "ctl/document/opened_document.h"
 
 #include <string>
 #include <string_view>

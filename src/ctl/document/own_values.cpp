@@ -1,4 +1,4 @@
-#include "ctl/own_values.h"
+#include "ctl/document/own_values.h"
 
 #include "cells/cell_reading.h"
 #include "values/run_time_failure.h"

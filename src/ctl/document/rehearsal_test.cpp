@@ -1,7 +1,7 @@
 // zorvanectl apply and plan: transfers rehearsed on a register image.
 
 #include "comm/main_form/testing/comm_bench.h"
-#include "ctl/rehearsal.h"
+#include "ctl/document/rehearsal.h"
 #include "ctl/testing/ctl_bench.h"
 #include "ctl/testing/small_model.h"
 

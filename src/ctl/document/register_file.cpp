@@ -1,4 +1,4 @@
-#include "ctl/register_file.h"
+#include "ctl/document/register_file.h"
 
 #include <nlohmann/json.hpp>
 

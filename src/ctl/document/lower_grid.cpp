@@ -1,7 +1,7 @@
-#include "ctl/lower_grid.h"
+#include "ctl/document/lower_grid.h"
 
 #include "comm/modbus_control/dry_run_link.h"
-#include "ctl/held_frame.h"
+#include "ctl/document/held_frame.h"
 #include "grids/typed_entry.h"
 
 namespace zorvane {

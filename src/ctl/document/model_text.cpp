@@ -1,6 +1,6 @@
-#include "ctl/model_text.h"
+#include "ctl/document/model_text.h"
 
-#include "ctl/notices.h"
+#include "ctl/document/notices.h"
 #include "ctl/text/text_table.h"
 #include "template/messages.h"
 #include "values/numbers.h"

@@ -1,4 +1,4 @@
-#include "ctl/held_frame.h"
+#include "ctl/document/held_frame.h"
 
 namespace zorvane {
 

@@ -1,4 +1,4 @@
-#include "ctl/rehearsal.h"
+#include "ctl/document/rehearsal.h"
 
 #include "comm/transfer/download.h"
 #include "comm/transfer/registers_to_cells.h"

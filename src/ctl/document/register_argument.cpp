@@ -1,6 +1,6 @@
-#include "ctl/register_argument.h"
+#include "ctl/document/register_argument.h"
 
-#include "ctl/notices.h"
+#include "ctl/document/notices.h"
 #include "template/line_scanner.h"
 #include "template/native_files.h"
 

@@ -1,6 +1,6 @@
-#include "ctl/document_arguments.h"
+#include "ctl/document/document_arguments.h"
 
-#include "ctl/notices.h"
+#include "ctl/document/notices.h"
 #include "recovery/recovery.h"
 #include "template/file_names.h"
 #include "template/native_files.h"
