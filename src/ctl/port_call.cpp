@@ -4,8 +4,8 @@
 #include "comm/transfer/session.h"
 #include "ctl/document/notices.h"
 #include "ctl/document/rehearsal.h"
+#include "ctl/line/transfer.h"
 #include "ctl/stop_signals.h"
-#include "ctl/transfer.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/stop_wish.h"
+#include "ctl/line/stop_wish.h"
 
 #include <QSocketNotifier>
 

@@ -1,7 +1,7 @@
 #include "ctl/transfer_call.h"
 
 #include "ctl/document/notices.h"
-#include "ctl/transfer_text.h"
+#include "ctl/line/transfer_text.h"
 
 #include <ostream>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ctl/line/transfer.h"
 #include "ctl/port_call.h"
-#include "ctl/transfer.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "ctl/watch.h"
+#include "ctl/line/watch.h"
 
 #include "ctl/document/field_argument.h"
 #include "ctl/document/notices.h"

@@ -2,8 +2,8 @@
 
 #include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/cancel.h"
-#include "ctl/transfer.h"
-#include "ctl/transfer_text.h"
+#include "ctl/line/transfer.h"
+#include "ctl/line/transfer_text.h"
 
 #include <gmock/gmock.h>
 

@@ -1,10 +1,10 @@
-#include "ctl/first_reading.h"
+#include "ctl/line/first_reading.h"
 
 #include "comm/modbus_control/frame/rtu_frame.h"
 #include "comm/modbus_control/scan/register_ranges.h"
 #include "comm/transfer/session.h"
 #include "comm/transfer/transfer_records.h"
-#include "ctl/transfer.h"
+#include "ctl/line/transfer.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ctl/line/transfer.h"
 #include "ctl/text/json_text.h"
-#include "ctl/transfer.h"
 
 #include <iosfwd>
 #include <string>

@@ -2,13 +2,13 @@
 
 #include "comm/main_form/comm_context.h"
 #include "comm/modbus_control/dry_run_link.h"
-#include "ctl/block_results.h"
 #include "ctl/document/held_frame.h"
 #include "ctl/document/opened_document.h"
 #include "ctl/document/register_file.h"
-#include "ctl/failed_writes.h"
-#include "ctl/guarded_link.h"
-#include "ctl/stop_wish.h"
+#include "ctl/line/block_results.h"
+#include "ctl/line/failed_writes.h"
+#include "ctl/line/guarded_link.h"
+#include "ctl/line/stop_wish.h"
 
 #include <optional>
 #include <string>

@@ -1,4 +1,4 @@
-#include "ctl/guarded_link.h"
+#include "ctl/line/guarded_link.h"
 
 namespace zorvane {
 

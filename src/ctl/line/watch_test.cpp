@@ -1,6 +1,6 @@
 // Live values in a terminal.
 #include "comm/main_form/testing/comm_bench.h"
-#include "ctl/watch.h"
+#include "ctl/line/watch.h"
 
 #include <gmock/gmock.h>
 

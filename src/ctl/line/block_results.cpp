@@ -1,4 +1,4 @@
-#include "ctl/block_results.h"
+#include "ctl/line/block_results.h"
 
 namespace zorvane {
 

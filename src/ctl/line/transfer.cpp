@@ -1,4 +1,4 @@
-#include "ctl/transfer.h"
+#include "ctl/line/transfer.h"
 
 #include "comm/main_form/progress.h"
 #include "comm/transfer/cancel.h"
@@ -7,7 +7,7 @@
 #include "comm/transfer/transfer_records.h"
 #include "comm/transfer/upload.h"
 #include "ctl/document/own_values.h"
-#include "ctl/first_reading.h"
+#include "ctl/line/first_reading.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
-#include "ctl/transfer_text.h"
+#include "ctl/line/transfer_text.h"
 
 #include "ctl/document/notices.h"
-#include "ctl/stop_text.h"
+#include "ctl/line/stop_text.h"
 
 #include <algorithm>
 #include <ostream>

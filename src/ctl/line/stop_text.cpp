@@ -1,4 +1,4 @@
-#include "ctl/stop_text.h"
+#include "ctl/line/stop_text.h"
 
 #include "comm/modbus_control/scan/register_ranges.h"
 #include "ctl/document/notices.h"

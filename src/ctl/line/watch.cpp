@@ -1,12 +1,12 @@
-#include "ctl/watch.h"
+#include "ctl/line/watch.h"
 
 #include "cells/cell_reading.h"
 #include "comm/transfer/online.h"
 #include "comm/transfer/session.h"
-#include "ctl/block_results.h"
 #include "ctl/document/notices.h"
+#include "ctl/line/block_results.h"
+#include "ctl/line/transfer.h"
 #include "ctl/text/text_table.h"
-#include "ctl/transfer.h"
 #include "values/run_time_failure.h"
 
 #include <ostream>

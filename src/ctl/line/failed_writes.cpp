@@ -1,4 +1,4 @@
-#include "ctl/failed_writes.h"
+#include "ctl/line/failed_writes.h"
 
 namespace zorvane {
 

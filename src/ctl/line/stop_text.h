@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/transfer.h"
+#include "ctl/line/transfer.h"
 
 #include <iosfwd>
 #include <string>

@@ -1,8 +1,8 @@
 // What a transfer in a terminal tells of each request: read or written, refused, unanswered, not sent.
 #include "comm/main_form/testing/comm_bench.h"
 #include "ctl/document/own_values.h"
-#include "ctl/transfer.h"
-#include "ctl/transfer_text.h"
+#include "ctl/line/transfer.h"
+#include "ctl/line/transfer_text.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "comm/main_form/comm_context.h"
-#include "ctl/block_results.h"
 #include "ctl/document/held_frame.h"
+#include "ctl/line/block_results.h"
 
 #include <string>
 #include <vector>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "comm/main_form/main_form_state.h"
-#include "ctl/forwarding_link.h"
-#include "ctl/stop_wish.h"
+#include "ctl/line/forwarding_link.h"
+#include "ctl/line/stop_wish.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 // The link of one transfer: what became of its writes, and nothing new once somebody asked for the end.
 #include "comm/main_form/testing/comm_bench.h"
-#include "ctl/guarded_link.h"
-#include "ctl/transfer.h"
+#include "ctl/line/guarded_link.h"
+#include "ctl/line/transfer.h"
 
 #include <gmock/gmock.h>
 

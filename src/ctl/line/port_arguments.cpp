@@ -1,4 +1,4 @@
-#include "ctl/port_arguments.h"
+#include "ctl/line/port_arguments.h"
 
 #include <CLI/CLI.hpp>
 
