@@ -1,5 +1,5 @@
-#include "ctl/painted_calls.h"
-#include "ctl/port_calls.h"
+#include "ctl/calls/qt/painted_calls.h"
+#include "ctl/calls/qt/port_calls.h"
 #include "ctl/program.h"
 #include "recovery/native_recovery_folder.h"
 #include "recovery/recovery.h"

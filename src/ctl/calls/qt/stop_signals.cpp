@@ -1,4 +1,4 @@
-#include "ctl/stop_signals.h"
+#include "ctl/calls/qt/stop_signals.h"
 
 #include <atomic>
 #include <cerrno>

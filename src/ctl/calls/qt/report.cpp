@@ -1,7 +1,7 @@
+#include "ctl/calls/qt/painted_calls.h"
 #include "ctl/document/document_arguments.h"
 #include "ctl/document/field_argument.h"
 #include "ctl/document/notices.h"
-#include "ctl/painted_calls.h"
 #include "ctl/text/json_stream.h"
 #include "ctl/text/progress_printer.h"
 #include "reports/documents/main_rep_kvrt.h"

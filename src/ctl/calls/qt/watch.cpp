@@ -1,9 +1,9 @@
 #include "ctl/line/watch.h"
 
+#include "ctl/calls/qt/port_call.h"
+#include "ctl/calls/qt/port_calls.h"
 #include "ctl/document/field_argument.h"
 #include "ctl/document/notices.h"
-#include "ctl/port_call.h"
-#include "ctl/port_calls.h"
 
 #include <QDateTime>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ctl/calls/qt/port_call.h"
 #include "ctl/line/transfer.h"
-#include "ctl/port_call.h"
 
 #include <string>
 

@@ -1,11 +1,11 @@
-#include "ctl/port_call.h"
+#include "ctl/calls/qt/port_call.h"
 
 #include "comm/modbus_control/qt/qt_link.h"
 #include "comm/transfer/session.h"
+#include "ctl/calls/qt/stop_signals.h"
 #include "ctl/document/notices.h"
 #include "ctl/document/rehearsal.h"
 #include "ctl/line/transfer.h"
-#include "ctl/stop_signals.h"
 
 #include <CLI/CLI.hpp>
 

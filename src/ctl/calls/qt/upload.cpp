@@ -1,7 +1,7 @@
+#include "ctl/calls/qt/port_calls.h"
+#include "ctl/calls/qt/transfer_call.h"
 #include "ctl/document/document_arguments.h"
 #include "ctl/document/register_argument.h"
-#include "ctl/port_calls.h"
-#include "ctl/transfer_call.h"
 
 #include <CLI/CLI.hpp>
 

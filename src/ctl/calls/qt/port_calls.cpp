@@ -1,4 +1,4 @@
-#include "ctl/port_calls.h"
+#include "ctl/calls/qt/port_calls.h"
 
 namespace zorvane {
 

@@ -2,10 +2,10 @@
 
 #include "comm/main_form/comm_context.h"
 #include "comm/modbus_control/modbus_link.h"
+#include "ctl/calls/qt/terminal_frame.h"
 #include "ctl/document/document_arguments.h"
 #include "ctl/line/port_arguments.h"
 #include "ctl/line/stop_wish.h"
-#include "ctl/terminal_frame.h"
 
 namespace zorvane {
 

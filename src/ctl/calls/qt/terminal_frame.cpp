@@ -1,4 +1,4 @@
-#include "ctl/terminal_frame.h"
+#include "ctl/calls/qt/terminal_frame.h"
 
 #include "ctl/document/notices.h"
 

@@ -1,4 +1,4 @@
-#include "ctl/transfer_call.h"
+#include "ctl/calls/qt/transfer_call.h"
 
 #include "ctl/document/notices.h"
 #include "ctl/line/transfer_text.h"

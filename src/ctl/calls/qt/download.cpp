@@ -1,5 +1,5 @@
-#include "ctl/port_calls.h"
-#include "ctl/transfer_call.h"
+#include "ctl/calls/qt/port_calls.h"
+#include "ctl/calls/qt/transfer_call.h"
 
 namespace zorvane {
 
