@@ -1,6 +1,6 @@
 #include "app/refused_input.h"
 
-#include "grids/typed_entry.h"
+#include "grids/rules/typed_entry.h"
 
 namespace zorvane {
 

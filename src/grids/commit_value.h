@@ -1,8 +1,8 @@
 #pragma once
 
 #include "grids/grid_context.h"
-#include "grids/number_rules.h"
-#include "grids/typed_entry.h"
+#include "grids/rules/number_rules.h"
+#include "grids/rules/typed_entry.h"
 
 #include <cstdint>
 #include <string>

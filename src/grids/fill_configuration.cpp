@@ -1,7 +1,7 @@
 #include "grids/fill_configuration.h"
 
-#include "grids/alignment.h"
 #include "grids/fill_settings.h"
+#include "grids/rules/alignment.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 

@@ -1,7 +1,7 @@
 #include "grids/fill_settings.h"
 
-#include "grids/alignment.h"
-#include "grids/cell_fill.h"
+#include "grids/rules/alignment.h"
+#include "grids/rules/cell_fill.h"
 #include "values/code_page.h"
 #include "values/colours.h"
 

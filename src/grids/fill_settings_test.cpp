@@ -1,5 +1,5 @@
-#include "grids/cell_fill.h"
 #include "grids/fill_settings.h"
+#include "grids/rules/cell_fill.h"
 #include "grids/testing/grid_bench.h"
 #include "template/messages.h"
 #include "values/colours.h"

@@ -1,7 +1,7 @@
 #include "grids/flx_configuration.h"
 
-#include "grids/edit_rules.h"
 #include "grids/fill_settings.h"
+#include "grids/rules/edit_rules.h"
 #include "values/numbers.h"
 
 namespace zorvane {

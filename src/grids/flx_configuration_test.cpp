@@ -1,5 +1,5 @@
-#include "grids/edit_rules.h"
 #include "grids/flx_configuration.h"
+#include "grids/rules/edit_rules.h"
 #include "grids/testing/grid_bench.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "grids/commit_list.h"
 #include "grids/commit_value.h"
-#include "grids/edit_rules.h"
+#include "grids/rules/edit_rules.h"
 #include "grids/unholdable_text.h"
 #include "values/numbers.h"
 

@@ -3,7 +3,7 @@
 #include "comm/main_form/comm_context.h"
 #include "grids/grid_windows.h"
 #include "grids/hidden_editors.h"
-#include "grids/vsflexgrid.h"
+#include "grids/rules/vsflexgrid.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grids/vsflexgrid.h"
+#include "grids/rules/vsflexgrid.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "grids/show_cell.h"
 
 #include "grids/flx_configuration.h"
-#include "grids/value_findings.h"
+#include "grids/rules/value_findings.h"
 
 namespace zorvane {
 

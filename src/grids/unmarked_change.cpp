@@ -2,7 +2,7 @@
 
 #include "cells/cell_names.h"
 #include "comm/main_form/bar_topics.h"
-#include "grids/cell_fill.h"
+#include "grids/rules/cell_fill.h"
 #include "values/run_time_failure.h"
 
 #include <utility>

@@ -3,7 +3,7 @@
 #include "app/form/document_frame.h"
 #include "app/testing/scripted_dialog.h"
 #include "comm/main_form/testing/recording_frame.h"
-#include "grids/vsflexgrid.h"
+#include "grids/rules/vsflexgrid.h"
 
 #include <map>
 #include <string>

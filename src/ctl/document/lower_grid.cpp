@@ -2,7 +2,7 @@
 
 #include "comm/modbus_control/dry_run_link.h"
 #include "ctl/document/held_frame.h"
-#include "grids/typed_entry.h"
+#include "grids/rules/typed_entry.h"
 
 namespace zorvane {
 

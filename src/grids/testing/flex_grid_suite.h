@@ -1,8 +1,8 @@
 #pragma once
 
 #include "grids/fill_settings.h"
+#include "grids/rules/vsflexgrid.h"
 #include "grids/testing/grid_bench.h"
-#include "grids/vsflexgrid.h"
 #include "values/colours.h"
 #include "values/run_time_failure.h"
 

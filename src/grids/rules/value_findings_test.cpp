@@ -1,4 +1,4 @@
-#include "grids/value_findings.h"
+#include "grids/rules/value_findings.h"
 #include "template/messages.h"
 #include "template/testing/interpreter_bench.h"
 

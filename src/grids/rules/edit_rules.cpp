@@ -1,4 +1,4 @@
-#include "grids/edit_rules.h"
+#include "grids/rules/edit_rules.h"
 
 #include "values/numbers.h"
 

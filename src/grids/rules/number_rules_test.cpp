@@ -1,4 +1,4 @@
-#include "grids/number_rules.h"
+#include "grids/rules/number_rules.h"
 #include "values/run_time_failure.h"
 
 #include <gtest/gtest.h>

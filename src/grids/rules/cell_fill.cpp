@@ -1,4 +1,4 @@
-#include "grids/cell_fill.h"
+#include "grids/rules/cell_fill.h"
 
 #include "cells/cell_reading.h"
 #include "template/messages.h"

@@ -1,4 +1,4 @@
-#include "grids/typed_entry.h"
+#include "grids/rules/typed_entry.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"

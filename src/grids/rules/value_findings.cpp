@@ -1,7 +1,7 @@
-#include "grids/value_findings.h"
+#include "grids/rules/value_findings.h"
 
-#include "grids/number_rules.h"
-#include "grids/typed_entry.h"
+#include "grids/rules/number_rules.h"
+#include "grids/rules/typed_entry.h"
 #include "template/line_scanner.h"
 #include "template/messages.h"
 #include "template/pro_interpreta_linea.h"

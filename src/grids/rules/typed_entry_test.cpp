@@ -1,4 +1,4 @@
-#include "grids/typed_entry.h"
+#include "grids/rules/typed_entry.h"
 
 #include <gtest/gtest.h>
 

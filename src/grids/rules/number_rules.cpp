@@ -1,4 +1,4 @@
-#include "grids/number_rules.h"
+#include "grids/rules/number_rules.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"
