@@ -5,7 +5,7 @@
 #include "comm/modbus_control/dry_run_link.h"
 #include "comm/transfer/registers_to_cells.h"
 #include "ctl/document/held_frame.h"
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_settings.h"
 #include "ui/grid/flex_grid.h"
 
 #include <QApplication>

@@ -3,7 +3,7 @@
 #include "bench/window/large_field.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "ctl/document/held_frame.h"
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_settings.h"
 #include "ui/grid/flex_grid.h"
 
 #include <QApplication>

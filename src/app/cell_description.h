@@ -1,7 +1,7 @@
 #pragma once
 
-#include "grids/grid_context.h"
-#include "grids/memory_grid.h"
+#include "grids/fill/grid_context.h"
+#include "grids/fill/memory_grid.h"
 
 #include <cstdint>
 #include <string>

@@ -6,8 +6,8 @@
 #include "app/form/font_size.h"
 #include "app/form/menu_state.h"
 #include "app/form/window_rectangles.h"
-#include "grids/fill_configuration.h"
-#include "grids/flx_configuration.h"
+#include "grids/fill/fill_configuration.h"
+#include "grids/fill/flx_configuration.h"
 #include "values/numbers.h"
 
 namespace zorvane {

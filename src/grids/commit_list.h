@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grids/grid_context.h"
+#include "grids/fill/grid_context.h"
 
 #include <cstdint>
 #include <string>

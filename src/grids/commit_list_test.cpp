@@ -1,5 +1,5 @@
 #include "grids/commit_list.h"
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_settings.h"
 #include "grids/testing/commit_outcome.h"
 #include "template/messages.h"
 

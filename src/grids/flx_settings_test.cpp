@@ -1,6 +1,6 @@
+#include "grids/fill/stopping_on_failure.h"
 #include "grids/flx_settings.h"
 #include "grids/rules/edit_rules.h"
-#include "grids/stopping_on_failure.h"
 #include "grids/testing/grid_bench.h"
 #include "template/messages.h"
 

@@ -1,6 +1,6 @@
 #include "grids/show_button.h"
 
-#include "grids/show_cell.h"
+#include "grids/fill/show_cell.h"
 
 namespace zorvane {
 

@@ -1,6 +1,6 @@
 #include "grids/terminal_grids.h"
 
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_settings.h"
 #include "grids/flx_settings.h"
 #include "values/numbers.h"
 

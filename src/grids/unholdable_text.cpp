@@ -1,8 +1,8 @@
 #include "grids/unholdable_text.h"
 
 #include "comm/main_form/title.h"
+#include "grids/fill/show_cell.h"
 #include "grids/rules/value_findings.h"
-#include "grids/show_cell.h"
 #include "values/numbers.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "app/document/document_rows.h"
 
+#include "grids/fill/show_cell.h"
 #include "grids/rules/value_findings.h"
-#include "grids/show_cell.h"
 #include "template/file_names.h"
 #include "values/numbers.h"
 

@@ -2,7 +2,7 @@
 #include "app/document/recovery_keeper.h"
 #include "app/frame_life.h"
 #include "app/testing/app_bench.h"
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_settings.h"
 #include "recovery/recovery.h"
 #include "template/testing/document_text.h"
 

@@ -3,7 +3,7 @@
 #include "app/form/document_frame.h"
 #include "app/form/settings_store.h"
 #include "app/form/text_widths.h"
-#include "grids/grid_context.h"
+#include "grids/fill/grid_context.h"
 #include "recovery/recovery.h"
 #include "template/files.h"
 #include "template/pro_leer_archivo.h"

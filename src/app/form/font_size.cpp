@@ -1,7 +1,7 @@
 #include "app/form/font_size.h"
 
-#include "grids/fill_configuration.h"
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_configuration.h"
+#include "grids/fill/fill_settings.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 

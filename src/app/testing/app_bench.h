@@ -7,7 +7,7 @@
 #include "app/testing/recording_files.h"
 #include "comm/main_form/title.h"
 #include "comm/modbus_control/testing/scripted_link.h"
-#include "grids/memory_grid.h"
+#include "grids/fill/memory_grid.h"
 
 #include <initializer_list>
 #include <string>

@@ -2,9 +2,9 @@
 
 #include "app/cell_description.h"
 #include "app/refused_input.h"
-#include "grids/flx_configuration.h"
+#include "grids/fill/flx_configuration.h"
+#include "grids/fill/stopping_on_failure.h"
 #include "grids/flx_settings.h"
-#include "grids/stopping_on_failure.h"
 
 namespace zorvane {
 

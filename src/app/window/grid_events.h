@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/window/event_edge.h"
-#include "grids/grid_context.h"
+#include "grids/fill/grid_context.h"
 #include "ui/main/main_window.h"
 
 namespace zorvane {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_settings.h"
 #include "grids/rules/vsflexgrid.h"
 #include "grids/testing/grid_bench.h"
 #include "values/colours.h"

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "comm/main_form/testing/comm_bench.h"
+#include "grids/fill/grid_context.h"
+#include "grids/fill/memory_grid.h"
 #include "grids/flx_settings.h"
-#include "grids/grid_context.h"
-#include "grids/memory_grid.h"
 #include "values/numbers.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grids/memory_grid.h"
+#include "grids/fill/memory_grid.h"
 
 #include <QAbstractTableModel>
 

@@ -1,4 +1,4 @@
-#include "grids/stopping_on_failure.h"
+#include "grids/fill/stopping_on_failure.h"
 
 #include "template/asker.h"
 

@@ -1,6 +1,6 @@
-#include "grids/show_cell.h"
+#include "grids/fill/show_cell.h"
 
-#include "grids/flx_configuration.h"
+#include "grids/fill/flx_configuration.h"
 #include "grids/rules/value_findings.h"
 
 namespace zorvane {

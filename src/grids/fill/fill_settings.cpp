@@ -1,4 +1,4 @@
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_settings.h"
 
 #include "grids/rules/alignment.h"
 #include "grids/rules/cell_fill.h"

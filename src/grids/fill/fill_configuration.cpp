@@ -1,6 +1,6 @@
-#include "grids/fill_configuration.h"
+#include "grids/fill/fill_configuration.h"
 
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_settings.h"
 #include "grids/rules/alignment.h"
 #include "values/code_page.h"
 #include "values/numbers.h"

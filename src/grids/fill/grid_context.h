@@ -1,8 +1,8 @@
 #pragma once
 
 #include "comm/main_form/comm_context.h"
-#include "grids/grid_windows.h"
-#include "grids/hidden_editors.h"
+#include "grids/fill/grid_windows.h"
+#include "grids/fill/hidden_editors.h"
 #include "grids/rules/vsflexgrid.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_settings.h"
 #include "grids/rules/cell_fill.h"
 #include "grids/testing/grid_bench.h"
 #include "template/messages.h"

@@ -1,4 +1,4 @@
-#include "grids/memory_grid.h"
+#include "grids/fill/memory_grid.h"
 #include "grids/testing/flex_grid_suite.h"
 
 namespace zorvane {

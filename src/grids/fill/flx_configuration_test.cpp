@@ -1,4 +1,4 @@
-#include "grids/flx_configuration.h"
+#include "grids/fill/flx_configuration.h"
 #include "grids/rules/edit_rules.h"
 #include "grids/testing/grid_bench.h"
 

@@ -1,4 +1,4 @@
-#include "grids/fill_configuration.h"
+#include "grids/fill/fill_configuration.h"
 #include "grids/testing/grid_bench.h"
 
 #include <gtest/gtest.h>

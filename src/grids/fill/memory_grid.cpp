@@ -1,4 +1,4 @@
-#include "grids/memory_grid.h"
+#include "grids/fill/memory_grid.h"
 
 #include "values/run_time_failure.h"
 

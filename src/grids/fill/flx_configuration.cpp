@@ -1,6 +1,6 @@
-#include "grids/flx_configuration.h"
+#include "grids/fill/flx_configuration.h"
 
-#include "grids/fill_settings.h"
+#include "grids/fill/fill_settings.h"
 #include "grids/rules/edit_rules.h"
 #include "values/numbers.h"
 
