@@ -6,7 +6,7 @@
 #include "comm/modbus_control/dry_run_link.h"
 #include "fuzz/require.h"
 #include "fuzz/split.h"
-#include "grids/commit_value.h"
+#include "grids/commit/commit_value.h"
 #include "grids/flx_settings.h"
 #include "grids/testing/grid_bench.h"
 #include "values/code_page.h"

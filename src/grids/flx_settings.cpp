@@ -1,9 +1,9 @@
 #include "grids/flx_settings.h"
 
-#include "grids/commit_list.h"
-#include "grids/commit_value.h"
+#include "grids/commit/commit_list.h"
+#include "grids/commit/commit_value.h"
+#include "grids/commit/unholdable_text.h"
 #include "grids/rules/edit_rules.h"
-#include "grids/unholdable_text.h"
 #include "values/numbers.h"
 
 namespace zorvane {

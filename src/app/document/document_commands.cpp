@@ -5,7 +5,7 @@
 #include "app/form/menu_state.h"
 #include "comm/main_form/title.h"
 #include "comm/transfer/session.h"
-#include "grids/unholdable_text.h"
+#include "grids/commit/unholdable_text.h"
 #include "template/file_names.h"
 #include "template/pro_escribe_archivo.h"
 #include "values/numbers.h"

@@ -1,5 +1,5 @@
+#include "grids/commit/unholdable_text.h"
 #include "grids/testing/grid_bench.h"
-#include "grids/unholdable_text.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "grids/live_write.h"
+#include "grids/commit/live_write.h"
 
-#include "grids/live_write_bar.h"
+#include "grids/commit/live_write_bar.h"
 #include "values/colours.h"
 
 namespace zorvane {

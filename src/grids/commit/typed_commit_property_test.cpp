@@ -1,7 +1,7 @@
 // Random cells, columns and texts: whatever comes in, a typed commit takes one of its ways out, and what each
 // way out promises holds.
 
-#include "grids/commit_value.h"
+#include "grids/commit/commit_value.h"
 #include "grids/testing/commit_outcome.h"
 #include "values/code_page.h"
 #include "values/numbers.h"

@@ -1,4 +1,4 @@
-#include "grids/show_button.h"
+#include "grids/commit/show_button.h"
 
 #include "grids/fill/show_cell.h"
 

@@ -1,8 +1,8 @@
-#include "grids/live_write_bar.h"
+#include "grids/commit/live_write_bar.h"
 
 #include "cells/cell_names.h"
 #include "comm/main_form/bar_topics.h"
-#include "grids/show_button.h"
+#include "grids/commit/show_button.h"
 
 namespace zorvane {
 

@@ -1,4 +1,4 @@
-#include "grids/register_writes.h"
+#include "grids/commit/register_writes.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"

@@ -1,4 +1,4 @@
-#include "grids/unholdable_text.h"
+#include "grids/commit/unholdable_text.h"
 
 #include "comm/main_form/title.h"
 #include "grids/fill/show_cell.h"

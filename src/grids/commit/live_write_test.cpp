@@ -1,6 +1,6 @@
 #include "comm/transfer/session.h"
-#include "grids/live_write.h"
-#include "grids/register_writes.h"
+#include "grids/commit/live_write.h"
+#include "grids/commit/register_writes.h"
 #include "grids/testing/commit_outcome.h"
 #include "template/messages.h"
 

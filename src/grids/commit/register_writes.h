@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grids/live_write.h"
+#include "grids/commit/live_write.h"
 
 #include <cstdint>
 #include <string>

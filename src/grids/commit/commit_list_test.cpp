@@ -1,4 +1,4 @@
-#include "grids/commit_list.h"
+#include "grids/commit/commit_list.h"
 #include "grids/fill/fill_settings.h"
 #include "grids/testing/commit_outcome.h"
 #include "template/messages.h"

@@ -1,7 +1,7 @@
-#include "grids/commit_list.h"
+#include "grids/commit/commit_list.h"
 
 #include "comm/main_form/title.h"
-#include "grids/live_write.h"
+#include "grids/commit/live_write.h"
 #include "values/numbers.h"
 #include "values/registers.h"
 

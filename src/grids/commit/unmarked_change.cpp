@@ -1,4 +1,4 @@
-#include "grids/unmarked_change.h"
+#include "grids/commit/unmarked_change.h"
 
 #include "cells/cell_names.h"
 #include "comm/main_form/bar_topics.h"

@@ -1,4 +1,4 @@
-#include "grids/commit_value.h"
+#include "grids/commit/commit_value.h"
 #include "grids/testing/commit_outcome.h"
 
 #include <gtest/gtest.h>
