@@ -7,8 +7,8 @@
 #include "fuzz/require.h"
 #include "fuzz/split.h"
 #include "simulator/controller.h"
-#include "simulator/request.h"
 #include "simulator/request_collector.h"
+#include "simulator/wire/request.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "simulator/fault_picker.h"
-#include "simulator/frame_record.h"
 #include "simulator/modbus_slave.h"
 #include "simulator/register_map.h"
+#include "simulator/wire/frame_record.h"
 
 #include <chrono>
 #include <cstdint>

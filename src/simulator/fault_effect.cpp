@@ -1,6 +1,6 @@
 #include "simulator/fault_effect.h"
 
-#include "simulator/request.h"
+#include "simulator/wire/request.h"
 
 #include <algorithm>
 #include <array>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "simulator/bytes.h"
 #include "simulator/dice.h"
 #include "simulator/fault_rule.h"
+#include "simulator/wire/bytes.h"
 
 #include <functional>
 

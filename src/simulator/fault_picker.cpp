@@ -1,6 +1,6 @@
 #include "simulator/fault_picker.h"
 
-#include "simulator/request.h"
+#include "simulator/wire/request.h"
 
 namespace zorvane::simulator {
 

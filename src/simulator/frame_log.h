@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/bytes.h"
-#include "simulator/frame_record.h"
+#include "simulator/wire/bytes.h"
+#include "simulator/wire/frame_record.h"
 
 #include <cstdint>
 #include <fstream>

@@ -6,7 +6,7 @@
 #include "simulator/line_port.h"
 #include "simulator/request_collector.h"
 #include "simulator/send_queue.h"
-#include "simulator/unique_fd.h"
+#include "simulator/wire/unique_fd.h"
 
 #include <chrono>
 #include <optional>

@@ -1,6 +1,6 @@
 #include "simulator/modbus_slave.h"
 
-#include "simulator/request.h"
+#include "simulator/wire/request.h"
 
 #include <sys/socket.h>
 

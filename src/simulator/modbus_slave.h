@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/bytes.h"
-#include "simulator/unique_fd.h"
+#include "simulator/wire/bytes.h"
+#include "simulator/wire/unique_fd.h"
 
 #include <modbus/modbus.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/line_port.h"
-#include "simulator/unique_fd.h"
+#include "simulator/wire/unique_fd.h"
 
 #include <string>
 

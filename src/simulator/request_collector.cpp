@@ -1,6 +1,6 @@
 #include "simulator/request_collector.h"
 
-#include "simulator/request.h"
+#include "simulator/wire/request.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/bytes.h"
 #include "simulator/line_pace.h"
+#include "simulator/wire/bytes.h"
 
 #include <deque>
 #include <functional>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "simulator/bytes.h"
-#include "simulator/frame_record.h"
 #include "simulator/line_pace.h"
+#include "simulator/wire/bytes.h"
+#include "simulator/wire/frame_record.h"
 
 #include <deque>
 #include <optional>

@@ -2,7 +2,7 @@
 
 #include "simulator/line_pace.h"
 #include "simulator/line_port.h"
-#include "simulator/unique_fd.h"
+#include "simulator/wire/unique_fd.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/bytes.h"
-#include "simulator/request.h"
+#include "simulator/wire/bytes.h"
+#include "simulator/wire/request.h"
 
 #include <chrono>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/bytes.h"
+#include "simulator/wire/bytes.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "simulator/request.h"
+#include "simulator/wire/request.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "simulator/frame_record.h"
+#include "simulator/wire/frame_record.h"
 
 #include <gtest/gtest.h>
 
