@@ -1,6 +1,6 @@
 #include "simulator/controller.h"
 
-#include "simulator/fault_effect.h"
+#include "simulator/faults/fault_effect.h"
 #include "simulator/live_values.h"
 
 #include <utility>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/fault_picker.h"
+#include "simulator/faults/fault_picker.h"
 #include "simulator/modbus_slave.h"
 #include "simulator/register_map.h"
 #include "simulator/wire/frame_record.h"

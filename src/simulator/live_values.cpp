@@ -1,6 +1,6 @@
 #include "simulator/live_values.h"
 
-#include "simulator/dice.h"
+#include "simulator/faults/dice.h"
 
 #include <algorithm>
 

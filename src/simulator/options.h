@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/fault_rule.h"
+#include "simulator/faults/fault_rule.h"
 #include "simulator/line_pace.h"
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "simulator/fault_picker.h"
+#include "simulator/faults/fault_picker.h"
 
 #include "simulator/wire/request.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/dice.h"
-#include "simulator/fault_rule.h"
+#include "simulator/faults/dice.h"
+#include "simulator/faults/fault_rule.h"
 #include "simulator/wire/bytes.h"
 
 #include <functional>

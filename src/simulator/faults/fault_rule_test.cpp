@@ -1,4 +1,4 @@
-#include "simulator/fault_rule.h"
+#include "simulator/faults/fault_rule.h"
 
 #include <gtest/gtest.h>
 

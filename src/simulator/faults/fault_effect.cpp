@@ -1,4 +1,4 @@
-#include "simulator/fault_effect.h"
+#include "simulator/faults/fault_effect.h"
 
 #include "simulator/wire/request.h"
 
