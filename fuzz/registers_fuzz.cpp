@@ -8,7 +8,7 @@
 #include "fuzz/fuzz_document.h"
 #include "fuzz/require.h"
 #include "fuzz/rich_template.h"
-#include "simulator/register_map.h"
+#include "simulator/registers/register_map.h"
 #include "values/run_time_failure.h"
 
 #include <cstddef>

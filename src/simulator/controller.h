@@ -2,7 +2,7 @@
 
 #include "simulator/faults/fault_picker.h"
 #include "simulator/modbus_slave.h"
-#include "simulator/register_map.h"
+#include "simulator/registers/register_map.h"
 #include "simulator/wire/frame_record.h"
 
 #include <chrono>

@@ -1,4 +1,4 @@
-#include "simulator/document_registers.h"
+#include "simulator/registers/document_registers.h"
 #include "values/run_time_failure.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "simulator/register_map.h"
+#include "simulator/registers/register_map.h"
 
 #include <nlohmann/json.hpp>
 

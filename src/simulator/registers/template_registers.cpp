@@ -1,6 +1,6 @@
-#include "simulator/template_registers.h"
+#include "simulator/registers/template_registers.h"
 
-#include "simulator/cell_registers.h"
+#include "simulator/registers/cell_registers.h"
 #include "values/numbers.h"
 #include "values/run_time_failure.h"
 

@@ -1,6 +1,6 @@
-#include "simulator/document_registers.h"
+#include "simulator/registers/document_registers.h"
 
-#include "simulator/template_registers.h"
+#include "simulator/registers/template_registers.h"
 #include "template/asker.h"
 #include "template/link_notice.h"
 #include "template/native_files.h"

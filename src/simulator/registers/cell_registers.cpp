@@ -1,4 +1,4 @@
-#include "simulator/cell_registers.h"
+#include "simulator/registers/cell_registers.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"

@@ -1,4 +1,4 @@
-#include "simulator/cell_registers.h"
+#include "simulator/registers/cell_registers.h"
 
 #include <gtest/gtest.h>
 

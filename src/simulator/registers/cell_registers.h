@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/register_map.h"
+#include "simulator/registers/register_map.h"
 #include "template/model/cell_rec.h"
 
 #include <cstdint>
