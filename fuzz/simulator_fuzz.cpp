@@ -6,7 +6,7 @@
 
 #include "fuzz/require.h"
 #include "fuzz/split.h"
-#include "simulator/controller.h"
+#include "simulator/controller/controller.h"
 #include "simulator/request_collector.h"
 #include "simulator/wire/request.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/controller.h"
+#include "simulator/controller/controller.h"
 #include "simulator/frame_log.h"
 #include "simulator/line_pace.h"
 #include "simulator/line_port.h"

@@ -1,4 +1,4 @@
-#include "simulator/controller.h"
+#include "simulator/controller/controller.h"
 #include "simulator/frame_log.h"
 #include "simulator/line_server.h"
 #include "simulator/options.h"

@@ -1,6 +1,6 @@
 #include "simulator/testing/program_test.h"
 
-#include "simulator/modbus_slave.h"
+#include "simulator/controller/modbus_slave.h"
 
 #include <sys/ioctl.h>
 #include <sys/wait.h>

@@ -1,4 +1,4 @@
-#include "simulator/controller.h"
+#include "simulator/controller/controller.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "simulator/modbus_slave.h"
+#include "simulator/controller/modbus_slave.h"
 
 #include <gtest/gtest.h>
 

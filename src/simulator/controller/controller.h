@@ -1,7 +1,7 @@
 #pragma once
 
+#include "simulator/controller/modbus_slave.h"
 #include "simulator/faults/fault_picker.h"
-#include "simulator/modbus_slave.h"
 #include "simulator/registers/register_map.h"
 #include "simulator/wire/frame_record.h"
 

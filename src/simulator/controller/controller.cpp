@@ -1,7 +1,7 @@
-#include "simulator/controller.h"
+#include "simulator/controller/controller.h"
 
+#include "simulator/controller/live_values.h"
 #include "simulator/faults/fault_effect.h"
-#include "simulator/live_values.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "simulator/live_values.h"
+#include "simulator/controller/live_values.h"
 
 #include "simulator/faults/dice.h"
 
