@@ -7,7 +7,7 @@
 #include "fuzz/require.h"
 #include "fuzz/split.h"
 #include "simulator/controller/controller.h"
-#include "simulator/request_collector.h"
+#include "simulator/line/request_collector.h"
 #include "simulator/wire/request.h"
 
 #include <algorithm>

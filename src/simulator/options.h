@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/faults/fault_rule.h"
-#include "simulator/line_pace.h"
+#include "simulator/line/line_pace.h"
 
 #include <cstdint>
 #include <iosfwd>

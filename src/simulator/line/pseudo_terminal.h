@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/line_port.h"
+#include "simulator/line/line_port.h"
 #include "simulator/wire/unique_fd.h"
 
 #include <string>

@@ -1,4 +1,4 @@
-#include "simulator/frame_log.h"
+#include "simulator/line/frame_log.h"
 
 #include <ostream>
 #include <stdexcept>

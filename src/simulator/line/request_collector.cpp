@@ -1,4 +1,4 @@
-#include "simulator/request_collector.h"
+#include "simulator/line/request_collector.h"
 
 #include "simulator/wire/request.h"
 

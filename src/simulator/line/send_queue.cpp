@@ -1,4 +1,4 @@
-#include "simulator/send_queue.h"
+#include "simulator/line/send_queue.h"
 
 #include <algorithm>
 #include <utility>

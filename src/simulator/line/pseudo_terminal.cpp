@@ -1,4 +1,4 @@
-#include "simulator/pseudo_terminal.h"
+#include "simulator/line/pseudo_terminal.h"
 
 #include <sys/inotify.h>
 #include <sys/ioctl.h>

@@ -1,4 +1,4 @@
-#include "simulator/line_server.h"
+#include "simulator/line/line_server.h"
 
 #include <sys/timerfd.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "simulator/line_pace.h"
-#include "simulator/line_port.h"
+#include "simulator/line/line_pace.h"
+#include "simulator/line/line_port.h"
 #include "simulator/wire/unique_fd.h"
 
 #include <string>

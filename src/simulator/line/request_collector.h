@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/line_pace.h"
+#include "simulator/line/line_pace.h"
 #include "simulator/wire/bytes.h"
 
 #include <deque>

@@ -1,4 +1,4 @@
-#include "simulator/request_collector.h"
+#include "simulator/line/request_collector.h"
 
 #include <gtest/gtest.h>
 

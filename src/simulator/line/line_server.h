@@ -1,11 +1,11 @@
 #pragma once
 
 #include "simulator/controller/controller.h"
-#include "simulator/frame_log.h"
-#include "simulator/line_pace.h"
-#include "simulator/line_port.h"
-#include "simulator/request_collector.h"
-#include "simulator/send_queue.h"
+#include "simulator/line/frame_log.h"
+#include "simulator/line/line_pace.h"
+#include "simulator/line/line_port.h"
+#include "simulator/line/request_collector.h"
+#include "simulator/line/send_queue.h"
 #include "simulator/wire/unique_fd.h"
 
 #include <chrono>

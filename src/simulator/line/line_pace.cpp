@@ -1,4 +1,4 @@
-#include "simulator/line_pace.h"
+#include "simulator/line/line_pace.h"
 
 #include <array>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "simulator/serial_device.h"
+#include "simulator/line/serial_device.h"
 
 #include <algorithm>
 #include <array>
