@@ -1,7 +1,7 @@
-#include "template/native_files.h"
 #include "template/pro_actualiza_archivo.h"
 #include "template/pro_escribe_archivo.h"
 #include "template/pro_leer_archivo.h"
+#include "template/services/native_files.h"
 #include "template/testing/temporary_folder.h"
 #include "values/numbers.h"
 

@@ -7,8 +7,8 @@
 #include "comm/modbus_control/qt/qt_link.h"
 #include "comm/transfer/session.h"
 #include "comm/transfer/upload.h"
-#include "template/native_files.h"
 #include "template/pro_leer_archivo.h"
+#include "template/services/native_files.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>

@@ -1,7 +1,7 @@
 #include "ctl/program.h"
 
 #include "ctl/command_line.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <CLI/CLI.hpp>
 

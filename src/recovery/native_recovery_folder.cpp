@@ -1,6 +1,6 @@
 #include "recovery/native_recovery_folder.h"
 
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <sys/file.h>
 #include <sys/stat.h>

@@ -1,5 +1,5 @@
 #include "recovery/native_recovery_folder.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "template/testing/temporary_folder.h"
 
 #include <gmock/gmock.h>

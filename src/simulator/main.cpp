@@ -5,7 +5,7 @@
 #include "simulator/line/serial_device.h"
 #include "simulator/options.h"
 #include "simulator/registers/document_registers.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "values/run_time_failure.h"
 
 #include <sys/signalfd.h>

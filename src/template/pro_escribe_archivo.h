@@ -1,7 +1,7 @@
 #pragma once
 
-#include "template/files.h"
 #include "template/model/declara_zorvane.h"
+#include "template/services/files.h"
 
 #include <string>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "template/link_notice.h"
 #include "template/model/declara_zorvane.h"
 #include "template/numbered_key.h"
+#include "template/services/link_notice.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "template/link_notice.h"
 #include "template/model/declara_zorvane.h"
+#include "template/services/link_notice.h"
 
 #include <cstdint>
 #include <string>

@@ -6,8 +6,8 @@
 #include "comm/main_form/title.h"
 #include "comm/transfer/session.h"
 #include "grids/commit/unholdable_text.h"
-#include "template/file_names.h"
 #include "template/pro_escribe_archivo.h"
+#include "template/services/file_names.h"
 #include "values/numbers.h"
 
 namespace zorvane {

@@ -1,6 +1,6 @@
 #include "app/document/document_commands.h"
 #include "app/testing/app_bench.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "template/testing/temporary_folder.h"
 
 #include <gmock/gmock.h>

@@ -2,7 +2,7 @@
 
 #include "grids/fill/show_cell.h"
 #include "grids/rules/value_findings.h"
-#include "template/file_names.h"
+#include "template/services/file_names.h"
 #include "values/numbers.h"
 
 #include <algorithm>

@@ -9,9 +9,9 @@
 #include "comm/transfer/session.h"
 #include "grids/fill/fill_configuration.h"
 #include "grids/fill/fill_settings.h"
-#include "template/file_names.h"
-#include "template/offered_models.h"
 #include "template/pro_actualiza_archivo.h"
+#include "template/services/file_names.h"
+#include "template/services/offered_models.h"
 #include "values/code_page.h"
 
 #include <vector>

@@ -1,7 +1,7 @@
 #include "app/document/recovery_keeper.h"
 
 #include "app/document/document_lines.h"
-#include "template/file_names.h"
+#include "template/services/file_names.h"
 
 namespace zorvane {
 

@@ -3,8 +3,8 @@
 #include "app/document/recovery_keeper.h"
 #include "app/testing/app_bench.h"
 #include "recovery/native_recovery_folder.h"
-#include "template/native_files.h"
 #include "template/pro_escribe_archivo.h"
+#include "template/services/native_files.h"
 #include "template/testing/temporary_folder.h"
 
 #include <gtest/gtest.h>

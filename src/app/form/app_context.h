@@ -5,8 +5,8 @@
 #include "app/form/text_widths.h"
 #include "grids/fill/grid_context.h"
 #include "recovery/recovery.h"
-#include "template/files.h"
 #include "template/pro_leer_archivo.h"
+#include "template/services/files.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,7 +1,7 @@
 #include "app/form/port_store.h"
 
-#include "template/asker.h"
-#include "template/native_files.h"
+#include "template/services/asker.h"
+#include "template/services/native_files.h"
 #include "values/numbers.h"
 
 #include <charconv>

@@ -1,6 +1,6 @@
 #include "app/form/window_rectangles.h"
 
-#include "template/asker.h"
+#include "template/services/asker.h"
 #include "values/numbers.h"
 #include "values/run_time_failure.h"
 

@@ -2,7 +2,7 @@
 
 #include "app/form/font_size.h"
 #include "app/window/desktop_shell.h"
-#include "template/file_names.h"
+#include "template/services/file_names.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
 #include "ui/forms/acercade.h"

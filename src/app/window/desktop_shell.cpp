@@ -1,6 +1,6 @@
 #include "app/window/desktop_shell.h"
 
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <QDesktopServices>
 #include <QDir>

@@ -9,7 +9,7 @@
 #include "comm/transfer/download.h"
 #include "comm/transfer/session.h"
 #include "comm/transfer/upload.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <QFile>
 

@@ -10,7 +10,7 @@
 #include "app/window/system_end.h"
 #include "app/window/window_frame.h"
 #include "recovery/native_recovery_folder.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <QElapsedTimer>
 #include <QTimer>

@@ -1,7 +1,7 @@
 #include "app/window/line_parts.h"
 
 #include "app/form/port_store.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 namespace zorvane {
 

@@ -1,6 +1,6 @@
 #include "app/window/end_signals.h"
 #include "app/window/kvrt_principal.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "ui/base/focus_style.h"
 #include "ui/base/icons.h"
 

@@ -1,6 +1,6 @@
 #include "app/window/message_bar_parts.h"
 
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "ui/main/message_bar_view.h"
 
 namespace zorvane {

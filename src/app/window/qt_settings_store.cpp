@@ -1,6 +1,6 @@
 #include "app/window/qt_settings_store.h"
 
-#include "template/asker.h"
+#include "template/services/asker.h"
 #include "ui/base/text.h"
 
 namespace zorvane {

@@ -1,7 +1,7 @@
 #include "app/window/recover_form.h"
 
 #include "app/window/window_frame.h"
-#include "template/asker.h"
+#include "template/services/asker.h"
 #include "ui/base/text.h"
 
 #include <QHBoxLayout>

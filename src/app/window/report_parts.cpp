@@ -4,7 +4,7 @@
 #include "app/form/menu_state.h"
 #include "reports/export/byte_file.h"
 #include "reports/qt/qt_report_clock.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
 #include "ui/forms/font_dialog.h"

@@ -1,6 +1,6 @@
 #include "app/window/window_dialog.h"
 
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "ui/base/dialog_filter.h"
 #include "ui/base/text.h"
 #include "values/run_time_failure.h"

@@ -1,6 +1,6 @@
 #include "app/window/window_frame.h"
 
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "ui/base/text.h"
 #include "ui/forms/frm_debug.h"
 #include "ui/forms/lost_com.h"

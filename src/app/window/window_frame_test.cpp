@@ -4,7 +4,7 @@
 #include "app/window/qt_settings_store.h"
 #include "app/window/qt_text_widths.h"
 #include "app/window/window_frame.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "template/testing/temporary_folder.h"
 
 #include <QAction>

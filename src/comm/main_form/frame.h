@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/message_bar.h"
-#include "template/asker.h"
+#include "template/services/asker.h"
 
 #include <cstdint>
 #include <functional>

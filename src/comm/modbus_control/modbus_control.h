@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/modbus_control/scan/register_readings.h"
-#include "template/link_notice.h"
+#include "template/services/link_notice.h"
 
 #include <cstdint>
 #include <functional>

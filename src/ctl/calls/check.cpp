@@ -4,8 +4,8 @@
 #include "ctl/document/opened_document.h"
 #include "ctl/text/json_text.h"
 #include "ctl/text/text_table.h"
-#include "template/file_names.h"
-#include "template/native_files.h"
+#include "template/services/file_names.h"
+#include "template/services/native_files.h"
 #include "values/code_page.h"
 
 #include <CLI/CLI.hpp>

@@ -2,8 +2,8 @@
 #include "ctl/document/notices.h"
 #include "ctl/text/json_text.h"
 #include "ctl/text/text_table.h"
-#include "template/native_files.h"
-#include "template/offered_models.h"
+#include "template/services/native_files.h"
+#include "template/services/offered_models.h"
 
 #include <CLI/CLI.hpp>
 

@@ -4,7 +4,7 @@
 #include "ctl/text/text_table.h"
 #include "recovery/native_recovery_folder.h"
 #include "recovery/recovery.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <CLI/CLI.hpp>
 

@@ -2,7 +2,7 @@
 #include "ctl/document/document_arguments.h"
 #include "ctl/document/notices.h"
 #include "ctl/text/json_text.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <CLI/CLI.hpp>
 

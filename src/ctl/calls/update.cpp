@@ -3,9 +3,9 @@
 #include "ctl/document/notices.h"
 #include "ctl/document/opened_document.h"
 #include "ctl/text/json_text.h"
-#include "template/file_names.h"
-#include "template/native_files.h"
 #include "template/pro_actualiza_archivo.h"
+#include "template/services/file_names.h"
+#include "template/services/native_files.h"
 
 #include <CLI/CLI.hpp>
 

@@ -2,9 +2,9 @@
 
 #include "ctl/document/notices.h"
 #include "recovery/recovery.h"
-#include "template/file_names.h"
-#include "template/native_files.h"
 #include "template/pro_escribe_archivo.h"
+#include "template/services/file_names.h"
+#include "template/services/native_files.h"
 #include "values/code_page.h"
 
 #include <CLI/CLI.hpp>

@@ -1,6 +1,6 @@
 #include "ctl/document/notices.h"
 
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "values/code_page.h"
 
 #include <array>

@@ -1,7 +1,7 @@
 #include "ctl/document/opened_document.h"
 
-#include "template/file_names.h"
 #include "template/pro_leer_archivo.h"
+#include "template/services/file_names.h"
 
 namespace zorvane {
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "ctl/text/json_text.h"
-#include "template/asker.h"
-#include "template/files.h"
-#include "template/link_notice.h"
 #include "template/model/declara_zorvane.h"
+#include "template/services/asker.h"
+#include "template/services/files.h"
+#include "template/services/link_notice.h"
 
 #include <cstdint>
 #include <optional>

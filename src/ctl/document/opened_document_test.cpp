@@ -2,7 +2,7 @@
 
 #include "ctl/document/opened_document.h"
 #include "ctl/testing/small_model.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "ctl/document/notices.h"
 #include "template/line_scanner.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 namespace zorvane {
 

@@ -2,7 +2,7 @@
 
 #include "comm/modbus_control/line/port_settings.h"
 #include "ctl/document/call.h"
-#include "template/link_notice.h"
+#include "template/services/link_notice.h"
 
 #include <optional>
 #include <string>

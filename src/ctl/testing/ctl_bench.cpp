@@ -3,7 +3,7 @@
 #include "ctl/program.h"
 #include "recovery/native_recovery_folder.h"
 #include "recovery/recovery.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,6 @@
 #include "ctl/text/json_text.h"
 
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 #include "values/code_page.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "grids/fill/stopping_on_failure.h"
 
-#include "template/asker.h"
+#include "template/services/asker.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #include "reports/export/replaced_file.h"
 
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <sys/xattr.h>
 

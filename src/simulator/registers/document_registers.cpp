@@ -1,10 +1,10 @@
 #include "simulator/registers/document_registers.h"
 
 #include "simulator/registers/template_registers.h"
-#include "template/asker.h"
-#include "template/link_notice.h"
-#include "template/native_files.h"
 #include "template/pro_leer_archivo.h"
+#include "template/services/asker.h"
+#include "template/services/link_notice.h"
+#include "template/services/native_files.h"
 #include "values/run_time_failure.h"
 
 #include <stdexcept>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "simulator/registers/register_map.h"
-#include "template/files.h"
+#include "template/services/files.h"
 
 #include <functional>
 #include <string>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <sys/resource.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "template/files.h"
+#include "template/services/files.h"
 #include "values/testing/failure_number.h"
 
 #include <gtest/gtest.h>

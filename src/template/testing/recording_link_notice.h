@@ -1,6 +1,6 @@
 #pragma once
 
-#include "template/link_notice.h"
+#include "template/services/link_notice.h"
 #include "values/numbers.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "template/asker.h"
+#include "template/services/asker.h"
 
 #include <deque>
 #include <string>

@@ -1,6 +1,6 @@
 #include "ui/forms/acercade.h"
 
-#include "template/asker.h"
+#include "template/services/asker.h"
 #include "ui/base/icons.h"
 
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #include "ui/forms/frm_status.h"
 
 #include "comm/modbus_control/exchange/rtf_text.h"
-#include "template/asker.h"
+#include "template/services/asker.h"
 #include "ui/base/text.h"
 #include "ui/base/wrapped_label.h"
 

@@ -1,6 +1,6 @@
 #include "ui/forms/msgb.h"
 
-#include "template/asker.h"
+#include "template/services/asker.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
 #include "ui/base/wrapped_label.h"

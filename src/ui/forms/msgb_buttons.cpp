@@ -1,6 +1,6 @@
 #include "ui/forms/msgb_buttons.h"
 
-#include "template/asker.h"
+#include "template/services/asker.h"
 
 namespace zorvane {
 

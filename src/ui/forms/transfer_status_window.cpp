@@ -1,7 +1,7 @@
 #include "ui/forms/transfer_status_window.h"
 
 #include "comm/transfer/status.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 namespace zorvane {
 

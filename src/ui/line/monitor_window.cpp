@@ -1,6 +1,6 @@
 #include "ui/line/monitor_window.h"
 
-#include "template/asker.h"
+#include "template/services/asker.h"
 #include "ui/base/roles.h"
 #include "ui/base/text.h"
 #include "ui/line/traffic_delegate.h"

@@ -2,7 +2,7 @@
 
 #include "comm/modbus_control/line/byte_port.h"
 #include "comm/modbus_control/line/port_finder.h"
-#include "template/asker.h"
+#include "template/services/asker.h"
 
 #include <optional>
 #include <string>

@@ -10,7 +10,7 @@
 #include "reports/qt/qt_page_exporters.h"
 #include "reports/qt/qt_report_clock.h"
 #include "reports/qt/qt_report_fonts.h"
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,6 +1,6 @@
-#include "template/native_files.h"
+#include "template/services/native_files.h"
 
-#include "template/file_names.h"
+#include "template/services/file_names.h"
 #include "values/code_page.h"
 #include "values/run_time_failure.h"
 #include "values/utf8.h"

@@ -1,5 +1,5 @@
-#include "template/native_files.h"
 #include "template/pro_escribe_archivo.h"
+#include "template/services/native_files.h"
 #include "template/testing/files_suite.h"
 #include "template/testing/temporary_folder.h"
 #include "values/code_page.h"

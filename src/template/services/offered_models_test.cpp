@@ -1,4 +1,4 @@
-#include "template/offered_models.h"
+#include "template/services/offered_models.h"
 #include "template/testing/memory_files.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "template/file_names.h"
+#include "template/services/file_names.h"
 
-#include "template/files.h"
 #include "template/model/declara_zorvane.h"
+#include "template/services/files.h"
 #include "values/code_page.h"
 
 namespace zorvane {

@@ -1,5 +1,5 @@
-#include "template/file_names.h"
 #include "template/model/declara_zorvane.h"
+#include "template/services/file_names.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "template/offered_models.h"
+#include "template/services/offered_models.h"
 
-#include "template/file_names.h"
+#include "template/services/file_names.h"
 
 namespace zorvane {
 
