@@ -1,9 +1,9 @@
 #include "checker/checked_template.h"
 
 #include "template/board_family.h"
-#include "template/comma_list.h"
 #include "template/line_scanner.h"
 #include "template/pro_interpreta_linea.h"
+#include "template/sections/comma_list.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/registers.h"

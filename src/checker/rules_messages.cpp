@@ -2,7 +2,7 @@
 
 #include "checker/rule.h"
 #include "checker/wording.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 

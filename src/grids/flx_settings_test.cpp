@@ -2,7 +2,7 @@
 #include "grids/flx_settings.h"
 #include "grids/rules/edit_rules.h"
 #include "grids/testing/grid_bench.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 
 #include <gtest/gtest.h>
 

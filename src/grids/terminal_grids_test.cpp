@@ -1,6 +1,6 @@
 #include "grids/terminal_grids.h"
 #include "grids/testing/grid_bench.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 
 #include <gtest/gtest.h>
 

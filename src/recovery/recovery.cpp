@@ -1,8 +1,8 @@
 #include "recovery/recovery.h"
 
 #include "template/line_scanner.h"
-#include "template/messages.h"
 #include "template/pro_escribe_archivo.h"
+#include "template/sections/messages.h"
 #include "values/numbers.h"
 #include "values/run_time_failure.h"
 

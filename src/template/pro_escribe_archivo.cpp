@@ -1,6 +1,6 @@
 #include "template/pro_escribe_archivo.h"
 
-#include "template/messages.h"
+#include "template/sections/messages.h"
 #include "values/numbers.h"
 
 namespace zorvane {

@@ -1,6 +1,6 @@
 #include "template/pro_interpreta_linea.h"
 
-#include "template/section_readers.h"
+#include "template/sections/section_readers.h"
 #include "values/code_page.h"
 
 #include <algorithm>

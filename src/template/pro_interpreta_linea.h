@@ -1,7 +1,7 @@
 #pragma once
 
 #include "template/model/declara_zorvane.h"
-#include "template/numbered_key.h"
+#include "template/sections/numbered_key.h"
 #include "template/services/link_notice.h"
 
 #include <cstdint>

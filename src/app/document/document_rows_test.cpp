@@ -3,7 +3,7 @@
 #include "app/document/document_commands.h"
 #include "app/document/document_rows.h"
 #include "app/testing/app_bench.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 
 #include "ctl/document/notices.h"
 #include "ctl/text/text_table.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 #include "values/numbers.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "grids/commit/commit_list.h"
 #include "grids/fill/fill_settings.h"
 #include "grids/testing/commit_outcome.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 
 #include <gtest/gtest.h>
 

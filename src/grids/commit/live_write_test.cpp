@@ -2,7 +2,7 @@
 #include "grids/commit/live_write.h"
 #include "grids/commit/register_writes.h"
 #include "grids/testing/commit_outcome.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "grids/fill/fill_settings.h"
 #include "grids/rules/cell_fill.h"
 #include "grids/testing/grid_bench.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 #include "values/colours.h"
 
 #include <gtest/gtest.h>

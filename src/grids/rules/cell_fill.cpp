@@ -1,7 +1,7 @@
 #include "grids/rules/cell_fill.h"
 
 #include "cells/cell_reading.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/registers.h"

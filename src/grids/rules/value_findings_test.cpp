@@ -1,5 +1,5 @@
 #include "grids/rules/value_findings.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 #include "template/testing/interpreter_bench.h"
 
 #include <gmock/gmock.h>

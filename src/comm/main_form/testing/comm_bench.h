@@ -4,7 +4,7 @@
 #include "comm/main_form/testing/recording_frame.h"
 #include "comm/modbus_control/testing/journal.h"
 #include "comm/modbus_control/testing/scripted_link.h"
-#include "template/messages.h"
+#include "template/sections/messages.h"
 
 #include <cstdint>
 #include <string>

@@ -1,9 +1,9 @@
 // The sections that a configuration file holds too: values of the cells and of the upper grid. And the
 // colours.
 
-#include "template/comma_list.h"
-#include "template/messages.h"
-#include "template/section_readers.h"
+#include "template/sections/comma_list.h"
+#include "template/sections/messages.h"
+#include "template/sections/section_readers.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/times.h"

@@ -1,4 +1,4 @@
-#include "template/messages.h"
+#include "template/sections/messages.h"
 #include "template/testing/document_text.h"
 #include "values/testing/failure_number.h"
 

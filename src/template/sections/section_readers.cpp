@@ -1,4 +1,4 @@
-#include "template/section_readers.h"
+#include "template/sections/section_readers.h"
 
 namespace zorvane {
 

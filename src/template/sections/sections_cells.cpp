@@ -1,8 +1,8 @@
 // The sections that describe single cells: addresses, limits, formats and lists.
 
-#include "template/comma_list.h"
-#include "template/messages.h"
-#include "template/section_readers.h"
+#include "template/sections/comma_list.h"
+#include "template/sections/messages.h"
+#include "template/sections/section_readers.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/times.h"

@@ -1,4 +1,4 @@
-#include "template/section_readers.h"
+#include "template/sections/section_readers.h"
 #include "template/testing/recording_link_notice.h"
 #include "values/testing/failure_number.h"
 

@@ -1,6 +1,6 @@
 // The sections that give the two grids their columns and the fields their tables.
 
-#include "template/section_readers.h"
+#include "template/sections/section_readers.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 

@@ -1,4 +1,4 @@
-#include "template/comma_list.h"
+#include "template/sections/comma_list.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The sections about the controller's registers as a whole: what isn't downloaded, timings and scan blocks.
 
-#include "template/section_readers.h"
+#include "template/sections/section_readers.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 

@@ -1,5 +1,5 @@
 #include "template/model/block_kind.h"
-#include "template/section_readers.h"
+#include "template/sections/section_readers.h"
 #include "values/code_page.h"
 
 #include <array>

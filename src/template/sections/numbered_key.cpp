@@ -1,4 +1,4 @@
-#include "template/numbered_key.h"
+#include "template/sections/numbered_key.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"

@@ -1,6 +1,6 @@
-#include "template/messages.h"
+#include "template/sections/messages.h"
 
-#include "template/comma_list.h"
+#include "template/sections/comma_list.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 
