@@ -1,7 +1,7 @@
 #include "app/window/desktop_parts.h"
 
+#include "app/desktop/desktop_shell.h"
 #include "app/form/font_size.h"
-#include "app/window/desktop_shell.h"
 #include "template/services/file_names.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"

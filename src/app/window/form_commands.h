@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/desktop/event_edge.h"
 #include "app/form/app_context.h"
-#include "app/window/event_edge.h"
 #include "app/window/window_frame.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/window/event_edge.h"
+#include "app/desktop/event_edge.h"
 #include "grids/fill/grid_context.h"
 #include "ui/main/main_window.h"
 

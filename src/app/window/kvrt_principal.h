@@ -1,11 +1,11 @@
 #pragma once
 
+#include "app/desktop/qt_settings_store.h"
+#include "app/desktop/qt_text_widths.h"
 #include "app/form/app_context.h"
 #include "app/window/desktop_parts.h"
 #include "app/window/form_commands.h"
 #include "app/window/line_parts.h"
-#include "app/window/qt_settings_store.h"
-#include "app/window/qt_text_widths.h"
 #include "app/window/report_parts.h"
 #include "app/window/system_end.h"
 #include "app/window/window_frame.h"

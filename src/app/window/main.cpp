@@ -1,4 +1,4 @@
-#include "app/window/end_signals.h"
+#include "app/desktop/end_signals.h"
 #include "app/window/kvrt_principal.h"
 #include "template/services/native_files.h"
 #include "ui/base/focus_style.h"

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/desktop/busy_run.h"
 #include "app/print_commands.h"
 #include "app/print_log_command.h"
-#include "app/window/busy_run.h"
 #include "app/window/form_commands.h"
 #include "app/window/window_dialog.h"
 #include "reports/qt/qt_page_exporters.h"

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "app/desktop/event_edge.h"
 #include "app/form/document_frame.h"
-#include "app/window/event_edge.h"
 #include "app/window/form_timers.h"
 #include "app/window/window_dialog.h"
 #include "app/window/window_grids.h"

@@ -1,8 +1,8 @@
 // The parts that the window is put together from: settings, timers, the progress form, places.
 
+#include "app/desktop/qt_settings_store.h"
+#include "app/desktop/qt_text_widths.h"
 #include "app/window/form_timers.h"
-#include "app/window/qt_settings_store.h"
-#include "app/window/qt_text_widths.h"
 #include "app/window/window_frame.h"
 #include "template/services/native_files.h"
 #include "template/testing/temporary_folder.h"

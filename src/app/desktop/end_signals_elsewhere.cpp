@@ -1,4 +1,4 @@
-#include "app/window/end_signals.h"
+#include "app/desktop/end_signals.h"
 
 namespace zorvane {
 

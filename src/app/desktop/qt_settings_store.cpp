@@ -1,4 +1,4 @@
-#include "app/window/qt_settings_store.h"
+#include "app/desktop/qt_settings_store.h"
 
 #include "template/services/asker.h"
 #include "ui/base/text.h"

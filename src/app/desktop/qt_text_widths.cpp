@@ -1,4 +1,4 @@
-#include "app/window/qt_text_widths.h"
+#include "app/desktop/qt_text_widths.h"
 
 #include "ui/base/text.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/window/event_edge.h"
+#include "app/desktop/event_edge.h"
 
 #include <QElapsedTimer>
 #include <QObject>

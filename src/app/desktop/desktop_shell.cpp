@@ -1,4 +1,4 @@
-#include "app/window/desktop_shell.h"
+#include "app/desktop/desktop_shell.h"
 
 #include "template/services/native_files.h"
 

@@ -1,4 +1,4 @@
-#include "app/window/busy_run.h"
+#include "app/desktop/busy_run.h"
 
 #include "ui/forms/mensaje.h"
 
