@@ -1,5 +1,5 @@
 #include "checker/checker.h"
-#include "ctl/document/call.h"
+#include "ctl/calls/document_calls.h"
 #include "ctl/document/notices.h"
 #include "ctl/document/opened_document.h"
 #include "ctl/text/json_text.h"

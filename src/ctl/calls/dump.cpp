@@ -1,4 +1,4 @@
-#include "ctl/document/call.h"
+#include "ctl/calls/document_calls.h"
 #include "ctl/document/document_arguments.h"
 #include "ctl/document/model_json.h"
 #include "ctl/document/model_text.h"

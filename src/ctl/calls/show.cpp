@@ -1,4 +1,4 @@
-#include "ctl/document/call.h"
+#include "ctl/calls/document_calls.h"
 #include "ctl/document/document_arguments.h"
 #include "ctl/document/field_argument.h"
 #include "ctl/document/lower_grid.h"

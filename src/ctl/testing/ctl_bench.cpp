@@ -1,5 +1,6 @@
 #include "ctl/testing/ctl_bench.h"
 
+#include "ctl/calls/document_calls.h"
 #include "ctl/program.h"
 #include "recovery/native_recovery_folder.h"
 #include "recovery/recovery.h"
