@@ -87,7 +87,7 @@ struct Table {
     Declara_Zorvane document;
     Main_Form_State form;
     Dry_Run_Link link;
-    doubles::Recording_Frame frame{journal};
+    doubles::Recording_Form frame{journal};
     Memory_Grid upper;
     Memory_Grid lower;
     Navigation_State navigation;

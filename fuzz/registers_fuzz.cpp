@@ -1,7 +1,7 @@
 // Any bytes as a file of registers: the terminal program and the simulator take the same files, what is taken
 // is written and read again, and the registers become a document's values.
 
-#include "comm/main_form/testing/recording_frame.h"
+#include "comm/main_form/testing/recording_form.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "comm/transfer/registers_to_cells.h"
 #include "ctl/document/register_file.h"
@@ -62,7 +62,7 @@ void applyToDocument(const Register_Values& registers) {
     reader.readTemplate(fuzz::richTemplate);
     Main_Form_State form;
     doubles::Journal journal;
-    doubles::Recording_Frame frame(journal);
+    doubles::Recording_Form frame(journal);
     Dry_Run_Link link(registers);
     for (std::int32_t field = 1; field <= reader.document().Field_Count; ++field)
         ignoringFailure([&] { PRO_Aplica_Registros({reader.document(), form, link, frame}, field); });

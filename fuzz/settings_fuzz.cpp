@@ -4,10 +4,10 @@
 #include "app/document/document_commands.h"
 #include "app/form/font_size.h"
 #include "app/form/port_store.h"
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "app/print_commands.h"
 #include "app/testing/app_bench.h"
-#include "app/testing/recording_print_frame.h"
+#include "app/testing/recording_print_form.h"
 #include "comm/main_form/monitor.h"
 #include "fuzz/require.h"
 #include "fuzz/split.h"
@@ -74,7 +74,7 @@ void checkRectangle(Settings_Store& store, const std::string& section, const Win
 void checkMargins(doubles::App_Bench& bench) {
     const doubles::Even_Metrics metrics;
     const No_Painted_Formats painted;
-    doubles::Recording_Print_Frame frame(bench.journal);
+    doubles::Recording_Print_Form frame(bench.journal);
     Print_Commands commands(bench.app, frame,
                             {metrics,
                              [] {

@@ -1,6 +1,6 @@
 #include "bench/link/upload_time.h"
 
-#include "bench/link/bench_frame.h"
+#include "bench/link/bench_form.h"
 #include "bench/link/simulator_process.h"
 #include "bench/link/table.h"
 #include "bench/link/wire.h"
@@ -68,8 +68,8 @@ class Session {
   public:
     Session(const std::string& templateFile, const std::string& device)
         : link_(settingsFor(device), asker_),
-          frame_(readTemplate(templateFile), [this] { tick(); }), comm_{document_, form_, link_.link(),
-                                                                        frame_} {
+          mainForm_(readTemplate(templateFile), [this] { tick(); }), comm_{document_, form_, link_.link(),
+                                                                           mainForm_} {
         form_.Document_Open = true;
         PRO_Registra_Bloques(comm_);
     }
@@ -83,9 +83,9 @@ class Session {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         time.finishingMs = lastTickMs_;
         time.wholeMs = millisecondsSince(begin);
-        const bool whole = form_.Transfer_Errors.empty() && frame_.panel(Panel::Message) == "Ready";
+        const bool whole = form_.Transfer_Errors.empty() && mainForm_.panel(Panel::Message) == "Ready";
         MNU_Disconnect_Click(comm_);
-        if (!whole) throw std::runtime_error("an upload failed: " + frame_.panel(Panel::Message));
+        if (!whole) throw std::runtime_error("an upload failed: " + mainForm_.panel(Panel::Message));
         return time;
     }
 
@@ -118,7 +118,7 @@ class Session {
     Declara_Zorvane document_;
     Main_Form_State form_;
     Qt_Link link_;
-    Bench_Frame frame_;
+    Bench_Form mainForm_;
     Comm_Context comm_;
     double lastTickMs_ = 0;
 };

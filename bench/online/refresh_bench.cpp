@@ -4,7 +4,7 @@
 #include "app/window/window_grids.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "comm/transfer/registers_to_cells.h"
-#include "ctl/document/held_frame.h"
+#include "ctl/document/held_form.h"
 #include "grids/fill/fill_settings.h"
 #include "ui/grid/flex_grid.h"
 
@@ -32,10 +32,10 @@ class Moving_Link final : public Dry_Run_Link {
     std::int32_t moved_ = 0;
 };
 
-class Grid_Frame final : public Held_Frame {
+class Grid_Frame final : public Held_Form {
   public:
     Grid_Frame(Flex_Grid& configuration, Flex_Grid& settings)
-        : Held_Frame(1, {}), grids_(configuration, settings) {}
+        : Held_Form(1, {}), grids_(configuration, settings) {}
     [[nodiscard]] Grid_View& grids() override { return grids_; }
 
   private:
@@ -103,12 +103,12 @@ class Refresh_Scene {
     Flex_Grid_View* settingsView_ = new Flex_Grid_View(&window_);
     Flex_Grid configuration_{*configurationView_};
     Flex_Grid settings_{*settingsView_};
-    Grid_Frame frame_{configuration_, settings_};
+    Grid_Frame mainForm_{configuration_, settings_};
     Navigation_State navigation_;
     Hidden_Editors editors_;
     No_Windows windows_;
     Grid_Context context_{
-        {*document_, form_, link_, frame_}, configuration_, settings_, navigation_, editors_, windows_};
+        {*document_, form_, link_, mainForm_}, configuration_, settings_, navigation_, editors_, windows_};
 };
 
 void refreshField(benchmark::State& state) {

@@ -2,7 +2,7 @@
 
 #include "bench/window/large_field.h"
 #include "comm/modbus_control/dry_run_link.h"
-#include "ctl/document/held_frame.h"
+#include "ctl/document/held_form.h"
 #include "grids/fill/fill_settings.h"
 #include "ui/grid/flex_grid.h"
 
@@ -54,7 +54,7 @@ class Grid_Scene {
     std::unique_ptr<Declara_Zorvane> document_ = largeDocument();
     Main_Form_State form_;
     Dry_Run_Link link_;
-    Held_Frame frame_{1, {}};
+    Held_Form mainForm_{1, {}};
     QWidget window_;
     Flex_Grid_View* view_ = new Flex_Grid_View(&window_);
     Flex_Grid settings_{*view_};
@@ -63,7 +63,7 @@ class Grid_Scene {
     Hidden_Editors editors_;
     No_Windows windows_;
     Grid_Context context_{
-        {*document_, form_, link_, frame_}, configuration_, settings_, navigation_, editors_, windows_};
+        {*document_, form_, link_, mainForm_}, configuration_, settings_, navigation_, editors_, windows_};
 };
 
 /// The same table in Qt's own item widget: texts, both colours and the alignment of every cell.

@@ -26,13 +26,13 @@ class Typing_Scene {
         std::ofstream(folder_.path() + "/kvrt.ztp", std::ios::binary) << templateText(rows, columns);
         program_ = std::make_unique<KVRT_Principal>(Program_Places{
             folder_.path(), folder_.path() + "/kept", QString::fromStdString(folder_.path() + "/settings")});
-        program_->frame().ask = [](const QString& text, int, const QString&) {
+        program_->mainForm().ask = [](const QString& text, int, const QString&) {
             std::fprintf(stderr, "%s\n", qPrintable(text));
             return int{Msgb_Code_Ok};
         };
         program_->start();
-        program_->frame().timers().fire(Timer_Name::TMR_Abre_ZTP);
-        program_->frame().timers().fire(Timer_Name::TMR_Inicial_ZTP);
+        program_->mainForm().timers().fire(Timer_Name::TMR_Abre_ZTP);
+        program_->mainForm().timers().fire(Timer_Name::TMR_Inicial_ZTP);
         QApplication::processEvents();
         view().setFocus();
         grid().setRow(2);

@@ -6,7 +6,7 @@ namespace {
 
 /// A desktop that can't open something is told of, since nothing else would be seen.
 void tellUnopened(const App_Context& app, const std::string& what) {
-    app.frame.Msgb_Show("No program of this desktop opens " + what, Msgb_Information, applicationTitle);
+    app.mainForm.Msgb_Show("No program of this desktop opens " + what, Msgb_Information, applicationTitle);
 }
 
 void openOrTell(const App_Context& app, const Shell_Execute& execute, const std::string& address) {
@@ -18,7 +18,7 @@ void openOrTell(const App_Context& app, const Shell_Execute& execute, const std:
 void MNU_HelpIndex_Click(const App_Context& app, const Shell_Execute& RunShellExecute) {
     const std::string& folder = app.applicationFolder;
     if (!app.files.exists(folder + folderSeparator + helpFile)) {
-        app.frame.Msgb_Show("Zorvane.hlp file doesn't exist!", Msgb_Information, applicationTitle);
+        app.mainForm.Msgb_Show("Zorvane.hlp file doesn't exist!", Msgb_Information, applicationTitle);
         return;
     }
     if (RunShellExecute("Open", helpFile, "", folder)) return;

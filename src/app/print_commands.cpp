@@ -1,6 +1,6 @@
 #include "app/print_commands.h"
 
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "values/numbers.h"
 
 #include <cmath>
@@ -36,13 +36,13 @@ double widthBetweenMargins(const Page_Settings& page) {
 /// The busy form stands for the whole of an export, whose writing may take longer than its run.
 class Busy {
   public:
-    explicit Busy(Print_Frame& frame) : frame_(frame) { frame_.showBusy(); }
-    ~Busy() { frame_.endBusy(); }
+    explicit Busy(Print_Form& mainForm) : mainForm_(mainForm) { mainForm_.showBusy(); }
+    ~Busy() { mainForm_.endBusy(); }
     Busy(const Busy&) = delete;
     Busy& operator=(const Busy&) = delete;
 
   private:
-    Print_Frame& frame_;
+    Print_Form& mainForm_;
 };
 
 /// What to do about an export that failed.
@@ -68,8 +68,8 @@ bool hasPages(const MainRepKVRT* report) { return report != nullptr && report->P
 
 } // namespace
 
-Print_Commands::Print_Commands(const App_Context& app, Print_Frame& frame, Print_Services services)
-    : app_(app), frame_(frame), services_(std::move(services)) {}
+Print_Commands::Print_Commands(const App_Context& app, Print_Form& mainForm, Print_Services services)
+    : app_(app), mainForm_(mainForm), services_(std::move(services)) {}
 
 std::unique_ptr<MainRepKVRT> Print_Commands::makeReport() {
     const Document_Report_Sources sources{app_.document(), services_.metrics, services_.gridFont};
@@ -84,7 +84,7 @@ MainRepKVRT& Print_Commands::Report_Setup() {
 
 void Print_Commands::MNU_PageSetup_Click() {
     MainRepKVRT& setup = Report_Setup();
-    if (!frame_.PageSetup(setup.PageSettings, setup.Printer)) return;
+    if (!mainForm_.PageSetup(setup.PageSettings, setup.Printer)) return;
     if (hasPages(PrintAll())) {
         takeSettingsOver(*PrintAll_);
         SaveSettingsPrint();
@@ -136,8 +136,8 @@ void Print_Commands::PrintAllPages() {
 }
 
 void Print_Commands::disableEntry(Menu_Entry entry, Menu_Entry other) {
-    app_.frame.setMenuEnabled(entry, false);
-    if (!app_.frame.menuEnabled(other)) app_.frame.setMenuEnabled(Menu_Entry::MNU_Print, false);
+    app_.mainForm.setMenuEnabled(entry, false);
+    if (!app_.mainForm.menuEnabled(other)) app_.mainForm.setMenuEnabled(Menu_Entry::MNU_Print, false);
 }
 
 void Print_Commands::makePreview(Report_Slot& slot, const std::string& caption) {
@@ -152,8 +152,8 @@ void Print_Commands::makePreview(Report_Slot& slot, const std::string& caption) 
 
 void Print_Commands::show(MainRepKVRT& report) {
     report.FontSize = app_.state.Font_Size;
-    report.HaveGrid = app_.frame.menuChecked(Menu_Entry::MNU_Grid);
-    frame_.showPreview(report, wholePageZoom);
+    report.HaveGrid = app_.mainForm.menuChecked(Menu_Entry::MNU_Grid);
+    mainForm_.showPreview(report, wholePageZoom);
     report.Run();
 }
 
@@ -167,11 +167,11 @@ void Print_Commands::PrintAll_UnloadMe() { unload(PrintAll_, Menu_Entry::MNU_Pri
 void Print_Commands::PrintGrid_UnloadMe() { unload(PrintGrid_, Menu_Entry::MNU_PrintPage); }
 
 void Print_Commands::unload(Report_Slot& slot, Menu_Entry entry) {
-    app_.frame.setMenuEnabled(entry, true);
-    app_.frame.setMenuEnabled(Menu_Entry::MNU_Print, true);
+    app_.mainForm.setMenuEnabled(entry, true);
+    app_.mainForm.setMenuEnabled(Menu_Entry::MNU_Print, true);
     if (!slot) return;
     if (slot->Pages.Count() > 0) slot->Pages.Clear();
-    frame_.releasePreview(*slot);
+    mainForm_.releasePreview(*slot);
     slot.reset();
 }
 
@@ -215,18 +215,18 @@ void Print_Commands::exportReport(MainRepKVRT& report) {
     std::optional<Export_Choice> choice;
     ignoringFailure([&] { choice = chosenExport(); });
     if (!choice) return;
-    const Busy busy(frame_);
+    const Busy busy(mainForm_);
     try {
         writeExport(report, *choice);
     } catch (const Run_Time_Failure& failure) {
-        if (!frame_.keepsRunning()) return; // the user has ended it
-        app_.frame.messageBar().tell(
+        if (!mainForm_.keepsRunning()) return; // the user has ended it
+        app_.mainForm.messageBar().tell(
             {exportTopic, Bar_Kind::Warning, failedExport(choice->path, failure), {}, false});
     }
 }
 
 std::optional<Print_Commands::Export_Choice> Print_Commands::chosenExport() {
-    CommonDialog& dialog = frame_.OpenFile();
+    CommonDialog& dialog = mainForm_.OpenFile();
     dialog.FileName.clear();
     dialog.DialogTitle = "Export as...";
     dialog.Filter = exportFilter;
@@ -234,7 +234,7 @@ std::optional<Print_Commands::Export_Choice> Print_Commands::chosenExport() {
     dialog.InitDir = app_.applicationFolder;
     dialog.ShowSave();
     if (app_.files.exists(dialog.FileName) &&
-        !frame_.platformQuestion("File " + dialog.FileName + " exist overwrite it?"))
+        !mainForm_.platformQuestion("File " + dialog.FileName + " exist overwrite it?"))
         return std::nullopt;
     const auto format = formatOfFilter(dialog.FilterIndex);
     if (!format) return std::nullopt;
@@ -249,8 +249,8 @@ void Print_Commands::writeExport(MainRepKVRT& report, const Export_Choice& choic
 }
 
 void Print_Commands::tellExported(const std::string& path) {
-    Bar_Button folder{"Open folder", [&frame = frame_, path] { frame.openFolderOf(path); }};
-    app_.frame.messageBar().tell(
+    Bar_Button folder{"Open folder", [&mainForm = mainForm_, path] { mainForm.openFolderOf(path); }};
+    app_.mainForm.messageBar().tell(
         {exportTopic, Bar_Kind::Note, "The report was exported to " + path, {std::move(folder)}, false});
 }
 

@@ -2,7 +2,7 @@
 
 #include "app/form/app_context.h"
 #include "app/form/window_rectangles.h"
-#include "app/print_frame.h"
+#include "app/print_form.h"
 #include "reports/export/export_format.h"
 
 #include <array>
@@ -26,7 +26,7 @@ struct Print_Services {
 /// The main form's commands around the reports: page set-up, the two previews, the export.
 class Print_Commands : private Main_Report_Host {
   public:
-    Print_Commands(const App_Context& app, Print_Frame& frame, Print_Services services);
+    Print_Commands(const App_Context& app, Print_Form& mainForm, Print_Services services);
 
     /// "Pa&ge Setup...": an open preview that has pages takes the new settings over, which are stored then.
     void MNU_PageSetup_Click();
@@ -62,13 +62,13 @@ class Print_Commands : private Main_Report_Host {
   private:
     using Report_Slot = std::unique_ptr<MainRepKVRT>;
 
-    void showBusy() override { frame_.showBusy(); }
-    void endBusy() override { frame_.endBusy(); }
-    [[nodiscard]] bool keepsRunning() override { return frame_.keepsRunning(); }
+    void showBusy() override { mainForm_.showBusy(); }
+    void endBusy() override { mainForm_.endBusy(); }
+    [[nodiscard]] bool keepsRunning() override { return mainForm_.keepsRunning(); }
     void SaveConfig(const Report_Rectangle& window) override;
-    void showPages(MainRepKVRT& report) override { frame_.showPages(report); }
-    void showFontDialog(MainRepKVRT& report) override { frame_.showFontDialog(report); }
-    void dropFontDialog(MainRepKVRT& report) override { frame_.dropFontDialog(report); }
+    void showPages(MainRepKVRT& report) override { mainForm_.showPages(report); }
+    void showFontDialog(MainRepKVRT& report) override { mainForm_.showFontDialog(report); }
+    void dropFontDialog(MainRepKVRT& report) override { mainForm_.dropFontDialog(report); }
     void exportReport(MainRepKVRT& report) override;
 
     [[nodiscard]] Report_Slot makeReport();
@@ -87,7 +87,7 @@ class Print_Commands : private Main_Report_Host {
     void tellExported(const std::string& path);
 
     const App_Context& app_;
-    Print_Frame& frame_;
+    Print_Form& mainForm_;
     Print_Services services_;
     Report_Slot Report_Setup_;
     Report_Slot PrintAll_;

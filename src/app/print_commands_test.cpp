@@ -1,7 +1,7 @@
 #include "app/document/document_commands.h"
 #include "app/print_commands.h"
 #include "app/testing/app_bench.h"
-#include "app/testing/recording_print_frame.h"
+#include "app/testing/recording_print_form.h"
 #include "reports/testing/even_metrics.h"
 
 #include <gmock/gmock.h>
@@ -12,7 +12,7 @@ namespace {
 
 using doubles::App_Bench;
 using doubles::Even_Metrics;
-using doubles::Recording_Print_Frame;
+using doubles::Recording_Print_Form;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -41,10 +41,10 @@ struct PrintCommands : testing::Test, App_Bench {
         choose("/home/site7.abc");
         MNU_Open_Click(app);
         upper.setRow(1);
-        frame.setMenuEnabled(Menu_Entry::MNU_PrintPage, true);
+        mainForm.setMenuEnabled(Menu_Entry::MNU_PrintPage, true);
     }
     void confirm(double margin) {
-        printFrame.setUp = [margin](Page_Settings& page, Report_Printer& printer) {
+        printForm.setUp = [margin](Page_Settings& page, Report_Printer& printer) {
             page.LeftMargin = page.RightMargin = page.TopMargin = page.BottomMargin = margin;
             printer.DeviceName = "laser";
             return true;
@@ -52,18 +52,18 @@ struct PrintCommands : testing::Test, App_Bench {
     }
     [[nodiscard]] Lines stored() const { return journal.beginningWith("setting Settings/"); }
     void exportTo(const std::string& path, int filterIndex) {
-        printFrame.dialog.answers.push_back({path, filterIndex});
+        printForm.dialog.answers.push_back({path, filterIndex});
         MainRepKVRT& report = *print.PrintGrid();
         report.ActiveReport_ToolbarClick(report.Tools.Item(2));
     }
 
     Even_Metrics textMetrics;
     Named_Pages painted;
-    Recording_Print_Frame printFrame{journal};
+    Recording_Print_Form printForm{journal};
     std::map<std::string, std::string> written;
     bool full = false;
     Print_Commands print{app,
-                         printFrame,
+                         printForm,
                          {textMetrics,
                           [] {
                               return Report_Time{"11/21/2026", 9, 5};
@@ -82,7 +82,7 @@ const Lines marginsOf720 = {
 TEST_F(PrintCommands, ThePreviewOfTheSelectedField) {
     state.Font_Size = 10.5;
     upper.setRow(2);
-    frame.setMenuChecked(Menu_Entry::MNU_Grid, true);
+    mainForm.setMenuChecked(Menu_Entry::MNU_Grid, true);
     settings.texts["Zorvane/PrintDialog/Left"] = "100";
     settings.texts["Zorvane/PrintDialog/Top"] = "200";
     settings.texts["Zorvane/PrintDialog/Width"] = "5000";
@@ -121,14 +121,14 @@ TEST_F(PrintCommands, ThePreviewOfAllFields) {
 
 TEST_F(PrintCommands, WithBothPreviewsOpenTheParentMenuIsDisabled) {
     print.PrintAllPages();
-    EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_Print));
+    EXPECT_TRUE(mainForm.menuEnabled(Menu_Entry::MNU_Print));
     print.PRO_Imprime_Pagina();
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Print));
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_Print));
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_PrintPage));
     print.PrintGrid()->ActiveReport_Terminate();
-    EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_Print));
-    EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintAll));
+    EXPECT_TRUE(mainForm.menuEnabled(Menu_Entry::MNU_Print));
+    EXPECT_TRUE(mainForm.menuEnabled(Menu_Entry::MNU_PrintPage));
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_PrintAll));
 }
 
 TEST_F(PrintCommands, ClosingThePreviewOfAllLeavesTheEntryOfTheOtherDisabled) {
@@ -139,7 +139,7 @@ TEST_F(PrintCommands, ClosingThePreviewOfAllLeavesTheEntryOfTheOtherDisabled) {
     const Lines lines = journal.lines();
     EXPECT_THAT(Lines(lines.end() - 3, lines.end()), ElementsAre("MNU_PrintAll enabled", "MNU_Print enabled",
                                                                  "\"Preview Print All Pages\" closed"));
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_PrintPage));
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_PrintPage));
 }
 
 TEST_F(PrintCommands, ClosingAPreviewStoresItsPlaceAndEnablesItsEntry) {
@@ -287,7 +287,7 @@ TEST_F(PrintCommands, TheExportDialogOffersSixFormats) {
               "ShowSave \"Export as...\" Excel file (*.xls)|*.xls|PDF File(*.pdf)|*.pdf|RTF "
               "File(*.rtf)|*.rtf|Text File(*.txt)|*.rtf|TIF File(*.tif)|*.tif|HTML File(*.html)|*.html at 1, "
               "flags 0");
-    EXPECT_EQ(printFrame.dialog.InitDir, "/app");
+    EXPECT_EQ(printForm.dialog.InitDir, "/app");
 }
 
 TEST_F(PrintCommands, TheFilterIndexTellsTheFormatWhateverTheName) {
@@ -311,22 +311,22 @@ TEST_F(PrintCommands, TheFilterIndexTellsTheFormatWhateverTheName) {
 TEST_F(PrintCommands, AnExistingFileIsOverwrittenOnlyAfterYes) {
     files.put("/home/a.txt", "old");
     print.PRO_Imprime_Pagina();
-    printFrame.yes = false;
+    printForm.yes = false;
     exportTo("/home/a.txt", 4);
     EXPECT_THAT(journal.lines(), Contains("question \"File /home/a.txt exist overwrite it?\""));
     EXPECT_THAT(written, IsEmpty());
-    printFrame.yes = true;
+    printForm.yes = true;
     exportTo("/home/a.txt", 4);
     EXPECT_EQ(written.count("/home/a.txt"), 1U);
 }
 
 TEST_F(PrintCommands, ARunCancelledByTheUserKeepsThePagesMade) {
-    printFrame.cancelsAfter = 3;
+    printForm.cancelsAfter = 3;
     print.PrintAllPages();
     EXPECT_TRUE(print.PrintAll()->Canceled());
     EXPECT_EQ(print.PrintAll()->Pages.Count(), 1);
     EXPECT_EQ(print.PrintAll()->Pages.document.contents.size(), 1U);
-    printFrame.cancelsAfter.reset();
+    printForm.cancelsAfter.reset();
     print.PrintAll_Refresh();
     EXPECT_FALSE(print.PrintAll()->Canceled());
     EXPECT_EQ(print.PrintAll()->Pages.document.contents.size(), 2U);
@@ -334,7 +334,7 @@ TEST_F(PrintCommands, ARunCancelledByTheUserKeepsThePagesMade) {
 
 TEST_F(PrintCommands, AnExportCancelledByTheUserWritesNothing) {
     print.PRO_Imprime_Pagina();
-    printFrame.cancelsAfter = 2;
+    printForm.cancelsAfter = 2;
     exportTo("/home/a.txt", 4);
     EXPECT_THAT(written, IsEmpty());
     EXPECT_EQ(journal.lines().back(), "Mensaje unloaded");
@@ -351,7 +351,7 @@ TEST_F(PrintCommands, TheBusyFormStandsForTheWholeOfAnExport) {
 
 TEST_F(PrintCommands, APaperChosenInThePageSetUpReachesThePreviews) {
     print.PrintAllPages();
-    printFrame.setUp = [](Page_Settings& page, Report_Printer&) {
+    printForm.setUp = [](Page_Settings& page, Report_Printer&) {
         std::swap(page.PaperWidth, page.PaperHeight);
         return true;
     };
@@ -364,7 +364,7 @@ TEST_F(PrintCommands, APaperChosenInThePageSetUpReachesThePreviews) {
 TEST_F(PrintCommands, TheBarTellsOfAnExport) {
     print.PRO_Imprime_Pagina();
     exportTo("/home/a.txt", 4);
-    const Bar_Line* told = frame.messageBar().find("export");
+    const Bar_Line* told = mainForm.messageBar().find("export");
     ASSERT_NE(told, nullptr);
     EXPECT_EQ(told->kind, Bar_Kind::Note);
     EXPECT_EQ(told->text, "The report was exported to /home/a.txt");
@@ -381,8 +381,8 @@ TEST_F(PrintCommands, TheBarTellsOfAnExportThatFailed) {
     exportTo("/home/a.txt", 4);
     full = true;
     exportTo("/home/a.txt", 4);
-    ASSERT_EQ(frame.messageBar().lines().size(), 1U);
-    const Bar_Line& told = frame.messageBar().lines().front();
+    ASSERT_EQ(mainForm.messageBar().lines().size(), 1U);
+    const Bar_Line& told = mainForm.messageBar().lines().front();
     EXPECT_EQ(told.kind, Bar_Kind::Warning);
     EXPECT_EQ(told.text,
               "The report was not exported to /home/a.txt: Disk full. Make room on that disk, or export "
@@ -395,14 +395,14 @@ TEST_F(PrintCommands, TheBarIsSilentAboutWhatTheUserCancelled) {
     print.PrintAllPages();
     MainRepKVRT& report = *print.PrintAll();
     report.ActiveReport_ToolbarClick(report.Tools.Item(2)); // in the dialog
-    printFrame.cancelsAfter = 2;                            // in the busy form
-    printFrame.dialog.answers.push_back({"/home/a.txt", 4});
+    printForm.cancelsAfter = 2;                             // in the busy form
+    printForm.dialog.answers.push_back({"/home/a.txt", 4});
     report.ActiveReport_ToolbarClick(report.Tools.Item(2));
-    printFrame.yes = false; // by No
+    printForm.yes = false; // by No
     files.put("/home/a.txt", "old");
-    printFrame.dialog.answers.push_back({"/home/a.txt", 4});
+    printForm.dialog.answers.push_back({"/home/a.txt", 4});
     report.ActiveReport_ToolbarClick(report.Tools.Item(2));
-    EXPECT_THAT(frame.messageBar().lines(), IsEmpty());
+    EXPECT_THAT(mainForm.messageBar().lines(), IsEmpty());
 }
 
 TEST_F(PrintCommands, ACancelledOrFailingExportEndsQuietly) {

@@ -4,8 +4,8 @@
 
 namespace zorvane {
 
-Print_Log_Command::Print_Log_Command(Print_Frame& frame, const Text_Metrics& metrics, Report_Clock clock)
-    : frame_(frame), metrics_(metrics), clock_(std::move(clock)) {}
+Print_Log_Command::Print_Log_Command(Print_Form& mainForm, const Text_Metrics& metrics, Report_Clock clock)
+    : mainForm_(mainForm), metrics_(metrics), clock_(std::move(clock)) {}
 
 void Print_Log_Command::btnPrint_Click(const Rich_Text& RtbStatus, const std::string& logFileName) {
     std::optional<Report_Rectangle> window;
@@ -20,7 +20,7 @@ void Print_Log_Command::btnPrint_Click(const Rich_Text& RtbStatus, const std::st
     report_->RichText = RtbStatus;
     report_->Run();
     constexpr bool prompt = true;
-    frame_.printReport(*report_, prompt);
+    mainForm_.printReport(*report_, prompt);
 }
 
 } // namespace zorvane

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/print_frame.h"
+#include "app/print_form.h"
 
 #include <memory>
 #include <string>
@@ -10,7 +10,7 @@ namespace zorvane {
 /// "&Print Log..." of the transfer status form.
 class Print_Log_Command {
   public:
-    Print_Log_Command(Print_Frame& frame, const Text_Metrics& metrics, Report_Clock clock);
+    Print_Log_Command(Print_Form& mainForm, const Text_Metrics& metrics, Report_Clock clock);
 
     /// Prints a log after the user chose a printer; there is no preview. A report of an earlier press gives
     /// its window's rectangle to the new one and goes.
@@ -21,7 +21,7 @@ class Print_Log_Command {
     [[nodiscard]] rptPrintLog* report() const { return report_.get(); }
 
   private:
-    Print_Frame& frame_;
+    Print_Form& mainForm_;
     const Text_Metrics& metrics_;
     Report_Clock clock_;
     std::unique_ptr<rptPrintLog> report_;

@@ -1,5 +1,5 @@
 #include "app/print_log_command.h"
-#include "app/testing/recording_print_frame.h"
+#include "app/testing/recording_print_form.h"
 #include "reports/testing/even_metrics.h"
 
 #include <gmock/gmock.h>
@@ -12,9 +12,9 @@ using testing::ElementsAre;
 
 struct PrintLog : testing::Test {
     doubles::Journal journal;
-    doubles::Recording_Print_Frame frame{journal};
+    doubles::Recording_Print_Form mainForm{journal};
     doubles::Even_Metrics metrics;
-    Print_Log_Command command{frame, metrics, [] { return Report_Time{"11/21/2026", 9, 5}; }};
+    Print_Log_Command command{mainForm, metrics, [] { return Report_Time{"11/21/2026", 9, 5}; }};
 };
 
 TEST_F(PrintLog, GoesToThePrinterDialogAtOnce) {

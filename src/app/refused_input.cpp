@@ -25,9 +25,9 @@ void tellRefused(const Grid_Context& grids, std::int32_t row, std::int32_t col,
         character.empty()
             ? "The clipboard holds several cells or lines; this cell takes one value. Copy a single cell."
             : "A file can't hold the character " + character + "; it holds those of Windows-1252.";
-    grids.comm.frame.messageBar().tell({topic, Bar_Kind::Note, place + why, {}, true});
+    grids.comm.mainForm.messageBar().tell({topic, Bar_Kind::Note, place + why, {}, true});
 }
 
-void withdrawRefused(const Grid_Context& grids) { grids.comm.frame.messageBar().withdraw(topic); }
+void withdrawRefused(const Grid_Context& grids) { grids.comm.mainForm.messageBar().withdraw(topic); }
 
 } // namespace zorvane

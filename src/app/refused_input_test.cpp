@@ -17,7 +17,7 @@ struct Refused_Input_Test : testing::Test, App_Bench {
     }
     Cell_Rec& definition() { return document.Fields(1).Cells(0, 2); }
     Cell_Rec& cell() { return document.Fields(1).Cells(1, 2); }
-    [[nodiscard]] const Bar_Line* line() { return frame.messageBar().find("refused input"); }
+    [[nodiscard]] const Bar_Line* line() { return mainForm.messageBar().find("refused input"); }
 };
 
 TEST_F(Refused_Input_Test, OnlyTextsTakeABlock) {

@@ -16,7 +16,7 @@ constexpr std::size_t longestTip = 63;
 bool Tray::Tray_Icon_Add() {
     iconThere_ = icon_.add(form_.caption().substr(0, longestTip));
     if (!iconThere_)
-        app_.frame.Msgb_Show("Unable to add icon to system tray!", Msgb_Critical, applicationTitle);
+        app_.mainForm.Msgb_Show("Unable to add icon to system tray!", Msgb_Critical, applicationTitle);
     return iconThere_;
 }
 

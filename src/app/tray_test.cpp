@@ -1,4 +1,4 @@
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "app/testing/app_bench.h"
 #include "app/tray.h"
 

@@ -28,8 +28,8 @@ std::unique_ptr<QCoreApplication> makeApplication(bool paints, int& count, char*
 }
 
 bool paints(const std::vector<std::string>& arguments) {
-    const std::vector<zorvane::Call_Entry> calls = zorvane::paintedCalls();
-    return std::any_of(calls.begin(), calls.end(), [&](const zorvane::Call_Entry& call) {
+    const std::vector<zorvane::Subcommand_Entry> calls = zorvane::paintedCalls();
+    return std::any_of(calls.begin(), calls.end(), [&](const zorvane::Subcommand_Entry& call) {
         return !arguments.empty() && arguments.front() == call.name;
     });
 }
@@ -61,15 +61,15 @@ int main(int argc, char* argv[]) {
     Native_Recovery_Folder unsaved(copies);
     Native_Recovery_Folder saved(filesFolder(copies));
     Recovery recovery(unsaved, timeOfDay, std::to_string(QCoreApplication::applicationPid()), &saved);
-    const Surroundings surroundings{files,     std::cout,
-                                    std::cerr, withoutEndSeparator(pathFromNative(folder.toStdString())),
-                                    false,     &recovery};
-    std::vector<Call_Entry> calls = documentCalls();
-    for (const Call_Entry& call : portCalls())
+    const Call_Context context{files,     std::cout,
+                               std::cerr, withoutEndSeparator(pathFromNative(folder.toStdString())),
+                               false,     &recovery};
+    std::vector<Subcommand_Entry> calls = documentCalls();
+    for (const Subcommand_Entry& call : portCalls())
         calls.push_back(call);
-    for (const Call_Entry& call : paintedCalls())
+    for (const Subcommand_Entry& call : paintedCalls())
         calls.push_back(call);
-    const int code = runProgram(calls, arguments, surroundings);
+    const int code = runProgram(calls, arguments, context);
     std::cout.flush();
     return std::cout.good() ? code : static_cast<int>(Exit_Failed);
 }

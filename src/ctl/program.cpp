@@ -13,8 +13,8 @@ namespace zorvane {
 namespace {
 
 /// A call with the part of the command line that belongs to it.
-struct Prepared_Call {
-    std::unique_ptr<Call> call;
+struct Prepared_Subcommand {
+    std::unique_ptr<Subcommand> call;
     CLI::App* arguments;
 };
 
@@ -32,10 +32,10 @@ void addCommonOptions(CLI::App& arguments, Common_Options& options) {
         ->type_name("DIR");
 }
 
-std::vector<Prepared_Call> prepareCalls(CLI::App& program, const std::vector<Call_Entry>& calls,
-                                        Common_Options& options) {
-    std::vector<Prepared_Call> prepared;
-    for (const Call_Entry& entry : calls) {
+std::vector<Prepared_Subcommand> prepareCalls(CLI::App& program, const std::vector<Subcommand_Entry>& calls,
+                                              Common_Options& options) {
+    std::vector<Prepared_Subcommand> prepared;
+    for (const Subcommand_Entry& entry : calls) {
         CLI::App* const arguments = program.add_subcommand(entry.name, entry.description);
         prepared.push_back({entry.make(), arguments});
         prepared.back().call->addArguments(*arguments);
@@ -45,10 +45,10 @@ std::vector<Prepared_Call> prepareCalls(CLI::App& program, const std::vector<Cal
 }
 
 /// The whole command line as the parser takes it.
-std::vector<std::string> meantLine(const std::vector<Prepared_Call>& prepared,
+std::vector<std::string> meantLine(const std::vector<Prepared_Subcommand>& prepared,
                                    const std::vector<std::string>& arguments) {
     const auto named =
-        std::find_if(prepared.begin(), prepared.end(), [&arguments](const Prepared_Call& each) {
+        std::find_if(prepared.begin(), prepared.end(), [&arguments](const Prepared_Subcommand& each) {
             return !arguments.empty() && each.arguments->get_name() == arguments.front();
         });
     if (named == prepared.end()) return arguments;
@@ -66,27 +66,28 @@ std::string withoutEndSeparator(std::string folder) {
     return folder;
 }
 
-int runProgram(const std::vector<Call_Entry>& calls, const std::vector<std::string>& arguments,
-               Surroundings surroundings) {
+int runProgram(const std::vector<Subcommand_Entry>& calls, const std::vector<std::string>& arguments,
+               Call_Context context) {
     CLI::App program("Reads, changes and transfers the configuration of Modbus RTU controllers.",
                      "zorvanectl");
     program.set_version_flag("--version", "zorvanectl " ZORVANE_VERSION);
     program.require_subcommand(1);
     Common_Options options;
-    const std::vector<Prepared_Call> prepared = prepareCalls(program, calls, options);
+    const std::vector<Prepared_Subcommand> prepared = prepareCalls(program, calls, options);
     try {
         const std::vector<std::string> line = meantLine(prepared, arguments);
         program.parse(std::vector<std::string>(line.rbegin(), line.rend()));
     } catch (const CLI::ParseError& error) {
-        const int code = program.exit(error, surroundings.out, surroundings.err);
+        const int code = program.exit(error, context.out, context.err);
         return code == 0 ? Exit_Success : Exit_Usage;
     }
-    surroundings.json = options.json;
+    context.json = options.json;
     if (!options.applicationFolder.empty())
-        surroundings.applicationFolder = withoutEndSeparator(pathFromNative(options.applicationFolder));
-    const auto chosen = std::find_if(prepared.begin(), prepared.end(),
-                                     [](const Prepared_Call& each) { return each.arguments->parsed(); });
-    return chosen->call->run(surroundings);
+        context.applicationFolder = withoutEndSeparator(pathFromNative(options.applicationFolder));
+    const auto chosen = std::find_if(prepared.begin(), prepared.end(), [](const Prepared_Subcommand& each) {
+        return each.arguments->parsed();
+    });
+    return chosen->call->run(context);
 }
 
 } // namespace zorvane

@@ -17,7 +17,7 @@ constexpr std::int16_t shiftCtrlAlt = 7;
 
 void FLX_Settings_BeforeEdit(const Grid_Context& grids, std::int32_t Row, std::int32_t Col, bool& Cancel) {
     if (grids.comm.document.Read_Only) {
-        grids.comm.frame.setPanel(Panel::Message, "READ ONLY FILE. Can't modify the value.");
+        grids.comm.mainForm.setPanel(Panel::Message, "READ ONLY FILE. Can't modify the value.");
         Cancel = true;
         return;
     }

@@ -56,9 +56,9 @@ TEST_F(Flx_Settings_Test, AReadOnlyDocumentRefusesEveryMoveWithALine) {
     document.Read_Only = true;
     ownLower.setComboList("|#0;Off");
     for (std::int32_t col = 0; col < 2; ++col) {
-        frame.setPanel(Panel::Message, "");
+        mainForm.setPanel(Panel::Message, "");
         EXPECT_FALSE(beforeEdit(1, col));
-        EXPECT_EQ(frame.panel(Panel::Message), "READ ONLY FILE. Can't modify the value.");
+        EXPECT_EQ(mainForm.panel(Panel::Message), "READ ONLY FILE. Can't modify the value.");
     }
     EXPECT_EQ(ownLower.ComboList(), "|#0;Off") << "nothing is prepared";
 }
@@ -79,7 +79,7 @@ TEST_F(Flx_Settings_Test, EveryRowOfAModifiableColumnCanBeEdited) {
             EXPECT_FALSE(startEdit(row, 1));
         }
     }
-    EXPECT_EQ(frame.panel(Panel::Message), "") << "the refusal is silent";
+    EXPECT_EQ(mainForm.panel(Panel::Message), "") << "the refusal is silent";
 }
 
 TEST_F(Flx_Settings_Test, AListCellGetsItsList) {
@@ -177,7 +177,7 @@ TEST_F(Flx_Settings_Test, RecordsTheMouseAndStartsTheColumnTip) {
 TEST_F(Flx_Settings_Test, AFailureInTheWindowStopsTheCommitWithAMessage) {
     addTable(1, 1).Cells(1, 1).Value = "no number";
     ownLower.setTextMatrix(1, 0, "5");
-    stoppingOnFailure(frame, [this] { FLX_Settings_AfterEdit(grids, 1, 0); });
+    stoppingOnFailure(mainForm, [this] { FLX_Settings_AfterEdit(grids, 1, 0); });
     EXPECT_EQ(journal.beginningWith("Msgb"),
               std::vector<std::string>{R"(Msgb 16 "Zorvane": "Run-time error '13': Type mismatch")"});
     EXPECT_EQ(grids.cell(1, 0).Value, "no number");

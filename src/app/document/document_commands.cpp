@@ -18,10 +18,10 @@ constexpr std::int32_t savingMs = 1000;
 constexpr int saveFailure = 1000;
 
 void clearClosed(const App_Context& app) {
-    app.frame.setPartVisible(Form_Part::Frame2, false);
-    app.frame.setPartVisible(Form_Part::Frame3, false);
+    app.mainForm.setPartVisible(Form_Part::Frame2, false);
+    app.mainForm.setPartVisible(Form_Part::Frame3, false);
     PRO_Limpia_Documento(app);
-    app.frame.setMenuEnabled(Menu_Entry::MNU_Close, false);
+    app.mainForm.setMenuEnabled(Menu_Entry::MNU_Close, false);
     PRO_Deshabilita_Menus(app);
 }
 
@@ -29,7 +29,7 @@ std::string savingText(const std::string& name) { return "Saving file " + name +
 
 /// The document was closed or replaced while the panel told of its saving. Whatever came is left as it is.
 void forgetSaving(const App_Context& app, const std::string& name) {
-    if (app.frame.panel(Panel::Message) == savingText(name)) app.frame.setPanel(Panel::Message, "");
+    if (app.mainForm.panel(Panel::Message) == savingText(name)) app.mainForm.setPanel(Panel::Message, "");
 }
 
 /// Widths that the user dragged reach the file through Save As only. The columns are the grid's: where the
@@ -48,26 +48,26 @@ void keepWidths(const App_Context& app) {
 bool refuseFactoryFile(const App_Context& app) {
     const Declara_Zorvane& document = app.document();
     if (document.File_Stem != "DEFAULT") {
-        app.frame.setPanel(Panel::ReadOnly, "");
-        app.frame.setMenuEnabled(Menu_Entry::MNU_Save, true);
+        app.mainForm.setPanel(Panel::ReadOnly, "");
+        app.mainForm.setMenuEnabled(Menu_Entry::MNU_Save, true);
         return false;
     }
-    app.frame.setPanel(Panel::ReadOnly, "READ ONLY");
-    app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
+    app.mainForm.setPanel(Panel::ReadOnly, "READ ONLY");
+    app.mainForm.setMenuEnabled(Menu_Entry::MNU_Save, false);
     if (!app.files.exists(document.File_Folder + "DEFAULT." + document.File_Extension)) return false;
-    app.frame.setPanel(Panel::Message, "Default file can't be overwritted...");
-    app.frame.Msgb_Show("Default file can't be overwritted!", Msgb_Information, applicationTitle);
-    app.frame.setPanel(Panel::Message, "");
+    app.mainForm.setPanel(Panel::Message, "Default file can't be overwritted...");
+    app.mainForm.Msgb_Show("Default file can't be overwritted!", Msgb_Information, applicationTitle);
+    app.mainForm.setPanel(Panel::Message, "");
     app.document().Save_Failed = true;
-    app.frame.setFormEnabled(true);
+    app.mainForm.setFormEnabled(true);
     return true;
 }
 
 /// Writes the file that was chosen, and notes in `save` how far that went. Failures go to the caller.
 void saveChosen(const App_Context& app, const std::string& path, Failed_Save& save) {
     Declara_Zorvane& document = app.document();
-    app.frame.setPanel(Panel::Message, savingText(path.substr(path.rfind(folderSeparator) + 1)));
-    app.frame.setFormEnabled(false);
+    app.mainForm.setPanel(Panel::Message, savingText(path.substr(path.rfind(folderSeparator) + 1)));
+    app.mainForm.setFormEnabled(false);
     keepWidths(app);
     keepCopy(app, "before Save As");
     takeName(document, path);
@@ -80,16 +80,16 @@ void saveChosen(const App_Context& app, const std::string& path, Failed_Save& sa
     app.recovery.drop();
     settleDocument(app);
     withdrawSaveFailed(app);
-    PRO_Titulo_Limpio(document, app.form(), app.frame);
-    app.frame.wait_ms(savingMs);
-    app.frame.setFormEnabled(true);
-    app.frame.setPanel(Panel::Message, "");
+    PRO_Titulo_Limpio(document, app.form(), app.mainForm);
+    app.mainForm.wait_ms(savingMs);
+    app.mainForm.setFormEnabled(true);
+    app.mainForm.setPanel(Panel::Message, "");
     tellSavedTexts(app.grids);
 }
 
 /// Shows the dialog; false when the user cancelled.
 bool chooseTarget(const App_Context& app) {
-    CommonDialog& dialog = app.frame.dialog();
+    CommonDialog& dialog = app.mainForm.dialog();
     const std::string& extension = app.document().File_Extension;
     dialog.FileName.clear();
     dialog.DialogTitle = "Save as";
@@ -109,13 +109,13 @@ void PRO_Limpia_Documento(const App_Context& app) {
     app.grids.FLX_Configuration.setRows(0);
     app.grids.FLX_Settings.setRows(0);
     app.form().Document_Open = false;
-    app.frame.setPanel(Panel::ReadOnly, "");
-    app.frame.setPanel(Panel::LinkState, "");
-    app.frame.setCaption(applicationTitle);
+    app.mainForm.setPanel(Panel::ReadOnly, "");
+    app.mainForm.setPanel(Panel::LinkState, "");
+    app.mainForm.setCaption(applicationTitle);
     app.form().Dirty = false;
     app.state.Filter_Text.clear();
     app.state.modelEmptied = false;
-    app.frame.messageBar().documentGone();
+    app.mainForm.messageBar().documentGone();
 }
 
 void PRO_Cierra_Documento(const App_Context& app, bool& ok) {
@@ -123,7 +123,7 @@ void PRO_Cierra_Documento(const App_Context& app, bool& ok) {
     app.state.left = Leave_Outcome::NotAsked;
     if (app.document().File_Stem.empty()) return;
     if (app.form().Dirty) {
-        const int answer = app.frame.Msgb_Show(saveQuestion, saveQuestionStyle, applicationTitle);
+        const int answer = app.mainForm.Msgb_Show(saveQuestion, saveQuestionStyle, applicationTitle);
         if (answer == Msgb_Code_Cancel) {
             ok = false;
             app.state.left = Leave_Outcome::Cancelled;
@@ -137,7 +137,7 @@ void PRO_Cierra_Documento(const App_Context& app, bool& ok) {
             app.state.left = app.form().Dirty ? Leave_Outcome::NotSaved : Leave_Outcome::Saved;
             if (app.document().Save_Failed) {
                 app.form().Dirty = true;
-                app.frame.Msgb_Show(cannotWrite, Msgb_Information, applicationTitle);
+                app.mainForm.Msgb_Show(cannotWrite, Msgb_Information, applicationTitle);
                 return;
             }
         }
@@ -148,7 +148,7 @@ void PRO_Cierra_Documento(const App_Context& app, bool& ok) {
 }
 
 void MNU_Close_Click(const App_Context& app) {
-    app.frame.closePreviews();
+    app.mainForm.closePreviews();
     const Leaving leaving(app, "before Close");
     bool ok = true;
     PRO_Cierra_Documento(app, ok);
@@ -161,7 +161,7 @@ void MNU_Save_Click(const App_Context& app) {
     Declara_Zorvane& document = app.document();
     if (document.No_Place) return MNU_Saveas_Click(app);
     const std::string name = document.File_Stem + "." + document.File_Extension;
-    app.frame.setPanel(Panel::Message, savingText(name));
+    app.mainForm.setPanel(Panel::Message, savingText(name));
     keepCopy(app, "before Save");
     const std::string path = document.File_Folder + name;
     Failed_Save save{path, {}, app.files.bytes(path), false, false, false};
@@ -176,20 +176,20 @@ void MNU_Save_Click(const App_Context& app) {
         tellSaveFailed(app, save);
     }
     const Document_Mark mark(document);
-    app.frame.wait_ms(savingMs);
+    app.mainForm.wait_ms(savingMs);
     // The user was free meanwhile to close it, to open another, or to save it under another name.
     const std::string present = document.File_Folder + document.File_Stem + "." + document.File_Extension;
     if (!mark.holds() || present != path) return forgetSaving(app, name);
     if (good) settleCopy(app);
-    PRO_Titulo_Limpio(document, app.form(), app.frame);
-    app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
-    app.frame.setPanel(Panel::Message, "");
+    PRO_Titulo_Limpio(document, app.form(), app.mainForm);
+    app.mainForm.setMenuEnabled(Menu_Entry::MNU_Save, false);
+    app.mainForm.setPanel(Panel::Message, "");
     if (good) tellSavedTexts(app.grids);
 }
 
 void MNU_Saveas_Click(const App_Context& app) {
     if (!chooseTarget(app)) return;
-    const std::string path = app.frame.dialog().FileName;
+    const std::string path = app.mainForm.dialog().FileName;
     Failed_Save save{path, {}, app.files.bytes(path), false, false, false};
     try {
         saveChosen(app, path, save);
@@ -198,10 +198,11 @@ void MNU_Saveas_Click(const App_Context& app) {
         save.copyKept = keepFailedSave(app, "Save As failed");
         tellSaveFailed(app, save);
         app.document().Save_Failed = true;
-        app.frame.setFormEnabled(true);
-        app.frame.Msgb_Show("Can't Save file : path/file error or directory is read only.\r\nExtra info: " +
-                                std::string(failure.description()),
-                            Msgb_Ok, applicationTitle);
+        app.mainForm.setFormEnabled(true);
+        app.mainForm.Msgb_Show(
+            "Can't Save file : path/file error or directory is read only.\r\nExtra info: " +
+                std::string(failure.description()),
+            Msgb_Ok, applicationTitle);
     }
 }
 

@@ -27,7 +27,7 @@ void MNU_Saveas_Click(const App_Context& app);
 /// true when the save failed, and a caller that goes on loses the changes.
 void PRO_Cierra_Documento(const App_Context& app, bool& ok);
 
-/// Resets the model and the frame.
+/// Resets the model and the main form.
 void PRO_Limpia_Documento(const App_Context& app);
 
 } // namespace zorvane

@@ -72,13 +72,13 @@ using SaveAsCommand = DocumentCommands;
 // Title.
 
 TEST_F(DocumentCommands, TheTitleNamesTheDocumentInLowerCaseWithAMarkWhileItHasChanges) {
-    EXPECT_EQ(frame.base.caption(), "site7.abc - Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "site7.abc - Zorvane");
     edit(1, "11");
-    EXPECT_EQ(frame.base.caption(), "* site7.abc - Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "* site7.abc - Zorvane");
     MNU_Save_Click(app);
-    EXPECT_EQ(frame.base.caption(), "site7.abc - Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "site7.abc - Zorvane");
     MNU_Close_Click(app);
-    EXPECT_EQ(frame.base.caption(), "Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "Zorvane");
 }
 
 // Close.
@@ -202,25 +202,25 @@ TEST_F(SaveCommand, SaysNothingOfAFailureAndTheTitleGoesCleanEvenSo) {
     EXPECT_THAT(messages(), IsEmpty());
     EXPECT_TRUE(document.Save_Failed);
     EXPECT_FALSE(form.Dirty);
-    EXPECT_EQ(frame.base.caption(), "site7.abc - Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "site7.abc - Zorvane");
     EXPECT_EQ(value(1), "11") << "the document stays in memory";
     EXPECT_EQ(folder.texts.size(), 1U) << "and in a recovery copy";
 }
 
 TEST_F(SaveCommand, ADocumentThatIsClosedMeanwhileLeavesThePlainCaption) {
-    frame.base.duringPause = [this](std::int32_t) { MNU_Close_Click(app); };
+    mainForm.base.duringPause = [this](std::int32_t) { MNU_Close_Click(app); };
     MNU_Save_Click(app);
-    EXPECT_EQ(frame.base.caption(), "Zorvane");
-    EXPECT_EQ(frame.panel(Panel::Message), "");
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_EQ(mainForm.base.caption(), "Zorvane");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "");
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
 }
 
 TEST_F(SaveCommand, AnotherDocumentThatIsOpenedMeanwhileKeepsItsStatus) {
     files.put("/home/long.abc", doubles::fileText({"[Field_1_Default]", "ROW_1=low,77,1"}));
-    frame.base.duringPause = [this](std::int32_t) { openFile(app, "/home/long.abc", false); };
+    mainForm.base.duringPause = [this](std::int32_t) { openFile(app, "/home/long.abc", false); };
     MNU_Save_Click(app);
-    EXPECT_EQ(frame.panel(Panel::Message), "This file fit on the template.");
-    EXPECT_EQ(frame.base.caption(), "Zorvane");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "This file fit on the template.");
+    EXPECT_EQ(mainForm.base.caption(), "Zorvane");
 }
 
 TEST_F(SaveCommand, WidthsThatTheUserDraggedStayOutOfTheFile) {
@@ -246,13 +246,13 @@ TEST_F(SaveAsCommand, RunsItsStepsInTheirOrder) {
 }
 
 TEST_F(SaveAsCommand, TheDialogStartsWithoutANameAtTheFirstType) {
-    frame.scriptedDialog.FilterIndex = 3;
-    frame.scriptedDialog.FileName = "/home/old.abc";
+    mainForm.scriptedDialog.FilterIndex = 3;
+    mainForm.scriptedDialog.FileName = "/home/old.abc";
     document.Save_Failed = true;
     MNU_Saveas_Click(app);
     EXPECT_THAT(journal.lines(),
                 ElementsAre("ShowSave \"Save as\" ABC Configuration (*.ABC)|*.ABC| at 1, flags 4"));
-    EXPECT_EQ(frame.scriptedDialog.FileName, "");
+    EXPECT_EQ(mainForm.scriptedDialog.FileName, "");
     EXPECT_TRUE(document.Save_Failed) << "a cancelled dialog leaves it as it was";
 }
 
@@ -285,8 +285,8 @@ TEST_F(SaveAsCommand, AFailureIsToldWithItsReason) {
                      "Extra info: Path not found\""}));
     EXPECT_TRUE(document.Save_Failed);
     EXPECT_TRUE(form.Dirty);
-    EXPECT_EQ(frame.base.caption(), "* site7.abc - Zorvane");
-    EXPECT_EQ(frame.panel(Panel::Message), "Saving file site8.abc ...");
+    EXPECT_EQ(mainForm.base.caption(), "* site7.abc - Zorvane");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Saving file site8.abc ...");
 }
 
 TEST_F(SaveAsCommand, AFullDiskIsToldAndNothingIsSaidToBeSaved) {
@@ -328,14 +328,14 @@ TEST_F(SaveAsCommand, CreatesAFactoryFileOnceAndSaveStaysOffForIt) {
     choose("/home/default.abc");
     MNU_Saveas_Click(app);
     EXPECT_EQ(files.text("/home/default.abc"), smallDocument("10", "20"));
-    EXPECT_EQ(frame.panel(Panel::ReadOnly), "READ ONLY");
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_EQ(mainForm.panel(Panel::ReadOnly), "READ ONLY");
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
     edit(1, "11");
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save)) << "it changes in memory only";
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_Save)) << "it changes in memory only";
     choose("/home/site9.abc");
     MNU_Saveas_Click(app);
-    EXPECT_EQ(frame.panel(Panel::ReadOnly), "");
-    EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_EQ(mainForm.panel(Panel::ReadOnly), "");
+    EXPECT_TRUE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
 }
 
 // Letter case of names on a file system that minds it.
@@ -353,7 +353,7 @@ TEST_P(LetterCase, SaveWritesTheFileThatWasOpenedAndNoSecondOneAppears) {
     };
     write("Kvrt207d.Ztp", doubles::smallTemplate());
     write(GetParam(), smallDocument("10", "20"));
-    const App_Context app{bench.app.grids, bench.frame,    native,      bench.settings,
+    const App_Context app{bench.app.grids, bench.mainForm, native,      bench.settings,
                           bench.widths,    bench.recovery, bench.state, home.path()};
     openFile(app, home.path() + "/" + GetParam(), false);
     EXPECT_EQ(bench.value(1), "10");
@@ -368,8 +368,8 @@ INSTANTIATE_TEST_SUITE_P(Spellings, LetterCase,
 
 TEST_F(DocumentCommands, ADocumentOpenedInTheSecondOfASaveKeepsItsOwnMark) {
     edit(1, "11");
-    frame.base.duringPause = [this](std::int32_t) {
-        frame.base.duringPause = nullptr;
+    mainForm.base.duringPause = [this](std::int32_t) {
+        mainForm.base.duringPause = nullptr;
         answer(Msgb_Code_No);
         openFile(app, "/home/site7.abc", false);
         edit(2, "22");
@@ -377,15 +377,15 @@ TEST_F(DocumentCommands, ADocumentOpenedInTheSecondOfASaveKeepsItsOwnMark) {
     };
     MNU_Save_Click(app);
     EXPECT_TRUE(form.Dirty);
-    EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_TRUE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
     EXPECT_THAT(journal.lines(), IsEmpty());
 }
 
 TEST_F(DocumentCommands, ADocumentClosedInTheSecondOfASaveTakesItsPanelAlong) {
-    frame.base.duringPause = [this](std::int32_t) {
+    mainForm.base.duringPause = [this](std::int32_t) {
         bool ok = true;
         PRO_Cierra_Documento(app, ok);
-        frame.setPanel(Panel::Message, "Saving file SITE7.ABC ...");
+        mainForm.setPanel(Panel::Message, "Saving file SITE7.ABC ...");
         journal.clear();
     };
     MNU_Save_Click(app);

@@ -11,7 +11,7 @@ const std::string copiesTopic = "copies";
 const std::string halfWayTopic = "half-way";
 
 Bar_Button chooses(const App_Context& app, const std::string& caption, const std::string& entry) {
-    return {caption, [&frame = app.frame, entry] { frame.choose(entry); }};
+    return {caption, [&mainForm = app.mainForm, entry] { mainForm.choose(entry); }};
 }
 
 Bar_Button saveAs(const App_Context& app) { return chooses(app, "Save As...", "MNU_Saveas"); }
@@ -47,15 +47,15 @@ void tellSaveFailed(const App_Context& app, const Failed_Save& save) {
     std::vector<Bar_Button> buttons;
     if (!app.state.modelEmptied) buttons.push_back(saveAs(app));
     buttons.push_back(recover(app));
-    app.frame.messageBar().tell({saveTopic, Bar_Kind::Warning, text, std::move(buttons), true});
+    app.mainForm.messageBar().tell({saveTopic, Bar_Kind::Warning, text, std::move(buttons), true});
 }
 
-void withdrawSaveFailed(const App_Context& app) { app.frame.messageBar().withdraw(saveTopic); }
+void withdrawSaveFailed(const App_Context& app) { app.mainForm.messageBar().withdraw(saveTopic); }
 
 void tellEmptied(const App_Context& app, const std::string& name) {
     const std::string kept = app.state.keptBeforeOpen ? "All of it is kept in the copy \"before Open\"."
                                                       : "No copy of it could be kept.";
-    app.frame.messageBar().tell(
+    app.mainForm.messageBar().tell(
         {halfWayTopic,
          Bar_Kind::Warning,
          "Open was cancelled when it had emptied " + name +
@@ -67,7 +67,7 @@ void tellEmptied(const App_Context& app, const std::string& name) {
 }
 
 void tellRenamed(const App_Context& app, const std::string& path) {
-    app.frame.messageBar().tell(
+    app.mainForm.messageBar().tell(
         {halfWayTopic,
          Bar_Kind::Warning,
          "Save As was refused, and " + path +
@@ -79,11 +79,11 @@ void tellRenamed(const App_Context& app, const std::string& path) {
 
 void tellLeftUnsaved(const App_Context& app, const std::string& name, bool copyKept) {
     const std::string kept = copyKept ? "They are kept in a copy." : "No copy of them could be kept.";
-    app.frame.messageBar().tell({halfWayTopic,
-                                 Bar_Kind::Warning,
-                                 name + " was closed with changes that no file has. " + kept,
-                                 {recover(app)},
-                                 false});
+    app.mainForm.messageBar().tell({halfWayTopic,
+                                    Bar_Kind::Warning,
+                                    name + " was closed with changes that no file has. " + kept,
+                                    {recover(app)},
+                                    false});
 }
 
 void tellCopies(const App_Context& app) {
@@ -94,11 +94,11 @@ void tellCopies(const App_Context& app) {
                                  ? "A copy of unsaved changes is kept: " + newest + "."
                                  : std::to_string(entries.size()) +
                                        " copies of unsaved changes are kept, the newest: " + newest + ".";
-    app.frame.messageBar().tell({copiesTopic, Bar_Kind::Note, text, {recover(app)}, false});
+    app.mainForm.messageBar().tell({copiesTopic, Bar_Kind::Note, text, {recover(app)}, false});
 }
 
 void refreshCopies(const App_Context& app) {
-    if (unsavedCopies(app).empty()) app.frame.messageBar().withdraw(copiesTopic);
+    if (unsavedCopies(app).empty()) app.mainForm.messageBar().withdraw(copiesTopic);
 }
 
 } // namespace zorvane

@@ -3,7 +3,7 @@
 #include "app/document/open_steps.h"
 #include "app/document/recover_command.h"
 #include "app/document/recovery_keeper.h"
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "app/testing/app_bench.h"
 
 #include <gmock/gmock.h>
@@ -27,17 +27,17 @@ struct DocumentLines : testing::Test, App_Bench {
     }
     [[nodiscard]] std::vector<std::string> lines() {
         std::vector<std::string> texts;
-        for (const Bar_Line& line : frame.messageBar().lines())
+        for (const Bar_Line& line : mainForm.messageBar().lines())
             texts.push_back(line.text);
         return texts;
     }
     [[nodiscard]] std::vector<std::string> buttons() {
         std::vector<std::string> captions;
-        for (const Bar_Button& button : frame.messageBar().lines().at(0).buttons)
+        for (const Bar_Button& button : mainForm.messageBar().lines().at(0).buttons)
             captions.push_back(button.caption);
         return captions;
     }
-    void press(std::size_t button) { frame.messageBar().lines().at(0).buttons.at(button).press(); }
+    void press(std::size_t button) { mainForm.messageBar().lines().at(0).buttons.at(button).press(); }
     void openOther() {
         files.put("/home/other.abc", smallDocument("50", "60"));
         choose("/home/other.abc");
@@ -53,7 +53,7 @@ TEST_F(DocumentLines, ASaveThatCutTheFileIsTold) {
     EXPECT_THAT(lines(), ElementsAre("/home/SITE7.ABC could not be saved: Disk full. The file holds only the "
                                      "beginning of it. The file as it was before is kept. A whole copy of "
                                      "the document is kept."));
-    EXPECT_EQ(frame.messageBar().lines()[0].kind, Bar_Kind::Warning);
+    EXPECT_EQ(mainForm.messageBar().lines()[0].kind, Bar_Kind::Warning);
     EXPECT_THAT(buttons(), ElementsAre("Save As...", "Recover..."));
     journal.clear();
     press(0);
@@ -137,7 +137,7 @@ TEST_F(DocumentLines, AnOpenWhoseSaveAsFailedSaysWhereTheChangesAre) {
     answer(Msgb_Code_Yes);
     choose("/home/new.abc");
     files.put("/home/other.abc", smallDocument("50", "60"));
-    frame.scriptedDialog.answers.push_front({"/home/other.abc", 0, false});
+    mainForm.scriptedDialog.answers.push_front({"/home/other.abc", 0, false});
     MNU_Open_Click(app);
     EXPECT_THAT(lines(), ElementsAre("SITE7.ABC was closed with changes that no file has. They are kept in a "
                                      "copy."));
@@ -180,7 +180,7 @@ TEST_F(DocumentLines, CopiesAreToldAtTheStart) {
     TMR_Inicial_ZTP_Timer(app);
     EXPECT_THAT(lines(), ElementsAre("A copy of unsaved changes is kept: SITE7.ABC, 2026-11-21 03:20:05."));
     EXPECT_THAT(buttons(), ElementsAre("Recover..."));
-    EXPECT_EQ(frame.messageBar().lines()[0].kind, Bar_Kind::Note);
+    EXPECT_EQ(mainForm.messageBar().lines()[0].kind, Bar_Kind::Note);
     time = "2026-11-21 04:00:00";
     openFile(app, "/home/site7.abc", false);
     edit(1, "12");

@@ -32,7 +32,7 @@ std::string strayCounts(const std::vector<Stray_Value>& strays) {
 
 void tellStrayValues(const App_Context& app) {
     const std::vector<Stray_Value> strays = strayValues(app.document());
-    Message_Bar& bar = app.frame.messageBar();
+    Message_Bar& bar = app.mainForm.messageBar();
     if (strays.empty()) return bar.withdraw(strayTopic);
     const Stray_Value& first = strays.front();
     const std::string where = placeText(app.document(), first.place) + " (" + first.text + ")";
@@ -82,9 +82,9 @@ void tellOpened(const App_Context& app, const Reading_End& reading) {
     Bar_Line line{partTopic, Bar_Kind::Warning, text, {}};
     if (reading.line > 0) {
         line.buttons.push_back({"Show", [&app, reading] { showPlaceOfLine(app, reading); }});
-        line.buttons.push_back({"Open as text", [&app, reading] { app.frame.openAsText(reading.path); }});
+        line.buttons.push_back({"Open as text", [&app, reading] { app.mainForm.openAsText(reading.path); }});
     }
-    app.frame.messageBar().tell(std::move(line));
+    app.mainForm.messageBar().tell(std::move(line));
 }
 
 void tellUploaded(const App_Context& app) {

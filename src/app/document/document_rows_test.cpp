@@ -24,12 +24,12 @@ struct Document_Rows : testing::Test, App_Bench {
     }
     [[nodiscard]] std::vector<std::string> said() {
         std::vector<std::string> texts;
-        for (const Bar_Line& line : frame.messageBar().lines())
+        for (const Bar_Line& line : mainForm.messageBar().lines())
             texts.push_back(line.text);
         return texts;
     }
     void press(const std::string& caption) {
-        for (const Bar_Line& line : std::vector(frame.messageBar().lines()))
+        for (const Bar_Line& line : std::vector(mainForm.messageBar().lines()))
             for (const Bar_Button& button : line.buttons)
                 if (button.caption == caption) return button.press();
         ADD_FAILURE() << caption;
@@ -45,7 +45,7 @@ TEST_F(Document_Rows, a_rejected_line_is_told_with_what_follows_it) {
     files.put("/home/site7.abc", fileText({"[Field_1_Default]", "ROW_1=low,10", "ROW_2=high,20,30",
                                            "[Field_2_Default]", "ROW_1=all,33"}));
     open("/home/site7.abc");
-    EXPECT_EQ(frame.panel(Panel::Message), "This file fit on the template.") << "as ever";
+    EXPECT_EQ(mainForm.panel(Panel::Message), "This file fit on the template.") << "as ever";
     EXPECT_THAT(said(),
                 ElementsAre("site7.abc was read in part: line 3 stopped it, since it has more values "
                             "than its page has columns. What the file says from there on isn't in the "
@@ -61,7 +61,7 @@ TEST_F(Document_Rows, a_failure_that_nobody_is_told_of_is_told) {
     files.put("/home/site7.abc", fileText({"[Field_1_Default]", "ROW_1=low,10", "[Field_900_Default]",
                                            "ROW_1=x,1", "[Field_2_Default]", "ROW_1=all,33"}));
     open("/home/site7.abc");
-    EXPECT_EQ(frame.panel(Panel::Message), "") << "as ever";
+    EXPECT_EQ(mainForm.panel(Panel::Message), "") << "as ever";
     EXPECT_EQ(document.Fields(2).Cells(1, 2).Value, "3");
     EXPECT_THAT(said(), ElementsAre("site7.abc was read in part: line 4 stopped it, since it can't be used "
                                     "(Subscript out of range). What the file says from there on isn't in the "

@@ -30,14 +30,15 @@ std::vector<std::string> offerTemplates(const App_Context& app) {
     for (const Offered_Model& model : offeredModels(app.files, app.applicationFolder)) {
         items.push_back(model.filter);
         app.state.Filter_Text += model.filter;
-        if (upperCase(model.filter) == saved) app.frame.dialog().FilterIndex = static_cast<int>(items.size());
+        if (upperCase(model.filter) == saved)
+            app.mainForm.dialog().FilterIndex = static_cast<int>(items.size());
     }
     return items;
 }
 
 /// Shows the dialog until an existing file was chosen; false when the user cancelled.
 bool chooseFile(const App_Context& app) {
-    CommonDialog& dialog = app.frame.dialog();
+    CommonDialog& dialog = app.mainForm.dialog();
     for (;;) {
         dialog.FileName.clear();
         dialog.DialogTitle = "Open";
@@ -59,7 +60,7 @@ void emptyModel(const App_Context& app, const std::vector<std::string>& items) {
     document.Download_Blocks.redim(0);
     document.Fields.redim(0);
     document.Selected_Field = 0;
-    const int chosen = app.frame.dialog().FilterIndex;
+    const int chosen = app.mainForm.dialog().FilterIndex;
     if (chosen >= 1 && chosen <= static_cast<int>(items.size()))
         app.settings.SaveSetting(applicationTitle, "MainWindow", filterKey,
                                  items[static_cast<std::size_t>(chosen) - 1]);
@@ -68,9 +69,9 @@ void emptyModel(const App_Context& app, const std::vector<std::string>& items) {
 
 void hideGrids(const App_Context& app) {
     app.grids.FLX_Settings.setVisible(false);
-    app.frame.setPartVisible(Form_Part::Frame2, false);
-    app.frame.setPartVisible(Form_Part::Frame3, false);
-    app.frame.setPartEnabled(Form_Part::Frame2, false);
+    app.mainForm.setPartVisible(Form_Part::Frame2, false);
+    app.mainForm.setPartVisible(Form_Part::Frame3, false);
+    app.mainForm.setPartEnabled(Form_Part::Frame2, false);
     if (app.form().Online) MNU_Disconnect_Click(app.grids.comm);
 }
 
@@ -95,7 +96,7 @@ void showFields(const App_Context& app) {
     ignoringFailure([&] { app.grids.FLX_Configuration.setRow(1); });
 }
 
-void nameDocument(const App_Context& app, const Opening& opening) {
+void nameDocument(const App_Context& app, const File_To_Open& opening) {
     Declara_Zorvane& document = app.document();
     takeName(document, opening.recoveredName.value_or(opening.path));
     document.No_Place = opening.recoveredName.has_value();
@@ -110,23 +111,23 @@ Reading_End updateDocument(const App_Context& app, bool& ok) {
     Reading_End end = readConfiguration(app, updatedPath(stem, document.File_Extension), ok);
     end.updated = true;
     document.File_Stem += "_Updated";
-    PRO_Titulo_Limpio(document, app.form(), app.frame);
+    PRO_Titulo_Limpio(document, app.form(), app.mainForm);
     PRO_Quita_Solo_Lectura(app);
     return end;
 }
 
 /// Reads the user's file, which may have to be brought up to date first. A recovery copy never has: it was
 /// written by this generation.
-Reading_End readDocument(const App_Context& app, const Opening& opening, bool& ok) {
+Reading_End readDocument(const App_Context& app, const File_To_Open& opening, bool& ok) {
     Declara_Zorvane& document = app.document();
     Reading_End end = readConfiguration(app, opening.path, ok);
     if (ok) {
-        PRO_Titulo_Limpio(document, app.form(), app.frame);
-        app.frame.setPanel(Panel::Message, "");
+        PRO_Titulo_Limpio(document, app.form(), app.mainForm);
+        app.mainForm.setPanel(Panel::Message, "");
         return end;
     }
     if (opening.recoveredName || lastExtension(opening.path).find("KVRT") == std::string::npos) {
-        app.frame.setPanel(Panel::Message, "This file fit on the template.");
+        app.mainForm.setPanel(Panel::Message, "This file fit on the template.");
         return end;
     }
     return updateDocument(app, ok);
@@ -134,21 +135,21 @@ Reading_End readDocument(const App_Context& app, const Opening& opening, bool& o
 
 void showDocument(const App_Context& app) {
     PRO_Habilita_Menus(app);
-    app.frame.setMenuEnabled(Menu_Entry::MNU_Close, true);
+    app.mainForm.setMenuEnabled(Menu_Entry::MNU_Close, true);
     app.form().Scan_Index = 0;
     ignoringFailure([&] { PRO_Selecciona_Primera(app.grids); });
-    app.frame.setPartVisible(Form_Part::Frame2, true);
-    app.frame.setPartVisible(Form_Part::Frame3, true);
-    app.frame.setPartEnabled(Form_Part::Frame2, true);
+    app.mainForm.setPartVisible(Form_Part::Frame2, true);
+    app.mainForm.setPartVisible(Form_Part::Frame3, true);
+    app.mainForm.setPartEnabled(Form_Part::Frame2, true);
     // The font size uses the panel, too; what was said of the file is still to be read afterwards.
-    const std::string status = app.frame.panel(Panel::Message);
+    const std::string status = app.mainForm.panel(Panel::Message);
     ignoringFailure([&] { PRO_Aplica_Font(app); });
-    if (!status.empty()) app.frame.setPanel(Panel::Message, status);
+    if (!status.empty()) app.mainForm.setPanel(Panel::Message, status);
 }
 
 } // namespace
 
-bool openChosen(const App_Context& app, const Opening& opening) {
+bool openChosen(const App_Context& app, const File_To_Open& opening) {
     const Leaving leaving(app, "before Open");
     emptyModel(app, opening.items);
     bool ok = true;
@@ -167,7 +168,7 @@ bool openChosen(const App_Context& app, const Opening& opening) {
     readTemplate(app, opening.path);
     showFields(app);
     nameDocument(app, opening);
-    app.frame.setMenuEnabled(Menu_Entry::MNU_Save, false);
+    app.mainForm.setMenuEnabled(Menu_Entry::MNU_Save, false);
     const Reading_End reading = readDocument(app, opening, ok);
     showDocument(app);
     if (opening.recoveredName)
@@ -176,7 +177,8 @@ bool openChosen(const App_Context& app, const Opening& opening) {
         settleDocument(app);
     leaving.tell();
     if (reading.updated)
-        app.frame.setPanel(Panel::Message, ok ? "The file was updated." : "Zorvane can't update this file.");
+        app.mainForm.setPanel(Panel::Message,
+                              ok ? "The file was updated." : "Zorvane can't update this file.");
     tellOpened(app, reading);
     return true;
 }
@@ -184,12 +186,12 @@ bool openChosen(const App_Context& app, const Opening& opening) {
 void MNU_Open_Click(const App_Context& app) {
     std::vector<std::string> items = offerTemplates(app);
     if (items.empty()) {
-        app.frame.Msgb_Show("Does not exist any .ZTP file in this directory: \r\n" + app.applicationFolder,
-                            Msgb_Information, applicationTitle);
+        app.mainForm.Msgb_Show("Does not exist any .ZTP file in this directory: \r\n" + app.applicationFolder,
+                               Msgb_Information, applicationTitle);
         return;
     }
     if (!chooseFile(app)) return;
-    const CommonDialog& dialog = app.frame.dialog();
+    const CommonDialog& dialog = app.mainForm.dialog();
     openChosen(app, {dialog.FileName, (dialog.Flags & Dialog_ReadOnly) != 0, std::move(items), {}});
 }
 

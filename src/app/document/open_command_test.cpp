@@ -1,5 +1,5 @@
 #include "app/document/document_commands.h"
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "app/testing/app_bench.h"
 
 #include <gmock/gmock.h>
@@ -137,10 +137,10 @@ TEST_F(OpenCommand, OffersATypeForEachTemplateInTheFoldersOrder) {
 TEST_F(OpenCommand, ComesBackToTheTypeLastChosen) {
     files.put("/app/XYZ.ZTP", smallTemplate());
     files.put("/home/b.xyz", "");
-    frame.scriptedDialog.answers.push_back({"/home/b.xyz", 2});
+    mainForm.scriptedDialog.answers.push_back({"/home/b.xyz", 2});
     MNU_Open_Click(app);
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/filtro"], "XYZ Configuration (*.XYZ)|*.XYZ|");
-    frame.scriptedDialog.FilterIndex = 1;
+    mainForm.scriptedDialog.FilterIndex = 1;
     settings.texts["Zorvane/MainWindow/filtro"] = "xyz configuration (*.xyz)|*.xyz|";
     journal.clear();
     MNU_Open_Click(app);
@@ -150,7 +150,7 @@ TEST_F(OpenCommand, ComesBackToTheTypeLastChosen) {
 }
 
 TEST_F(OpenCommand, ATypeBeyondTheListIsntRemembered) {
-    frame.scriptedDialog.answers.push_back({"/home/site7.abc", 2});
+    mainForm.scriptedDialog.answers.push_back({"/home/site7.abc", 2});
     MNU_Open_Click(app);
     EXPECT_FALSE(settings.texts.contains("Zorvane/MainWindow/filtro"));
 }
@@ -171,7 +171,7 @@ TEST_F(OpenCommand, ACancelledDialogLeavesTheDocumentAsItIs) {
     MNU_Open_Click(app);
     EXPECT_EQ(value(1), "11");
     EXPECT_TRUE(form.Dirty);
-    EXPECT_EQ(frame.scriptedDialog.FileName, "");
+    EXPECT_EQ(mainForm.scriptedDialog.FileName, "");
     EXPECT_EQ(journal.lines().size(), 1U) << "nothing but the dialog";
 }
 
@@ -187,11 +187,11 @@ TEST_F(OpenCommand, ANameThatDoesntExistOpensTheDialogAgain) {
 TEST_F(OpenCommand, ATickMarksTheDocumentReadOnlyAndSaveAsStaysPossible) {
     open("/home/site7.abc", true);
     EXPECT_TRUE(document.Read_Only);
-    EXPECT_EQ(frame.panel(Panel::ReadOnly), "READ ONLY");
-    EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_Saveas));
+    EXPECT_EQ(mainForm.panel(Panel::ReadOnly), "READ ONLY");
+    EXPECT_TRUE(mainForm.menuEnabled(Menu_Entry::MNU_Saveas));
     open("/home/site7.abc", false);
     EXPECT_FALSE(document.Read_Only);
-    EXPECT_EQ(frame.panel(Panel::ReadOnly), "");
+    EXPECT_EQ(mainForm.panel(Panel::ReadOnly), "");
 }
 
 TEST_F(OpenCommand, TheTemplateIsNamedByTheLastDotTheDocumentCutAtTheFirst) {
@@ -201,7 +201,7 @@ TEST_F(OpenCommand, TheTemplateIsNamedByTheLastDotTheDocumentCutAtTheFirst) {
     EXPECT_THAT(journal.lines(), Contains("read /app/KVRT207D.ZTP"));
     EXPECT_EQ(document.File_Stem, "ABC");
     EXPECT_EQ(document.File_Extension, "DEF.KVRT207D");
-    EXPECT_EQ(frame.base.caption(), "abc.def.kvrt207d - Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "abc.def.kvrt207d - Zorvane");
     EXPECT_EQ(value(1), "5");
 }
 
@@ -214,18 +214,18 @@ TEST_F(OpenCommand, AMissingTemplateIsToldAndTheRestGoesOnWithAnEmptyModel) {
     EXPECT_EQ(upper.Rows(), 1);
     EXPECT_TRUE(form.Document_Open);
     EXPECT_EQ(document.File_Stem, "SITE");
-    EXPECT_TRUE(frame.visible(Form_Part::Frame2));
-    EXPECT_EQ(frame.panel(Panel::Message), "This file fit on the template.");
+    EXPECT_TRUE(mainForm.visible(Form_Part::Frame2));
+    EXPECT_EQ(mainForm.panel(Panel::Message), "This file fit on the template.");
 }
 
 TEST_F(OpenCommand, AFileWithMoreColumnsThanTheTemplateIsReadAsFarAsItFits) {
     files.put("/home/long.abc", fileText({"[Field_1_Default]", "ROW_1=low,77", "ROW_2=a,b,c",
                                           "[Field_2_Default]", "ROW_1=all,9"}));
     open("/home/long.abc");
-    EXPECT_EQ(frame.panel(Panel::Message), "This file fit on the template.");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "This file fit on the template.");
     EXPECT_EQ(value(1), "77");
     EXPECT_EQ(document.Fields(2).Cells(1, 2).Value, "3") << "nothing beyond the line was read";
-    EXPECT_EQ(frame.base.caption(), "Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "Zorvane");
     EXPECT_THAT(journal.lines(), Not(Contains("caption = \"long.abc - Zorvane\"")));
     EXPECT_FALSE(files.exists("/home/LONG_Updated.ABC"));
 }
@@ -256,7 +256,7 @@ TEST_F(OpenCommand, AnUpdateThatStillDoesntFitIsTold) {
                                            "ROW_1=1,2,3,4", "[Field_2_Default]", "ROW_1=1,2,3,4"}));
     open("/home/old.kvrt9");
     EXPECT_EQ(journal.lines().back(), "panel 4 = \"Zorvane can't update this file.\"");
-    EXPECT_EQ(frame.base.caption(), "old_updated.kvrt9 - Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "old_updated.kvrt9 - Zorvane");
     EXPECT_EQ(document.Fields(3).Cells(1, 2).Value, "77") << "what was read stays";
 }
 
@@ -265,13 +265,13 @@ TEST_F(OpenCommand, AnUpdatedFileIsUpdatedAgainOnlyWhenItDoesntFit) {
     files.put("/home/OLD_Updated.KVRT9", fileText({"[Field_1_Default]", "ROW_1=x,y,z"}));
     open("/home/OLD_Updated.KVRT9");
     EXPECT_EQ(document.File_Stem, "OLD_UPDATED");
-    EXPECT_EQ(frame.panel(Panel::Message), "");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "");
     EXPECT_FALSE(files.exists("/home/OLD_UPDATED_Updated.KVRT9"));
 
     files.put("/home/OLD_Updated.KVRT9", fileText({"[Field_1_Default]", "ROW_1=1,2,3,4,5,6,7,8"}));
     open("/home/OLD_Updated.KVRT9");
     EXPECT_EQ(document.File_Stem, "OLD_UPDATED_Updated");
-    EXPECT_EQ(frame.panel(Panel::Message), "The file was updated.");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "The file was updated.");
     EXPECT_TRUE(files.exists("/home/OLD_UPDATED_Updated.KVRT9"));
 }
 
@@ -288,7 +288,7 @@ TEST_F(OpenCommand, ARunTimeFailureInsideTheFileCountsAsRead) {
     files.put("/home/bad.abc", fileText({"[Field_1_Default]", "ROW_1=low,77", "[Field_101_Default]",
                                          "ROW_1=a,b", "[Field_1_Default]", "ROW_2=high,88"}));
     open("/home/bad.abc");
-    EXPECT_EQ(frame.base.caption(), "bad.abc - Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "bad.abc - Zorvane");
     EXPECT_EQ(value(1), "77");
     EXPECT_EQ(value(2), "2") << "the rest of the file isn't read";
     EXPECT_THAT(messages(), IsEmpty());
@@ -302,8 +302,8 @@ TEST_F(OpenCommand, ATemplateWithABadIndexLeavesWhatWasReadOnScreenWithoutAMessa
     EXPECT_THAT(messages(), IsEmpty());
     EXPECT_EQ(upper.TextMatrix(2, 1), "Outputs");
     EXPECT_EQ(document.Fields(2).Cells(0, 1).Value, "");
-    EXPECT_TRUE(frame.visible(Form_Part::Frame2));
-    EXPECT_TRUE(frame.visible(Form_Part::Frame3));
+    EXPECT_TRUE(mainForm.visible(Form_Part::Frame2));
+    EXPECT_TRUE(mainForm.visible(Form_Part::Frame3));
     EXPECT_EQ(value(1), "10") << "the document is read all the same";
 }
 
@@ -321,15 +321,15 @@ TEST_F(OpenCommand, ATemplateWithTooFewTextsForTheUpperGridStillShowsIt) {
     files.put("/app/ABC.ZTP", broken);
     open("/home/site7.abc");
     EXPECT_EQ(upper.TextMatrix(1, 1), "Inputs");
-    EXPECT_TRUE(frame.visible(Form_Part::Frame2));
+    EXPECT_TRUE(mainForm.visible(Form_Part::Frame2));
 }
 
 TEST_F(OpenCommand, APreviewThatCantShowTheNewDocumentDoesntKeepItFromView) {
-    frame.previewsFail = true;
+    mainForm.previewsFail = true;
     open("/home/site7.abc");
-    EXPECT_TRUE(frame.visible(Form_Part::Frame2));
-    EXPECT_TRUE(frame.visible(Form_Part::Frame3));
-    EXPECT_EQ(frame.panel(Panel::Message), "");
+    EXPECT_TRUE(mainForm.visible(Form_Part::Frame2));
+    EXPECT_TRUE(mainForm.visible(Form_Part::Frame3));
+    EXPECT_EQ(mainForm.panel(Panel::Message), "");
     EXPECT_THAT(messages(), IsEmpty());
 }
 
@@ -362,7 +362,7 @@ TEST_F(OpenCommand, CancellingTheQuestionLeavesAnEmptiedModelUnderTheOldGrids) {
     EXPECT_EQ(document.Not_Downloadable_Count, 0);
     EXPECT_EQ(upper.TextMatrix(1, 1), "Inputs");
     EXPECT_TRUE(form.Dirty);
-    EXPECT_EQ(frame.base.caption(), "* site7.abc - Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "* site7.abc - Zorvane");
 }
 
 TEST_F(OpenCommand, AnsweringNoOpensTheOther) {
@@ -430,7 +430,7 @@ TEST_F(OpenCommand, AnExitWithAnEmptiedModelLeavesTheFileAsItIsAndTheProgramTher
     choose("/home/site7.abc");
     MNU_Exit_Click(app);
     EXPECT_EQ(files.text("/home/site7.abc"), smallDocument("10", "20"));
-    EXPECT_FALSE(frame.ended);
+    EXPECT_FALSE(mainForm.ended);
 }
 
 TEST_F(OpenCommand, EndsAPollingSessionOfTheOldDocument) {

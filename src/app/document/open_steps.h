@@ -9,7 +9,7 @@
 namespace zorvane {
 
 /// What is to be opened, and how.
-struct Opening {
+struct File_To_Open {
     std::string path; ///< its last extension names the template
     bool readOnly = false;
     std::vector<std::string> items; ///< the file types that were on offer, for remembering the chosen one
@@ -18,6 +18,6 @@ struct Opening {
 
 /// The Open command from the chosen file on. False when the user kept the document at hand; its model is
 /// emptied by then.
-bool openChosen(const App_Context& app, const Opening& opening);
+bool openChosen(const App_Context& app, const File_To_Open& opening);
 
 } // namespace zorvane

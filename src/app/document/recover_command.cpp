@@ -27,12 +27,12 @@ std::vector<Recovery_Entry> recoveryEntries(const App_Context& app) { return app
 void openRecoveryCopy(const App_Context& app, const Recovery_Entry& entry) {
     const std::string path = app.recovery.path(entry);
     if (!app.files.exists(path)) {
-        app.frame.Msgb_Show(copyGone, Msgb_Information, applicationTitle);
+        app.mainForm.Msgb_Show(copyGone, Msgb_Information, applicationTitle);
         return;
     }
     app.recovery.spare(entry.file);
     if (openChosen(app, {path, false, {}, entry.name})) {
-        PRO_Titulo_Modificado(app.document(), app.form(), app.frame);
+        PRO_Titulo_Modificado(app.document(), app.form(), app.mainForm);
         adoptCopy(app, entry, path);
         refreshCopies(app);
     }

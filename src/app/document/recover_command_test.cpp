@@ -40,7 +40,7 @@ TEST_F(RecoverCommand, OpensTheCopyWithEveryValueUnderTheDocumentsOwnName) {
     MNU_Close_Click(app);
     recover();
     EXPECT_EQ(doubles::documentText(document), before);
-    EXPECT_EQ(frame.base.caption(), "* site7.abc - Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "* site7.abc - Zorvane");
     EXPECT_EQ(document.File_Folder, "");
     EXPECT_TRUE(form.Dirty);
     EXPECT_TRUE(form.Document_Open);
@@ -50,14 +50,14 @@ TEST_F(RecoverCommand, OpensTheCopyWithEveryValueUnderTheDocumentsOwnName) {
 TEST_F(RecoverCommand, SaveStaysOffUntilSaveAsGaveTheDocumentAPlace) {
     leaveCopy("11");
     recover();
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
     edit(1, "12");
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
     choose("/home/back.abc");
     MNU_Saveas_Click(app);
     EXPECT_EQ(files.text("/home/back.abc"), smallDocument("12", "20"));
     edit(1, "13");
-    EXPECT_TRUE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_TRUE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
     MNU_Save_Click(app);
     EXPECT_EQ(files.text("/home/back.abc"), smallDocument("13", "20"));
 }
@@ -106,7 +106,7 @@ TEST_F(RecoverCommand, CancelKeepsTheCopy) {
     answer(Msgb_Code_Cancel);
     recover();
     EXPECT_EQ(folder.texts.size(), 2U);
-    EXPECT_EQ(frame.base.caption(), "* site7.abc - Zorvane");
+    EXPECT_EQ(mainForm.base.caption(), "* site7.abc - Zorvane");
     EXPECT_FALSE(document.No_Place);
 }
 
@@ -141,7 +141,7 @@ TEST_F(RecoverCommand, ACopyThatReadsBackDifferentlyStaysBesideTheDocumentsOwn) 
     leaveCopy("a,b");
     const std::string copy = folder.texts.begin()->second;
     recover();
-    EXPECT_EQ(frame.panel(Panel::Message), "This file fit on the template.");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "This file fit on the template.");
     EXPECT_THAT(journal.beginningWith("create"), IsEmpty()) << "a copy is never brought up to date";
     keepCopy(app, "changed");
     EXPECT_EQ(folder.texts.size(), 2U);
@@ -180,8 +180,8 @@ TEST_F(RecoverCommand, AFactoryFileComesBackUnderItsNameWithSaveOff) {
     MNU_Close_Click(app);
     recover();
     edit(1, "12");
-    EXPECT_EQ(frame.base.caption(), "* default.abc - Zorvane");
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_EQ(mainForm.base.caption(), "* default.abc - Zorvane");
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
 }
 
 } // namespace

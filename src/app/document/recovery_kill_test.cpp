@@ -71,7 +71,7 @@ struct Real_Bench : App_Bench {
         : path(home + "/site.abc"), copies(home + "/recovery"),
           kept(
               copies, [this] { return time; }, std::to_string(getpid())),
-          real{app.grids, frame, native, settings, widths, kept, state, home} {}
+          real{app.grids, mainForm, native, settings, widths, kept, state, home} {}
 
     Native_Files native;
     std::string path;
@@ -92,7 +92,7 @@ class Victim {
   public:
     Victim(const std::string& home, int pipe, unsigned seed)
         : bench_(home), pipe_(pipe), random_(seed), calm_(seed % 2 == 0) {
-        bench_.frame.base.duringPause = [this](std::int32_t ms) { pass(ms); };
+        bench_.mainForm.base.duringPause = [this](std::int32_t ms) { pass(ms); };
     }
 
     [[noreturn]] void run() {
@@ -139,7 +139,7 @@ class Victim {
     }
 
     void save() {
-        if (!bench_.frame.menuEnabled(Menu_Entry::MNU_Save)) return;
+        if (!bench_.mainForm.menuEnabled(Menu_Entry::MNU_Save)) return;
         MNU_Save_Click(bench_.real);
         settled_ = !bench_.document.Save_Failed;
     }
@@ -154,21 +154,21 @@ class Victim {
 
     void answerAnyhow() {
         static constexpr int answers[] = {Msgb_Code_Yes, Msgb_Code_No, Msgb_Code_Cancel};
-        bench_.frame.base.answers = {answers[random_() % 3]};
+        bench_.mainForm.base.answers = {answers[random_() % 3]};
         if (random_() % 2 == 0) bench_.choose(bench_.path); // for a Save As that may come of it
     }
 
     void close() {
         answerAnyhow();
         MNU_Close_Click(bench_.real);
-        bench_.frame.scriptedDialog.answers.clear();
+        bench_.mainForm.scriptedDialog.answers.clear();
     }
 
     void open() {
         answerAnyhow();
         openFile(bench_.real, bench_.path, false);
         settled_ = bench_.form.Document_Open && !bench_.state.modelEmptied;
-        bench_.frame.scriptedDialog.answers.clear();
+        bench_.mainForm.scriptedDialog.answers.clear();
         bench_.journal.clear();
     }
 

@@ -1,6 +1,6 @@
 #include "app/document/document_commands.h"
 #include "app/document/recovery_keeper.h"
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "app/testing/app_bench.h"
 #include "grids/fill/fill_settings.h"
 #include "recovery/recovery.h"
@@ -134,7 +134,7 @@ TEST_F(RecoveryCopies, AreDroppedAfterAGoodSaveAs) {
 
 TEST_F(RecoveryCopies, AreKeptBeforeAFileIsOverwrittenSinceACrashMayLeaveItTorn) {
     std::string duringWrite;
-    frame.base.duringPause = [&](std::int32_t) { duringWrite = onlyCopy(); };
+    mainForm.base.duringPause = [&](std::int32_t) { duringWrite = onlyCopy(); };
     MNU_Save_Click(app);
     EXPECT_EQ(duringWrite, copyOf("11", "before Save"));
 }
@@ -163,7 +163,7 @@ TEST_F(RecoveryCopies, StayWhenASaveAsFails) {
 }
 
 TEST_F(RecoveryCopies, AChangeMadeWhileSaveWaitsIsKeptSinceItIsntInTheFile) {
-    frame.base.duringPause = [&](std::int32_t) { edit(1, "12"); };
+    mainForm.base.duringPause = [&](std::int32_t) { edit(1, "12"); };
     MNU_Save_Click(app);
     EXPECT_EQ(files.text("/home/site7.abc"), smallDocument("11", "20"));
     EXPECT_EQ(onlyCopy(), copyOf("12", "changed while saving"));
@@ -279,9 +279,9 @@ TEST_F(RecoveryCopies, TheCopyBelongsToTheTemplateThatWasReadWhateverSaveAsNames
 TEST_F(RecoveryCopies, AFailedSavesCopyIsOnOfferAtOnceAndUntilAGoodSave) {
     files.failAfter(30);
     bool listedInTheSecond = false;
-    frame.base.duringPause = [&](std::int32_t) { listedInTheSecond = !offered().empty(); };
+    mainForm.base.duringPause = [&](std::int32_t) { listedInTheSecond = !offered().empty(); };
     MNU_Save_Click(app);
-    frame.base.duringPause = nullptr;
+    mainForm.base.duringPause = nullptr;
     EXPECT_TRUE(listedInTheSecond);
     EXPECT_THAT(offered(), ElementsAre("Save failed"));
     EXPECT_TRUE(form.Document_Open);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/form/document_frame.h"
+#include "app/form/document_form.h"
 #include "app/form/settings_store.h"
 #include "app/form/text_widths.h"
 #include "grids/fill/grid_context.h"
@@ -37,7 +37,7 @@ struct App_State {
 /// The main form's commands and what they work on. Nothing in it is owned.
 struct App_Context {
     Grid_Context grids;
-    Document_Frame& frame;
+    Document_Form& mainForm;
     Files& files;
     Settings_Store& settings;
     const Text_Widths& widths;
@@ -49,7 +49,7 @@ struct App_Context {
     [[nodiscard]] Main_Form_State& form() const { return grids.comm.form; }
     [[nodiscard]] modbus_control& link() const { return grids.comm.link; }
     [[nodiscard]] Reading_Services reading() const {
-        return {files, frame, grids.comm.link, applicationFolder};
+        return {files, mainForm, grids.comm.link, applicationFolder};
     }
 };
 

@@ -4,7 +4,7 @@
 
 namespace zorvane {
 
-/// Bits of `Common_Dialog::Flags`.
+/// Bits of `File_Dialog::Flags`.
 enum Dialog_Flag : int {
     Dialog_ReadOnly = 1, ///< after `ShowOpen`: the user ticked the read-only box
     Dialog_HideReadOnly = 4,

@@ -42,13 +42,13 @@ void moveToNextRow(const App_Context& app) {
 }
 
 void showFrames(const App_Context& app, bool visible) {
-    app.frame.setPartVisible(Form_Part::Frame2, visible);
-    app.frame.setPartVisible(Form_Part::Frame3, visible);
+    app.mainForm.setPartVisible(Form_Part::Frame2, visible);
+    app.mainForm.setPartVisible(Form_Part::Frame3, visible);
 }
 
 void endApplying(const App_Context& app, bool hasDocument) {
     if (hasDocument) showFrames(app, true);
-    app.frame.setPanel(Panel::Message, "");
+    app.mainForm.setPanel(Panel::Message, "");
 }
 
 } // namespace
@@ -76,7 +76,7 @@ void PRO_Aplica_Font(const App_Context& app) {
     const bool hasDocument = !app.document().File_Stem.empty();
     VSFlexGrid& upper = app.grids.FLX_Configuration;
     showFrames(app, false);
-    app.frame.setPanel(Panel::Message, "Processing Font size...");
+    app.mainForm.setPanel(Panel::Message, "Processing Font size...");
     upper.setFontSize(app.state.Font_Size);
     app.grids.FLX_Settings.setFontSize(app.state.Font_Size);
     for (std::int32_t c = 0; c < upper.Cols(); ++c) {
@@ -90,7 +90,7 @@ void PRO_Aplica_Font(const App_Context& app) {
             ignoringFailure([&] { moveToNextRow(app); });
     app.grids.FLX_Settings.Refresh();
     try {
-        app.frame.restartPreviews(app.state.Font_Size);
+        app.mainForm.restartPreviews(app.state.Font_Size);
     } catch (const Run_Time_Failure&) {
         endApplying(app, hasDocument);
         throw;

@@ -1,6 +1,6 @@
 #include "app/document/document_commands.h"
 #include "app/form/font_size.h"
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "app/testing/app_bench.h"
 #include "values/testing/failure_number.h"
 
@@ -100,7 +100,7 @@ TEST_F(FontSize, TheDefaultTemplateIsHiddenToo) {
     files.put("/app/kvrt.ztp", doubles::smallTemplate());
     TMR_Abre_ZTP_Timer(app);
     FontSizeDialog_ChangeFont(app, 12);
-    EXPECT_FALSE(frame.visible(Form_Part::Frame2));
+    EXPECT_FALSE(mainForm.visible(Form_Part::Frame2));
     EXPECT_EQ(upper.Row(), 1) << "and nothing is selected";
     EXPECT_EQ(upper.ColWidth(1), 12 * 10 * 7 + 270) << "its columns fit their texts";
 }
@@ -148,16 +148,16 @@ TEST_F(FontSize, AFieldThatCantBeShownDoesntLeaveTheWindowEmpty) {
         document.Fields(field).Cells(1, 1).Value = "no number";
     }
     PRO_Aplica_Font(app);
-    EXPECT_TRUE(frame.visible(Form_Part::Frame2));
-    EXPECT_EQ(frame.panel(Panel::Message), "");
+    EXPECT_TRUE(mainForm.visible(Form_Part::Frame2));
+    EXPECT_EQ(mainForm.panel(Panel::Message), "");
 }
 
 TEST_F(FontSize, AFailureOfAPreviewPassesOnWithTheWindowAsItShouldBe) {
     openFiveFields();
-    frame.previewsFail = true;
+    mainForm.previewsFail = true;
     EXPECT_EQ(failureNumber([&] { PRO_Aplica_Font(app); }), 9);
-    EXPECT_TRUE(frame.visible(Form_Part::Frame3));
-    EXPECT_EQ(frame.panel(Panel::Message), "");
+    EXPECT_TRUE(mainForm.visible(Form_Part::Frame3));
+    EXPECT_EQ(mainForm.panel(Panel::Message), "");
 }
 
 TEST_F(FontSize, AColumnGetsTheWidthOfItsWidestTrimmedText) {

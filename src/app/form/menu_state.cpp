@@ -5,33 +5,33 @@ namespace zorvane {
 void PRO_Habilita_Menus(const App_Context& app) {
     using enum Menu_Entry;
     for (const Menu_Entry entry : {MNU_Download, MNU_Upload, MNU_Close, MNU_Saveas, MNU_Print, MNU_PrintAll})
-        app.frame.setMenuEnabled(entry, true);
+        app.mainForm.setMenuEnabled(entry, true);
 }
 
 void PRO_Deshabilita_Menus(const App_Context& app) {
     using enum Menu_Entry;
     for (const Menu_Entry entry :
          {MNU_Download, MNU_Upload, MNU_Close, MNU_Save, MNU_Saveas, MNU_Disconnect, MNU_Print, MNU_PrintAll})
-        app.frame.setMenuEnabled(entry, false);
-    app.frame.setPartVisible(Form_Part::PicLineHoriz, false);
+        app.mainForm.setMenuEnabled(entry, false);
+    app.mainForm.setPartVisible(Form_Part::PicLineHoriz, false);
     for (const Panel panel : {Panel::ReadOnly, Panel::LinkState, Panel::Message, Panel::Tx, Panel::Rx})
-        app.frame.setPanel(panel, "");
+        app.mainForm.setPanel(panel, "");
 }
 
 void MNU_Grid_Click(const App_Context& app) {
-    const bool checked = !app.frame.menuChecked(Menu_Entry::MNU_Grid);
-    app.frame.setMenuChecked(Menu_Entry::MNU_Grid, checked);
+    const bool checked = !app.mainForm.menuChecked(Menu_Entry::MNU_Grid);
+    app.mainForm.setMenuChecked(Menu_Entry::MNU_Grid, checked);
     app.settings.SaveSetting(applicationTitle, "Settings", "Grid", checked ? "1" : "0");
 }
 
 void PRO_Marca_Solo_Lectura(const App_Context& app) {
     app.document().Read_Only = true;
-    app.frame.setPanel(Panel::ReadOnly, "READ ONLY");
+    app.mainForm.setPanel(Panel::ReadOnly, "READ ONLY");
 }
 
 void PRO_Quita_Solo_Lectura(const App_Context& app) {
     app.document().Read_Only = false;
-    app.frame.setPanel(Panel::ReadOnly, "");
+    app.mainForm.setPanel(Panel::ReadOnly, "");
 }
 
 } // namespace zorvane

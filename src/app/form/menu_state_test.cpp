@@ -1,6 +1,6 @@
 #include "app/document/document_commands.h"
 #include "app/form/menu_state.h"
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "app/testing/app_bench.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ std::string enabledEntries(const App_Bench& bench) {
         {MNU_Download, "Download"}, {MNU_Disconnect, "Disconnect"}};
     std::string text;
     for (const auto& [entry, name] : entries)
-        if (bench.frame.menuEnabled(entry)) text += (text.empty() ? "" : " ") + std::string(name);
+        if (bench.mainForm.menuEnabled(entry)) text += (text.empty() ? "" : " ") + std::string(name);
     return text;
 }
 
@@ -31,7 +31,7 @@ struct MenuState : testing::Test, App_Bench {
     MenuState() {
         for (const Menu_Entry entry :
              {Menu_Entry::MNU_Close, Menu_Entry::MNU_Save, Menu_Entry::MNU_Disconnect})
-            frame.setMenuEnabled(entry, true);
+            mainForm.setMenuEnabled(entry, true);
         Form_Load(app);
     }
     const std::string open = "Close SaveAs Print PrintAll Upload Download";
@@ -73,18 +73,18 @@ TEST_F(MenuState, ClosingTurnsAllOff) {
 }
 
 TEST_F(MenuState, TheUnitNumberOutlivesTheDocument) {
-    frame.setPanel(Panel::Unit, "RTU: 7");
+    mainForm.setPanel(Panel::Unit, "RTU: 7");
     PRO_Deshabilita_Menus(app);
-    EXPECT_EQ(frame.panel(Panel::Unit), "RTU: 7");
+    EXPECT_EQ(mainForm.panel(Panel::Unit), "RTU: 7");
 }
 
 TEST_F(MenuState, TheReadOnlyMark) {
     PRO_Marca_Solo_Lectura(app);
     EXPECT_TRUE(document.Read_Only);
-    EXPECT_EQ(frame.panel(Panel::ReadOnly), "READ ONLY");
+    EXPECT_EQ(mainForm.panel(Panel::ReadOnly), "READ ONLY");
     PRO_Quita_Solo_Lectura(app);
     EXPECT_FALSE(document.Read_Only);
-    EXPECT_EQ(frame.panel(Panel::ReadOnly), "");
+    EXPECT_EQ(mainForm.panel(Panel::ReadOnly), "");
 }
 
 } // namespace

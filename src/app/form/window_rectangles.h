@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/form/document_frame.h"
+#include "app/form/document_form.h"
 #include "app/form/settings_store.h"
 
 #include <string>

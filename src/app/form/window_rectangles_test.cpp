@@ -1,5 +1,5 @@
 #include "app/form/window_rectangles.h"
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "app/testing/app_bench.h"
 #include "values/testing/comma_locale.h"
 
@@ -37,20 +37,20 @@ struct WindowRectangles : testing::Test, App_Bench {
 
 TEST_F(WindowRectangles, AFirstRunKeepsTheFormsOwnPlace) {
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(frame.place, (Window_Rectangle{1000, 2000, 6990, 7380}));
+    EXPECT_EQ(mainForm.place, (Window_Rectangle{1000, 2000, 6990, 7380}));
     EXPECT_FALSE(form.Monitor_Place);
 }
 
 TEST_F(WindowRectangles, TheFormComesBackToItsPlace) {
     store("MainWindow", "100", " 200.5 ", "3000", "4e3");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(frame.place, (Window_Rectangle{100, 200.5, 3000, 4000}));
+    EXPECT_EQ(mainForm.place, (Window_Rectangle{100, 200.5, 3000, 4000}));
 }
 
 TEST_F(WindowRectangles, AValueThatIsntStoredIsTheForms) {
     settings.texts["Zorvane/MainWindow/Width"] = "5000";
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(frame.place, (Window_Rectangle{1000, 2000, 5000, 7380}));
+    EXPECT_EQ(mainForm.place, (Window_Rectangle{1000, 2000, 5000, 7380}));
 }
 
 TEST_F(WindowRectangles, ATopThatIsNoNumberPutsTheMainWindowToTheFallbackAndTheOthersAreJudgedByThemselves) {
@@ -58,7 +58,7 @@ TEST_F(WindowRectangles, ATopThatIsNoNumberPutsTheMainWindowToTheFallbackAndTheO
     store("ModbusDialog", "10", "20", "300", "400");
     store("PrintDialog", "1", "-2", "30", "40");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(frame.place, fallback);
+    EXPECT_EQ(mainForm.place, fallback);
     EXPECT_EQ(form.Monitor_Place, (std::array<std::int32_t, 4>{20, 10, 300, 400}));
     EXPECT_EQ(dialogPlace(Stored_Dialog::Preview), (Window_Rectangle{1, -2, 30, 40}));
 }
@@ -67,7 +67,7 @@ TEST_F(WindowRectangles, ABadPlaceOfTheMonitorIsItsOwnMatter) {
     store("MainWindow", "100", "200", "3000", "4000");
     store("ModbusDialog", "", "20", "300", "400");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(frame.place, (Window_Rectangle{100, 200, 3000, 4000}));
+    EXPECT_EQ(mainForm.place, (Window_Rectangle{100, 200, 3000, 4000}));
     EXPECT_EQ(form.Monitor_Place, (std::array<std::int32_t, 4>{3210, 3075, 6990, 7380}));
     EXPECT_EQ(dialogPlace(Stored_Dialog::Monitor), fallback);
 }
@@ -80,29 +80,29 @@ TEST_F(WindowRectangles, NegativeSizesAndPlacesBeyondTheScreenFallBack) {
     for (const auto& [top, left, width, height] : bad) {
         store("MainWindow", top, left, width, height);
         PRO_Lee_Ventanas(app);
-        EXPECT_EQ(frame.place, fallback) << top << " " << left << " " << width << " " << height;
+        EXPECT_EQ(mainForm.place, fallback) << top << " " << left << " " << width << " " << height;
     }
     store("MainWindow", "16200", "28800", "0", "0");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(frame.place, (Window_Rectangle{16200, 28800, 0, 0})) << "the edge itself is good";
+    EXPECT_EQ(mainForm.place, (Window_Rectangle{16200, 28800, 0, 0})) << "the edge itself is good";
 }
 
 TEST_F(WindowRectangles, ANumberBeyondSinglePrecisionEndsTheReading) {
     store("MainWindow", "0", "0", "1e39", "100");
     store("ModbusDialog", "10", "20", "300", "400");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(frame.place, (Window_Rectangle{1000, 2000, 6990, 7380}));
+    EXPECT_EQ(mainForm.place, (Window_Rectangle{1000, 2000, 6990, 7380}));
     EXPECT_FALSE(form.Monitor_Place);
 }
 
 TEST_F(WindowRectangles, ANumberBeyondSinglePrecisionThatIsBeyondTheScreenOrNegativeFallsBack) {
     store("MainWindow", "1e39", "0", "100", "100");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(frame.place, fallback);
+    EXPECT_EQ(mainForm.place, fallback);
     store("MainWindow", "0", "1e400", "100", "abc");
     store("PrintDialog", "0", "0", "-1e39", "100");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(frame.place, fallback);
+    EXPECT_EQ(mainForm.place, fallback);
     EXPECT_EQ(dialogPlace(Stored_Dialog::Preview), fallback);
 }
 
@@ -116,7 +116,7 @@ TEST_F(WindowRectangles, ADialogThatWasNeverPlacedKeepsWhatItHas) {
 }
 
 TEST_F(WindowRectangles, AreStoredAsTextOfSinglePrecision) {
-    frame.place = {1309.0909090909, 0.1, 12345678, 7380};
+    mainForm.place = {1309.0909090909, 0.1, 12345678, 7380};
     PRO_Guarda_Ventanas(app);
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/Top"], "1309.091");
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/Left"], "0.1");

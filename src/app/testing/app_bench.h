@@ -3,7 +3,7 @@
 #include "app/form/app_context.h"
 #include "app/testing/memory_recovery_folder.h"
 #include "app/testing/memory_settings.h"
-#include "app/testing/recording_document_frame.h"
+#include "app/testing/recording_document_form.h"
 #include "app/testing/recording_files.h"
 #include "comm/main_form/title.h"
 #include "comm/modbus_control/testing/scripted_link.h"
@@ -107,7 +107,7 @@ struct App_Bench {
     Scripted_Link link{journal};
     Memory_Grid upper;
     Memory_Grid lower;
-    Recording_Document_Frame frame{journal, upper, lower};
+    Recording_Document_Form mainForm{journal, upper, lower};
     Navigation_State navigation;
     Hidden_Editors editors;
     Still_Windows windows;
@@ -120,8 +120,8 @@ struct App_Bench {
     std::string time = "2026-11-21 03:20:05";
     Recovery recovery{folder, [this] { return time; }, "1", &filesBefore};
     App_State state;
-    App_Context app{{{document, form, link, frame}, upper, lower, navigation, editors, windows},
-                    frame,
+    App_Context app{{{document, form, link, mainForm}, upper, lower, navigation, editors, windows},
+                    mainForm,
                     files,
                     settings,
                     widths,
@@ -132,15 +132,15 @@ struct App_Bench {
     /// The user types a value into field 1.
     void edit(std::int32_t row, const std::string& value) {
         document.Fields(1).Cells(row, 2).Value = value;
-        PRO_Titulo_Modificado(document, form, frame);
-        applySaveRule(document, frame);
+        PRO_Titulo_Modificado(document, form, mainForm);
+        applySaveRule(document, mainForm);
     }
     [[nodiscard]] std::string value(std::int32_t row) const { return document.Fields(1).Cells(row, 2).Value; }
     /// The user answers the next message.
-    void answer(int code) { frame.base.answers.push_back(code); }
+    void answer(int code) { mainForm.base.answers.push_back(code); }
     /// The user answers the next file dialog.
     void choose(const std::string& path, bool readOnly = false) {
-        frame.scriptedDialog.answers.push_back({path, 0, readOnly});
+        mainForm.scriptedDialog.answers.push_back({path, 0, readOnly});
     }
     [[nodiscard]] std::vector<std::string> messages() const { return journal.beginningWith("Msgb"); }
 };

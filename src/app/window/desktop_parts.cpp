@@ -78,8 +78,8 @@ Desktop_Parts::Desktop_Parts(const Form_Parts& parts)
     connectWindowCommands();
     connectHelpCommands();
     connectColumnTip();
-    parts_.frame.extras.removeTrayIcon = [this] { tray_.unload(); };
-    parts_.frame.extras.openAsText = [this](const std::string& path) { openAsText(path); };
+    parts_.mainForm.extras.removeTrayIcon = [this] { tray_.unload(); };
+    parts_.mainForm.extras.openAsText = [this](const std::string& path) { openAsText(path); };
 }
 
 /// With what the desktop has for such files.
@@ -87,7 +87,7 @@ void Desktop_Parts::openAsText(const std::string& path) {
     const Path_Parts place = splitPath(path);
     const std::string folder(place.folder.substr(0, place.folder.size() - (place.folder.empty() ? 0 : 1)));
     if (shell("Open", std::string(place.name), "", folder)) return;
-    parts_.frame.messageBar().tell(
+    parts_.mainForm.messageBar().tell(
         {"open as text", Bar_Kind::Note, "Nothing on this desktop opens " + path + " as a text.", {}, false});
 }
 
@@ -138,7 +138,7 @@ void Desktop_Parts::connectHelpCommands() {
 
 void Desktop_Parts::MNU_About_Click() {
     if (about_ == nullptr) {
-        about_ = new Acercade(parts_.frame.ask, &parts_.window());
+        about_ = new Acercade(parts_.mainForm.ask, &parts_.window());
         about_->setAttribute(Qt::WA_DeleteOnClose);
     }
     about_->show();
@@ -151,8 +151,8 @@ void Desktop_Parts::connectColumnTip() {
     parts_.window().FLX_Settings().events().UserResizing = [&tip](std::int32_t, std::int32_t twips) {
         tip.drag(twips);
     };
-    parts_.frame.extras.updateColumnTip = [&tip] { tip.start(); };
-    parts_.frame.extras.removeColumnTip = [&tip] { tip.stop(); };
+    parts_.mainForm.extras.updateColumnTip = [&tip] { tip.start(); };
+    parts_.mainForm.extras.removeColumnTip = [&tip] { tip.stop(); };
 }
 
 } // namespace zorvane

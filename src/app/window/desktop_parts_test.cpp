@@ -91,9 +91,9 @@ TEST_F(Window_Desktop, WithoutADocumentASizeLeavesTheFramesHidden) {
 TEST_F(Window_Desktop, NoSizeIsAppliedWhileATransferHoldsTheForm) {
     start();
     choose("MNU_FontSize");
-    program->frame().setFormEnabled(false);
+    program->mainForm().setFormEnabled(false);
     EXPECT_FALSE(fontDialog()->isEnabled());
-    program->frame().setFormEnabled(true);
+    program->mainForm().setFormEnabled(true);
     EXPECT_TRUE(fontDialog()->isEnabled());
 }
 
@@ -141,10 +141,10 @@ TEST_F(Window_Desktop, MinimizesAndMaximizes) {
 
 TEST_F(Window_Desktop, TheNormalSizeComesBackByItsTimer) {
     start();
-    program->frame().timers().fire(Timer_Name::TIM_Tamaño_normal);
+    program->mainForm().timers().fire(Timer_Name::TIM_Tamaño_normal);
     QApplication::processEvents();
     EXPECT_EQ(program->window().size(), QSize(457, 494));
-    EXPECT_EQ(program->frame().timers().interval(Timer_Name::TIM_Tamaño_normal), 100);
+    EXPECT_EQ(program->mainForm().timers().interval(Timer_Name::TIM_Tamaño_normal), 100);
 }
 
 TEST_F(Window_Desktop, HelpOpensOutsideTheProgram) {

@@ -3,7 +3,7 @@
 #include "app/document/document_commands.h"
 #include "app/document/document_lines.h"
 #include "app/document/recover_command.h"
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "app/window/recover_form.h"
 #include "comm/main_form/monitor.h"
 #include "comm/transfer/download.h"
@@ -33,17 +33,18 @@ class Mouse_Track_Held {
     bool before_;
 };
 
-template <class Opening> void openAnother(const Form_Parts& parts, Opening&& opening) {
+template <class File_To_Open> void openAnother(const Form_Parts& parts, File_To_Open&& opening) {
     const Mouse_Track_Held held(parts.app.grids.navigation);
-    std::forward<Opening>(opening)();
-    parts.frame.timers().setInterval(Timer_Name::TMR_Forza_analogas, parts.app.document().Forza_Analogas_Ms);
+    std::forward<File_To_Open>(opening)();
+    parts.mainForm.timers().setInterval(Timer_Name::TMR_Forza_analogas,
+                                        parts.app.document().Forza_Analogas_Ms);
 }
 
 void recover(const Form_Parts& parts) {
     const App_Context& app = parts.app;
     Recover_Form form(
         recoveryEntries(app), [&app](const Recovery_Entry& entry) { app.recovery.remove(entry); },
-        parts.frame.ask, parts.frame.dialogParent());
+        parts.mainForm.ask, parts.mainForm.dialogParent());
     const bool accepted = form.exec() == QDialog::Accepted;
     refreshCopies(app);
     if (!accepted) return;

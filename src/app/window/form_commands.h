@@ -2,7 +2,7 @@
 
 #include "app/desktop/event_edge.h"
 #include "app/form/app_context.h"
-#include "app/window/window_frame.h"
+#include "app/window/window_form.h"
 
 #include <functional>
 
@@ -11,10 +11,10 @@ namespace zorvane {
 /// What the parts of the window's menu work on. Nothing in it is owned.
 struct Form_Parts {
     const App_Context& app;
-    Window_Frame& frame;
+    Window_Form& mainForm;
     Event_Edge& edge;
 
-    [[nodiscard]] Main_Window& window() const { return frame.window(); }
+    [[nodiscard]] Main_Window& window() const { return mainForm.window(); }
     /// What an entry of the menu does.
     void onChosen(const QString& entry, const std::function<void()>& handler) const;
 };

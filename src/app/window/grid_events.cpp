@@ -41,8 +41,9 @@ void connectSettings(Flex_Grid_Events& events, const Grid_Context& grids, Event_
     };
     events.AfterEdit = [&grids, &edge](std::int32_t row, std::int32_t col) {
         withdrawRefused(grids);
-        edge.run(
-            [&] { stoppingOnFailure(grids.comm.frame, [&] { FLX_Settings_AfterEdit(grids, row, col); }); });
+        edge.run([&] {
+            stoppingOnFailure(grids.comm.mainForm, [&] { FLX_Settings_AfterEdit(grids, row, col); });
+        });
     };
     events.TakesBlock = [&grids](std::int32_t row, std::int32_t col) { return takesBlock(grids, row, col); };
     events.Refused = [&grids](std::int32_t row, std::int32_t col, const Refused_Input& what) {

@@ -3,7 +3,7 @@
 #include "app/document/document_rows.h"
 #include "app/document/recovery_keeper.h"
 #include "app/form/port_store.h"
-#include "app/frame_life.h"
+#include "app/form_life.h"
 #include "app/window/grid_events.h"
 #include "app/window/message_bar_parts.h"
 #include "comm/main_form/monitor.h"
@@ -32,8 +32,8 @@ std::string timeOfDay() {
 }
 
 /// An upload that failed or was cancelled says so in panel 4, and leaves the values alone.
-bool uploadFinished(const Main_Form_State& form, const Frame& frame) {
-    return !form.Upload_Active && frame.panel(Panel::Message) == "Ready";
+bool uploadFinished(const Main_Form_State& form, const Main_Form& mainForm) {
+    return !form.Upload_Active && mainForm.panel(Panel::Message) == "Ready";
 }
 
 Qt_Settings_Store& openStore(std::optional<Qt_Settings_Store>& store, const QString& file) {
@@ -54,28 +54,28 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
     : recoveryFolder_(places.recoveryFolder), savedFolder_(filesFolder(places.recoveryFolder)),
       recovery_(recoveryFolder_, timeOfDay, std::to_string(QCoreApplication::applicationPid()),
                 &savedFolder_),
-      frame_(window_, edge_), line_(app_, frame_, pathToNative(places.applicationFolder),
-                                    storedPortSettings(openStore(settings_, places.settingsFile))),
-      formWindows_(frame_), widths_([this] { return window_.FLX_Settings().view().font(); },
-                                    [this] { return window_.scale().perPixelX; }),
-      app_{{{document_, form_, line_.link(), frame_},
+      mainForm_(window_, edge_), line_(app_, mainForm_, pathToNative(places.applicationFolder),
+                                       storedPortSettings(openStore(settings_, places.settingsFile))),
+      formWindows_(mainForm_), widths_([this] { return window_.FLX_Settings().view().font(); },
+                                       [this] { return window_.scale().perPixelX; }),
+      app_{{{document_, form_, line_.link(), mainForm_},
             window_.FLX_Configuration(),
             window_.FLX_Settings(),
             navigation_,
             editors_,
             formWindows_},
-           frame_,
+           mainForm_,
            files_,
            *settings_,
            widths_,
            recovery_,
            state_,
            places.applicationFolder},
-      parts_{app_, frame_, edge_}, reports_(app_, frame_, edge_), desktop_(parts_),
-      systemEnd_(app_, frame_, edge_) {
+      parts_{app_, mainForm_, edge_}, reports_(app_, mainForm_, edge_), desktop_(parts_),
+      systemEnd_(app_, mainForm_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
-    connectMessageBar(frame_, edge_);
+    connectMessageBar(mainForm_, edge_);
     connectDocumentCommands(parts_);
     connectCommunicationCommands(parts_);
     connectGrids(window_, app_.grids, edge_);
@@ -89,41 +89,41 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
 KVRT_Principal::~KVRT_Principal() {
     edge_.end();
     window_.events = {};
-    frame_.messageBar().changed = {};
+    mainForm_.messageBar().changed = {};
 }
 
 void KVRT_Principal::connectForm() {
     for (const Form_Part part : {Form_Part::Frame2, Form_Part::Frame3, Form_Part::PicLineHoriz})
-        frame_.setPartVisible(part, false);
+        mainForm_.setPartVisible(part, false);
     window_.events.resizing = [this](bool busy) { navigation_.Form_Resizing = busy; };
     window_.events.queryClose = [this] {
         std::int16_t cancel = 0;
         edge_.run([&] { Form_QueryUnload(app_, cancel, 0); });
         return cancel != 1;
     };
-    frame_.grids().refill = [this](std::int32_t row) {
+    mainForm_.grids().refill = [this](std::int32_t row) {
         PRO_Llena_Settings(app_.grids, toInteger(row), false);
     };
-    frame_.Porcentaje().hooks.cancel = [this] { BOT_Cancel_Click(app_.grids.comm); };
+    mainForm_.Porcentaje().hooks.cancel = [this] { BOT_Cancel_Click(app_.grids.comm); };
 }
 
 void KVRT_Principal::connectTimers() {
-    Form_Timers& timers = frame_.timers();
+    Form_Timers& timers = mainForm_.timers();
     const auto onTick = [&](Timer_Name timer, const std::function<void()>& handler) {
         timers.onTick(timer, [this, handler] { edge_.run(handler); });
     };
     const Comm_Context& comm = app_.grids.comm;
     onTick(Timer_Name::TMR_Abre_ZTP, [this] {
         TMR_Abre_ZTP_Timer(app_);
-        frame_.timers().setInterval(Timer_Name::TMR_Forza_analogas, document_.Forza_Analogas_Ms);
-        frame_.timers().setEnabled(Timer_Name::TMR_Forza_analogas, true);
+        mainForm_.timers().setInterval(Timer_Name::TMR_Forza_analogas, document_.Forza_Analogas_Ms);
+        mainForm_.timers().setEnabled(Timer_Name::TMR_Forza_analogas, true);
     });
     onTick(Timer_Name::TMR_Inicial_ZTP, [this] { TMR_Inicial_ZTP_Timer(app_); });
     onTick(Timer_Name::TMR_Verifica_monitor, [&comm] { TMR_Verifica_monitor_Timer(comm); });
     onTick(Timer_Name::TMR_Actualiza_valores, [this, &comm] {
         const bool uploading = form_.Upload_Active;
         TMR_Actualiza_valores_Timer(comm);
-        if (uploading && uploadFinished(form_, frame_)) tellUploaded(app_);
+        if (uploading && uploadFinished(form_, mainForm_)) tellUploaded(app_);
     });
     onTick(Timer_Name::TMR_Actualiza_online, [&comm] { TMR_Actualiza_online_Timer(comm); });
     onTick(Timer_Name::TMR_TxRx, [&comm] { TMR_TxRx_Timer(comm); });
@@ -138,7 +138,7 @@ void KVRT_Principal::connectLink() {
     link().onExchange([this](const std::string& line1, const std::string& line2) {
         edge_.run([&] {
             const Debug_Line debug = [this](const std::string& line) {
-                frame_.FrmDebug().addLine(fromCore(line));
+                mainForm_.FrmDebug().addLine(fromCore(line));
             };
             modbus_control_Event10(form_, debug, line1, line2);
         });
@@ -152,15 +152,15 @@ void KVRT_Principal::start() {
         if (const auto& place = form_.Monitor_Place)
             line_.windows().rememberMonitorPlace({(*place)[0], (*place)[1], (*place)[2], (*place)[3]});
         reports_.commands().LoadSettingsPrint();
-        frame_.setTimerEnabled(Timer_Name::TMR_Abre_ZTP, true);
-        frame_.setTimerEnabled(Timer_Name::TMR_Inicial_ZTP, true);
+        mainForm_.setTimerEnabled(Timer_Name::TMR_Abre_ZTP, true);
+        mainForm_.setTimerEnabled(Timer_Name::TMR_Inicial_ZTP, true);
         copyTimer_.start();
     });
 }
 
 int KVRT_Principal::run() {
     start();
-    return edge_.ended() ? frame_.exitCode() : QApplication::exec();
+    return edge_.ended() ? mainForm_.exitCode() : QApplication::exec();
 }
 
 /// Nothing handled it: what the document holds is kept for "Recover...", and the program ends.
@@ -168,25 +168,25 @@ void KVRT_Principal::stopOnFailure(const Run_Time_Failure& failure) {
     ignoringFailure([this] {
         if (hasChanges(app_)) keepCopy(app_, "run-time error");
     });
-    tellRunTimeFailure(frame_, failure);
-    frame_.endProgram(1);
+    tellRunTimeFailure(mainForm_, failure);
+    mainForm_.endProgram(1);
 }
 
-void KVRT_Principal::Form_Windows::showFrmDebug() { frame_.FrmDebug().show(); }
+void KVRT_Principal::Form_Windows::showFrmDebug() { mainForm_.FrmDebug().show(); }
 
 void KVRT_Principal::Form_Windows::updateColumnTip() {
-    if (frame_.extras.updateColumnTip) frame_.extras.updateColumnTip();
+    if (mainForm_.extras.updateColumnTip) mainForm_.extras.updateColumnTip();
 }
 
 void KVRT_Principal::Form_Windows::showCurrentCell() {
-    for (Flex_Grid* grid : {&frame_.window().FLX_Configuration(), &frame_.window().FLX_Settings()}) {
+    for (Flex_Grid* grid : {&mainForm_.window().FLX_Configuration(), &mainForm_.window().FLX_Settings()}) {
         grid->view().flush();
         grid->view().scrollTo(grid->view().currentIndex());
     }
 }
 
 Mouse_Place KVRT_Principal::Form_Windows::mousePlace() const {
-    Main_Window& window = frame_.window();
+    Main_Window& window = mainForm_.window();
     const Window_Layout& layout = window.formLayout();
     const QPoint origin = window.Frame3().parentWidget()->mapToGlobal(QPoint(0, 0));
     return {static_cast<double>(QCursor::pos().x()),

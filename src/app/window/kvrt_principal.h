@@ -8,7 +8,7 @@
 #include "app/window/line_parts.h"
 #include "app/window/report_parts.h"
 #include "app/window/system_end.h"
-#include "app/window/window_frame.h"
+#include "app/window/window_form.h"
 #include "recovery/native_recovery_folder.h"
 #include "template/services/native_files.h"
 
@@ -48,7 +48,7 @@ class KVRT_Principal {
 
     [[nodiscard]] const App_Context& app() const { return app_; }
     [[nodiscard]] Main_Window& window() { return window_; }
-    [[nodiscard]] Window_Frame& frame() { return frame_; }
+    [[nodiscard]] Window_Form& mainForm() { return mainForm_; }
     [[nodiscard]] Modbus_Link& link() { return line_.link(); }
     [[nodiscard]] Line_Parts& line() { return line_; }
     [[nodiscard]] Event_Edge& edge() { return edge_; }
@@ -61,14 +61,14 @@ class KVRT_Principal {
     /// What the grids' handlers ask of the windows around them.
     class Form_Windows final : public Grid_Windows {
       public:
-        explicit Form_Windows(Window_Frame& frame) : frame_(frame) {}
+        explicit Form_Windows(Window_Form& mainForm) : mainForm_(mainForm) {}
         void showFrmDebug() override;
         void updateColumnTip() override;
         [[nodiscard]] Mouse_Place mousePlace() const override;
         void showCurrentCell() override;
 
       private:
-        Window_Frame& frame_;
+        Window_Form& mainForm_;
     };
 
     void connectForm();
@@ -88,7 +88,7 @@ class KVRT_Principal {
     Native_Recovery_Folder savedFolder_; ///< of files as they were before a save
     Recovery recovery_;
     Main_Window window_;
-    Window_Frame frame_;
+    Window_Form mainForm_;
     Line_Parts line_;
     Form_Windows formWindows_;
     Qt_Text_Widths widths_;

@@ -45,7 +45,7 @@ TEST_F(Window_Start, BeforeItsTimersNothingIsShown) {
     EXPECT_TRUE(program->window().PicLineHoriz().isHidden());
     EXPECT_THAT(enabledOf(documentEntries), IsEmpty());
     EXPECT_TRUE(enabled("MNU_Open"));
-    const Form_Timers& timers = program->frame().timers();
+    const Form_Timers& timers = program->mainForm().timers();
     EXPECT_TRUE(timers.enabled(Timer_Name::TMR_Abre_ZTP));
     EXPECT_TRUE(timers.enabled(Timer_Name::TMR_Inicial_ZTP));
     EXPECT_TRUE(timers.enabled(Timer_Name::TMR_Verifica_monitor));
@@ -61,8 +61,8 @@ TEST_F(Window_Start, ItsTimersShowTheDefaultTemplateByThemselves) {
     make();
     program->start();
     ASSERT_TRUE(QTest::qWaitFor([&] { return program->window().isVisible() && lower().Rows() > 0; }));
-    EXPECT_FALSE(program->frame().timers().enabled(Timer_Name::TMR_Abre_ZTP));
-    EXPECT_FALSE(program->frame().timers().enabled(Timer_Name::TMR_Inicial_ZTP));
+    EXPECT_FALSE(program->mainForm().timers().enabled(Timer_Name::TMR_Abre_ZTP));
+    EXPECT_FALSE(program->mainForm().timers().enabled(Timer_Name::TMR_Inicial_ZTP));
     EXPECT_EQ(title(), "Zorvane");
     EXPECT_EQ(rowOf(upper(), 0), (Words{"No.", "Field", "Editable", "Remarks"}));
     EXPECT_EQ(rowOf(upper(), 1), (Words{"1", "Output Setup", "Yes", "Descriptions are stored offline only"}));
@@ -77,14 +77,14 @@ TEST_F(Window_Start, ItsTimersShowTheDefaultTemplateByThemselves) {
 
 TEST_F(Window_Start, TheTemplatesTimerFiresOnceAndDoesNothing) {
     start();
-    EXPECT_EQ(program->frame().timers().interval(Timer_Name::TMR_Forza_analogas), 80);
-    EXPECT_TRUE(
-        QTest::qWaitFor([&] { return !program->frame().timers().enabled(Timer_Name::TMR_Forza_analogas); }));
+    EXPECT_EQ(program->mainForm().timers().interval(Timer_Name::TMR_Forza_analogas), 80);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return !program->mainForm().timers().enabled(Timer_Name::TMR_Forza_analogas); }));
 }
 
 TEST_F(Window_Start, PanelThreeShowsTheUnitNumber) {
     start();
-    program->frame().timers().fire(Timer_Name::TMR_Verifica_monitor);
+    program->mainForm().timers().fire(Timer_Name::TMR_Verifica_monitor);
     EXPECT_EQ(panel(3), "RTU: 1");
     EXPECT_TRUE(enabled("separador4"));
 }
@@ -139,7 +139,7 @@ TEST_F(Bad_Start, ATemplateWithoutScanBlocksEndsTheProgramAtItsStart) {
     EXPECT_THAT(messages,
                 ElementsAre(Shown_Message{"Run-time error '9': Subscript out of range", 16, "Zorvane"}));
     EXPECT_TRUE(program->edge().ended());
-    EXPECT_EQ(program->frame().exitCode(), 1);
+    EXPECT_EQ(program->mainForm().exitCode(), 1);
 }
 
 TEST_F(Bad_Start, DownloadBlocksInTheDefaultTemplateEndTheProgramAtItsStart) {
@@ -148,7 +148,7 @@ TEST_F(Bad_Start, DownloadBlocksInTheDefaultTemplateEndTheProgramAtItsStart) {
     start();
     EXPECT_THAT(messages,
                 ElementsAre(Shown_Message{"Run-time error '9': Subscript out of range", 16, "Zorvane"}));
-    EXPECT_EQ(program->frame().exitCode(), 1);
+    EXPECT_EQ(program->mainForm().exitCode(), 1);
 }
 
 TEST_F(Bad_Start, TheSameTemplateWithoutDownloadBlocksStarts) {
@@ -189,7 +189,7 @@ TEST_F(Window_Documents, TheChosenFileTypeIsOfferedFirstNextTime) {
     chosenFile.clear();
     chosenType.clear();
     choose("MNU_Open");
-    EXPECT_EQ(program->frame().dialog().FilterIndex, 3);
+    EXPECT_EQ(program->mainForm().dialog().FilterIndex, 3);
 }
 
 TEST_F(Window_Documents, ACancelledDialogLeavesTheDocumentUntouched) {
@@ -204,7 +204,7 @@ TEST_F(Window_Documents, TheReadOnlyTickWorksAlsoAfterSaveAs) {
     startWith("site7.KVRT207D");
     chosenFile.clear();
     choose("MNU_Saveas");
-    EXPECT_EQ(program->frame().dialog().Flags, 4);
+    EXPECT_EQ(program->mainForm().dialog().Flags, 4);
     readOnlyTicked = true;
     open("site7.KVRT207D");
     EXPECT_EQ(panel(1), "READ ONLY");
@@ -216,7 +216,7 @@ TEST_F(Window_Documents, ATickForOneFileIsNoneForTheNext) {
     startWith("site7.KVRT207D");
     ASSERT_EQ(panel(1), "READ ONLY");
     bool ticked = true;
-    program->frame().dialog().run = [this, &ticked](QFileDialog& dialog) {
+    program->mainForm().dialog().run = [this, &ticked](QFileDialog& dialog) {
         ticked = dialog.findChild<QCheckBox*>("CHK_ReadOnly")->isChecked();
         dialog.selectFile(QString::fromStdString(path("site7.KVRT207D")));
         return true;
@@ -297,7 +297,7 @@ TEST_F(Window_Documents, AnApplicationFolderWithoutTemplatesGivesAMessageAndNoDi
     for (const auto& entry : std::filesystem::directory_iterator(appFolder()))
         if (entry.path().extension() == ".ZTP" || entry.path().extension() == ".ztp")
             std::filesystem::remove(entry.path());
-    program->frame().dialog().run = [](QFileDialog&) -> bool { throw std::logic_error("a dialog"); };
+    program->mainForm().dialog().run = [](QFileDialog&) -> bool { throw std::logic_error("a dialog"); };
     choose("MNU_Open");
     EXPECT_THAT(messages,
                 ElementsAre(Shown_Message{"Does not exist any .ZTP file in this directory: \n" + appFolder(),
@@ -344,14 +344,14 @@ TEST_F(Window_Exit, ExitEndsTheProgramAtOnceWithoutChanges) {
     startWith("site7.KVRT207D");
     choose("MNU_Exit");
     EXPECT_TRUE(program->edge().ended());
-    EXPECT_EQ(program->frame().exitCode(), 0);
+    EXPECT_EQ(program->mainForm().exitCode(), 0);
     EXPECT_THAT(messages, IsEmpty());
 }
 
 TEST_F(Window_Exit, ClosingWithCancelStaysAndStoresTheWindowsPlace) {
     openAndEdit();
     answers = {Msgb_Code_Cancel};
-    program->frame().moveForm({1500, 3000, 9000, 9750});
+    program->mainForm().moveForm({1500, 3000, 9000, 9750});
     EXPECT_FALSE(program->window().close());
     EXPECT_FALSE(program->edge().ended());
     EXPECT_THAT(messages, ElementsAre(saveQuestion));
@@ -382,25 +382,25 @@ TEST_F(Window_Exit, AFailingSaveOnTheWayOutKeepsTheProgramOpen) {
 
 TEST_F(Window_Exit, TheNextStartStandsWhereTheLastOneEnded) {
     start();
-    program->frame().moveForm({1500, 3000, 9000, 9750});
+    program->mainForm().moveForm({1500, 3000, 9000, 9750});
     choose("MNU_Exit");
     program.reset();
     start();
-    EXPECT_EQ(program->frame().formRectangle(), (Window_Rectangle{1500, 3000, 9000, 9750}));
+    EXPECT_EQ(program->mainForm().formRectangle(), (Window_Rectangle{1500, 3000, 9000, 9750}));
 }
 
 TEST_F(Window_Exit, AFirstRunHasTheDesignSize) {
     make();
-    const Window_Rectangle design = program->frame().formRectangle();
+    const Window_Rectangle design = program->mainForm().formRectangle();
     start();
-    EXPECT_EQ(program->frame().formRectangle(), design);
+    EXPECT_EQ(program->mainForm().formRectangle(), design);
     EXPECT_EQ(design.width, 6840);
 }
 
 TEST_F(Window_Exit, AStoredTopOfAbcGivesTheFallbackPlace) {
     put("settings.conf", "[MainWindow]\nTop=abc\nLeft=1\nWidth=9000\nHeight=9000\n");
     start();
-    EXPECT_EQ(program->frame().formRectangle(), (Window_Rectangle{3075, 3210, 6990, 7380}));
+    EXPECT_EQ(program->mainForm().formRectangle(), (Window_Rectangle{3075, 3210, 6990, 7380}));
 }
 
 TEST_F(Window_Exit, AMonitorThatWasntOpenedKeepsItsStoredPlace) {
@@ -419,7 +419,7 @@ TEST_F(Window_Exit, AnExitInTheMiddleOfAWaitUnwindsIt) {
     bool wentOn = false;
     QTimer::singleShot(0, &program->window(), [&] { choose("MNU_Exit"); });
     program->edge().run([&] {
-        program->frame().wait_until([] { return false; });
+        program->mainForm().wait_until([] { return false; });
         wentOn = true;
     });
     EXPECT_TRUE(program->edge().ended());
@@ -433,7 +433,7 @@ TEST_F(Window_Exit, AFailureOutsideOfACommitKeepsACopyAndEndsTheProgram) {
     QTest::keyClick(&upper().view(), Qt::Key_Up);
     EXPECT_THAT(messages,
                 ElementsAre(Shown_Message{"Run-time error '9': Subscript out of range", 16, "Zorvane"}));
-    EXPECT_EQ(program->frame().exitCode(), 1);
+    EXPECT_EQ(program->mainForm().exitCode(), 1);
     std::vector<std::string> copies;
     for (const auto& entry : std::filesystem::directory_iterator(path("recovery")))
         copies.push_back(text("recovery/" + entry.path().filename().string()));

@@ -5,17 +5,18 @@
 
 namespace zorvane {
 
-Line_Parts::Line_Parts(const App_Context& app, Window_Frame& frame, const std::string& programFolder,
+Line_Parts::Line_Parts(const App_Context& app, Window_Form& mainForm, const std::string& programFolder,
                        const Port_Settings& settings)
-    : app_(app), frame_(frame), simulator_([this] { return openTemplate(); },
-                                           Qt_Simulator::programIn(QString::fromStdString(programFolder))),
-      windows_(&frame.window(), simulator_,
+    : app_(app), mainForm_(mainForm),
+      simulator_([this] { return openTemplate(); },
+                 Qt_Simulator::programIn(QString::fromStdString(programFolder))),
+      windows_(&mainForm.window(), simulator_,
                {[this](const Port_Settings& chosen) { storePortSettings(app_.settings, chosen); },
                 [this] { return testRegister(); },
                 [this](const QString& prompt, int style, const QString& title) {
-                    return frame_.ask(prompt, style, title);
+                    return mainForm_.ask(prompt, style, title);
                 }}),
-      link_(settings, frame, &windows_, &simulator_) {
+      link_(settings, mainForm, &windows_, &simulator_) {
     windows_.attach(link_.link(), link_.finder(), link_.clock());
 }
 
@@ -34,33 +35,33 @@ std::int32_t Line_Parts::testRegister() const {
 /// Transfers disable the form and enable it again; how one ended is settled when the events after it are
 /// served.
 void Line_Parts::connect(const Form_Parts& parts, Transfer_Status_Window::Print_Log printLog) {
-    status_.emplace(app_.grids.comm, &frame_.window(),
+    status_.emplace(app_.grids.comm, &mainForm_.window(),
                     Transfer_Status_Hooks{
                         [this](const QString& prompt, int style, const QString& title) {
-                            return frame_.ask(prompt, style, title);
+                            return mainForm_.ask(prompt, style, title);
                         },
                         std::move(printLog),
                         [&edge = parts.edge](const std::function<void()>& handler) { edge.run(handler); }});
-    frame_.extras.showFrmStatus = [this](bool isUpload) { status_->PRO_Muestra_Status(isUpload); };
-    frame_.extras.unloadFrmStatus = [this] { status_->unload(); };
-    frame_.extras.formEnabledSet = [this] {
-        enableReport(frame_.window().formEnabled());
+    mainForm_.extras.showFrmStatus = [this](bool isUpload) { status_->PRO_Muestra_Status(isUpload); };
+    mainForm_.extras.unloadFrmStatus = [this] { status_->unload(); };
+    mainForm_.extras.formEnabledSet = [this] {
+        enableReport(mainForm_.window().formEnabled());
         QMetaObject::invokeMethod(
-            &frame_.window().StatusBar1(), [this] { showLogButton(); }, Qt::QueuedConnection);
+            &mainForm_.window().StatusBar1(), [this] { showLogButton(); }, Qt::QueuedConnection);
     };
-    frame_.window().StatusBar1().logChosen = [this, &edge = parts.edge] {
-        edge.run([this] { frame_.showFrmStatus(app_.form().Transfer_Was_Upload); });
+    mainForm_.window().StatusBar1().logChosen = [this, &edge = parts.edge] {
+        edge.run([this] { mainForm_.showFrmStatus(app_.form().Transfer_Was_Upload); });
     };
 }
 
 /// Its Connect and Retry would cut into a transfer.
 void Line_Parts::enableReport(bool enabled) {
-    frame_.window().StatusBar1().setLogEnabled(enabled);
+    mainForm_.window().StatusBar1().setLogEnabled(enabled);
     status_->setEnabled(enabled);
 }
 
 void Line_Parts::showLogButton() {
-    frame_.window().StatusBar1().setLogOffered(transferLogOffered(app_.form()));
+    mainForm_.window().StatusBar1().setLogOffered(transferLogOffered(app_.form()));
 }
 
 } // namespace zorvane

@@ -15,9 +15,9 @@ namespace zorvane {
 /// of a transfer.
 class Line_Parts {
   public:
-    /// `app` and `frame` must outlive it; `app` isn't read before `connect`. `programFolder` is where the
+    /// `app` and `mainForm` must outlive it; `app` isn't read before `connect`. `programFolder` is where the
     /// simulated controller lies, UTF-8.
-    Line_Parts(const App_Context& app, Window_Frame& frame, const std::string& programFolder,
+    Line_Parts(const App_Context& app, Window_Form& mainForm, const std::string& programFolder,
                const Port_Settings& settings);
     Line_Parts(const Line_Parts&) = delete;
     Line_Parts& operator=(const Line_Parts&) = delete;
@@ -38,7 +38,7 @@ class Line_Parts {
     void showLogButton();
 
     const App_Context& app_;
-    Window_Frame& frame_;
+    Window_Form& mainForm_;
     Qt_Simulator simulator_;
     Line_Windows windows_;
     Qt_Link link_;

@@ -77,7 +77,7 @@ TEST_F(Window_Line, AfterAFailedUploadThePanelKeepsItsTextAndTheLogIsOffered) {
     EXPECT_EQ(panel(4), "Error. The controller does not respond.");
     EXPECT_TRUE(logButton().isHidden()); // a port that isn't there has no exchanges
     program->app().form().Transfer_Errors.resize(1);
-    program->frame().setFormEnabled(true);
+    program->mainForm().setFormEnabled(true);
     QApplication::processEvents();
     EXPECT_TRUE(logButton().isVisible());
     EXPECT_EQ(panel(4), "Error. The controller does not respond.");
@@ -110,11 +110,11 @@ TEST_F(Window_Line, TheLogTakesNoInputDuringATransfer) {
 TEST_F(Window_Line, TheReportOfATransferTakesNoInputWhileTheFormTakesNone) {
     program->app().form().Transfer_Errors.resize(1);
     Frm_Status& form = program->line().status().PRO_Muestra_Status(true);
-    program->frame().setFormEnabled(false);
+    program->mainForm().setFormEnabled(false);
     QApplication::processEvents();
     EXPECT_FALSE(form.isEnabled()) << "its Connect and Retry would cut into a transfer";
     EXPECT_FALSE(logButton().isEnabled());
-    program->frame().setFormEnabled(true);
+    program->mainForm().setFormEnabled(true);
     QApplication::processEvents();
     EXPECT_TRUE(form.isEnabled());
     EXPECT_TRUE(logButton().isEnabled());

@@ -30,18 +30,18 @@ void tellCutMessage(Message_Bar& bar, const QString& text) {
 
 } // namespace
 
-void connectMessageBar(Window_Frame& frame, Event_Edge& edge) {
-    Message_Bar_View& view = frame.window().messageBar();
-    frame.messageBar().changed = [&frame, &view, &edge] {
+void connectMessageBar(Window_Form& mainForm, Event_Edge& edge) {
+    Message_Bar_View& view = mainForm.window().messageBar();
+    mainForm.messageBar().changed = [&mainForm, &view, &edge] {
         std::vector<Shown_Line> lines;
-        for (const Bar_Line& line : frame.messageBar().lines())
+        for (const Bar_Line& line : mainForm.messageBar().lines())
             lines.push_back(shownLine(line, edge));
         view.setLines(lines);
     };
-    frame.window().StatusBar1().messageCut = [&frame](const QString& text) {
-        tellCutMessage(frame.messageBar(), text);
+    mainForm.window().StatusBar1().messageCut = [&mainForm](const QString& text) {
+        tellCutMessage(mainForm.messageBar(), text);
     };
-    view.onClose = [&frame](const QString& topic) { frame.messageBar().withdraw(topic.toStdString()); };
+    view.onClose = [&mainForm](const QString& topic) { mainForm.messageBar().withdraw(topic.toStdString()); };
 }
 
 } // namespace zorvane

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/window/window_frame.h"
+#include "app/window/window_form.h"
 
 namespace zorvane {
 
-/// Shows the lines of the frame's message bar in its window, and gives their buttons what they do. Both
-/// outlive the frame's last line.
-void connectMessageBar(Window_Frame& frame, Event_Edge& edge);
+/// Shows the lines of the main form's message bar in its window, and gives their buttons what they do. Both
+/// outlive the main form's last line.
+void connectMessageBar(Window_Form& mainForm, Event_Edge& edge);
 
 } // namespace zorvane

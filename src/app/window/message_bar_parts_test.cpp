@@ -11,7 +11,7 @@ namespace zorvane {
 namespace {
 
 struct Message_Bar_Parts : doubles::Program_Fixture {
-    [[nodiscard]] Bar_Lines& bar() const { return program->frame().messageBar(); }
+    [[nodiscard]] Bar_Lines& bar() const { return program->mainForm().messageBar(); }
     [[nodiscard]] Message_Bar_View& view() const { return program->window().messageBar(); }
     template <class Widget> Widget& named(const char* name) {
         QApplication::processEvents();
@@ -139,7 +139,7 @@ TEST_F(Message_Bar_Parts, open_as_text_hands_the_file_to_the_desktop) {
 TEST_F(Message_Bar_Parts, a_text_without_room_in_panel_4_stands_in_the_bar) {
     putModels();
     startWith("app/EXAMPLE.KVRT207D");
-    program->frame().setPanel(Panel::Message, "READ ONLY FILE. Can't modify the value.");
+    program->mainForm().setPanel(Panel::Message, "READ ONLY FILE. Can't modify the value.");
     EXPECT_FALSE(view().isVisible()) << "it may be gone in a moment";
     ASSERT_TRUE(QTest::qWaitFor([&] { return view().isVisible(); }));
     EXPECT_EQ(named<QLabel>("BAR_1_Text").text(), "READ ONLY FILE. Can't modify the value.");
@@ -149,7 +149,7 @@ TEST_F(Message_Bar_Parts, a_text_without_room_in_panel_4_stands_in_the_bar) {
     EXPECT_FALSE(view().isVisible());
     program->window().resize(456, 450);
     ASSERT_TRUE(QTest::qWaitFor([&] { return view().isVisible(); }));
-    program->frame().setPanel(Panel::Message, "");
+    program->mainForm().setPanel(Panel::Message, "");
     EXPECT_FALSE(view().isVisible());
 }
 

@@ -1,6 +1,6 @@
 #include "app/window/recover_form.h"
 
-#include "app/window/window_frame.h"
+#include "app/window/window_form.h"
 #include "template/services/asker.h"
 #include "ui/base/text.h"
 

@@ -56,8 +56,8 @@ Report_Rectangle reportRectangle(const Twips_Rect& place) {
 
 } // namespace
 
-Report_Parts::Report_Parts(const App_Context& app, Window_Frame& frame, Event_Edge& edge)
-    : app_(app), frame_(frame), edge_(edge),
+Report_Parts::Report_Parts(const App_Context& app, Window_Form& mainForm, Event_Edge& edge)
+    : app_(app), mainForm_(mainForm), edge_(edge),
       busy_(edge,
             [this] {
                 const std::string file = app_.applicationFolder + folderSeparator + animationFile;
@@ -65,7 +65,7 @@ Report_Parts::Report_Parts(const App_Context& app, Window_Frame& frame, Event_Ed
             }),
       exportDialog_([this] { return dialogParent(); }), exporters_([this] { return busy_.keepsRunning(); }),
       commands_(app, *this,
-                {metrics_, presentTime, toCore(frame.window().FLX_Configuration().view().font().family()),
+                {metrics_, presentTime, toCore(mainForm.window().FLX_Configuration().view().font().family()),
                  exporters_,
                  [](const std::string& path, const std::string& bytes) {
                      writeByteFile(pathToNative(Native_Files().found(path)), bytes);
@@ -88,8 +88,8 @@ Report_Parts::Report_Parts(const App_Context& app, Window_Frame& frame, Event_Ed
 }
 
 Report_Parts::~Report_Parts() {
-    frame_.extras.closePreviews = nullptr;
-    frame_.extras.restartPreviews = nullptr;
+    mainForm_.extras.closePreviews = nullptr;
+    mainForm_.extras.restartPreviews = nullptr;
     for (const auto& [report, preview] : previews_)
         delete preview.window;
 }
@@ -104,8 +104,8 @@ void Report_Parts::connect(const Form_Parts& parts) {
     onChosen("MNU_PrintPage", [this] { commands_.PRO_Imprime_Pagina(); });
     onChosen("MNU_PrintAll", [this] { commands_.PrintAllPages(); });
     onChosen("MNU_Grid", [this] { MNU_Grid_Click(app_); });
-    frame_.extras.closePreviews = [this] { commands_.PRO_Descarga_Reportes(); };
-    frame_.extras.restartPreviews = [this](double fontSize) { commands_.applyFontSize(fontSize); };
+    mainForm_.extras.closePreviews = [this] { commands_.PRO_Descarga_Reportes(); };
+    mainForm_.extras.restartPreviews = [this](double fontSize) { commands_.applyFontSize(fontSize); };
 }
 
 void Report_Parts::run(const std::function<void()>& handler) {
@@ -116,7 +116,7 @@ QWidget* Report_Parts::dialogParent() const {
     if (QApplication::activeModalWidget() == nullptr)
         for (const auto& [report, preview] : previews_)
             if (preview.window && preview.window->isActiveWindow()) return preview.window;
-    return frame_.dialogParent();
+    return mainForm_.dialogParent();
 }
 
 Preview_Window* Report_Parts::window(const MainRepKVRT* report) const {
@@ -146,7 +146,7 @@ void Report_Parts::makeWindow(MainRepKVRT& report, int zoom) {
     previews_[&report] = {made, nullptr};
     const Report_Rectangle& wanted = report.Window;
     const Window_Rectangle place =
-        reachable({wanted.Top, wanted.Left, wanted.Width, wanted.Height}, frame_.screen());
+        reachable({wanted.Top, wanted.Left, wanted.Width, wanted.Height}, mainForm_.screen());
     made->setPlace({place.left, place.top, place.width, place.height});
     made->view().setZoom(zoom);
     made->events.toolClicked = [this, &report](int index) {
@@ -248,7 +248,7 @@ void Report_Parts::printPages(ActiveReport& report, const QString& title, int sh
     busy_.show();
     const Print_Outcome outcome = print(printer, pages, shown, [this] { return busy_.keepsRunning(); });
     busy_.end();
-    if (outcome == Print_Outcome::Failed) frame_.Msgb_Show(cannotPrint, Msgb_Critical, applicationTitle);
+    if (outcome == Print_Outcome::Failed) mainForm_.Msgb_Show(cannotPrint, Msgb_Critical, applicationTitle);
 }
 
 } // namespace zorvane

@@ -35,15 +35,15 @@ struct Report_Prompts {
 
 /// The windows of the reports: previews, page set-up, printing, the busy form; and the commands that use
 /// them.
-class Report_Parts final : private Print_Frame {
+class Report_Parts final : private Print_Form {
   public:
     /// All three outlive it.
-    Report_Parts(const App_Context& app, Window_Frame& frame, Event_Edge& edge);
+    Report_Parts(const App_Context& app, Window_Form& mainForm, Event_Edge& edge);
     ~Report_Parts() override;
 
     Report_Prompts prompts;
 
-    /// Gives the report entries of the menu, and what the frame is asked about previews, to the commands.
+    /// Gives the report entries of the menu, and what the main form is asked about previews, to the commands.
     void connect(const Form_Parts& parts);
 
     /// "&Print Log..." of the transfer status form: the whole log, whatever is selected in it.
@@ -85,7 +85,7 @@ class Report_Parts final : private Print_Frame {
     [[nodiscard]] QWidget* dialogParent() const;
 
     const App_Context& app_;
-    Window_Frame& frame_;
+    Window_Form& mainForm_;
     Event_Edge& edge_;
     Busy_Run busy_;
     Window_Dialog exportDialog_;

@@ -230,7 +230,7 @@ TEST_F(Window_Reports, RefreshShowsNewValuesOnThePageShown) {
 TEST_F(Window_Reports, AFontSizeOfTheWindowReachesThePreviews) {
     startReports();
     choose("MNU_PrintAll");
-    program->frame().restartPreviews(12);
+    program->mainForm().restartPreviews(12);
     EXPECT_EQ(commands().PrintAll()->FontSize, 12);
     EXPECT_EQ(stored("Settings", "FontSize"), "");
 }
@@ -366,7 +366,7 @@ TEST_F(Window_Reports, AnExportThatFailsKeepsTheOldFileAndIsToldByTheBar) {
             exportTo(name, index);
         }
         EXPECT_EQ(text(name), "old");
-        const Bar_Line* told = program->frame().messageBar().find("export");
+        const Bar_Line* told = program->mainForm().messageBar().find("export");
         ASSERT_NE(told, nullptr);
         EXPECT_EQ(told->kind, Bar_Kind::Warning);
         EXPECT_EQ(told->text, "The report was not exported to " + path(name) +
@@ -383,7 +383,7 @@ TEST_F(Window_Reports, TheBarOpensTheFolderOfAnExport) {
     reports().prompts.openFolder = [&shown](const QString& folder) { shown = folder; };
     choose("MNU_PrintAll");
     exportTo("a.txt", 4);
-    const Bar_Line* told = program->frame().messageBar().find("export");
+    const Bar_Line* told = program->mainForm().messageBar().find("export");
     ASSERT_NE(told, nullptr);
     EXPECT_EQ(told->text, "The report was exported to " + path("a.txt"));
     ASSERT_EQ(told->buttons.size(), 1U);

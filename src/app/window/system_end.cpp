@@ -1,6 +1,6 @@
 #include "app/window/system_end.h"
 
-#include "app/frame_life.h"
+#include "app/form_life.h"
 
 namespace zorvane {
 
@@ -10,8 +10,8 @@ constexpr int lookEveryMs = 20;
 
 } // namespace
 
-System_End::System_End(const App_Context& app, Window_Frame& frame, Event_Edge& edge)
-    : app_(app), frame_(frame), edge_(edge) {
+System_End::System_End(const App_Context& app, Window_Form& mainForm, Event_Edge& edge)
+    : app_(app), mainForm_(mainForm), edge_(edge) {
     timer_.setInterval(lookEveryMs);
     QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { edge_.run([this] { look(); }); });
 }
@@ -20,7 +20,7 @@ void System_End::begin() {
     edge_.run([this] {
         if (timer_.isActive()) return Form_Unload(app_);
         prepareSystemEnd(app_);
-        frame_.endQuestions();
+        mainForm_.endQuestions();
         since_.start();
         timer_.start();
         look();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/form/app_context.h"
-#include "app/window/window_frame.h"
+#include "app/window/window_form.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -12,7 +12,7 @@ namespace zorvane {
 class System_End {
   public:
     /// All of it outlives this.
-    System_End(const App_Context& app, Window_Frame& frame, Event_Edge& edge);
+    System_End(const App_Context& app, Window_Form& mainForm, Event_Edge& edge);
 
     /// Keeps the changes of the document, gives up a transfer, and ends the program as soon as the transfer
     /// has taken notice of that; after `patienceMs` or at a second call without it.
@@ -25,7 +25,7 @@ class System_End {
     void look();
 
     const App_Context& app_;
-    Window_Frame& frame_;
+    Window_Form& mainForm_;
     Event_Edge& edge_;
     QTimer timer_;
     QElapsedTimer since_;

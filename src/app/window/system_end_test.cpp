@@ -57,7 +57,7 @@ TEST_F(System_End_Test, ChangesAreKeptAndNobodyIsAsked) {
     type(1, 1, "1077");
     program->endBySystem();
     EXPECT_TRUE(program->edge().ended());
-    EXPECT_EQ(program->frame().exitCode(), 0);
+    EXPECT_EQ(program->mainForm().exitCode(), 0);
     EXPECT_THAT(messages, IsEmpty());
     EXPECT_THAT(copiesBecause(), ElementsAre("ended by the system"));
 }
@@ -92,7 +92,7 @@ TEST_F(System_End_Test, ADownloadIsCancelledFirst) {
 
 TEST_F(System_End_Test, AnOpenQuestionGoesUnanswered) {
     connectSlowController();
-    program->frame().ask = [this](const QString& prompt, int style, const QString& title) {
+    program->mainForm().ask = [this](const QString& prompt, int style, const QString& title) {
         return Msgb_Show(&program->window(), prompt, style, title);
     };
     choose("MNU_Upload");

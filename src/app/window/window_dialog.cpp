@@ -10,8 +10,8 @@
 
 namespace zorvane {
 
-Common_Dialog Window_Dialog::prepared() const {
-    Common_Dialog shown;
+File_Dialog Window_Dialog::prepared() const {
+    File_Dialog shown;
     shown.FileName = QFile::decodeName(QByteArray::fromStdString(pathToNative(FileName)));
     shown.DialogTitle = fromCore(DialogTitle);
     shown.Filter = QString::fromStdString(pathToNative(Filter));
@@ -21,7 +21,7 @@ Common_Dialog Window_Dialog::prepared() const {
     return shown;
 }
 
-void Window_Dialog::take(const Common_Dialog& shown, bool chosen) {
+void Window_Dialog::take(const File_Dialog& shown, bool chosen) {
     if (!chosen) {
         if (CancelError) throw Run_Time_Failure(dialogCancelled, "Cancel was selected.");
         return;
@@ -33,7 +33,7 @@ void Window_Dialog::take(const Common_Dialog& shown, bool chosen) {
 
 /// The box for read-only starts without a tick: one for the last file says nothing of the next.
 void Window_Dialog::ShowOpen() {
-    Common_Dialog shown = prepared();
+    File_Dialog shown = prepared();
     shown.Flags = Flags & ~(Dialog_HideReadOnly | Dialog_ReadOnly);
     const bool chosen = shown.ShowOpen(parent_());
     if (chosen) Flags = shown.Flags;
@@ -41,7 +41,7 @@ void Window_Dialog::ShowOpen() {
 }
 
 void Window_Dialog::ShowSave() {
-    Common_Dialog shown = prepared();
+    File_Dialog shown = prepared();
     shown.Flags = Flags;
     const std::vector<Dialog_Filter> types = dialogFilters(shown.Filter);
     if (!types.empty()) shown.DefaultExt = firstExtension(types.front());

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/form/common_dialog.h"
-#include "ui/base/common_dialog.h"
+#include "ui/base/file_dialog.h"
 
 #include <QWidget>
 
@@ -25,8 +25,8 @@ class Window_Dialog final : public CommonDialog {
     std::function<bool(QFileDialog& dialog)> run;
 
   private:
-    [[nodiscard]] Common_Dialog prepared() const;
-    void take(const Common_Dialog& shown, bool chosen);
+    [[nodiscard]] File_Dialog prepared() const;
+    void take(const File_Dialog& shown, bool chosen);
 
     std::function<QWidget*()> parent_;
     QString lastFolder_;

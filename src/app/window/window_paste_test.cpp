@@ -27,11 +27,11 @@ TEST_F(Window_Paste, APastedBlockIsRefusedInTheMessageBar) {
     focus(lower());
     QTest::keyClick(&lower().view(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(lower().TextMatrix(1, 1), before);
-    ASSERT_NE(program->frame().messageBar().find("refused input"), nullptr);
-    EXPECT_THAT(program->frame().messageBar().find("refused input")->text,
+    ASSERT_NE(program->mainForm().messageBar().find("refused input"), nullptr);
+    EXPECT_THAT(program->mainForm().messageBar().find("refused input")->text,
                 HasSubstr("The clipboard holds several cells or lines"));
     type(1, 1, "1100");
-    EXPECT_EQ(program->frame().messageBar().find("refused input"), nullptr);
+    EXPECT_EQ(program->mainForm().messageBar().find("refused input"), nullptr);
 }
 
 } // namespace

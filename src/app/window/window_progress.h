@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/main_form/frame.h"
+#include "comm/main_form/main_form.h"
 #include "ui/forms/porcentaje.h"
 
 #include <cstdint>

@@ -166,7 +166,7 @@ TEST_F(Window_Transfer, TheLinesOfATransferGoToTheTestForm) {
     connectController();
     choose("MNU_Upload");
     ASSERT_TRUE(waitForPanel(2, "Online"));
-    const std::string lines = program->frame().FrmDebug().EDT_Prueba().toPlainText().toStdString();
+    const std::string lines = program->mainForm().FrmDebug().EDT_Prueba().toPlainText().toStdString();
     EXPECT_THAT(lines, testing::StartsWith("Tx: 01 03"));
     EXPECT_THAT(lines, testing::EndsWith("\n")) << "the last line, too, has its end";
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/main_form/frame.h"
+#include "comm/main_form/main_form.h"
 #include "comm/main_form/main_form_state.h"
 #include "comm/modbus_control/modbus_control.h"
 #include "comm/modbus_control/register_image.h"
@@ -13,7 +13,7 @@ struct Comm_Context {
     Declara_Zorvane& document;
     Main_Form_State& form;
     modbus_control& link;
-    Frame& frame;
+    Main_Form& mainForm;
 
     [[nodiscard]] Register_Image image() const { return Register_Image(link, form.Unit_Id); }
 };

@@ -11,7 +11,7 @@ void showSlaveNumber(const Comm_Context& comm) {
     const std::string number = comm.link.SlaveNumber();
     if (!(Val(number) > 0)) return;
     const std::string text = "RTU: " + std::string(trimBlanks(number));
-    if (text != trimBlanks(comm.frame.panel(Panel::Unit))) comm.frame.setPanel(Panel::Unit, text);
+    if (text != trimBlanks(comm.mainForm.panel(Panel::Unit))) comm.mainForm.setPanel(Panel::Unit, text);
 }
 
 /// One register on the first port, for trying a line out.
@@ -21,12 +21,12 @@ void startBench(const Comm_Context& comm) {
     comm.link.AddHoldingBlock(1, 5, 5, true, 1);
     comm.link.PrepareScan();
     comm.link.OpenPort();
-    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, true);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, true);
 }
 
 void askEnd(const Comm_Context& comm, const Toolbar_Actions& actions) {
     const int answer =
-        comm.frame.Msgb_Show("Are you sure?", Msgb_Question + Msgb_YesNoCancel, applicationTitle);
+        comm.mainForm.Msgb_Show("Are you sure?", Msgb_Question + Msgb_YesNoCancel, applicationTitle);
     if (answer == Msgb_Code_Yes) actions.endProgram();
 }
 
@@ -53,11 +53,11 @@ void separador4_Click(const Comm_Context& comm) {
 void MNU_Port_Settings_Click(const Comm_Context& comm) { comm.link.ShowPortSettings(true); }
 
 void TMR_Verifica_monitor_Timer(const Comm_Context& comm) {
-    comm.frame.setTimerEnabled(Timer_Name::TMR_Verifica_monitor, false);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Verifica_monitor, false);
     const bool onScreen = comm.link.MonitorLoaded() && comm.link.MonitorVisible();
-    comm.frame.setMenuEnabled(Menu_Entry::separador4, !onScreen);
+    comm.mainForm.setMenuEnabled(Menu_Entry::separador4, !onScreen);
     showSlaveNumber(comm);
-    comm.frame.setTimerEnabled(Timer_Name::TMR_Verifica_monitor, true);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Verifica_monitor, true);
 }
 
 void PRO_Toolbar_Boton(const Comm_Context& comm, const Toolbar_Actions& actions, int button) {

@@ -72,15 +72,15 @@ TEST_F(Monitor, SlaveNumberStandsInPanel3OnceItChanges) {
 TEST_F(Monitor, SlaveNumbersBeginAt1) {
     link.slaveNumber = "1";
     tick();
-    EXPECT_EQ(frame.panel(Panel::Unit), "RTU: 1");
+    EXPECT_EQ(mainForm.panel(Panel::Unit), "RTU: 1");
 }
 
 TEST_F(Monitor, SlaveNumberOfZeroOrNoneLeavesThePanel) {
-    frame.setPanel(Panel::Unit, "RTU: 3");
+    mainForm.setPanel(Panel::Unit, "RTU: 3");
     for (const char* number : {"0", "", "none"}) {
         link.slaveNumber = number;
         tick();
-        EXPECT_EQ(frame.panel(Panel::Unit), "RTU: 3") << number;
+        EXPECT_EQ(mainForm.panel(Panel::Unit), "RTU: 3") << number;
     }
 }
 
@@ -101,7 +101,7 @@ TEST_F(Monitor, BenchButtons) {
 }
 
 TEST_F(Monitor, BenchEndAsksFirst) {
-    frame.answers = {Msgb_Code_Yes, Msgb_Code_No, Msgb_Code_Cancel};
+    mainForm.answers = {Msgb_Code_Yes, Msgb_Code_No, Msgb_Code_Cancel};
     EXPECT_THAT(press(10), ElementsAre("Msgb 35 \"Zorvane\": \"Are you sure?\"", "program ends"));
     EXPECT_THAT(press(10), ElementsAre("Msgb 35 \"Zorvane\": \"Are you sure?\""));
     EXPECT_THAT(press(10), ElementsAre("Msgb 35 \"Zorvane\": \"Are you sure?\""));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/main_form/frame.h"
+#include "comm/main_form/main_form.h"
 
 namespace zorvane {
 
@@ -11,10 +11,10 @@ inline void advanceProgress(Progress_Form& progress) {
 
 /// The controller was silent: the progress form stays open with its Ok button, and the main form is free
 /// again.
-inline void showNoResponse(Frame& frame) {
-    frame.setFormEnabled(true);
-    frame.setPanel(Panel::LinkState, "Offline");
-    frame.setPanel(Panel::Message, "Error. The controller does not respond.");
+inline void showNoResponse(Main_Form& mainForm) {
+    mainForm.setFormEnabled(true);
+    mainForm.setPanel(Panel::LinkState, "Offline");
+    mainForm.setPanel(Panel::Message, "Error. The controller does not respond.");
 }
 
 } // namespace zorvane

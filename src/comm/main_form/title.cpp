@@ -4,24 +4,24 @@
 
 namespace zorvane {
 
-void PRO_Titulo_Modificado(const Declara_Zorvane& document, Main_Form_State& form, Frame& frame) {
+void PRO_Titulo_Modificado(const Declara_Zorvane& document, Main_Form_State& form, Main_Form& mainForm) {
     form.Dirty = true;
-    refreshTitle(document, form, frame);
+    refreshTitle(document, form, mainForm);
 }
 
-void PRO_Titulo_Limpio(const Declara_Zorvane& document, Main_Form_State& form, Frame& frame) {
+void PRO_Titulo_Limpio(const Declara_Zorvane& document, Main_Form_State& form, Main_Form& mainForm) {
     form.Dirty = false;
-    refreshTitle(document, form, frame);
+    refreshTitle(document, form, mainForm);
 }
 
-void refreshTitle(const Declara_Zorvane& document, const Main_Form_State& form, Frame& frame) {
+void refreshTitle(const Declara_Zorvane& document, const Main_Form_State& form, Main_Form& mainForm) {
     const std::string name = lowerCase(document.File_Stem) + "." + lowerCase(document.File_Extension);
-    frame.setCaption((form.Dirty ? "* " : "") + name + " - Zorvane");
+    mainForm.setCaption((form.Dirty ? "* " : "") + name + " - Zorvane");
 }
 
-void applySaveRule(const Declara_Zorvane& document, Frame& frame) {
-    frame.setMenuEnabled(Menu_Entry::MNU_Save,
-                         upperCase(document.File_Stem) != "DEFAULT" && !document.No_Place);
+void applySaveRule(const Declara_Zorvane& document, Main_Form& mainForm) {
+    mainForm.setMenuEnabled(Menu_Entry::MNU_Save,
+                            upperCase(document.File_Stem) != "DEFAULT" && !document.No_Place);
 }
 
 } // namespace zorvane

@@ -17,21 +17,21 @@ struct Title : ::testing::Test, doubles::Comm_Bench {
 };
 
 TEST_F(Title, NamesTheFileInSmallLettersWithAStarOnceItDiffers) {
-    PRO_Titulo_Modificado(document, form, frame);
+    PRO_Titulo_Modificado(document, form, mainForm);
     EXPECT_TRUE(form.Dirty);
-    PRO_Titulo_Limpio(document, form, frame);
+    PRO_Titulo_Limpio(document, form, mainForm);
     EXPECT_FALSE(form.Dirty);
     EXPECT_THAT(journal.lines(),
                 ElementsAre("caption = \"* site7.abc - Zorvane\"", "caption = \"site7.abc - Zorvane\""));
 }
 
 TEST_F(Title, TheFactoryFileAndADocumentWithoutAPlaceCannotBeSaved) {
-    applySaveRule(document, frame);
+    applySaveRule(document, mainForm);
     document.File_Stem = "Default";
-    applySaveRule(document, frame);
+    applySaveRule(document, mainForm);
     document.File_Stem = "SITE7";
     document.No_Place = true;
-    applySaveRule(document, frame);
+    applySaveRule(document, mainForm);
     EXPECT_THAT(journal.lines(), ElementsAre("MNU_Save enabled", "MNU_Save disabled", "MNU_Save disabled"));
 }
 

@@ -9,9 +9,9 @@ void PRO_Verifica_Cancelar(const Comm_Context& comm, bool isUpload, bool& cancel
     if (!comm.form.Cancel_Requested) return;
     comm.form.Comm_Active = false;
     MNU_Disconnect_Click(comm);
-    comm.frame.Porcentaje().unload();
-    comm.frame.setPanel(Panel::Message, isUpload ? "Upload cancelled..." : "Download cancelled...");
-    comm.frame.setFormEnabled(true);
+    comm.mainForm.Porcentaje().unload();
+    comm.mainForm.setPanel(Panel::Message, isUpload ? "Upload cancelled..." : "Download cancelled...");
+    comm.mainForm.setFormEnabled(true);
     cancelled = true;
 }
 
@@ -22,14 +22,14 @@ void dropTransfer(const Comm_Context& comm) {
     comm.link.StopScan();
     comm.link.ClosePort();
     comm.link.EndSession();
-    comm.frame.Porcentaje().unload();
-    comm.frame.setFormEnabled(true);
+    comm.mainForm.Porcentaje().unload();
+    comm.mainForm.setFormEnabled(true);
 }
 
 void BOT_Cancel_Click(const Comm_Context& comm) {
     comm.link.PauseScan();
-    const int answer = comm.frame.Msgb_Show("The transfer is not complete. Do you want to abort anyway?",
-                                            Msgb_Question + Msgb_YesNo, applicationTitle);
+    const int answer = comm.mainForm.Msgb_Show("The transfer is not complete. Do you want to abort anyway?",
+                                               Msgb_Question + Msgb_YesNo, applicationTitle);
     if (answer == Msgb_Code_Yes) comm.form.Cancel_Requested = true;
     comm.link.ResumeScan();
 }

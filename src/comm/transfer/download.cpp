@@ -21,7 +21,7 @@ const std::string downloading = "Transferring data to controller...";
 /// Rows to walk: those of each modifiable column.
 std::int32_t cellCount(const Comm_Context& comm) {
     double total = 0;
-    const std::int32_t rows = comm.frame.grids().configurationRows();
+    const std::int32_t rows = comm.mainForm.grids().configurationRows();
     for (std::int32_t f = 1; f < rows; ++f) {
         const Field_Rec& field = comm.document.Fields(f);
         const Cell_Table& cells = field.Cells;
@@ -40,16 +40,16 @@ void prepare(const Comm_Context& comm) {
 }
 
 void showDownloading(const Comm_Context& comm) {
-    Frame& frame = comm.frame;
-    frame.setPanel(Panel::Message, downloading);
-    frame.setPanel(Panel::Tx, "");
-    frame.setPanel(Panel::Rx, "");
+    Main_Form& mainForm = comm.mainForm;
+    mainForm.setPanel(Panel::Message, downloading);
+    mainForm.setPanel(Panel::Tx, "");
+    mainForm.setPanel(Panel::Rx, "");
     const std::int32_t total = cellCount(comm);
     comm.form.Last_Download = {};
     comm.form.Last_Download.values = total;
-    frame.setFormEnabled(false);
-    frame.setPanel(Panel::LinkState, "Download");
-    Progress_Form& progress = frame.Porcentaje();
+    mainForm.setFormEnabled(false);
+    mainForm.setPanel(Panel::LinkState, "Download");
+    Progress_Form& progress = mainForm.Porcentaje();
     progress.setRange(total);
     progress.setLabel(downloading);
     progress.show();
@@ -65,14 +65,14 @@ void finish(const Comm_Context& comm, const Document_Mark& document) {
     comm.form.Download_Active = false;
     comm.link.StopScan();
     comm.link.ClosePort();
-    comm.frame.wait_ms(farewellMs);
+    comm.mainForm.wait_ms(farewellMs);
     if (!document.holds()) return drop(comm);
-    comm.frame.Porcentaje().unload();
-    comm.frame.setPanel(Panel::Message, "Ready");
+    comm.mainForm.Porcentaje().unload();
+    comm.mainForm.setPanel(Panel::Message, "Ready");
     tellDownloadEnd(comm, Download_End::Finished);
-    comm.frame.setFormEnabled(true);
+    comm.mainForm.setFormEnabled(true);
     if (!comm.form.Transfer_Errors.empty() || comm.document.Always_Block_Count < 1) {
-        setTransferMenus(comm.frame, true);
+        setTransferMenus(comm.mainForm, true);
         return;
     }
     comm.link.StartScan();
@@ -86,15 +86,15 @@ void lose(const Comm_Context& comm) {
     comm.form.Download_Active = false;
     comm.link.StopScan();
     comm.link.ClosePort();
-    comm.frame.Porcentaje().setLabel("Error. The controller does not respond.");
-    comm.frame.Porcentaje().Deshabilita_Cancelar();
-    showNoResponse(comm.frame);
+    comm.mainForm.Porcentaje().setLabel("Error. The controller does not respond.");
+    comm.mainForm.Porcentaje().Deshabilita_Cancelar();
+    showNoResponse(comm.mainForm);
     tellDownloadEnd(comm, Download_End::Lost);
 }
 
 void stopCancelled(const Comm_Context& comm) {
     comm.form.Download_Active = false;
-    comm.frame.setFormEnabled(true);
+    comm.mainForm.setFormEnabled(true);
     tellDownloadEnd(comm, Download_End::Cancelled);
 }
 
@@ -102,7 +102,7 @@ enum class Walk_End { Finished, Lost, Cancelled, Document_Gone };
 
 Walk_End walk(const Comm_Context& comm, const Document_Mark& document) {
     Download_Step step(comm, document);
-    const std::int32_t rows = comm.frame.grids().configurationRows();
+    const std::int32_t rows = comm.mainForm.grids().configurationRows();
     for (std::int32_t f = 1; f < rows; ++f) {
         if (comm.link.CommLost()) return Walk_End::Lost;
         const bool whole =

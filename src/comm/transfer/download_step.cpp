@@ -55,12 +55,12 @@ bool Download_Step::run(const Cell_Place& place) {
     const Cell_Rec& cell = cells(place.row, place.column);
     if (const auto word = negativeWord(definition, cell)) Negative_Word_ = *word;
     if (isNotDownloadable(comm_.document, cell.Address)) {
-        comm_.frame.setPanel(Panel::Message, cell.Address + " ...No Download");
+        comm_.mainForm.setPanel(Panel::Message, cell.Address + " ...No Download");
         ++comm_.form.Last_Download.withoutWrite;
     } else if (!transfer(place, cell)) {
         return false;
     }
-    advanceProgress(comm_.frame.Porcentaje());
+    advanceProgress(comm_.mainForm.Porcentaje());
     return true;
 }
 
@@ -120,7 +120,7 @@ bool Download_Step::awaitWrite(const Cell_Rec& cell) {
             noteExchange(cell, ++tries);
             mark = link.TransactionCount();
         } else {
-            comm_.frame.wait_until([&] {
+            comm_.mainForm.wait_until([&] {
                 return !document_.holds() || !link.WriteBusy() || link.TransactionCount() != mark ||
                        comm_.form.Cancel_Requested;
             });
@@ -138,18 +138,18 @@ void Download_Step::noteExchange(const Cell_Rec& cell, std::int32_t tries) {
 
 void Download_Step::report(const Cell_Rec& cell) {
     modbus_control& link = comm_.link;
-    comm_.frame.setPanel(Panel::Message, writeLine(cell, " ...Completed"));
+    comm_.mainForm.setPanel(Panel::Message, writeLine(cell, " ...Completed"));
     if (!link.WriteFailed()) return;
     const std::string response = link.LastResponse();
     if (response != "BUSY" && !response.empty())
         comm_.form.Transfer_Errors.push_back(
             exchangeRecord(link, cell, "No Response (Exception Response)", 0));
     link.ClearWriteFailed();
-    comm_.frame.setPanel(Panel::Message, writeLine(cell, " ...Failed"));
+    comm_.mainForm.setPanel(Panel::Message, writeLine(cell, " ...Failed"));
 }
 
 Request_Sources Download_Step::sources() const {
-    const Grid_View& grids = comm_.frame.grids();
+    const Grid_View& grids = comm_.mainForm.grids();
     return Request_Sources{comm_.document, comm_.image(), longValue(comm_.link.SlaveNumber()),
                            Grid_Selection{grids.configurationRow(), grids.settingsRow(), grids.settingsCol()},
                            Negative_Word_};

@@ -222,7 +222,7 @@ TEST_F(Download, ColumnsThatAreNotModifiableAreLeftOut) {
     field.Cells(1, 1).Address = "90";
     field.Cells(0, 2).Modifiable = false;
     EXPECT_THAT(walked(), IsEmpty());
-    EXPECT_EQ(frame.progress.maximum(), 0);
+    EXPECT_EQ(mainForm.progress.maximum(), 0);
 }
 
 TEST_F(Download, Column1AndTheLastOneAreWalkedAndTheRowNumbersAreNot) {
@@ -233,7 +233,7 @@ TEST_F(Download, Column1AndTheLastOneAreWalkedAndTheRowNumbersAreNot) {
     MNU_Download_Click(comm);
     EXPECT_THAT(journal.beginningWith("link PresetSingleRegister"),
                 ElementsAre("link PresetSingleRegister 7 101 0", "link PresetSingleRegister 7 102 0"));
-    EXPECT_EQ(frame.progress.maximum(), 4);
+    EXPECT_EQ(mainForm.progress.maximum(), 4);
 }
 
 TEST_F(Download, FieldsThatTheUpperGridDoesNotShowAreLeftOut) {
@@ -245,11 +245,11 @@ TEST_F(Download, FieldsThatTheUpperGridDoesNotShowAreLeftOut) {
     before.Cells.redim(1, 1);
     before.Cells(0, 1).Modifiable = true;
     before.Cells(1, 1).Address = "98";
-    frame.grid.rows = 2;
+    mainForm.grid.rows = 2;
     MNU_Download_Click(comm);
     EXPECT_THAT(journal.beginningWith("link PresetSingleRegister"),
                 ElementsAre("link PresetSingleRegister 7 100 120"));
-    EXPECT_EQ(frame.progress.maximum(), 2);
+    EXPECT_EQ(mainForm.progress.maximum(), 2);
 }
 
 TEST_F(Download, IsNoUpload) {
@@ -263,7 +263,7 @@ TEST_F(Download, ALinkThatIsLostFromTheStartLeavesNoWriteBusy) {
     link.lost = true;
     MNU_Download_Click(comm);
     EXPECT_FALSE(form.Write_Busy);
-    EXPECT_EQ(frame.panel(Panel::Message), "Error. The controller does not respond.");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Error. The controller does not respond.");
 }
 
 TEST_F(Download, WalksFieldByFieldAndColumnByColumn) {
@@ -282,7 +282,7 @@ TEST_F(Download, WalksFieldByFieldAndColumnByColumn) {
                 ElementsAre("link PresetSingleRegister 7 12 0", "link PresetSingleRegister 7 22 0",
                             "link PresetSingleRegister 7 13 0", "link PresetSingleRegister 7 23 0",
                             "link PresetSingleRegister 7 99 0"));
-    EXPECT_EQ(frame.progress.maximum(), 5);
+    EXPECT_EQ(mainForm.progress.maximum(), 5);
 }
 
 TEST_F(Download, BoardFamilyWritesBlocksThatGrowWithEachCell) {
@@ -303,7 +303,7 @@ TEST_F(Download, BoardRegisterInNoBlockEndsTheDownloadWithFailure13) {
     setCell(1, "100", "120");
     setCell(2, "50", "121");
     EXPECT_EQ(failureOfTheCommand(), 13);
-    EXPECT_EQ(frame.panel(Panel::Message), "Write: 120 @100 ...Completed");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Write: 120 @100 ...Completed");
 }
 
 TEST_F(Download, TextWithAnAccentEndsTheDownloadWithFailure6) {
@@ -314,7 +314,7 @@ TEST_F(Download, TextWithAnAccentEndsTheDownloadWithFailure6) {
 }
 
 TEST_F(Download, FieldWithoutATableEndsTheDownloadWithFailure9) {
-    frame.grid.rows = 3;
+    mainForm.grid.rows = 3;
     EXPECT_EQ(failureOfTheCommand(), 9);
 }
 
@@ -358,7 +358,7 @@ TEST_F(Download, NegativeWordOfACellThatIsNotDownloadableCountsToo) {
 TEST_F(Download, CancelDuringAWriteDisconnectsAndEndsTheCommand) {
     setCell(1, "100", "120");
     setCell(2, "101", "121");
-    frame.answers = {Msgb_Code_Yes};
+    mainForm.answers = {Msgb_Code_Yes};
     link.writes = {{{.before = [this] { BOT_Cancel_Click(comm); }}, {}}};
     MNU_Download_Click(comm);
     const auto& lines = journal.lines();
@@ -378,11 +378,11 @@ TEST_F(Download, CancelDuringAWriteDisconnectsAndEndsTheCommand) {
 
 TEST_F(Download, CancelWithNoGoesOn) {
     setCell(1, "100", "120");
-    frame.answers = {Msgb_Code_No};
+    mainForm.answers = {Msgb_Code_No};
     link.writes = {{{.before = [this] { BOT_Cancel_Click(comm); }}}};
     MNU_Download_Click(comm);
-    EXPECT_EQ(frame.panel(Panel::Message), "Ready");
-    EXPECT_EQ(frame.progress.value(), 2);
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Ready");
+    EXPECT_EQ(mainForm.progress.value(), 2);
 }
 
 TEST_F(Download, EmptiesTheRecordsAndTheCancelOfTheLastTransfer) {
@@ -394,7 +394,7 @@ TEST_F(Download, EmptiesTheRecordsAndTheCancelOfTheLastTransfer) {
     MNU_Download_Click(comm);
     EXPECT_THAT(form.Transfer_Errors, IsEmpty());
     EXPECT_THAT(form.Transfer_Log, IsEmpty());
-    EXPECT_EQ(frame.panel(Panel::Message), "Ready");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Ready");
 }
 
 TEST_F(Download, LinesOfItsExchangesReachTheLog) {
@@ -419,12 +419,12 @@ TEST_F(Download, DryRunListsEveryWriteAndBuildsOnTheOnesBefore) {
     second.Cells(1, 2).Address = "102";
     second.Cells(1, 2).Value = "7";
     Dry_Run_Link dry(Dry_Run_Link::Registers{{100, 1}, {101, 65535}});
-    MNU_Download_Click(Comm_Context{document, form, dry, frame});
+    MNU_Download_Click(Comm_Context{document, form, dry, mainForm});
     EXPECT_THAT(dry.writes(),
                 ElementsAre(Planned_Write{16, 100, {65535, 65535, 0}}, Planned_Write{6, 101, {121}},
                             Planned_Write{16, 100, {65535, 121, 7}}));
     EXPECT_THAT(form.Transfer_Errors, IsEmpty());
-    EXPECT_EQ(frame.panel(Panel::Message), "Ready");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Ready");
 }
 
 // A document that goes during a transfer. The window keeps that from happening; nothing is written to it.
@@ -470,7 +470,7 @@ TEST_F(Orphaned_Download, EndsInTheWaitForAText) {
 
 TEST_F(Orphaned_Download, EndsInItsLastSecond) {
     setCell(1, "100", "120");
-    frame.duringPause = [this](std::int32_t) { replaceDocument(); };
+    mainForm.duringPause = [this](std::int32_t) { replaceDocument(); };
     MNU_Download_Click(comm);
     expectDropped();
 }
@@ -488,7 +488,7 @@ TEST_F(Orphaned_Download, EndsThoughTheNextDocumentIsOnline) {
 
 TEST_F(Orphaned_Download, LeavesTheNextDocumentsSessionOpen) {
     setCell(1, "100", "120");
-    frame.duringPause = [this](std::int32_t) {
+    mainForm.duringPause = [this](std::int32_t) {
         replaceDocument();
         form.Online = true;
     };

@@ -76,10 +76,10 @@ TEST_F(Online, LinkThatComesBackClosesTheNoticeAndEmptiesThePanel) {
 TEST_F(Online, PanelThatSomethingElseWroteIsLeftAlone) {
     link.lost = true;
     refreshTick();
-    frame.setPanel(Panel::Message, "Write: 12 @100 ...Completed");
+    mainForm.setPanel(Panel::Message, "Write: 12 @100 ...Completed");
     link.lost = false;
     refreshTick();
-    EXPECT_EQ(frame.panel(Panel::Message), "Write: 12 @100 ...Completed");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Write: 12 @100 ...Completed");
 }
 
 TEST_F(Online, HalvesAreShownWhileTheLinkIsLost) {
@@ -92,7 +92,7 @@ TEST_F(Online, HalvesAreShownWhileTheLinkIsLost) {
 TEST_F(Online, ListCellShowsItsTextAndKeepsItsCode) {
     readMessages(field.Cells(1, 1), "(42)Auto");
     refreshTick();
-    EXPECT_EQ(frame.grid.text(1, 0), "Auto");
+    EXPECT_EQ(mainForm.grid.text(1, 0), "Auto");
     EXPECT_EQ(field.Cells(1, 1).Value, "42");
 }
 
@@ -101,12 +101,12 @@ TEST_F(Online, TextAndTimesAreShownAsInATransfer) {
     field.Cells(1, 1).Address_End = "100";
     link.image[100] = 0x4142;
     refreshTick();
-    EXPECT_EQ(frame.grid.text(1, 0), "AB");
+    EXPECT_EQ(mainForm.grid.text(1, 0), "AB");
     field.Cells(1, 1).Is_Ascii_Range = false;
     field.Cells(1, 1).Format = "TIME";
     link.image[100] = 3725;
     refreshTick();
-    EXPECT_EQ(frame.grid.text(1, 0), "62:05");
+    EXPECT_EQ(mainForm.grid.text(1, 0), "62:05");
 }
 
 TEST_F(Online, CellWithoutARegisterIsLeftAlone) {
@@ -118,7 +118,7 @@ TEST_F(Online, AnotherRowOfTheUpperGridIsShownAtTheNextTick) {
     Field_Rec& second = addField(1, 1);
     second.Cells(0, 1).Modbus_Request = "ALWAYS";
     second.Cells(1, 1).Address = "101";
-    frame.grid.upperRow = 2;
+    mainForm.grid.upperRow = 2;
     EXPECT_THAT(refreshTick(), Contains("FLX_Settings(1,0) = \"43\""));
     EXPECT_EQ(second.Cells(1, 1).Value, "43");
     EXPECT_EQ(field.Cells(1, 1).Value, "");

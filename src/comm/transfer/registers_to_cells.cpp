@@ -41,7 +41,7 @@ template <class Visit> void forEachCell(const Cell_Table& cells, Visit&& visit) 
 } // namespace
 
 void PRO_Aplica_Registros(const Comm_Context& comm, std::int32_t field) {
-    Grid_View& grids = comm.frame.grids();
+    Grid_View& grids = comm.mainForm.grids();
     const Redraw_Pause pause(grids);
     Field_Rec& record = comm.document.Fields(field);
     const Cell_Table& cells = record.Cells;
@@ -58,7 +58,7 @@ void PRO_Aplica_Registros(const Comm_Context& comm, std::int32_t field) {
 
 void PRO_Refresca_Settings(const Comm_Context& comm, std::int32_t row) {
     comm.form.Poll_Request = comm.form.Current_Request;
-    Grid_View& grids = comm.frame.grids();
+    Grid_View& grids = comm.mainForm.grids();
     Field_Rec& record = comm.document.Fields(row);
     const Cell_Table& cells = record.Cells;
     const Register_Image image = comm.image();

@@ -96,14 +96,14 @@ TEST_F(RegistersToCells, ListCellKeepsTheCodeAndTheGridShowsItsText) {
     readMessages(cell, "(0)Off,(1)On");
     cell.Format = "TIME";
     EXPECT_EQ(applied(1), "1");
-    EXPECT_EQ(frame.grid.text(1, 0), "On");
+    EXPECT_EQ(mainForm.grid.text(1, 0), "On");
     EXPECT_EQ(applied(65535), "-1");
-    EXPECT_EQ(frame.grid.text(1, 0), "");
+    EXPECT_EQ(mainForm.grid.text(1, 0), "");
 }
 
 TEST_F(RegistersToCells, ListCellOfAFieldThatIsNotShownLeavesTheGrid) {
     readMessages(cell, "(0)Off,(1)On");
-    frame.grid.upperRow = 2;
+    mainForm.grid.upperRow = 2;
     EXPECT_EQ(applied(1), "1");
     EXPECT_THAT(journal.beginningWith("FLX_Settings("), IsEmpty());
 }
@@ -139,7 +139,7 @@ TEST_F(RegistersToCells, HalfOfAListCellKeepsTheCodeAndTheGridShowsItsText) {
     cell.Address = "100/HI";
     readMessages(cell, "(0)Off,(5)Auto");
     EXPECT_EQ(applied(0x0534), "5");
-    EXPECT_EQ(frame.grid.text(1, 0), "Auto");
+    EXPECT_EQ(mainForm.grid.text(1, 0), "Auto");
 }
 
 TEST_F(RegistersToCells, CellsWithoutARegisterKeepTheirValue) {

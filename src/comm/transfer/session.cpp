@@ -11,26 +11,26 @@ namespace zorvane {
 
 void MNU_Disconnect_Click(const Comm_Context& comm) {
     comm.form.Online = false;
-    comm.frame.setMenuEnabled(Menu_Entry::MNU_Disconnect, false);
-    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
-    comm.frame.setTimerEnabled(Timer_Name::TMR_TxRx, false);
+    comm.mainForm.setMenuEnabled(Menu_Entry::MNU_Disconnect, false);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_TxRx, false);
     comm.link.StopScan();
     comm.link.ClosePort();
-    comm.frame.setPanel(Panel::Tx, "");
-    comm.frame.setPanel(Panel::Rx, "");
-    comm.frame.setPanel(Panel::LinkState, "Offline");
+    comm.mainForm.setPanel(Panel::Tx, "");
+    comm.mainForm.setPanel(Panel::Rx, "");
+    comm.mainForm.setPanel(Panel::LinkState, "Offline");
     comm.link.EndSession();
-    setTransferMenus(comm.frame, true);
+    setTransferMenus(comm.mainForm, true);
 }
 
 void PRO_Fin_Sesion(const Comm_Context& comm) {
     if (!comm.form.Online) return;
     comm.form.Online = false;
-    comm.frame.setMenuEnabled(Menu_Entry::MNU_Disconnect, false);
-    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
+    comm.mainForm.setMenuEnabled(Menu_Entry::MNU_Disconnect, false);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
     comm.link.StopScan();
     comm.link.ClosePort();
-    comm.frame.setPanel(Panel::LinkState, "");
+    comm.mainForm.setPanel(Panel::LinkState, "");
     comm.link.EndSession();
 }
 
@@ -65,12 +65,12 @@ void selectScan(const Comm_Context& comm, const std::string& word) {
 
 void enterOnline(const Comm_Context& comm) {
     forgetPolledGaps(comm);
-    comm.frame.messageBar().withdraw(bar_topic::unmarkedChange); // nothing is put back while online
+    comm.mainForm.messageBar().withdraw(bar_topic::unmarkedChange); // nothing is put back while online
     comm.form.Online = true;
-    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_online, true);
-    comm.frame.setTimerEnabled(Timer_Name::TMR_TxRx, true);
-    comm.frame.setMenuEnabled(Menu_Entry::MNU_Disconnect, true);
-    setTransferMenus(comm.frame, false);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_online, true);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_TxRx, true);
+    comm.mainForm.setMenuEnabled(Menu_Entry::MNU_Disconnect, true);
+    setTransferMenus(comm.mainForm, false);
 }
 
 void goOnline(const Comm_Context& comm) {
@@ -80,9 +80,9 @@ void goOnline(const Comm_Context& comm) {
     enterOnline(comm);
 }
 
-void setTransferMenus(Frame& frame, bool enabled) {
-    frame.setMenuEnabled(Menu_Entry::MNU_Download, enabled);
-    frame.setMenuEnabled(Menu_Entry::MNU_Upload, enabled);
+void setTransferMenus(Main_Form& mainForm, bool enabled) {
+    mainForm.setMenuEnabled(Menu_Entry::MNU_Download, enabled);
+    mainForm.setMenuEnabled(Menu_Entry::MNU_Upload, enabled);
 }
 
 } // namespace zorvane

@@ -30,6 +30,6 @@ void enterOnline(const Comm_Context& comm);
 void goOnline(const Comm_Context& comm);
 
 /// Download and Upload in the menu, which are off while polling.
-void setTransferMenus(Frame& frame, bool enabled);
+void setTransferMenus(Main_Form& mainForm, bool enabled);
 
 } // namespace zorvane

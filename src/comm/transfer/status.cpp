@@ -13,14 +13,14 @@ Transfer_Status transferStatus(const Comm_Context& comm, bool isUpload) {
 }
 
 void Status_Connect(const Comm_Context& comm, std::int16_t /*isUpload*/) {
-    comm.frame.unloadFrmStatus();
+    comm.mainForm.unloadFrmStatus();
     PRO_Limpia_Errores(comm.form);
-    comm.frame.setFormEnabled(true);
+    comm.mainForm.setFormEnabled(true);
     goOnline(comm);
 }
 
 void Status_Retry(const Comm_Context& comm, std::int16_t isUpload) {
-    comm.frame.unloadFrmStatus();
+    comm.mainForm.unloadFrmStatus();
     PRO_Limpia_Errores(comm.form);
     if (isUpload != 0)
         MNU_Upload_Click(comm);
@@ -29,8 +29,8 @@ void Status_Retry(const Comm_Context& comm, std::int16_t isUpload) {
 }
 
 void Status_CancelProg(const Comm_Context& comm, std::int16_t /*isUpload*/) {
-    comm.frame.unloadFrmStatus();
-    comm.frame.setFormEnabled(true);
+    comm.mainForm.unloadFrmStatus();
+    comm.mainForm.setFormEnabled(true);
 }
 
 } // namespace zorvane

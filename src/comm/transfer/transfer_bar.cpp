@@ -21,12 +21,12 @@ constexpr std::size_t mostRanges = 10;
 
 void tell(const Comm_Context& comm, const std::string& topic, Bar_Kind kind, std::string text,
           std::vector<Bar_Button> buttons = {}) {
-    comm.frame.messageBar().tell({topic, kind, std::move(text), std::move(buttons), true});
+    comm.mainForm.messageBar().tell({topic, kind, std::move(text), std::move(buttons), true});
 }
 
 /// The report of the last transfer.
 Bar_Button logButton(const Comm_Context& comm) {
-    return {"Log...", [comm] { comm.frame.showFrmStatus(comm.form.Transfer_Was_Upload); }};
+    return {"Log...", [comm] { comm.mainForm.showFrmStatus(comm.form.Transfer_Was_Upload); }};
 }
 
 // Before a download.
@@ -62,7 +62,7 @@ std::string effectText(const Unknown_Effect& effect, const std::string& what) {
 namespace {
 
 void tellUnread(const Comm_Context& comm) {
-    const Grid_View& grids = comm.frame.grids();
+    const Grid_View& grids = comm.mainForm.grids();
     const Grid_Selection selection{grids.configurationRow(), grids.settingsRow(), grids.settingsCol()};
     const Register_Set needed = neededRegisters(comm.document, selection);
     const Unknown_Effect never =
@@ -70,7 +70,7 @@ void tellUnread(const Comm_Context& comm) {
     const Unknown_Effect older =
         effectOfUnknown(comm.document, selection, ofAge(comm, needed, Reading_Age::EarlierOpening));
     if (never.empty() && older.empty())
-        return comm.frame.messageBar().withdraw(bar_topic::unreadBeforeDownload);
+        return comm.mainForm.messageBar().withdraw(bar_topic::unreadBeforeDownload);
     const std::string text =
         "This download is built from registers that were not read since the port was opened." +
         effectText(never, "0") + effectText(older, "what was read at an earlier opening of the port");
@@ -238,7 +238,7 @@ void tellGaps(const Comm_Context& comm) {
     for (std::int32_t i = 1; i <= all.upperBound(); ++i)
         if (const auto fault = faultOf(comm, all(i)))
             addName(blocks, rangeText(all(i)) + " (" + reasonText(*fault) + ")");
-    Message_Bar& bar = comm.frame.messageBar();
+    Message_Bar& bar = comm.mainForm.messageBar();
     bar.withdraw(bar_topic::unreadBeforeDownload);
     bar.withdraw(bar_topic::unmarkedChange);
     if (blocks.empty()) return bar.withdraw(bar_topic::uploadGaps);
@@ -273,7 +273,7 @@ std::vector<Polled_Gap> polledGaps(const Comm_Context& comm) {
         Polled_Gap gap{i, rangeText(blocks(i)), *fault, {}};
         for (const Polled_Gap& before : comm.form.Polled_Gaps)
             if (before.block == i) gap.since = before.since;
-        if (gap.since.empty()) gap.since = comm.frame.timeOfDay();
+        if (gap.since.empty()) gap.since = comm.mainForm.timeOfDay();
         gaps.push_back(std::move(gap));
     }
     return gaps;
@@ -289,14 +289,14 @@ void tellPolledGaps(const Comm_Context& comm) {
     std::string text;
     for (const Polled_Gap& gap : comm.form.Polled_Gaps)
         text += (text.empty() ? "" : "; ") + gapText(gap);
-    if (text.empty()) return comm.frame.messageBar().withdraw(bar_topic::polledGaps);
+    if (text.empty()) return comm.mainForm.messageBar().withdraw(bar_topic::polledGaps);
     tell(comm, bar_topic::polledGaps, Bar_Kind::Warning,
          "Polled registers " + text + ": the values shown of them are older than that.", {logButton(comm)});
 }
 
 void forgetPolledGaps(const Comm_Context& comm) {
     comm.form.Polled_Gaps.clear();
-    comm.frame.messageBar().withdraw(bar_topic::polledGaps);
+    comm.mainForm.messageBar().withdraw(bar_topic::polledGaps);
 }
 
 } // namespace zorvane

@@ -31,14 +31,14 @@ struct Transfer_Bar : ::testing::Test, doubles::Comm_Bench {
     }
     /// The bar's line of a topic as "note: text" or "warning: text" and its buttons in brackets.
     [[nodiscard]] std::string line(const std::string& topic) const {
-        const Bar_Line* found = frame.bar.find(topic);
+        const Bar_Line* found = mainForm.bar.find(topic);
         if (found == nullptr) return "none";
         std::string text = (found->kind == Bar_Kind::Warning ? "warning: " : "note: ") + found->text;
         for (const Bar_Button& button : found->buttons)
             text += " [" + button.caption + "]";
         return text;
     }
-    void press(const std::string& topic) { frame.bar.find(topic)->buttons.at(0).press(); }
+    void press(const std::string& topic) { mainForm.bar.find(topic)->buttons.at(0).press(); }
     void age(std::int32_t address, Reading_Age is, std::optional<std::string> fault = std::nullopt) {
         link.readings[address] = {is, std::move(fault)};
     }
@@ -59,7 +59,7 @@ TEST_F(Transfer_Bar, HalfWhoseRegisterWasNeverReadIsToldBeforeTheFirstEffect) {
     cell(2, "4660/HI", "5");
     age(4660, Reading_Age::Never);
     std::size_t effectsBefore = 1;
-    frame.bar.changed = [&] {
+    mainForm.bar.changed = [&] {
         if (effectsBefore == 1) effectsBefore = journal.lines().size();
     };
     MNU_Download_Click(comm);
@@ -120,7 +120,7 @@ TEST_F(Transfer_Bar, DownloadTellsWhatItsReadyStandsFor) {
     link.writes = {Write_Script{Exchange{}}, Write_Script{Exchange{false, "BUSY"}},
                    Write_Script{Exchange{false}, Exchange{false}}};
     MNU_Download_Click(comm);
-    EXPECT_EQ(frame.panel(Panel::Message), "Ready");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Ready");
     EXPECT_EQ(line("download"),
               "warning: Download of 3 values: 1 taken, 1 refused, 1 not answered. Not taken for "
               "certain: @1002, @1003. \"Ready\" stands there for all of it. [Log...]");
@@ -155,7 +155,7 @@ TEST_F(Transfer_Bar, WriteWhoseAnswerMayBeAnotherOnesIsNotCertain) {
 TEST_F(Transfer_Bar, NobodyButAnEchoProvesNothing) {
     link.seen = false;
     MNU_Download_Click(comm);
-    EXPECT_EQ(frame.panel(Panel::Message), "Ready");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Ready");
     EXPECT_EQ(
         line("download"),
         "warning: Download of 3 values: 3 taken, 0 refused, 0 not answered. \"Ready\" stands there for all "
@@ -169,7 +169,7 @@ TEST_F(Transfer_Bar, CancelledDownloadTellsWhatItDidNotReach) {
     cancels.before = [this] { form.Cancel_Requested = true; };
     link.writes = {Write_Script{}, Write_Script{cancels, Exchange{}}};
     MNU_Download_Click(comm);
-    EXPECT_EQ(frame.panel(Panel::Message), "Download cancelled...");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Download cancelled...");
     EXPECT_EQ(line("download"),
               "warning: Cancelled download of 3 values: 1 taken, 0 refused, 1 not answered, 1 not "
               "reached. Not taken for certain: @1002. [Log...]");
@@ -227,7 +227,7 @@ struct Upload_Bar : Transfer_Bar {
 
 TEST_F(Upload_Bar, UploadThatReadEverythingTellsNothing) {
     upload();
-    EXPECT_EQ(frame.panel(Panel::Message), "Ready");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Ready");
     EXPECT_EQ(line("upload"), "none");
 }
 
@@ -288,8 +288,8 @@ TEST_F(Polling_Bar, RefusedBlockIsToldOnceWithItsTime) {
     EXPECT_EQ(line("polling"),
               "warning: Polled registers 1001-1003 are refused since 14:03:22 (Illegal data "
               "address (exception 2)): the values shown of them are older than that. [Log...]");
-    frame.bar.changed = [this] { ++told; };
-    frame.time = "14:03:23";
+    mainForm.bar.changed = [this] { ++told; };
+    mainForm.time = "14:03:23";
     tick();
     EXPECT_EQ(told, 0);
 }

@@ -128,7 +128,7 @@ TEST_F(Sequence, UploadFromASilentController) {
 TEST_F(Sequence, UploadCancelledWithYesAndWithNo) {
     uploadStarts();
     texts();
-    frame.answers = {Msgb_Code_No, Msgb_Code_Yes};
+    mainForm.answers = {Msgb_Code_No, Msgb_Code_Yes};
     BOT_Cancel_Click(comm);
     scanTo(2);
     EXPECT_THAT(texts(), IsEmpty());
@@ -179,7 +179,7 @@ TEST_F(Sequence, DownloadToALostController) {
 }
 
 TEST_F(Sequence, DownloadCancelledDuringAWrite) {
-    frame.answers = {Msgb_Code_Yes};
+    mainForm.answers = {Msgb_Code_Yes};
     Texts end = disconnected;
     end.push_back("panel 4 = \"Download cancelled...\"");
     EXPECT_EQ(download({{{.before = [this] { BOT_Cancel_Click(comm); }}, {}}}), downloadWith({}, end));

@@ -20,17 +20,17 @@ std::int32_t progressRange(std::int32_t passes, std::int32_t blocks) {
 }
 
 void showUploading(const Comm_Context& comm) {
-    Frame& frame = comm.frame;
-    frame.setPanel(Panel::Tx, "");
-    frame.setPanel(Panel::Rx, "");
-    frame.setFormEnabled(false);
-    frame.setPanel(Panel::LinkState, "Upload");
-    frame.setPanel(Panel::Message, "Uploading... Wait a moment please");
-    Progress_Form& progress = frame.Porcentaje();
+    Main_Form& mainForm = comm.mainForm;
+    mainForm.setPanel(Panel::Tx, "");
+    mainForm.setPanel(Panel::Rx, "");
+    mainForm.setFormEnabled(false);
+    mainForm.setPanel(Panel::LinkState, "Upload");
+    mainForm.setPanel(Panel::Message, "Uploading... Wait a moment please");
+    Progress_Form& progress = mainForm.Porcentaje();
     progress.setLabel("Uploading data from the controller...");
     progress.setRange(progressRange(comm.form.Scan_Passes, comm.link.ScanBlockCount()));
     progress.show();
-    refreshTitle(comm.document, comm.form, frame);
+    refreshTitle(comm.document, comm.form, mainForm);
 }
 
 void startScan(const Comm_Context& comm) {
@@ -44,7 +44,7 @@ void startScan(const Comm_Context& comm) {
     form.Scan_Index = comm.link.ScanBlockIndex();
     form.First_Scan_Index = toInteger(form.Scan_Index);
     comm.link.StartScan();
-    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, true);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, true);
     form.Upload_Active = true;
 }
 
@@ -80,20 +80,20 @@ void fail(const Comm_Context& comm) {
     closeLink(comm.link);
     comm.form.Comm_Active = false;
     comm.form.Pass_Count = 0;
-    comm.frame.Porcentaje().setLabel("Error. The controller does not respond.");
+    comm.mainForm.Porcentaje().setLabel("Error. The controller does not respond.");
     comm.form.Upload_Active = false;
-    comm.frame.Porcentaje().Deshabilita_Cancelar();
-    showNoResponse(comm.frame);
+    comm.mainForm.Porcentaje().Deshabilita_Cancelar();
+    showNoResponse(comm.mainForm);
 }
 
 /// The image becomes the document's values, which makes the document differ from its file.
 void applyImage(const Comm_Context& comm) {
-    Grid_View& grids = comm.frame.grids();
+    Grid_View& grids = comm.mainForm.grids();
     for (std::int32_t field = 1; field < grids.configurationRows(); ++field)
         PRO_Aplica_Registros(comm, field);
     grids.refillSettings(grids.configurationRow());
-    PRO_Titulo_Modificado(comm.document, comm.form, comm.frame);
-    applySaveRule(comm.document, comm.frame);
+    PRO_Titulo_Modificado(comm.document, comm.form, comm.mainForm);
+    applySaveRule(comm.document, comm.mainForm);
 }
 
 void finish(const Comm_Context& comm) {
@@ -102,13 +102,13 @@ void finish(const Comm_Context& comm) {
     applyImage(comm);
     tellUploadGaps(comm);
     comm.form.Comm_Active = false;
-    comm.frame.setPanel(Panel::Message, "Ready");
-    comm.frame.Porcentaje().unload();
+    comm.mainForm.setPanel(Panel::Message, "Ready");
+    comm.mainForm.Porcentaje().unload();
     comm.form.Pass_Count = 0;
-    comm.frame.setFormEnabled(true);
+    comm.mainForm.setFormEnabled(true);
     if (!comm.form.Transfer_Errors.empty()) return;
     if (comm.document.Always_Block_Count < 1)
-        setTransferMenus(comm.frame, true);
+        setTransferMenus(comm.mainForm, true);
     else
         goOnline(comm);
 }
@@ -122,7 +122,7 @@ Scan_Step noteBlock(const Comm_Context& comm) {
     if (index == form.Scan_Index) return Scan_Step::Goes_On;
     form.Retry_Count = 0;
     form.Scan_Index = index;
-    advanceProgress(comm.frame.Porcentaje());
+    advanceProgress(comm.mainForm.Porcentaje());
     if (comm.link.CommLost()) return Scan_Step::Lost;
     if (index != form.First_Scan_Index) return Scan_Step::Goes_On;
     ++form.Pass_Count;
@@ -139,7 +139,7 @@ void MNU_Upload_Click(const Comm_Context& comm) {
 }
 
 void TMR_Actualiza_valores_Timer(const Comm_Context& comm) {
-    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, false);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, false);
     if (comm.document.Edition != comm.form.Upload_Edition) return dropTransfer(comm);
     bool cancelled = false;
     PRO_Verifica_Cancelar(comm, true, cancelled);
@@ -156,7 +156,7 @@ void TMR_Actualiza_valores_Timer(const Comm_Context& comm) {
     case Scan_Step::Goes_On:
         break;
     }
-    comm.frame.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, true);
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, true);
 }
 
 } // namespace zorvane

@@ -56,7 +56,7 @@ TEST_F(Upload, StartsInThisOrder) {
 TEST_F(Upload, TitleKeepsItsMarkAtTheStart) {
     form.Dirty = true;
     MNU_Upload_Click(comm);
-    EXPECT_EQ(frame.caption(), "* site7.abc - Zorvane");
+    EXPECT_EQ(mainForm.caption(), "* site7.abc - Zorvane");
 }
 
 TEST_F(Upload, TickWithoutNewsOnlyRearmsTheTimer) {
@@ -110,7 +110,7 @@ TEST_F(Upload, FactoryFileIsMarkedButNotSaved) {
     scanTo(2);
     scanTo(1);
     EXPECT_THAT(journal.beginningWith("MNU_Save"), ElementsAre("MNU_Save disabled"));
-    EXPECT_EQ(frame.caption(), "* default.abc - Zorvane");
+    EXPECT_EQ(mainForm.caption(), "* default.abc - Zorvane");
 }
 
 TEST_F(Upload, FailedBlocksWithoutALostLinkFinishAndStayOffline) {
@@ -194,7 +194,7 @@ TEST_F(Upload, SilentControllerFailsAtTheFirstChangeOfBlock) {
 
 TEST_F(Upload, CancelWithYesDisconnectsAndChangesNoCell) {
     start();
-    frame.answers = {Msgb_Code_Yes};
+    mainForm.answers = {Msgb_Code_Yes};
     BOT_Cancel_Click(comm);
     tick();
     EXPECT_THAT(
@@ -209,7 +209,7 @@ TEST_F(Upload, CancelWithYesDisconnectsAndChangesNoCell) {
     EXPECT_FALSE(form.Upload_Active);
     EXPECT_FALSE(form.Comm_Active);
     EXPECT_EQ(cell().Value, "");
-    EXPECT_FALSE(frame.timerEnabled(Timer_Name::TMR_Actualiza_valores));
+    EXPECT_FALSE(mainForm.timerEnabled(Timer_Name::TMR_Actualiza_valores));
 }
 
 TEST_F(Upload, WithoutAWishToCancelNothingIsCancelled) {
@@ -221,7 +221,7 @@ TEST_F(Upload, WithoutAWishToCancelNothingIsCancelled) {
 
 TEST_F(Upload, CancelWithNoGoesOn) {
     start();
-    frame.answers = {Msgb_Code_No};
+    mainForm.answers = {Msgb_Code_No};
     BOT_Cancel_Click(comm);
     tick();
     EXPECT_THAT(
@@ -234,7 +234,7 @@ TEST_F(Upload, CancelWithNoGoesOn) {
 
 TEST_F(Upload, CancelClosedWithoutAnAnswerGoesOn) {
     start();
-    frame.answers = {Msgb_Code_Cancel};
+    mainForm.answers = {Msgb_Code_Cancel};
     BOT_Cancel_Click(comm);
     EXPECT_FALSE(form.Cancel_Requested);
 }
@@ -288,13 +288,13 @@ TEST_F(Upload, ACancelOfTheLastTransferDoesNotCancelTheNext) {
 TEST_F(Upload, WithoutScanBlocksTheBarHasNoLengthAndTheEndIsTheLinks) {
     link.blockCount = 0;
     MNU_Upload_Click(comm);
-    EXPECT_EQ(frame.progress.maximum(), 0);
+    EXPECT_EQ(mainForm.progress.maximum(), 0);
     link.lost = true;
     link.blockIndex = 0;
     journal.clear();
     tick();
     EXPECT_THAT(journal.beginningWith("Porcentaje at"), IsEmpty());
-    EXPECT_EQ(frame.panel(Panel::Message), "Error. The controller does not respond.");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Error. The controller does not respond.");
 }
 
 TEST_F(Upload, TwoPassesNeedTheFirstBlockTwice) {
@@ -307,7 +307,7 @@ TEST_F(Upload, TwoPassesNeedTheFirstBlockTwice) {
     scanTo(2);
     scanTo(1);
     EXPECT_FALSE(form.Upload_Active);
-    EXPECT_EQ(frame.progress.value(), 4);
+    EXPECT_EQ(mainForm.progress.value(), 4);
 }
 
 TEST_F(Upload, LinkLostInTheSecondPassForgetsTheFirst) {
@@ -327,7 +327,7 @@ TEST_F(Upload, BarThatIsFullStaysFull) {
     start();
     scanTo(2);
     scanTo(3);
-    EXPECT_EQ(frame.progress.value(), 1);
+    EXPECT_EQ(mainForm.progress.value(), 1);
 }
 
 TEST_F(Upload, TransactionCountMayWrap) {

@@ -12,7 +12,7 @@ namespace zorvane {
 
 namespace {
 
-class Apply_Call : public Call {
+class Apply_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         files_.addTemplate(arguments);
@@ -21,29 +21,29 @@ class Apply_Call : public Call {
         arguments.add_option("--save", out_, "Write the document, filled, to this file")->type_name("OUT");
     }
 
-    int run(const Surroundings& surroundings) override {
-        const auto registers = readRegisterFile(surroundings, registers_);
+    int run(const Call_Context& context) override {
+        const auto registers = readRegisterFile(context, registers_);
         if (!registers) return Exit_Failed;
-        Opened_Document opened = files_.open(surroundings);
+        Opened_Document opened = files_.open(context);
         const auto failure = applyRegisters(opened.document, *registers);
-        if (failure) tellFailure(surroundings.err, "The registers could not all be applied", *failure);
-        const bool saved = out_.empty() || save(surroundings, opened, !failure);
-        print(surroundings, opened, failure);
+        if (failure) tellFailure(context.err, "The registers could not all be applied", *failure);
+        const bool saved = out_.empty() || save(context, opened, !failure);
+        print(context, opened, failure);
         return opened.readToTheEnd() && !failure && saved ? Exit_Success : Exit_Failed;
     }
 
   private:
     /// A document that was filled in part only is not written.
-    [[nodiscard]] bool save(const Surroundings& surroundings, Opened_Document& opened, bool filled) const {
-        if (filled) return saveDocument(surroundings, opened, out_).empty();
-        tell(surroundings.err, "The document was not written.");
+    [[nodiscard]] bool save(const Call_Context& context, Opened_Document& opened, bool filled) const {
+        if (filled) return saveDocument(context, opened, out_).empty();
+        tell(context.err, "The document was not written.");
         return false;
     }
 
-    static void print(const Surroundings& surroundings, const Opened_Document& opened,
+    static void print(const Call_Context& context, const Opened_Document& opened,
                       const std::optional<Failure_Note>& failure) {
-        if (!surroundings.json) return printModel(surroundings.out, opened);
-        Json_Stream json(surroundings.out);
+        if (!context.json) return printModel(context.out, opened);
+        Json_Stream json(context.out);
         json.openObject();
         json.member("failure", jsonFailure(failure));
         writeModel(json, opened);
@@ -57,6 +57,6 @@ class Apply_Call : public Call {
 
 } // namespace
 
-std::unique_ptr<Call> makeApplyCall() { return std::make_unique<Apply_Call>(); }
+std::unique_ptr<Subcommand> makeApplySubcommand() { return std::make_unique<Apply_Subcommand>(); }
 
 } // namespace zorvane

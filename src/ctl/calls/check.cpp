@@ -40,7 +40,7 @@ Json findingJson(const std::string& path, const Finding& finding) {
 /// Prints findings as they come, for people or as one JSON list, and counts them.
 class Finding_Printer {
   public:
-    explicit Finding_Printer(const Surroundings& surroundings) : surroundings_(surroundings) {}
+    explicit Finding_Printer(const Call_Context& context) : surroundings_(context) {}
 
     void add(const std::string& path, const Finding& finding) {
         ++(finding.severity == Severity::Error ? errors_ : warnings_);
@@ -61,22 +61,22 @@ class Finding_Printer {
     [[nodiscard]] bool anyError() const { return errors_ > 0; }
 
   private:
-    const Surroundings& surroundings_;
+    const Call_Context& surroundings_;
     Json all_ = Json::array();
     std::int64_t errors_ = 0;
     std::int64_t warnings_ = 0;
 };
 
 /// The findings of a file. One that can't be read is told to people.
-std::vector<Finding> findingsOf(const Surroundings& surroundings, const std::string& path) {
+std::vector<Finding> findingsOf(const Call_Context& context, const std::string& path) {
     std::string text;
-    const auto failure = failureOf([&] { text = surroundings.files.read(path); });
+    const auto failure = failureOf([&] { text = context.files.read(path); });
     if (!failure) return checker::checkTemplate(splitPath(path).name, text);
-    tellFailure(surroundings.err, printablePath(path), *failure);
+    tellFailure(context.err, printablePath(path), *failure);
     return {checker::unreadable(failure->description)};
 }
 
-class Check_Call : public Call {
+class Check_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         auto* const files = arguments.add_option("TEMPLATE", templates_, "The templates (.ZTP) to check");
@@ -87,12 +87,12 @@ class Check_Call : public Call {
         });
     }
 
-    int run(const Surroundings& surroundings) override {
-        if (list_) return listCodes(surroundings);
-        Finding_Printer printer(surroundings);
+    int run(const Call_Context& context) override {
+        if (list_) return listCodes(context);
+        Finding_Printer printer(context);
         for (const std::string& name : templates_) {
             const std::string path = pathFromNative(name);
-            for (const Finding& finding : findingsOf(surroundings, path))
+            for (const Finding& finding : findingsOf(context, path))
                 printer.add(path, finding);
         }
         printer.finish();
@@ -100,21 +100,21 @@ class Check_Call : public Call {
     }
 
   private:
-    static int listCodes(const Surroundings& surroundings) {
-        if (surroundings.json) {
+    static int listCodes(const Call_Context& context) {
+        if (context.json) {
             Json codes = Json::array();
             for (const Rule& rule : checker::allRules())
                 codes.push_back({{"code", rule.code},
                                  {"severity", severityWord(rule.severity)},
                                  {"text", jsonText(rule.meaning)}});
-            printJson(surroundings.out, codes);
+            printJson(context.out, codes);
             return Exit_Success;
         }
         Text_Table table;
         table.add({"Code", "Severity", "Meaning"});
         for (const Rule& rule : checker::allRules())
             table.add({std::string(rule.code), severityWord(rule.severity), std::string(rule.meaning)});
-        table.print(surroundings.out, 0);
+        table.print(context.out, 0);
         return Exit_Success;
     }
 
@@ -124,6 +124,6 @@ class Check_Call : public Call {
 
 } // namespace
 
-std::unique_ptr<Call> makeCheckCall() { return std::make_unique<Check_Call>(); }
+std::unique_ptr<Subcommand> makeCheckSubcommand() { return std::make_unique<Check_Subcommand>(); }
 
 } // namespace zorvane

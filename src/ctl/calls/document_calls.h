@@ -1,21 +1,21 @@
 #pragma once
 
-#include "ctl/document/call.h"
+#include "ctl/document/subcommand.h"
 
 namespace zorvane {
 
 /// The calls that need no serial port. Each has a file of its own.
-[[nodiscard]] std::vector<Call_Entry> documentCalls();
+[[nodiscard]] std::vector<Subcommand_Entry> documentCalls();
 
-[[nodiscard]] std::unique_ptr<Call> makeModelsCall();
-[[nodiscard]] std::unique_ptr<Call> makeCheckCall();
-[[nodiscard]] std::unique_ptr<Call> makeDumpCall();
-[[nodiscard]] std::unique_ptr<Call> makeSaveCall();
-[[nodiscard]] std::unique_ptr<Call> makeUpdateCall();
-[[nodiscard]] std::unique_ptr<Call> makeApplyCall();
-[[nodiscard]] std::unique_ptr<Call> makePlanCall();
-[[nodiscard]] std::unique_ptr<Call> makeShowCall();
-[[nodiscard]] std::unique_ptr<Call> makeSetCall();
-[[nodiscard]] std::unique_ptr<Call> makeRecoverCall();
+[[nodiscard]] std::unique_ptr<Subcommand> makeModelsSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeCheckSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeDumpSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeSaveSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeUpdateSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeApplySubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makePlanSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeShowSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeSetSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeRecoverSubcommand();
 
 } // namespace zorvane

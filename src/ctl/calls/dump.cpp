@@ -9,22 +9,22 @@ namespace zorvane {
 
 namespace {
 
-class Dump_Call : public Call {
+class Dump_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         files_.addTemplate(arguments);
         files_.addConfiguration(arguments, false);
     }
 
-    int run(const Surroundings& surroundings) override {
-        const Opened_Document opened = files_.open(surroundings);
-        if (surroundings.json) {
-            Json_Stream json(surroundings.out);
+    int run(const Call_Context& context) override {
+        const Opened_Document opened = files_.open(context);
+        if (context.json) {
+            Json_Stream json(context.out);
             json.openObject();
             writeModel(json, opened);
             json.close();
         } else {
-            printModel(surroundings.out, opened);
+            printModel(context.out, opened);
         }
         return opened.whole() ? Exit_Success : Exit_Failed;
     }
@@ -35,6 +35,6 @@ class Dump_Call : public Call {
 
 } // namespace
 
-std::unique_ptr<Call> makeDumpCall() { return std::make_unique<Dump_Call>(); }
+std::unique_ptr<Subcommand> makeDumpSubcommand() { return std::make_unique<Dump_Subcommand>(); }
 
 } // namespace zorvane

@@ -38,30 +38,29 @@ Json modelsJson(const std::vector<Offered_Model>& models) {
     return list;
 }
 
-class Models_Call : public Call {
+class Models_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App&) override {}
 
-    int run(const Surroundings& surroundings) override {
-        const std::string& folder = surroundings.applicationFolder;
-        const std::vector<Offered_Model> models = offeredModels(surroundings.files, folder);
-        if (surroundings.json)
-            printJson(surroundings.out, modelsJson(models));
+    int run(const Call_Context& context) override {
+        const std::string& folder = context.applicationFolder;
+        const std::vector<Offered_Model> models = offeredModels(context.files, folder);
+        if (context.json)
+            printJson(context.out, modelsJson(models));
         else
-            printModels(surroundings.out, models);
+            printModels(context.out, models);
         if (!isFolder(folder)) {
-            tell(surroundings.err, printablePath(folder) + ": there is no such folder. Check --app-dir.");
+            tell(context.err, printablePath(folder) + ": there is no such folder. Check --app-dir.");
             return Exit_Failed;
         }
         if (models.empty())
-            tell(surroundings.err,
-                 "Does not exist any .ZTP file in this directory: " + printablePath(folder));
+            tell(context.err, "Does not exist any .ZTP file in this directory: " + printablePath(folder));
         return Exit_Success;
     }
 };
 
 } // namespace
 
-std::unique_ptr<Call> makeModelsCall() { return std::make_unique<Models_Call>(); }
+std::unique_ptr<Subcommand> makeModelsSubcommand() { return std::make_unique<Models_Subcommand>(); }
 
 } // namespace zorvane

@@ -57,7 +57,7 @@ void printPlan(std::ostream& out, const Download_Plan& plan) {
     out << plan.writes.size() << " writes\n";
 }
 
-class Plan_Call : public Call {
+class Plan_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         files_.addTemplate(arguments);
@@ -68,18 +68,18 @@ class Plan_Call : public Call {
             ->check(selectionComplaint, "FIELD,GRIDROW,GRIDCOLUMN");
     }
 
-    int run(const Surroundings& surroundings) override {
-        const auto registers = readRegisterFile(surroundings, registers_);
+    int run(const Call_Context& context) override {
+        const auto registers = readRegisterFile(context, registers_);
         if (!registers) return Exit_Failed;
-        Opened_Document opened = files_.open(surroundings);
+        Opened_Document opened = files_.open(context);
         const auto chosen = parseSelection(selection_);
         const Download_Plan plan =
             planDownload(opened.document, *registers, chosen ? *chosen : freshSelection(opened.document));
-        if (plan.failure) tellFailure(surroundings.err, "The download would stop", *plan.failure);
-        if (surroundings.json)
-            printJson(surroundings.out, planJson(plan));
+        if (plan.failure) tellFailure(context.err, "The download would stop", *plan.failure);
+        if (context.json)
+            printJson(context.out, planJson(plan));
         else
-            printPlan(surroundings.out, plan);
+            printPlan(context.out, plan);
         return opened.readToTheEnd() && !plan.failure ? Exit_Success : Exit_Failed;
     }
 
@@ -91,6 +91,6 @@ class Plan_Call : public Call {
 
 } // namespace
 
-std::unique_ptr<Call> makePlanCall() { return std::make_unique<Plan_Call>(); }
+std::unique_ptr<Subcommand> makePlanSubcommand() { return std::make_unique<Plan_Subcommand>(); }
 
 } // namespace zorvane

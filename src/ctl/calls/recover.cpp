@@ -48,7 +48,7 @@ std::string whyNotMade(int error) {
     return std::string(failureText(writingFailure(error))) + ". Choose another file, or mend the cause.";
 }
 
-class Recover_Call : public Call {
+class Recover_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         auto* const copy =
@@ -58,44 +58,41 @@ class Recover_Call : public Call {
         out->needs(copy);
     }
 
-    int run(const Surroundings& surroundings) override {
+    int run(const Call_Context& context) override {
         std::vector<Recovery_Entry> entries;
-        if (surroundings.recovery != nullptr) entries = surroundings.recovery->list();
-        if (!copy_.empty()) return fetch(surroundings, entries);
-        if (surroundings.json)
-            printJson(surroundings.out, copiesJson(entries));
+        if (context.recovery != nullptr) entries = context.recovery->list();
+        if (!copy_.empty()) return fetch(context, entries);
+        if (context.json)
+            printJson(context.out, copiesJson(entries));
         else
-            printCopies(surroundings.out, entries);
+            printCopies(context.out, entries);
         return Exit_Success;
     }
 
   private:
-    [[nodiscard]] int fetch(const Surroundings& surroundings,
-                            const std::vector<Recovery_Entry>& entries) const {
-        const bool made = fetched(surroundings, entries);
-        if (surroundings.json)
-            printJson(surroundings.out, {{"output", made ? jsonPath(pathFromNative(out_)) : Json(nullptr)}});
+    [[nodiscard]] int fetch(const Call_Context& context, const std::vector<Recovery_Entry>& entries) const {
+        const bool made = fetched(context, entries);
+        if (context.json)
+            printJson(context.out, {{"output", made ? jsonPath(pathFromNative(out_)) : Json(nullptr)}});
         else if (made)
-            surroundings.out << "Written: " << printablePath(pathFromNative(out_)) << '\n';
+            context.out << "Written: " << printablePath(pathFromNative(out_)) << '\n';
         return made ? Exit_Success : Exit_Failed;
     }
 
-    [[nodiscard]] bool fetched(const Surroundings& surroundings,
+    [[nodiscard]] bool fetched(const Call_Context& context,
                                const std::vector<Recovery_Entry>& entries) const {
         const auto entry = std::find_if(entries.begin(), entries.end(), [this](const Recovery_Entry& each) {
             return copy_ == newest || pathToNative(each.file) == copy_;
         });
         const std::optional<std::string> bytes =
-            entry == entries.end() ? std::nullopt
-                                   : surroundings.files.bytes(surroundings.recovery->path(*entry));
+            entry == entries.end() ? std::nullopt : context.files.bytes(context.recovery->path(*entry));
         if (!bytes) {
-            tell(surroundings.err, printablePath(pathFromNative(copy_)) +
-                                       ": there is no such copy. \"zorvanectl recover\" lists them.");
+            tell(context.err, printablePath(pathFromNative(copy_)) +
+                                  ": there is no such copy. \"zorvanectl recover\" lists them.");
             return false;
         }
         const int error = makeFile(out_, keptBytes(*bytes));
-        if (error != 0)
-            tell(surroundings.err, printablePath(pathFromNative(out_)) + ": " + whyNotMade(error));
+        if (error != 0) tell(context.err, printablePath(pathFromNative(out_)) + ": " + whyNotMade(error));
         return error == 0;
     }
 
@@ -105,6 +102,6 @@ class Recover_Call : public Call {
 
 } // namespace
 
-std::unique_ptr<Call> makeRecoverCall() { return std::make_unique<Recover_Call>(); }
+std::unique_ptr<Subcommand> makeRecoverSubcommand() { return std::make_unique<Recover_Subcommand>(); }
 
 } // namespace zorvane

@@ -12,7 +12,7 @@ namespace zorvane {
 
 namespace {
 
-class Save_Call : public Call {
+class Save_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         files_.addTemplate(arguments);
@@ -20,14 +20,14 @@ class Save_Call : public Call {
         arguments.add_option("OUT", out_, "The file to write")->required();
     }
 
-    int run(const Surroundings& surroundings) override {
-        Opened_Document opened = files_.open(surroundings);
-        const std::string result = saveDocument(surroundings, opened, out_);
-        if (surroundings.json)
-            printJson(surroundings.out,
+    int run(const Call_Context& context) override {
+        Opened_Document opened = files_.open(context);
+        const std::string result = saveDocument(context, opened, out_);
+        if (context.json)
+            printJson(context.out,
                       {{"Save_Failed", opened.document.Save_Failed}, {"result", jsonText(result)}});
         else if (result.empty())
-            surroundings.out << "Written: " << printablePath(pathFromNative(out_)) << '\n';
+            context.out << "Written: " << printablePath(pathFromNative(out_)) << '\n';
         return result.empty() && opened.readToTheEnd() ? Exit_Success : Exit_Failed;
     }
 
@@ -38,6 +38,6 @@ class Save_Call : public Call {
 
 } // namespace
 
-std::unique_ptr<Call> makeSaveCall() { return std::make_unique<Save_Call>(); }
+std::unique_ptr<Subcommand> makeSaveSubcommand() { return std::make_unique<Save_Subcommand>(); }
 
 } // namespace zorvane

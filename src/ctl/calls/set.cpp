@@ -56,7 +56,7 @@ void tellPlace(std::ostream& err, const Opened_Document& opened, const Cell_Plac
     if (cell.Has_Messages) tellEntries(err, cell);
 }
 
-class Set_Call : public Call {
+class Set_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         files_.addTemplate(arguments);
@@ -82,36 +82,35 @@ class Set_Call : public Call {
 
     [[nodiscard]] bool endsInText() const override { return true; }
 
-    int run(const Surroundings& surroundings) override {
+    int run(const Call_Context& context) override {
         bool whole = true;
         const std::string text = fromUtf8(text_, &whole);
         if (!whole) {
-            tell(surroundings.err, "The text has a character that no cell can hold (Windows-1252).");
+            tell(context.err, "The text has a character that no cell can hold (Windows-1252).");
             return Exit_Failed;
         }
-        Opened_Document opened = files_.open(surroundings);
+        Opened_Document opened = files_.open(context);
         const Entry_Note note = commitEntry(opened.document, place_, text);
-        tellEntry(surroundings.err, note);
-        if (note.failure) tellPlace(surroundings.err, opened, place_);
-        const bool saved = out_.empty() || save(surroundings, opened, note);
-        if (surroundings.json)
-            printJson(surroundings.out, resultJson(note, saved));
+        tellEntry(context.err, note);
+        if (note.failure) tellPlace(context.err, opened, place_);
+        const bool saved = out_.empty() || save(context, opened, note);
+        if (context.json)
+            printJson(context.out, resultJson(note, saved));
         else
-            surroundings.out << printable(note.outcome.grid) << '\n';
+            context.out << printable(note.outcome.grid) << '\n';
         return opened.readToTheEnd() && note.committed() && saved ? Exit_Success : Exit_Failed;
     }
 
   private:
     /// A document that doesn't hold what was typed is written only to somebody who accepts that.
-    [[nodiscard]] bool save(const Surroundings& surroundings, Opened_Document& opened,
+    [[nodiscard]] bool save(const Call_Context& context, Opened_Document& opened,
                             const Entry_Note& note) const {
-        if (note.taken() || (accept_ && note.committed()))
-            return saveDocument(surroundings, opened, out_).empty();
+        if (note.taken() || (accept_ && note.committed())) return saveDocument(context, opened, out_).empty();
         if (note.committed())
-            tell(surroundings.err, "\"" + printable(fromUtf8(text_)) +
-                                       "\" was not taken: the cell would be saved as \"" +
-                                       printable(note.outcome.Value) + "\". Give another text, or --accept.");
-        tell(surroundings.err, "The document was not written.");
+            tell(context.err, "\"" + printable(fromUtf8(text_)) +
+                                  "\" was not taken: the cell would be saved as \"" +
+                                  printable(note.outcome.Value) + "\". Give another text, or --accept.");
+        tell(context.err, "The document was not written.");
         return false;
     }
 
@@ -130,6 +129,6 @@ class Set_Call : public Call {
 
 } // namespace
 
-std::unique_ptr<Call> makeSetCall() { return std::make_unique<Set_Call>(); }
+std::unique_ptr<Subcommand> makeSetSubcommand() { return std::make_unique<Set_Subcommand>(); }
 
 } // namespace zorvane

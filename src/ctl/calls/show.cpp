@@ -53,7 +53,7 @@ void printTable(std::ostream& out, const Settings_Table& shown) {
     table.print(out, 0);
 }
 
-class Show_Call : public Call {
+class Show_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         files_.addTemplate(arguments);
@@ -70,33 +70,32 @@ class Show_Call : public Call {
         arguments.add_flag("--lost", lost_, "The link is lost")->needs(registers);
     }
 
-    int run(const Surroundings& surroundings) override {
+    int run(const Call_Context& context) override {
         std::optional<Online_Scene> scene;
         if (!registers_.empty()) {
-            const auto registers = readRegisterFile(surroundings, registers_);
+            const auto registers = readRegisterFile(context, registers_);
             if (!registers) return Exit_Failed;
             scene = Online_Scene{*registers, fromUtf8(request_), lost_};
         }
-        Opened_Document opened = files_.open(surroundings);
-        if (opened.fileMissing()) return showNothing(surroundings, Failure::FileNotFound);
+        Opened_Document opened = files_.open(context);
+        if (opened.fileMissing()) return showNothing(context, Failure::FileNotFound);
         if (!hasField(opened, field_)) {
-            tellMissingField(surroundings.err, opened, field_);
-            return showNothing(surroundings, Failure::Subscript);
+            tellMissingField(context.err, opened, field_);
+            return showNothing(context, Failure::Subscript);
         }
         const Shown_Grid shown = showField(opened.document, field_, scene);
-        if (shown.failure)
-            tellFailure(surroundings.err, "The field could not be shown whole", *shown.failure);
-        if (surroundings.json)
-            writeTable(surroundings.out, shown);
+        if (shown.failure) tellFailure(context.err, "The field could not be shown whole", *shown.failure);
+        if (context.json)
+            writeTable(context.out, shown);
         else
-            printTable(surroundings.out, shown.table);
+            printTable(context.out, shown.table);
         return opened.readToTheEnd() && !shown.failure ? Exit_Success : Exit_Failed;
     }
 
   private:
     /// The factory values of a template are not those of a document that isn't there.
-    static int showNothing(const Surroundings& surroundings, Failure failure) {
-        if (surroundings.json) writeTable(surroundings.out, Shown_Grid{{}, noteOf(failure)});
+    static int showNothing(const Call_Context& context, Failure failure) {
+        if (context.json) writeTable(context.out, Shown_Grid{{}, noteOf(failure)});
         return Exit_Failed;
     }
 
@@ -109,6 +108,6 @@ class Show_Call : public Call {
 
 } // namespace
 
-std::unique_ptr<Call> makeShowCall() { return std::make_unique<Show_Call>(); }
+std::unique_ptr<Subcommand> makeShowSubcommand() { return std::make_unique<Show_Subcommand>(); }
 
 } // namespace zorvane

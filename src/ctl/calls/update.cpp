@@ -30,56 +30,53 @@ std::optional<Stem_And_Extension> cutAtFirstDot(const std::string& path) {
 
 /// Whether the template of a document is there and reads it to its end: then it is not of the older
 /// generation, and an update would only exchange its fields.
-bool fitsItsTemplate(const Surroundings& surroundings, const std::string& path) {
-    const std::string ztp = templateFile(surroundings, templateName(path));
-    if (!surroundings.files.exists(ztp)) return false;
-    return openDocument({surroundings.files, surroundings.applicationFolder, ztp, path}).readToTheEnd();
+bool fitsItsTemplate(const Call_Context& context, const std::string& path) {
+    const std::string ztp = templateFile(context, templateName(path));
+    if (!context.files.exists(ztp)) return false;
+    return openDocument({context.files, context.applicationFolder, ztp, path}).readToTheEnd();
 }
 
-class Update_Call : public Call {
+class Update_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         arguments.add_option("CONFIG", config_, "The older configuration file; it stays as it is")
             ->required();
     }
 
-    int run(const Surroundings& surroundings) override {
-        const std::optional<std::string> output = update(surroundings);
-        if (surroundings.json)
-            printJson(surroundings.out, {{"output", output ? jsonPath(*output) : Json(nullptr)}});
+    int run(const Call_Context& context) override {
+        const std::optional<std::string> output = update(context);
+        if (context.json)
+            printJson(context.out, {{"output", output ? jsonPath(*output) : Json(nullptr)}});
         else if (output)
-            surroundings.out << "Written: " << printablePath(*output) << '\n';
+            context.out << "Written: " << printablePath(*output) << '\n';
         return output ? Exit_Success : Exit_Failed;
     }
 
   private:
     /// The file written, or nothing when that went wrong.
-    [[nodiscard]] std::optional<std::string> update(const Surroundings& surroundings) const {
+    [[nodiscard]] std::optional<std::string> update(const Call_Context& context) const {
         const std::string path = pathFromNative(config_);
-        if (!surroundings.files.exists(path)) {
-            tell(surroundings.err,
-                 printablePath(path) + ": there is no such configuration file. Check the path.");
+        if (!context.files.exists(path)) {
+            tell(context.err, printablePath(path) + ": there is no such configuration file. Check the path.");
             return std::nullopt;
         }
         const auto parts = cutAtFirstDot(path);
         if (!parts) {
-            tell(surroundings.err, printablePath(path) +
-                                       ": a configuration file's name has an extension, which "
-                                       "names its template. Rename the file.");
+            tell(context.err, printablePath(path) + ": a configuration file's name has an extension, which "
+                                                    "names its template. Rename the file.");
             return std::nullopt;
         }
-        if (fitsItsTemplate(surroundings, path)) {
-            tell(surroundings.err, printablePath(path) + ": its template " +
-                                       printablePath(templateName(path)) +
-                                       " reads it whole. There is nothing to update.");
+        if (fitsItsTemplate(context, path)) {
+            tell(context.err, printablePath(path) + ": its template " + printablePath(templateName(path)) +
+                                  " reads it whole. There is nothing to update.");
             return std::nullopt;
         }
         const std::string output = updatedPath(parts->stemPath, parts->extension);
-        keepFileBefore(surroundings, output, {}, lastExtension(output), "");
+        keepFileBefore(context, output, {}, lastExtension(output), "");
         const auto failure =
-            failureOf([&] { PRO_Actualiza_Archivo(surroundings.files, parts->stemPath, parts->extension); });
+            failureOf([&] { PRO_Actualiza_Archivo(context.files, parts->stemPath, parts->extension); });
         if (!failure) return output;
-        tellFailure(surroundings.err, printablePath(output), *failure);
+        tellFailure(context.err, printablePath(output), *failure);
         return std::nullopt;
     }
 
@@ -88,6 +85,6 @@ class Update_Call : public Call {
 
 } // namespace
 
-std::unique_ptr<Call> makeUpdateCall() { return std::make_unique<Update_Call>(); }
+std::unique_ptr<Subcommand> makeUpdateSubcommand() { return std::make_unique<Update_Subcommand>(); }
 
 } // namespace zorvane

@@ -33,10 +33,10 @@ std::string typeOf(const Opened_Document& opened) {
 
 } // namespace
 
-std::string templateFile(const Surroundings& surroundings, const std::string& given) {
-    if (given.find(folderSeparator) != std::string::npos || surroundings.files.exists(given)) return given;
-    const std::string beside = surroundings.applicationFolder + folderSeparator + given;
-    return surroundings.files.exists(beside) ? beside : given;
+std::string templateFile(const Call_Context& context, const std::string& given) {
+    if (given.find(folderSeparator) != std::string::npos || context.files.exists(given)) return given;
+    const std::string beside = context.applicationFolder + folderSeparator + given;
+    return context.files.exists(beside) ? beside : given;
 }
 
 void Document_Arguments::addTemplate(CLI::App& arguments) {
@@ -47,42 +47,41 @@ void Document_Arguments::addConfiguration(CLI::App& arguments, bool required) {
     arguments.add_option("CONFIG", configurationPath, "The configuration file")->required(required);
 }
 
-Opened_Document Document_Arguments::open(const Surroundings& surroundings, Link_Notice* link) const {
-    Opening opening{surroundings.files,
-                    surroundings.applicationFolder,
-                    templateFile(surroundings, pathFromNative(templatePath)),
-                    {},
-                    link};
+Opened_Document Document_Arguments::open(const Call_Context& context, Link_Notice* link) const {
+    Document_Source opening{context.files,
+                            context.applicationFolder,
+                            templateFile(context, pathFromNative(templatePath)),
+                            {},
+                            link};
     if (!configurationPath.empty()) opening.configurationPath = pathFromNative(configurationPath);
     Opened_Document opened = openDocument(opening);
-    tellReadings(surroundings.err, opened);
+    tellReadings(context.err, opened);
     return opened;
 }
 
-void keepFileBefore(const Surroundings& surroundings, const std::string& path, std::string_view text,
+void keepFileBefore(const Call_Context& context, const std::string& path, std::string_view text,
                     const std::string& type, const std::string& model) {
-    if (surroundings.recovery == nullptr) return;
-    const std::optional<std::string> bytes = surroundings.files.bytes(path);
+    if (context.recovery == nullptr) return;
+    const std::optional<std::string> bytes = context.files.bytes(path);
     if (!bytes || bytes->empty() || *bytes == text) return;
     const std::string name(splitPath(path).name);
-    if (!surroundings.recovery->keepFile({name, type, model, *bytes}))
-        tell(surroundings.err,
+    if (!context.recovery->keepFile({name, type, model, *bytes}))
+        tell(context.err,
              printablePath(path) + ": the file as it was before could not be kept for \"recover\".");
 }
 
-std::string saveDocument(const Surroundings& surroundings, Opened_Document& opened,
-                         const std::string& outPath) {
+std::string saveDocument(const Call_Context& context, Opened_Document& opened, const std::string& outPath) {
     std::string result = refusal(opened, outPath);
     const std::string path = pathFromNative(outPath);
     if (result.empty()) {
-        keepFileBefore(surroundings, path, recoveryText(opened.document), typeOf(opened),
+        keepFileBefore(context, path, recoveryText(opened.document), typeOf(opened),
                        opened.document.Controller_Model);
-        PRO_Escribe_Archivo(opened.document, surroundings.files, path, result);
+        PRO_Escribe_Archivo(opened.document, context.files, path, result);
     } else
         opened.document.Save_Failed = true;
     if (!result.empty())
-        tell(surroundings.err, printablePath(path) + " could not be written: " + printable(result) +
-                                   ". Choose another file, or mend the cause.");
+        tell(context.err, printablePath(path) + " could not be written: " + printable(result) +
+                              ". Choose another file, or mend the cause.");
     return result;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ctl/document/call.h"
 #include "ctl/document/opened_document.h"
+#include "ctl/document/subcommand.h"
 
 #include <string>
 #include <string_view>
@@ -18,22 +18,22 @@ struct Document_Arguments {
 
     /// Reads the files; an empty configuration path reads the template alone. What goes wrong is told to
     /// people.
-    [[nodiscard]] Opened_Document open(const Surroundings& surroundings, Link_Notice* link = nullptr) const;
+    [[nodiscard]] Opened_Document open(const Call_Context& context, Link_Notice* link = nullptr) const;
 };
 
 /// Keeps the bytes of a file that is about to be written over with `text`. What can't be kept is told, and
 /// the save goes on. `model` is the controller's, `type` the name of the template, without ".ZTP".
-void keepFileBefore(const Surroundings& surroundings, const std::string& path, std::string_view text,
+void keepFileBefore(const Call_Context& context, const std::string& path, std::string_view text,
                     const std::string& type, const std::string& model);
 
 /// The path of a template as a call names it: one without a folder is of this folder, else one of those
 /// beside the program.
-[[nodiscard]] std::string templateFile(const Surroundings& surroundings, const std::string& given);
+[[nodiscard]] std::string templateFile(const Call_Context& context, const std::string& given);
 
 /// Writes the document to a file (UTF-8 path). The result is empty, or the reason why it couldn't be written.
 /// Refused without touching the file: a document one of whose files is missing, and a document that was not
 /// read to its end over its own configuration file, which would lose the rest.
-[[nodiscard]] std::string saveDocument(const Surroundings& surroundings, Opened_Document& opened,
+[[nodiscard]] std::string saveDocument(const Call_Context& context, Opened_Document& opened,
                                        const std::string& outPath);
 
 } // namespace zorvane

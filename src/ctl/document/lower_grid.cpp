@@ -1,7 +1,7 @@
 #include "ctl/document/lower_grid.h"
 
 #include "comm/modbus_control/dry_run_link.h"
-#include "ctl/document/held_frame.h"
+#include "ctl/document/held_form.h"
 #include "grids/rules/typed_entry.h"
 
 namespace zorvane {
@@ -19,13 +19,13 @@ class Scene_Link final : public Dry_Run_Link {
 };
 
 /// A main form without a window that keeps what it tells its user.
-class Telling_Frame final : public Held_Frame {
+class Telling_Form final : public Held_Form {
   public:
-    using Held_Frame::Held_Frame;
+    using Held_Form::Held_Form;
 
     int Msgb_Show(const std::string& prompt, int style, const std::string& title) override {
         told_.push_back({style, title, prompt});
-        return Held_Frame::Msgb_Show(prompt, style, title);
+        return Held_Form::Msgb_Show(prompt, style, title);
     }
     [[nodiscard]] const std::vector<Message_Note>& told() const noexcept { return told_; }
 
@@ -59,9 +59,9 @@ Shown_Grid showField(Declara_Zorvane& document, std::int32_t field,
     Main_Form_State form;
     form.Online = scene.has_value();
     if (scene) form.Current_Request = scene->request;
-    Held_Frame frame(document.Field_Count, firstField);
+    Held_Form mainForm(document.Field_Count, firstField);
     Shown_Grid shown;
-    shown.table = settingsTable(Comm_Context{document, form, link, frame}, field);
+    shown.table = settingsTable(Comm_Context{document, form, link, mainForm}, field);
     shown.failure = noteOf(shown.table.failure);
     return shown;
 }
@@ -69,13 +69,13 @@ Shown_Grid showField(Declara_Zorvane& document, std::int32_t field,
 Entry_Note commitEntry(Declara_Zorvane& document, const Cell_Place& place, const std::string& text) {
     Dry_Run_Link link;
     Main_Form_State form;
-    Telling_Frame frame(document.Field_Count, firstField);
+    Telling_Form mainForm(document.Field_Count, firstField);
     Entry_Note note;
     note.sortedOut = isSortedOut(document, place, text);
     note.outcome =
-        enterValue(Comm_Context{document, form, link, frame}, place.field, place.row, place.column, text);
+        enterValue(Comm_Context{document, form, link, mainForm}, place.field, place.row, place.column, text);
     note.failure = noteOf(note.outcome.failure);
-    note.messages = frame.told();
+    note.messages = mainForm.told();
     note.Dirty = form.Dirty;
     return note;
 }

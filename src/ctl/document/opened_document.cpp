@@ -54,7 +54,7 @@ bool Reading_Note::toTheEnd() const {
     return ok && loaded && (!failure || afterTheEnd);
 }
 
-Opened_Document openDocument(const Opening& opening) {
+Opened_Document openDocument(const Document_Source& opening) {
     Opened_Document opened;
     Declara_Zorvane& document = opened.document;
     Message_Keeper asker(opened.messages);

@@ -54,7 +54,7 @@ struct Opened_Document {
 };
 
 /// Where a document comes from, and who is told.
-struct Opening {
+struct Document_Source {
     Files& files;
     std::string applicationFolder; ///< as messages name it
     std::string templatePath;
@@ -64,6 +64,6 @@ struct Opening {
 
 /// Reads the template and then the configuration over it. Run-time failures are kept, each with its file, and
 /// what comes after the failing statement is done all the same. No file is rewritten.
-[[nodiscard]] Opened_Document openDocument(const Opening& opening);
+[[nodiscard]] Opened_Document openDocument(const Document_Source& opening);
 
 } // namespace zorvane

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ctl/document/call.h"
 #include "ctl/document/register_file.h"
+#include "ctl/document/subcommand.h"
 
 #include <optional>
 #include <string>
@@ -9,11 +9,11 @@
 namespace zorvane {
 
 /// Reads a register file (UTF-8 path). Nothing, and a notice, when it is missing or malformed.
-[[nodiscard]] std::optional<Register_Values> readRegisterFile(const Surroundings& surroundings,
+[[nodiscard]] std::optional<Register_Values> readRegisterFile(const Call_Context& context,
                                                               const std::string& path);
 
 /// Writes a register file. False, and a notice, when that fails.
-[[nodiscard]] bool writeRegisterFile(const Surroundings& surroundings, const std::string& path,
+[[nodiscard]] bool writeRegisterFile(const Call_Context& context, const std::string& path,
                                      const Register_Values& registers);
 
 } // namespace zorvane

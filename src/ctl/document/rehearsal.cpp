@@ -9,8 +9,8 @@ namespace zorvane {
 std::optional<Failure_Note> applyRegisters(Declara_Zorvane& document, const Register_Values& registers) {
     Dry_Run_Link link(registers);
     Main_Form_State form;
-    Held_Frame frame(document.Field_Count, freshSelection(document));
-    const Comm_Context comm{document, form, link, frame};
+    Held_Form mainForm(document.Field_Count, freshSelection(document));
+    const Comm_Context comm{document, form, link, mainForm};
     return failureOf([&] {
         for (std::int32_t field = 1; field <= document.Field_Count; ++field)
             PRO_Aplica_Registros(comm, field);
@@ -21,12 +21,12 @@ Download_Plan planDownload(Declara_Zorvane& document, const Register_Values& reg
                            const Grid_Selection& selection) {
     Dry_Run_Link link(registers);
     Main_Form_State form;
-    Held_Frame frame(document.Field_Count, selection);
-    const Comm_Context comm{document, form, link, frame};
+    Held_Form mainForm(document.Field_Count, selection);
+    const Comm_Context comm{document, form, link, mainForm};
     Download_Plan plan;
     plan.failure = failureOf([&] { MNU_Download_Click(comm); });
     plan.writes = link.writes();
-    plan.panel4 = frame.messages();
+    plan.panel4 = mainForm.messages();
     plan.asked = neededRegisters(document, selection);
     return plan;
 }

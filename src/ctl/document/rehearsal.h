@@ -2,7 +2,7 @@
 
 #include "comm/main_form/main_form_state.h"
 #include "comm/modbus_control/dry_run_link.h"
-#include "ctl/document/held_frame.h"
+#include "ctl/document/held_form.h"
 #include "ctl/document/opened_document.h"
 #include "ctl/document/register_file.h"
 

@@ -24,8 +24,9 @@ Failed_Write failedWrite(const std::string& text, std::string response) {
 
 } // namespace
 
-Failed_Writes::Failed_Writes(const Comm_Context& comm, Held_Frame& frame) : comm_(comm), frame_(frame) {
-    frame_.onMessage = [this](const std::string& text) { note(text); };
+Failed_Writes::Failed_Writes(const Comm_Context& comm, Held_Form& mainForm)
+    : comm_(comm), mainForm_(mainForm) {
+    mainForm_.onMessage = [this](const std::string& text) { note(text); };
 }
 
 /// A cell's write ends with "Completed" and, when it failed, with "Failed" after it; a record may come

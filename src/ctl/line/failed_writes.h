@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/comm_context.h"
-#include "ctl/document/held_frame.h"
+#include "ctl/document/held_form.h"
 #include "ctl/line/block_results.h"
 
 #include <string>
@@ -21,8 +21,8 @@ struct Failed_Write {
 /// While it lives, collects the failed writes of a download from what it tells in panel 4 and records.
 class Failed_Writes {
   public:
-    Failed_Writes(const Comm_Context& comm, Held_Frame& frame);
-    ~Failed_Writes() { frame_.onMessage = nullptr; }
+    Failed_Writes(const Comm_Context& comm, Held_Form& mainForm);
+    ~Failed_Writes() { mainForm_.onMessage = nullptr; }
     Failed_Writes(const Failed_Writes&) = delete;
     Failed_Writes& operator=(const Failed_Writes&) = delete;
 
@@ -33,7 +33,7 @@ class Failed_Writes {
     [[nodiscard]] std::string responseSince(std::size_t records) const;
 
     const Comm_Context& comm_;
-    Held_Frame& frame_;
+    Held_Form& mainForm_;
     std::vector<Failed_Write> all_;
     std::size_t records_ = 0; ///< of the cells before, and of this one up to its "Completed"
     std::string response_;    ///< of the present cell's last exchange

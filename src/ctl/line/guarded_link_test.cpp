@@ -67,7 +67,7 @@ TEST_F(Guarded, TheWriteThatIsUnderWayEndsFirst) {
     form.Download_Active = true;
     guarded.PresetSingleRegister(7, 100, 1);
     stop.wanted = true;
-    EXPECT_TRUE(stopTransfer({document, form, guarded, frame}, false));
+    EXPECT_TRUE(stopTransfer({document, form, guarded, mainForm}, false));
     EXPECT_FALSE(form.Cancel_Requested);
     link.advance();
     EXPECT_FALSE(form.Cancel_Requested); // a try
@@ -80,7 +80,7 @@ TEST_F(Guarded, WhoeverAsksTwiceDoesntWait) {
     link.writes = {Write_Script{Exchange{}}};
     form.Download_Active = true;
     guarded.PresetSingleRegister(7, 100, 1);
-    EXPECT_FALSE(stopTransfer({document, form, guarded, frame}, true));
+    EXPECT_FALSE(stopTransfer({document, form, guarded, mainForm}, true));
     EXPECT_TRUE(form.Cancel_Requested);
 }
 

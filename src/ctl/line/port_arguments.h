@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/modbus_control/line/port_settings.h"
-#include "ctl/document/call.h"
+#include "ctl/document/subcommand.h"
 #include "template/services/link_notice.h"
 
 #include <optional>

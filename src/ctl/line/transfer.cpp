@@ -18,21 +18,21 @@ namespace {
 const std::string ready = "Ready";
 
 /// The progress form tells how a transfer ended: it waits for an Ok after a failure, and is gone otherwise.
-Transfer_Outcome outcomeOf(const Held_Frame& frame, const std::string& panel4) {
-    if (frame.Porcentaje().state() != Progress_State::Unloaded) return Transfer_Outcome::Failed;
+Transfer_Outcome outcomeOf(const Held_Form& mainForm, const std::string& panel4) {
+    if (mainForm.Porcentaje().state() != Progress_State::Unloaded) return Transfer_Outcome::Failed;
     return panel4 == ready ? Transfer_Outcome::Finished : Transfer_Outcome::Cancelled;
 }
 
-Transfer_Report endTransfer(const Comm_Context& comm, const Held_Frame& frame,
+Transfer_Report endTransfer(const Comm_Context& comm, const Held_Form& mainForm,
                             std::optional<Failure_Note> failure) {
     Transfer_Report report;
-    report.panel4 = frame.panel(Panel::Message);
-    report.outcome = failure ? Transfer_Outcome::Failed : outcomeOf(frame, report.panel4);
+    report.panel4 = mainForm.panel(Panel::Message);
+    report.outcome = failure ? Transfer_Outcome::Failed : outcomeOf(mainForm, report.panel4);
     report.failure = std::move(failure);
     comm.form.Upload_Active = false;
     comm.form.Download_Active = false;
     MNU_Disconnect_Click(comm);
-    report.panel4_lines = frame.messages();
+    report.panel4_lines = mainForm.messages();
     report.blocks = blockResults(comm);
     report.errors = comm.form.Transfer_Errors;
     report.log = comm.form.Transfer_Log;
@@ -80,7 +80,7 @@ void cancelBefore(const Comm_Context& comm) {
 
 void refuseToWrite(const Comm_Context& comm, const First_Reading& reading) {
     comm.form.Transfer_Errors = reading.errors;
-    if (reading.lost) showNoResponse(comm.frame);
+    if (reading.lost) showNoResponse(comm.mainForm);
 }
 
 std::optional<Failure_Note> writeAll(const Comm_Context& comm) {
@@ -121,7 +121,7 @@ void readWholePass(const Comm_Context& comm, const std::string& request) {
     link.StartScan();
     bool whole = false;
     while (!whole && !link.CommLost() && !comm.form.Cancel_Requested) {
-        comm.frame.wait_until(
+        comm.mainForm.wait_until(
             [&] { return link.ScanBlockIndex() != seen || link.CommLost() || comm.form.Cancel_Requested; });
         whole = link.ScanBlockIndex() != seen && link.ScanBlockIndex() == first;
         seen = link.ScanBlockIndex();
@@ -129,12 +129,12 @@ void readWholePass(const Comm_Context& comm, const std::string& request) {
     link.EndSession();
 }
 
-Transfer_Report runUpload(const Comm_Context& asked, Held_Frame& frame, const Stop_Wish& stop) {
+Transfer_Report runUpload(const Comm_Context& asked, Held_Form& mainForm, const Stop_Wish& stop) {
     Guarded_Link link(asked.link, asked.form, stop);
-    const Comm_Context comm{asked.document, asked.form, link, asked.frame};
+    const Comm_Context comm{asked.document, asked.form, link, asked.mainForm};
     const Own_Values own(comm.document);
     std::optional<Failure_Note> failure;
-    frame.onTimer = [&](Timer_Name timer) {
+    mainForm.onTimer = [&](Timer_Name timer) {
         if (timer != Timer_Name::TMR_Actualiza_valores || !comm.form.Upload_Active) return;
         failure = failureOf([&] { TMR_Actualiza_valores_Timer(comm); });
         if (failure) comm.form.Upload_Active = false;
@@ -142,8 +142,8 @@ Transfer_Report runUpload(const Comm_Context& asked, Held_Frame& frame, const St
     keepLog(comm);
     MNU_Upload_Click(comm);
     if (stop.asked()) comm.form.Cancel_Requested = true; // the command has cleared the wish
-    frame.wait_until([&] { return !comm.form.Upload_Active; });
-    Transfer_Report report = endTransfer(comm, frame, std::move(failure));
+    mainForm.wait_until([&] { return !comm.form.Upload_Active; });
+    Transfer_Report report = endTransfer(comm, mainForm, std::move(failure));
     if (report.finished()) {
         report.passes = comm.form.Scan_Passes;
         report.failedReads = failedReads(report.errors);
@@ -152,19 +152,19 @@ Transfer_Report runUpload(const Comm_Context& asked, Held_Frame& frame, const St
     } else {
         noteSignal(report, stop);
     }
-    frame.onTimer = nullptr;
+    mainForm.onTimer = nullptr;
     return report;
 }
 
-Transfer_Report runDownload(const Comm_Context& asked, Held_Frame& frame, const Stop_Wish& stop) {
+Transfer_Report runDownload(const Comm_Context& asked, Held_Form& mainForm, const Stop_Wish& stop) {
     Guarded_Link link(asked.link, asked.form, stop);
-    const Comm_Context comm{asked.document, asked.form, link, asked.frame};
-    const Download_Plan plan = planDownload(comm.document, {}, selectionOf(frame.grids()));
-    frame.Porcentaje().setLabel("Transferring data to controller...");
-    frame.Porcentaje().show();
+    const Comm_Context comm{asked.document, asked.form, link, asked.mainForm};
+    const Download_Plan plan = planDownload(comm.document, {}, selectionOf(mainForm.grids()));
+    mainForm.Porcentaje().setLabel("Transferring data to controller...");
+    mainForm.Porcentaje().show();
     const bool hopeless = plan.failure && plan.writes.empty(); // the first write can't even be built
     const First_Reading reading = hopeless ? First_Reading() : readBeforeWriting(comm, plan);
-    const Failed_Writes failed(comm, frame);
+    const Failed_Writes failed(comm, mainForm);
     std::optional<Failure_Note> failure;
     if (stop.asked())
         cancelBefore(comm);
@@ -174,7 +174,7 @@ Transfer_Report runDownload(const Comm_Context& asked, Held_Frame& frame, const 
         failure = writeAll(comm);
     else
         refuseToWrite(comm, reading);
-    Transfer_Report report = endTransfer(comm, frame, std::move(failure));
+    Transfer_Report report = endTransfer(comm, mainForm, std::move(failure));
     report.failedWrites = failed.all();
     report.refusals = refusalsOf(report.failedWrites);
     if (report.outcome == Transfer_Outcome::Failed) report.obstacles = reading.obstacles;

@@ -2,7 +2,7 @@
 
 #include "comm/main_form/comm_context.h"
 #include "comm/modbus_control/dry_run_link.h"
-#include "ctl/document/held_frame.h"
+#include "ctl/document/held_form.h"
 #include "ctl/document/opened_document.h"
 #include "ctl/document/register_file.h"
 #include "ctl/line/block_results.h"
@@ -59,14 +59,14 @@ struct Transfer_Report {
     }
 };
 
-/// Reads all blocks and, if the upload finishes, fills the document. Waits in the frame, whose timer
+/// Reads all blocks and, if the upload finishes, fills the document. Waits in the main form, whose timer
 /// `TMR_Actualiza_valores` runs the upload.
-[[nodiscard]] Transfer_Report runUpload(const Comm_Context& comm, Held_Frame& frame,
+[[nodiscard]] Transfer_Report runUpload(const Comm_Context& comm, Held_Form& mainForm,
                                         const Stop_Wish& stop = No_Stop_Wish());
 
 /// Writes every modifiable cell to the controller, once it has answered a read and everything that the writes
 /// are built from is known. Otherwise nothing is written.
-[[nodiscard]] Transfer_Report runDownload(const Comm_Context& comm, Held_Frame& frame,
+[[nodiscard]] Transfer_Report runDownload(const Comm_Context& comm, Held_Form& mainForm,
                                           const Stop_Wish& stop = No_Stop_Wish());
 
 /// Somebody has asked for the end, by a signal: nothing more is read, and the transfer is cancelled, after

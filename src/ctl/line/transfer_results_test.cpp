@@ -83,7 +83,7 @@ TEST_F(Results, ACellWhoseRegistersWereNotReadKeepsItsValue) {
 }
 
 TEST_F(Results, AFailedWriteIsRefusedOrUnansweredOrNotSent) {
-    Held_Frame held(1, firstField);
+    Held_Form held(1, firstField);
     const Failed_Writes failed(comm, held);
     const auto write = [&](const std::string& cell, const std::string& recorded, const std::string& kept) {
         Info_Rec_Errors record;

@@ -18,11 +18,11 @@ using doubles::Write_Script;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A frame whose waits let the scripted link go on and the upload's timer tick.
-class Stepping_Frame : public Held_Frame {
+/// A main form whose waits let the scripted link go on and the upload's timer tick.
+class Stepping_Form : public Held_Form {
   public:
-    explicit Stepping_Frame(Comm_Bench& bench)
-        : Held_Frame(bench.document.Field_Count, firstField), bench_(bench) {}
+    explicit Stepping_Form(Comm_Bench& bench)
+        : Held_Form(bench.document.Field_Count, firstField), bench_(bench) {}
 
     std::function<void()> step; ///< one event of the link
     void wait_until(const std::function<bool()>& condition) override {
@@ -53,7 +53,7 @@ class Transfer : public testing::Test {
         bench.link.image = {{100, 65535}, {111, 7}};
     }
     /// The scan reads its blocks in turn; the second one may fail.
-    std::function<void()> scan(Stepping_Frame&, bool good, const std::string& answer = {}) {
+    std::function<void()> scan(Stepping_Form&, bool good, const std::string& answer = {}) {
         return [this, good, answer] {
             bench.link.finishScan(bench.link.blockIndex == 1 || good, answer);
             bench.link.blockIndex = bench.link.blockIndex == 1 ? 2 : 1;
@@ -74,24 +74,24 @@ class Transfer : public testing::Test {
 };
 
 TEST_F(Transfer, AFinishedUploadFillsTheDocumentAndEndsTheSession) {
-    Stepping_Frame frame(bench);
-    frame.step = scan(frame, true);
-    const Comm_Context comm{bench.document, bench.form, bench.link, frame};
-    const Transfer_Report report = runUpload(comm, frame);
+    Stepping_Form mainForm(bench);
+    mainForm.step = scan(mainForm, true);
+    const Comm_Context comm{bench.document, bench.form, bench.link, mainForm};
+    const Transfer_Report report = runUpload(comm, mainForm);
     EXPECT_TRUE(report.complete());
     EXPECT_EQ(report.passes, 1);
     EXPECT_EQ(report.panel4, "Ready");
     EXPECT_EQ(cell().Value, "-1");
     EXPECT_FALSE(bench.form.Online);
-    EXPECT_EQ(frame.panel(Panel::LinkState), "Offline");
+    EXPECT_EQ(mainForm.panel(Panel::LinkState), "Offline");
     EXPECT_THAT(told("Upload", report), IsEmpty());
     EXPECT_EQ(scannedRegisters(comm), (Register_Values{{100, 65535}, {101, 0}, {110, 0}, {111, 7}}));
 }
 
 TEST_F(Transfer, ARefusedBlockIsToldThoughTheUploadFinishes) {
-    Stepping_Frame frame(bench);
-    frame.step = scan(frame, false, "Illegal data address (exception 2)");
-    const Transfer_Report report = runUpload({bench.document, bench.form, bench.link, frame}, frame);
+    Stepping_Form mainForm(bench);
+    mainForm.step = scan(mainForm, false, "Illegal data address (exception 2)");
+    const Transfer_Report report = runUpload({bench.document, bench.form, bench.link, mainForm}, mainForm);
     EXPECT_TRUE(report.finished());
     EXPECT_FALSE(report.complete());
     EXPECT_THAT(told("Upload", report),
@@ -101,14 +101,14 @@ TEST_F(Transfer, ARefusedBlockIsToldThoughTheUploadFinishes) {
 }
 
 TEST_F(Transfer, ATryWithoutAnAnswerIsARecordAndNoRefusal) {
-    Stepping_Frame frame(bench);
+    Stepping_Form mainForm(bench);
     bool first = true;
-    frame.step = [&] {
+    mainForm.step = [&] {
         bench.link.finishScan(!first, {});
         if (!first) bench.link.blockIndex = bench.link.blockIndex == 1 ? 2 : 1;
         first = false;
     };
-    const Transfer_Report report = runUpload({bench.document, bench.form, bench.link, frame}, frame);
+    const Transfer_Report report = runUpload({bench.document, bench.form, bench.link, mainForm}, mainForm);
     EXPECT_TRUE(report.complete());
     ASSERT_EQ(report.errors.size(), 1U);
     EXPECT_EQ(transferJson(report)["errors"].dump(),
@@ -117,13 +117,13 @@ TEST_F(Transfer, ATryWithoutAnAnswerIsARecordAndNoRefusal) {
 }
 
 TEST_F(Transfer, ALostLinkFailsAndLeavesTheDocument) {
-    Stepping_Frame frame(bench);
+    Stepping_Form mainForm(bench);
     cell().Value = "5";
-    frame.step = [&] {
+    mainForm.step = [&] {
         bench.link.lost = true;
         bench.link.blockIndex = 2;
     };
-    const Transfer_Report report = runUpload({bench.document, bench.form, bench.link, frame}, frame);
+    const Transfer_Report report = runUpload({bench.document, bench.form, bench.link, mainForm}, mainForm);
     EXPECT_EQ(report.outcome, Transfer_Outcome::Failed);
     EXPECT_EQ(report.passes, 0);
     EXPECT_EQ(cell().Value, "5");
@@ -136,11 +136,11 @@ TEST_F(Transfer, ALostLinkFailsAndLeavesTheDocument) {
 }
 
 TEST_F(Transfer, ACancelledUploadLeavesTheDocument) {
-    Stepping_Frame frame(bench);
-    const Comm_Context comm{bench.document, bench.form, bench.link, frame};
+    Stepping_Form mainForm(bench);
+    const Comm_Context comm{bench.document, bench.form, bench.link, mainForm};
     cell().Value = "5";
-    frame.step = [&] { BOT_Cancel_Click(comm); };
-    const Transfer_Report report = runUpload(comm, frame);
+    mainForm.step = [&] { BOT_Cancel_Click(comm); };
+    const Transfer_Report report = runUpload(comm, mainForm);
     EXPECT_EQ(report.outcome, Transfer_Outcome::Cancelled);
     EXPECT_EQ(report.panel4, "Upload cancelled...");
     EXPECT_EQ(cell().Value, "5");
@@ -148,10 +148,10 @@ TEST_F(Transfer, ACancelledUploadLeavesTheDocument) {
 }
 
 TEST_F(Transfer, AFailureInATickEndsTheUpload) {
-    Stepping_Frame frame(bench);
+    Stepping_Form mainForm(bench);
     cell().Address = "99999999999";
-    frame.step = scan(frame, true);
-    const Transfer_Report report = runUpload({bench.document, bench.form, bench.link, frame}, frame);
+    mainForm.step = scan(mainForm, true);
+    const Transfer_Report report = runUpload({bench.document, bench.form, bench.link, mainForm}, mainForm);
     EXPECT_EQ(report.outcome, Transfer_Outcome::Failed);
     ASSERT_TRUE(report.failure);
     EXPECT_EQ(report.failure->number, 6);
@@ -161,10 +161,10 @@ TEST_F(Transfer, AFailureInATickEndsTheUpload) {
 }
 
 TEST_F(Transfer, ADownloadWritesAndTellsEveryFailedWrite) {
-    Stepping_Frame frame(bench);
+    Stepping_Form mainForm(bench);
     cell().Value = "42";
     bench.link.writes = {Write_Script{Exchange{false, "Illegal data value (exception 3)", {}}}};
-    const Transfer_Report report = runDownload({bench.document, bench.form, bench.link, frame}, frame);
+    const Transfer_Report report = runDownload({bench.document, bench.form, bench.link, mainForm}, mainForm);
     EXPECT_TRUE(report.finished());
     EXPECT_FALSE(report.complete());
     EXPECT_THAT(report.refusals, ElementsAre("Write: 42 @100 ...Failed"));
@@ -172,26 +172,26 @@ TEST_F(Transfer, ADownloadWritesAndTellsEveryFailedWrite) {
 }
 
 TEST_F(Transfer, ACancelledDownloadEndsAtOnce) {
-    Stepping_Frame frame(bench);
-    const Comm_Context comm{bench.document, bench.form, bench.link, frame};
+    Stepping_Form mainForm(bench);
+    const Comm_Context comm{bench.document, bench.form, bench.link, mainForm};
     cell().Value = "42";
     Exchange slow;
     slow.before = [&] { BOT_Cancel_Click(comm); };
     bench.link.writes = {Write_Script{slow, slow}};
-    const Transfer_Report report = runDownload(comm, frame);
+    const Transfer_Report report = runDownload(comm, mainForm);
     EXPECT_EQ(report.outcome, Transfer_Outcome::Cancelled);
     EXPECT_EQ(report.panel4, "Download cancelled...");
 }
 
 TEST_F(Transfer, AFailureInADownloadEndsTheSession) {
-    Stepping_Frame frame(bench);
+    Stepping_Form mainForm(bench);
     cell().Address = "99999999999";
     cell().Value = "1";
-    const Transfer_Report report = runDownload({bench.document, bench.form, bench.link, frame}, frame);
+    const Transfer_Report report = runDownload({bench.document, bench.form, bench.link, mainForm}, mainForm);
     EXPECT_EQ(report.outcome, Transfer_Outcome::Failed);
     EXPECT_EQ(report.failure->number, 6);
     EXPECT_FALSE(bench.form.Download_Active);
-    EXPECT_EQ(frame.panel(Panel::LinkState), "Offline");
+    EXPECT_EQ(mainForm.panel(Panel::LinkState), "Offline");
 }
 
 } // namespace

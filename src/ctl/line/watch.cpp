@@ -126,9 +126,9 @@ std::string watchFault(const Declara_Zorvane& document, std::int32_t field) {
     return "Field " + std::to_string(field) + " has no live column (ALWAYS): choose another field.";
 }
 
-bool runWatch(const Comm_Context& comm, Held_Frame& frame, const Watch_Plan& plan) {
+bool runWatch(const Comm_Context& comm, Held_Form& mainForm, const Watch_Plan& plan) {
     Live_Refresh refresh;
-    frame.held().onText = [&refresh](std::int32_t row, std::int32_t col, const std::string& text) {
+    mainForm.held().onText = [&refresh](std::int32_t row, std::int32_t col, const std::string& text) {
         refresh.texts[{row, col + 1}] = text;
     };
     const auto tick = [&] {
@@ -144,20 +144,20 @@ bool runWatch(const Comm_Context& comm, Held_Frame& frame, const Watch_Plan& pla
     const auto over = [&] {
         return comm.form.Cancel_Requested || (plan.count > 0 && refresh.number >= plan.count);
     };
-    frame.onTimer = [&](Timer_Name timer) {
+    mainForm.onTimer = [&](Timer_Name timer) {
         if (timer == Timer_Name::TMR_Actualiza_online && !over()) tick();
     };
     readWholePass(comm, onlineScan);
     if (!over() && plan.portOpen()) {
         goOnline(comm);
         tick();
-        frame.wait_until(over);
+        mainForm.wait_until(over);
     }
     const bool stopped = comm.form.Cancel_Requested;
     MNU_Disconnect_Click(comm);
     if (plan.ended) plan.ended(endText(refresh, stopped));
-    frame.onTimer = nullptr;
-    frame.held().onText = nullptr;
+    mainForm.onTimer = nullptr;
+    mainForm.held().onText = nullptr;
     return refresh.number > 0 && !refresh.lost;
 }
 

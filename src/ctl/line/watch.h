@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/comm_context.h"
-#include "ctl/document/held_frame.h"
+#include "ctl/document/held_form.h"
 #include "ctl/text/json_text.h"
 
 #include <cstdint>
@@ -50,6 +50,6 @@ struct Watch_Plan {
 /// reached or the form's `Cancel_Requested` is set. A lost link is waited for. A text whose registers the
 /// latest reading didn't bring is "???", with the reason. Gives false when the link was
 /// lost at the end, or nothing was shown.
-[[nodiscard]] bool runWatch(const Comm_Context& comm, Held_Frame& frame, const Watch_Plan& plan);
+[[nodiscard]] bool runWatch(const Comm_Context& comm, Held_Form& mainForm, const Watch_Plan& plan);
 
 } // namespace zorvane

@@ -13,11 +13,11 @@ namespace {
 using doubles::Comm_Bench;
 using ::testing::Contains;
 
-/// A frame whose waits let the scan go on and the live refresh tick.
-class Ticking_Frame : public Held_Frame {
+/// A main form whose waits let the scan go on and the live refresh tick.
+class Ticking_Form : public Held_Form {
   public:
-    explicit Ticking_Frame(Comm_Bench& bench)
-        : Held_Frame(bench.document.Field_Count, firstField), bench_(bench) {}
+    explicit Ticking_Form(Comm_Bench& bench)
+        : Held_Form(bench.document.Field_Count, firstField), bench_(bench) {}
 
     std::function<void()> step;
     void setTimerEnabled(Timer_Name timer, bool enabled) override {
@@ -55,7 +55,7 @@ struct Watch : ::testing::Test, Comm_Bench {
     }
 
     bool watch(std::int32_t count) {
-        Ticking_Frame ticking(*this);
+        Ticking_Form ticking(*this);
         ticking.step = step;
         return runWatch({document, form, link, ticking}, ticking,
                         {1, count,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/document/call.h"
+#include "ctl/document/subcommand.h"
 
 #include <filesystem>
 #include <string>

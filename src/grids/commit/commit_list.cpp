@@ -87,8 +87,8 @@ void PRO_Escribe_Lista(const Grid_Context& grids, std::int32_t Row, std::int32_t
         if (!writeLive(grids, variant)) return;
     }
     if (!comm.form.Online) storeOffline(grids, Row, Col, code);
-    PRO_Titulo_Modificado(comm.document, comm.form, comm.frame);
-    applySaveRule(comm.document, comm.frame);
+    PRO_Titulo_Modificado(comm.document, comm.form, comm.mainForm);
+    applySaveRule(comm.document, comm.mainForm);
     grids.editors.EDT_Modifica_Combo.Visible = false;
 }
 

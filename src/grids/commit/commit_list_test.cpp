@@ -103,7 +103,7 @@ TEST_F(Commit_List_Test, OnlineAFailureKeepsTheChosenTextAndStillMarksTheDocumen
 
 TEST_F(Commit_List_Test, ADisconnectDuringTheWriteStoresTheEntryOfflineAsWell) {
     form.Online = true;
-    frame.duringPause = [this](std::int32_t) { form.Online = false; };
+    mainForm.duringPause = [this](std::int32_t) { form.Online = false; };
     EXPECT_EQ(written("1"), "link PresetSingleRegister 3 1004 1");
     EXPECT_EQ(cell().Value, "1");
     EXPECT_EQ(ownLower.TextMatrix(1, 0), "") << "no column is current then";
@@ -162,7 +162,7 @@ TEST_F(Commit_List_Test, AnAddressOfNoKnownFormIsNotWrittenAndReportsCompletedAl
 TEST_F(Commit_List_Test, TheFactoryFileKeepsSaveOff) {
     document.File_Stem = "DEFAULT";
     choose(1, 0, "1");
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
     EXPECT_TRUE(form.Dirty);
 }
 

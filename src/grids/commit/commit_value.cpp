@@ -107,7 +107,7 @@ class Commit {
     }
 
     void tell(const std::string& text) const {
-        comm_.frame.Msgb_Show(text, Msgb_Information, applicationTitle);
+        comm_.mainForm.Msgb_Show(text, Msgb_Information, applicationTitle);
     }
 
     void refuse(const std::string& text) const {
@@ -124,8 +124,8 @@ class Commit {
     }
 
     void markModified() const {
-        PRO_Titulo_Modificado(comm_.document, comm_.form, comm_.frame);
-        applySaveRule(comm_.document, comm_.frame);
+        PRO_Titulo_Modificado(comm_.document, comm_.form, comm_.mainForm);
+        applySaveRule(comm_.document, comm_.mainForm);
     }
 
     /// False when the document is gone.

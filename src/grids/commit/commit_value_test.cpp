@@ -288,8 +288,8 @@ TEST_F(Commit_Value_Test, LimitsFilledInStay) {
 TEST_F(Commit_Value_Test, TheFactoryFileKeepsSaveOff) {
     document.File_Stem = "Default";
     enter("1");
-    EXPECT_FALSE(frame.menuEnabled(Menu_Entry::MNU_Save));
-    EXPECT_EQ(frame.caption(), "* default.abc - Zorvane");
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_EQ(mainForm.caption(), "* default.abc - Zorvane");
     EXPECT_TRUE(form.Dirty);
 }
 
@@ -438,7 +438,7 @@ TEST_F(Commit_Value_Test, AFailedAsciiWriteLeavesTheNewTextEverywhere) {
     enter("XYZ");
     EXPECT_EQ(cell().Value, "XYZ");
     EXPECT_EQ(shown(), "XYZ");
-    EXPECT_EQ(frame.panel(Panel::Message), "Writing ascii block: 1004-1004 @XYZ ...Failed");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Writing ascii block: 1004-1004 @XYZ ...Failed");
     EXPECT_TRUE(ownLower.TabStop());
     EXPECT_FALSE(form.Dirty);
 }
@@ -470,7 +470,7 @@ TEST_F(Commit_Value_Test, AnAsciiCharacterThatNoRegisterHoldsStopsTheCommit) {
 
 TEST_F(Commit_Value_Test, ARefusalLeavesADocumentAloneThatCameUpDuringItsMessage) {
     limits("10", "20");
-    frame.duringMessage = [this] {
+    mainForm.duringMessage = [this] {
         PRO_Limpia_Modelo(document);
         document.Fields.redim(highestField);
         addTable(1, 2).Cells(1, 1).Value = "3";

@@ -17,7 +17,7 @@ void colourCell(VSFlexGrid& grid, const std::string& fore, const std::string& ba
 
 /// False when the document is gone.
 bool waitForWrite(const Comm_Context& comm, const Document_Mark& document) {
-    comm.frame.wait_until([&] {
+    comm.mainForm.wait_until([&] {
         if (!document.holds()) return true;
         comm.form.Write_Busy = comm.link.WriteBusy();
         return !comm.form.Write_Busy;
@@ -37,9 +37,9 @@ void report(const Grid_Context& grids, Live_Write_Variant& variant) {
 }
 
 /// A line about a write of a document that is gone would stand for ever.
-void forgetPending(Frame& frame) {
-    const std::string line = frame.panel(Panel::Message);
-    if (line.ends_with(writePending)) frame.setPanel(Panel::Message, "");
+void forgetPending(Main_Form& mainForm) {
+    const std::string line = mainForm.panel(Panel::Message);
+    if (line.ends_with(writePending)) mainForm.setPanel(Panel::Message, "");
 }
 
 /// False when the document is gone.
@@ -56,7 +56,7 @@ bool exchange(const Grid_Context& grids, Live_Write_Variant& variant, Live_Write
     variant.start();
     if (!waitForWrite(comm, document)) return false;
     watch.noteEnd();
-    comm.frame.wait_ms(settlingMs);
+    comm.mainForm.wait_ms(settlingMs);
     if (!document.holds()) return false;
     report(grids, variant);
     return true;
@@ -67,7 +67,7 @@ bool exchange(const Grid_Context& grids, Live_Write_Variant& variant, Live_Write
 bool writeLive(const Grid_Context& grids, Live_Write_Variant& variant) {
     Live_Write_Watch watch(grids);
     if (!exchange(grids, variant, watch)) {
-        forgetPending(grids.comm.frame);
+        forgetPending(grids.comm.mainForm);
         return false;
     }
     variant.close();
@@ -83,7 +83,7 @@ std::string statusLine(std::string_view value, std::string_view address, std::st
 
 void showStatusLine(const Grid_Context& grids, std::string_view value, std::string_view address,
                     std::string_view progress) {
-    grids.comm.frame.setPanel(Panel::Message, statusLine(value, address, progress));
+    grids.comm.mainForm.setPanel(Panel::Message, statusLine(value, address, progress));
 }
 
 } // namespace zorvane

@@ -48,7 +48,7 @@ void Live_Write_Watch::tell() const {
     std::string text =
         cellName(document, field_, row_, col_ + 1) + " @" + address + ": " + endText(end_) + ".";
     if (failedBefore_) text += " An earlier write had failed, and that stands until the next download.";
-    grids_.comm.frame.messageBar().tell(
+    grids_.comm.mainForm.messageBar().tell(
         {bar_topic::liveWrite, Bar_Kind::Warning, text, {showButton(grids_, field_, row_, col_)}, true});
 }
 

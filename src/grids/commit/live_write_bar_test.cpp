@@ -18,7 +18,7 @@ struct Live_Write_Bar : ::testing::Test, doubles::Grid_Bench {
         form.Online = true;
     }
     [[nodiscard]] std::string line() const {
-        const Bar_Line* found = frame.bar.find("live write");
+        const Bar_Line* found = mainForm.bar.find("live write");
         if (found == nullptr) return "none";
         std::string text = found->text;
         for (const Bar_Button& button : found->buttons)
@@ -38,7 +38,7 @@ struct Live_Write_Bar : ::testing::Test, doubles::Grid_Bench {
 TEST_F(Live_Write_Bar, WriteThatWasTakenAfterAFailedOneIsTold) {
     failOnce();
     type(1, 0, "120");
-    EXPECT_EQ(frame.panel(Panel::Message), "Write: 120 @1004 ...Failed");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Write: 120 @1004 ...Failed");
     EXPECT_EQ(link.image[1004], 120);
     EXPECT_EQ(line(),
               "Regulation, row 1 @1004: the controller took the value, whatever the status line and the "
@@ -66,7 +66,7 @@ TEST_F(Live_Write_Bar, SilenceIsNotCertain) {
 TEST_F(Live_Write_Bar, AnswerThatMayBeAnotherOnesIsToldWithoutAnEarlierFailure) {
     link.nextOutcome = Write_Outcome::Uncertain;
     type(1, 0, "120");
-    EXPECT_EQ(frame.panel(Panel::Message), "Write: 120 @1004 ...Completed");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Write: 120 @1004 ...Completed");
     EXPECT_EQ(line(),
               "Regulation, row 1 @1004: it is not certain whether the controller took the value. [Show]");
 }
@@ -85,7 +85,7 @@ TEST_F(Live_Write_Bar, TextThatWasTakenAfterAFailedWriteIsTold) {
     cell.Is_Ascii_Range = true;
     cell.Address_End = "1005";
     type(1, 0, "PUMP");
-    EXPECT_EQ(frame.panel(Panel::Message), "Writing ascii block: 1004-1005 @PUMP ...Failed");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Writing ascii block: 1004-1005 @PUMP ...Failed");
     EXPECT_EQ(line(),
               "Regulation, row 1 @1004: the controller took the value, whatever the status line and the "
               "cell say. An earlier write had failed, and that stands until the next download. [Show]");
@@ -100,7 +100,7 @@ TEST_F(Live_Write_Bar, ShowGoesToTheCell) {
     failOnce();
     type(1, 0, "120");
     addTable(1, 1);
-    frame.bar.find("live write")->buttons.at(0).press();
+    mainForm.bar.find("live write")->buttons.at(0).press();
     EXPECT_EQ(ownUpper.Row(), 1);
     EXPECT_EQ(ownLower.Row(), 1);
     EXPECT_EQ(ownLower.Col(), 0);
@@ -111,7 +111,7 @@ TEST_F(Live_Write_Bar, ShowLeavesAnotherDocumentAlone) {
     type(1, 0, "120");
     addTable(1, 1);
     ++document.Edition;
-    frame.bar.find("live write")->buttons.at(0).press();
+    mainForm.bar.find("live write")->buttons.at(0).press();
     EXPECT_EQ(ownUpper.Row(), 2);
 }
 

@@ -28,7 +28,7 @@ class Live_Write_Test : public testing::Test, protected doubles::Grid_Bench {
 
     Cell_Rec& cell() { return grids.cell(1, 0); }
     std::string shown() const { return ownLower.TextMatrix(1, 0); }
-    std::string panel() const { return frame.panel(Panel::Message); }
+    std::string panel() const { return mainForm.panel(Panel::Message); }
     std::vector<std::string> writes() const { return journal.beginningWith("link Preset"); }
     /// A write that is still going on when the next one starts.
     void keepLinkBusy(std::function<void()> beforeItsEnd) {
@@ -159,7 +159,7 @@ TEST_P(Variant_Test, DoesWhatItsRowSays) {
     cell().Address = each.address;
     if (!each.good) link.writes = {{noAnswer}};
     int pauses = 0;
-    frame.duringPause = [&](std::int32_t milliseconds) {
+    mainForm.duringPause = [&](std::int32_t milliseconds) {
         ++pauses;
         EXPECT_EQ(milliseconds, 500);
         EXPECT_FALSE(ownLower.TabStop());
@@ -357,7 +357,7 @@ TEST_F(Live_Write_Test, OtherCellsOfTheSameRegisterStay) {
 TEST_F(Live_Write_Test, ASecondCommitCanRunInsideTheFirst) {
     grids.cell(2, 1).Address = "1005";
     bool nested = false;
-    frame.duringPause = [&](std::int32_t) {
+    mainForm.duringPause = [&](std::int32_t) {
         if (std::exchange(nested, true)) return;
         type(2, 1, "8");
     };
@@ -373,7 +373,7 @@ TEST_F(Live_Write_Test, TheFieldIsAskedAnewAfterAWait) {
     Field_Rec& other = addTable(2, 2);
     other.Cells(1, 1).Address = "2000";
     selectField(1);
-    frame.duringPause = [this](std::int32_t) { selectField(2); };
+    mainForm.duringPause = [this](std::int32_t) { selectField(2); };
     type(1, 0, "12");
     EXPECT_EQ(document.Fields(2).Cells(1, 1).Value, "12");
     EXPECT_EQ(document.Fields(1).Cells(1, 1).Value, "7");
@@ -381,7 +381,7 @@ TEST_F(Live_Write_Test, TheFieldIsAskedAnewAfterAWait) {
 }
 
 TEST_F(Live_Write_Test, AModelThatFailsAfterAWaitStopsTheCommit) {
-    frame.duringPause = [this](std::int32_t) { document.Fields.redim(0); };
+    mainForm.duringPause = [this](std::int32_t) { document.Fields.redim(0); };
     EXPECT_THROW(type(1, 0, "12"), Run_Time_Failure);
     EXPECT_TRUE(ownLower.TabStop()) << "the grid is back in the tab order";
     EXPECT_FALSE(form.Dirty);
@@ -414,7 +414,7 @@ class Orphaned_Write_Test : public Live_Write_Test,
             link.writes = {{Exchange{true, "", event, "", ""}}};
             return;
         case Waiting::For_The_Controller:
-            frame.duringPause = [event](std::int32_t) { event(); };
+            mainForm.duringPause = [event](std::int32_t) { event(); };
             return;
         }
     }
@@ -500,7 +500,7 @@ TEST_F(Live_Write_Test, AnOrphanedWriteLeavesThePanelOfTheNewDocument) {
     link.writes = {{Exchange{true, "",
                              [this] {
                                  PRO_Limpia_Modelo(document);
-                                 frame.setPanel(Panel::Message, "This file fit on the template.");
+                                 mainForm.setPanel(Panel::Message, "This file fit on the template.");
                              },
                              "", ""}}};
     type(1, 0, "12");

@@ -25,7 +25,7 @@ void tell(const Grid_Context& grids, std::string text, const std::vector<Cell_Pl
     if (canReplace(grids))
         line.buttons.push_back({"Replace by a blank", [grids, places] { replaceByBlanks(grids, places); }});
     line.buttons.push_back({"Show", [grids, first = places.front()] { showCell(grids, first); }});
-    grids.comm.frame.messageBar().tell(std::move(line));
+    grids.comm.mainForm.messageBar().tell(std::move(line));
 }
 
 std::string quoted(const Grid_Context& grids, const Cell_Place& place) {
@@ -51,7 +51,7 @@ void tellCommittedText(const Grid_Context& grids, const Cell_Place& place) {
 
 void tellSavedTexts(const Grid_Context& grids) {
     const std::vector<Cell_Place> places = cellsThatNoFileHolds(grids.comm.document);
-    if (places.empty()) return grids.comm.frame.messageBar().withdraw(unholdableTopic);
+    if (places.empty()) return grids.comm.mainForm.messageBar().withdraw(unholdableTopic);
     const std::string first = quoted(grids, places.front());
     if (places.size() == 1)
         return tell(grids, "The text " + first + " was saved with a comma or \";\" in it. " + loss, places);
@@ -75,9 +75,9 @@ void replaceByBlanks(const Grid_Context& grids, const std::vector<Cell_Place>& p
             grids.fieldNumber() == place.field && place.row < grid.Rows() && place.column <= grid.Cols();
         if (shown) grid.setTextMatrix(place.row, place.column - 1, cell.Value);
     }
-    PRO_Titulo_Modificado(comm.document, comm.form, comm.frame);
-    applySaveRule(comm.document, comm.frame);
-    comm.frame.messageBar().withdraw(unholdableTopic);
+    PRO_Titulo_Modificado(comm.document, comm.form, comm.mainForm);
+    applySaveRule(comm.document, comm.mainForm);
+    comm.mainForm.messageBar().withdraw(unholdableTopic);
 }
 
 } // namespace zorvane

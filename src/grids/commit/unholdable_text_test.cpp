@@ -24,7 +24,7 @@ struct Unholdable_Text : testing::Test, doubles::Grid_Bench {
         return all;
     }
     void press(std::size_t button) { bar().find(unholdableTopic)->buttons.at(button).press(); }
-    [[nodiscard]] Bar_Lines& bar() { return frame.bar; }
+    [[nodiscard]] Bar_Lines& bar() { return mainForm.bar; }
 };
 
 const std::string loss =

@@ -23,7 +23,7 @@ struct Put_Back {
 
     /// Taking the line back ends this, so that comes last.
     void operator()() const {
-        Message_Bar& bar = grids.comm.frame.messageBar();
+        Message_Bar& bar = grids.comm.mainForm.messageBar();
         putBack();
         bar.withdraw(bar_topic::unmarkedChange);
     }
@@ -70,7 +70,7 @@ void Unmarked_Change::tell(Bar_Kind kind, const std::string& why) const {
     text += grids_.comm.form.Dirty ? "." : ", and the document is not marked as changed.";
     std::vector<Bar_Button> buttons;
     if (!grids_.comm.form.Online) buttons.push_back(undoButton());
-    grids_.comm.frame.messageBar().tell({bar_topic::unmarkedChange, kind, text, std::move(buttons), true});
+    grids_.comm.mainForm.messageBar().tell({bar_topic::unmarkedChange, kind, text, std::move(buttons), true});
 }
 
 Bar_Button Unmarked_Change::undoButton() const {

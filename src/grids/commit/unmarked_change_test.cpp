@@ -18,14 +18,14 @@ struct Unmarked : ::testing::Test, doubles::Grid_Bench {
         ownLower.setTextMatrix(1, 1, "15");
     }
     [[nodiscard]] std::string line() const {
-        const Bar_Line* found = frame.bar.find("unmarked change");
+        const Bar_Line* found = mainForm.bar.find("unmarked change");
         if (found == nullptr) return "none";
         std::string text = (found->kind == Bar_Kind::Warning ? "warning: " : "note: ") + found->text;
         for (const Bar_Button& button : found->buttons)
             text += " [" + button.caption + "]";
         return text;
     }
-    void undo() { frame.bar.find("unmarked change")->buttons.at(0).press(); }
+    void undo() { mainForm.bar.find("unmarked change")->buttons.at(0).press(); }
 
     Cell_Rec& cell;
 };
@@ -115,7 +115,7 @@ TEST_F(Unmarked, OnlineThereIsNoUndo) {
 
 TEST_F(Unmarked, UndoLeavesACellThatHoldsSomethingElseByNow) {
     type(1, 1, "abc");
-    const auto press = frame.bar.find("unmarked change")->buttons.at(0).press;
+    const auto press = mainForm.bar.find("unmarked change")->buttons.at(0).press;
     cell.Value = "7";
     press();
     EXPECT_EQ(cell.Value, "7");
@@ -123,7 +123,7 @@ TEST_F(Unmarked, UndoLeavesACellThatHoldsSomethingElseByNow) {
 
 TEST_F(Unmarked, UndoDoesNothingOnlineOrForAnotherDocument) {
     type(1, 1, "abc");
-    const auto press = frame.bar.find("unmarked change")->buttons.at(0).press;
+    const auto press = mainForm.bar.find("unmarked change")->buttons.at(0).press;
     form.Online = true;
     press();
     EXPECT_EQ(cell.Value, "0");

@@ -40,7 +40,7 @@ void PRO_Arma_Configuration(const Grid_Context& grids) {
     for (std::int32_t r = 1; r < grid.Rows(); ++r)
         grid.setTextMatrix(r, 1, document.Fields(r).Description);
     setRowHeights(grids.FLX_Settings, grids.editors.EDT_Modifica_Settings.Height);
-    grids.comm.frame.setPanel(Panel::LinkState, "Offline");
+    grids.comm.mainForm.setPanel(Panel::LinkState, "Offline");
 }
 
 void PRO_Llena_Configuration(const Grid_Context& grids) {

@@ -127,9 +127,9 @@ TEST_F(Fill_Configuration_Test, CentresTheHeadings) {
 
 TEST_F(Fill_Configuration_Test, AFreshLayoutSaysOfflineEvenWhileTheLinkIsUp) {
     form.Online = true;
-    frame.setPanel(Panel::LinkState, "Online");
+    mainForm.setPanel(Panel::LinkState, "Online");
     PRO_Arma_Configuration(grids);
-    EXPECT_EQ(frame.panel(Panel::LinkState), "Offline");
+    EXPECT_EQ(mainForm.panel(Panel::LinkState), "Offline");
 }
 
 TEST_F(Fill_Configuration_Test, AFieldWithTooFewValuesIsASubscriptFailure) {

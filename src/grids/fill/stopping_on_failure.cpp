@@ -6,9 +6,9 @@
 
 namespace zorvane {
 
-void tellRunTimeFailure(Frame& frame, const Run_Time_Failure& failure) {
-    frame.Msgb_Show("Run-time error '" + std::to_string(failure.number()) + "': " + failure.description(),
-                    Msgb_Critical, applicationTitle);
+void tellRunTimeFailure(Main_Form& mainForm, const Run_Time_Failure& failure) {
+    mainForm.Msgb_Show("Run-time error '" + std::to_string(failure.number()) + "': " + failure.description(),
+                       Msgb_Critical, applicationTitle);
 }
 
 } // namespace zorvane

@@ -58,9 +58,9 @@ inline Commit_Outcome outcomeOf(Grid_Bench& bench) {
     outcome.Value = bench.grids.cell(1, 0).Value;
     outcome.grid = bench.ownLower.TextMatrix(1, 0);
     outcome.writes = bench.journal.beginningWith("link Preset");
-    if (!bench.frame.caption().empty()) outcome.title = bench.frame.caption();
+    if (!bench.mainForm.caption().empty()) outcome.title = bench.mainForm.caption();
     if (!bench.journal.beginningWith("MNU_Save ").empty())
-        outcome.save = bench.frame.menuEnabled(Menu_Entry::MNU_Save) ? "on" : "off";
+        outcome.save = bench.mainForm.menuEnabled(Menu_Entry::MNU_Save) ? "on" : "off";
     for (const std::string& line : bench.journal.beginningWith("panel 4"))
         outcome.panel += line.substr(10) + "\n";
     outcome.tabStop = bench.ownLower.TabStop();

@@ -305,7 +305,7 @@ TYPED_TEST_P(Flex_Grid_Test, ShowsALiveWriteByItsColours) {
     doubles::Grid_Bench bench(this->grid());
     bench.addTable(1, 1).Cells(1, 1).Address = "1004";
     bench.form.Online = true;
-    bench.frame.duringPause = [this](std::int32_t) {
+    bench.mainForm.duringPause = [this](std::int32_t) {
         EXPECT_EQ(this->grid().CellForeColor(), colourOf("BLUE"));
         EXPECT_FALSE(this->grid().TabStop());
     };

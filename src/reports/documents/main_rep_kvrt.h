@@ -12,7 +12,7 @@ namespace zorvane {
 
 class MainRepKVRT;
 
-/// What the main report asks of its surroundings.
+/// What the main report asks of its context.
 class Main_Report_Host {
   public:
     virtual ~Main_Report_Host() = default;

@@ -10,7 +10,7 @@
 
 namespace zorvane::doubles {
 
-/// A main report's surroundings that note what is asked of them.
+/// A main report's context that note what is asked of them.
 class Noting_Host : public Main_Report_Host {
   public:
     std::vector<std::string> notes;

@@ -1,6 +1,6 @@
 #include "ui/forms/font_dialog.h"
 
-#include "ui/base/caption_frame.h"
+#include "ui/base/caption_box.h"
 #include "ui/base/text.h"
 #include "values/font_sizes.h"
 #include "values/numbers.h"
@@ -53,7 +53,7 @@ void Font_Dialog::addList() {
 }
 
 void Font_Dialog::addSample() {
-    auto* frame = new Caption_Frame(QStringLiteral("Frame1"), {}, this);
+    auto* frame = new Caption_Box(QStringLiteral("Frame1"), {}, this);
     placeAt(*frame, framePlace);
     frame->setAccessibleName(QStringLiteral("Sample"));
     sample_ = new QLabel(QStringLiteral("aAbBcCdD"), frame);

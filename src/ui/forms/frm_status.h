@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/transfer/transfer_texts.h"
-#include "ui/base/common_dialog.h"
+#include "ui/base/file_dialog.h"
 #include "ui/base/fixed_dialog.h"
 
 #include <functional>
@@ -33,7 +33,7 @@ class Frm_Status final : public Fixed_Dialog {
   public:
     Frm_Status(Frm_Status_Parts parts, Frm_Status_Events events, QWidget* parent);
 
-    Common_Dialog OpenFile;
+    File_Dialog OpenFile;
 
     /// Takes the form away; the owner is told, and deletes it.
     void unload();

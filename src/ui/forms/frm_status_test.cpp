@@ -44,7 +44,7 @@ struct Frm_Status_Test : ::testing::Test, doubles::Comm_Bench {
     }
 
     Frm_Status& open(bool isUpload = true) {
-        frame.onUnloadFrmStatus = [this] { status.unload(); };
+        mainForm.onUnloadFrmStatus = [this] { status.unload(); };
         return status.PRO_Muestra_Status(isUpload);
     }
     template <class Widget> Widget& at(const char* name) {
@@ -230,16 +230,16 @@ TEST_F(Frm_Status_Test, RetryRunsTheSameTransferAgain) {
 }
 
 TEST_F(Frm_Status_Test, CancelAndTheWindowsBoxLeaveTheRecordsAndEnableTheMainForm) {
-    frame.setFormEnabled(false);
+    mainForm.setFormEnabled(false);
     open();
     press("BtnCancel");
     EXPECT_EQ(status.Status(), nullptr);
-    EXPECT_TRUE(frame.formEnabled());
-    frame.setFormEnabled(false);
+    EXPECT_TRUE(mainForm.formEnabled());
+    mainForm.setFormEnabled(false);
     Frm_Status& again = open();
     again.close();
     EXPECT_EQ(status.Status(), nullptr);
-    EXPECT_TRUE(frame.formEnabled());
+    EXPECT_TRUE(mainForm.formEnabled());
     open();
     QTest::keyClick(status.Status(), Qt::Key_Escape);
     EXPECT_EQ(status.Status(), nullptr);

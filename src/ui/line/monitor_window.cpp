@@ -187,7 +187,7 @@ void Monitor_Window::saveAs() {
     OpenFile.DialogTitle = QStringLiteral("Save the monitor as...");
     OpenFile.Filter = QStringLiteral("Text with tabs (*.txt)|*.txt|");
     OpenFile.DefaultExt = QStringLiteral("txt");
-    OpenFile.Flags = Common_Dialog::OverwritePrompt;
+    OpenFile.Flags = File_Dialog::OverwritePrompt;
     if (!OpenFile.ShowSave(this) || save(OpenFile.FileName)) return;
     ask_(QStringLiteral("The file can't be written:\n%1\n\nChoose another folder or name.")
              .arg(OpenFile.FileName),

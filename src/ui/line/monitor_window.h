@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/modbus_control/link_windows.h"
-#include "ui/base/common_dialog.h"
+#include "ui/base/file_dialog.h"
 #include "ui/base/fixed_dialog.h"
 #include "ui/line/traffic_feed.h"
 #include "ui/line/traffic_model.h"
@@ -33,7 +33,7 @@ class Monitor_Window final : public QWidget {
     /// False when the file can't be written.
     [[nodiscard]] bool save(const QString& path) const;
 
-    Common_Dialog OpenFile; ///< where `save` asks for the file
+    File_Dialog OpenFile; ///< where `save` asks for the file
 
   protected:
     void showEvent(QShowEvent* event) override;

@@ -258,10 +258,10 @@ std::string Port_Dialog::fault() const {
     return settingsFault(settings());
 }
 
-Test_Request Port_Dialog::testRequest() const {
+Trial_Request Port_Dialog::testRequest() const {
     const std::int64_t wire = std::int64_t{parts_.testRegister} - parts_.addressBase;
     const bool reachable = wire >= 0 && wire <= largestWireAddress;
-    Test_Request request;
+    Trial_Request request;
     request.settings = settings();
     request.timeOutMs = parts_.timings.timeOutMs > 0 ? parts_.timings.timeOutMs : request.settings.timeOutMs;
     request.firstRegister = reachable ? parts_.testRegister : parts_.addressBase;
@@ -275,13 +275,13 @@ void Port_Dialog::startOrStopTest() {
         return verdict_->setPlainText(QStringLiteral("The test was stopped."));
     }
     if (const std::string wrong = fault(); !wrong.empty()) return verdict_->setPlainText(fromPort(wrong));
-    const Test_Request request = testRequest();
+    const Trial_Request request = testRequest();
     testButton_->setText(QStringLiteral("S&top"));
     verdict_->setPlainText(QStringLiteral("Testing..."));
     if (parts_.lendPort) parts_.lendPort();
-    test_.start(request, [this, request](const Test_Report& report) {
+    test_.start(request, [this, request](const Trial_Report& report) {
         testEnded();
-        verdict_->setPlainText(fromPort(verdictText(testVerdict(request, report))));
+        verdict_->setPlainText(fromPort(verdictText(trialVerdict(request, report))));
     });
 }
 

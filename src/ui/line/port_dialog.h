@@ -1,6 +1,6 @@
 #pragma once
 
-#include "comm/modbus_control/exchange/test_verdict.h"
+#include "comm/modbus_control/exchange/trial_verdict.h"
 #include "comm/modbus_control/line/port_texts.h"
 
 #include <QDialog>
@@ -52,14 +52,14 @@ class Port_Dialog final : public QDialog {
     void showHint();
     void showTimings();
     [[nodiscard]] std::string chosenPort() const;
-    [[nodiscard]] Test_Request testRequest() const;
+    [[nodiscard]] Trial_Request testRequest() const;
     /// What is wrong with what is entered; empty when it is usable.
     [[nodiscard]] std::string fault() const;
     void startOrStopTest();
     void testEnded();
 
     Port_Dialog_Parts parts_;
-    Test_Exchange test_;
+    Trial_Exchange test_;
     std::vector<Port_Entry> ports_;
     QComboBox* port_ = nullptr;
     QLabel* hint_ = nullptr;

@@ -1,6 +1,6 @@
 #include "ui/main/main_window.h"
 
-#include "ui/base/caption_frame.h"
+#include "ui/base/caption_box.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
 #include "ui/grid/column_tip.h"
@@ -54,8 +54,8 @@ Main_Window::Main_Window() {
     splitter_->onDrop = [this] { dropSplitter(); };
     splitter_->onLeave = [this] { leaveSplitter(); };
     connect(new QShortcut(Qt::Key_F8, this), &QShortcut::activated, this, [this] { enterSplitter(); });
-    frame2_ = new Caption_Frame(QStringLiteral("Frame2"), QStringLiteral(" Configuration "), client_);
-    frame3_ = new Caption_Frame(QStringLiteral("Frame3"), QStringLiteral(" Settings "), client_);
+    frame2_ = new Caption_Box(QStringLiteral("Frame2"), QStringLiteral(" Configuration "), client_);
+    frame3_ = new Caption_Box(QStringLiteral("Frame3"), QStringLiteral(" Settings "), client_);
     configuration_ = std::make_unique<Flex_Grid>(
         addGrid(*frame2_, QStringLiteral("FLX_Configuration"), QStringLiteral("Configuration")));
     configuration_->view().setSelectsRows(true);

@@ -13,7 +13,7 @@
 
 namespace zorvane {
 
-class Caption_Frame;
+class Caption_Box;
 class Column_Tip;
 class Message_Bar_View;
 class Split_Bar;
@@ -86,8 +86,8 @@ class Main_Window final : public QMainWindow {
     void leaveSplitter();
 
     QWidget* client_ = nullptr;
-    Caption_Frame* frame2_ = nullptr;
-    Caption_Frame* frame3_ = nullptr;
+    Caption_Box* frame2_ = nullptr;
+    Caption_Box* frame3_ = nullptr;
     Split_Bar* splitter_ = nullptr;
     QWidget* line1_ = nullptr;
     Status_Bar* statusBar_ = nullptr;

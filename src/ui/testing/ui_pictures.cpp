@@ -2,7 +2,7 @@
 #include "comm/modbus_control/line/simulated_port.h"
 #include "comm/modbus_control/testing/hand_clock.h"
 #include "comm/modbus_control/testing/scripted_port.h"
-#include "ui/base/common_dialog.h"
+#include "ui/base/file_dialog.h"
 #include "ui/forms/acercade.h"
 #include "ui/forms/font_dialog.h"
 #include "ui/forms/frm_status.h"
@@ -112,7 +112,7 @@ void takeDialogs(Pictures& pictures) {
     pictures.take(busy, QStringLiteral("mensaje"));
     Mensaje animated(true, nullptr);
     pictures.take(animated, QStringLiteral("mensaje_animated"));
-    Common_Dialog open;
+    File_Dialog open;
     open.DialogTitle = QStringLiteral("Open");
     open.Filter = QStringLiteral("ABC Configuration (*.ABC)|*.ABC|");
     open.run = [&](QFileDialog& dialog) {

@@ -22,8 +22,8 @@ void take(const QDir& folder, const std::string& model) {
     const doubles::Temporary_Folder own;
     KVRT_Principal program({ZORVANE_MODELS, own.path(), QString::fromStdString(own.path() + "/settings")});
     program.start();
-    program.frame().timers().fire(Timer_Name::TMR_Abre_ZTP);
-    program.frame().timers().fire(Timer_Name::TMR_Inicial_ZTP);
+    program.mainForm().timers().fire(Timer_Name::TMR_Abre_ZTP);
+    program.mainForm().timers().fire(Timer_Name::TMR_Inicial_ZTP);
     openFile(program.app(), std::string(ZORVANE_MODELS) + "/EXAMPLE." + model, false);
     program.window().resize(560, 600);
     Flex_Grid_View& upper = program.window().FLX_Configuration().view();

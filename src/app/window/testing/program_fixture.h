@@ -61,7 +61,7 @@ class Program_Fixture : public testing::Test {
     void make() {
         program = std::make_unique<KVRT_Principal>(
             Program_Places{appFolder(), path("recovery"), QString::fromStdString(path("settings.conf"))});
-        program->frame().ask = [this](const QString& prompt, int style, const QString& title) {
+        program->mainForm().ask = [this](const QString& prompt, int style, const QString& title) {
             messages.push_back({prompt.toStdString(), style, title.toStdString()});
             if (answers.empty()) return int{Msgb_Code_Ok};
             const int answer = answers.front();
@@ -73,15 +73,15 @@ class Program_Fixture : public testing::Test {
             opened.push_back({operation, file, parameters, where});
             return true;
         };
-        program->frame().dialog().run = [this](QFileDialog& dialog) { return whenAsked(dialog); };
+        program->mainForm().dialog().run = [this](QFileDialog& dialog) { return whenAsked(dialog); };
     }
 
     /// The program as it stands after its two start timers.
     void start() {
         if (!program) make();
         program->start();
-        program->frame().timers().fire(Timer_Name::TMR_Abre_ZTP);
-        program->frame().timers().fire(Timer_Name::TMR_Inicial_ZTP);
+        program->mainForm().timers().fire(Timer_Name::TMR_Abre_ZTP);
+        program->mainForm().timers().fire(Timer_Name::TMR_Inicial_ZTP);
         QApplication::processEvents();
     }
 

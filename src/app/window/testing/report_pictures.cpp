@@ -28,8 +28,8 @@ class Pictures {
         std::filesystem::copy(ZORVANE_MODELS, app);
         program_ = std::make_unique<KVRT_Principal>(
             Program_Places{app, work + "/recovery", QString::fromStdString(work + "/settings.conf")});
-        program_->frame().ask = [](const QString&, int, const QString&) { return 7; };
-        program_->frame().dialog().run = [this, app](QFileDialog& dialog) {
+        program_->mainForm().ask = [](const QString&, int, const QString&) { return 7; };
+        program_->mainForm().dialog().run = [this, app](QFileDialog& dialog) {
             dialog.selectFile(QString::fromStdString(app + "/EXAMPLE.") + model_);
             return true;
         };
@@ -70,7 +70,7 @@ class Pictures {
         take(window, model + QStringLiteral("_landscape"));
         window.events.print();
         choose("MNU_Grid");
-        program_->frame().setMenuChecked(Menu_Entry::MNU_Grid, true);
+        program_->mainForm().setMenuChecked(Menu_Entry::MNU_Grid, true);
         program_->reports().commands().PRO_Imprime_Pagina();
         Preview_Window& one = *program_->reports().window(program_->reports().commands().PrintGrid());
         one.resize(900, 700);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "comm/main_form/comm_context.h"
-#include "comm/main_form/testing/recording_frame.h"
+#include "comm/main_form/testing/recording_form.h"
 #include "comm/modbus_control/testing/journal.h"
 #include "comm/modbus_control/testing/scripted_link.h"
 #include "template/sections/messages.h"
@@ -11,13 +11,13 @@
 
 namespace zorvane::doubles {
 
-/// A document, a form, a scripted link and a recording frame on one journal. Waits let the link go on.
+/// A document, a form, a scripted link and a recording form on one journal. Waits let the link go on.
 struct Comm_Bench {
     Comm_Bench() {
         document.Fields.redim(highestField);
         document.Download_Blocks.redim(0);
         document.Holding_Blocks.redim(0);
-        frame.advance = [this] { return link.advance(); };
+        mainForm.advance = [this] { return link.advance(); };
     }
     Comm_Bench(const Comm_Bench&) = delete;
     Comm_Bench& operator=(const Comm_Bench&) = delete;
@@ -31,7 +31,7 @@ struct Comm_Bench {
         field.Cells.redim(rows, columns);
         for (std::int32_t column = 2; column <= columns; ++column)
             field.Cells(0, column).Modifiable = true;
-        frame.grid.rows = document.Field_Count + 1;
+        mainForm.grid.rows = document.Field_Count + 1;
         return field;
     }
 
@@ -59,8 +59,8 @@ struct Comm_Bench {
     Declara_Zorvane document;
     Main_Form_State form;
     Scripted_Link link{journal};
-    Recording_Frame frame{journal};
-    Comm_Context comm{document, form, link, frame};
+    Recording_Form mainForm{journal};
+    Comm_Context comm{document, form, link, mainForm};
 };
 
 } // namespace zorvane::doubles

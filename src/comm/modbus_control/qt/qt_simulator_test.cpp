@@ -1,5 +1,5 @@
 // The simulated controller as a process, and the watch over the ports.
-#include "comm/modbus_control/exchange/test_verdict.h"
+#include "comm/modbus_control/exchange/trial_verdict.h"
 #include "comm/modbus_control/qt/qt_link_clock.h"
 #include "comm/modbus_control/qt/qt_port_watch.h"
 #include "comm/modbus_control/qt/qt_serial_port.h"
@@ -52,17 +52,17 @@ struct Simulator_Bench : ::testing::Test {
     }
 
     /// One exchange through the simulated port.
-    Test_Verdict test(std::int32_t slave, std::int32_t address = 100) {
-        Test_Request request;
+    Trial_Verdict test(std::int32_t slave, std::int32_t address = 100) {
+        Trial_Request request;
         request.settings.port = simulatedPortName;
         request.settings.slave = slave;
         request.timeOutMs = 2000;
         request.firstRegister = address;
         request.wireAddress = static_cast<std::uint16_t>(address);
-        std::optional<Test_Verdict> verdict;
-        exchange.start(request, [&](const Test_Report& report) { verdict = testVerdict(request, report); });
+        std::optional<Trial_Verdict> verdict;
+        exchange.start(request, [&](const Trial_Report& report) { verdict = trialVerdict(request, report); });
         EXPECT_TRUE(serveUntil([&] { return verdict.has_value(); }));
-        return verdict.value_or(Test_Verdict{});
+        return verdict.value_or(Trial_Verdict{});
     }
 
     QTemporaryDir folder;
@@ -71,7 +71,7 @@ struct Simulator_Bench : ::testing::Test {
     Qt_Serial_Port serial;
     Simulated_Port port{serial, simulator};
     Qt_Link_Clock clock;
-    Test_Exchange exchange{port, clock};
+    Trial_Exchange exchange{port, clock};
 };
 
 TEST_F(Simulator_Bench, AnswersUnderItsSlaveNumber) {

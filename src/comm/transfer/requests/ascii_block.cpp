@@ -27,7 +27,7 @@ char characterAt(std::string_view text, std::size_t position) {
 
 /// False when the document is gone.
 bool waitWhileWriting(const Comm_Context& comm, const Document_Mark& document) {
-    comm.frame.wait_until([&] { return !document.holds() || !comm.link.WriteBusy(); });
+    comm.mainForm.wait_until([&] { return !document.holds() || !comm.link.WriteBusy(); });
     return document.holds();
 }
 
@@ -67,7 +67,7 @@ std::vector<std::int32_t> packAscii(std::string_view text, std::int32_t count) {
 void PRO_Escribe_Bloque_Ascii(const Comm_Context& comm, const std::string& text, std::int32_t field,
                               std::int32_t column, std::int32_t row, const std::string& /*extra*/,
                               bool& failed) {
-    const Tab_Stop_Pause pause(comm.frame.grids());
+    const Tab_Stop_Pause pause(comm.mainForm.grids());
     const Cell_Table& cells = comm.document.Fields(field).Cells;
     const Register_Range registers = asciiRegisters(comm.document, cells(row, column));
     const std::int32_t count = registerCount(registers.first, registers.last);
@@ -78,10 +78,10 @@ void PRO_Escribe_Bloque_Ascii(const Comm_Context& comm, const std::string& text,
     if (!waitWhileWriting(comm, document)) return;
     comm.link.PresetMultipleRegisters(longValue(comm.link.SlaveNumber()), registers.first, words);
     if (!waitWhileWriting(comm, document)) return;
-    comm.frame.wait_ms(settlingMs);
+    comm.mainForm.wait_ms(settlingMs);
     if (!document.holds()) return;
     failed = comm.link.WriteFailed();
-    comm.frame.setPanel(Panel::Message, outcomeLine(registers, text, failed));
+    comm.mainForm.setPanel(Panel::Message, outcomeLine(registers, text, failed));
 }
 
 } // namespace zorvane

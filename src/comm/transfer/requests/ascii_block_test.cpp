@@ -58,7 +58,7 @@ TEST_F(AsciiBlock, CharacterOf128OrMoreIsFailure6AndNothingGoesOut) {
 TEST_F(AsciiBlock, FailedWriteSaysSo) {
     link.writes = {{{.good = false}, {.good = false}}};
     EXPECT_TRUE(fails("ABC"));
-    EXPECT_EQ(frame.panel(Panel::Message), "Writing ascii block: 100-103 @ABC ...Failed");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Writing ascii block: 100-103 @ABC ...Failed");
 }
 
 TEST_F(AsciiBlock, WaitsForAnEarlierWriteFirst) {
@@ -79,7 +79,7 @@ TEST_F(AsciiBlock, AWriteWhoseDocumentIsGoneFailedAndSaysNothing) {
     bool failed = false;
     PRO_Escribe_Bloque_Ascii(comm, "ABC", 1, 1, 1, "", failed);
     EXPECT_TRUE(failed);
-    EXPECT_EQ(frame.panel(Panel::Message), "");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "");
 }
 
 TEST_F(AsciiBlock, BoardFamilyWritesTheWholeAsciiBlock) {
@@ -89,7 +89,7 @@ TEST_F(AsciiBlock, BoardFamilyWritesTheWholeAsciiBlock) {
     fails("ABCDEF");
     EXPECT_THAT(journal.beginningWith("link"),
                 ElementsAre("link PresetMultipleRegisters 7 99 [16706 17220 17734]"));
-    EXPECT_EQ(frame.panel(Panel::Message), "Writing ascii block: 99-101 @ABCDEF ...Completed");
+    EXPECT_EQ(mainForm.panel(Panel::Message), "Writing ascii block: 99-101 @ABCDEF ...Completed");
 }
 
 TEST_F(AsciiBlock, BoardCellInNoAsciiBlockIsFailure13) {

@@ -1,22 +1,22 @@
 #include "ctl/calls/qt/port_calls.h"
-#include "ctl/calls/qt/transfer_call.h"
+#include "ctl/calls/qt/transfer_subcommand.h"
 
 namespace zorvane {
 
 namespace {
 
-class Download_Call : public Transfer_Call {
+class Download_Subcommand : public Transfer_Subcommand {
   public:
-    Download_Call() : Transfer_Call("Download") {}
+    Download_Subcommand() : Transfer_Subcommand("Download") {}
 
   protected:
     [[nodiscard]] Transfer_Report transfer(const Port_Work& work) const override {
-        return runDownload(work.comm, work.frame, work.stop);
+        return runDownload(work.comm, work.mainForm, work.stop);
     }
 };
 
 } // namespace
 
-std::unique_ptr<Call> makeDownloadCall() { return std::make_unique<Download_Call>(); }
+std::unique_ptr<Subcommand> makeDownloadSubcommand() { return std::make_unique<Download_Subcommand>(); }
 
 } // namespace zorvane

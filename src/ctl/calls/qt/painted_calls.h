@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ctl/document/call.h"
+#include "ctl/document/subcommand.h"
 
 #include <memory>
 #include <vector>
@@ -8,8 +8,8 @@
 namespace zorvane {
 
 /// The calls that measure and paint texts: they need a QGuiApplication.
-[[nodiscard]] std::vector<Call_Entry> paintedCalls();
+[[nodiscard]] std::vector<Subcommand_Entry> paintedCalls();
 
-[[nodiscard]] std::unique_ptr<Call> makeReportCall();
+[[nodiscard]] std::unique_ptr<Subcommand> makeReportSubcommand();
 
 } // namespace zorvane

@@ -2,11 +2,11 @@
 
 namespace zorvane {
 
-std::vector<Call_Entry> portCalls() {
+std::vector<Subcommand_Entry> portCalls() {
     return {
-        {"upload", "Read a document's values from the controller", makeUploadCall},
-        {"download", "Write a document's values to the controller", makeDownloadCall},
-        {"watch", "Show live values of a field until Ctrl+C", makeWatchCall},
+        {"upload", "Read a document's values from the controller", makeUploadSubcommand},
+        {"download", "Write a document's values to the controller", makeDownloadSubcommand},
+        {"watch", "Show live values of a field until Ctrl+C", makeWatchSubcommand},
     };
 }
 

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "ctl/document/call.h"
+#include "ctl/document/subcommand.h"
 
 namespace zorvane {
 
 /// The calls that talk to a controller. They need a QCoreApplication.
-[[nodiscard]] std::vector<Call_Entry> portCalls();
+[[nodiscard]] std::vector<Subcommand_Entry> portCalls();
 
-[[nodiscard]] std::unique_ptr<Call> makeUploadCall();
-[[nodiscard]] std::unique_ptr<Call> makeDownloadCall();
-[[nodiscard]] std::unique_ptr<Call> makeWatchCall();
+[[nodiscard]] std::unique_ptr<Subcommand> makeUploadSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeDownloadSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeWatchSubcommand();
 
 } // namespace zorvane

@@ -35,7 +35,7 @@ std::optional<Failure_Note> writeRows(Json_Stream& json, const Declara_Zorvane& 
     });
 }
 
-class Report_Call : public Call {
+class Report_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         files_.addTemplate(arguments);
@@ -52,17 +52,17 @@ class Report_Call : public Call {
             ->capture_default_str();
     }
 
-    int run(const Surroundings& surroundings) override {
-        if (!out_.empty()) return runExport(surroundings);
-        if (surroundings.json && field_ > 0) return printRows(surroundings);
-        tell(surroundings.err, "Name a file with --format and --out, or a FIELD with --json.");
+    int run(const Call_Context& context) override {
+        if (!out_.empty()) return runExport(context);
+        if (context.json && field_ > 0) return printRows(context);
+        tell(context.err, "Name a file with --format and --out, or a FIELD with --json.");
         return Exit_Usage;
     }
 
   private:
-    int printRows(const Surroundings& surroundings) {
-        const Opened_Document opened = files_.open(surroundings);
-        Json_Stream json(surroundings.out);
+    int printRows(const Call_Context& context) {
+        const Opened_Document opened = files_.open(context);
+        Json_Stream json(context.out);
         json.openObject();
         json.name("rows");
         json.openList();
@@ -72,28 +72,28 @@ class Report_Call : public Call {
         json.member("failure", jsonFailure(failure));
         json.close();
         if (failure && !opened.fileMissing()) {
-            tellFailure(surroundings.err, "The field could not be printed whole", *failure);
-            tellMissingField(surroundings.err, opened, field_);
+            tellFailure(context.err, "The field could not be printed whole", *failure);
+            tellMissingField(context.err, opened, field_);
         }
         return opened.whole() && !failure ? Exit_Success : Exit_Failed;
     }
 
-    int runExport(const Surroundings& surroundings) {
-        const Opened_Document opened = files_.open(surroundings);
+    int runExport(const Call_Context& context) {
+        const Opened_Document opened = files_.open(context);
         const auto missing = whatIsMissing(opened);
-        Progress_Printer progress(surroundings.err, true);
+        Progress_Printer progress(context.err, true);
         const auto failure = missing ? missing : failureOf([&] { writeReport(opened.document, progress); });
         progress.end();
         const std::string path = printablePath(pathFromNative(out_));
-        if (surroundings.json)
-            printJson(surroundings.out,
+        if (context.json)
+            printJson(context.out,
                       {{"output", jsonPath(pathFromNative(out_))}, {"failure", jsonFailure(failure)}});
         else if (!failure)
-            surroundings.out << "Written: " << path << '\n';
+            context.out << "Written: " << path << '\n';
         if (missing && !opened.fileMissing())
-            tellMissingField(surroundings.err, opened, field_);
+            tellMissingField(context.err, opened, field_);
         else if (!missing && failure)
-            tellFailure(surroundings.err, path + " could not be written", *failure);
+            tellFailure(context.err, path + " could not be written", *failure);
         return opened.whole() && !failure ? Exit_Success : Exit_Failed;
     }
 
@@ -135,10 +135,10 @@ class Report_Call : public Call {
 
 } // namespace
 
-std::vector<Call_Entry> paintedCalls() {
-    return {{"report", "Print a document, or one of its fields, to a file", makeReportCall}};
+std::vector<Subcommand_Entry> paintedCalls() {
+    return {{"report", "Print a document, or one of its fields, to a file", makeReportSubcommand}};
 }
 
-std::unique_ptr<Call> makeReportCall() { return std::make_unique<Report_Call>(); }
+std::unique_ptr<Subcommand> makeReportSubcommand() { return std::make_unique<Report_Subcommand>(); }
 
 } // namespace zorvane

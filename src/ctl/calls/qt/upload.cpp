@@ -1,5 +1,5 @@
 #include "ctl/calls/qt/port_calls.h"
-#include "ctl/calls/qt/transfer_call.h"
+#include "ctl/calls/qt/transfer_subcommand.h"
 #include "ctl/document/document_arguments.h"
 #include "ctl/document/register_argument.h"
 
@@ -9,12 +9,12 @@ namespace zorvane {
 
 namespace {
 
-class Upload_Call : public Transfer_Call {
+class Upload_Subcommand : public Transfer_Subcommand {
   public:
-    Upload_Call() : Transfer_Call("Upload") {}
+    Upload_Subcommand() : Transfer_Subcommand("Upload") {}
 
     void addArguments(CLI::App& arguments) override {
-        Transfer_Call::addArguments(arguments);
+        Transfer_Subcommand::addArguments(arguments);
         arguments.add_option("--save", document_, "Write the document, filled, to this file")
             ->type_name("OUT");
         arguments.add_option("--registers", registers_, "Write the registers read to this JSON file")
@@ -23,14 +23,14 @@ class Upload_Call : public Transfer_Call {
 
   protected:
     [[nodiscard]] Transfer_Report transfer(const Port_Work& work) const override {
-        return runUpload(work.comm, work.frame, work.stop);
+        return runUpload(work.comm, work.mainForm, work.stop);
     }
 
-    [[nodiscard]] bool keep(const Surroundings& surroundings, Opened_Document& opened,
+    [[nodiscard]] bool keep(const Call_Context& context, Opened_Document& opened,
                             const Comm_Context& comm) const override {
-        const bool saved = document_.empty() || saveDocument(surroundings, opened, document_).empty();
+        const bool saved = document_.empty() || saveDocument(context, opened, document_).empty();
         const bool imaged =
-            registers_.empty() || writeRegisterFile(surroundings, registers_, scannedRegisters(comm));
+            registers_.empty() || writeRegisterFile(context, registers_, scannedRegisters(comm));
         return saved && imaged;
     }
 
@@ -41,6 +41,6 @@ class Upload_Call : public Transfer_Call {
 
 } // namespace
 
-std::unique_ptr<Call> makeUploadCall() { return std::make_unique<Upload_Call>(); }
+std::unique_ptr<Subcommand> makeUploadSubcommand() { return std::make_unique<Upload_Subcommand>(); }
 
 } // namespace zorvane

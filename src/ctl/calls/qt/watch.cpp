@@ -1,7 +1,7 @@
 #include "ctl/line/watch.h"
 
-#include "ctl/calls/qt/port_call.h"
 #include "ctl/calls/qt/port_calls.h"
+#include "ctl/calls/qt/port_subcommand.h"
 #include "ctl/document/field_argument.h"
 #include "ctl/document/notices.h"
 
@@ -22,10 +22,10 @@ std::string presentTime() {
     return now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs).toStdString();
 }
 
-class Watch_Call : public Port_Call {
+class Watch_Subcommand : public Port_Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
-        Port_Call::addArguments(arguments);
+        Port_Subcommand::addArguments(arguments);
         addField(arguments, field_);
         arguments.add_option("--count", count_, "End after so many refreshes (default: at Ctrl+C)")
             ->type_name("N")
@@ -42,25 +42,24 @@ class Watch_Call : public Port_Call {
     }
 
     [[nodiscard]] int work(const Port_Work& work) const override {
-        const Surroundings& surroundings = work.surroundings;
+        const Call_Context& context = work.context;
         bool lost = false;
         const auto show = [&](const Live_Refresh& refresh) {
             if (std::exchange(lost, refresh.lost) != refresh.lost)
-                tell(surroundings.err,
-                     lost ? "Lost communication to device..." : "The controller answers again.");
-            if (surroundings.json)
-                surroundings.out << compactJson(refreshJson(work.opened.document, field_, refresh)) << '\n';
+                tell(context.err, lost ? "Lost communication to device..." : "The controller answers again.");
+            if (context.json)
+                context.out << compactJson(refreshJson(work.opened.document, field_, refresh)) << '\n';
             else
-                printRefresh(surroundings.out, work.opened.document, field_, refresh);
-            surroundings.out.flush();
+                printRefresh(context.out, work.opened.document, field_, refresh);
+            context.out.flush();
         };
-        const auto ended = [&surroundings](const std::string& why) { tell(surroundings.err, why); };
+        const auto ended = [&context](const std::string& why) { tell(context.err, why); };
         const Watch_Plan plan{field_,      count_, show, [&work] { return work.line.portOpen(); },
                               presentTime, ended};
-        return runWatch(work.comm, work.frame, plan) ? Exit_Success : Exit_Failed;
+        return runWatch(work.comm, work.mainForm, plan) ? Exit_Success : Exit_Failed;
     }
 
-    [[nodiscard]] int refuse(const Surroundings& /*surroundings*/) const override { return Exit_Failed; }
+    [[nodiscard]] int refuse(const Call_Context& /*context*/) const override { return Exit_Failed; }
 
   private:
     std::int32_t field_ = 0;
@@ -69,6 +68,6 @@ class Watch_Call : public Port_Call {
 
 } // namespace
 
-std::unique_ptr<Call> makeWatchCall() { return std::make_unique<Watch_Call>(); }
+std::unique_ptr<Subcommand> makeWatchSubcommand() { return std::make_unique<Watch_Subcommand>(); }
 
 } // namespace zorvane

@@ -1,0 +1,92 @@
+#include "ctl/calls/qt/terminal_form.h"
+
+#include "ctl/document/notices.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+
+namespace zorvane {
+
+namespace {
+
+constexpr int uploadTickMs = 10;
+constexpr int onlineTickMs = 400;
+
+/// A message of several lines as one.
+std::string oneLine(std::string text) {
+    std::string line;
+    for (const char c : text)
+        if (c != '\r' && c != '\n')
+            line += c;
+        else if (!line.empty() && line.back() != ' ')
+            line += ' ';
+    return line;
+}
+
+} // namespace
+
+Terminal_Form::Terminal_Form(std::int32_t fields, const Grid_Selection& selection, std::ostream& err,
+                             bool terminal)
+    : Held_Form(fields, selection), printer_(err, terminal) {
+    Porcentaje().changed = [this] { showProgress(); };
+    addTimer(uploadTimer_, Timer_Name::TMR_Actualiza_valores, uploadTickMs);
+    addTimer(onlineTimer_, Timer_Name::TMR_Actualiza_online, onlineTickMs);
+}
+
+void Terminal_Form::addTimer(QTimer& timer, Timer_Name name, int milliseconds) {
+    timer.setSingleShot(true);
+    timer.setInterval(milliseconds);
+    timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&timer, &QTimer::timeout, &timer, [this, name] {
+        if (onTimer) onTimer(name);
+    });
+}
+
+/// Only what is wrong is worth a line; a question is about what the user of the terminal has just asked for.
+int Terminal_Form::Msgb_Show(const std::string& prompt, int style, const std::string& title) {
+    const bool wrong = (style & Msgb_Critical) != 0;
+    if (wrong && told_.insert(prompt).second) printer_.line("zorvanectl: " + printablePath(oneLine(prompt)));
+    return Held_Form::Msgb_Show(prompt, style, title);
+}
+
+void Terminal_Form::setPanel(Panel panel, const std::string& text) {
+    Held_Form::setPanel(panel, text);
+    if (panel == Panel::Message && text.ends_with(" ...Failed")) printer_.line(printable(text));
+}
+
+void Terminal_Form::setTimerEnabled(Timer_Name timer, bool enabled) {
+    QTimer* ticking = nullptr;
+    if (timer == Timer_Name::TMR_Actualiza_valores) ticking = &uploadTimer_;
+    if (timer == Timer_Name::TMR_Actualiza_online) ticking = &onlineTimer_;
+    if (ticking == nullptr) return;
+    if (enabled)
+        ticking->start();
+    else
+        ticking->stop();
+}
+
+void Terminal_Form::wait_until(const std::function<bool()>& condition) {
+    while (!condition())
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+}
+
+void Terminal_Form::wait_ms(std::int32_t milliseconds) {
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    timer.start(milliseconds);
+    wait_until([&] { return !timer.isActive() || (endsWaits && endsWaits()); });
+}
+
+void Terminal_Form::showProgress() {
+    const Held_Progress& progress = Porcentaje();
+    if (progress.state() != Progress_State::Shown) return printer_.end();
+    if (progress.label() != shownLabel_) {
+        shownLabel_ = progress.label();
+        printer_.label(printable(shownLabel_));
+    }
+    if (portFailed && portFailed()) return printer_.end(); // what moves on has no line to move on
+    printer_.progress(progress.value(), progress.maximum());
+}
+
+} // namespace zorvane

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "template/services/files.h"
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace zorvane {
+
+class Recovery;
+
+/// How the program ends.
+enum Exit_Code : int {
+    Exit_Success = 0,
+    Exit_Failed = 1, ///< the operation failed
+    Exit_Usage = 2,  ///< the command line can't be understood
+};
+
+/// What a call works with besides its own arguments.
+struct Call_Context {
+    Files& files;
+    std::ostream& out;             ///< the result
+    std::ostream& err;             ///< notices for people
+    std::string applicationFolder; ///< the system's text, without a separator at its end
+    bool json = false;             ///< the result is one JSON document
+    Recovery* recovery = nullptr;  ///< keeps what a save writes over; null: nothing is kept
+};
+
+/// One call of the program: its arguments, and what it does with them.
+class Subcommand {
+  public:
+    virtual ~Call() = default;
+    virtual void addArguments(CLI::App& arguments) = 0;
+    /// Whether its last argument is a text of any kind, one that begins like an option too.
+    [[nodiscard]] virtual bool endsInText() const { return false; }
+    /// The exit code.
+    [[nodiscard]] virtual int run(const Call_Context& context) = 0;
+};
+
+/// A line of the list of calls.
+struct Subcommand_Entry {
+    const char* name;
+    const char* description;
+    std::unique_ptr<Subcommand> (*make)();
+};
+
+} // namespace zorvane
