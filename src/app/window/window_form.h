@@ -15,8 +15,8 @@ namespace zorvane {
 class Frm_Debug;
 class Lost_Com;
 
-/// What the tray, the column tip, the previews and the status form do when the main form is asked for them. Each
-/// may be empty: then there is none.
+/// What the tray, the column tip, the previews and the status form do when the main form is asked for them.
+/// Each may be empty: then there is none.
 struct Window_Extras {
     std::function<void()> removeTrayIcon;
     std::function<void()> updateColumnTip;
