@@ -25,7 +25,7 @@ class Quiet_Host : public Main_Report_Host {
   public:
     void showBusy() override {}
     void endBusy() override {}
-    void SaveConfig(const Report_Rectangle&) override {}
+    void SaveConfig(const Twips_Rect&) override {}
     void showPages(MainRepKVRT&) override {}
     void showFontDialog(MainRepKVRT&) override {}
     void dropFontDialog(MainRepKVRT&) override {}

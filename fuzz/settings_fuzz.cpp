@@ -47,7 +47,7 @@ class No_Painted_Formats : public Page_Exporters {
     [[nodiscard]] std::string tiff(const Page_Document&) const override { return {}; }
 };
 
-bool usable(const Window_Rectangle& place) {
+bool usable(const Twips_Rect& place) {
     return std::isfinite(place.left) && std::isfinite(place.top) && std::isfinite(place.width) &&
            std::isfinite(place.height) && place.width >= 0 && place.height >= 0;
 }
@@ -59,13 +59,13 @@ void checkPort(Settings_Store& store) {
     require(storedPortSettings(store) == port, "the port settings are read as they were stored");
 }
 
-void checkRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& screen) {
-    const Window_Rectangle usual{10, 20, 3000, 4000};
+void checkRectangle(Settings_Store& store, const std::string& section, const Twips_Rect& screen) {
+    const Twips_Rect usual{.left = 20, .top = 10, .width = 3000, .height = 4000};
     ignoringFailure([&] {
-        const Window_Rectangle read = storedRectangle(store, section, usual, screen);
+        const Twips_Rect read = storedRectangle(store, section, usual, screen);
         require(usable(read), "a window's place can be used");
         storeRectangle(store, section, read);
-        const Window_Rectangle stored = storedRectangle(store, section, usual, screen);
+        const Twips_Rect stored = storedRectangle(store, section, usual, screen);
         storeRectangle(store, section, stored);
         require(storedRectangle(store, section, usual, screen) == stored, "a place is read as it was stored");
     });

@@ -34,9 +34,11 @@ Exit_Answer askBeforeExit(const App_Context& app) {
     return Exit_Answer::Stay;
 }
 
-Window_Rectangle monitorRectangle(const modbus_control& link) {
-    return {static_cast<double>(link.MonitorTop()), static_cast<double>(link.MonitorLeft()),
-            static_cast<double>(link.MonitorWidth()), static_cast<double>(link.MonitorHeight())};
+Twips_Rect monitorRectangle(const modbus_control& link) {
+    return {.left = static_cast<double>(link.MonitorLeft()),
+            .top = static_cast<double>(link.MonitorTop()),
+            .width = static_cast<double>(link.MonitorWidth()),
+            .height = static_cast<double>(link.MonitorHeight())};
 }
 
 const std::string& sectionOf(Stored_Dialog which) {
@@ -85,7 +87,7 @@ void TMR_Inicial_ZTP_Timer(const App_Context& app) {
 
 void TIM_Tamaño_normal_Timer(const App_Context& app) {
     app.mainForm.setTimerEnabled(Timer_Name::TIM_Tamaño_normal, false);
-    Window_Rectangle place = app.mainForm.formRectangle();
+    Twips_Rect place = app.mainForm.formRectangle();
     place.width = normalWidth;
     place.height = normalHeight;
     app.mainForm.moveForm(place);
@@ -130,11 +132,11 @@ void MNU_Exit_Click(const App_Context& app) {
 
 void PRO_Lee_Ventanas(const App_Context& app) {
     ignoringFailure([&] {
-        const Window_Rectangle screen = app.mainForm.screen();
+        const Twips_Rect screen = app.mainForm.screen();
         app.mainForm.moveForm(
             storedRectangle(app.settings, mainWindowSection, app.mainForm.formRectangle(), screen));
         if (!hasStoredRectangle(app.settings, monitorSection)) return;
-        const Window_Rectangle monitor =
+        const Twips_Rect monitor =
             storedRectangle(app.settings, monitorSection, monitorRectangle(app.link()), screen);
         app.form().Monitor_Place = {toLong(monitor.left), toLong(monitor.top), toLong(monitor.width),
                                     toLong(monitor.height)};
@@ -149,8 +151,9 @@ void PRO_Guarda_Ventanas(const App_Context& app) {
 void PRO_Lee_Dialogos(const App_Context& app, Stored_Dialog which, double& top, double& left, double& width,
                       double& height) {
     ignoringFailure([&] {
-        const Window_Rectangle place = storedRectangle(app.settings, sectionOf(which),
-                                                       {top, left, width, height}, app.mainForm.screen());
+        const Twips_Rect place = storedRectangle(app.settings, sectionOf(which),
+                                                 {.left = left, .top = top, .width = width, .height = height},
+                                                 app.mainForm.screen());
         top = place.top;
         left = place.left;
         width = place.width;

@@ -205,8 +205,8 @@ void Print_Commands::LoadSettingsPrint() {
     }
 }
 
-void Print_Commands::SaveConfig(const Report_Rectangle& window) {
-    storeRectangle(app_.settings, previewSection, {window.Top, window.Left, window.Width, window.Height});
+void Print_Commands::SaveConfig(const Twips_Rect& window) {
+    storeRectangle(app_.settings, previewSection, window);
 }
 
 /// The dialog is cancelled by a failure, which ends the export quietly. So does each failure of the export,

@@ -65,7 +65,7 @@ class Print_Commands : private Main_Report_Host {
     void showBusy() override { mainForm_.showBusy(); }
     void endBusy() override { mainForm_.endBusy(); }
     [[nodiscard]] bool keepsRunning() override { return mainForm_.keepsRunning(); }
-    void SaveConfig(const Report_Rectangle& window) override;
+    void SaveConfig(const Twips_Rect& window) override;
     void showPages(MainRepKVRT& report) override { mainForm_.showPages(report); }
     void showFontDialog(MainRepKVRT& report) override { mainForm_.showFontDialog(report); }
     void dropFontDialog(MainRepKVRT& report) override { mainForm_.dropFontDialog(report); }

@@ -8,7 +8,7 @@ Print_Log_Command::Print_Log_Command(Print_Form& mainForm, const Text_Metrics& m
     : mainForm_(mainForm), metrics_(metrics), clock_(std::move(clock)) {}
 
 void Print_Log_Command::btnPrint_Click(const Rich_Text& RtbStatus, const std::string& logFileName) {
-    std::optional<Report_Rectangle> window;
+    std::optional<Twips_Rect> window;
     if (report_) {
         window = report_->Window;
         report_->ActiveReport_Terminate();

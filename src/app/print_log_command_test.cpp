@@ -35,7 +35,7 @@ TEST_F(PrintLog, ASecondPressReplacesTheReportAndKeepsItsWindowsPlace) {
     command.btnPrint_Click({"two", {}, 0}, "b.log");
     EXPECT_EQ(unloaded, 1);
     ASSERT_NE(command.report(), nullptr);
-    EXPECT_EQ(command.report()->Window, (Report_Rectangle{1, 2, 3, 4}));
+    EXPECT_EQ(command.report()->Window, (Twips_Rect{.left = 1, .top = 2, .width = 3, .height = 4}));
     EXPECT_EQ(command.report()->LogFileName, "b.log");
 }
 
@@ -44,7 +44,7 @@ TEST_F(PrintLog, AReportThatWasClosedIsGone) {
     command.report()->ActiveReport_Terminate();
     EXPECT_EQ(command.report(), nullptr);
     command.btnPrint_Click({"two", {}, 0}, "b.log");
-    EXPECT_EQ(command.report()->Window, Report_Rectangle{});
+    EXPECT_EQ(command.report()->Window, Twips_Rect{});
 }
 
 } // namespace

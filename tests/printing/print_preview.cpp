@@ -2,7 +2,7 @@
 // print_preview MODELS FOLDER DOCUMENT PRINTER. Prints the texts of the preview's pages as a list of lists in
 // JSON.
 #include "app/window/kvrt_principal.h"
-#include "app/window/report_parts.h"
+#include "app/window/report_windows.h"
 #include "ui/report/page_setup_dialog.h"
 #include "ui/report/preview_window.h"
 #include "values/code_page.h"
@@ -56,7 +56,7 @@ int main(int argc, char** argv) {
         dialog.selectFile(QString::fromLocal8Bit(argv[3]));
         return true;
     };
-    Report_Parts& reports = program.reports();
+    Report_Windows& reports = program.reports();
     const QString printer = QString::fromLocal8Bit(argv[4]);
     reports.prompts.pageSetup = [&](Page_Setup_Dialog& dialog) {
         auto& printers = *dialog.findChild<QComboBox*>("Printer");

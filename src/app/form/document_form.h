@@ -2,20 +2,12 @@
 
 #include "app/form/common_dialog.h"
 #include "comm/main_form/main_form.h"
+#include "values/twips.h"
 
 namespace zorvane {
 
 /// Parts of the main form that the document commands show, hide and disable.
 enum class Form_Part { Frame2, Frame3, PicLineHoriz };
-
-/// A window's place and size in twips.
-struct Window_Rectangle {
-    double top = 0;
-    double left = 0;
-    double width = 0;
-    double height = 0;
-    friend bool operator==(const Window_Rectangle&, const Window_Rectangle&) = default;
-};
 
 /// What the commands ask of the main form beyond what the transfers do.
 class Document_Form : public Main_Form {
@@ -25,10 +17,10 @@ class Document_Form : public Main_Form {
     virtual void setMenuChecked(Menu_Entry entry, bool checked) = 0;
     [[nodiscard]] virtual bool menuChecked(Menu_Entry entry) const = 0;
 
-    [[nodiscard]] virtual Window_Rectangle formRectangle() const = 0;
-    virtual void moveForm(const Window_Rectangle& place) = 0;
+    [[nodiscard]] virtual Twips_Rect formRectangle() const = 0;
+    virtual void moveForm(const Twips_Rect& place) = 0;
     /// The screen's width and height in twips, in `width` and `height`.
-    [[nodiscard]] virtual Window_Rectangle screen() const = 0;
+    [[nodiscard]] virtual Twips_Rect screen() const = 0;
     /// The main form, modeless.
     virtual void showForm() = 0;
     virtual void loadFrmDebug() = 0;

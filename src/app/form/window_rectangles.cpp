@@ -16,15 +16,15 @@ namespace {
 
 struct Rectangle_Key {
     const char* key;
-    double Window_Rectangle::*member;
+    double Twips_Rect::*member;
 };
 
-constexpr std::array<Rectangle_Key, 4> rectangleKeys = {{{"Top", &Window_Rectangle::top},
-                                                         {"Left", &Window_Rectangle::left},
-                                                         {"Width", &Window_Rectangle::width},
-                                                         {"Height", &Window_Rectangle::height}}};
+constexpr std::array<Rectangle_Key, 4> rectangleKeys = {{{"Top", &Twips_Rect::top},
+                                                         {"Left", &Twips_Rect::left},
+                                                         {"Width", &Twips_Rect::width},
+                                                         {"Height", &Twips_Rect::height}}};
 
-bool usable(const Window_Rectangle& place, const Window_Rectangle& screen) {
+bool usable(const Twips_Rect& place, const Twips_Rect& screen) {
     return place.width >= 0 && place.height >= 0 && place.top <= screen.height && place.left <= screen.width;
 }
 
@@ -35,7 +35,7 @@ double single(double value) {
     return fitsSingle(value) ? static_cast<double>(static_cast<float>(value)) : value;
 }
 
-void requireSingles(const Window_Rectangle& place) {
+void requireSingles(const Twips_Rect& place) {
     for (const auto& [key, member] : rectangleKeys)
         if (!fitsSingle(place.*member)) throw Run_Time_Failure(Failure::Overflow);
 }
@@ -57,9 +57,9 @@ bool hasStoredRectangle(Settings_Store& store, const std::string& section) {
     });
 }
 
-Window_Rectangle storedRectangle(Settings_Store& store, const std::string& section,
-                                 const Window_Rectangle& current, const Window_Rectangle& screen) {
-    Window_Rectangle place;
+Twips_Rect storedRectangle(Settings_Store& store, const std::string& section, const Twips_Rect& current,
+                           const Twips_Rect& screen) {
+    Twips_Rect place;
     for (const auto& [key, member] : rectangleKeys) {
         const std::string text =
             store.GetSetting(applicationTitle, section, key, singleText(current.*member));
@@ -71,12 +71,12 @@ Window_Rectangle storedRectangle(Settings_Store& store, const std::string& secti
     return place;
 }
 
-void storeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place) {
+void storeRectangle(Settings_Store& store, const std::string& section, const Twips_Rect& place) {
     for (const auto& [key, member] : rectangleKeys)
         store.SaveSetting(applicationTitle, section, key, singleText(place.*member));
 }
 
-void storeWholeRectangle(Settings_Store& store, const std::string& section, const Window_Rectangle& place) {
+void storeWholeRectangle(Settings_Store& store, const std::string& section, const Twips_Rect& place) {
     for (const auto& [key, member] : rectangleKeys)
         store.SaveSetting(applicationTitle, section, key, numberText(toLong(place.*member)));
 }

@@ -11,7 +11,7 @@
 
 namespace zorvane {
 
-void PrintTo(const Window_Rectangle& place, std::ostream* out) {
+void PrintTo(const Twips_Rect& place, std::ostream* out) {
     *out << place.top << " " << place.left << ", " << place.width << " by " << place.height;
 }
 
@@ -27,30 +27,30 @@ struct WindowRectangles : testing::Test, App_Bench {
         settings.texts["Zorvane/" + section + "/Width"] = width;
         settings.texts["Zorvane/" + section + "/Height"] = height;
     }
-    [[nodiscard]] Window_Rectangle dialogPlace(Stored_Dialog which) {
-        Window_Rectangle place{1, 2, 3, 4};
+    [[nodiscard]] Twips_Rect dialogPlace(Stored_Dialog which) {
+        Twips_Rect place{.left = 2, .top = 1, .width = 3, .height = 4};
         PRO_Lee_Dialogos(app, which, place.top, place.left, place.width, place.height);
         return place;
     }
-    const Window_Rectangle fallback{3075, 3210, 6990, 7380};
+    const Twips_Rect fallback{.left = 3210, .top = 3075, .width = 6990, .height = 7380};
 };
 
 TEST_F(WindowRectangles, AFirstRunKeepsTheFormsOwnPlace) {
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(mainForm.place, (Window_Rectangle{1000, 2000, 6990, 7380}));
+    EXPECT_EQ(mainForm.place, (Twips_Rect{.left = 2000, .top = 1000, .width = 6990, .height = 7380}));
     EXPECT_FALSE(form.Monitor_Place);
 }
 
 TEST_F(WindowRectangles, TheFormComesBackToItsPlace) {
     store("MainWindow", "100", " 200.5 ", "3000", "4e3");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(mainForm.place, (Window_Rectangle{100, 200.5, 3000, 4000}));
+    EXPECT_EQ(mainForm.place, (Twips_Rect{.left = 200.5, .top = 100, .width = 3000, .height = 4000}));
 }
 
 TEST_F(WindowRectangles, AValueThatIsntStoredIsTheForms) {
     settings.texts["Zorvane/MainWindow/Width"] = "5000";
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(mainForm.place, (Window_Rectangle{1000, 2000, 5000, 7380}));
+    EXPECT_EQ(mainForm.place, (Twips_Rect{.left = 2000, .top = 1000, .width = 5000, .height = 7380}));
 }
 
 TEST_F(WindowRectangles, ATopThatIsNoNumberPutsTheMainWindowToTheFallbackAndTheOthersAreJudgedByThemselves) {
@@ -60,14 +60,15 @@ TEST_F(WindowRectangles, ATopThatIsNoNumberPutsTheMainWindowToTheFallbackAndTheO
     PRO_Lee_Ventanas(app);
     EXPECT_EQ(mainForm.place, fallback);
     EXPECT_EQ(form.Monitor_Place, (std::array<std::int32_t, 4>{20, 10, 300, 400}));
-    EXPECT_EQ(dialogPlace(Stored_Dialog::Preview), (Window_Rectangle{1, -2, 30, 40}));
+    EXPECT_EQ(dialogPlace(Stored_Dialog::Preview),
+              (Twips_Rect{.left = -2, .top = 1, .width = 30, .height = 40}));
 }
 
 TEST_F(WindowRectangles, ABadPlaceOfTheMonitorIsItsOwnMatter) {
     store("MainWindow", "100", "200", "3000", "4000");
     store("ModbusDialog", "", "20", "300", "400");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(mainForm.place, (Window_Rectangle{100, 200, 3000, 4000}));
+    EXPECT_EQ(mainForm.place, (Twips_Rect{.left = 200, .top = 100, .width = 3000, .height = 4000}));
     EXPECT_EQ(form.Monitor_Place, (std::array<std::int32_t, 4>{3210, 3075, 6990, 7380}));
     EXPECT_EQ(dialogPlace(Stored_Dialog::Monitor), fallback);
 }
@@ -84,14 +85,15 @@ TEST_F(WindowRectangles, NegativeSizesAndPlacesBeyondTheScreenFallBack) {
     }
     store("MainWindow", "16200", "28800", "0", "0");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(mainForm.place, (Window_Rectangle{16200, 28800, 0, 0})) << "the edge itself is good";
+    EXPECT_EQ(mainForm.place, (Twips_Rect{.left = 28800, .top = 16200, .width = 0, .height = 0}))
+        << "the edge itself is good";
 }
 
 TEST_F(WindowRectangles, ANumberBeyondSinglePrecisionEndsTheReading) {
     store("MainWindow", "0", "0", "1e39", "100");
     store("ModbusDialog", "10", "20", "300", "400");
     PRO_Lee_Ventanas(app);
-    EXPECT_EQ(mainForm.place, (Window_Rectangle{1000, 2000, 6990, 7380}));
+    EXPECT_EQ(mainForm.place, (Twips_Rect{.left = 2000, .top = 1000, .width = 6990, .height = 7380}));
     EXPECT_FALSE(form.Monitor_Place);
 }
 
@@ -108,15 +110,17 @@ TEST_F(WindowRectangles, ANumberBeyondSinglePrecisionThatIsBeyondTheScreenOrNega
 
 TEST_F(WindowRectangles, ADialogWhoseStoredNumberIsBeyondSinglePrecisionKeepsWhatItHas) {
     store("PrintDialog", "1", "2", "3", "1e39");
-    EXPECT_EQ(dialogPlace(Stored_Dialog::Preview), (Window_Rectangle{1, 2, 3, 4}));
+    EXPECT_EQ(dialogPlace(Stored_Dialog::Preview),
+              (Twips_Rect{.left = 2, .top = 1, .width = 3, .height = 4}));
 }
 
 TEST_F(WindowRectangles, ADialogThatWasNeverPlacedKeepsWhatItHas) {
-    EXPECT_EQ(dialogPlace(Stored_Dialog::Preview), (Window_Rectangle{1, 2, 3, 4}));
+    EXPECT_EQ(dialogPlace(Stored_Dialog::Preview),
+              (Twips_Rect{.left = 2, .top = 1, .width = 3, .height = 4}));
 }
 
 TEST_F(WindowRectangles, AreStoredAsTextOfSinglePrecision) {
-    mainForm.place = {1309.0909090909, 0.1, 12345678, 7380};
+    mainForm.place = {.left = 0.1, .top = 1309.0909090909, .width = 12345678, .height = 7380};
     PRO_Guarda_Ventanas(app);
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/Top"], "1309.091");
     EXPECT_EQ(settings.texts["Zorvane/MainWindow/Left"], "0.1");

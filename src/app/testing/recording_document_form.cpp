@@ -79,7 +79,7 @@ bool Recording_Document_Form::menuChecked(Menu_Entry entry) const {
     return found != checked_.end() && found->second;
 }
 
-void Recording_Document_Form::moveForm(const Window_Rectangle& rectangle) {
+void Recording_Document_Form::moveForm(const Twips_Rect& rectangle) {
     place = rectangle;
     note("form at " + numberText(place.top) + " " + numberText(place.left) + ", " + numberText(place.width) +
          " by " + numberText(place.height));

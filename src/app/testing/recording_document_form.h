@@ -20,8 +20,8 @@ class Recording_Document_Form : public Document_Form {
 
     Recording_Form base;
     Scripted_Dialog scriptedDialog;
-    Window_Rectangle place{1000, 2000, 6990, 7380}; ///< of the form
-    Window_Rectangle screenSize{0, 0, 28800, 16200};
+    Twips_Rect place{.left = 2000, .top = 1000, .width = 6990, .height = 7380}; ///< of the form
+    Twips_Rect screenSize{.left = 0, .top = 0, .width = 28800, .height = 16200};
     bool ended = false;
     bool previewsFail = false; ///< with failure 9, when they are made anew
 
@@ -47,9 +47,9 @@ class Recording_Document_Form : public Document_Form {
     void setPartEnabled(Form_Part part, bool enabled) override;
     void setMenuChecked(Menu_Entry entry, bool checked) override;
     [[nodiscard]] bool menuChecked(Menu_Entry entry) const override;
-    [[nodiscard]] Window_Rectangle formRectangle() const override { return place; }
-    void moveForm(const Window_Rectangle& rectangle) override;
-    [[nodiscard]] Window_Rectangle screen() const override { return screenSize; }
+    [[nodiscard]] Twips_Rect formRectangle() const override { return place; }
+    void moveForm(const Twips_Rect& rectangle) override;
+    [[nodiscard]] Twips_Rect screen() const override { return screenSize; }
     void showForm() override { note("form shown"); }
     void loadFrmDebug() override { note("FrmDebug loaded"); }
     void removeTrayIcon() override { note("tray icon removed"); }

@@ -33,58 +33,57 @@ class Mouse_Track_Held {
     bool before_;
 };
 
-template <class File_To_Open> void openAnother(const Form_Parts& parts, File_To_Open&& opening) {
-    const Mouse_Track_Held held(parts.app.grids.navigation);
+template <class File_To_Open> void openAnother(const Menu_Context& menu, File_To_Open&& opening) {
+    const Mouse_Track_Held held(menu.app.grids.navigation);
     std::forward<File_To_Open>(opening)();
-    parts.mainForm.timers().setInterval(Timer_Name::TMR_Forza_analogas,
-                                        parts.app.document().Forza_Analogas_Ms);
+    menu.mainForm.timers().setInterval(Timer_Name::TMR_Forza_analogas, menu.app.document().Forza_Analogas_Ms);
 }
 
-void recover(const Form_Parts& parts) {
-    const App_Context& app = parts.app;
+void recover(const Menu_Context& menu) {
+    const App_Context& app = menu.app;
     Recover_Form form(
         recoveryEntries(app), [&app](const Recovery_Entry& entry) { app.recovery.remove(entry); },
-        parts.mainForm.ask, parts.mainForm.dialogParent());
+        menu.mainForm.ask, menu.mainForm.dialogParent());
     const bool accepted = form.exec() == QDialog::Accepted;
     refreshCopies(app);
     if (!accepted) return;
-    if (const auto chosen = form.chosen()) openAnother(parts, [&] { openRecoveryCopy(app, *chosen); });
+    if (const auto chosen = form.chosen()) openAnother(menu, [&] { openRecoveryCopy(app, *chosen); });
 }
 
-void openDropped(const Form_Parts& parts, const QString& file) {
+void openDropped(const Menu_Context& menu, const QString& file) {
     const std::string path = pathFromNative(QFile::encodeName(file).toStdString());
-    if (!parts.app.files.exists(path)) return; // a folder
-    openAnother(parts, [&] { openFile(parts.app, path, false); });
+    if (!menu.app.files.exists(path)) return; // a folder
+    openAnother(menu, [&] { openFile(menu.app, path, false); });
 }
 
 } // namespace
 
-void Form_Parts::onChosen(const QString& entry, const std::function<void()>& handler) const {
+void Menu_Context::onChosen(const QString& entry, const std::function<void()>& handler) const {
     window().menu().onChosen(entry, [&edge = edge, handler] { edge.run(handler); });
 }
 
-void connectDocumentCommands(const Form_Parts& parts) {
-    parts.onChosen("MNU_Open", [parts] { openAnother(parts, [&] { MNU_Open_Click(parts.app); }); });
-    parts.onChosen("MNU_Close", [parts] {
-        const Mouse_Track_Held held(parts.app.grids.navigation);
-        MNU_Close_Click(parts.app);
+void connectDocumentCommands(const Menu_Context& menu) {
+    menu.onChosen("MNU_Open", [menu] { openAnother(menu, [&] { MNU_Open_Click(menu.app); }); });
+    menu.onChosen("MNU_Close", [menu] {
+        const Mouse_Track_Held held(menu.app.grids.navigation);
+        MNU_Close_Click(menu.app);
     });
-    parts.onChosen("MNU_Save", [parts] { MNU_Save_Click(parts.app); });
-    parts.onChosen("MNU_Saveas", [parts] { MNU_Saveas_Click(parts.app); });
-    parts.onChosen("MNU_Recover", [parts] { recover(parts); });
-    parts.onChosen("MNU_Exit", [parts] { MNU_Exit_Click(parts.app); });
-    parts.window().events.fileDropped = [parts](const QString& file) {
-        parts.edge.run([&] { openDropped(parts, file); });
+    menu.onChosen("MNU_Save", [menu] { MNU_Save_Click(menu.app); });
+    menu.onChosen("MNU_Saveas", [menu] { MNU_Saveas_Click(menu.app); });
+    menu.onChosen("MNU_Recover", [menu] { recover(menu); });
+    menu.onChosen("MNU_Exit", [menu] { MNU_Exit_Click(menu.app); });
+    menu.window().events.fileDropped = [menu](const QString& file) {
+        menu.edge.run([&] { openDropped(menu, file); });
     };
 }
 
-void connectCommunicationCommands(const Form_Parts& parts) {
-    const App_Context& app = parts.app;
-    parts.onChosen("MNU_Upload", [&app] { MNU_Upload_Click(app.grids.comm); });
-    parts.onChosen("MNU_Download", [&app] { MNU_Download_Click(app.grids.comm); });
-    parts.onChosen("MNU_Disconnect", [&app] { MNU_Disconnect_Click(app.grids.comm); });
-    parts.onChosen("MNU_Port_Settings", [&app] { MNU_Port_Settings_Click(app.grids.comm); });
-    parts.onChosen("separador4", [&app] { separador4_Click(app.grids.comm); });
+void connectCommunicationCommands(const Menu_Context& menu) {
+    const App_Context& app = menu.app;
+    menu.onChosen("MNU_Upload", [&app] { MNU_Upload_Click(app.grids.comm); });
+    menu.onChosen("MNU_Download", [&app] { MNU_Download_Click(app.grids.comm); });
+    menu.onChosen("MNU_Disconnect", [&app] { MNU_Disconnect_Click(app.grids.comm); });
+    menu.onChosen("MNU_Port_Settings", [&app] { MNU_Port_Settings_Click(app.grids.comm); });
+    menu.onChosen("separador4", [&app] { separador4_Click(app.grids.comm); });
 }
 
 } // namespace zorvane

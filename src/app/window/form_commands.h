@@ -9,7 +9,7 @@
 namespace zorvane {
 
 /// What the parts of the window's menu work on. Nothing in it is owned.
-struct Form_Parts {
+struct Menu_Context {
     const App_Context& app;
     Window_Form& mainForm;
     Event_Edge& edge;
@@ -20,9 +20,9 @@ struct Form_Parts {
 };
 
 // One function for each part of the menu: it gives every entry its command. An entry whose feature isn't
-// there yet is disabled. The rest of the menu is in `desktop_parts.h`.
+// there yet is disabled. The rest of the menu is in `desktop_menus.h`.
 
-void connectDocumentCommands(const Form_Parts& parts);      ///< "File" without its reports; a file dropped
-void connectCommunicationCommands(const Form_Parts& parts); ///< "Communication"
+void connectDocumentCommands(const Menu_Context& menu);      ///< "File" without its reports; a file dropped
+void connectCommunicationCommands(const Menu_Context& menu); ///< "Communication"
 
 } // namespace zorvane

@@ -5,7 +5,7 @@
 #include "app/form/port_store.h"
 #include "app/form_life.h"
 #include "app/window/grid_events.h"
-#include "app/window/message_bar_parts.h"
+#include "app/window/message_bar_buttons.h"
 #include "comm/main_form/monitor.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/online.h"
@@ -71,18 +71,18 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
            recovery_,
            state_,
            places.applicationFolder},
-      parts_{app_, mainForm_, edge_}, reports_(app_, mainForm_, edge_), desktop_(parts_),
+      menu_{app_, mainForm_, edge_}, reports_(app_, mainForm_, edge_), desktop_(menu_),
       systemEnd_(app_, mainForm_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
     connectMessageBar(mainForm_, edge_);
-    connectDocumentCommands(parts_);
-    connectCommunicationCommands(parts_);
+    connectDocumentCommands(menu_);
+    connectCommunicationCommands(menu_);
     connectGrids(window_, app_.grids, edge_);
     connectTimers();
     connectLink();
-    reports_.connect(parts_);
-    line_.connect(parts_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); });
+    reports_.connect(menu_);
+    line_.connect(menu_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); });
 }
 
 /// The grids' handlers live on what is destroyed before the window is.

@@ -3,12 +3,12 @@
 #include "app/desktop/qt_settings_store.h"
 #include "app/desktop/qt_text_widths.h"
 #include "app/form/app_context.h"
-#include "app/window/desktop_parts.h"
+#include "app/window/desktop_menus.h"
 #include "app/window/form_commands.h"
-#include "app/window/line_parts.h"
-#include "app/window/report_parts.h"
+#include "app/window/report_windows.h"
 #include "app/window/system_end.h"
 #include "app/window/window_form.h"
+#include "app/window/window_link.h"
 #include "recovery/native_recovery_folder.h"
 #include "template/services/native_files.h"
 
@@ -50,10 +50,10 @@ class KVRT_Principal {
     [[nodiscard]] Main_Window& window() { return window_; }
     [[nodiscard]] Window_Form& mainForm() { return mainForm_; }
     [[nodiscard]] Modbus_Link& link() { return line_.link(); }
-    [[nodiscard]] Line_Parts& line() { return line_; }
+    [[nodiscard]] Window_Link& line() { return line_; }
     [[nodiscard]] Event_Edge& edge() { return edge_; }
-    [[nodiscard]] Report_Parts& reports() { return reports_; }
-    [[nodiscard]] Desktop_Parts& desktop() { return desktop_; }
+    [[nodiscard]] Report_Windows& reports() { return reports_; }
+    [[nodiscard]] Desktop_Menus& desktop() { return desktop_; }
     /// An edit in progress brings the recovery copy up to date this often.
     [[nodiscard]] QTimer& TMR_Copia() { return copyTimer_; }
 
@@ -89,13 +89,13 @@ class KVRT_Principal {
     Recovery recovery_;
     Main_Window window_;
     Window_Form mainForm_;
-    Line_Parts line_;
+    Window_Link line_;
     Form_Windows formWindows_;
     Qt_Text_Widths widths_;
     App_Context app_;
-    Form_Parts parts_;
-    Report_Parts reports_;
-    Desktop_Parts desktop_;
+    Menu_Context menu_;
+    Report_Windows reports_;
+    Desktop_Menus desktop_;
     System_End systemEnd_;
     QTimer copyTimer_;
     QElapsedTimer clock_;

@@ -351,7 +351,7 @@ TEST_F(Window_Exit, ExitEndsTheProgramAtOnceWithoutChanges) {
 TEST_F(Window_Exit, ClosingWithCancelStaysAndStoresTheWindowsPlace) {
     openAndEdit();
     answers = {Msgb_Code_Cancel};
-    program->mainForm().moveForm({1500, 3000, 9000, 9750});
+    program->mainForm().moveForm({.left = 3000, .top = 1500, .width = 9000, .height = 9750});
     EXPECT_FALSE(program->window().close());
     EXPECT_FALSE(program->edge().ended());
     EXPECT_THAT(messages, ElementsAre(saveQuestion));
@@ -382,16 +382,17 @@ TEST_F(Window_Exit, AFailingSaveOnTheWayOutKeepsTheProgramOpen) {
 
 TEST_F(Window_Exit, TheNextStartStandsWhereTheLastOneEnded) {
     start();
-    program->mainForm().moveForm({1500, 3000, 9000, 9750});
+    program->mainForm().moveForm({.left = 3000, .top = 1500, .width = 9000, .height = 9750});
     choose("MNU_Exit");
     program.reset();
     start();
-    EXPECT_EQ(program->mainForm().formRectangle(), (Window_Rectangle{1500, 3000, 9000, 9750}));
+    EXPECT_EQ(program->mainForm().formRectangle(),
+              (Twips_Rect{.left = 3000, .top = 1500, .width = 9000, .height = 9750}));
 }
 
 TEST_F(Window_Exit, AFirstRunHasTheDesignSize) {
     make();
-    const Window_Rectangle design = program->mainForm().formRectangle();
+    const Twips_Rect design = program->mainForm().formRectangle();
     start();
     EXPECT_EQ(program->mainForm().formRectangle(), design);
     EXPECT_EQ(design.width, 6840);
@@ -400,7 +401,8 @@ TEST_F(Window_Exit, AFirstRunHasTheDesignSize) {
 TEST_F(Window_Exit, AStoredTopOfAbcGivesTheFallbackPlace) {
     put("settings.conf", "[MainWindow]\nTop=abc\nLeft=1\nWidth=9000\nHeight=9000\n");
     start();
-    EXPECT_EQ(program->mainForm().formRectangle(), (Window_Rectangle{3075, 3210, 6990, 7380}));
+    EXPECT_EQ(program->mainForm().formRectangle(),
+              (Twips_Rect{.left = 3210, .top = 3075, .width = 6990, .height = 7380}));
 }
 
 TEST_F(Window_Exit, AMonitorThatWasntOpenedKeepsItsStoredPlace) {

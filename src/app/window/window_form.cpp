@@ -64,7 +64,7 @@ QString shownText(const std::string& text) {
     return shown;
 }
 
-Window_Rectangle reachable(Window_Rectangle place, const Window_Rectangle& screen) {
+Twips_Rect reachable(Twips_Rect place, const Twips_Rect& screen) {
     place.width = std::min(std::max(place.width, reachableTwips), screen.width);
     place.height = std::min(std::max(place.height, reachableTwips), screen.height);
     const double rightmost = std::max(0.0, screen.width - reachableTwips);
@@ -210,18 +210,12 @@ void Window_Form::giveFocusBack() {
         last->setFocus();
 }
 
-Window_Rectangle Window_Form::formRectangle() const {
-    const Twips_Rect place = window_.formRect();
-    return {place.top, place.left, place.width, place.height};
-}
+Twips_Rect Window_Form::formRectangle() const { return window_.formRect(); }
 
-void Window_Form::moveForm(const Window_Rectangle& place) {
-    const Window_Rectangle moved = reachable(place, screen());
-    window_.setFormRect({moved.left, moved.top, moved.width, moved.height});
-}
+void Window_Form::moveForm(const Twips_Rect& place) { window_.setFormRect(reachable(place, screen())); }
 
 /// All screens together are one.
-Window_Rectangle Window_Form::screen() const {
+Twips_Rect Window_Form::screen() const {
     const QSize size = window_.screen()->virtualSize();
     return {0, 0, window_.scale().twipsX(size.width()), window_.scale().twipsY(size.height())};
 }

@@ -63,11 +63,11 @@ class Window_Form final : public Document_Form {
     void setPartEnabled(Form_Part part, bool enabled) override;
     void setMenuChecked(Menu_Entry entry, bool checked) override;
     [[nodiscard]] bool menuChecked(Menu_Entry entry) const override;
-    [[nodiscard]] Window_Rectangle formRectangle() const override;
+    [[nodiscard]] Twips_Rect formRectangle() const override;
     /// A place where the form couldn't be reached is moved to where it can, and no form is larger than the
     /// screen.
-    void moveForm(const Window_Rectangle& place) override;
-    [[nodiscard]] Window_Rectangle screen() const override;
+    void moveForm(const Twips_Rect& place) override;
+    [[nodiscard]] Twips_Rect screen() const override;
     void showForm() override;
     void loadFrmDebug() override;
     void removeTrayIcon() override;
@@ -115,6 +115,6 @@ class Window_Form final : public Document_Form {
 
 /// A window's place on a screen of that size, both in twips, so that its title can be reached and it is
 /// neither larger than the screen nor too small to be seen.
-[[nodiscard]] Window_Rectangle reachable(Window_Rectangle place, const Window_Rectangle& screen);
+[[nodiscard]] Twips_Rect reachable(Twips_Rect place, const Twips_Rect& screen);
 
 } // namespace zorvane

@@ -89,26 +89,32 @@ TEST(Shown_Text, HasPlainLineEndsAndTheNamesOfFilesAsTheDesktopHasThem) {
     EXPECT_EQ(shownText(pathFromNative("/home/ж.ABC")), QStringLiteral("/home/ж.ABC"));
 }
 
-constexpr Window_Rectangle desktop{0, 0, 19200, 15360};
+constexpr Twips_Rect desktop{.left = 0, .top = 0, .width = 19200, .height = 15360};
 
 TEST(Reachable_Place, StaysAsItIsWhenItCanBeReached) {
-    EXPECT_EQ(reachable({3075, 3210, 6990, 7380}, desktop), (Window_Rectangle{3075, 3210, 6990, 7380}));
-    EXPECT_EQ(reachable({100, -5000, 6990, 7380}, desktop), (Window_Rectangle{100, -5000, 6990, 7380}));
+    EXPECT_EQ(reachable({.left = 3210, .top = 3075, .width = 6990, .height = 7380}, desktop),
+              (Twips_Rect{.left = 3210, .top = 3075, .width = 6990, .height = 7380}));
+    EXPECT_EQ(reachable({.left = -5000, .top = 100, .width = 6990, .height = 7380}, desktop),
+              (Twips_Rect{.left = -5000, .top = 100, .width = 6990, .height = 7380}));
 }
 
 TEST(Reachable_Place, IsNoLargerThanTheScreen) {
-    EXPECT_EQ(reachable({0, 0, 1e30, 1e30}, desktop), (Window_Rectangle{0, 0, 19200, 15360}));
+    EXPECT_EQ(reachable({.left = 0, .top = 0, .width = 1e30, .height = 1e30}, desktop),
+              (Twips_Rect{.left = 0, .top = 0, .width = 19200, .height = 15360}));
 }
 
 TEST(Reachable_Place, IsLargeEnoughToBeSeen) {
-    EXPECT_EQ(reachable({1500, 1500, 0, 0}, desktop), (Window_Rectangle{1500, 1500, 1440, 1440}));
-    EXPECT_EQ(reachable({1500, 1500, 1440, 9000}, desktop), (Window_Rectangle{1500, 1500, 1440, 9000}));
+    EXPECT_EQ(reachable({.left = 1500, .top = 1500, .width = 0, .height = 0}, desktop),
+              (Twips_Rect{.left = 1500, .top = 1500, .width = 1440, .height = 1440}));
+    EXPECT_EQ(reachable({.left = 1500, .top = 1500, .width = 1440, .height = 9000}, desktop),
+              (Twips_Rect{.left = 1500, .top = 1500, .width = 1440, .height = 9000}));
 }
 
 TEST(Reachable_Place, KeepsTheTitleOnTheScreen) {
-    EXPECT_EQ(reachable({-1e30, -1e30, 6990, 7380}, desktop), (Window_Rectangle{0, 1440 - 6990, 6990, 7380}));
-    EXPECT_EQ(reachable({15360, 19200, 6990, 7380}, desktop),
-              (Window_Rectangle{15360 - 1440, 19200 - 1440, 6990, 7380}));
+    EXPECT_EQ(reachable({.left = -1e30, .top = -1e30, .width = 6990, .height = 7380}, desktop),
+              (Twips_Rect{.left = 1440 - 6990, .top = 0, .width = 6990, .height = 7380}));
+    EXPECT_EQ(reachable({.left = 19200, .top = 15360, .width = 6990, .height = 7380}, desktop),
+              (Twips_Rect{.left = 19200 - 1440, .top = 15360 - 1440, .width = 6990, .height = 7380}));
 }
 
 struct Frame_Test : testing::Test {

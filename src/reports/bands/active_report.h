@@ -79,7 +79,7 @@ class ActiveReport {
     Page_Settings PageSettings;
     Report_Printer Printer;
     double PrintWidth = 9360; ///< twips
-    Report_Rectangle Window;  ///< of the report's window: kept up to date by it
+    Twips_Rect Window;        ///< of the report's window: kept up to date by it
     std::string Caption;      ///< of that window
     int MousePointer = 0;     ///< 11: the hourglass
 

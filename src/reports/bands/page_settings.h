@@ -26,13 +26,4 @@ struct Report_Printer {
     friend bool operator==(const Report_Printer&, const Report_Printer&) = default;
 };
 
-/// A report window's place and size in twips.
-struct Report_Rectangle {
-    double Left = 0;
-    double Top = 0;
-    double Width = 0;
-    double Height = 0;
-    friend bool operator==(const Report_Rectangle&, const Report_Rectangle&) = default;
-};
-
 } // namespace zorvane

@@ -72,7 +72,7 @@ void MainRepKVRT::addSubreport(std::int32_t number) {
     control.Name = subreportName(number);
     control.CanGrow = true;
     control.CanShrink = true;
-    control.Height = Window.Height;
+    control.Height = Window.height;
     control.Left = 0;
     control.Top = 0;
     control.Visible = false;

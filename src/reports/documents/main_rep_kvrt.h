@@ -23,7 +23,7 @@ class Main_Report_Host {
     /// Called again and again while a report runs: time for the windows. False when the user cancelled.
     [[nodiscard]] virtual bool keepsRunning() { return true; }
     /// Stores the window's rectangle in the section of the previews. Failures of it are dropped.
-    virtual void SaveConfig(const Report_Rectangle& window) = 0;
+    virtual void SaveConfig(const Twips_Rect& window) = 0;
     /// Shows the pages of the last run in the report's window, if it has one.
     virtual void showPages(MainRepKVRT& report) = 0;
     /// Shows the report's font dialog with `Guardar` False, not modally; what it gives goes to
@@ -40,7 +40,7 @@ class No_Report_Windows final : public Main_Report_Host {
   public:
     void showBusy() override {}
     void endBusy() override {}
-    void SaveConfig(const Report_Rectangle& /*window*/) override {}
+    void SaveConfig(const Twips_Rect& /*window*/) override {}
     void showPages(MainRepKVRT& /*report*/) override {}
     void showFontDialog(MainRepKVRT& /*report*/) override {}
     void dropFontDialog(MainRepKVRT& /*report*/) override {}

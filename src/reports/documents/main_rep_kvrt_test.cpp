@@ -208,7 +208,7 @@ TEST_F(MainReport, EachSubreportIsMadeForItsField) {
     report.HaveGrid = true;
     report.FontSize = 9;
     report.PrintWidth = 9000;
-    report.Window.Height = 7380;
+    report.Window.height = 7380;
     report.Run();
     ASSERT_EQ(report.Detail.Controls.Count(), 2);
     Report_Control& second = report.Detail.Controls("SubDinamycRpt2");

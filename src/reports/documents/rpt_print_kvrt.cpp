@@ -91,7 +91,7 @@ std::vector<std::string> reportRowTexts(const Field_Rec& field, std::int32_t row
 rptPrintKVRT::rptPrintKVRT(Document_Report_Sources sources)
     : ActiveReport(sources.metrics), sources_(std::move(sources)) {
     PrintWidth = designedWidth;
-    Window.Width = designedWidth;
+    Window.width = designedWidth;
     Caption = "Printing Report...";
     GroupHeader1.Height = headHeight;
     Detail.Height = rowHeight;
@@ -169,7 +169,7 @@ void rptPrintKVRT::fillHead() {
     Report_Control& fldDescription = head("FldDescription");
     bindField(fldDescription, field().Description);
     fldDescription.Left = behind(description);
-    fldDescription.Width = Window.Width;
+    fldDescription.Width = Window.width;
     Report_Control& edits = head("Edits");
     fitLabel(edits);
     Report_Control& fldEdits = head("FldEdits");
@@ -182,7 +182,7 @@ void rptPrintKVRT::fillHead() {
     Report_Control& fldcomments = head("Fldcomments");
     bindField(fldcomments, "");
     fldcomments.Left = behind(comments);
-    fldcomments.Width = Window.Width;
+    fldcomments.Width = Window.width;
 }
 
 void rptPrintKVRT::addHeadings() {

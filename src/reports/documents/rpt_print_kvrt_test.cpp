@@ -71,7 +71,7 @@ TEST_F(Sub_Report, BindsItsFieldsByName) {
 
 TEST_F(Sub_Report, TheHeadMakesRoomForItsTexts) {
     report.FontSize = 10;
-    report.Window.Width = 9000;
+    report.Window.width = 9000;
     run(1);
     struct Place {
         double left;

@@ -17,7 +17,7 @@ class Noting_Host : public Main_Report_Host {
 
     void showBusy() override { notes.emplace_back("busy"); }
     void endBusy() override { notes.emplace_back("not busy"); }
-    void SaveConfig(const Report_Rectangle&) override { notes.emplace_back("window stored"); }
+    void SaveConfig(const Twips_Rect&) override { notes.emplace_back("window stored"); }
     void showPages(MainRepKVRT& report) override {
         notes.push_back("pages: " + std::to_string(report.Pages.Count()));
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/base/twips.h"
+#include "ui/base/twips_scale.h"
 
 #include <QDialog>
 

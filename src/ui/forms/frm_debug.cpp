@@ -2,7 +2,7 @@
 
 #include "ui/base/roles.h"
 #include "ui/base/text.h"
-#include "ui/base/twips.h"
+#include "ui/base/twips_scale.h"
 
 #include <QAction>
 #include <QCloseEvent>

@@ -42,7 +42,7 @@ void giveTip(QPushButton& button, const char* text) { button.setToolTip(QString:
 
 } // namespace
 
-Frm_Status::Frm_Status(Frm_Status_Parts parts, Frm_Status_Events events, QWidget* parent)
+Frm_Status::Frm_Status(Frm_Status_Services parts, Frm_Status_Events events, QWidget* parent)
     : Fixed_Dialog(QStringLiteral("FrmStatus"), QStringLiteral("Zorvane Transfer Status"), formWidth,
                    formHeight, parent),
       parts_(std::move(parts)), events_(std::move(events)) {

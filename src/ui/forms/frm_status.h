@@ -19,7 +19,7 @@ struct Frm_Status_Events {
 };
 
 /// What the form needs of others.
-struct Frm_Status_Parts {
+struct Frm_Status_Services {
     Transfer_Status status;
     std::function<std::int32_t()> Always_Block_Count;
     QString File_Folder; ///< where Save As begins
@@ -31,7 +31,7 @@ struct Frm_Status_Parts {
 /// `FrmStatus`: the report of the last transfer, which can be saved together with the log of all exchanges.
 class Frm_Status final : public Fixed_Dialog {
   public:
-    Frm_Status(Frm_Status_Parts parts, Frm_Status_Events events, QWidget* parent);
+    Frm_Status(Frm_Status_Services parts, Frm_Status_Events events, QWidget* parent);
 
     File_Dialog OpenFile;
 
@@ -55,7 +55,7 @@ class Frm_Status final : public Fixed_Dialog {
     [[nodiscard]] std::string savedText() const;
     [[nodiscard]] bool mayOverwrite(const QString& path) const;
 
-    Frm_Status_Parts parts_;
+    Frm_Status_Services parts_;
     Frm_Status_Events events_;
     QTextEdit* RtbStatus_ = nullptr;
     QTextEdit* rtbSave_ = nullptr;

@@ -274,11 +274,11 @@ TEST(Frm_Status_Events_Test, EachWayOutInItsOrder) {
             };
         };
         return std::make_unique<Frm_Status>(
-            Frm_Status_Parts{{isUpload ? "Upload to PC" : " download to DEVICE ", {}, {}, {}},
-                             [always] { return always; },
-                             {},
-                             {},
-                             {}},
+            Frm_Status_Services{{isUpload ? "Upload to PC" : " download to DEVICE ", {}, {}, {}},
+                                [always] { return always; },
+                                {},
+                                {},
+                                {}},
             Frm_Status_Events{note("Connect"), note("Retry"), [&told] { told.push_back("UnloadMe"); },
                               note("CancelProg")},
             nullptr);

@@ -1,7 +1,7 @@
 #include "ui/grid/column_tip.h"
 
 #include "ui/base/text.h"
-#include "ui/base/twips.h"
+#include "ui/base/twips_scale.h"
 #include "ui/grid/flex_grid_view.h"
 #include "values/twips.h"
 

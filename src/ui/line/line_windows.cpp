@@ -32,7 +32,7 @@ void Line_Windows::attach(Modbus_Link& link, Port_Finder& finder, Link_Clock& cl
     clock_ = &clock;
 }
 
-Port_Dialog_Parts Line_Windows::dialogParts() {
+Port_Dialog_Services Line_Windows::dialogParts() {
     return {*finder_,
             testPort_,
             *clock_,

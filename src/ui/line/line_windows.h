@@ -54,7 +54,7 @@ class Line_Windows final : public Link_Windows {
     [[nodiscard]] Monitor_Window* monitor() const { return monitor_; }
 
   private:
-    [[nodiscard]] Port_Dialog_Parts dialogParts();
+    [[nodiscard]] Port_Dialog_Services dialogParts();
     void take(const Port_Settings& settings);
 
     QWidget* owner_;

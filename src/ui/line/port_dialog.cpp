@@ -95,7 +95,7 @@ QFormLayout& group(QBoxLayout& column, const QString& title, const char* given) 
 
 } // namespace
 
-Port_Dialog::Port_Dialog(Port_Dialog_Parts parts, const Port_Settings& settings, QWidget* parent)
+Port_Dialog::Port_Dialog(Port_Dialog_Services parts, const Port_Settings& settings, QWidget* parent)
     : QDialog(parent), parts_(std::move(parts)), test_(parts_.testPort, parts_.clock) {
     giveName(*this, QStringLiteral("PortSettings"));
     setWindowTitle(QStringLiteral("Port Settings"));

@@ -18,7 +18,7 @@ class QSpinBox;
 namespace zorvane {
 
 /// What the port dialog works with.
-struct Port_Dialog_Parts {
+struct Port_Dialog_Services {
     Port_Finder& finder;
     Byte_Port& testPort; ///< closed, and nobody else's
     Link_Clock& clock;
@@ -32,7 +32,7 @@ struct Port_Dialog_Parts {
 /// The port settings. Its owner takes `settings()` after it was accepted; they are usable then.
 class Port_Dialog final : public QDialog {
   public:
-    Port_Dialog(Port_Dialog_Parts parts, const Port_Settings& settings, QWidget* parent);
+    Port_Dialog(Port_Dialog_Services parts, const Port_Settings& settings, QWidget* parent);
     ~Port_Dialog() override;
 
     [[nodiscard]] Port_Settings settings() const;
@@ -58,7 +58,7 @@ class Port_Dialog final : public QDialog {
     void startOrStopTest();
     void testEnded();
 
-    Port_Dialog_Parts parts_;
+    Port_Dialog_Services parts_;
     Trial_Exchange test_;
     std::vector<Port_Entry> ports_;
     QComboBox* port_ = nullptr;

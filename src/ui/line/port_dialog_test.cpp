@@ -39,9 +39,9 @@ struct Port_Dialog_Test : ::testing::Test {
     }
 
     Port_Dialog& make() {
-        dialog = std::make_unique<Port_Dialog>(Port_Dialog_Parts{finder, port, clock, timings, 40100, 40001,
-                                                                 [this] { told += "lent "; },
-                                                                 [this] { told += "back "; }},
+        dialog = std::make_unique<Port_Dialog>(Port_Dialog_Services{finder, port, clock, timings, 40100,
+                                                                    40001, [this] { told += "lent "; },
+                                                                    [this] { told += "back "; }},
                                                chosen, nullptr);
         dialog->show();
         return *dialog;

@@ -1,7 +1,7 @@
 #include "ui/base/dialog_filter.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
-#include "ui/base/twips.h"
+#include "ui/base/twips_scale.h"
 #include "ui/grid/combo_entries.h"
 #include "ui/grid/key_codes.h"
 #include "ui/grid/packed_colour.h"

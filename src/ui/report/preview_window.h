@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/base/twips.h"
+#include "ui/base/twips_scale.h"
 #include "ui/report/page_view.h"
 
 #include <QIcon>

@@ -1,6 +1,6 @@
 // Writes pictures of the previews of all models, for people to look at: report_pictures FOLDER [dark]
 #include "app/window/kvrt_principal.h"
-#include "app/window/report_parts.h"
+#include "app/window/report_windows.h"
 #include "template/testing/temporary_folder.h"
 #include "ui/forms/mensaje.h"
 #include "ui/report/page_setup_dialog.h"

@@ -13,17 +13,17 @@ namespace zorvane {
 
 /// The link of the window with all that belongs to it: its own windows, the simulated controller, the report
 /// of a transfer.
-class Line_Parts {
+class Window_Link {
   public:
     /// `app` and `mainForm` must outlive it; `app` isn't read before `connect`. `programFolder` is where the
     /// simulated controller lies, UTF-8.
-    Line_Parts(const App_Context& app, Window_Form& mainForm, const std::string& programFolder,
-               const Port_Settings& settings);
-    Line_Parts(const Line_Parts&) = delete;
-    Line_Parts& operator=(const Line_Parts&) = delete;
+    Window_Link(const App_Context& app, Window_Form& mainForm, const std::string& programFolder,
+                const Port_Settings& settings);
+    Window_Link(const Window_Link&) = delete;
+    Window_Link& operator=(const Window_Link&) = delete;
 
     /// Connects what shows the report of a transfer.
-    void connect(const Form_Parts& parts, Transfer_Status_Window::Print_Log printLog = {});
+    void connect(const Menu_Context& menu, Transfer_Status_Window::Print_Log printLog = {});
 
     [[nodiscard]] Modbus_Link& link() { return link_.link(); }
     [[nodiscard]] Line_Windows& windows() { return windows_; }

@@ -10,7 +10,7 @@
 namespace zorvane {
 namespace {
 
-struct Message_Bar_Parts : doubles::Program_Fixture {
+struct Message_Bar_Buttons : doubles::Program_Fixture {
     [[nodiscard]] Bar_Lines& bar() const { return program->mainForm().messageBar(); }
     [[nodiscard]] Message_Bar_View& view() const { return program->window().messageBar(); }
     template <class Widget> Widget& named(const char* name) {
@@ -21,7 +21,7 @@ struct Message_Bar_Parts : doubles::Program_Fixture {
     }
 };
 
-TEST_F(Message_Bar_Parts, a_line_that_is_told_is_shown) {
+TEST_F(Message_Bar_Buttons, a_line_that_is_told_is_shown) {
     putModels();
     start();
     EXPECT_FALSE(view().isVisible());
@@ -31,7 +31,7 @@ TEST_F(Message_Bar_Parts, a_line_that_is_told_is_shown) {
     EXPECT_EQ(named<QPushButton>("BAR_1_Button1").text(), "Save As...");
 }
 
-TEST_F(Message_Bar_Parts, its_cross_takes_a_line_away) {
+TEST_F(Message_Bar_Buttons, its_cross_takes_a_line_away) {
     putModels();
     start();
     bar().tell({"save", Bar_Kind::Warning, "Not saved", {}});
@@ -40,7 +40,7 @@ TEST_F(Message_Bar_Parts, its_cross_takes_a_line_away) {
     EXPECT_FALSE(view().isVisible());
 }
 
-TEST_F(Message_Bar_Parts, a_button_that_fails_ends_as_every_command_does) {
+TEST_F(Message_Bar_Buttons, a_button_that_fails_ends_as_every_command_does) {
     putModels();
     start();
     int pressed = 0;
@@ -59,7 +59,7 @@ TEST_F(Message_Bar_Parts, a_button_that_fails_ends_as_every_command_does) {
     EXPECT_EQ(messages[0].text, "Run-time error '9': Subscript out of range");
 }
 
-TEST_F(Message_Bar_Parts, lines_of_a_document_go_with_it) {
+TEST_F(Message_Bar_Buttons, lines_of_a_document_go_with_it) {
     putModels();
     startWith("app/EXAMPLE.KVRT207D");
     const auto tellBoth = [this] {
@@ -80,7 +80,7 @@ TEST_F(Message_Bar_Parts, lines_of_a_document_go_with_it) {
     EXPECT_TRUE(view().isVisible()) << "without a frame, too";
 }
 
-TEST_F(Message_Bar_Parts, opening_and_closing_leave_the_keyboard_out_of_it) {
+TEST_F(Message_Bar_Buttons, opening_and_closing_leave_the_keyboard_out_of_it) {
     putModels();
     start();
     bar().tell({"copies", Bar_Kind::Note, "One copy is there", {{"Recover...", {}}}, false});
@@ -93,7 +93,7 @@ TEST_F(Message_Bar_Parts, opening_and_closing_leave_the_keyboard_out_of_it) {
     EXPECT_FALSE(view().isAncestorOf(program->window().focusWidget()));
 }
 
-TEST_F(Message_Bar_Parts, the_documents_of_the_models_fit_and_say_nothing) {
+TEST_F(Message_Bar_Buttons, the_documents_of_the_models_fit_and_say_nothing) {
     putModels();
     start();
     for (const char* model : {"KVRT", "KVRT100", "KVRT207D", "R7702-16"})
@@ -104,7 +104,7 @@ TEST_F(Message_Bar_Parts, the_documents_of_the_models_fit_and_say_nothing) {
         }
 }
 
-TEST_F(Message_Bar_Parts, show_goes_to_the_cell_and_scrolls_to_it) {
+TEST_F(Message_Bar_Buttons, show_goes_to_the_cell_and_scrolls_to_it) {
     putModels();
     std::string text = this->text("app/EXAMPLE.KVRT207D");
     const std::string last = "ROW_12=Phase shift,-300,";
@@ -124,7 +124,7 @@ TEST_F(Message_Bar_Parts, show_goes_to_the_cell_and_scrolls_to_it) {
     EXPECT_LT(cell.bottom(), barTop);
 }
 
-TEST_F(Message_Bar_Parts, open_as_text_hands_the_file_to_the_desktop) {
+TEST_F(Message_Bar_Buttons, open_as_text_hands_the_file_to_the_desktop) {
     putModels();
     put("site7.kvrt100", "[Field_1_Default]\r\nROW_1=1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17,18\r\n");
     startWith("site7.kvrt100");
@@ -136,7 +136,7 @@ TEST_F(Message_Bar_Parts, open_as_text_hands_the_file_to_the_desktop) {
                             testing::ElementsAre("Open", "SITE7_Updated.KVRT100", "", folder.path())));
 }
 
-TEST_F(Message_Bar_Parts, a_text_without_room_in_panel_4_stands_in_the_bar) {
+TEST_F(Message_Bar_Buttons, a_text_without_room_in_panel_4_stands_in_the_bar) {
     putModels();
     startWith("app/EXAMPLE.KVRT207D");
     program->mainForm().setPanel(Panel::Message, "READ ONLY FILE. Can't modify the value.");
@@ -153,7 +153,7 @@ TEST_F(Message_Bar_Parts, a_text_without_room_in_panel_4_stands_in_the_bar) {
     EXPECT_FALSE(view().isVisible());
 }
 
-TEST_F(Message_Bar_Parts, an_upload_tells_of_values_that_no_cell_takes) {
+TEST_F(Message_Bar_Buttons, an_upload_tells_of_values_that_no_cell_takes) {
     putModels();
     startWith("app/EXAMPLE.KVRT207D");
     program->app().document().Unlisted = {{{1, 1, 2}, "of the file"}};

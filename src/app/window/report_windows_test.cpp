@@ -1,6 +1,6 @@
 // Previews, page set-up, printing and export in the whole program, driven from inside.
 
-#include "app/window/report_parts.h"
+#include "app/window/report_windows.h"
 #include "app/window/testing/program_fixture.h"
 #include "template/testing/file_size_limit.h"
 #include "ui/report/page_setup_dialog.h"
@@ -45,7 +45,7 @@ class Window_Reports : public Program_Fixture {
             return true;
         };
     }
-    [[nodiscard]] Report_Parts& reports() const { return program->reports(); }
+    [[nodiscard]] Report_Windows& reports() const { return program->reports(); }
     [[nodiscard]] Print_Commands& commands() const { return reports().commands(); }
     [[nodiscard]] Preview_Window* allWindow() const { return reports().window(commands().PrintAll()); }
     [[nodiscard]] Preview_Window* oneWindow() const { return reports().window(commands().PrintGrid()); }

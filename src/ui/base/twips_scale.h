@@ -1,21 +1,13 @@
 #pragma once
 
+#include "values/twips.h"
+
 #include <QRect>
 #include <QSize>
 
 class QWidget;
 
 namespace zorvane {
-
-/// A place inside a window, in twips: 1440 to the logical inch.
-struct Twips_Rect {
-    double left = 0;
-    double top = 0;
-    double width = 0;
-    double height = 0;
-
-    bool operator==(const Twips_Rect&) const = default;
-};
 
 /// Between twips and the logical pixels of a screen. At 96 dots to the inch a pixel is 15 twips.
 struct Twips_Scale {

@@ -1,4 +1,4 @@
-#include "ui/base/twips.h"
+#include "ui/base/twips_scale.h"
 
 #include "values/twips.h"
 

@@ -1,4 +1,4 @@
-#include "app/window/report_parts.h"
+#include "app/window/report_windows.h"
 
 #include "app/form/font_size.h"
 #include "app/form/menu_state.h"
@@ -50,13 +50,9 @@ void nameAfterType(QFileDialog& dialog) {
         dialog.setDefaultSuffix(QString::fromStdString(extensionOf(*format)));
 }
 
-Report_Rectangle reportRectangle(const Twips_Rect& place) {
-    return {place.left, place.top, place.width, place.height};
-}
-
 } // namespace
 
-Report_Parts::Report_Parts(const App_Context& app, Window_Form& mainForm, Event_Edge& edge)
+Report_Windows::Report_Windows(const App_Context& app, Window_Form& mainForm, Event_Edge& edge)
     : app_(app), mainForm_(mainForm), edge_(edge),
       busy_(edge,
             [this] {
@@ -87,16 +83,16 @@ Report_Parts::Report_Parts(const App_Context& app, Window_Form& mainForm, Event_
     };
 }
 
-Report_Parts::~Report_Parts() {
+Report_Windows::~Report_Windows() {
     mainForm_.extras.closePreviews = nullptr;
     mainForm_.extras.restartPreviews = nullptr;
     for (const auto& [report, preview] : previews_)
         delete preview.window;
 }
 
-void Report_Parts::connect(const Form_Parts& parts) {
+void Report_Windows::connect(const Menu_Context& menu) {
     const auto onChosen = [&](const char* entry, const std::function<void()>& command) {
-        parts.onChosen(QString::fromLatin1(entry), [this, command] {
+        menu.onChosen(QString::fromLatin1(entry), [this, command] {
             if (!busy_.active()) command();
         });
     };
@@ -108,23 +104,23 @@ void Report_Parts::connect(const Form_Parts& parts) {
     mainForm_.extras.restartPreviews = [this](double fontSize) { commands_.applyFontSize(fontSize); };
 }
 
-void Report_Parts::run(const std::function<void()>& handler) {
+void Report_Windows::run(const std::function<void()>& handler) {
     if (!busy_.active()) edge_.run(handler);
 }
 
-QWidget* Report_Parts::dialogParent() const {
+QWidget* Report_Windows::dialogParent() const {
     if (QApplication::activeModalWidget() == nullptr)
         for (const auto& [report, preview] : previews_)
             if (preview.window && preview.window->isActiveWindow()) return preview.window;
     return mainForm_.dialogParent();
 }
 
-Preview_Window* Report_Parts::window(const MainRepKVRT* report) const {
+Preview_Window* Report_Windows::window(const MainRepKVRT* report) const {
     const auto found = previews_.find(report);
     return found == previews_.end() ? nullptr : found->second.window.data();
 }
 
-bool Report_Parts::PageSetup(Page_Settings& page, Report_Printer& printer) {
+bool Report_Windows::PageSetup(Page_Settings& page, Report_Printer& printer) {
     const bool metric = QLocale().measurementSystem() == QLocale::MetricSystem;
     Page_Setup_Dialog dialog(page, printer, QPrinterInfo::availablePrinterNames(), metric, dialogParent());
     if (!prompts.pageSetup(dialog)) return false;
@@ -133,7 +129,7 @@ bool Report_Parts::PageSetup(Page_Settings& page, Report_Printer& printer) {
     return true;
 }
 
-void Report_Parts::showPreview(MainRepKVRT& report, int zoom) {
+void Report_Windows::showPreview(MainRepKVRT& report, int zoom) {
     if (window(&report) == nullptr) makeWindow(report, zoom);
     Preview_Window& shown = *window(&report);
     shown.show();
@@ -141,13 +137,10 @@ void Report_Parts::showPreview(MainRepKVRT& report, int zoom) {
     shown.activateWindow();
 }
 
-void Report_Parts::makeWindow(MainRepKVRT& report, int zoom) {
+void Report_Windows::makeWindow(MainRepKVRT& report, int zoom) {
     auto* made = new Preview_Window(fromCore(report.Caption), toolsOf(report));
     previews_[&report] = {made, nullptr};
-    const Report_Rectangle& wanted = report.Window;
-    const Window_Rectangle place =
-        reachable({wanted.Top, wanted.Left, wanted.Width, wanted.Height}, mainForm_.screen());
-    made->setPlace({place.left, place.top, place.width, place.height});
+    made->setPlace(reachable(report.Window, mainForm_.screen()));
     made->view().setZoom(zoom);
     made->events.toolClicked = [this, &report](int index) {
         run([&] {
@@ -160,14 +153,14 @@ void Report_Parts::makeWindow(MainRepKVRT& report, int zoom) {
         run([&] { report.ActiveReport_Terminate(); });
         return true;
     };
-    made->events.placed = [&report](const Twips_Rect& moved) { report.Window = reportRectangle(moved); };
+    made->events.placed = [&report](const Twips_Rect& moved) { report.Window = moved; };
 }
 
-void Report_Parts::showPages(const MainRepKVRT& report) {
+void Report_Windows::showPages(const MainRepKVRT& report) {
     if (Preview_Window* shown = window(&report)) shown->setPages(&report.Pages.document);
 }
 
-void Report_Parts::releasePreview(const MainRepKVRT& report) {
+void Report_Windows::releasePreview(const MainRepKVRT& report) {
     const auto found = previews_.find(&report);
     if (found == previews_.end()) return;
     Preview_Window* shown = found->second.window;
@@ -180,7 +173,7 @@ void Report_Parts::releasePreview(const MainRepKVRT& report) {
     shown->deleteLater(); // it may be in the midst of its closing
 }
 
-QDialog* Report_Parts::makeFontDialog(MainRepKVRT& report) {
+QDialog* Report_Windows::makeFontDialog(MainRepKVRT& report) {
     std::int16_t stored = 1;
     PRO_Indice_Font(app_, stored);
     auto* dialog = new Font_Dialog(stored, window(&report));
@@ -192,7 +185,7 @@ QDialog* Report_Parts::makeFontDialog(MainRepKVRT& report) {
     return dialog;
 }
 
-void Report_Parts::showFontDialog(MainRepKVRT& report) {
+void Report_Windows::showFontDialog(MainRepKVRT& report) {
     Open_Preview& preview = previews_[&report];
     if (!preview.fontDialog) preview.fontDialog = makeFontDialog(report);
     preview.fontDialog->show();
@@ -201,19 +194,19 @@ void Report_Parts::showFontDialog(MainRepKVRT& report) {
 }
 
 /// The dialog is on its way out by itself.
-void Report_Parts::dropFontDialog(const MainRepKVRT& report) {
+void Report_Windows::dropFontDialog(const MainRepKVRT& report) {
     const auto found = previews_.find(&report);
     if (found != previews_.end()) found->second.fontDialog = nullptr;
 }
 
-void Report_Parts::openFolderOf(const std::string& path) {
+void Report_Windows::openFolderOf(const std::string& path) {
     const QString file = QFile::decodeName(QByteArray::fromStdString(pathToNative(path)));
     prompts.openFolder(QFileInfo(file).absolutePath());
 }
 
-bool Report_Parts::platformQuestion(const std::string& text) { return prompts.yesNo(shownText(text)); }
+bool Report_Windows::platformQuestion(const std::string& text) { return prompts.yesNo(shownText(text)); }
 
-void Report_Parts::printPreview(MainRepKVRT& report) {
+void Report_Windows::printPreview(MainRepKVRT& report) {
     Preview_Window* shown = window(&report);
     if (shown == nullptr) return;
     const Declara_Zorvane& document = app_.document();
@@ -224,7 +217,7 @@ void Report_Parts::printPreview(MainRepKVRT& report) {
 }
 
 /// Paper is white, so the log is black whatever the desktop's colours are.
-void Report_Parts::printLog(const QTextEdit& RtbStatus, const QString& logFile) {
+void Report_Windows::printLog(const QTextEdit& RtbStatus, const QString& logFile) {
     QString text = RtbStatus.toPlainText();
     text.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
     const QFont font = RtbStatus.font();
@@ -232,11 +225,11 @@ void Report_Parts::printLog(const QTextEdit& RtbStatus, const QString& logFile) 
     run([&] { log_.btnPrint_Click(log, pathFromNative(logFile.toStdString())); });
 }
 
-void Report_Parts::printReport(rptPrintLog& report, bool prompt) {
+void Report_Windows::printReport(rptPrintLog& report, bool prompt) {
     printPages(report, shownText(report.LogFileName), 0, prompt);
 }
 
-void Report_Parts::printPages(ActiveReport& report, const QString& title, int shown, bool prompt) {
+void Report_Windows::printPages(ActiveReport& report, const QString& title, int shown, bool prompt) {
     const Page_Document& pages = report.Pages.document;
     QPrinter printer(QPrinter::HighResolution);
     prepare(printer, pages, report.Printer, title);

@@ -1,4 +1,4 @@
-#include "app/window/desktop_parts.h"
+#include "app/window/desktop_menus.h"
 
 #include "app/desktop/desktop_shell.h"
 #include "app/form/font_size.h"
@@ -67,49 +67,49 @@ void Window_Tray_Form::setEntryChecked(bool checked) {
     window_.menu().action(QStringLiteral("MNU_Minimizetotray")).setChecked(checked);
 }
 
-Desktop_Parts::Desktop_Parts(const Form_Parts& parts)
-    : shell(openOnDesktop), parts_(parts),
-      icon_(parts.window(),
+Desktop_Menus::Desktop_Menus(const Menu_Context& menu)
+    : shell(openOnDesktop), menu_(menu),
+      icon_(menu.window(),
             [this](Tray_Message message) {
-                parts_.edge.run([&] { tray_.Form_MouseMove(static_cast<int>(message), 0); });
+                menu_.edge.run([&] { tray_.Form_MouseMove(static_cast<int>(message), 0); });
             }),
-      form_(parts.window()), tray_(parts.app, icon_, form_) {
+      form_(menu.window()), tray_(menu.app, icon_, form_) {
     connectViewCommands();
     connectWindowCommands();
     connectHelpCommands();
     connectColumnTip();
-    parts_.mainForm.extras.removeTrayIcon = [this] { tray_.unload(); };
-    parts_.mainForm.extras.openAsText = [this](const std::string& path) { openAsText(path); };
+    menu_.mainForm.extras.removeTrayIcon = [this] { tray_.unload(); };
+    menu_.mainForm.extras.openAsText = [this](const std::string& path) { openAsText(path); };
 }
 
 /// With what the desktop has for such files.
-void Desktop_Parts::openAsText(const std::string& path) {
+void Desktop_Menus::openAsText(const std::string& path) {
     const Path_Parts place = splitPath(path);
     const std::string folder(place.folder.substr(0, place.folder.size() - (place.folder.empty() ? 0 : 1)));
     if (shell("Open", std::string(place.name), "", folder)) return;
-    parts_.mainForm.messageBar().tell(
+    menu_.mainForm.messageBar().tell(
         {"open as text", Bar_Kind::Note, "Nothing on this desktop opens " + path + " as a text.", {}, false});
 }
 
-void Desktop_Parts::connectViewCommands() {
-    parts_.onChosen("MNU_FontSize", [this] { MNU_FontSize_Click(); });
+void Desktop_Menus::connectViewCommands() {
+    menu_.onChosen("MNU_FontSize", [this] { MNU_FontSize_Click(); });
     // A transfer goes by the grids' rows, which a new size moves.
-    parts_.window().events.formEnabledSet = [this](bool enabled) {
+    menu_.window().events.formEnabledSet = [this](bool enabled) {
         if (fontDialog_ != nullptr) fontDialog_->setEnabled(enabled);
     };
 }
 
-void Desktop_Parts::MNU_FontSize_Click() {
+void Desktop_Menus::MNU_FontSize_Click() {
     Font_Dialog* shown = fontDialog_.data();
     if (shown == nullptr) {
         std::int16_t stored = 1;
-        PRO_Indice_Font(parts_.app, stored);
-        auto* dialog = new Font_Dialog(stored, &parts_.window());
+        PRO_Indice_Font(menu_.app, stored);
+        auto* dialog = new Font_Dialog(stored, &menu_.window());
         dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->save = [this](std::int16_t index) { storeFontIndex(parts_.app, index); };
+        dialog->save = [this](std::int16_t index) { storeFontIndex(menu_.app, index); };
         dialog->ChangeFont = [this](double size) {
             fontDialog_.clear();
-            parts_.edge.run([&] { FontSizeDialog_ChangeFont(parts_.app, size); });
+            menu_.edge.run([&] { FontSizeDialog_ChangeFont(menu_.app, size); });
         };
         fontDialog_ = shown = dialog;
     }
@@ -119,26 +119,26 @@ void Desktop_Parts::MNU_FontSize_Click() {
     shown->activateWindow();
 }
 
-void Desktop_Parts::connectWindowCommands() {
-    parts_.onChosen("MNU_Minimize", [this] { minimize(parts_.window()); });
-    parts_.onChosen("MNU_Maximize", [this] { parts_.window().showMaximized(); });
-    parts_.onChosen("MNU_Minimizetotray", [this] { tray_.MNU_Minimizetotray_Click(); });
-    parts_.onChosen("MNU_Tray_All", [this] { tray_.MNU_Tray_All_Click(); });
-    parts_.onChosen("MNU_Tray_Application_Window", [this] { tray_.MNU_Tray_Application_Window_Click(); });
-    parts_.onChosen("MNU_Tray_Monitor_Window", [this] { tray_.MNU_Tray_Monitor_Window_Click(); });
-    parts_.window().events.minimized = [this] { parts_.edge.run([this] { tray_.formMinimized(); }); };
+void Desktop_Menus::connectWindowCommands() {
+    menu_.onChosen("MNU_Minimize", [this] { minimize(menu_.window()); });
+    menu_.onChosen("MNU_Maximize", [this] { menu_.window().showMaximized(); });
+    menu_.onChosen("MNU_Minimizetotray", [this] { tray_.MNU_Minimizetotray_Click(); });
+    menu_.onChosen("MNU_Tray_All", [this] { tray_.MNU_Tray_All_Click(); });
+    menu_.onChosen("MNU_Tray_Application_Window", [this] { tray_.MNU_Tray_Application_Window_Click(); });
+    menu_.onChosen("MNU_Tray_Monitor_Window", [this] { tray_.MNU_Tray_Monitor_Window_Click(); });
+    menu_.window().events.minimized = [this] { menu_.edge.run([this] { tray_.formMinimized(); }); };
 }
 
-void Desktop_Parts::connectHelpCommands() {
-    parts_.onChosen("MNU_HelpIndex", [this] { MNU_HelpIndex_Click(parts_.app, shell); });
-    parts_.onChosen("MNU_OnLine", [this] { MNU_OnLine_Click(parts_.app, shell); });
-    parts_.onChosen("MNU_ContactUs", [this] { MNU_ContactUs_Click(parts_.app, shell); });
-    parts_.onChosen("MNU_About", [this] { MNU_About_Click(); });
+void Desktop_Menus::connectHelpCommands() {
+    menu_.onChosen("MNU_HelpIndex", [this] { MNU_HelpIndex_Click(menu_.app, shell); });
+    menu_.onChosen("MNU_OnLine", [this] { MNU_OnLine_Click(menu_.app, shell); });
+    menu_.onChosen("MNU_ContactUs", [this] { MNU_ContactUs_Click(menu_.app, shell); });
+    menu_.onChosen("MNU_About", [this] { MNU_About_Click(); });
 }
 
-void Desktop_Parts::MNU_About_Click() {
+void Desktop_Menus::MNU_About_Click() {
     if (about_ == nullptr) {
-        about_ = new Acercade(parts_.mainForm.ask, &parts_.window());
+        about_ = new Acercade(menu_.mainForm.ask, &menu_.window());
         about_->setAttribute(Qt::WA_DeleteOnClose);
     }
     about_->show();
@@ -146,13 +146,13 @@ void Desktop_Parts::MNU_About_Click() {
     about_->activateWindow();
 }
 
-void Desktop_Parts::connectColumnTip() {
-    Column_Tip& tip = parts_.window().picTip();
-    parts_.window().FLX_Settings().events().UserResizing = [&tip](std::int32_t, std::int32_t twips) {
+void Desktop_Menus::connectColumnTip() {
+    Column_Tip& tip = menu_.window().picTip();
+    menu_.window().FLX_Settings().events().UserResizing = [&tip](std::int32_t, std::int32_t twips) {
         tip.drag(twips);
     };
-    parts_.mainForm.extras.updateColumnTip = [&tip] { tip.start(); };
-    parts_.mainForm.extras.removeColumnTip = [&tip] { tip.stop(); };
+    menu_.mainForm.extras.updateColumnTip = [&tip] { tip.start(); };
+    menu_.mainForm.extras.removeColumnTip = [&tip] { tip.stop(); };
 }
 
 } // namespace zorvane

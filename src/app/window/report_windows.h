@@ -35,16 +35,16 @@ struct Report_Prompts {
 
 /// The windows of the reports: previews, page set-up, printing, the busy form; and the commands that use
 /// them.
-class Report_Parts final : private Print_Form {
+class Report_Windows final : private Print_Form {
   public:
     /// All three outlive it.
-    Report_Parts(const App_Context& app, Window_Form& mainForm, Event_Edge& edge);
-    ~Report_Parts() override;
+    Report_Windows(const App_Context& app, Window_Form& mainForm, Event_Edge& edge);
+    ~Report_Windows() override;
 
     Report_Prompts prompts;
 
     /// Gives the report entries of the menu, and what the main form is asked about previews, to the commands.
-    void connect(const Form_Parts& parts);
+    void connect(const Menu_Context& menu);
 
     /// "&Print Log..." of the transfer status form: the whole log, whatever is selected in it.
     void printLog(const QTextEdit& RtbStatus, const QString& logFile);

@@ -1,4 +1,4 @@
-#include "app/window/message_bar_parts.h"
+#include "app/window/message_bar_buttons.h"
 
 #include "template/services/native_files.h"
 #include "ui/main/message_bar_view.h"

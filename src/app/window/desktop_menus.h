@@ -52,12 +52,12 @@ class Window_Tray_Form final : public Tray_Form {
 
 /// What the desktop has to do with the window: its menus "View", "Windows" and "Help", the tray, the tip at a
 /// column's border, the font dialog.
-class Desktop_Parts {
+class Desktop_Menus {
   public:
-    /// What is in `parts` outlives it.
-    explicit Desktop_Parts(const Form_Parts& parts);
-    Desktop_Parts(const Desktop_Parts&) = delete;
-    Desktop_Parts& operator=(const Desktop_Parts&) = delete;
+    /// What is in `menu` outlives it.
+    explicit Desktop_Menus(const Menu_Context& menu);
+    Desktop_Menus(const Desktop_Menus&) = delete;
+    Desktop_Menus& operator=(const Desktop_Menus&) = delete;
 
     /// Opens files and addresses outside the program; whatever drives it in a test replaces this.
     Shell_Execute shell;
@@ -75,7 +75,7 @@ class Desktop_Parts {
     void MNU_FontSize_Click();
     void MNU_About_Click();
 
-    Form_Parts parts_;
+    Menu_Context menu_;
     Desktop_Tray_Icon icon_;
     Window_Tray_Form form_;
     Tray tray_;
