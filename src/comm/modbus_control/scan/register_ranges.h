@@ -1,5 +1,7 @@
 #pragma once
 
+#include "template/model/register_range.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -8,12 +10,6 @@
 #include <vector>
 
 namespace zorvane {
-
-/// The first and last of registers that follow each other, such as those of a block.
-struct Register_Range {
-    std::int32_t first = 0;
-    std::int32_t last = 0;
-};
 
 /// The fewest ranges that hold the registers, in rising order.
 [[nodiscard]] std::vector<Register_Range> rangesOf(const std::set<std::int32_t>& registers);
