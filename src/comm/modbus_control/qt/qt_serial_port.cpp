@@ -88,6 +88,12 @@ std::string Qt_Serial_Port::applyLine(const Line_Settings& line, bool pseudoTerm
     return applied || pseudoTerminal ? std::string() : lineRefusal(line);
 }
 
+bool Qt_Serial_Port::changeLine(const Line_Settings& line) {
+    if (!port_->isOpen()) return false;
+    const Flag_Scope call(inCall_);
+    return applyLine(line, isPseudoTerminal(name_)).empty();
+}
+
 void Qt_Serial_Port::applyRts(const Port_Settings& settings, Port_Opening& opening) {
     if (settings.rts == Rts_Mode::HighOnSend && !port_->setRequestToSend(false)) {
         opening.warnings.emplace_back("The port has no RTS line: sending goes on without it.");
