@@ -33,8 +33,8 @@ class Byte_Port {
 
     /// Opens the port of that name or path with the line settings. REQUIRES: it is closed.
     [[nodiscard]] virtual Port_Opening open(const std::string& name, const Port_Settings& settings) = 0;
-    /// Changes the line of an open port in place. False where the port can't, or won't take these settings; it
-    /// is then to be closed and opened with them.
+    /// Changes the line of an open port in place. False where the port can't, or won't take these settings;
+    /// it is then to be closed and opened with them.
     [[nodiscard]] virtual bool changeLine(const Line_Settings& /*line*/) { return false; }
     virtual void close() = 0;
     [[nodiscard]] virtual bool isOpen() const = 0;
