@@ -5,6 +5,7 @@
 #include "simulator/line/serial_device.h"
 #include "simulator/options.h"
 #include "simulator/registers/document_registers.h"
+#include "simulator/registers/register_storage.h"
 #include "template/services/native_files.h"
 #include "values/run_time_failure.h"
 
@@ -48,18 +49,55 @@ std::string templateFile(const std::string& given) {
     return fs::exists(beside, error) ? beside.string() : given;
 }
 
-Register_Map registers(const Options& options) {
+void addRegisters(Files& files, const std::string& path, Register_Map& map) {
+    try {
+        applyRegisterJson(files.read(pathFromNative(path)), map);
+    } catch (const std::runtime_error& error) {
+        throw std::runtime_error(path + ": " + error.what());
+    }
+}
+
+/// The registers of a template, a configuration and a register file; the last two may be none.
+Register_Map registers(const std::string& model, const std::string& configuration, const std::string& more) {
     Native_Files files;
     const auto native = [](const std::string& path) { return path.empty() ? path : pathFromNative(path); };
-    Register_Map map =
-        readRegisters(files, native(templateFile(options.templateFile)), native(options.configuration), warn);
-    if (options.registers.empty()) return map;
-    try {
-        applyRegisterJson(files.read(native(options.registers)), map);
-    } catch (const std::runtime_error& error) {
-        throw std::runtime_error(options.registers + ": " + error.what());
-    }
+    Register_Map map = readRegisters(files, native(templateFile(model)), native(configuration), warn);
+    if (!more.empty()) addRegisters(files, more, map);
     return map;
+}
+
+/// As the controller was left: what it had stored stands, and no longer moves by itself where it was changed.
+void restoreStored(const std::string& path, Register_Map& map) {
+    const Register_Map before = map;
+    Native_Files files;
+    addRegisters(files, path, map);
+    for (const auto& [number, value] : map.values) {
+        const auto had = before.values.find(number);
+        if (had == before.values.end() || had->second != value) map.live.erase(number);
+    }
+}
+
+Controller_Traits traits(const Options& options) {
+    Controller_Traits traits{
+        options.quirks, options.objects, std::chrono::milliseconds(options.storeAfterMs), {}, {}};
+    if (!options.storage.empty())
+        traits.keep = [storage = Register_Storage(options.storage)](const auto& values) {
+            storage.keep(values);
+        };
+    const Exchange_Options& other = options.exchange;
+    if (other.after > 0)
+        traits.exchange = {other.after,
+                           registers(other.templateFile.empty() ? options.templateFile : other.templateFile,
+                                     other.configuration, other.registers),
+                           {}};
+    return traits;
+}
+
+Controller controller(const Options& options) {
+    Register_Map map = registers(options.templateFile, options.configuration, options.registers);
+    if (!options.storage.empty() && Register_Storage(options.storage).exists())
+        restoreStored(options.storage, map);
+    return {map, options.slave, options.faults, options.seed, traits(options)};
 }
 
 std::unique_ptr<Line_Port> openPort(const Options& options) {
@@ -69,10 +107,10 @@ std::unique_ptr<Line_Port> openPort(const Options& options) {
 
 void serve(const Options& options) {
     const Unique_Fd end = endSignals();
-    Controller controller(registers(options), options.slave, options.faults, options.seed);
+    Controller simulated = controller(options);
     Frame_Log log(options.log, std::cout, std::cerr, std::chrono::steady_clock::now());
     const auto port = openPort(options);
-    Line_Server server(*port, controller, log,
+    Line_Server server(*port, simulated, log,
                        {paceOf(options), std::chrono::milliseconds(options.turnaroundMs)});
     std::cout << "ready " << (options.ptyLink.empty() ? options.device : options.ptyLink) << std::endl;
     server.run(end.get());

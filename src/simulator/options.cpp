@@ -3,6 +3,8 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <charconv>
+#include <utility>
 
 namespace zorvane::simulator {
 
@@ -15,6 +17,8 @@ struct Texts {
     std::string settings = "9600,n,8,1";
     int pace = 0;
     std::vector<std::string> faults;
+    std::vector<std::string> quirks;
+    std::vector<std::string> objects;
 };
 
 std::string settingsComplaint(const std::string& text) {
@@ -24,13 +28,42 @@ std::string settingsComplaint(const std::string& text) {
            "data bits; 1 or 2 stop bits)";
 }
 
-std::string faultComplaint(const std::string& text) {
+/// What `parse` says against a rule; empty for a good one.
+template <class Parse> std::string ruleComplaint(const std::string& text, Parse parse) {
     try {
-        (void)parseFault(text);
+        (void)parse(text);
         return {};
-    } catch (const Bad_Fault& bad) {
+    } catch (const Bad_Rule& bad) {
         return bad.what();
     }
+}
+
+std::string faultComplaint(const std::string& text) { return ruleComplaint(text, parseFault); }
+std::string quirkComplaint(const std::string& text) { return ruleComplaint(text, parseQuirk); }
+
+/// The number and the text of an object, such as 0=Maker; nothing for any other text.
+std::optional<std::pair<std::uint8_t, std::string>> parseObject(const std::string& text) {
+    unsigned number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc{} || number > 0xFF || rest == end || *rest != '=') return std::nullopt;
+    if (static_cast<std::size_t>(end - rest - 1) > longestObject) return std::nullopt;
+    return std::pair(static_cast<std::uint8_t>(number), std::string(rest + 1, end));
+}
+
+std::string objectComplaint(const std::string& text) {
+    if (parseObject(text)) return {};
+    return "\"" + text + "\" is no object; it looks like 1=KVRT207D (number 0 to 255, a text of at most " +
+           std::to_string(longestObject) + " bytes)";
+}
+
+void addExchange(CLI::App& app, Exchange_Options& exchange) {
+    app.add_option("--exchange-after", exchange.after,
+                   "After so many requests another controller is in its place")
+        ->check(CLI::Range(1, 1'000'000));
+    app.add_option("--exchange-template", exchange.templateFile, "Its template (default: the same)");
+    app.add_option("--exchange-config", exchange.configuration, "Its configuration file");
+    app.add_option("--exchange-registers", exchange.registers, "JSON file of its registers to set or add");
 }
 
 void addOptions(CLI::App& app, Options& options, Texts& texts) {
@@ -60,8 +93,32 @@ void addOptions(CLI::App& app, Options& options, Texts& texts) {
     app.add_option("--fault", texts.faults, "What goes wrong; may be given more than once")
         ->check(faultComplaint, "SPEC")
         ->allow_extra_args(false);
+    app.add_option("--quirk", texts.quirks, "What the controller does otherwise; may be given more than once")
+        ->check(quirkComplaint, "SPEC")
+        ->allow_extra_args(false);
+    app.add_option(
+           "--object", texts.objects,
+           "Text of function 43, type 14; 0 maker, 1 product, 2 revision; may be given more than once")
+        ->check(objectComplaint, "NUMBER=TEXT")
+        ->allow_extra_args(false);
+    app.add_option(
+        "--storage", options.storage,
+        "JSON file of what outlasts a power cut and this program; read at the start if it is there");
+    app.add_option("--store-after", options.storeAfterMs, "Ms from a write until it outlasts a power cut")
+        ->check(CLI::Range(0, 3'600'000))
+        ->capture_default_str();
+    addExchange(app, options.exchange);
     app.add_option("--log", options.log, "File for a line of JSON per frame; - is standard output");
-    app.footer(faultHelp());
+    app.footer(faultHelp() + "\n" + quirkHelp());
+}
+
+std::string exchangeComplaint(const Exchange_Options& exchange) {
+    const bool described =
+        !exchange.templateFile.empty() || !exchange.configuration.empty() || !exchange.registers.empty();
+    if (exchange.after == 0 && described) return "an exchange needs a number of requests (--exchange-after)";
+    if (exchange.after > 0 && !described)
+        return "--exchange-after needs --exchange-template, --exchange-config or --exchange-registers";
+    return {};
 }
 
 /// Empty when the options fit together.
@@ -71,7 +128,7 @@ std::string combinationComplaint(const Options& options) {
                     [](const Fault_Rule& fault) { return fault.kind == Fault_Kind::Unplug; });
     if (unplugs && options.ptyLink.empty()) return "unplug needs a pseudo-terminal (--pty)";
     if (options.ptyLink.empty() && options.device.empty()) return "--pty and --port need a name";
-    return {};
+    return exchangeComplaint(options.exchange);
 }
 
 } // namespace
@@ -93,6 +150,10 @@ std::variant<Options, int> parseOptions(int argc, const char* const* argv, std::
     if (texts.pace > 0) options.pace = texts.pace;
     for (const std::string& text : texts.faults)
         options.faults.push_back(parseFault(text));
+    for (const std::string& text : texts.quirks)
+        options.quirks.push_back(parseQuirk(text));
+    for (const std::string& text : texts.objects)
+        options.objects.insert(*parseObject(text));
     const std::string complaint = combinationComplaint(options);
     if (complaint.empty()) return options;
     complaints << complaint << "\nRun with --help for more information.\n";

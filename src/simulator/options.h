@@ -1,6 +1,8 @@
 #pragma once
 
+#include "simulator/controller/device_identification.h"
 #include "simulator/faults/fault_rule.h"
+#include "simulator/faults/quirk_rule.h"
 #include "simulator/line/line_pace.h"
 
 #include <cstdint>
@@ -11,6 +13,14 @@
 #include <vector>
 
 namespace zorvane::simulator {
+
+/// The controller that takes the place of the first one.
+struct Exchange_Options {
+    int after = 0;             ///< requests; 0: never
+    std::string templateFile;  ///< empty: that of the first one
+    std::string configuration; ///< empty: the template's own values
+    std::string registers;     ///< empty: none
+};
 
 /// What the command line of zorvane-sim says.
 struct Options {
@@ -25,6 +35,11 @@ struct Options {
     int turnaroundMs = 0;
     std::uint64_t seed = 1;
     std::vector<Fault_Rule> faults;
+    std::vector<Quirk_Rule> quirks;
+    Device_Objects objects;
+    std::string storage; ///< empty: none
+    int storeAfterMs = 0;
+    Exchange_Options exchange;
     std::string log; ///< empty: none, "-": standard output
 };
 

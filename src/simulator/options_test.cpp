@@ -93,6 +93,69 @@ TEST(Options, AnUnplugNeedsAPseudoTerminal) {
               "unplug needs a pseudo-terminal (--pty)\nRun with --help for more information.\n");
 }
 
+TEST(Options, QuirksObjectsStorageAndAnExchange) {
+    const Parsed parsed = parse({"--template",
+                                 "T.ZTP",
+                                 "--pty",
+                                 "line",
+                                 "--quirk",
+                                 "forgets:5%",
+                                 "--quirk",
+                                 "rounds=10@7",
+                                 "--object",
+                                 "0=Maker",
+                                 "--object",
+                                 "128=",
+                                 "--storage",
+                                 "s.json",
+                                 "--store-after",
+                                 "50",
+                                 "--exchange-after",
+                                 "30",
+                                 "--exchange-template",
+                                 "U.ZTP",
+                                 "--exchange-config",
+                                 "a.U",
+                                 "--exchange-registers",
+                                 "u.json"});
+    const Options& options = parsed.options();
+    ASSERT_EQ(options.quirks.size(), 2U);
+    EXPECT_EQ(options.quirks[1].kind, Quirk_Kind::Rounds);
+    EXPECT_EQ(options.objects, (Device_Objects{{0, "Maker"}, {128, ""}}));
+    EXPECT_EQ(options.storage, "s.json");
+    EXPECT_EQ(options.storeAfterMs, 50);
+    EXPECT_EQ(options.exchange.after, 30);
+    EXPECT_EQ(options.exchange.templateFile, "U.ZTP");
+    EXPECT_EQ(options.exchange.configuration, "a.U");
+    EXPECT_EQ(options.exchange.registers, "u.json");
+}
+
+TEST(Options, ABadQuirkOrObjectEndsWith2) {
+    const auto complaints = [](const char* option, const std::string& value) {
+        const Parsed parsed = parse({"--template", "T.ZTP", "--pty", "line", option, value.c_str()});
+        EXPECT_EQ(parsed.exitCode(), 2) << value;
+        return parsed.complaints;
+    };
+    EXPECT_NE(complaints("--quirk", "sulks").find("quirk \"sulks\": no such kind of quirk"),
+              std::string::npos);
+    for (const std::string& object :
+         {std::string("Maker"), std::string("256=x"), std::string("=x"), "1=" + std::string(245, 'x')})
+        EXPECT_NE(complaints("--object", object)
+                      .find("\"" + object +
+                            "\" is no object; it looks like 1=KVRT207D (number 0 to 255, a text of at most "
+                            "244 bytes)"),
+                  std::string::npos);
+}
+
+TEST(Options, AnExchangeNeedsANumberOfRequestsAndAnotherController) {
+    EXPECT_EQ(parse({"--template", "T.ZTP", "--pty", "line", "--exchange-registers", "u.json"}).complaints,
+              "an exchange needs a number of requests (--exchange-after)\n"
+              "Run with --help for more information.\n");
+    EXPECT_EQ(parse({"--template", "T.ZTP", "--pty", "line", "--exchange-after", "3"}).complaints,
+              "--exchange-after needs --exchange-template, --exchange-config or --exchange-registers\n"
+              "Run with --help for more information.\n");
+}
+
 /// A text with each run of blanks and line ends as one blank.
 std::string inOneLine(const std::string& text) {
     std::istringstream words(text);

@@ -1,23 +1,13 @@
 #include "simulator/faults/fault_picker.h"
 
+#include "simulator/faults/strike.h"
 #include "simulator/wire/request.h"
 
 namespace zorvane::simulator {
 
-namespace {
-
-bool touches(const Fault_Rule& rule, const Fault_Question& question) noexcept {
-    if (!rule.first) return true;
-    if (!question.first || !question.last) return false;
-    return *question.first <= *rule.last && *question.last >= *rule.first;
-}
-
-} // namespace
-
 bool applies(Fault_Kind kind, const Fault_Question& question) noexcept {
     if (kind == Fault_Kind::Short) return !question.refused && question.function == functionReadRegisters;
-    if (kind == Fault_Kind::Wrong_Echo)
-        return !question.refused && question.function != functionReadRegisters;
+    if (kind == Fault_Kind::Wrong_Echo) return !question.refused && isWrite(question.function);
     return true;
 }
 
@@ -34,9 +24,8 @@ const Fault_Rule* Fault_Picker::pick(const Fault_Question& question) {
 
 bool Fault_Picker::strikes(Entry& entry, const Fault_Question& question) {
     const Fault_Rule& rule = entry.rule;
-    if (!applies(rule.kind, question) || !touches(rule, question)) return false;
-    if (rule.count && entry.struck >= *rule.count) return false;
-    if (rule.percent && dice_.unit() * 100 >= *rule.percent) return false;
+    if (!applies(rule.kind, question)) return false;
+    if (!strikesNow(rule, entry.struck, {question.first, question.last}, dice_)) return false;
     if (rule.kind == Fault_Kind::Busy) {
         int& answered = entry.busyAnswers[question.first.value_or(-1)];
         if (answered >= rule.value) return false;

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <stdexcept>
+#include "simulator/faults/rule_text.h"
+
 #include <string>
 #include <string_view>
 
@@ -24,23 +23,15 @@ enum class Fault_Kind {
     Unplug,     ///< the line goes away for `value` ms; nothing is done
 };
 
-/// A fault, how often it strikes, and where. Without percent and count it strikes every time; the range is of
-/// register numbers, and a request is meant when it touches the range.
-struct Fault_Rule {
+/// A fault, how often it strikes, and where.
+struct Fault_Rule : Strike_Rule {
     Fault_Kind kind = Fault_Kind::Silent;
     int value = 0;
-    std::optional<double> percent; ///< above 0, up to 100
-    std::optional<int> count;      ///< the first so many requests that it could strike
-    std::optional<std::int32_t> first;
-    std::optional<std::int32_t> last; ///< set when `first` is
-    std::string text;                 ///< as it was given
+    std::string text; ///< as it was given
 };
 
 /// A fault's text that can't be understood; `what` says why, and how it should look.
-class Bad_Fault : public std::invalid_argument {
-  public:
-    using std::invalid_argument::invalid_argument;
-};
+using Bad_Fault = Bad_Rule;
 
 /// KIND[=VALUE][:RATE%|:COUNT][@FIRST[-LAST]], such as `crc:5%`, `silent:3@40010-40020`, `late=300:10%@1-50`.
 /// late, truncate, noise, exception and busy need a value; unplug may have one (1000 ms without). Throws

@@ -46,7 +46,7 @@ void Line_Server::run(int stopFd) {
 
 std::optional<Instant> Line_Server::nextMoment() const {
     std::optional<Instant> earliest;
-    for (const auto& moment : {collector_.deadline(), queue_.nextDue(), plugInAt_})
+    for (const auto& moment : {collector_.deadline(), queue_.nextDue(), plugInAt_, controller_.nextMoment()})
         if (moment && (!earliest || *moment < *earliest)) earliest = moment;
     return earliest;
 }
@@ -71,6 +71,7 @@ bool Line_Server::waitAndServe(int stopFd) {
     // Asked even when only the line is readable: a client's coming precedes its bytes.
     if (readable(slots[Watch]) || readable(slots[Line])) serveClients();
     if (readable(slots[Line])) receive();
+    letTimePass();
     sendDue();
     handleArrivals();
     plugInWhenDue();
@@ -109,8 +110,12 @@ void Line_Server::handle(const Arrival& arrival) {
                    controller_.addressBase());
         return;
     }
-    Reaction reaction = controller_.take(arrival.frame);
-    log_.frame(reaction.received, now, controller_.addressBase());
+    const std::int32_t base = controller_.addressBase(); // of the controller that the request met
+    Reaction reaction = controller_.take(arrival.frame, now);
+    log_.frame(reaction.received, now, base);
+    for (const std::string& event : reaction.events)
+        log_.event(event, now);
+    if (reaction.powerOff) queue_.clear();
     for (Outgoing& outgoing : reaction.outgoing)
         schedule(arrival, std::move(outgoing));
     if (reaction.unplug) unplug(*reaction.unplug);
@@ -142,6 +147,12 @@ void Line_Server::unplug(std::chrono::milliseconds duration) {
     collector_.clear();
     queue_.clear();
     plugInAt_ = now + duration;
+}
+
+void Line_Server::letTimePass() {
+    const Instant now = std::chrono::steady_clock::now();
+    for (const std::string& event : controller_.elapse(now))
+        log_.event(event, now);
 }
 
 void Line_Server::plugInWhenDue() {

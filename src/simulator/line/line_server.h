@@ -40,6 +40,7 @@ class Line_Server {
     void sendDue();
     void unplug(std::chrono::milliseconds duration);
     void plugInWhenDue();
+    void letTimePass();
 
     Line_Port& port_;
     Controller& controller_;

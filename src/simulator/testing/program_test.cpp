@@ -177,6 +177,6 @@ bool Raw_Client::waitForHangUp() const {
     return ::poll(&entry, 1, 5000) == 1 && (entry.revents & (POLLHUP | POLLERR)) != 0;
 }
 
-Bytes sealedFrame(std::initializer_list<std::uint8_t> body) { return Modbus_Slave(1).sealed(Bytes(body)); }
+Bytes sealedFrame(const Bytes& body) { return Modbus_Slave(1).sealed(body); }
 
 } // namespace zorvane::simulator

@@ -8,7 +8,6 @@
 #include <sys/types.h>
 
 #include <filesystem>
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -69,6 +68,6 @@ class Raw_Client {
 };
 
 /// A frame of these bytes with a check sum of libmodbus.
-[[nodiscard]] Bytes sealedFrame(std::initializer_list<std::uint8_t> body);
+[[nodiscard]] Bytes sealedFrame(const Bytes& body);
 
 } // namespace zorvane::simulator

@@ -51,6 +51,8 @@ std::string logLine(const Frame_Record& record, std::chrono::nanoseconds sinceSt
     if (!record.fault.empty()) line["fault"] = record.fault;
     if (record.taken) line["taken"] = *record.taken;
     if (!record.note.empty()) line["note"] = record.note;
+    if (!record.quirk.empty()) line["quirk"] = record.quirk;
+    if (!record.stored.empty()) line["stored"] = record.stored;
     return line.dump();
 }
 

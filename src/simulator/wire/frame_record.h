@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zorvane::simulator {
 
@@ -20,11 +21,14 @@ struct Frame_Record {
     std::string fault;         ///< the fault's text; empty for none
     std::optional<bool> taken; ///< a write: whether the registers took it
     std::string note;          ///< why there is no answer
+    std::string quirk{};       ///< the texts of the quirks; empty for none
+    std::vector<std::uint16_t>
+        stored{}; ///< a write: what the registers hold then, where it isn't what was sent
 };
 
 /// One line of JSON without a line end: "ms" since the start, "direction" (in, out), "hex", and as far as
 /// they are known "unit", "function", "address" (the register's number), "wire" (its address on the wire),
-/// "quantity", "values", "exception", "fault", "taken", "note".
+/// "quantity", "values", "exception", "fault", "taken", "note", "quirk", "stored".
 [[nodiscard]] std::string logLine(const Frame_Record& record, std::chrono::nanoseconds sinceStart,
                                   std::int32_t addressBase);
 

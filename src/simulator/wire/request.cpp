@@ -5,7 +5,8 @@ namespace zorvane::simulator {
 namespace {
 
 constexpr std::size_t fixedRequest = 8;
-constexpr std::size_t blockHead = 7; ///< unit, function, address, quantity, byte count
+constexpr std::size_t identificationRequest = 7; ///< unit, function, type, code, object
+constexpr std::size_t blockHead = 7;             ///< unit, function, address, quantity, byte count
 constexpr std::size_t checkSum = 2;
 constexpr int exceptionBit = 0x80;
 
@@ -44,6 +45,11 @@ std::optional<std::size_t> requestLength(Bytes_View bytes) noexcept {
     return blockHead + bytes[blockHead - 1] + checkSum;
 }
 
+bool asksForIdentification(Bytes_View frame) noexcept {
+    return frame.size() == identificationRequest && frame[1] == functionIdentification &&
+           frame[2] == identificationType;
+}
+
 Frame_Facts requestFacts(Bytes_View frame) {
     Frame_Facts facts;
     facts.unit = frame[0];
@@ -75,6 +81,7 @@ std::optional<Frame_Facts> answerFacts(Bytes_View frame, const Frame_Facts& requ
         facts.exception = frame[2];
         return facts;
     }
+    if (facts.function == functionIdentification && request.function == facts.function) return facts;
     if (answerLength(frame) != frame.size()) return std::nullopt;
     if (facts.function == functionReadRegisters) {
         facts.values = words(frame.subspan(3, frame[2]));

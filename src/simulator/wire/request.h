@@ -14,6 +14,13 @@ namespace zorvane::simulator {
 inline constexpr int functionReadRegisters = 3;
 inline constexpr int functionWriteRegister = 6;
 inline constexpr int functionWriteRegisters = 16;
+/// Answered when the controller was given objects: what it is, of all that goes by this function.
+inline constexpr int functionIdentification = 43;
+inline constexpr int identificationType = 14;
+
+[[nodiscard]] constexpr bool isWrite(int function) noexcept {
+    return function == functionWriteRegister || function == functionWriteRegisters;
+}
 
 /// Exception codes (Modbus application protocol V1.1b3, section 7).
 inline constexpr int exceptionIllegalFunction = 1;
@@ -40,6 +47,9 @@ struct Frame_Facts {
 /// How long the request is that these bytes begin, check sum included: nothing while too few are there to
 /// tell, or when the function isn't one whose length is known.
 [[nodiscard]] std::optional<std::size_t> requestLength(Bytes_View bytes) noexcept;
+
+/// Whether a whole request asks what the controller is (function 43, type 14).
+[[nodiscard]] bool asksForIdentification(Bytes_View frame) noexcept;
 
 /// What a whole request says; for functions other than 3, 6 and 16 no more than unit and function.
 /// REQUIRES: at least 4 bytes, and `requestLength` of them where it is known.
