@@ -139,13 +139,7 @@ void Modbus_Link::restartScan() {
 }
 
 std::string Modbus_Link::whyUnreachable(std::int32_t slave, std::int64_t first, std::size_t count) const {
-    if (slave < 1 || slave > 247) return "Slave number " + std::to_string(slave) + " is not 1 to 247";
-    if (count == 0) return "No registers from " + std::to_string(first) + " on";
-    const std::int64_t address = first - addressBase_;
-    const std::int64_t last = address + static_cast<std::int64_t>(count) - 1;
-    if (address >= 0 && last <= largestWireAddress) return {};
-    return "Register " + std::to_string(address < 0 ? first : last + addressBase_) +
-           " has no address from 0 to 65535";
+    return unreachableText(slave, first, count, addressBase_);
 }
 
 std::uint16_t Modbus_Link::wireAddress(std::int64_t first) const {

@@ -2,39 +2,18 @@
 // the answer to the whole block.
 #include "comm/modbus_control/exchange/exchange_text.h"
 #include "comm/modbus_control/modbus_link.h"
+#include "comm/modbus_control/reading_choice.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace zorvane {
 
-namespace {
-
-/// Whether a controller that hands out no parts of a block says so.
-bool saysNotInParts(std::uint8_t exception) {
-    constexpr std::uint8_t illegalAddress = 2;
-    constexpr std::uint8_t illegalValue = 3;
-    return exception == illegalAddress || exception == illegalValue;
-}
-
-} // namespace
-
-/// A try that is made again repeats its request: the answer to the first says the same. Otherwise a block
-/// goes whole, or in a part of a count that no outstanding answer has, or it waits until none is outstanding.
 Rtu_Request Modbus_Link::requestFor(const Scan_Frame& frame, std::uint8_t unit) {
     const std::uint16_t address = wireAddress(frame.first);
-    const Rtu_Request whole = readRequest(unit, address, frame.count);
-    if (uncut_.count(scan_.index()) != 0) return whole;
-    const bool again = scanTries_ > 0 && lastReading_ && lastReading_->unit == unit &&
-                       lastReading_->address == address && lastReading_->count <= frame.count;
-    if (again && !transaction_.mayBeConfused(*lastReading_)) return *lastReading_;
-    if (!transaction_.expects(whole)) return whole;
-    if (!transaction_.mayBeConfused(whole) && onlyOfItsShape(frame)) return whole;
-    const auto isFree = [&](std::uint16_t count) {
-        return !transaction_.expects(readRequest(unit, address, count));
-    };
-    const auto part = freePart(frame, together_, isFree);
-    return part ? readRequest(unit, address, *part) : whole;
+    if (uncut_.count(scan_.index()) != 0) return readRequest(unit, address, frame.count);
+    return chooseReading(transaction_, {frame, unit, address, together_,
+                                        scanTries_ > 0 ? lastReading_ : std::nullopt, onlyOfItsShape(frame)});
 }
 
 /// Whether no other request of the scan has the frame's count. To read it whole on and on, while one of its

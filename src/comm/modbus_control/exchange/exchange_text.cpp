@@ -58,4 +58,15 @@ std::string resultText(const Try_Result& result) {
     return text;
 }
 
+std::string unreachableText(std::int32_t unit, std::int64_t first, std::size_t count,
+                            std::int32_t addressBase) {
+    if (unit < 1 || unit > 247) return "Slave number " + std::to_string(unit) + " is not 1 to 247";
+    if (count == 0) return "No registers from " + std::to_string(first) + " on";
+    const std::int64_t address = first - addressBase;
+    const std::int64_t last = address + static_cast<std::int64_t>(count) - 1;
+    if (address >= 0 && last <= largestWireAddress) return {};
+    return "Register " + std::to_string(address < 0 ? first : last + addressBase) +
+           " has no address from 0 to 65535";
+}
+
 } // namespace zorvane
