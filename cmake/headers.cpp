@@ -1,0 +1,1 @@
+// A library of compiled headers needs a source; see PrecompiledHeaders.cmake.
