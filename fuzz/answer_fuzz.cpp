@@ -37,7 +37,7 @@ void checkFinding(const Rtu_Request& request, Byte_View received, std::size_t fr
             "the first answer is found");
 }
 
-/// A good answer behind the bytes is found, unless they hold one themselves.
+/// A good answer after the bytes is found, unless they hold one themselves.
 void checkAppended(const Rtu_Request& request, Byte_View received) {
     const Byte_Array echo = encodeRequest(request);
     if (request.function != Function_Code::PresetSingleRegister) return;

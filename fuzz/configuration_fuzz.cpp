@@ -1,5 +1,5 @@
 // Any bytes as a configuration file over a template. An input with a line "====" brings its own template,
-// which ends there; the others are read over a template that has some of everything. What stands behind a
+// which ends there; the others are read over a template that has some of everything. What stands after a
 // rejected line has no effect, and what was read can be written.
 
 #include "fuzz/fuzz_document.h"
@@ -22,7 +22,7 @@ void checkWhatWasRead(fuzz::Fuzz_Document& document, std::string_view model, std
     shorter.readTemplate(model);
     fuzz::require(shorter.readConfiguration(fuzz::firstLines(file, stop)) == false,
                   "the same line is rejected");
-    fuzz::require(shorter.written() == document.written(), "lines behind the rejected one have no effect");
+    fuzz::require(shorter.written() == document.written(), "lines after the rejected one have no effect");
 }
 
 } // namespace

@@ -29,7 +29,7 @@ class Fuzz_Document {
   public:
     Fuzz_Document();
 
-    /// The line (from 1) on which a run-time failure ended the reading, or 0 for one behind the last line.
+    /// The line (from 1) on which a run-time failure ended the reading, or 0 for one after the last line.
     std::optional<std::int32_t> readTemplate(std::string_view text);
     /// Whether the file was read whole; nothing when a run-time failure ended it.
     std::optional<bool> readConfiguration(std::string_view text);

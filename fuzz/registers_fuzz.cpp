@@ -20,29 +20,29 @@ namespace {
 using namespace zorvane;
 using fuzz::require;
 
-std::optional<Register_Values> readByTerminal(const std::string& json) {
+std::optional<ctl::Register_Values> readByTerminal(const std::string& json) {
     try {
-        return parseRegisters(json);
-    } catch (const Bad_Register_File& reason) {
+        return ctl::parseRegisters(json);
+    } catch (const ctl::Bad_Register_File& reason) {
         require(*reason.what() != '\0', "a refusal has a reason");
         return std::nullopt;
     }
 }
 
-std::optional<Register_Values> readBySimulator(const std::string& json) {
+std::optional<ctl::Register_Values> readBySimulator(const std::string& json) {
     simulator::Register_Map map;
     map.values = {{7, 77}};
     try {
         simulator::applyRegisterJson(json, map);
     } catch (const std::runtime_error& reason) {
         require(*reason.what() != '\0', "a refusal has a reason");
-        require(map.values == Register_Values{{7, 77}}, "a refused file changes nothing");
+        require(map.values == ctl::Register_Values{{7, 77}}, "a refused file changes nothing");
         return std::nullopt;
     }
     return map.values;
 }
 
-bool onWire(const Register_Values& registers) {
+bool onWire(const ctl::Register_Values& registers) {
     return registers.empty() || (registers.begin()->first >= 0 && registers.rbegin()->first <= 0xFFFF);
 }
 
@@ -57,7 +57,7 @@ bool hasSeparators(const Declara_Zorvane& document) {
 }
 
 /// What an upload does at its end.
-void applyToDocument(const Register_Values& registers) {
+void applyToDocument(const ctl::Register_Values& registers) {
     fuzz::Fuzz_Document reader;
     reader.readTemplate(fuzz::richTemplate);
     Main_Form_State form;
@@ -82,7 +82,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(simulated.has_value() == (taken.has_value() && onWire(*taken)),
             "both programs take the same files");
     if (!taken) return 0;
-    require(parseRegisters(registersText(*taken)) == *taken, "registers are read as they were written");
+    require(ctl::parseRegisters(ctl::registersText(*taken)) == *taken,
+            "registers are read as they were written");
     if (simulated)
         for (const auto& [number, value] : *taken)
             require(simulated->at(number) == value, "both programs read the same values");

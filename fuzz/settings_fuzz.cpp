@@ -52,22 +52,23 @@ bool usable(const Twips_Rect& place) {
            std::isfinite(place.height) && place.width >= 0 && place.height >= 0;
 }
 
-void checkPort(Settings_Store& store) {
-    const Port_Settings port = storedPortSettings(store);
+void checkPort(app::Settings_Store& store) {
+    const Port_Settings port = app::storedPortSettings(store);
     require(settingsFault(port).empty(), "the port settings can be used");
-    storePortSettings(store, port);
-    require(storedPortSettings(store) == port, "the port settings are read as they were stored");
+    app::storePortSettings(store, port);
+    require(app::storedPortSettings(store) == port, "the port settings are read as they were stored");
 }
 
-void checkRectangle(Settings_Store& store, const std::string& section, const Twips_Rect& screen) {
+void checkRectangle(app::Settings_Store& store, const std::string& section, const Twips_Rect& screen) {
     const Twips_Rect usual{.left = 20, .top = 10, .width = 3000, .height = 4000};
     ignoringFailure([&] {
-        const Twips_Rect read = storedRectangle(store, section, usual, screen);
+        const Twips_Rect read = app::storedRectangle(store, section, usual, screen);
         require(usable(read), "a window's place can be used");
-        storeRectangle(store, section, read);
-        const Twips_Rect stored = storedRectangle(store, section, usual, screen);
-        storeRectangle(store, section, stored);
-        require(storedRectangle(store, section, usual, screen) == stored, "a place is read as it was stored");
+        app::storeRectangle(store, section, read);
+        const Twips_Rect stored = app::storedRectangle(store, section, usual, screen);
+        app::storeRectangle(store, section, stored);
+        require(app::storedRectangle(store, section, usual, screen) == stored,
+                "a place is read as it was stored");
     });
 }
 
@@ -75,14 +76,14 @@ void checkMargins(doubles::App_Bench& bench) {
     const doubles::Even_Metrics metrics;
     const No_Painted_Formats painted;
     doubles::Recording_Print_Form frame(bench.journal);
-    Print_Commands commands(bench.app, frame,
-                            {metrics,
-                             [] {
-                                 return Report_Time{"1/2/2026", 9, 5};
-                             },
-                             "Sans",
-                             painted,
-                             {}});
+    app::Print_Commands commands(bench.app, frame,
+                                 {metrics,
+                                  [] {
+                                      return Report_Time{"1/2/2026", 9, 5};
+                                  },
+                                  "Sans",
+                                  painted,
+                                  {}});
     commands.LoadSettingsPrint();
     const Page_Settings paper = commands.Report_Setup().PageSettings;
     for (const double margin : {paper.LeftMargin, paper.TopMargin, paper.RightMargin, paper.BottomMargin})
@@ -116,7 +117,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             bench.settings.texts[std::string("Zorvane/") + keys.at(index)] = lines[index];
 
     PRO_Leer_INIFIle(bench.document, bench.app.reading(), "/app/ABC.ZTP");
-    Form_Load(bench.app);
+    app::Form_Load(bench.app);
     const auto isSize = [&](const Font_Size_Entry& entry) { return entry.applied == bench.state.Font_Size; };
     require(std::any_of(fontSizes.begin(), fontSizes.end(), isSize), "the font has a size of the list");
     require(usable(bench.frame.place), "the window has a place");
@@ -128,7 +129,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkUnit(bench, lines.size() > keys.size() ? lines[keys.size()] : "");
 
     bench.choose("/home/site7.abc");
-    MNU_Open_Click(bench.app);
+    app::MNU_Open_Click(bench.app);
     require(bench.value(1) == "10", "a document is opened whatever type was chosen last");
     return 0;
 }

@@ -1,4 +1,4 @@
-// Any bytes as a template: the reader ends, with or without a run-time failure, what stands behind a line on
+// Any bytes as a template: the reader ends, with or without a run-time failure, what stands after a line on
 // which it fails has no effect, and what it made can be written.
 
 #include "fuzz/fuzz_document.h"
@@ -16,7 +16,7 @@ void checkWhatWasRead(fuzz::Fuzz_Document& document, const std::string& text, st
     fuzz::Fuzz_Document shorter;
     const auto again = shorter.readTemplate(fuzz::firstLines(text, stop));
     fuzz::require(again == stop, "the same line stops the reader");
-    fuzz::require(shorter.written() == document.written(), "lines behind the failing one have no effect");
+    fuzz::require(shorter.written() == document.written(), "lines after the failing one have no effect");
 }
 
 } // namespace

@@ -9,7 +9,7 @@
 namespace zorvane::bench {
 
 /// A main form without a window whose upload timer ticks, every 10 ms as in the window.
-class Bench_Form : public Held_Form {
+class Bench_Form : public ctl::Held_Form {
   public:
     /// `tick` is one tick of the upload.
     Bench_Form(std::int32_t fields, std::function<void()> tick);

@@ -32,14 +32,14 @@ class Moving_Link final : public Dry_Run_Link {
     std::int32_t moved_ = 0;
 };
 
-class Grid_Frame final : public Held_Form {
+class Grid_Frame final : public ctl::Held_Form {
   public:
-    Grid_Frame(Flex_Grid& configuration, Flex_Grid& settings)
-        : Held_Form(1, {}), grids_(configuration, settings) {}
+    Grid_Frame(ui::Flex_Grid& configuration, ui::Flex_Grid& settings)
+        : ctl::Held_Form(1, {}), grids_(configuration, settings) {}
     [[nodiscard]] Grid_View& grids() override { return grids_; }
 
   private:
-    Window_Grids grids_;
+    app::Window_Grids grids_;
 };
 
 std::unique_ptr<Declara_Zorvane> polledDocument(std::int16_t columns) {
@@ -99,10 +99,10 @@ class Refresh_Scene {
     Main_Form_State form_;
     Moving_Link link_;
     QWidget window_;
-    Flex_Grid_View* configurationView_ = new Flex_Grid_View(&window_);
-    Flex_Grid_View* settingsView_ = new Flex_Grid_View(&window_);
-    Flex_Grid configuration_{*configurationView_};
-    Flex_Grid settings_{*settingsView_};
+    ui::Flex_Grid_View* configurationView_ = new ui::Flex_Grid_View(&window_);
+    ui::Flex_Grid_View* settingsView_ = new ui::Flex_Grid_View(&window_);
+    ui::Flex_Grid configuration_{*configurationView_};
+    ui::Flex_Grid settings_{*settingsView_};
     Grid_Frame mainForm_{configuration_, settings_};
     Navigation_State navigation_;
     Hidden_Editors editors_;

@@ -31,7 +31,7 @@ class Grid_Scene {
         QApplication::processEvents();
     }
 
-    [[nodiscard]] Flex_Grid_View& view() { return *view_; }
+    [[nodiscard]] ui::Flex_Grid_View& view() { return *view_; }
 
     void fill() {
         PRO_Llena_Settings(context_, 1, false);
@@ -54,10 +54,10 @@ class Grid_Scene {
     std::unique_ptr<Declara_Zorvane> document_ = largeDocument();
     Main_Form_State form_;
     Dry_Run_Link link_;
-    Held_Form mainForm_{1, {}};
+    ctl::Held_Form mainForm_{1, {}};
     QWidget window_;
-    Flex_Grid_View* view_ = new Flex_Grid_View(&window_);
-    Flex_Grid settings_{*view_};
+    ui::Flex_Grid_View* view_ = new ui::Flex_Grid_View(&window_);
+    ui::Flex_Grid settings_{*view_};
     Memory_Grid configuration_;
     Navigation_State navigation_;
     Hidden_Editors editors_;

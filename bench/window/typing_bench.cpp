@@ -24,7 +24,7 @@ class Typing_Scene {
   public:
     Typing_Scene(std::int32_t rows, std::int32_t columns) {
         std::ofstream(folder_.path() + "/kvrt.ztp", std::ios::binary) << templateText(rows, columns);
-        program_ = std::make_unique<KVRT_Principal>(Program_Places{
+        program_ = std::make_unique<app::KVRT_Principal>(app::Program_Places{
             folder_.path(), folder_.path() + "/kept", QString::fromStdString(folder_.path() + "/settings")});
         program_->mainForm().ask = [](const QString& text, int, const QString&) {
             std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -82,7 +82,7 @@ class Typing_Scene {
     }
 
     doubles::Temporary_Folder folder_;
-    std::unique_ptr<KVRT_Principal> program_;
+    std::unique_ptr<app::KVRT_Principal> program_;
 };
 
 Typing_Scene& scene(benchmark::State& state) {

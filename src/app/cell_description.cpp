@@ -2,7 +2,7 @@
 
 #include "values/colours.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -42,4 +42,4 @@ std::string cellToolTip(const Grid_Context& grids, std::int32_t row, std::int32_
     return description == writeFailed || description == linkLost ? description : "";
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// What a screen reader is told of a cell of the lower grid beside its text: what its colours say to others.
 /// "Modifiable", "Fixed", "Read only", "Writing", "Write failed", "Link lost". Empty for a cell that the
@@ -18,4 +18,4 @@ namespace zorvane {
 [[nodiscard]] std::string cellToolTip(const Grid_Context& grids, std::int32_t row, std::int32_t col,
                                       const Memory_Grid::Colours& colours);
 
-} // namespace zorvane
+} // namespace zorvane::app

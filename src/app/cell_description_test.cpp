@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -70,4 +70,4 @@ TEST_F(Cell_Description, IsEmptyForACellThatTheDocumentDoesntHave) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

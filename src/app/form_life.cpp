@@ -10,7 +10,7 @@
 #include "grids/fill/flx_configuration.h"
 #include "values/numbers.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -161,4 +161,4 @@ void PRO_Lee_Dialogos(const App_Context& app, Stored_Dialog which, double& top, 
     });
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

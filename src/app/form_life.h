@@ -2,7 +2,7 @@
 
 #include "app/form/app_context.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// Prepares the main form: flags, menus, colours, settings. Reads nothing of a template.
 void Form_Load(const App_Context& app);
@@ -49,4 +49,4 @@ enum class Stored_Dialog { Monitor, Preview };
 void PRO_Lee_Dialogos(const App_Context& app, Stored_Dialog which, double& top, double& left, double& width,
                       double& height);
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -258,4 +258,4 @@ TEST_F(Exits, UnloadingClosesAPortThatIsOpen) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

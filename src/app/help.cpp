@@ -1,6 +1,6 @@
 #include "app/help.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -38,4 +38,4 @@ void MNU_ContactUs_Click(const App_Context& app, const Shell_Execute& ShellExecu
     openOrTell(app, ShellExecute, makerMailLink);
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

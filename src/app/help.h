@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The platform's shell open: a file by its name in a folder, or an address with no folder. False when
 /// nothing took it.
@@ -31,4 +31,4 @@ void MNU_OnLine_Click(const App_Context& app, const Shell_Execute& ShellExecute)
 /// "Contact &Us": a new mail to the maker.
 void MNU_ContactUs_Click(const App_Context& app, const Shell_Execute& ShellExecute);
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -82,4 +82,4 @@ TEST_F(Help, ADesktopThatOpensNeitherFileNorPagesIsToldOfTheFile) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

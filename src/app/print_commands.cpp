@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -254,4 +254,4 @@ void Print_Commands::tellExported(const std::string& path) {
         {exportTopic, Bar_Kind::Note, "The report was exported to " + path, {std::move(folder)}, false});
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -11,7 +11,7 @@
 #include <optional>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// What reports are made of besides the document.
 struct Print_Services {
@@ -50,7 +50,7 @@ class Print_Commands : private Main_Report_Host {
     void PrintAll_Refresh();
     void PrintGrid_Refresh();
 
-    /// Gives the previews that have pages a text size in points, and makes them anew.
+    /// Gives the previews that have pages a text size in points, and makes them again.
     void applyFontSize(double size);
 
     /// The open previews, or none.
@@ -104,4 +104,4 @@ inline const std::string exportFilter =
     "Excel file (*.xls)|*.xls|PDF File(*.pdf)|*.pdf|RTF File(*.rtf)|*.rtf|Text File(*.txt)|*.rtf|"
     "TIF File(*.tif)|*.tif|HTML File(*.html)|*.html";
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -418,4 +418,4 @@ TEST_F(PrintCommands, ACancelledOrFailingExportEndsQuietly) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

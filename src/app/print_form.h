@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// What the report commands ask of the window.
 class Print_Form {
@@ -51,4 +51,4 @@ class Print_Form {
     virtual void printReport(rptPrintLog& report, bool prompt) = 0;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

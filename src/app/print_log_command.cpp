@@ -2,7 +2,7 @@
 
 #include <optional>
 
-namespace zorvane {
+namespace zorvane::app {
 
 Print_Log_Command::Print_Log_Command(Print_Form& mainForm, const Text_Metrics& metrics, Report_Clock clock)
     : mainForm_(mainForm), metrics_(metrics), clock_(std::move(clock)) {}
@@ -23,4 +23,4 @@ void Print_Log_Command::btnPrint_Click(const Rich_Text& RtbStatus, const std::st
     mainForm_.printReport(*report_, prompt);
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

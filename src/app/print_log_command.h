@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// "&Print Log..." of the transfer status form.
 class Print_Log_Command {
@@ -27,4 +27,4 @@ class Print_Log_Command {
     std::unique_ptr<rptPrintLog> report_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

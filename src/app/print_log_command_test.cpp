@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using testing::ElementsAre;
@@ -48,4 +48,4 @@ TEST_F(PrintLog, AReportThatWasClosedIsGone) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

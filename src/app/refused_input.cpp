@@ -2,7 +2,7 @@
 
 #include "grids/rules/typed_entry.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -30,4 +30,4 @@ void tellRefused(const Grid_Context& grids, std::int32_t row, std::int32_t col,
 
 void withdrawRefused(const Grid_Context& grids) { grids.comm.mainForm.messageBar().withdraw(topic); }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// Whether a cell of the lower grid takes a text of several cells or lines as one line.
 [[nodiscard]] bool takesBlock(const Grid_Context& grids, std::int32_t row, std::int32_t col);
@@ -17,4 +17,4 @@ void tellRefused(const Grid_Context& grids, std::int32_t row, std::int32_t col, 
 /// Something was taken: takes that line back.
 void withdrawRefused(const Grid_Context& grids);
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -60,4 +60,4 @@ TEST_F(Refused_Input_Test, WhatIsTakenNextTakesTheLineBack) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -91,4 +91,4 @@ void Tray::activateHiddenMonitor() {
     if (monitorHidden()) app_.link().ActivateMonitor();
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

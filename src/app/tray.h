@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The icon in the desktop's tray.
 class Tray_Icon {
@@ -75,4 +75,4 @@ class Tray {
     bool handling_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

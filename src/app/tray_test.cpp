@@ -6,7 +6,7 @@
 
 #include <functional>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -238,4 +238,4 @@ TEST_F(Tray_Test, TheEndOfTheProgramTakesTheIconAwayOnce) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -143,7 +143,7 @@ class Checked_Template::Reading {
     void read(Source_Line& line) {
         std::optional<Key_And_Value> entry;
         attempt(line, [&] { entry = scanner_.scan(line.text); });
-        // The lines behind a header that can't be read belong to no section.
+        // The lines after a header that can't be read belong to no section.
         if (line.failure) scanner_ = {};
         line.section = upperCase(scanner_.section());
         line.sectionNumber = hasNumber(line.section) ? scanner_.sectionNumber() : 0;

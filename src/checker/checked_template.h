@@ -27,7 +27,7 @@ enum class Line_Kind {
     Empty,
     Comment,
     Header, ///< begins with "["
-    Key,    ///< has a "=" behind its first character
+    Key,    ///< has a "=" after its first character
     Stray   ///< anything else
 };
 
@@ -113,7 +113,7 @@ struct Scan_Block {
 };
 
 /// A template as the rules see it: its lines, and the document that the real interpreter made of them. Unlike
-/// the reader, this reading goes on behind a line that fails, so that one mistake doesn't hide the others.
+/// the reader, this reading goes on after a line that fails, so that one mistake doesn't hide the others.
 class Checked_Template {
   public:
     Checked_Template(std::string_view fileName, std::string_view text);

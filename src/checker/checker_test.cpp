@@ -174,7 +174,7 @@ TEST(Checker, AFindingCarriesItsLineAndWhatToDo) {
     EXPECT_EQ(findings[0].line, 2);
     EXPECT_EQ(findings[0].code, "key-blank");
     EXPECT_EQ(findings[0].lineText, "CONTROLLER =ABC");
-    EXPECT_EQ(findings[0].what, "a blank behind the key \"CONTROLLER\"");
+    EXPECT_EQ(findings[0].what, "a blank after the key \"CONTROLLER\"");
     EXPECT_EQ(findings[0].why,
               "The blank belongs to the key, so the section doesn't know it and the line has "
               "no effect.");

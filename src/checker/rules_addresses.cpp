@@ -90,7 +90,7 @@ void checkUnscanned(const Checked_Template& checked, const Report& report) {
                    (isScanned(checked, *span) ? " lies in scan blocks in part only ("
                                               : " lies in no scan block (") +
                    cell.place() + ")",
-               "Widen a HOLDINGREGISTERSBLOCK, or mend the address.");
+               "Widen a HOLDINGREGISTERSBLOCK, or correct the address.");
     });
 }
 
@@ -139,7 +139,7 @@ void checkSharedAddresses(const Checked_Template& checked, const Report& report)
             report(*blamed.address,
                    "register " + addressText(*blamed.cell) + " is " + readingOf(blamed) + " here (" +
                        blamed.place() + ") and " + readingOf(other) + " in " + other.place(),
-                   "Mend the address, or give both cells the same format and list.");
+                   "Correct the address, or give both cells the same format and list.");
         }
         if (reach == nullptr || user.span.last >= reach->span.last) reach = &user;
     }
@@ -241,7 +241,7 @@ constexpr std::array rules = {
          "The cell is never read or written as it was meant, and its list isn't found.", checkAddressForms},
     Rule{"address-range", Severity::Error, "a register that has no address on the line",
          "Addresses on the line are register numbers less ADDRESSBASE, from 0 to 65535.", checkAddressRanges},
-    Rule{"ascii-backwards", Severity::Error, "a text whose first register lies behind its last",
+    Rule{"ascii-backwards", Severity::Error, "a text whose first register lies after its last",
          "The text has no registers.", checkBackwardTexts},
     Rule{"address-unscanned", Severity::Warning, "a register that lies in no scan block",
          "It is never read, so an upload puts 0 into the cell.", checkUnscanned},

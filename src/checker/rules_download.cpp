@@ -124,7 +124,7 @@ void checkMissingBlocks(const Checked_Template& checked, const Report& report) {
         report(cell.line(),
                found == blocks.end()
                    ? "register " + cell.cell->Address + " lies in no DOWNLOAD block (" + cell.place() + ")"
-                   : "register " + cell.cell->Address + " lies behind the end of the block of line " +
+                   : "register " + cell.cell->Address + " lies after the end of the block of line " +
                          numberText(found->line->number) + " (" + cell.place() + ")",
                "Widen a DOWNLOAD block of the kind that fits: NUMERIC for numbers and times, MESSAGELIST for "
                "halves, ASCII for texts.");
@@ -195,7 +195,7 @@ void checkFileName(const Checked_Template& checked, const Report& report) {
 
 constexpr std::array rules = {
     Rule{"file-name", Severity::Warning, "a file whose name isn't NAME.ZTP",
-         "Templates are found by what stands in front of and behind the first point of their names.",
+         "Templates are found by what stands in front of and after the first point of their names.",
          checkFileName},
     Rule{"controller-missing", Severity::Warning, "a template without CONTROLLER",
          "Nobody can tell which model it is, and a board of the R7702 family isn't written in blocks.",
@@ -210,7 +210,7 @@ constexpr std::array rules = {
          checkForms},
     Rule{"download-size", Severity::Warning, "a DOWNLOAD block of more than 123 registers",
          "It takes several writes, and the controller may act between them.", checkSizes},
-    Rule{"download-shadow", Severity::Warning, "a numeric DOWNLOAD block behind one that begins below it",
+    Rule{"download-shadow", Severity::Warning, "a numeric DOWNLOAD block after one that begins below it",
          "The first numeric block that begins at or below a register is taken, whatever its end, so this one "
          "never is.",
          checkShadows},

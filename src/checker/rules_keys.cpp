@@ -89,7 +89,7 @@ void checkKeyBlanks(const Checked_Template& checked, const Report& report) {
         const std::string_view key = withoutBlanks(line.rawKey);
         if (!isKnown(line, key)) continue;
         report(line,
-               std::string("a blank ") + (isBlank(line.rawKey.back()) ? "behind" : "in front of") +
+               std::string("a blank ") + (isBlank(line.rawKey.back()) ? "after" : "in front of") +
                    " the key " + quoted(key),
                "Write " + std::string(key) + "= without blanks.");
     }

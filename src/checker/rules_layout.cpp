@@ -162,7 +162,7 @@ void checkRanges(const Checked_Template& checked, const Report& report) {
         if (isUpperColumn(line) && line.upperColumns > 0 &&
             (line.keyNumber < 1 || line.keyNumber > line.upperColumns))
             what = outside("column", line.keyNumber, line.upperColumns);
-        if (!what.empty()) report(line, what, "Mend the number, or the count that it goes by.");
+        if (!what.empty()) report(line, what, "Correct the number, or the count that it goes by.");
     }
 }
 
@@ -291,7 +291,7 @@ constexpr std::array rules = {
     Rule{"field-size", Severity::Error, "a field without a table, or with a size that can't be read",
          "Without its table a field has no cells.", checkFieldSizes},
     Rule{"field-emptied", Severity::Warning, "a second FIELD_#_RC of a field",
-         "It makes the table anew and empties it.", checkEmptiedFields},
+         "It makes the table again and empties it.", checkEmptiedFields},
     Rule{"before-size", Severity::Error, "a line about a field's cells or columns in front of its FIELD_#_RC",
          "The field has no cells yet: reading stops there, or the line has no effect.", checkBeforeSize},
     Rule{"before-count", Severity::Error, "a column of the upper grid in front of CONFIGURATION_NC",
@@ -302,7 +302,7 @@ constexpr std::array rules = {
          "Reading stops there, or the items that are too many are lost.", checkLongLists},
     Rule{"list-short", Severity::Warning,
          "a row's list of addresses or values that ends before the last column",
-         "The cells behind its end stay as they were: without an address, or without a value.",
+         "The cells after its end stay as they were: without an address, or without a value.",
          checkShortLists},
     Rule{"upper-texts", Severity::Warning, "a field with too few texts for the upper grid, or none",
          "Unless a document brings them, the upper grid can't be filled and nothing can be saved.",

@@ -80,13 +80,13 @@ std::string_view behindIndent(std::string_view text) {
 void checkIndentedHeader(const Checked_Template& checked, const Report& report) {
     for (const Source_Line& line : checked.lines())
         if (const auto text = behindIndent(line.text); text.starts_with('['))
-            report(line, "a section header behind blanks", "Write the \"[\" in the first column.");
+            report(line, "a section header after blanks", "Write the \"[\" in the first column.");
 }
 
 void checkIndentedComment(const Checked_Template& checked, const Report& report) {
     for (const Source_Line& line : checked.lines())
         if (const auto text = behindIndent(line.text); text.starts_with(';'))
-            report(line, "a comment behind blanks", "Write the \";\" in the first column.");
+            report(line, "a comment after blanks", "Write the \";\" in the first column.");
 }
 
 void checkHeaderEnd(const Checked_Template& checked, const Report& report) {
@@ -95,10 +95,10 @@ void checkHeaderEnd(const Checked_Template& checked, const Report& report) {
         const std::string_view text = trimBlanks(line.text);
         if (text.size() < 2)
             report(line, "a section header without a name: reading stops here",
-                   "Write the section's name and \"]\" behind it.");
+                   "Write the section's name and \"]\" after it.");
         else if (text.find(']') != text.size() - 1)
             report(line, "a section header that doesn't end in its \"]\"",
-                   "Write nothing behind the \"]\", and comments on lines of their own.");
+                   "Write nothing after the \"]\", and comments on lines of their own.");
     }
 }
 
@@ -132,7 +132,7 @@ constexpr std::array rules = {
          "Only spaces count as blanks: the character becomes a part of the key, the value or the name.",
          checkControlCharacters},
     Rule{"indented-header", Severity::Error, "a section header that doesn't begin in the first column",
-         "It is no header, so the lines behind it still belong to the section before.", checkIndentedHeader},
+         "It is no header, so the lines after it still belong to the section before.", checkIndentedHeader},
     Rule{"indented-comment", Severity::Warning, "a comment that doesn't begin in the first column",
          "It is no comment: with a \"=\" in it, it is a key line.", checkIndentedComment},
     Rule{"header-end", Severity::Error, "a section header without its end",

@@ -39,7 +39,7 @@ void checkUnusedLists(const Checked_Template& checked, const Report& report) {
         const std::string number = numberText(line->keyNumber);
         if (!registers.contains({line->sectionNumber, line->keyNumber}))
             report(*line, "field " + numberText(line->sectionNumber) + " has no cell at register " + number,
-                   "Mend the address, here or in [FIELD_" + numberText(line->sectionNumber) +
+                   "Correct the address, here or in [FIELD_" + numberText(line->sectionNumber) +
                        "_CONFIGURATION].");
         else if (checked.named(line->section, line->sectionNumber, line->key, line->keyNumber).front() ==
                  line)
@@ -111,7 +111,7 @@ void checkBlankTexts(const Checked_Template& checked, const Report& report) {
                    empty ? "the text of code " + numberText(entry.Code) + " is empty"
                          : "blanks around the text " + quoted(entry.Text),
                    empty ? "Give the code a text, such as \"-\"."
-                         : "Write no blanks behind the brackets and in front of the comma.");
+                         : "Write no blanks after the brackets and in front of the comma.");
             return;
         }
     });

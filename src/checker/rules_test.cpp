@@ -89,15 +89,15 @@ const std::vector<Sample> samples = {
      {{"COL_2_WIDTH=800", "COL_2_WIDTH\t=800"}},
      "14: warning: no width for column 2 [width-missing]\n"
      "17: warning: a tab in the line [control-character]\n"
-     "17: warning: a blank behind the key \"COL_2_WIDTH\" [key-blank]\n"},
+     "17: warning: a blank after the key \"COL_2_WIDTH\" [key-blank]\n"},
     {"indented-header",
      {{"[FIELD_1_MESSAGES]", " [FIELD_1_MESSAGES]"}},
-     "31: error: a section header behind blanks [indented-header]\n"
+     "31: error: a section header after blanks [indented-header]\n"
      "32: warning: unknown key \"ADDRESS_100\" in [FIELD_1_CONFIGURATION] [key-unknown]\n"
      "36: warning: the default \"Off\" is no number (field 1, row 1, column 2) [default-number]\n"},
     {"indented-comment",
      {{"", "  ; ROW_6=not yet"}},
-     "41: warning: a comment behind blanks [indented-comment]\n"},
+     "41: warning: a comment after blanks [indented-comment]\n"},
     {"header-end",
      {{"[FIELD_1_MESSAGES]", "[FIELD_1_MESSAGES"}},
      "31: error: a section header that doesn't end in its \"]\" [header-end]\n"
@@ -124,7 +124,7 @@ const std::vector<Sample> samples = {
      "[list-request]\n"},
     {"key-blank",
      {{"NUMERIC_ROWS=YES", "NUMERIC_ROWS =YES"}},
-     "8: warning: a blank behind the key \"NUMERIC_ROWS\" [key-blank]\n"},
+     "8: warning: a blank after the key \"NUMERIC_ROWS\" [key-blank]\n"},
     {"number-text",
      {{"ROW_3=Name,Pump", "ROW_3.=Name,Pump"}},
      "38: warning: \"3.\" is no number; 3 is taken [number-text]\n"},
@@ -389,7 +389,7 @@ const std::vector<Sample> samples = {
      "5: warning: the block meets that of line 4 [download-overlap]\n"},
     {"download-missing",
      {{"CONTROLLER=ABC", "CONTROLLER=R7702-16\nDOWNLOAD_1_MULTIPLEREGISTERBLOCKNUMERIC=100-102"}},
-     "30: error: register 103 lies behind the end of the block of line 3 (field 1, row 5, column 2) "
+     "30: error: register 103 lies after the end of the block of line 3 (field 1, row 5, column 2) "
      "[download-missing]\n"},
     {"download-unused",
      {{"CONTROLLER=ABC", "CONTROLLER=ABC\nDOWNLOAD_1_MULTIPLEREGISTERBLOCKNUMERIC=100-103"}},
@@ -471,10 +471,9 @@ TEST(Rules, HaveOtherWordsForOtherCasesOfOneCode) {
               "a CR without an LF in the line. End lines with CR LF.\n");
     EXPECT_EQ(told({{"ROW_3=Name,Pump", "ROW_3=Na\x01me,Pump"}}, "control-character"),
               "the control character 0x01 in the line. Use spaces, and none around the \"=\".\n");
-    EXPECT_EQ(
-        told({{"[FIELD_1_MESSAGES]", "["}}, "header-end"),
-        "a section header without a name: reading stops here. Write the section's name and \"]\" behind "
-        "it.\n");
+    EXPECT_EQ(told({{"[FIELD_1_MESSAGES]", "["}}, "header-end"),
+              "a section header without a name: reading stops here. Write the section's name and \"]\" after "
+              "it.\n");
     EXPECT_EQ(told({{"ROW_3=Name,Pump", "=Name,Pump"}}, "stray-line"),
               "a value without a key. Write KEY=value, or put a \";\" in the first column.\n");
     EXPECT_EQ(told({{"(1)On", "(1)On\nADDRESS_100=(0)No,(1)Yes"}}, "key-twice"),
@@ -490,18 +489,18 @@ TEST(Rules, HaveOtherWordsForOtherCasesOfOneCode) {
         "\"numeric_unsigned\" in lower case. Write NUMERIC_UNSIGNED: some places ask for it exactly.\n");
     EXPECT_EQ(told({{"ROWASCIIRANGE_3=,110-113", "ROWASCIIRANGE_3=,118-121"}}, "address-unscanned"),
               "register 118-121 lies in scan blocks in part only (field 1, row 3, column 2). Widen a "
-              "HOLDINGREGISTERSBLOCK, or mend the address.\n");
+              "HOLDINGREGISTERSBLOCK, or correct the address.\n");
     EXPECT_EQ(told({{"ROWADDRESS_5=,103", "ROWADDRESS_5=,102"},
                     {"ROWADDRESSFORMAT_5=,NUMERIC_UNSIGNED", "ROWADDRESSFORMAT_5=,TIMEMM"}},
                    "address-shared"),
               "register 102 is a shared time here (field 1, row 5, column 2) and a number in field 1, row 4, "
-              "column 2. Mend the address, or give both cells the same format and list.\n");
+              "column 2. Correct the address, or give both cells the same format and list.\n");
     EXPECT_EQ(
         told({{"COL_2_TYPE=NUMERIC", "COL_2_TYPE=NUMERIC\nCOL_2_BITSNEGATIVEFORMAT=8"},
               {"ROWADDRESS_4=,102", "ROWADDRESS_4=102,102"}},
              "address-shared"),
         "register 102 is a number in the negative format 8 here (field 1, row 4, column 2) and a number in "
-        "field 1, row 4, column 1. Mend the address, or give both cells the same format and list.\n");
+        "field 1, row 4, column 1. Correct the address, or give both cells the same format and list.\n");
     EXPECT_EQ(
         told({{"[FIELD_1_CONFIGURATION]\n", "[FIELD_1_MESSAGES]\nADDRESS_103=(0)Off\n"
                                             "[FIELD_1_CONFIGURATION]\n"}},

@@ -57,7 +57,7 @@ void checkLimitOrder(const Checked_Template& checked, const Report& report) {
             report(*limitLine(cell),
                    "the lowest value " + numberText(limits->low) + " is above the highest, " +
                        numberText(limits->high) + " (" + cell.place() + ")",
-                   "Exchange the two, or mend the one that is wrong.");
+                   "Exchange the two, or correct the one that is wrong.");
     });
 }
 
@@ -85,7 +85,7 @@ void checkDefaultsInLimits(const Checked_Template& checked, const Report& report
                "the default " + quoted(cell.cell->Value) + " lies outside the limits " +
                    quoted(cell.cell->Min_Value) + " and " + quoted(cell.cell->Max_Value) + " (" +
                    cell.place() + ")",
-               "Mend the default, or the limits in line " + numberText(limitLine(cell)->number) + ".");
+               "Correct the default, or the limits in line " + numberText(limitLine(cell)->number) + ".");
     });
 }
 
@@ -96,7 +96,7 @@ void checkDefaultsInRegister(const Checked_Template& checked, const Report& repo
         report(*cell.value,
                "the default " + quoted(cell.cell->Value) + " doesn't fit the register, which holds " +
                    registerBounds(cell).text() + " (" + cell.place() + ")",
-               "Mend the default, or write the format NUMERIC_UNSIGNED.");
+               "Correct the default, or write the format NUMERIC_UNSIGNED.");
     });
 }
 
@@ -188,7 +188,7 @@ void checkDefaultOrder(const Checked_Template& checked, const Report& report) {
             report(*cell.value,
                    std::string("a default in front of the line that makes the cell a ") +
                        (list ? "list (" : "time (") + cell.place() + ")",
-                   "Write [FIELD_n_DEFAULT] behind [FIELD_n_CONFIGURATION] and [FIELD_n_MESSAGES].");
+                   "Write [FIELD_n_DEFAULT] after [FIELD_n_CONFIGURATION] and [FIELD_n_MESSAGES].");
     }
 }
 

@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Ctl_Bench;
@@ -91,4 +91,4 @@ TEST(Arguments, AMalformedSelectionIsWrong) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Ctl_Bench;
@@ -120,4 +120,4 @@ TEST(Check, WithoutATemplateOrWithTooMuchIsWrongUsage) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

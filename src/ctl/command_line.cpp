@@ -4,7 +4,7 @@
 
 #include <iterator>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -27,9 +27,9 @@ bool takesValue(const CLI::Option& option) { return option.get_items_expected_ma
 std::vector<std::string> meantArguments(const CLI::App& call, bool endsInText,
                                         const std::vector<std::string>& arguments) {
     std::vector<std::string> meant;
-    std::vector<std::string> behind;
+    std::vector<std::string> after;
     auto at = arguments.begin();
-    for (; at != arguments.end() && *at != endOfOptions && behind.empty(); ++at) {
+    for (; at != arguments.end() && *at != endOfOptions && after.empty(); ++at) {
         const CLI::Option* const option = looksLikeOption(*at) ? optionOf(call, *at) : nullptr;
         if (option != nullptr && takesValue(*option)) {
             const std::size_t equals = at->find('=');
@@ -39,14 +39,14 @@ std::vector<std::string> meantArguments(const CLI::App& call, bool endsInText,
             else if (std::next(at) != arguments.end())
                 meant.push_back(*++at);
         } else if (option == nullptr && looksLikeOption(*at) && endsInText) {
-            behind = {endOfOptions, *at};
+            after = {endOfOptions, *at};
         } else {
             meant.push_back(*at);
         }
     }
     meant.insert(meant.end(), at, arguments.end());
-    meant.insert(meant.end(), behind.begin(), behind.end());
+    meant.insert(meant.end(), after.begin(), after.end());
     return meant;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -12,7 +12,7 @@
 #include <memory>
 #include <mutex>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Ctl_Bench;
@@ -380,4 +380,4 @@ TEST_F(Download_Line, AHangUpThatIsIgnoredStaysSo) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Ctl_Bench;
@@ -262,4 +262,4 @@ TEST(Dump, ALargeTableIsCutForPeople) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -6,7 +6,7 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Ctl_Bench;
@@ -273,4 +273,4 @@ TEST_F(Field_Table, SetRefusesACharacterThatNoCellHolds) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

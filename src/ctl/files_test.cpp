@@ -8,7 +8,7 @@
 
 #include <filesystem>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Ctl_Bench;
@@ -88,7 +88,7 @@ TEST_F(Save, AFolderThatIsNotThereFails) {
     EXPECT_EQ(json::parse(run.out), json::parse(R"({"Save_Failed":true,"result":"Path not found"})"));
     EXPECT_EQ(run.err,
               "zorvanectl: " + bench.path("gone/out.ABC") +
-                  " could not be written: Path not found. Choose another file, or mend the cause.\n");
+                  " could not be written: Path not found. Choose another file, or correct the cause.\n");
 }
 
 TEST_F(Save, AFieldWithTooFewUpperTextsFails) {
@@ -197,4 +197,4 @@ TEST(Update, ANameWithoutAnExtensionFails) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

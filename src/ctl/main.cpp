@@ -28,8 +28,8 @@ std::unique_ptr<QCoreApplication> makeApplication(bool paints, int& count, char*
 }
 
 bool paints(const std::vector<std::string>& arguments) {
-    const std::vector<zorvane::Subcommand_Entry> calls = zorvane::paintedCalls();
-    return std::any_of(calls.begin(), calls.end(), [&](const zorvane::Subcommand_Entry& call) {
+    const std::vector<zorvane::ctl::Subcommand_Entry> calls = zorvane::ctl::paintedCalls();
+    return std::any_of(calls.begin(), calls.end(), [&](const zorvane::ctl::Subcommand_Entry& call) {
         return !arguments.empty() && arguments.front() == call.name;
     });
 }
@@ -48,6 +48,7 @@ std::string recoveryFolder() {
 
 int main(int argc, char* argv[]) {
     using namespace zorvane;
+    using namespace zorvane::ctl;
     std::ios::sync_with_stdio(false);
     takeFileSizeLimitAsFailure();
     const std::vector<std::string> arguments(argv + 1, argv + argc);

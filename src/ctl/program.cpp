@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -90,4 +90,4 @@ int runProgram(const std::vector<Subcommand_Entry>& calls, const std::vector<std
     return chosen->call->run(context);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

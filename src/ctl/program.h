@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// Understands a command line (without the program's name, UTF-8) and runs the call that it names. `--json`
 /// and `--app-dir` belong to every call. Gives the exit code.
@@ -15,4 +15,4 @@ namespace zorvane {
 /// A folder as messages name it: without the separator at its end.
 [[nodiscard]] std::string withoutEndSeparator(std::string folder);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

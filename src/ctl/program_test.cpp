@@ -17,7 +17,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Ctl_Bench;
@@ -391,4 +391,4 @@ TEST_F(Live_Line, AFieldWithoutLiveValuesIsRefused) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -9,7 +9,7 @@
 #include <filesystem>
 #include <fstream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 namespace fs = std::filesystem;
@@ -120,4 +120,4 @@ TEST_F(Recover, ACopyThatCantBeKeptIsToldAndTheSaveGoesOn) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Ctl_Bench;
@@ -184,4 +184,4 @@ TEST_F(Report_Program, NeedsAFormatAndAFileOrAFieldAsJson) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

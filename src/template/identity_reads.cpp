@@ -37,7 +37,7 @@ void addJoined(const Declara_Zorvane& document, std::vector<Register_Range>& ran
             ++at;
             continue;
         }
-        // The wider range takes the first one's place and is tried against the rest anew.
+        // The wider range takes the first one's place and is tried against the rest again.
         range = *both;
         ranges.erase(ranges.begin() + static_cast<std::ptrdiff_t>(at));
         at = 0;

@@ -51,7 +51,7 @@ std::size_t numberLength(std::string_view text) noexcept {
     return exponentEnd(text, at);
 }
 
-/// The number behind an exponent's letter, held where no text can be long enough to make up for it.
+/// The number after an exponent's letter, held where no text can be long enough to make up for it.
 double exponentOf(std::string_view text) noexcept {
     const bool negative = text[0] == '-';
     double exponent = 0.0;

@@ -7,7 +7,7 @@
 
 namespace zorvane {
 
-/// Which half of a register an address names. The suffix is upper case only, and stands behind a number.
+/// Which half of a register an address names. The suffix is upper case only, and stands after a number.
 enum class Register_Half { High, Low };
 
 /// An address of the form `n/HI` or `n/LO`: the register's number as text, still to be converted, and the

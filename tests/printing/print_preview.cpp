@@ -45,8 +45,8 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     if (argc < 5) return 2;
     const std::string folder = argv[2];
-    KVRT_Principal program(
-        Program_Places{argv[1], folder + "/recovery", QString::fromStdString(folder + "/settings.conf")});
+    app::KVRT_Principal program(app::Program_Places{argv[1], folder + "/recovery",
+                                                    QString::fromStdString(folder + "/settings.conf")});
     std::string messages;
     program.frame().ask = [&](const QString& prompt, int, const QString&) {
         messages += prompt.toStdString() + "\n";
@@ -56,9 +56,9 @@ int main(int argc, char** argv) {
         dialog.selectFile(QString::fromLocal8Bit(argv[3]));
         return true;
     };
-    Report_Windows& reports = program.reports();
+    app::Report_Windows& reports = program.reports();
     const QString printer = QString::fromLocal8Bit(argv[4]);
-    reports.prompts.pageSetup = [&](Page_Setup_Dialog& dialog) {
+    reports.prompts.pageSetup = [&](ui::Page_Setup_Dialog& dialog) {
         auto& printers = *dialog.findChild<QComboBox*>("Printer");
         printers.setCurrentIndex(printers.findText(printer));
         return printers.currentText() == printer;

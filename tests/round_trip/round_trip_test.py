@@ -3,7 +3,7 @@
 
     round_trip_test.py PROGRAMS MODEL sim|pymodbus
 
-For a model of the folder PROGRAMS: a slave with random registers, upload, save, the saved file read anew, download
+For a model of the folder PROGRAMS: a slave with random registers, upload, save, the saved file read again, download
 to a slave with other registers. Every register that a download writes must then be the same in both. The registers
 of the two slaves are random but what a controller of that model can hold: a list register one of its codes, a text
 register printable characters, a sign-and-magnitude register no more than its bits.

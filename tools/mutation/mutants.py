@@ -103,7 +103,7 @@ def name_in(head):
 
 
 def begins_lambda(texts):
-    """Whether a body's head ends in `]` or `](...)`, with what may stand behind."""
+    """Whether a body's head ends in `]` or `](...)`, with what may stand after."""
     at = len(texts) - 1
     while at >= 0 and texts[at] not in (")", "]"):
         at -= 1
@@ -132,7 +132,7 @@ def brace_of(head, outer):
                                              for i in range(arrow + 1, len(texts)))
     is_body = last in (")", "]", ":") or last in BODY_WORDS or returns_type
     if not is_body and not in_body and "(" in texts and ":" in texts and last == "}":
-        is_body = True  # behind a constructor's list of members
+        is_body = True  # after a constructor's list of members
     if not is_body:
         return Brace("list", function, answers_bool)
     if begins_lambda(texts):

@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -36,7 +36,7 @@ bool isInput(QEvent::Type type) {
 
 } // namespace
 
-Busy_Run::Busy_Run(Event_Edge& edge, std::function<std::unique_ptr<Mensaje>()> makeForm)
+Busy_Run::Busy_Run(Event_Edge& edge, std::function<std::unique_ptr<ui::Mensaje>()> makeForm)
     : edge_(edge), makeForm_(std::move(makeForm)) {}
 
 Busy_Run::~Busy_Run() = default;
@@ -93,4 +93,4 @@ bool Busy_Run::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -8,9 +8,11 @@
 #include <functional>
 #include <memory>
 
-namespace zorvane {
-
+namespace zorvane::ui {
 class Mensaje;
+} // namespace zorvane::ui
+
+namespace zorvane::app {
 
 /// The busy form of a long run on the program's one thread. While it stands the windows are painted and
 /// timers served, but no window takes input except the busy form and a box that asks something, so what the
@@ -18,7 +20,7 @@ class Mensaje;
 class Busy_Run final : public QObject {
   public:
     /// `makeForm` makes the form for each run.
-    Busy_Run(Event_Edge& edge, std::function<std::unique_ptr<Mensaje>()> makeForm);
+    Busy_Run(Event_Edge& edge, std::function<std::unique_ptr<ui::Mensaje>()> makeForm);
     ~Busy_Run() override;
 
     /// Shows the form, painted when this returns. Runs may lie within each other: the form goes with the
@@ -39,11 +41,11 @@ class Busy_Run final : public QObject {
     void serve();
 
     Event_Edge& edge_;
-    std::function<std::unique_ptr<Mensaje>()> makeForm_;
-    std::unique_ptr<Mensaje> form_;
+    std::function<std::unique_ptr<ui::Mensaje>()> makeForm_;
+    std::unique_ptr<ui::Mensaje> form_;
     QElapsedTimer sinceServed_;
     int depth_ = 0;
     bool canceled_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -45,4 +45,4 @@ bool openOnDesktop(const std::string& /*operation*/, const std::string& file,
     return desktopOpens(path) && QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

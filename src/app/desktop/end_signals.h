@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// While it lives, a wish of the system that the program ends (SIGTERM, SIGINT, SIGHUP) doesn't end it at
 /// once: it calls `asked` from the event loop. A signal that the program was started to ignore stays ignored.
@@ -20,4 +20,4 @@ class End_Signals {
     std::unique_ptr<Listener> listener_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -1,6 +1,6 @@
 #include "app/desktop/end_signals.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 class End_Signals::Listener {};
 
@@ -8,4 +8,4 @@ End_Signals::End_Signals(std::function<void()> /*asked*/) {}
 
 End_Signals::~End_Signals() = default;
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -10,7 +10,7 @@
 #include <system_error>
 #include <unistd.h>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -80,4 +80,4 @@ End_Signals::End_Signals(std::function<void()> asked)
 
 End_Signals::~End_Signals() = default;
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -6,7 +6,7 @@
 
 #include <csignal>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 TEST(End_Signals_Test, EachOfTheThreeIsToldFromTheEventLoop) {
@@ -44,4 +44,4 @@ TEST(End_Signals_Test, AfterItsEndTheSignalsAreAsBefore) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -5,7 +5,7 @@
 #include <functional>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// Unwinds a handler whose program has ended while it waited. It isn't a failure, and nothing drops it.
 struct Program_Ended {};
@@ -40,4 +40,4 @@ class Event_Edge {
     bool ended_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -4,7 +4,7 @@
 
 #include <QSettings>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The user's settings of this desktop: a section is a group, and all values are text.
 class Qt_Settings_Store final : public Settings_Store {
@@ -23,4 +23,4 @@ class Qt_Settings_Store final : public Settings_Store {
     QSettings settings_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -4,12 +4,12 @@
 
 #include <QFontMetricsF>
 
-namespace zorvane {
+namespace zorvane::app {
 
 double Qt_Text_Widths::textWidth(const std::string& text, double points) const {
     QFont font = font_();
     font.setPointSizeF(points);
-    return QFontMetricsF(font).horizontalAdvance(fromCore(text)) * twipsPerPixel_();
+    return QFontMetricsF(font).horizontalAdvance(ui::fromCore(text)) * twipsPerPixel_();
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// Widths as the grids draw their texts.
 class Qt_Text_Widths final : public Text_Widths {
@@ -23,4 +23,4 @@ class Qt_Text_Widths final : public Text_Widths {
     std::function<double()> twipsPerPixel_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -10,7 +10,7 @@
 #include "template/services/file_names.h"
 #include "values/numbers.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -206,4 +206,4 @@ void MNU_Saveas_Click(const App_Context& app) {
     }
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// "&Open...": asks for a configuration file, reads its template and then the file over it, and shows them.
 /// Every step runs with failures ignored, so a bad template leaves what was read so far on screen.
@@ -30,4 +30,4 @@ void PRO_Cierra_Documento(const App_Context& app, bool& ok);
 /// Resets the model and the main form.
 void PRO_Limpia_Documento(const App_Context& app);
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -393,4 +393,4 @@ TEST_F(DocumentCommands, ADocumentClosedInTheSecondOfASaveTakesItsPanelAlong) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -101,4 +101,4 @@ void refreshCopies(const App_Context& app) {
     if (unsavedCopies(app).empty()) app.mainForm.messageBar().withdraw(copiesTopic);
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 // What the message bar says of documents: of saves that failed, of copies, and of commands that were left
 // half-way. Its buttons choose entries of the menu.
@@ -38,4 +38,4 @@ void tellCopies(const App_Context& app);
 /// The line above goes unless there are still such copies.
 void refreshCopies(const App_Context& app);
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -226,4 +226,4 @@ TEST_F(DocumentLines, AFileFromBeforeASaveOpensAsADocumentOfItsOwnAndStays) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

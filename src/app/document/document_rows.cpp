@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -92,4 +92,4 @@ void tellUploaded(const App_Context& app) {
     tellStrayValues(app);
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// How the reading of a configuration file ended.
 struct Reading_End {
@@ -29,4 +29,4 @@ void tellOpened(const App_Context& app, const Reading_End& reading);
 /// Tells of the values that the cells don't take, once the document has them from the controller.
 void tellUploaded(const App_Context& app);
 
-} // namespace zorvane
+} // namespace zorvane::app

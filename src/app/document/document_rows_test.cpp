@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -135,4 +135,4 @@ TEST_F(Document_Rows, saving_a_text_that_no_file_holds_is_told) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -16,7 +16,7 @@
 
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -199,4 +199,4 @@ void openFile(const App_Context& app, const std::string& path, bool readOnly) {
     openChosen(app, {path, readOnly, {}, {}});
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -463,4 +463,4 @@ TEST_F(OpenCommand, AFileDroppedOnTheWindowGoesTheSameWayWithoutTheDialog) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// What is to be opened, and how.
 struct File_To_Open {
@@ -20,4 +20,4 @@ struct File_To_Open {
 /// emptied by then.
 bool openChosen(const App_Context& app, const File_To_Open& opening);
 
-} // namespace zorvane
+} // namespace zorvane::app

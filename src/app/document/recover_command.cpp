@@ -4,7 +4,7 @@
 #include "app/document/open_steps.h"
 #include "comm/main_form/title.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -39,4 +39,4 @@ void openRecoveryCopy(const App_Context& app, const Recovery_Entry& entry) {
     app.recovery.spare("");
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// "&Recover...": the copies on offer, the newest first.
 [[nodiscard]] std::vector<Recovery_Entry> recoveryEntries(const App_Context& app);
@@ -13,4 +13,4 @@ namespace zorvane {
 /// Save stays off until Save As gave it one, and it is marked as modified.
 void openRecoveryCopy(const App_Context& app, const Recovery_Entry& entry);
 
-} // namespace zorvane
+} // namespace zorvane::app

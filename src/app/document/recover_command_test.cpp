@@ -9,7 +9,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -185,4 +185,4 @@ TEST_F(RecoverCommand, AFactoryFileComesBackUnderItsNameWithSaveOff) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

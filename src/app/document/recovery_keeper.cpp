@@ -3,7 +3,7 @@
 #include "app/document/document_lines.h"
 #include "template/services/file_names.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -76,4 +76,4 @@ void TMR_Copia_Timer(const App_Context& app, std::int64_t nowMs) {
     last = keepCopy(app, "changed") ? nowMs : nowMs - copyEveryMs + recoveryTickMs;
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

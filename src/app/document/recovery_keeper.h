@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The longest time from a change to its copy, in ms.
 inline constexpr std::int32_t recoveryIntervalMs = 30'000;
@@ -63,4 +63,4 @@ class Leaving {
 /// change waits longer than `recoveryIntervalMs`. `nowMs` is any clock that never goes back.
 void TMR_Copia_Timer(const App_Context& app, std::int64_t nowMs);
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -27,7 +27,7 @@
 // last state older than half a minute, or a newer one, has to be in the file or in a recovery copy, whole.
 // The first change after an Open or a save has to be there within a second.
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -320,4 +320,4 @@ TEST(RecoveryKill, AtAnyMomentTheLastStateOlderThanHalfAMinuteIsSafe) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -524,4 +524,4 @@ TEST_F(RecoveryTimer, ACellThatWasOnlyLookedAtIsNoChange) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -12,7 +12,7 @@
 #include <optional>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The template that the program starts with, in the application folder, and its name as a document's type.
 inline const std::string defaultTemplate = "kvrt.ztp";
@@ -59,4 +59,4 @@ inline const std::string cannotWrite =
 /// The question icon with Yes, No and Cancel.
 inline constexpr int saveQuestionStyle = Msgb_Question + Msgb_YesNoCancel;
 
-} // namespace zorvane
+} // namespace zorvane::app

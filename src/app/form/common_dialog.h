@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// Bits of `File_Dialog::Flags`.
 enum Dialog_Flag : int {
@@ -29,4 +29,4 @@ class CommonDialog {
 /// The number of the failure that a cancelled dialog raises.
 inline constexpr int dialogCancelled = 32755;
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -4,7 +4,7 @@
 #include "comm/main_form/main_form.h"
 #include "values/twips.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// Parts of the main form that the document commands show, hide and disable.
 enum class Form_Part { Frame2, Frame3, PicLineHoriz };
@@ -27,7 +27,7 @@ class Document_Form : public Main_Form {
     virtual void removeTrayIcon() = 0;
     virtual void removeColumnTip() = 0;
     virtual void closePreviews() = 0;
-    /// Each preview that is open and has pages is made anew with that font size, in points.
+    /// Each preview that is open and has pages is made again with that font size, in points.
     virtual void restartPreviews(double fontSize) = 0;
     virtual void endProgram() = 0;
     /// Opens a file with whatever the desktop edits texts with.
@@ -40,4 +40,4 @@ class Document_Form : public Main_Form {
     [[nodiscard]] virtual CommonDialog& dialog() = 0;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

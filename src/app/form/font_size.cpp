@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -18,7 +18,7 @@ constexpr int rowsMovedOn = 3;
 const std::string settingsSection = "Settings";
 const std::string fontKey = "FontSize";
 
-/// Lays the upper grid out anew and comes back to the selection.
+/// Lays the upper grid out again and comes back to the selection.
 void layOutAnew(const App_Context& app) {
     VSFlexGrid& grid = app.grids.FLX_Configuration;
     const std::int32_t row = grid.Row();
@@ -118,4 +118,4 @@ void PRO_Ajusta_Columna(const Text_Widths& widths, VSFlexGrid& grid, std::int32_
     ok = true;
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The stored index into the list, at most 6; 1 when none is stored or what is stored isn't a number.
 void PRO_Indice_Font(const App_Context& app, std::int16_t& index);
@@ -28,4 +28,4 @@ void storeFontIndex(const App_Context& app, std::int16_t index);
 /// twips is failure 6, and the column stays as it is.
 void PRO_Ajusta_Columna(const Text_Widths& widths, VSFlexGrid& grid, std::int32_t column, bool& ok);
 
-} // namespace zorvane
+} // namespace zorvane::app

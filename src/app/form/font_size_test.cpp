@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -184,4 +184,4 @@ TEST_F(FontSize, ATextTooWideForSixteenBitsLeavesTheColumnAsItIs) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -1,6 +1,6 @@
 #include "app/form/menu_state.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 void PRO_Habilita_Menus(const App_Context& app) {
     using enum Menu_Entry;
@@ -34,4 +34,4 @@ void PRO_Quita_Solo_Lectura(const App_Context& app) {
     app.mainForm.setPanel(Panel::ReadOnly, "");
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -2,7 +2,7 @@
 
 #include "app/form/app_context.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The document commands for an open document. Save isn't among them: a file just opened has nothing to save.
 void PRO_Habilita_Menus(const App_Context& app);
@@ -16,4 +16,4 @@ void MNU_Grid_Click(const App_Context& app);
 void PRO_Marca_Solo_Lectura(const App_Context& app);
 void PRO_Quita_Solo_Lectura(const App_Context& app);
 
-} // namespace zorvane
+} // namespace zorvane::app

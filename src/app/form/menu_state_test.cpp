@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::App_Bench;
@@ -88,4 +88,4 @@ TEST_F(MenuState, TheReadOnlyMark) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

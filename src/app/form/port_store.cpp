@@ -6,7 +6,7 @@
 
 #include <charconv>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -61,4 +61,4 @@ void storePortSettings(Settings_Store& store, const Port_Settings& settings) {
     write(store, "AdapterEchoes", settings.adapterEchoes ? "True" : "False");
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

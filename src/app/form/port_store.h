@@ -3,7 +3,7 @@
 #include "app/form/settings_store.h"
 #include "comm/modbus_control/line/port_settings.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The port settings that the user chose last, section "ModbusPort". What isn't stored, or can't be used,
 /// stands at its default.
@@ -11,4 +11,4 @@ namespace zorvane {
 
 void storePortSettings(Settings_Store& store, const Port_Settings& settings);
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 struct Port_Store : testing::Test {
@@ -53,4 +53,4 @@ TEST_F(Port_Store, WhatCantBeUsedStandsAtItsDefaultAndTheRestCounts) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The per-user settings store. All values are text; a store never fails visibly.
 class Settings_Store {
@@ -14,4 +14,4 @@ class Settings_Store {
                              const std::string& text) = 0;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

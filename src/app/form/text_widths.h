@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// How wide texts are in the grids' font.
 class Text_Widths {
@@ -12,4 +12,4 @@ class Text_Widths {
     [[nodiscard]] virtual double textWidth(const std::string& text, double points) const = 0;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -10,7 +10,7 @@
 #include <cmath>
 #include <limits>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -81,4 +81,4 @@ void storeWholeRectangle(Settings_Store& store, const std::string& section, cons
         store.SaveSetting(applicationTitle, section, key, numberText(toLong(place.*member)));
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

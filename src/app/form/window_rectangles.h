@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// Reads the four stored values of a window, `current` standing in for those that were never stored. One that
 /// isn't a number, a negative size or a place beyond the screen puts all four to the fallback. Any other
@@ -32,4 +32,4 @@ inline const std::string mainWindowSection = "MainWindow";
 inline const std::string monitorSection = "ModbusDialog";
 inline const std::string previewSection = "PrintDialog";
 
-} // namespace zorvane
+} // namespace zorvane::app

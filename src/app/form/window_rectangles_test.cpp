@@ -9,7 +9,7 @@
 #include <ostream>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 void PrintTo(const Twips_Rect& place, std::ostream* out) {
     *out << place.top << " " << place.left << ", " << place.width << " by " << place.height;
@@ -146,4 +146,4 @@ TEST(SingleText, HasThePointInEveryLocale) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -16,7 +16,7 @@
 namespace zorvane::doubles {
 
 /// Ten twips a character and point.
-class Fixed_Widths : public Text_Widths {
+class Fixed_Widths : public app::Text_Widths {
   public:
     [[nodiscard]] double textWidth(const std::string& text, double points) const override {
         return 10.0 * points * static_cast<double>(text.size());
@@ -119,15 +119,15 @@ struct App_Bench {
     Fixed_Widths widths;
     std::string time = "2026-11-21 03:20:05";
     Recovery recovery{folder, [this] { return time; }, "1", &filesBefore};
-    App_State state;
-    App_Context app{{{document, form, link, mainForm}, upper, lower, navigation, editors, windows},
-                    mainForm,
-                    files,
-                    settings,
-                    widths,
-                    recovery,
-                    state,
-                    "/app"};
+    app::App_State state;
+    app::App_Context app{{{document, form, link, mainForm}, upper, lower, navigation, editors, windows},
+                         mainForm,
+                         files,
+                         settings,
+                         widths,
+                         recovery,
+                         state,
+                         "/app"};
 
     /// The user types a value into field 1.
     void edit(std::int32_t row, const std::string& value) {

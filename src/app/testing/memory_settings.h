@@ -9,7 +9,7 @@
 namespace zorvane::doubles {
 
 /// Settings in memory, by "Application/Section/Key". What is written goes to the journal.
-class Memory_Settings : public Settings_Store {
+class Memory_Settings : public app::Settings_Store {
   public:
     explicit Memory_Settings(Journal& journal) : journal_(journal) {}
 

@@ -6,13 +6,13 @@ namespace zorvane::doubles {
 
 namespace {
 
-const char* nameOf(Form_Part part) {
+const char* nameOf(app::Form_Part part) {
     switch (part) {
-    case Form_Part::Frame2:
+    case app::Form_Part::Frame2:
         return "Frame2";
-    case Form_Part::Frame3:
+    case app::Form_Part::Frame3:
         return "Frame3";
-    case Form_Part::PicLineHoriz:
+    case app::Form_Part::PicLineHoriz:
         break;
     }
     return "PicLineHoriz";
@@ -59,12 +59,12 @@ void Recording_Document_Form::wait_ms(std::int32_t milliseconds) {
     base.wait_ms(milliseconds);
 }
 
-void Recording_Document_Form::setPartVisible(Form_Part part, bool visible) {
+void Recording_Document_Form::setPartVisible(app::Form_Part part, bool visible) {
     visible_[part] = visible;
     note(std::string(nameOf(part)) + (visible ? " shown" : " hidden"));
 }
 
-void Recording_Document_Form::setPartEnabled(Form_Part part, bool enabled) {
+void Recording_Document_Form::setPartEnabled(app::Form_Part part, bool enabled) {
     note(std::string(nameOf(part)) + (enabled ? " enabled" : " disabled"));
 }
 
@@ -95,7 +95,7 @@ void Recording_Document_Form::endProgram() {
     note("program ended");
 }
 
-bool Recording_Document_Form::visible(Form_Part part) const {
+bool Recording_Document_Form::visible(app::Form_Part part) const {
     const auto found = visible_.find(part);
     return found != visible_.end() && found->second;
 }

@@ -13,7 +13,7 @@ namespace zorvane::doubles {
 /// A main form without a window, in which the two grids lie. Effects go to the journal as those of
 /// `Recording_Form` do, and those of the document commands beside them: `Frame2 hidden`, `form shown`. What
 /// became of a grid since the last effect stands before the next one: `FLX_Settings 3x2 at row 1`.
-class Recording_Document_Form : public Document_Form {
+class Recording_Document_Form : public app::Document_Form {
   public:
     Recording_Document_Form(Journal& journal, const VSFlexGrid& upper, const VSFlexGrid& lower)
         : base(journal), scriptedDialog(journal), journal_(journal), upper_(upper), lower_(lower) {}
@@ -23,7 +23,7 @@ class Recording_Document_Form : public Document_Form {
     Twips_Rect place{.left = 2000, .top = 1000, .width = 6990, .height = 7380}; ///< of the form
     Twips_Rect screenSize{.left = 0, .top = 0, .width = 28800, .height = 16200};
     bool ended = false;
-    bool previewsFail = false; ///< with failure 9, when they are made anew
+    bool previewsFail = false; ///< with failure 9, when they are made again
 
     int Msgb_Show(const std::string& prompt, int style, const std::string& title) override;
     void setPanel(Panel panel, const std::string& text) override;
@@ -43,8 +43,8 @@ class Recording_Document_Form : public Document_Form {
     void wait_until(const std::function<bool()>& condition) override { base.wait_until(condition); }
     void wait_ms(std::int32_t milliseconds) override;
 
-    void setPartVisible(Form_Part part, bool visible) override;
-    void setPartEnabled(Form_Part part, bool enabled) override;
+    void setPartVisible(app::Form_Part part, bool visible) override;
+    void setPartEnabled(app::Form_Part part, bool enabled) override;
     void setMenuChecked(Menu_Entry entry, bool checked) override;
     [[nodiscard]] bool menuChecked(Menu_Entry entry) const override;
     [[nodiscard]] Twips_Rect formRectangle() const override { return place; }
@@ -59,9 +59,9 @@ class Recording_Document_Form : public Document_Form {
     void restartPreviews(double fontSize) override;
     void endProgram() override;
     void choose(const std::string& entry) override { note("chosen " + entry); }
-    [[nodiscard]] CommonDialog& dialog() override { return scriptedDialog; }
+    [[nodiscard]] app::CommonDialog& dialog() override { return scriptedDialog; }
 
-    [[nodiscard]] bool visible(Form_Part part) const;
+    [[nodiscard]] bool visible(app::Form_Part part) const;
 
   private:
     /// A grid as the journal last had it.
@@ -79,7 +79,7 @@ class Recording_Document_Form : public Document_Form {
     const VSFlexGrid& lower_;
     Grid_Seen upperSeen_;
     Grid_Seen lowerSeen_;
-    std::map<Form_Part, bool> visible_;
+    std::map<app::Form_Part, bool> visible_;
     std::map<Menu_Entry, bool> checked_;
 };
 

@@ -12,7 +12,7 @@
 namespace zorvane::doubles {
 
 /// The windows of the reports without a window; what is asked of them goes to the journal.
-class Recording_Print_Form : public Print_Form {
+class Recording_Print_Form : public app::Print_Form {
   public:
     explicit Recording_Print_Form(Journal& journal) : dialog(journal), journal_(journal) {}
 
@@ -43,7 +43,7 @@ class Recording_Print_Form : public Print_Form {
     bool keepsRunning() override { return !cancelsAfter || --*cancelsAfter > 0; }
     void showFontDialog(MainRepKVRT&) override { journal_.add("font dialog"); }
     void dropFontDialog(const MainRepKVRT&) override { journal_.add("font dialog dropped"); }
-    CommonDialog& OpenFile() override { return dialog; }
+    app::CommonDialog& OpenFile() override { return dialog; }
     bool platformQuestion(const std::string& text) override {
         journal_.add("question \"" + text + "\"");
         return yes;

@@ -20,7 +20,7 @@ struct Dialog_Answer {
 
 /// A file dialog whose user is scripted, one answer a dialog; beyond them each dialog is cancelled. The
 /// journal tells what a dialog came with.
-class Scripted_Dialog : public CommonDialog {
+class Scripted_Dialog : public app::CommonDialog {
   public:
     explicit Scripted_Dialog(Journal& journal) : journal_(journal) {}
 
@@ -34,13 +34,13 @@ class Scripted_Dialog : public CommonDialog {
         journal_.add(std::string(name) + " \"" + DialogTitle + "\" " + Filter + " at " +
                      std::to_string(FilterIndex) + ", flags " + std::to_string(Flags) +
                      (FileName.empty() ? "" : ", named " + FileName) + (CancelError ? "" : ", no failure"));
-        if (answers.empty()) throw Run_Time_Failure(dialogCancelled, "Cancel was selected.");
+        if (answers.empty()) throw Run_Time_Failure(app::dialogCancelled, "Cancel was selected.");
         const Dialog_Answer answer = answers.front();
         answers.pop_front();
         if (answer.before) answer.before();
         FileName = answer.FileName;
         if (answer.FilterIndex > 0) FilterIndex = answer.FilterIndex;
-        Flags = (Flags & ~Dialog_ReadOnly) | (answer.readOnly ? Dialog_ReadOnly : 0);
+        Flags = (Flags & ~app::Dialog_ReadOnly) | (answer.readOnly ? app::Dialog_ReadOnly : 0);
     }
 
     Journal& journal_;

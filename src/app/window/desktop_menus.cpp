@@ -14,9 +14,9 @@
 #include <QMenu>
 #include <QSystemTrayIcon>
 
-namespace zorvane {
+namespace zorvane::app {
 
-Desktop_Tray_Icon::Desktop_Tray_Icon(Main_Window& window, std::function<void(Tray_Message message)> used)
+Desktop_Tray_Icon::Desktop_Tray_Icon(ui::Main_Window& window, std::function<void(Tray_Message message)> used)
     : window_(window), used_(std::move(used)) {}
 
 Desktop_Tray_Icon::~Desktop_Tray_Icon() = default;
@@ -24,9 +24,9 @@ Desktop_Tray_Icon::~Desktop_Tray_Icon() = default;
 /// Some hosts tell of single clicks only, so those count as double ones.
 bool Desktop_Tray_Icon::add(const std::string& tip) {
     if (!QSystemTrayIcon::isSystemTrayAvailable()) return false;
-    icon_ = std::make_unique<QSystemTrayIcon>(icon(QStringLiteral("application")));
+    icon_ = std::make_unique<QSystemTrayIcon>(ui::icon(QStringLiteral("application")));
     icon_->setObjectName(QStringLiteral("Tray_Data"));
-    icon_->setToolTip(fromCore(tip));
+    icon_->setToolTip(ui::fromCore(tip));
     QObject::connect(icon_.get(), &QSystemTrayIcon::activated, icon_.get(),
                      [this](QSystemTrayIcon::ActivationReason reason) {
                          if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
@@ -46,7 +46,7 @@ void Desktop_Tray_Icon::remove() {
 
 void Desktop_Tray_Icon::popUpMenu() { window_.menu().trayMenu().popup(QCursor::pos()); }
 
-std::string Window_Tray_Form::caption() const { return toCore(window_.windowTitle()); }
+std::string Window_Tray_Form::caption() const { return ui::toCore(window_.windowTitle()); }
 
 void Window_Tray_Form::hide() {
     hiddenByTray_ = true;
@@ -100,11 +100,11 @@ void Desktop_Menus::connectViewCommands() {
 }
 
 void Desktop_Menus::MNU_FontSize_Click() {
-    Font_Dialog* shown = fontDialog_.data();
+    ui::Font_Dialog* shown = fontDialog_.data();
     if (shown == nullptr) {
         std::int16_t stored = 1;
         PRO_Indice_Font(menu_.app, stored);
-        auto* dialog = new Font_Dialog(stored, &menu_.window());
+        auto* dialog = new ui::Font_Dialog(stored, &menu_.window());
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->save = [this](std::int16_t index) { storeFontIndex(menu_.app, index); };
         dialog->ChangeFont = [this](double size) {
@@ -138,7 +138,7 @@ void Desktop_Menus::connectHelpCommands() {
 
 void Desktop_Menus::MNU_About_Click() {
     if (about_ == nullptr) {
-        about_ = new Acercade(menu_.mainForm.ask, &menu_.window());
+        about_ = new ui::Acercade(menu_.mainForm.ask, &menu_.window());
         about_->setAttribute(Qt::WA_DeleteOnClose);
     }
     about_->show();
@@ -147,7 +147,7 @@ void Desktop_Menus::MNU_About_Click() {
 }
 
 void Desktop_Menus::connectColumnTip() {
-    Column_Tip& tip = menu_.window().picTip();
+    ui::Column_Tip& tip = menu_.window().picTip();
     menu_.window().FLX_Settings().events().UserResizing = [&tip](std::int32_t, std::int32_t twips) {
         tip.drag(twips);
     };
@@ -155,4 +155,4 @@ void Desktop_Menus::connectColumnTip() {
     menu_.mainForm.extras.removeColumnTip = [&tip] { tip.stop(); };
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -11,14 +11,16 @@
 
 class QSystemTrayIcon;
 
-namespace zorvane {
-
+namespace zorvane::ui {
 class Acercade;
+} // namespace zorvane::ui
+
+namespace zorvane::app {
 
 /// The icon in the tray of this desktop.
 class Desktop_Tray_Icon final : public Tray_Icon {
   public:
-    Desktop_Tray_Icon(Main_Window& window, std::function<void(Tray_Message message)> used);
+    Desktop_Tray_Icon(ui::Main_Window& window, std::function<void(Tray_Message message)> used);
     ~Desktop_Tray_Icon() override;
 
     [[nodiscard]] bool add(const std::string& tip) override;
@@ -26,7 +28,7 @@ class Desktop_Tray_Icon final : public Tray_Icon {
     void popUpMenu() override;
 
   private:
-    Main_Window& window_;
+    ui::Main_Window& window_;
     std::function<void(Tray_Message message)> used_;
     std::unique_ptr<QSystemTrayIcon> icon_;
 };
@@ -34,7 +36,7 @@ class Desktop_Tray_Icon final : public Tray_Icon {
 /// The main form as the tray knows it.
 class Window_Tray_Form final : public Tray_Form {
   public:
-    explicit Window_Tray_Form(Main_Window& window) : window_(window) {}
+    explicit Window_Tray_Form(ui::Main_Window& window) : window_(window) {}
 
     [[nodiscard]] bool hidden() const override { return window_.isHidden(); }
     /// A window that hid while it was minimized still counts as such, though some desktops forget it.
@@ -46,7 +48,7 @@ class Window_Tray_Form final : public Tray_Form {
     void setEntryChecked(bool checked) override;
 
   private:
-    Main_Window& window_;
+    ui::Main_Window& window_;
     bool hiddenByTray_ = false;
 };
 
@@ -64,7 +66,7 @@ class Desktop_Menus {
 
     [[nodiscard]] Tray& tray() { return tray_; }
     /// While it is there.
-    [[nodiscard]] Font_Dialog* FontSizeDialog() const { return fontDialog_; }
+    [[nodiscard]] ui::Font_Dialog* FontSizeDialog() const { return fontDialog_; }
 
   private:
     void connectViewCommands();
@@ -79,8 +81,8 @@ class Desktop_Menus {
     Desktop_Tray_Icon icon_;
     Window_Tray_Form form_;
     Tray tray_;
-    QPointer<Font_Dialog> fontDialog_;
-    QPointer<Acercade> about_;
+    QPointer<ui::Font_Dialog> fontDialog_;
+    QPointer<ui::Acercade> about_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

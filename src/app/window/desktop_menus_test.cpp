@@ -10,7 +10,7 @@
 #include <QPushButton>
 #include <QSystemTrayIcon>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::Program_Fixture;
@@ -26,7 +26,7 @@ class Window_Desktop : public Program_Fixture {
         putModels();
         std::filesystem::copy_file(appFolder() + "/EXAMPLE.KVRT207D", path("site7.KVRT207D"));
     }
-    [[nodiscard]] Font_Dialog* fontDialog() const { return program->desktop().FontSizeDialog(); }
+    [[nodiscard]] ui::Font_Dialog* fontDialog() const { return program->desktop().FontSizeDialog(); }
     /// The user takes a size from the list.
     void chooseSize(int index) {
         choose("MNU_FontSize");
@@ -48,7 +48,7 @@ TEST_F(Window_Desktop, TheFontDialogIsShownWithoutWaitingAndOnce) {
     start();
     choose("MNU_FontSize");
     ASSERT_NE(fontDialog(), nullptr);
-    const Font_Dialog* first = fontDialog();
+    const ui::Font_Dialog* first = fontDialog();
     EXPECT_TRUE(first->isVisible());
     EXPECT_TRUE(first->Guardar);
     EXPECT_EQ(first->findChild<QLineEdit*>("Text1")->text(), " 8.5");
@@ -188,9 +188,9 @@ TEST_F(Window_Desktop, ABordersDragTellsTheWidth) {
     QTest::mouseMove(header.viewport(), QPoint(border, 5));
     QTest::mousePress(header.viewport(), Qt::LeftButton, {}, QPoint(border, 5));
     QTest::mouseMove(header.viewport(), QPoint(border + 30, 5));
-    Column_Tip& tip = program->window().picTip();
+    ui::Column_Tip& tip = program->window().picTip();
     EXPECT_TRUE(tip.isVisible());
-    EXPECT_EQ(tip.findChild<QLabel*>("lblTip")->text(), columnWidthText(lower().ColWidth(0)));
+    EXPECT_EQ(tip.findChild<QLabel*>("lblTip")->text(), ui::columnWidthText(lower().ColWidth(0)));
     QTest::mouseRelease(header.viewport(), Qt::LeftButton, {}, QPoint(border + 30, 5));
     EXPECT_FALSE(tip.isVisible());
 }
@@ -204,4 +204,4 @@ TEST_F(Window_Desktop, TheEndOfTheProgramRemovesTheTipsHook) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -15,7 +15,7 @@
 
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -86,4 +86,4 @@ void connectCommunicationCommands(const Menu_Context& menu) {
     menu.onChosen("separador4", [&app] { separador4_Click(app.grids.comm); });
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// What the parts of the window's menu work on. Nothing in it is owned.
 struct Menu_Context {
@@ -14,7 +14,7 @@ struct Menu_Context {
     Window_Form& mainForm;
     Event_Edge& edge;
 
-    [[nodiscard]] Main_Window& window() const { return mainForm.window(); }
+    [[nodiscard]] ui::Main_Window& window() const { return mainForm.window(); }
     /// What an entry of the menu does.
     void onChosen(const QString& entry, const std::function<void()>& handler) const;
 };
@@ -25,4 +25,4 @@ struct Menu_Context {
 void connectDocumentCommands(const Menu_Context& menu);      ///< "File" without its reports; a file dropped
 void connectCommunicationCommands(const Menu_Context& menu); ///< "Communication"
 
-} // namespace zorvane
+} // namespace zorvane::app

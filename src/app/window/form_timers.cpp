@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -53,4 +53,4 @@ void Form_Timers::setInterval(Timer_Name timer, std::int64_t milliseconds) {
     if (milliseconds <= 0) at(timer).stop();
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <functional>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The timers of the main form that the logic starts and stops.
 class Form_Timers final {
@@ -39,4 +39,4 @@ class Form_Timers final {
     std::array<std::function<void()>, count> handlers_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

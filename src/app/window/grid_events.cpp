@@ -6,13 +6,13 @@
 #include "grids/fill/stopping_on_failure.h"
 #include "grids/flx_settings.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
 using Mouse_Handler = void (*)(const Grid_Context&, std::int16_t, std::int16_t, float, float);
 
-Flex_Grid_Events::Mouse mouse(const Grid_Context& grids, Event_Edge& edge, Mouse_Handler handler) {
+ui::Flex_Grid_Events::Mouse mouse(const Grid_Context& grids, Event_Edge& edge, Mouse_Handler handler) {
     return [&grids, &edge, handler](std::int16_t button, std::int16_t shift, float x, float y) {
         edge.run([&] { handler(grids, button, shift, x, y); });
     };
@@ -23,7 +23,7 @@ std::function<void()> plain(const Grid_Context& grids, Event_Edge& edge,
     return [&grids, &edge, handler] { edge.run([&] { handler(grids); }); };
 }
 
-void connectConfiguration(Flex_Grid_Events& events, const Grid_Context& grids, Event_Edge& edge) {
+void connectConfiguration(ui::Flex_Grid_Events& events, const Grid_Context& grids, Event_Edge& edge) {
     events.RowColChange = plain(grids, edge, FLX_Configuration_RowColChange);
     events.SelChange = plain(grids, edge, FLX_Configuration_SelChange);
     events.Click = plain(grids, edge, FLX_Configuration_Click);
@@ -32,7 +32,7 @@ void connectConfiguration(Flex_Grid_Events& events, const Grid_Context& grids, E
     events.MouseUp = mouse(grids, edge, FLX_Configuration_MouseUp);
 }
 
-void connectSettings(Flex_Grid_Events& events, const Grid_Context& grids, Event_Edge& edge) {
+void connectSettings(ui::Flex_Grid_Events& events, const Grid_Context& grids, Event_Edge& edge) {
     events.BeforeEdit = [&grids, &edge](std::int32_t row, std::int32_t col, bool& cancel) {
         edge.run([&] { FLX_Settings_BeforeEdit(grids, row, col, cancel); });
     };
@@ -46,7 +46,7 @@ void connectSettings(Flex_Grid_Events& events, const Grid_Context& grids, Event_
         });
     };
     events.TakesBlock = [&grids](std::int32_t row, std::int32_t col) { return takesBlock(grids, row, col); };
-    events.Refused = [&grids](std::int32_t row, std::int32_t col, const Refused_Input& what) {
+    events.Refused = [&grids](std::int32_t row, std::int32_t col, const ui::Refused_Input& what) {
         tellRefused(grids, row, col, what.character);
     };
     events.AfterUserResize = [&grids, &edge](std::int32_t row, std::int32_t col) {
@@ -60,10 +60,10 @@ void connectSettings(Flex_Grid_Events& events, const Grid_Context& grids, Event_
 
 } // namespace
 
-void connectGrids(Main_Window& window, const Grid_Context& grids, Event_Edge& edge) {
+void connectGrids(ui::Main_Window& window, const Grid_Context& grids, Event_Edge& edge) {
     connectConfiguration(window.FLX_Configuration().events(), grids, edge);
     connectSettings(window.FLX_Settings().events(), grids, edge);
-    Flex_Grid& settings = window.FLX_Settings();
+    ui::Flex_Grid& settings = window.FLX_Settings();
     settings.view().cells().describe = [&grids, &settings](std::int32_t row, std::int32_t col) {
         return cellDescription(grids, row, col, settings.coloursOf(row, col));
     };
@@ -72,4 +72,4 @@ void connectGrids(Main_Window& window, const Grid_Context& grids, Event_Edge& ed
     };
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -23,7 +23,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -138,7 +138,7 @@ void KVRT_Principal::connectLink() {
     link().onExchange([this](const std::string& line1, const std::string& line2) {
         edge_.run([&] {
             const Debug_Line debug = [this](const std::string& line) {
-                mainForm_.FrmDebug().addLine(fromCore(line));
+                mainForm_.FrmDebug().addLine(ui::fromCore(line));
             };
             modbus_control_Event10(form_, debug, line1, line2);
         });
@@ -179,15 +179,16 @@ void KVRT_Principal::Form_Windows::updateColumnTip() {
 }
 
 void KVRT_Principal::Form_Windows::showCurrentCell() {
-    for (Flex_Grid* grid : {&mainForm_.window().FLX_Configuration(), &mainForm_.window().FLX_Settings()}) {
+    for (ui::Flex_Grid* grid :
+         {&mainForm_.window().FLX_Configuration(), &mainForm_.window().FLX_Settings()}) {
         grid->view().flush();
         grid->view().scrollTo(grid->view().currentIndex());
     }
 }
 
 Mouse_Place KVRT_Principal::Form_Windows::mousePlace() const {
-    Main_Window& window = mainForm_.window();
-    const Window_Layout& layout = window.formLayout();
+    ui::Main_Window& window = mainForm_.window();
+    const ui::Window_Layout& layout = window.formLayout();
     const QPoint origin = window.Frame3().parentWidget()->mapToGlobal(QPoint(0, 0));
     return {static_cast<double>(QCursor::pos().x()),
             static_cast<double>(QCursor::pos().y()),
@@ -202,4 +203,4 @@ Mouse_Place KVRT_Principal::Form_Windows::mousePlace() const {
             layout.FLX_Settings.width};
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -18,7 +18,7 @@
 #include <optional>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// Where the program finds its things.
 struct Program_Places {
@@ -47,7 +47,7 @@ class KVRT_Principal {
     void endBySystem() { systemEnd_.begin(); }
 
     [[nodiscard]] const App_Context& app() const { return app_; }
-    [[nodiscard]] Main_Window& window() { return window_; }
+    [[nodiscard]] ui::Main_Window& window() { return window_; }
     [[nodiscard]] Window_Form& mainForm() { return mainForm_; }
     [[nodiscard]] Modbus_Link& link() { return line_.link(); }
     [[nodiscard]] Window_Link& line() { return line_; }
@@ -87,7 +87,7 @@ class KVRT_Principal {
     Native_Recovery_Folder recoveryFolder_;
     Native_Recovery_Folder savedFolder_; ///< of files as they were before a save
     Recovery recovery_;
-    Main_Window window_;
+    ui::Main_Window window_;
     Window_Form mainForm_;
     Window_Link line_;
     Form_Windows formWindows_;
@@ -101,4 +101,4 @@ class KVRT_Principal {
     QElapsedTimer clock_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

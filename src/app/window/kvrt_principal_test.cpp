@@ -13,7 +13,7 @@
 #include <QPushButton>
 #include <QTimer>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::Program_Fixture;
@@ -121,7 +121,7 @@ TEST_F(Bad_Start, ABadIndexInTheDefaultTemplateShowsABoxAndEndsTheProgramWithOne
     Words seen;
     QTimer user;
     QObject::connect(&user, &QTimer::timeout, &user, [&] {
-        auto* box = dynamic_cast<Msgb*>(QApplication::activeModalWidget());
+        auto* box = dynamic_cast<ui::Msgb*>(QApplication::activeModalWidget());
         if (box == nullptr) return;
         seen.push_back(box->windowTitle().toStdString());
         seen.push_back(box->findChild<QLabel*>("txt_mensaje")->text().toStdString());
@@ -275,7 +275,7 @@ TEST_F(Window_Documents, AScreenReaderIsToldWhatTheColoursSay) {
     startWith("site7.KVRT207D");
     selectField(3);
     const auto described = [&](int row, int col) {
-        const Flex_Grid_Model& cells = lower().view().cells();
+        const ui::Flex_Grid_Model& cells = lower().view().cells();
         return cells.data(cells.index(row - 1, col), Qt::AccessibleDescriptionRole).toString().toStdString();
     };
     EXPECT_EQ(described(1, 0), "Fixed");
@@ -453,4 +453,4 @@ TEST_F(Window_Recovery, TheTimerKeepsACopyOfAChangedDocument) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Without one Qt would advise to install the program anew, and abort.
+/// Without one Qt would advise to install the program again, and abort.
 bool hasDisplay() {
 #ifdef Q_OS_LINUX
     constexpr std::array names = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
@@ -34,11 +34,11 @@ int main(int argc, char* argv[]) {
     }
     zorvane::takeFileSizeLimitAsFailure();
     QApplication application(argc, argv);
-    QApplication::setStyle(new zorvane::Focus_Style); // the application takes it over
+    QApplication::setStyle(new zorvane::ui::Focus_Style); // the application takes it over
     QApplication::setApplicationName(QStringLiteral("Zorvane"));
-    QApplication::setWindowIcon(zorvane::icon(QStringLiteral("application")));
+    QApplication::setWindowIcon(zorvane::ui::icon(QStringLiteral("application")));
     QApplication::setQuitOnLastWindowClosed(false);
-    zorvane::KVRT_Principal principal(zorvane::programPlaces());
-    const zorvane::End_Signals listening([&principal] { principal.endBySystem(); });
+    zorvane::app::KVRT_Principal principal(zorvane::app::programPlaces());
+    const zorvane::app::End_Signals listening([&principal] { principal.endBySystem(); });
     return principal.run();
 }

@@ -3,14 +3,14 @@
 #include "template/services/native_files.h"
 #include "ui/main/message_bar_view.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
 const std::string cutMessageTopic = "panel 4";
 
-Shown_Line shownLine(const Bar_Line& line, Event_Edge& edge) {
-    Shown_Line shown{
+ui::Shown_Line shownLine(const Bar_Line& line, Event_Edge& edge) {
+    ui::Shown_Line shown{
         QString::fromStdString(line.topic), line.kind == Bar_Kind::Warning, shownText(line.text), {}};
     for (const Bar_Button& button : line.buttons)
         shown.buttons.push_back({shownText(button.caption), [&edge, press = button.press] {
@@ -31,9 +31,9 @@ void tellCutMessage(Message_Bar& bar, const QString& text) {
 } // namespace
 
 void connectMessageBar(Window_Form& mainForm, Event_Edge& edge) {
-    Message_Bar_View& view = mainForm.window().messageBar();
+    ui::Message_Bar_View& view = mainForm.window().messageBar();
     mainForm.messageBar().changed = [&mainForm, &view, &edge] {
-        std::vector<Shown_Line> lines;
+        std::vector<ui::Shown_Line> lines;
         for (const Bar_Line& line : mainForm.messageBar().lines())
             lines.push_back(shownLine(line, edge));
         view.setLines(lines);
@@ -44,4 +44,4 @@ void connectMessageBar(Window_Form& mainForm, Event_Edge& edge) {
     view.onClose = [&mainForm](const QString& topic) { mainForm.messageBar().withdraw(topic.toStdString()); };
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -2,10 +2,10 @@
 
 #include "app/window/window_form.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// Shows the lines of the main form's message bar in its window, and gives their buttons what they do. Both
 /// outlive the main form's last line.
 void connectMessageBar(Window_Form& mainForm, Event_Edge& edge);
 
-} // namespace zorvane
+} // namespace zorvane::app

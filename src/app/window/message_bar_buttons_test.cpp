@@ -7,12 +7,12 @@
 #include <QLabel>
 #include <QPushButton>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 struct Message_Bar_Buttons : doubles::Program_Fixture {
     [[nodiscard]] Bar_Lines& bar() const { return program->mainForm().messageBar(); }
-    [[nodiscard]] Message_Bar_View& view() const { return program->window().messageBar(); }
+    [[nodiscard]] ui::Message_Bar_View& view() const { return program->window().messageBar(); }
     template <class Widget> Widget& named(const char* name) {
         QApplication::processEvents();
         Widget* widget = program->window().findChild<Widget*>(name);
@@ -164,4 +164,4 @@ TEST_F(Message_Bar_Buttons, an_upload_tells_of_values_that_no_cell_takes) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

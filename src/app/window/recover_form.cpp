@@ -14,7 +14,7 @@
 
 #include <array>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -36,27 +36,27 @@ constexpr std::array columns = {
 
 } // namespace
 
-Recover_Form::Recover_Form(std::vector<Recovery_Entry> entries, Remove_Copy remove, Ask_User ask,
+Recover_Form::Recover_Form(std::vector<Recovery_Entry> entries, Remove_Copy remove, ui::Ask_User ask,
                            QWidget* parent)
     : QDialog(parent), entries_(std::move(entries)), remove_(std::move(remove)), ask_(std::move(ask)) {
-    giveName(*this, QStringLiteral("FrmRecover"));
+    ui::giveName(*this, QStringLiteral("FrmRecover"));
     setWindowTitle(QStringLiteral("Recover"));
     auto* layout = new QVBoxLayout(this);
     words_ = new QLabel(this);
-    giveName(*words_, QStringLiteral("LBL_Words"));
+    ui::giveName(*words_, QStringLiteral("LBL_Words"));
     words_->setWordWrap(true);
     layout->addWidget(words_);
     addTable();
     layout->addWidget(table_, 1);
     addButtons();
     fillTable();
-    resize(scaleOf(*this).size(formWidth, formHeight));
+    resize(ui::scaleOf(*this).size(formWidth, formHeight));
     table_->setFocus();
 }
 
 void Recover_Form::addTable() {
     table_ = new QTableWidget(0, static_cast<int>(columns.size()), this);
-    giveName(*table_, QStringLiteral("LST_Copies"));
+    ui::giveName(*table_, QStringLiteral("LST_Copies"));
     table_->setAccessibleName(QStringLiteral("Recovery copies"));
     for (std::size_t c = 0; c < columns.size(); ++c)
         table_->setHorizontalHeaderItem(static_cast<int>(c),
@@ -79,7 +79,7 @@ void Recover_Form::addButtons() {
     auto* row = new QHBoxLayout;
     const auto add = [&](const char* name, const char* text) {
         auto* button = new QPushButton(QString::fromLatin1(text), this);
-        giveName(*button, QString::fromLatin1(name));
+        ui::giveName(*button, QString::fromLatin1(name));
         row->addWidget(button);
         return button;
     };
@@ -104,7 +104,7 @@ void Recover_Form::fillTable() {
                             new QTableWidgetItem(shownText(entries_[r].*columns[c].member)));
     table_->resizeColumnsToContents();
     for (int c = 0; c < table_->columnCount(); ++c)
-        table_->setColumnWidth(c, table_->columnWidth(c) + scaleOf(*this).pixelsX(columnMargin));
+        table_->setColumnWidth(c, table_->columnWidth(c) + ui::scaleOf(*this).pixelsX(columnMargin));
     if (!entries_.empty()) table_->selectRow(0);
     showState();
 }
@@ -135,7 +135,7 @@ void Recover_Form::deleteChosen() {
     const Recovery_Entry entry = entries_[*index];
     const QString question = QStringLiteral("Do you want to delete the copy of %1 from %2?")
                                  .arg(shownText(entry.name), shownText(entry.time));
-    if (ask_(question, Msgb_Question + Msgb_YesNo, fromCore(applicationTitle)) != Msgb_Code_Yes) return;
+    if (ask_(question, Msgb_Question + Msgb_YesNo, ui::fromCore(applicationTitle)) != Msgb_Code_Yes) return;
     remove_(entry);
     entries_.erase(entries_.begin() + static_cast<std::ptrdiff_t>(*index));
     fillTable();
@@ -159,4 +159,4 @@ bool Recover_Form::eventFilter(QObject* watched, QEvent* event) {
     }
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

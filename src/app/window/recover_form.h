@@ -13,7 +13,7 @@ class QLabel;
 class QPushButton;
 class QTableWidget;
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// "Recover...": the list of recovery copies, the newest first. Enter or a double click opens one, Delete
 /// deletes it.
@@ -21,7 +21,7 @@ class Recover_Form final : public QDialog {
   public:
     using Remove_Copy = std::function<void(const Recovery_Entry& entry)>;
 
-    Recover_Form(std::vector<Recovery_Entry> entries, Remove_Copy remove, Ask_User ask, QWidget* parent);
+    Recover_Form(std::vector<Recovery_Entry> entries, Remove_Copy remove, ui::Ask_User ask, QWidget* parent);
 
     /// The copy to open, after the dialog was accepted.
     [[nodiscard]] std::optional<Recovery_Entry> chosen() const;
@@ -39,11 +39,11 @@ class Recover_Form final : public QDialog {
 
     std::vector<Recovery_Entry> entries_;
     Remove_Copy remove_;
-    Ask_User ask_;
+    ui::Ask_User ask_;
     QTableWidget* table_ = nullptr;
     QLabel* words_ = nullptr;
     QPushButton* open_ = nullptr;
     QPushButton* delete_ = nullptr;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

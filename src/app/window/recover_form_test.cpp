@@ -9,7 +9,7 @@
 #include <QTableWidget>
 #include <QTimer>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using testing::ElementsAre;
@@ -170,4 +170,4 @@ TEST_F(Recover_Command_Window, CancelOpensNothing) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -25,20 +25,21 @@
 #include <QTextEdit>
 #include <QUrl>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
 const std::string animationFile = "Barra.avi";
 const std::string cannotPrint = "The report can't be printed. Please verify the printer...";
 
-std::vector<Preview_Tool> toolsOf(MainRepKVRT& report) {
-    std::vector<Preview_Tool> tools;
+std::vector<ui::Preview_Tool> toolsOf(MainRepKVRT& report) {
+    std::vector<ui::Preview_Tool> tools;
     for (std::size_t index = 1; index <= report.Tools.Count(); ++index) {
         const Report_Tool& tool = report.Tools.Item(index);
-        const QIcon picture = tool.picture == pageSetupPicture ? icon(QStringLiteral("page_setup")) : QIcon();
+        const QIcon picture =
+            tool.picture == pageSetupPicture ? ui::icon(QStringLiteral("page_setup")) : QIcon();
         tools.push_back(
-            {fromCore(tool.Caption), fromCore(tool.Tooltip), picture, tool.Visible, tool.Enabled});
+            {ui::fromCore(tool.Caption), ui::fromCore(tool.Tooltip), picture, tool.Visible, tool.Enabled});
     }
     return tools;
 }
@@ -57,17 +58,17 @@ Report_Windows::Report_Windows(const App_Context& app, Window_Form& mainForm, Ev
       busy_(edge,
             [this] {
                 const std::string file = app_.applicationFolder + folderSeparator + animationFile;
-                return std::make_unique<Mensaje>(app_.files.exists(file), dialogParent());
+                return std::make_unique<ui::Mensaje>(app_.files.exists(file), dialogParent());
             }),
       exportDialog_([this] { return dialogParent(); }), exporters_([this] { return busy_.keepsRunning(); }),
       commands_(app, *this,
-                {metrics_, presentTime, toCore(mainForm.window().FLX_Configuration().view().font().family()),
-                 exporters_,
+                {metrics_, presentTime,
+                 ui::toCore(mainForm.window().FLX_Configuration().view().font().family()), exporters_,
                  [](const std::string& path, const std::string& bytes) {
                      writeByteFile(pathToNative(Native_Files().found(path)), bytes);
                  }}),
       log_(*this, metrics_, presentTime) {
-    prompts.pageSetup = [](Page_Setup_Dialog& dialog) { return dialog.exec() == QDialog::Accepted; };
+    prompts.pageSetup = [](ui::Page_Setup_Dialog& dialog) { return dialog.exec() == QDialog::Accepted; };
     prompts.print = [](QPrintDialog& dialog) { return dialog.exec() == QDialog::Accepted; };
     prompts.exportFile = [](QFileDialog& dialog) { return dialog.exec() == QDialog::Accepted; };
     exportDialog_.run = [this](QFileDialog& dialog) {
@@ -79,7 +80,8 @@ Report_Windows::Report_Windows(const App_Context& app, Window_Form& mainForm, Ev
         QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
     };
     prompts.yesNo = [this](const QString& text) {
-        return QMessageBox::question(dialogParent(), fromCore(applicationTitle), text) == QMessageBox::Yes;
+        return QMessageBox::question(dialogParent(), ui::fromCore(applicationTitle), text) ==
+               QMessageBox::Yes;
     };
 }
 
@@ -115,14 +117,15 @@ QWidget* Report_Windows::dialogParent() const {
     return mainForm_.dialogParent();
 }
 
-Preview_Window* Report_Windows::window(const MainRepKVRT* report) const {
+ui::Preview_Window* Report_Windows::window(const MainRepKVRT* report) const {
     const auto found = previews_.find(report);
     return found == previews_.end() ? nullptr : found->second.window.data();
 }
 
 bool Report_Windows::PageSetup(Page_Settings& page, Report_Printer& printer) {
     const bool metric = QLocale().measurementSystem() == QLocale::MetricSystem;
-    Page_Setup_Dialog dialog(page, printer, QPrinterInfo::availablePrinterNames(), metric, dialogParent());
+    ui::Page_Setup_Dialog dialog(page, printer, QPrinterInfo::availablePrinterNames(), metric,
+                                 dialogParent());
     if (!prompts.pageSetup(dialog)) return false;
     page = dialog.page();
     printer = dialog.printer();
@@ -131,14 +134,14 @@ bool Report_Windows::PageSetup(Page_Settings& page, Report_Printer& printer) {
 
 void Report_Windows::showPreview(MainRepKVRT& report, int zoom) {
     if (window(&report) == nullptr) makeWindow(report, zoom);
-    Preview_Window& shown = *window(&report);
+    ui::Preview_Window& shown = *window(&report);
     shown.show();
     shown.raise();
     shown.activateWindow();
 }
 
 void Report_Windows::makeWindow(MainRepKVRT& report, int zoom) {
-    auto* made = new Preview_Window(fromCore(report.Caption), toolsOf(report));
+    auto* made = new ui::Preview_Window(ui::fromCore(report.Caption), toolsOf(report));
     previews_[&report] = {made, nullptr};
     made->setPlace(reachable(report.Window, mainForm_.screen()));
     made->view().setZoom(zoom);
@@ -157,13 +160,13 @@ void Report_Windows::makeWindow(MainRepKVRT& report, int zoom) {
 }
 
 void Report_Windows::showPages(const MainRepKVRT& report) {
-    if (Preview_Window* shown = window(&report)) shown->setPages(&report.Pages.document);
+    if (ui::Preview_Window* shown = window(&report)) shown->setPages(&report.Pages.document);
 }
 
 void Report_Windows::releasePreview(const MainRepKVRT& report) {
     const auto found = previews_.find(&report);
     if (found == previews_.end()) return;
-    Preview_Window* shown = found->second.window;
+    ui::Preview_Window* shown = found->second.window;
     if (QDialog* dialog = found->second.fontDialog) dialog->close(); // it still speaks of the report
     previews_.erase(found);
     if (shown == nullptr) return;
@@ -176,7 +179,7 @@ void Report_Windows::releasePreview(const MainRepKVRT& report) {
 QDialog* Report_Windows::makeFontDialog(MainRepKVRT& report) {
     std::int16_t stored = 1;
     PRO_Indice_Font(app_, stored);
-    auto* dialog = new Font_Dialog(stored, window(&report));
+    auto* dialog = new ui::Font_Dialog(stored, window(&report));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->Guardar = false;
     dialog->ChangeFont = [this, &report](double size) {
@@ -207,11 +210,11 @@ void Report_Windows::openFolderOf(const std::string& path) {
 bool Report_Windows::platformQuestion(const std::string& text) { return prompts.yesNo(shownText(text)); }
 
 void Report_Windows::printPreview(MainRepKVRT& report) {
-    Preview_Window* shown = window(&report);
+    ui::Preview_Window* shown = window(&report);
     if (shown == nullptr) return;
     const Declara_Zorvane& document = app_.document();
     const QString title = document.File_Stem.empty()
-                              ? fromCore(report.Caption)
+                              ? ui::fromCore(report.Caption)
                               : shownText(document.File_Stem + "." + document.File_Extension);
     printPages(report, title, shown->view().page(), true);
 }
@@ -221,7 +224,7 @@ void Report_Windows::printLog(const QTextEdit& RtbStatus, const QString& logFile
     QString text = RtbStatus.toPlainText();
     text.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
     const QFont font = RtbStatus.font();
-    const Rich_Text log{toCore(text), {toCore(font.family()), font.pointSizeF(), font.bold()}, 0};
+    const Rich_Text log{ui::toCore(text), {ui::toCore(font.family()), font.pointSizeF(), font.bold()}, 0};
     run([&] { log_.btnPrint_Click(log, pathFromNative(logFile.toStdString())); });
 }
 
@@ -232,16 +235,18 @@ void Report_Windows::printReport(rptPrintLog& report, bool prompt) {
 void Report_Windows::printPages(ActiveReport& report, const QString& title, int shown, bool prompt) {
     const Page_Document& pages = report.Pages.document;
     QPrinter printer(QPrinter::HighResolution);
-    prepare(printer, pages, report.Printer, title);
+    ui::prepare(printer, pages, report.Printer, title);
     if (prompt) {
         QPrintDialog dialog(&printer, dialogParent());
-        prepare(dialog, pages, shown);
+        ui::prepare(dialog, pages, shown);
         if (!prompts.print(dialog)) return;
     }
     busy_.show();
-    const Print_Outcome outcome = print(printer, pages, shown, [this] { return busy_.keepsRunning(); });
+    const ui::Print_Outcome outcome =
+        ui::print(printer, pages, shown, [this] { return busy_.keepsRunning(); });
     busy_.end();
-    if (outcome == Print_Outcome::Failed) mainForm_.Msgb_Show(cannotPrint, Msgb_Critical, applicationTitle);
+    if (outcome == ui::Print_Outcome::Failed)
+        mainForm_.Msgb_Show(cannotPrint, Msgb_Critical, applicationTitle);
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -18,15 +18,17 @@ class QFileDialog;
 class QPrintDialog;
 class QTextEdit;
 
-namespace zorvane {
-
+namespace zorvane::ui {
 class Page_Setup_Dialog;
 class Preview_Window;
+} // namespace zorvane::ui
+
+namespace zorvane::app {
 
 /// How the reports ask the user; whatever drives the program in a test replaces these. Each gives true for a
 /// confirmed choice.
 struct Report_Prompts {
-    std::function<bool(Page_Setup_Dialog& dialog)> pageSetup;
+    std::function<bool(ui::Page_Setup_Dialog& dialog)> pageSetup;
     std::function<bool(QPrintDialog& dialog)> print;
     std::function<bool(QFileDialog& dialog)> exportFile;
     std::function<bool(const QString& text)> yesNo;
@@ -52,12 +54,12 @@ class Report_Windows final : private Print_Form {
     [[nodiscard]] Print_Commands& commands() { return commands_; }
     [[nodiscard]] Print_Log_Command& log() { return log_; }
     /// The window of a report, or none.
-    [[nodiscard]] Preview_Window* window(const MainRepKVRT* report) const;
+    [[nodiscard]] ui::Preview_Window* window(const MainRepKVRT* report) const;
     [[nodiscard]] Busy_Run& busy() { return busy_; }
 
   private:
     struct Open_Preview {
-        QPointer<Preview_Window> window;
+        QPointer<ui::Preview_Window> window;
         QPointer<QDialog> fontDialog;
     };
 
@@ -96,4 +98,4 @@ class Report_Windows final : private Print_Form {
     Print_Log_Command log_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -18,7 +18,7 @@
 #include <QTimer>
 #include <QToolButton>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::Program_Fixture;
@@ -47,14 +47,14 @@ class Window_Reports : public Program_Fixture {
     }
     [[nodiscard]] Report_Windows& reports() const { return program->reports(); }
     [[nodiscard]] Print_Commands& commands() const { return reports().commands(); }
-    [[nodiscard]] Preview_Window* allWindow() const { return reports().window(commands().PrintAll()); }
-    [[nodiscard]] Preview_Window* oneWindow() const { return reports().window(commands().PrintGrid()); }
-    static void click(Preview_Window& window, int tool) {
+    [[nodiscard]] ui::Preview_Window* allWindow() const { return reports().window(commands().PrintAll()); }
+    [[nodiscard]] ui::Preview_Window* oneWindow() const { return reports().window(commands().PrintGrid()); }
+    static void click(ui::Preview_Window& window, int tool) {
         window.findChild<QToolButton*>(QStringLiteral("Tool%1").arg(tool))->click();
         QApplication::processEvents();
     }
     void setMargins(double inches) {
-        reports().prompts.pageSetup = [inches](Page_Setup_Dialog& dialog) {
+        reports().prompts.pageSetup = [inches](ui::Page_Setup_Dialog& dialog) {
             for (auto* box : dialog.findChildren<QDoubleSpinBox*>())
                 box->setValue(box->suffix() == " mm" ? inches * 25.4 : inches);
             return true;
@@ -125,7 +125,7 @@ TEST_F(Window_Reports, AnotherDocumentLeavesTheEntryOfAnOpenPreviewDisabled) {
 TEST_F(Window_Reports, ThePreviewShowsAllFieldsAsAWholePage) {
     startReports();
     choose("MNU_PrintAll");
-    Preview_Window& window = *allWindow();
+    ui::Preview_Window& window = *allWindow();
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(window.windowTitle(), "Preview Print All Pages");
     EXPECT_EQ(window.view().zoom(), zoomWholePage);
@@ -208,7 +208,7 @@ TEST_F(Window_Reports, StoredMarginsAreThoseOfTheNextStart) {
 TEST_F(Window_Reports, ANewPaperReachesThePreview) {
     startReports();
     choose("MNU_PrintAll");
-    reports().prompts.pageSetup = [](Page_Setup_Dialog& dialog) {
+    reports().prompts.pageSetup = [](ui::Page_Setup_Dialog& dialog) {
         dialog.findChild<QWidget*>("Landscape")->setProperty("checked", true);
         return true;
     };
@@ -267,7 +267,7 @@ TEST_F(Window_Reports, APreviewTakesItsFontDialogAlong) {
 TEST_F(Window_Reports, ClosingTheDocumentClosesThePreviews) {
     startReports();
     choose("MNU_PrintAll");
-    const QPointer<Preview_Window> window = allWindow();
+    const QPointer<ui::Preview_Window> window = allWindow();
     choose("MNU_Close");
     EXPECT_EQ(commands().PrintAll(), nullptr);
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -514,4 +514,4 @@ TEST_F(Window_Reports, WhileAReportRunsOnlyItsFormTakesInput) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

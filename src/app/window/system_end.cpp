@@ -2,7 +2,7 @@
 
 #include "app/form_life.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -33,4 +33,4 @@ void System_End::look() {
     Form_Unload(app_);
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -6,7 +6,7 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The way out when the system ends the program: nobody is asked anything, and nobody is waited for long.
 class System_End {
@@ -31,4 +31,4 @@ class System_End {
     QElapsedTimer since_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QTimer>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using testing::ElementsAre;
@@ -93,7 +93,7 @@ TEST_F(System_End_Test, ADownloadIsCancelledFirst) {
 TEST_F(System_End_Test, AnOpenQuestionGoesUnanswered) {
     connectSlowController();
     program->mainForm().ask = [this](const QString& prompt, int style, const QString& title) {
-        return Msgb_Show(&program->window(), prompt, style, title);
+        return ui::Msgb_Show(&program->window(), prompt, style, title);
     };
     choose("MNU_Upload");
     QTimer::singleShot(200, &program->window(), [this] { program->endBySystem(); });
@@ -113,4 +113,4 @@ TEST_F(System_End_Test, ASecondWishWaitsForNothing) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -8,12 +8,12 @@
 #include <QFile>
 #include <QFileInfo>
 
-namespace zorvane {
+namespace zorvane::app {
 
-File_Dialog Window_Dialog::prepared() const {
-    File_Dialog shown;
+ui::File_Dialog Window_Dialog::prepared() const {
+    ui::File_Dialog shown;
     shown.FileName = QFile::decodeName(QByteArray::fromStdString(pathToNative(FileName)));
-    shown.DialogTitle = fromCore(DialogTitle);
+    shown.DialogTitle = ui::fromCore(DialogTitle);
     shown.Filter = QString::fromStdString(pathToNative(Filter));
     shown.FilterIndex = FilterIndex;
     shown.InitDir = InitDir.empty() ? lastFolder_ : QString::fromStdString(pathToNative(InitDir));
@@ -21,7 +21,7 @@ File_Dialog Window_Dialog::prepared() const {
     return shown;
 }
 
-void Window_Dialog::take(const File_Dialog& shown, bool chosen) {
+void Window_Dialog::take(const ui::File_Dialog& shown, bool chosen) {
     if (!chosen) {
         if (CancelError) throw Run_Time_Failure(dialogCancelled, "Cancel was selected.");
         return;
@@ -33,7 +33,7 @@ void Window_Dialog::take(const File_Dialog& shown, bool chosen) {
 
 /// The box for read-only starts without a tick: one for the last file says nothing of the next.
 void Window_Dialog::ShowOpen() {
-    File_Dialog shown = prepared();
+    ui::File_Dialog shown = prepared();
     shown.Flags = Flags & ~(Dialog_HideReadOnly | Dialog_ReadOnly);
     const bool chosen = shown.ShowOpen(parent_());
     if (chosen) Flags = shown.Flags;
@@ -41,11 +41,11 @@ void Window_Dialog::ShowOpen() {
 }
 
 void Window_Dialog::ShowSave() {
-    File_Dialog shown = prepared();
+    ui::File_Dialog shown = prepared();
     shown.Flags = Flags;
-    const std::vector<Dialog_Filter> types = dialogFilters(shown.Filter);
-    if (!types.empty()) shown.DefaultExt = firstExtension(types.front());
+    const std::vector<ui::Dialog_Filter> types = ui::dialogFilters(shown.Filter);
+    if (!types.empty()) shown.DefaultExt = ui::firstExtension(types.front());
     take(shown, shown.ShowSave(parent_()));
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

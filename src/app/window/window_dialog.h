@@ -7,7 +7,7 @@
 
 #include <functional>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The main form's file dialog.
 class Window_Dialog final : public CommonDialog {
@@ -25,11 +25,11 @@ class Window_Dialog final : public CommonDialog {
     std::function<bool(QFileDialog& dialog)> run;
 
   private:
-    [[nodiscard]] File_Dialog prepared() const;
-    void take(const File_Dialog& shown, bool chosen);
+    [[nodiscard]] ui::File_Dialog prepared() const;
+    void take(const ui::File_Dialog& shown, bool chosen);
 
     std::function<QWidget*()> parent_;
     QString lastFolder_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -16,7 +16,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::app {
 
 namespace {
 
@@ -74,11 +74,11 @@ Twips_Rect reachable(Twips_Rect place, const Twips_Rect& screen) {
     return place;
 }
 
-Window_Form::Window_Form(Main_Window& window, Event_Edge& edge)
+Window_Form::Window_Form(ui::Main_Window& window, Event_Edge& edge)
     : window_(window), edge_(edge), progress_(&window),
       grids_(window.FLX_Configuration(), window.FLX_Settings()), dialog_([this] { return dialogParent(); }) {
     ask = [this](const QString& prompt, int style, const QString& title) {
-        return zorvane::Msgb_Show(dialogParent(), prompt, style, title);
+        return ui::Msgb_Show(dialogParent(), prompt, style, title);
     };
 }
 
@@ -109,7 +109,7 @@ std::string Window_Form::panel(Panel panel) const {
 
 /// "Print Page" has keys of its own, which the state of the menu around it doesn't reach.
 void Window_Form::setMenuEnabled(Menu_Entry entry, bool enabled) {
-    Main_Menu& menu = window_.menu();
+    ui::Main_Menu& menu = window_.menu();
     if (entry == Menu_Entry::MNU_PrintPage)
         printPageEnabled_ = enabled;
     else
@@ -139,7 +139,7 @@ void Window_Form::setFormEnabled(bool enabled) {
 }
 
 void Window_Form::setLostComShown(bool shown) {
-    if (shown && lostCom_ == nullptr) lostCom_ = new Lost_Com(&window_);
+    if (shown && lostCom_ == nullptr) lostCom_ = new ui::Lost_Com(&window_);
     if (lostCom_ != nullptr) lostCom_->setVisible(shown);
 }
 
@@ -222,8 +222,8 @@ Twips_Rect Window_Form::screen() const {
 
 void Window_Form::showForm() { window_.show(); }
 
-Frm_Debug& Window_Form::FrmDebug() {
-    if (frmDebug_ == nullptr) frmDebug_ = new Frm_Debug(&window_);
+ui::Frm_Debug& Window_Form::FrmDebug() {
+    if (frmDebug_ == nullptr) frmDebug_ = new ui::Frm_Debug(&window_);
     return *frmDebug_;
 }
 
@@ -239,7 +239,7 @@ void Window_Form::restartPreviews(double fontSize) {
     if (extras.restartPreviews) extras.restartPreviews(fontSize);
 }
 
-void Window_Form::choose(const std::string& entry) { window_.menu().action(fromCore(entry)).trigger(); }
+void Window_Form::choose(const std::string& entry) { window_.menu().action(ui::fromCore(entry)).trigger(); }
 
 void Window_Form::endProgram(int exitCode) {
     if (edge_.ended()) return;
@@ -248,4 +248,4 @@ void Window_Form::endProgram(int exitCode) {
     QApplication::exit(exitCode);
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -10,10 +10,12 @@
 
 #include <functional>
 
-namespace zorvane {
-
+namespace zorvane::ui {
 class Frm_Debug;
 class Lost_Com;
+} // namespace zorvane::ui
+
+namespace zorvane::app {
 
 /// What the tray, the column tip, the previews and the status form do when the main form is asked for them.
 /// Each may be empty: then there is none.
@@ -33,7 +35,7 @@ struct Window_Extras {
 class Window_Form final : public Document_Form {
   public:
     /// Both outlive it.
-    Window_Form(Main_Window& window, Event_Edge& edge);
+    Window_Form(ui::Main_Window& window, Event_Edge& edge);
 
     Window_Extras extras;
     /// Shows a message and waits for the answer; whatever drives the program in a test replaces this.
@@ -86,9 +88,9 @@ class Window_Form final : public Document_Form {
     [[nodiscard]] int exitCode() const noexcept { return exitCode_; }
 
     [[nodiscard]] Form_Timers& timers() { return timers_; }
-    [[nodiscard]] Main_Window& window() { return window_; }
+    [[nodiscard]] ui::Main_Window& window() { return window_; }
     /// Loads it first if need be.
-    [[nodiscard]] Frm_Debug& FrmDebug();
+    [[nodiscard]] ui::Frm_Debug& FrmDebug();
     /// The window that a new dialog belongs to; none before the main form is shown.
     [[nodiscard]] QWidget* dialogParent() const;
 
@@ -96,15 +98,15 @@ class Window_Form final : public Document_Form {
     [[nodiscard]] QWidget& part(Form_Part part) const;
     void giveFocusBack();
 
-    Main_Window& window_;
+    ui::Main_Window& window_;
     Event_Edge& edge_;
     Form_Timers timers_;
     Window_Progress progress_;
     Window_Grids grids_;
     Window_Dialog dialog_;
     Bar_Lines bar_;
-    Frm_Debug* frmDebug_ = nullptr; ///< this and the next belong to the window
-    Lost_Com* lostCom_ = nullptr;
+    ui::Frm_Debug* frmDebug_ = nullptr; ///< this and the next belong to the window
+    ui::Lost_Com* lostCom_ = nullptr;
     bool printPageEnabled_ = true; ///< by itself, whatever its menu is
     bool asksNobody_ = false;
     int exitCode_ = 0;
@@ -117,4 +119,4 @@ class Window_Form final : public Document_Form {
 /// neither larger than the screen nor too small to be seen.
 [[nodiscard]] Twips_Rect reachable(Twips_Rect place, const Twips_Rect& screen);
 
-} // namespace zorvane
+} // namespace zorvane::app

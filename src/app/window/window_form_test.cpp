@@ -21,7 +21,7 @@
 
 #include <fstream>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 struct Settings : testing::Test {
@@ -119,7 +119,7 @@ TEST(Reachable_Place, KeepsTheTitleOnTheScreen) {
 
 struct Frame_Test : testing::Test {
     Event_Edge edge;
-    Main_Window window;
+    ui::Main_Window window;
     Window_Form mainForm{window, edge};
 
     template <class Widget> Widget& named(const char* name) { return *window.findChild<Widget*>(name); }
@@ -234,4 +234,4 @@ TEST_F(Frame_Test, AProgressOfNothingIsAnEmptyBar) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

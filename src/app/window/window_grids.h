@@ -5,12 +5,12 @@
 
 #include <functional>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// What the transfers ask of the window's two grids.
 class Window_Grids final : public Grid_View {
   public:
-    Window_Grids(Flex_Grid& configuration, Flex_Grid& settings)
+    Window_Grids(ui::Flex_Grid& configuration, ui::Flex_Grid& settings)
         : configuration_(configuration), settings_(settings) {}
 
     /// Fills the lower grid with a field. Set before a transfer runs.
@@ -31,8 +31,8 @@ class Window_Grids final : public Grid_View {
     void setSettingsRedraw(bool /*on*/) override {}
 
   private:
-    Flex_Grid& configuration_;
-    Flex_Grid& settings_;
+    ui::Flex_Grid& configuration_;
+    ui::Flex_Grid& settings_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -3,7 +3,7 @@
 #include "app/form/port_store.h"
 #include "template/services/native_files.h"
 
-namespace zorvane {
+namespace zorvane::app {
 
 Window_Link::Window_Link(const App_Context& app, Window_Form& mainForm, const std::string& programFolder,
                          const Port_Settings& settings)
@@ -34,9 +34,9 @@ std::int32_t Window_Link::testRegister() const {
 
 /// Transfers disable the form and enable it again; how one ended is settled when the events after it are
 /// served.
-void Window_Link::connect(const Menu_Context& menu, Transfer_Status_Window::Print_Log printLog) {
+void Window_Link::connect(const Menu_Context& menu, ui::Transfer_Status_Window::Print_Log printLog) {
     status_.emplace(app_.grids.comm, &mainForm_.window(),
-                    Transfer_Status_Hooks{
+                    ui::Transfer_Status_Hooks{
                         [this](const QString& prompt, int style, const QString& title) {
                             return mainForm_.ask(prompt, style, title);
                         },
@@ -61,7 +61,7 @@ void Window_Link::enableReport(bool enabled) {
 }
 
 void Window_Link::showLogButton() {
-    mainForm_.window().StatusBar1().setLogOffered(transferLogOffered(app_.form()));
+    mainForm_.window().StatusBar1().setLogOffered(ui::transferLogOffered(app_.form()));
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

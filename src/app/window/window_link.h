@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The link of the window with all that belongs to it: its own windows, the simulated controller, the report
 /// of a transfer.
@@ -23,13 +23,13 @@ class Window_Link {
     Window_Link& operator=(const Window_Link&) = delete;
 
     /// Connects what shows the report of a transfer.
-    void connect(const Menu_Context& menu, Transfer_Status_Window::Print_Log printLog = {});
+    void connect(const Menu_Context& menu, ui::Transfer_Status_Window::Print_Log printLog = {});
 
     [[nodiscard]] Modbus_Link& link() { return link_.link(); }
-    [[nodiscard]] Line_Windows& windows() { return windows_; }
+    [[nodiscard]] ui::Line_Windows& windows() { return windows_; }
     [[nodiscard]] Qt_Simulator& simulator() { return simulator_; }
     /// Only after `connect`.
-    [[nodiscard]] Transfer_Status_Window& status() { return *status_; }
+    [[nodiscard]] ui::Transfer_Status_Window& status() { return *status_; }
 
   private:
     [[nodiscard]] std::string openTemplate() const;
@@ -40,9 +40,9 @@ class Window_Link {
     const App_Context& app_;
     Window_Form& mainForm_;
     Qt_Simulator simulator_;
-    Line_Windows windows_;
+    ui::Line_Windows windows_;
     Qt_Link link_;
-    std::optional<Transfer_Status_Window> status_;
+    std::optional<ui::Transfer_Status_Window> status_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

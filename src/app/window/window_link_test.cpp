@@ -9,7 +9,7 @@
 #include <QTextEdit>
 #include <QTimer>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::Program_Fixture;
@@ -83,7 +83,7 @@ TEST_F(Window_Line, AfterAFailedUploadThePanelKeepsItsTextAndTheLogIsOffered) {
     EXPECT_EQ(panel(4), "Error. The controller does not respond.");
     EXPECT_EQ(program->line().status().Status(), nullptr); // nothing opens by itself
     QTest::mouseClick(&logButton(), Qt::LeftButton);
-    Frm_Status* form = program->line().status().Status();
+    ui::Frm_Status* form = program->line().status().Status();
     ASSERT_NE(form, nullptr);
     EXPECT_THAT(form->findChild<QTextEdit*>(QStringLiteral("RtbStatus"))->toPlainText().toStdString(),
                 StartsWith("Transfer Method: Upload to PC\n"));
@@ -93,7 +93,7 @@ TEST_F(Window_Line, AfterAFailedUploadThePanelKeepsItsTextAndTheLogIsOffered) {
 }
 
 TEST_F(Window_Line, TheLogTakesNoInputDuringATransfer) {
-    Frm_Status& form = program->line().status().PRO_Muestra_Status(true);
+    ui::Frm_Status& form = program->line().status().PRO_Muestra_Status(true);
     use(simulatedPortName);
     choose("MNU_Upload");
     EXPECT_FALSE(form.isEnabled());
@@ -109,7 +109,7 @@ TEST_F(Window_Line, TheLogTakesNoInputDuringATransfer) {
 
 TEST_F(Window_Line, TheReportOfATransferTakesNoInputWhileTheFormTakesNone) {
     program->app().form().Transfer_Errors.resize(1);
-    Frm_Status& form = program->line().status().PRO_Muestra_Status(true);
+    ui::Frm_Status& form = program->line().status().PRO_Muestra_Status(true);
     program->mainForm().setFormEnabled(false);
     QApplication::processEvents();
     EXPECT_FALSE(form.isEnabled()) << "its Connect and Retry would cut into a transfer";
@@ -153,7 +153,7 @@ TEST_F(Window_Line, ThePortDialogOpensWhileTheLinkIsOnline) {
 
 TEST_F(Window_Line, PortSettingsAreKeptForTheNextTime) {
     QTimer::singleShot(0, [this] {
-        Port_Dialog* dialog = program->line().windows().portDialog();
+        ui::Port_Dialog* dialog = program->line().windows().portDialog();
         ASSERT_NE(dialog, nullptr);
         dialog->findChild<QComboBox*>(QStringLiteral("CMB_Port"))->setEditText("/tmp/relay");
         QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("BOT_Ok")), Qt::LeftButton);
@@ -166,7 +166,7 @@ TEST_F(Window_Line, PortSettingsAreKeptForTheNextTime) {
 TEST_F(Window_Line, TheTestReadsTheTemplatesFirstRegister) {
     use(simulatedPortName);
     QTimer::singleShot(0, [this] {
-        Port_Dialog* dialog = program->line().windows().portDialog();
+        ui::Port_Dialog* dialog = program->line().windows().portDialog();
         ASSERT_NE(dialog, nullptr);
         auto& verdict = *dialog->findChild<QPlainTextEdit*>(QStringLiteral("TXT_Verdict"));
         QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("BOT_Test")), Qt::LeftButton);
@@ -186,4 +186,4 @@ TEST_F(Window_Line, TheMonitorsEntryIsGreyWhileItIsOnScreen) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

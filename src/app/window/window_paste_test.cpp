@@ -4,7 +4,7 @@
 
 #include <QClipboard>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using testing::HasSubstr;
@@ -35,4 +35,4 @@ TEST_F(Window_Paste, APastedBlockIsRefusedInTheMessageBar) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -6,14 +6,14 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::app {
 
-Porcentaje& Window_Progress::form() {
-    if (form_ == nullptr) form_ = new Porcentaje(hooks, parent_);
+ui::Porcentaje& Window_Progress::form() {
+    if (form_ == nullptr) form_ = new ui::Porcentaje(hooks, parent_);
     return *form_;
 }
 
-void Window_Progress::setLabel(const std::string& text) { form().setLabel(fromCore(text)); }
+void Window_Progress::setLabel(const std::string& text) { form().setLabel(ui::fromCore(text)); }
 
 /// Qt's bar takes a range of nothing for "busy"; here it is a bar that stays empty.
 void Window_Progress::setRange(std::int32_t maximum) {
@@ -45,4 +45,4 @@ QWidget* Window_Progress::shownForm() const {
     return form_ != nullptr && form_->isVisible() ? form_ : nullptr;
 }
 
-} // namespace zorvane
+} // namespace zorvane::app

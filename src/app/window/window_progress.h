@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace zorvane {
+namespace zorvane::app {
 
 /// The progress form of the window. It is one form for all transfers: a question of its Cancel button may
 /// still stand when a transfer ends.
@@ -14,7 +14,7 @@ class Window_Progress final : public Progress_Form {
     explicit Window_Progress(QWidget* parent) : parent_(parent) {}
 
     /// What its Cancel button does. Set before the form is first used.
-    Porcentaje_Hooks hooks;
+    ui::Porcentaje_Hooks hooks;
 
     void setLabel(const std::string& text) override;
     void setRange(std::int32_t maximum) override;
@@ -29,12 +29,12 @@ class Window_Progress final : public Progress_Form {
     [[nodiscard]] QWidget* shownForm() const;
 
   private:
-    [[nodiscard]] Porcentaje& form();
+    [[nodiscard]] ui::Porcentaje& form();
 
     QWidget* parent_;
-    Porcentaje* form_ = nullptr; ///< belongs to the parent
+    ui::Porcentaje* form_ = nullptr; ///< belongs to the parent
     std::int32_t value_ = 0;
     std::int32_t maximum_ = 0;
 };
 
-} // namespace zorvane
+} // namespace zorvane::app

@@ -10,7 +10,7 @@
 
 #include <csignal>
 
-namespace zorvane {
+namespace zorvane::app {
 namespace {
 
 using doubles::Shown_Message;
@@ -172,4 +172,4 @@ TEST_F(Window_Transfer, TheLinesOfATransferGoToTheTestForm) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::app

@@ -75,7 +75,7 @@ class Grid_View {
     /// The current cell of FLX_Settings, from 0.
     [[nodiscard]] virtual std::int32_t settingsRow() const = 0;
     [[nodiscard]] virtual std::int32_t settingsCol() const = 0;
-    /// Fills FLX_Settings anew with the field of that row (`PRO_Llena_Settings`).
+    /// Fills FLX_Settings again with the field of that row (`PRO_Llena_Settings`).
     virtual void refillSettings(std::int32_t row) = 0;
     virtual void setSettingsText(std::int32_t row, std::int32_t col, const std::string& text) = 0;
     virtual void setSettingsTabStop(bool on) = 0;

@@ -12,7 +12,7 @@ void PRO_Titulo_Modificado(const Declara_Zorvane& document, Main_Form_State& for
 /// Marks the document as being as its file, with its plain name in the caption.
 void PRO_Titulo_Limpio(const Declara_Zorvane& document, Main_Form_State& form, Main_Form& mainForm);
 
-/// Writes the caption anew and leaves the mark as it is.
+/// Writes the caption again and leaves the mark as it is.
 void refreshTitle(const Declara_Zorvane& document, const Main_Form_State& form, Main_Form& mainForm);
 
 /// After a change: Save is on, except for the factory file of a model, which is never overwritten, and for a

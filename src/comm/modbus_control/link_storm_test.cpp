@@ -203,7 +203,7 @@ class Storm {
             1, 3, 0, static_cast<std::uint8_t>(pick(200)), 0, static_cast<std::uint8_t>(1 + pick(12))};
         if (request.at(1) == 3 && variant != 4) other[5] = request.at(5);
         other = withCrc(other);
-        if (variant == 0) { // it asks behind our answer
+        if (variant == 0) { // it asks after our answer
             const Micros work = turn(usualWork());
             rig.reply(answerTo(request), work);
             rig.reply(other, work + 2 * ms);

@@ -65,7 +65,7 @@ class modbus_control : public Link_Notice, public Register_Readings {
     [[nodiscard]] virtual std::int32_t ScanBlockCount() const = 0;
     /// Index (from 1) of the block now scanned. It comes back to its first value after a whole pass.
     [[nodiscard]] virtual std::int32_t ScanBlockIndex() const = 0;
-    /// The scan begins anew at the first block of the mode.
+    /// The scan begins again at the first block of the mode.
     virtual void ResetScan() = 0;
     /// Opens the port for the selected mode.
     virtual void PrepareScan() = 0;
@@ -127,7 +127,7 @@ class modbus_control : public Link_Notice, public Register_Readings {
     /// Goes up, with wrap, at each write that ends; writes that are dropped together count as one.
     [[nodiscard]] virtual std::uint32_t WritesEnded() const = 0;
     /// An answer came since the port was opened last that can't be an adapter's echo: to a read, to a block
-    /// write, an exception, or that of a single write behind its echo.
+    /// write, an exception, or that of a single write after its echo.
     [[nodiscard]] virtual bool ControllerSeen() const = 0;
 
     // Monitor window; places and sizes in twips.

@@ -143,7 +143,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
         Kind kind = Kind::None;
         std::int32_t slave = 0;
         std::int32_t first = 0; ///< register number
-        bool stale = false;     ///< the scan has started anew since: only the registers count
+        bool stale = false;     ///< the scan has started again since: only the registers count
         bool part = false;      ///< of a frame of the scan
     };
 

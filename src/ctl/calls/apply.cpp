@@ -8,7 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -59,4 +59,4 @@ class Apply_Subcommand : public Subcommand {
 
 std::unique_ptr<Subcommand> makeApplySubcommand() { return std::make_unique<Apply_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -12,7 +12,7 @@
 
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -126,4 +126,4 @@ class Check_Subcommand : public Subcommand {
 
 std::unique_ptr<Subcommand> makeCheckSubcommand() { return std::make_unique<Check_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

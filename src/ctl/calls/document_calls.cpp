@@ -1,6 +1,6 @@
 #include "ctl/calls/document_calls.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 std::vector<Subcommand_Entry> documentCalls() {
     return {
@@ -9,7 +9,7 @@ std::vector<Subcommand_Entry> documentCalls() {
         {"dump", "Show what a template and a configuration say", makeDumpSubcommand},
         {"show", "Show the table of a field, offline or on a register image", makeShowSubcommand},
         {"set", "Commit an entry in a cell, as the window's editor would", makeSetSubcommand},
-        {"save", "Read a configuration and write it anew", makeSaveSubcommand},
+        {"save", "Read a configuration and write it again", makeSaveSubcommand},
         {"update", "Rewrite a configuration of the older KVRT generation", makeUpdateSubcommand},
         {"apply", "Fill a document from a saved register image", makeApplySubcommand},
         {"plan", "Show every write that a download would make", makePlanSubcommand},
@@ -17,4 +17,4 @@ std::vector<Subcommand_Entry> documentCalls() {
     };
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

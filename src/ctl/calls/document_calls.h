@@ -2,7 +2,7 @@
 
 #include "ctl/document/subcommand.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// The calls that need no serial port. Each has a file of its own.
 [[nodiscard]] std::vector<Subcommand_Entry> documentCalls();
@@ -18,4 +18,4 @@ namespace zorvane {
 [[nodiscard]] std::unique_ptr<Subcommand> makeSetSubcommand();
 [[nodiscard]] std::unique_ptr<Subcommand> makeRecoverSubcommand();
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -5,7 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -37,4 +37,4 @@ class Dump_Subcommand : public Subcommand {
 
 std::unique_ptr<Subcommand> makeDumpSubcommand() { return std::make_unique<Dump_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -11,7 +11,7 @@
 #include <ostream>
 #include <system_error>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -63,4 +63,4 @@ class Models_Subcommand : public Subcommand {
 
 std::unique_ptr<Subcommand> makeModelsSubcommand() { return std::make_unique<Models_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

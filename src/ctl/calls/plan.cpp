@@ -10,7 +10,7 @@
 #include <charconv>
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -93,4 +93,4 @@ class Plan_Subcommand : public Subcommand {
 
 std::unique_ptr<Subcommand> makePlanSubcommand() { return std::make_unique<Plan_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

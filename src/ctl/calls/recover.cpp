@@ -13,7 +13,7 @@
 #include <optional>
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -45,7 +45,7 @@ void printCopies(std::ostream& out, const std::vector<Recovery_Entry>& entries) 
 
 std::string whyNotMade(int error) {
     if (error == EEXIST) return "there is such a file already. Choose another name.";
-    return std::string(failureText(writingFailure(error))) + ". Choose another file, or mend the cause.";
+    return std::string(failureText(writingFailure(error))) + ". Choose another file, or correct the cause.";
 }
 
 class Recover_Subcommand : public Subcommand {
@@ -104,4 +104,4 @@ class Recover_Subcommand : public Subcommand {
 
 std::unique_ptr<Subcommand> makeRecoverSubcommand() { return std::make_unique<Recover_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -8,7 +8,7 @@
 
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -40,4 +40,4 @@ class Save_Subcommand : public Subcommand {
 
 std::unique_ptr<Subcommand> makeSaveSubcommand() { return std::make_unique<Save_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -11,7 +11,7 @@
 #include <ostream>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -131,4 +131,4 @@ class Set_Subcommand : public Subcommand {
 
 std::unique_ptr<Subcommand> makeSetSubcommand() { return std::make_unique<Set_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -14,7 +14,7 @@
 #include <iterator>
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -110,4 +110,4 @@ class Show_Subcommand : public Subcommand {
 
 std::unique_ptr<Subcommand> makeShowSubcommand() { return std::make_unique<Show_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -11,7 +11,7 @@
 
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -87,4 +87,4 @@ class Update_Subcommand : public Subcommand {
 
 std::unique_ptr<Subcommand> makeUpdateSubcommand() { return std::make_unique<Update_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -12,7 +12,7 @@
 #include <filesystem>
 #include <system_error>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -81,8 +81,8 @@ std::string saveDocument(const Call_Context& context, Opened_Document& opened, c
         opened.document.Save_Failed = true;
     if (!result.empty())
         tell(context.err, printablePath(path) + " could not be written: " + printable(result) +
-                              ". Choose another file, or mend the cause.");
+                              ". Choose another file, or correct the cause.");
     return result;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// The two files of a document, as most calls take them.
 struct Document_Arguments {
@@ -36,4 +36,4 @@ void keepFileBefore(const Call_Context& context, const std::string& path, std::s
 [[nodiscard]] std::string saveDocument(const Call_Context& context, Opened_Document& opened,
                                        const std::string& outPath);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

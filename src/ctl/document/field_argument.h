@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <limits>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// What counts from 1.
 inline CLI::Range countedFromOne() { return {1, std::numeric_limits<std::int32_t>::max(), "POSITIVE"}; }
@@ -15,4 +15,4 @@ inline void addField(CLI::App& arguments, std::int32_t& field) {
     arguments.add_option("FIELD", field, "The field's number, from 1")->required()->check(countedFromOne());
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

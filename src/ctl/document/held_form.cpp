@@ -1,6 +1,6 @@
 #include "ctl/document/held_form.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 void Held_Progress::tell() const {
     if (changed) changed();
@@ -60,4 +60,4 @@ bool Held_Form::menuEnabled(Menu_Entry entry) const {
     return found != menus_.end() && found->second;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

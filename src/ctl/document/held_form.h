@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// How the progress form of a transfer stands.
 enum class Progress_State {
@@ -113,4 +113,4 @@ class Held_Form : public Main_Form {
     std::vector<std::string> messages_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

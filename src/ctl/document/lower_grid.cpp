@@ -4,7 +4,7 @@
 #include "ctl/document/held_form.h"
 #include "grids/rules/typed_entry.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -80,4 +80,4 @@ Entry_Note commitEntry(Declara_Zorvane& document, const Cell_Place& place, const
     return note;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// A link that is up, as a fill of the lower grid sees it.
 struct Online_Scene {
@@ -47,4 +47,4 @@ struct Entry_Note {
 [[nodiscard]] Entry_Note commitEntry(Declara_Zorvane& document, const Cell_Place& place,
                                      const std::string& text);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

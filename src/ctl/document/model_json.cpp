@@ -1,6 +1,6 @@
 #include "ctl/document/model_json.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 Json messagesJson(const std::vector<Message_Note>& messages) {
     Json list = Json::array();
@@ -158,4 +158,4 @@ void writeModel(Json_Stream& json, const Opened_Document& opened) {
     json.member("Colors", coloursJson(document.Colors));
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -3,7 +3,7 @@
 #include "ctl/document/opened_document.h"
 #include "ctl/text/json_stream.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// [{"style","title","text"}]. The texts may name paths.
 [[nodiscard]] Json messagesJson(const std::vector<Message_Note>& messages);
@@ -12,4 +12,4 @@ namespace zorvane {
 /// the names of its records. REQUIRES: an object is open in the stream.
 void writeModel(Json_Stream& json, const Opened_Document& opened);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -88,4 +88,4 @@ void printModel(std::ostream& out, const Opened_Document& opened) {
     printWrites(out, document);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

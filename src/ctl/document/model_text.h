@@ -4,10 +4,10 @@
 
 #include <iosfwd>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// Prints a document for people: the controller, its fields with their tables, and what the link scans and
 /// writes. Very large tables are cut, and say so.
 void printModel(std::ostream& out, const Opened_Document& opened);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

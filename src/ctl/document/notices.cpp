@@ -7,7 +7,7 @@
 #include <ostream>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -99,4 +99,4 @@ void tellReadings(std::ostream& err, const Opened_Document& opened) {
     if (opened.configuration) tellReading(err, *opened.configuration, "configuration file");
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// A text for a terminal: UTF-8, with control characters made harmless.
 [[nodiscard]] std::string printable(std::string_view text);
@@ -33,4 +33,4 @@ void tellFailure(std::ostream& err, const std::string& what, const Failure_Note&
 /// What to do about a failure of that number.
 [[nodiscard]] std::string advice(int failure);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

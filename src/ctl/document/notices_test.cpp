@@ -6,7 +6,7 @@
 
 #include <sstream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 TEST(Notices, EachFailureSaysWhatToLookFor) {
@@ -34,4 +34,4 @@ TEST(Notices, AFailureIsToldWithItsNumberAndAdvice) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

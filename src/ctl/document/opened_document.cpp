@@ -3,7 +3,7 @@
 #include "template/pro_leer_archivo.h"
 #include "template/services/file_names.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -77,4 +77,4 @@ Opened_Document openDocument(const Document_Source& opening) {
     return opened;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

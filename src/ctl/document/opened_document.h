@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// A message that a user of the window would have seen.
 struct Message_Note {
@@ -66,4 +66,4 @@ struct Document_Source {
 /// what comes after the failing statement is done all the same. No file is rewritten.
 [[nodiscard]] Opened_Document openDocument(const Document_Source& opening);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

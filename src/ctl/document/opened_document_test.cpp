@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 class Noted_Link : public Link_Notice {
@@ -36,4 +36,4 @@ TEST(OpenedDocument, TellsTheLinkWhatTheTemplateSaysOfIt) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -3,7 +3,7 @@
 #include "cells/cell_reading.h"
 #include "values/run_time_failure.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -37,4 +37,4 @@ void Own_Values::putBackUnread(const Comm_Context& comm) const {
     }
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

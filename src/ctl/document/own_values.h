@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// The values that a document has of its own before an upload. The upload fills every cell from the register
 /// image, in which a register that was never read is 0.
@@ -25,4 +25,4 @@ class Own_Values {
     std::vector<Own_Value> values_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

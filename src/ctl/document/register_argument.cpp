@@ -4,7 +4,7 @@
 #include "template/line_scanner.h"
 #include "template/services/native_files.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 std::optional<Register_Values> readRegisterFile(const Call_Context& context, const std::string& path) {
     const std::string file = pathFromNative(path);
@@ -13,7 +13,7 @@ std::optional<Register_Values> readRegisterFile(const Call_Context& context, con
     } catch (const Run_Time_Failure& failure) {
         tellFailure(context.err, printablePath(file), {failure.number(), failure.description()});
     } catch (const Bad_Register_File& bad) {
-        tell(context.err, printablePath(file) + ": " + bad.what() + ". Mend the register file.");
+        tell(context.err, printablePath(file) + ": " + bad.what() + ". Correct the register file.");
     }
     return std::nullopt;
 }
@@ -33,4 +33,4 @@ bool writeRegisterFile(const Call_Context& context, const std::string& path,
     return !failure;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// Reads a register file (UTF-8 path). Nothing, and a notice, when it is missing or malformed.
 [[nodiscard]] std::optional<Register_Values> readRegisterFile(const Call_Context& context,
@@ -16,4 +16,4 @@ namespace zorvane {
 [[nodiscard]] bool writeRegisterFile(const Call_Context& context, const std::string& path,
                                      const Register_Values& registers);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

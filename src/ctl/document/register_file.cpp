@@ -4,7 +4,7 @@
 
 #include <charconv>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -47,4 +47,4 @@ std::string registersText(const Register_Values& registers) {
     return text + "\n}\n";
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -4,7 +4,7 @@
 #include "comm/transfer/registers_to_cells.h"
 #include "comm/transfer/requests/needed_registers.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 std::optional<Failure_Note> applyRegisters(Declara_Zorvane& document, const Register_Values& registers) {
     Dry_Run_Link link(registers);
@@ -36,4 +36,4 @@ Grid_Selection freshSelection(const Declara_Zorvane& document) {
     return {1, first.Rows, first.Columns - 1};
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// Fills the cells of every field from a register image, as a finished upload does. The failure that ended
 /// it, if any; the cells before it keep their new values.
@@ -34,4 +34,4 @@ struct Download_Plan {
 /// Where the current cells stand after the grids were filled: the lower grid's on its last cell.
 [[nodiscard]] Grid_Selection freshSelection(const Declara_Zorvane& document);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Ctl_Bench;
@@ -124,13 +124,13 @@ TEST_F(Selection, OutsideTheTableTheDownloadWouldStop) {
 TEST_F(Rehearsal, AMalformedRegisterFileFails) {
     const std::string file = "zorvanectl: " + bench.path("r.json") + ": ";
     EXPECT_EQ(run({"plan"}, "[1]").err,
-              file + "not a JSON object of the form {\"address\": value, ...}. Mend the register file.\n");
+              file + "not a JSON object of the form {\"address\": value, ...}. Correct the register file.\n");
     EXPECT_EQ(run({"plan"}, "{").code, 1);
     EXPECT_EQ(run({"plan"}, R"({"x1": 1})").err,
-              file + "\"x1\" is not the number of a register. Mend the register file.\n");
+              file + "\"x1\" is not the number of a register. Correct the register file.\n");
     for (const char* value : {"65536", "-1", "1.5", "\"1\"", "null"})
         EXPECT_EQ(run({"apply"}, std::string(R"({"1": )") + value + "}").err,
-                  file + "register 1 needs a whole number from 0 to 65535. Mend the register file.\n");
+                  file + "register 1 needs a whole number from 0 to 65535. Correct the register file.\n");
 }
 
 TEST_F(Rehearsal, AMissingRegisterFileFails) {
@@ -154,4 +154,4 @@ TEST(Plan_Of_A_Download, TellsWhichRegistersItsWritesAreBuiltFrom) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

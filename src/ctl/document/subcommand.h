@@ -12,8 +12,10 @@ class App;
 }
 
 namespace zorvane {
-
 class Recovery;
+} // namespace zorvane
+
+namespace zorvane::ctl {
 
 /// How the program ends.
 enum Exit_Code : int {
@@ -35,7 +37,7 @@ struct Call_Context {
 /// One call of the program: its arguments, and what it does with them.
 class Subcommand {
   public:
-    virtual ~Call() = default;
+    virtual ~Subcommand() = default;
     virtual void addArguments(CLI::App& arguments) = 0;
     /// Whether its last argument is a text of any kind, one that begins like an option too.
     [[nodiscard]] virtual bool endsInText() const { return false; }
@@ -50,4 +52,4 @@ struct Subcommand_Entry {
     std::unique_ptr<Subcommand> (*make)();
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

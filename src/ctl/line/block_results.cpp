@@ -1,6 +1,6 @@
 #include "ctl/line/block_results.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -83,4 +83,4 @@ std::optional<std::string> readingFault(const Comm_Context& comm, std::int32_t a
     return name + " were not read: " + (reading.fault->empty() ? "no answer" : *reading.fault);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

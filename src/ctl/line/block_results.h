@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// What came of a request.
 enum class Request_End {
@@ -41,4 +41,4 @@ void addBlockLists(Json& json, const std::vector<Block_Result>& blocks);
 /// latest reading since the port was opened brought a value.
 [[nodiscard]] std::optional<std::string> readingFault(const Comm_Context& comm, std::int32_t address);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -1,6 +1,6 @@
 #include "ctl/line/failed_writes.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -52,4 +52,4 @@ std::string Failed_Writes::responseSince(std::size_t records) const {
     return response.starts_with("No Response") ? std::string() : response;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// A write of a download that the controller didn't take, or not for certain.
 struct Failed_Write {
@@ -39,4 +39,4 @@ class Failed_Writes {
     std::string response_;    ///< of the present cell's last exchange
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -143,4 +143,4 @@ First_Reading readBeforeWriting(const Comm_Context& comm, const Download_Plan& p
     return reading;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// What a download reads before its first write, on the same opening of the port.
 ///
@@ -28,4 +28,4 @@ struct First_Reading {
 /// that the plan writes. Ends early when the form's `Cancel_Requested` is set.
 [[nodiscard]] First_Reading readBeforeWriting(const Comm_Context& comm, const Download_Plan& plan);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

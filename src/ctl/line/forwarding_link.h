@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// A link that hands every operation on to another one, for those that change a few of them. The other link
 /// outlives it.
@@ -98,4 +98,4 @@ class Forwarding_Link : public modbus_control {
     modbus_control& link_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

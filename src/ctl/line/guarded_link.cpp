@@ -1,6 +1,6 @@
 #include "ctl/line/guarded_link.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -97,4 +97,4 @@ void Guarded_Link::ClearWriteFailed() {
     link_.ClearWriteFailed();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// What is known of a write that was sent.
 enum class Write_State {
@@ -68,4 +68,4 @@ class Guarded_Link : public Forwarding_Link {
     bool dropped_ = false; ///< the last write wasn't sent
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

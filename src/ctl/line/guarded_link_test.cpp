@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Comm_Bench;
@@ -85,4 +85,4 @@ TEST_F(Guarded, WhoeverAsksTwiceDoesntWait) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

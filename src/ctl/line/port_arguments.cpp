@@ -2,7 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -45,4 +45,4 @@ Port_Settings Port_Arguments::settings() const {
     return settings;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// The serial port, as the calls that transfer take it.
 class Port_Arguments {
@@ -50,4 +50,4 @@ class Own_Time_Out : public Link_Notice {
     Link_Notice& link_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -5,7 +5,7 @@
 
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -31,7 +31,7 @@ std::set<std::int32_t> registersOf(const std::vector<Planned_Write>& writes) {
 /// Such as "3 were written (registers 100-102)".
 std::string part(std::size_t count, const std::string& what, const std::set<std::int32_t>& registers) {
     return std::to_string(count) + " " + what +
-           (registers.empty() ? "" : " (registers " + registersText(registers) + ")");
+           (registers.empty() ? "" : " (registers " + zorvane::registersText(registers) + ")");
 }
 
 std::string writesText(const Download_Writes& writes) {
@@ -75,4 +75,4 @@ void tellStop(std::ostream& err, const std::string& name, const Transfer_Report&
     if (!report.signal.empty()) tellSignal(err, name, report);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

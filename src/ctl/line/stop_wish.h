@@ -1,6 +1,6 @@
 #pragma once
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// Whether somebody has asked a call to end before its time.
 class Stop_Wish {
@@ -18,4 +18,4 @@ class No_Stop_Wish : public Stop_Wish {
     [[nodiscard]] const char* signal() const override { return nullptr; }
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -11,7 +11,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -197,4 +197,4 @@ Register_Values scannedRegisters(const Comm_Context& comm) {
     return registers;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

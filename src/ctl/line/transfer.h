@@ -14,7 +14,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 enum class Transfer_Outcome { Finished, Failed, Cancelled };
 
@@ -80,4 +80,4 @@ void readWholePass(const Comm_Context& comm, const std::string& request);
 /// The registers of the document's blocks that were read, as the link last saw them.
 [[nodiscard]] Register_Values scannedRegisters(const Comm_Context& comm);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -8,7 +8,7 @@
 
 #include <sstream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Comm_Bench;
@@ -141,4 +141,4 @@ TEST_F(Results, AllTextsOfThePanelAreListed) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

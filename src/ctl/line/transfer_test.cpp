@@ -9,7 +9,7 @@
 
 #include <sstream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Comm_Bench;
@@ -195,4 +195,4 @@ TEST_F(Transfer, AFailureInADownloadEndsTheSession) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -114,4 +114,4 @@ void tellTransfer(std::ostream& err, const std::string& name, const Transfer_Rep
              printable(report.panel4) + " Check the cable, the port, its settings and the slave number.");
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

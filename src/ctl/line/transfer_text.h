@@ -6,7 +6,7 @@
 #include <iosfwd>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// {"outcome","passes","errors","log","panel4"}, with the members of the records under their names; of a
 /// download also "writes": {"planned","written","failed","unknown","not_sent"}, the first being the sum of
@@ -20,4 +20,4 @@ namespace zorvane {
 /// Tells people how a transfer ended, what failed in it, and what to do. `name` is "Upload" or "Download".
 void tellTransfer(std::ostream& err, const std::string& name, const Transfer_Report& report);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

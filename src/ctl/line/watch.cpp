@@ -12,7 +12,7 @@
 #include <ostream>
 #include <set>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -161,4 +161,4 @@ bool runWatch(const Comm_Context& comm, Held_Form& mainForm, const Watch_Plan& p
     return refresh.number > 0 && !refresh.lost;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -11,7 +11,7 @@
 #include <string>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// What one refresh brought: the texts of the live cells of a field.
 struct Live_Refresh {
@@ -23,12 +23,12 @@ struct Live_Refresh {
     std::string time; ///< when it was shown, for people and in JSON; may be empty
 };
 
-/// {"refresh","lost","cells":[{"row","column","heading","text"}]}, with "time" behind "refresh" and "reason"
-/// behind "text" where there is one.
+/// {"refresh","lost","cells":[{"row","column","heading","text"}]}, with "time" after "refresh" and "reason"
+/// after "text" where there is one.
 [[nodiscard]] Json refreshJson(const Declara_Zorvane& document, std::int32_t field,
                                const Live_Refresh& refresh);
 
-/// The live columns as a table, each row behind the text of its first column, between the time and the
+/// The live columns as a table, each row after the text of its first column, between the time and the
 /// reasons.
 void printRefresh(std::ostream& out, const Declara_Zorvane& document, std::int32_t field,
                   const Live_Refresh& refresh);
@@ -52,4 +52,4 @@ struct Watch_Plan {
 /// lost at the end, or nothing was shown.
 [[nodiscard]] bool runWatch(const Comm_Context& comm, Held_Form& mainForm, const Watch_Plan& plan);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -7,7 +7,7 @@
 #include <sstream>
 #include <stdexcept>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 using doubles::Comm_Bench;
@@ -182,4 +182,4 @@ TEST_F(Watch, SaysWhyAFieldCantBeWatched) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -60,7 +60,7 @@ Ctl_Run Ctl_Bench::run(const std::vector<std::string>& arguments) const {
     Recovery copies(
         unsaved, [this] { return time; }, "7", &saved);
     const int code =
-        runProgram(documentCalls(), arguments, {files, out, err, "/opt/zorvane", false, &copies});
+        ctl::runProgram(ctl::documentCalls(), arguments, {files, out, err, "/opt/zorvane", false, &copies});
     return {code, out.str(), err.str()};
 }
 

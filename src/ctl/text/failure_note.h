@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// A run-time failure as the user is told of it.
 struct Failure_Note {
@@ -29,4 +29,4 @@ template <class Statement> [[nodiscard]] std::optional<Failure_Note> failureOf(S
     }
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

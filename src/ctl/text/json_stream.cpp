@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 void Json_Stream::separate() {
     if (named_ || levels_.empty()) {
@@ -50,4 +50,4 @@ void Json_Stream::member(std::string_view text, const Json& json) {
     value(json);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

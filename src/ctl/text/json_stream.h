@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// Writes a JSON document piece by piece, so that a table of any size needs no room in memory. The members of
 /// the outermost object or list stand on lines of their own; what lies deeper stays on its line.
@@ -39,4 +39,4 @@ class Json_Stream {
     bool named_ = false; ///< a member's name was written and its value is to follow
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 Json jsonText(std::string_view text) { return toUtf8(text); }
 
@@ -32,4 +32,4 @@ std::string compactJson(const Json& value) {
     return value.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// JSON whose members keep the order in which they were set.
 using Json = nlohmann::ordered_json;
@@ -32,4 +32,4 @@ void printJson(std::ostream& out, const Json& document);
 /// The same on a single line, without its end.
 [[nodiscard]] std::string compactJson(const Json& value);
 
-} // namespace zorvane
+} // namespace zorvane::ctl

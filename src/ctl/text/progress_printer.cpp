@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -60,4 +60,4 @@ void Progress_Printer::wipe() {
     drawn_ = 0;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

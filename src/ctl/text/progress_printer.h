@@ -4,7 +4,7 @@
 #include <iosfwd>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// Shows a transfer's progress to people: a bar that is drawn over itself on a terminal, else a line at each
 /// tenth of the way.
@@ -33,4 +33,4 @@ class Progress_Printer {
     std::string bar_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -6,7 +6,7 @@
 
 #include <sstream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 namespace {
 
 TEST(ProgressPrinter, WritesALineAtEachTenthWithoutATerminal) {
@@ -53,4 +53,4 @@ TEST(ProgressPrinter, ATransferOfNothingStandsAtZero) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ctl

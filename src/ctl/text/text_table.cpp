@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -43,4 +43,4 @@ void Text_Table::print(std::ostream& out, std::size_t indent) const {
     }
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

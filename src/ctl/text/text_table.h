@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// A table for a terminal: columns as wide as their widest text, two blanks between them. Texts are UTF-8.
 class Text_Table {
@@ -18,4 +18,4 @@ class Text_Table {
     std::vector<std::vector<std::string>> rows_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

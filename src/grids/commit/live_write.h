@@ -7,7 +7,7 @@
 
 namespace zorvane {
 
-/// What differs between the live writes of a number, a time and a list choice. The cell is looked up anew at
+/// What differs between the live writes of a number, a time and a list choice. The cell is looked up again at
 /// each step, since the waits between them serve events.
 class Live_Write_Variant {
   public:

@@ -12,7 +12,7 @@ namespace zorvane {
 namespace {
 
 const std::string loss =
-    "A file can't hold a comma or \";\": when it is read again, what stands behind it in its "
+    "A file can't hold a comma or \";\": when it is read again, what stands after it in its "
     "row is lost or in the wrong column.";
 
 bool canReplace(const Grid_Context& grids) {

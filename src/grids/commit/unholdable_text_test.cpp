@@ -28,7 +28,7 @@ struct Unholdable_Text : testing::Test, doubles::Grid_Bench {
 };
 
 const std::string loss =
-    " A file can't hold a comma or \";\": when it is read again, what stands behind it in its row is lost or "
+    " A file can't hold a comma or \";\": when it is read again, what stands after it in its row is lost or "
     "in the wrong column.";
 
 TEST_F(Unholdable_Text, a_committed_text_with_a_comma_or_semicolon_is_told) {

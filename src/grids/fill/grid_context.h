@@ -28,7 +28,7 @@ struct Grid_Context {
     Hidden_Editors& editors;
     Grid_Windows& windows;
 
-    /// The field selected in the upper grid. It is asked anew at each use, since events served while a write
+    /// The field selected in the upper grid. It is asked again at each use, since events served while a write
     /// waits can select another.
     [[nodiscard]] std::int32_t fieldNumber() const { return FLX_Configuration.Row(); }
     [[nodiscard]] Field_Rec& field() const { return comm.document.Fields(fieldNumber()); }

@@ -35,7 +35,7 @@ struct Stray_Value {
 /// The cells with such texts, in order.
 [[nodiscard]] std::vector<Cell_Place> cellsThatNoFileHolds(const Declara_Zorvane& document);
 
-/// The first row that a configuration file tells of at that line, counted from 1, or behind it, and that the
+/// The first row that a configuration file tells of at that line, counted from 1, or after it, and that the
 /// document has.
 [[nodiscard]] std::optional<Cell_Place> rowFromLine(const Declara_Zorvane& document, std::string_view file,
                                                     std::int32_t line);

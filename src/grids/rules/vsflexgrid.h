@@ -74,7 +74,7 @@ class VSFlexGrid {
     [[nodiscard]] virtual double FontSize() const = 0;
     virtual void setFontSize(double points) = 0;
 
-    // The in-cell editor. Both settings stay until they are set anew.
+    // The in-cell editor. Both settings stay until they are set again.
 
     /// "|#0;Off|#1;On" makes the editor a list of numbered entries; "" makes it free text.
     [[nodiscard]] virtual std::string ComboList() const = 0;

@@ -7,6 +7,7 @@
 #include "reports/bands/report_band.h"
 #include "reports/bands/report_fields.h"
 #include "reports/bands/text_metrics.h"
+#include "values/twips.h"
 
 #include <cstdint>
 #include <string>

@@ -163,25 +163,25 @@ void rptPrintKVRT::bindField(Report_Control& shown, const std::string& value) {
 
 void rptPrintKVRT::fillHead() {
     Report_Controls& head = GroupHeader1.Controls;
-    const auto behind = [](const Report_Control& control) { return control.Left + control.Width; };
+    const auto after = [](const Report_Control& control) { return control.Left + control.Width; };
     Report_Control& description = head("Description");
     fitLabel(description);
     Report_Control& fldDescription = head("FldDescription");
     bindField(fldDescription, field().Description);
-    fldDescription.Left = behind(description);
+    fldDescription.Left = after(description);
     fldDescription.Width = Window.width;
     Report_Control& edits = head("Edits");
     fitLabel(edits);
     Report_Control& fldEdits = head("FldEdits");
     bindField(fldEdits, "");
-    fldEdits.Left = behind(edits);
+    fldEdits.Left = after(edits);
     fldEdits.Width = editsWidth;
     Report_Control& comments = head("Comments");
     fitLabel(comments);
-    comments.Left = behind(fldEdits);
+    comments.Left = after(fldEdits);
     Report_Control& fldcomments = head("Fldcomments");
     bindField(fldcomments, "");
-    fldcomments.Left = behind(comments);
+    fldcomments.Left = after(comments);
     fldcomments.Width = Window.width;
 }
 

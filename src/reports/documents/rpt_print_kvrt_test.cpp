@@ -177,7 +177,7 @@ TEST_F(Sub_Report, ACellWhoseMessagesDoNotAnswerShowsTheTextBefore) {
     giveMessages(field().Cells(2, 1), {{1, "On"}});
     run(1);
     EXPECT_THAT(texts(1), ElementsAre("one", "one", "one", "one")); // no match, empty, not a number
-    EXPECT_THAT(texts(2), ElementsAre("", "", "", ""));             // each row begins anew
+    EXPECT_THAT(texts(2), ElementsAre("", "", "", ""));             // each row begins again
 }
 
 TEST_F(Sub_Report, CodeZeroWithoutAnEntryOfItsOwnPrintsNothing) {

@@ -89,7 +89,7 @@ void Biff_Stream::textTable(const std::vector<std::string>& texts, std::uint32_t
             if (done == wide.size()) break;
             nextRecord();
             addNumber(data, wideCharacters,
-                      1); // each further record says anew how its characters are written
+                      1); // each further record says again how its characters are written
         }
     }
     nextRecord();

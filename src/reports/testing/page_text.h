@@ -11,8 +11,8 @@ namespace zorvane::doubles {
 ///   text 1440,1440 1276x283 "Zorvane" 8.5
 ///   box 1440,2815 1100x288 c0c0c0
 ///   line 1440,1723 10531,1723
-/// Behind a text stand its size and what isn't plain of it: right, center, bold, and its colour if it isn't
-/// black; behind a line its colour and `dotted`. Colours are packed, with blue in front.
+/// After a text stand its size and what isn't plain of it: right, center, bold, and its colour if it isn't
+/// black; after a line its colour and `dotted`. Colours are packed, with blue in front.
 [[nodiscard]] std::vector<std::string> pageText(const Page_Document& document, std::size_t page);
 
 /// The texts of a page alone.

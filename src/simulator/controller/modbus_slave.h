@@ -17,7 +17,7 @@ class Modbus_Slave {
     /// `unit` from 1 to 247.
     explicit Modbus_Slave(int unit);
 
-    /// A frame of these bytes (unit first, 2 to 254 of them) with its check sum behind them.
+    /// A frame of these bytes (unit first, 2 to 254 of them) with its check sum after them.
     [[nodiscard]] Bytes sealed(Bytes_View body);
 
     /// Whether the last two bytes are the check sum of those before; false for less than 4 or more than 256.

@@ -8,7 +8,7 @@
 
 namespace zorvane::simulator {
 
-/// Puts the check sum behind the bytes of a frame.
+/// Puts the check sum after the bytes of a frame.
 using Sealer = std::function<Bytes(Bytes_View)>;
 
 /// Whether the controller still does what the request says when this fault strikes the answer.

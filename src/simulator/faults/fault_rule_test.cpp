@@ -79,12 +79,12 @@ TEST(FaultRule, SaysWhatIsWrong) {
               "fault \"crc:0%\": a rate is a number above 0 up to 100 with a percent sign, as in 5%");
     EXPECT_EQ(complaint("crc:101%"),
               "fault \"crc:101%\": a rate is a number above 0 up to 100 with a percent sign, as in 5%");
-    EXPECT_EQ(complaint("crc:0"), "fault \"crc:0\": behind \":\" stands a rate (5%) or a count from 1");
-    EXPECT_EQ(complaint("crc:"), "fault \"crc:\": behind \":\" stands a rate (5%) or a count from 1");
+    EXPECT_EQ(complaint("crc:0"), "fault \"crc:0\": after \":\" stands a rate (5%) or a count from 1");
+    EXPECT_EQ(complaint("crc:"), "fault \"crc:\": after \":\" stands a rate (5%) or a count from 1");
     EXPECT_EQ(complaint("crc@20-10"),
-              "fault \"crc@20-10\": behind \"@\" stands a register or a range, as in 40010 or 40010-40020");
+              "fault \"crc@20-10\": after \"@\" stands a register or a range, as in 40010 or 40010-40020");
     EXPECT_EQ(complaint("crc@"),
-              "fault \"crc@\": behind \"@\" stands a register or a range, as in 40010 or 40010-40020");
+              "fault \"crc@\": after \"@\" stands a register or a range, as in 40010 or 40010-40020");
     EXPECT_EQ(complaint("").substr(0, 33), "fault \"\": no such kind of fault; ");
 }
 

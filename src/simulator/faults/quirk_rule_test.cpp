@@ -46,7 +46,7 @@ TEST(QuirkRule, SaysWhatIsWrong) {
     EXPECT_EQ(complaint("forgets=3"), "quirk \"forgets=3\": forgets takes no value");
     EXPECT_EQ(complaint("drifts=9:5%"), "quirk \"drifts=9:5%\": drifts takes neither rate nor count");
     EXPECT_EQ(complaint("forgets:0"),
-              "quirk \"forgets:0\": behind \":\" stands a rate (5%) or a count from 1");
+              "quirk \"forgets:0\": after \":\" stands a rate (5%) or a count from 1");
 }
 
 TEST(QuirkRule, TheHelpNamesEveryKind) {

@@ -76,8 +76,7 @@ void parseFrequency(std::string_view frequency, const Given& given, Strike_Rule&
         return;
     }
     strike.count = parseWhole<int>(frequency);
-    if (!strike.count || *strike.count < 1)
-        refuse(given, "behind \":\" stands a rate (5%) or a count from 1");
+    if (!strike.count || *strike.count < 1) refuse(given, "after \":\" stands a rate (5%) or a count from 1");
 }
 
 void parseRange(std::string_view range, const Given& given, Strike_Rule& strike) {
@@ -86,7 +85,7 @@ void parseRange(std::string_view range, const Given& given, Strike_Rule& strike)
     strike.first = parseWhole<std::int32_t>(start);
     strike.last = end ? parseWhole<std::int32_t>(*end) : strike.first;
     if (!strike.first || !strike.last || *strike.first < 0 || *strike.last < *strike.first)
-        refuse(given, "behind \"@\" stands a register or a range, as in 40010 or 40010-40020");
+        refuse(given, "after \"@\" stands a register or a range, as in 40010 or 40010-40020");
 }
 
 } // namespace

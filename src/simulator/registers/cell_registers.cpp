@@ -42,7 +42,7 @@ std::uint16_t encodedNumber(std::int32_t value, std::int32_t bits) {
     return word(static_cast<std::int32_t>(signBit(bits) - static_cast<std::int64_t>(value)));
 }
 
-/// Two characters of a text, the first in the high byte, blanks behind the text's end.
+/// Two characters of a text, the first in the high byte, blanks after the text's end.
 std::uint16_t encodedText(std::string_view text, std::int32_t place) {
     const auto at = [&](std::size_t index) {
         return static_cast<unsigned char>(index < text.size() ? text[index] : ' ');

@@ -37,7 +37,7 @@ class Cell_Table {
     [[nodiscard]] std::int32_t lastWrittenColumn(std::int32_t row) const;
 
     /// The cells whose address is that register, whole or half, row by row. They come from an index that is
-    /// built anew after any access to a cell that may have changed it, so ask for many registers in a row.
+    /// built again after any access to a cell that may have changed it, so ask for many registers in a row.
     /// The span is good until the next access to a cell; the cells may be changed through it, but not their
     /// addresses.
     [[nodiscard]] std::span<const Register_Cell> cellsAtRegister(std::int32_t number);

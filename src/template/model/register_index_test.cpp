@@ -25,7 +25,7 @@ TEST(RegisterOfAddress, AnyOtherWritingNamesNone) {
         EXPECT_FALSE(registerOfAddress(address)) << address;
 }
 
-/// Where the cells at a register are, as their addresses one behind another.
+/// Where the cells at a register are, as their addresses one after another.
 std::string at(Cell_Table& cells, std::int32_t number) {
     std::string text;
     for (const Register_Cell& place : cells.cellsAtRegister(number))

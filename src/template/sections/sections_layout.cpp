@@ -59,7 +59,7 @@ void readFieldDescription(const Interpreter& interpreter, std::int32_t field, st
     interpreter.field(field).Description = value;
 }
 
-/// Creates the field's table anew, `rows,columns`.
+/// Creates the field's table again, `rows,columns`.
 void readFieldSize(const Interpreter& interpreter, std::int32_t number, std::string_view value) {
     const std::size_t comma = value.find(',');
     if (comma == std::string_view::npos) return;

@@ -40,7 +40,7 @@ class Files {
         ignoringFailure([&] { text = read(path); });
         return text;
     }
-    /// A file created anew, or overwritten. Failures: 70, 75, 76 no such folder.
+    /// A file created again, or overwritten. Failures: 70, 75, 76 no such folder.
     [[nodiscard]] virtual std::unique_ptr<Text_Writer> create(const std::string& path) = 0;
     /// The names of all files of a folder, in the order of their names, case ignored.
     [[nodiscard]] virtual std::vector<std::string> list(const std::string& folder) = 0;

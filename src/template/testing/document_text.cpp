@@ -15,7 +15,7 @@ std::string quoted(std::string_view text) {
     return result.append(text).append(1, '"');
 }
 
-/// Members of a record behind one another: `Address "100", Width 800`, the empty ones left out.
+/// Members of a record one after another: `Address "100", Width 800`, the empty ones left out.
 class Members {
   public:
     Members& add(const char* name, std::string_view text) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 QPoint placeBeside(const QSize& window, const QRect& other, const QRect& screen, int gap) {
     const QPoint last(std::max(screen.left(), screen.left() + screen.width() - window.width()),
@@ -19,4 +19,4 @@ QPoint placeBeside(const QSize& window, const QRect& other, const QRect& screen,
     return found != places.end() ? *found : last;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

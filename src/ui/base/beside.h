@@ -4,11 +4,11 @@
 #include <QRect>
 #include <QSize>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Where a window of that size stands beside another one and wholly on the screen: below it, above it, right
 /// or left of it, with `gap` pixels between the two. Where there is room on no side, in the screen's lower
 /// right corner. All with their frames, in pixels.
 [[nodiscard]] QPoint placeBeside(const QSize& window, const QRect& other, const QRect& screen, int gap);
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -4,7 +4,7 @@
 
 #include <QPainter>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -36,4 +36,4 @@ void Caption_Box::paintEvent(QPaintEvent*) {
     painter.drawText(captionLeft, metrics.capHeight(), title());
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -2,7 +2,7 @@
 
 #include <QGroupBox>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// A frame whose caption stands in its upper line, so that what lies inside may begin right below it.
 class Caption_Box final : public QGroupBox {
@@ -13,4 +13,4 @@ class Caption_Box final : public QGroupBox {
     void paintEvent(QPaintEvent* event) override;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -2,7 +2,7 @@
 
 #include <QRegularExpression>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -41,4 +41,4 @@ QString firstExtension(const Dialog_Filter& filter) {
     return extension.contains(u'*') || extension.contains(u'?') ? QString() : extension;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

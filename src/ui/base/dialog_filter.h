@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// A file type on offer in a file dialog.
 struct Dialog_Filter {
@@ -26,4 +26,4 @@ struct Dialog_Filter {
 /// The extension of the first pattern without its dot, "" for one like "*.*".
 [[nodiscard]] QString firstExtension(const Dialog_Filter& filter);
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -13,7 +13,7 @@
 #include <QMouseEvent>
 #include <QWindow>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -114,4 +114,4 @@ bool File_Dialog::ShowSave(QWidget* parent) {
     return finish(dialog);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -7,7 +7,7 @@
 class QFileDialog;
 class QWidget;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// A file dialog, the same on every desktop. Names are the user's, with "/" between folders.
 class File_Dialog final {
@@ -40,4 +40,4 @@ class File_Dialog final {
     bool finish(QFileDialog& dialog);
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

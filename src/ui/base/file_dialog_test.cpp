@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 class File_Dialog_Test : public testing::Test {
@@ -147,4 +147,4 @@ TEST_F(File_Dialog_Test, AppendsTheExtensionThatTheOwnerGives) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -4,7 +4,7 @@
 
 #include <QPushButton>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -39,4 +39,4 @@ void Fixed_Dialog::put(QWidget& widget, const QString& name, const Twips_Rect& p
     placeAt(widget, place);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

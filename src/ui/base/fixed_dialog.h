@@ -8,7 +8,7 @@
 
 class QPushButton;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// How a dialog asks the user something: text, style, title; the answer's code.
 using Ask_User = std::function<int(const QString& prompt, int style, const QString& title)>;
@@ -26,4 +26,4 @@ class Fixed_Dialog : public QDialog {
     void put(QWidget& widget, const QString& name, const Twips_Rect& place);
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QStyleOption>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -24,4 +24,4 @@ void Focus_Style::drawControl(ControlElement element, const QStyleOption* option
     painter->restore();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

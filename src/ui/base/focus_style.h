@@ -2,7 +2,7 @@
 
 #include <QProxyStyle>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// The desktop's style, in which the button that has the keyboard can be told from the one that Enter
 /// presses: some styles draw both alike.
@@ -13,4 +13,4 @@ class Focus_Style final : public QProxyStyle {
                      const QWidget* widget) const override;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -3,9 +3,9 @@
 #include <QIcon>
 #include <QString>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// One of the program's own drawings, by the name of its file: "application", "critical", "save" ...
 [[nodiscard]] QIcon icon(const QString& name);
 
-} // namespace zorvane
+} // namespace zorvane::ui

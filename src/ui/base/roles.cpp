@@ -4,7 +4,7 @@
 #include <QVariant>
 #include <QWidget>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -25,4 +25,4 @@ void giveRole(QWidget& widget, QAccessible::Role role) {
     widget.setProperty(property, static_cast<int>(role));
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -39,4 +39,4 @@ void giveName(QWidget& widget, const QString& name) {
     widget.setAccessibleDescription(name);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -7,7 +7,7 @@
 
 class QWidget;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// The text of the core, bytes in Windows-1252, as the window shows it.
 [[nodiscard]] QString fromCore(std::string_view text);
@@ -26,4 +26,4 @@ namespace zorvane {
 /// for whoever looks from outside. The accessible name stays free, since it would hide the text of a label.
 void giveName(QWidget& widget, const QString& name);
 
-} // namespace zorvane
+} // namespace zorvane::ui

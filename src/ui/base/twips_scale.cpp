@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -35,4 +35,4 @@ Twips_Scale scaleOf(const QWidget& widget) {
 
 void placeAt(QWidget& widget, const Twips_Rect& place) { widget.setGeometry(scaleOf(widget).rect(place)); }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -7,7 +7,7 @@
 
 class QWidget;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Between twips and the logical pixels of a screen. At 96 dots to the inch a pixel is 15 twips.
 struct Twips_Scale {
@@ -32,4 +32,4 @@ struct Twips_Scale {
 /// Puts a widget at a place inside its parent.
 void placeAt(QWidget& widget, const Twips_Rect& place);
 
-} // namespace zorvane
+} // namespace zorvane::ui

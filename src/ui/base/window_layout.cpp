@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numeric>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -93,4 +93,4 @@ Window_Layout splitterReleased(Window_Layout layout) {
     return layout;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

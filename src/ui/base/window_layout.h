@@ -5,7 +5,7 @@
 #include <array>
 #include <cstddef>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 inline constexpr std::size_t panelCount = 7;
 
@@ -52,4 +52,4 @@ inline constexpr double designHeight = 6630;
 /// The bar was let go where it stands: the upper frame takes the change of height from the lower one.
 [[nodiscard]] Window_Layout splitterReleased(Window_Layout layout);
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 constexpr double formWidth = 6840;
@@ -151,4 +151,4 @@ TEST(Splitter_Test, CountsTheNextDragFromWhereItWasLetGo) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

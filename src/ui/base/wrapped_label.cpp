@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QTextOption>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -38,4 +38,4 @@ void Wrapped_Label::paintEvent(QPaintEvent*) {
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine, shown);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// A label that breaks a line also inside a word, such as a long file name, when it must.
 class Wrapped_Label final : public QLabel {
@@ -24,4 +24,4 @@ class Wrapped_Label final : public QLabel {
     bool readableAlways_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

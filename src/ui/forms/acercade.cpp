@@ -7,7 +7,7 @@
 #include <QLabel>
 #include <QPushButton>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -50,4 +50,4 @@ bool Acercade::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

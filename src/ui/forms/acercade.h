@@ -2,7 +2,7 @@
 
 #include "ui/base/fixed_dialog.h"
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// The about box. F12 on its button shows the credits.
 class Acercade final : public Fixed_Dialog {
@@ -17,4 +17,4 @@ class Acercade final : public Fixed_Dialog {
     QPushButton* close_ = nullptr;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

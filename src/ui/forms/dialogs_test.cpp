@@ -19,7 +19,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using Words = std::vector<std::string>;
@@ -332,4 +332,4 @@ TEST(Mensaje_Test, KeepsTheStateOfItsTimer) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

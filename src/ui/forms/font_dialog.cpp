@@ -10,7 +10,7 @@
 #include <QListWidget>
 #include <QPushButton>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -86,4 +86,4 @@ void Font_Dialog::choose() {
     close();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -9,7 +9,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// `FontDialog`: the text size of the grids and reports, from a list of seven. The sample shows the size that
 /// is applied, not the one listed. Its owner shows it without waiting.
@@ -37,4 +37,4 @@ class Font_Dialog final : public Fixed_Dialog {
     QLabel* sample_ = nullptr;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

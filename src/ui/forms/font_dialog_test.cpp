@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using Words = std::vector<std::string>;
@@ -140,4 +140,4 @@ TEST_F(Font_Dialog_Test, ADoubleClickOnASizeChoosesIt) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

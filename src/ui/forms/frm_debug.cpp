@@ -10,7 +10,7 @@
 #include <QScrollBar>
 #include <QTextCursor>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -63,4 +63,4 @@ void Frm_Debug::closeEvent(QCloseEvent* event) {
     hide();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -4,7 +4,7 @@
 
 class QPlainTextEdit;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// `FrmDebug`, a spare window with one text box. Closing it only hides it, so that its text stays.
 class Frm_Debug final : public QWidget {
@@ -13,7 +13,7 @@ class Frm_Debug final : public QWidget {
 
     [[nodiscard]] QPlainTextEdit& EDT_Prueba() { return *text_; }
 
-    /// Puts a line, with its end, behind the text; a box that shows the end of its text goes on doing so.
+    /// Puts a line, with its end, after the text; a box that shows the end of its text goes on doing so.
     void addLine(const QString& line);
 
   protected:
@@ -24,4 +24,4 @@ class Frm_Debug final : public QWidget {
     QPlainTextEdit* text_ = nullptr;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

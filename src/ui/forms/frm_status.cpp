@@ -15,7 +15,7 @@
 
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -166,4 +166,4 @@ void Frm_Status::PRO_Guarda_Log() {
     file.commit();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -8,7 +8,7 @@
 
 class QTextEdit;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// What the transfer status form tells the main form. `isUpload` is 0 after a download.
 struct Frm_Status_Events {
@@ -63,4 +63,4 @@ class Frm_Status final : public Fixed_Dialog {
     bool unloading_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

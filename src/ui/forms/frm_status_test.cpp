@@ -18,7 +18,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using ::testing::Contains;
@@ -350,4 +350,4 @@ TEST(StatusBarLog, InAWindowTooNarrowForMessagesItCoversNoTextOfTheLink) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -10,7 +10,7 @@
 
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -93,4 +93,4 @@ bool Lost_Com::eventFilter(QObject* watched, QEvent* event) {
     return Fixed_Dialog::eventFilter(watched, event);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

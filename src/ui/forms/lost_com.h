@@ -4,7 +4,7 @@
 
 #include <QPointer>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// `LostCom`: tells that the controller doesn't answer any more. It isn't modal and takes no focus. While the
 /// user is asked something it stands beside the question, and its button works all the same.
@@ -27,4 +27,4 @@ class Lost_Com final : public Fixed_Dialog {
     bool leavesKeyboard_ = false; ///< a desktop that activates it at its showing is told otherwise
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

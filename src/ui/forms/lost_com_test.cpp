@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 const QRect screenArea(0, 0, 1280, 1024);
@@ -105,4 +105,4 @@ TEST_F(Lost_Com_Beside_Question, AQuestionOfAQuestionHasItBesideItToo) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

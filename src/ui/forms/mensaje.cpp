@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QScreen>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -85,4 +85,4 @@ void Mensaje::hideEvent(QHideEvent* event) {
     Fixed_Dialog::hideEvent(event);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -8,7 +8,7 @@ class QLabel;
 class QProgressBar;
 class QPushButton;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// `Mensaje`, the busy form: it lies above all others and takes no focus. With the animation at hand it shows
 /// a moving bar, else a growing row of dots.
@@ -44,4 +44,4 @@ class Mensaje final : public Fixed_Dialog {
     bool timerEnabled_ = true;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

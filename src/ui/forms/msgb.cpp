@@ -7,7 +7,7 @@
 
 #include <QPushButton>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -79,4 +79,4 @@ int Msgb_Show(QWidget* parent, const QString& prompt, int style, const QString& 
     return box.Msgb_Result();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -3,7 +3,7 @@
 #include "ui/base/fixed_dialog.h"
 #include "ui/forms/msgb_buttons.h"
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// The program's own message box. A message too long for its place makes the box higher.
 class Msgb final : public Fixed_Dialog {
@@ -24,4 +24,4 @@ class Msgb final : public Fixed_Dialog {
 /// Shows the box and waits for the answer. `parent` is the window that it belongs to, or none.
 [[nodiscard]] int Msgb_Show(QWidget* parent, const QString& prompt, int style, const QString& title);
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -2,7 +2,7 @@
 
 #include "template/services/asker.h"
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -52,4 +52,4 @@ Msgb_Look msgbLook(int style) {
     return look;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// What a style makes of the message box: which icons show, and what each button reads and returns.
 struct Msgb_Look {
@@ -29,4 +29,4 @@ struct Msgb_Look {
 /// 2, 3 and 5 gives Yes, No and Cancel.
 [[nodiscard]] Msgb_Look msgbLook(int style);
 
-} // namespace zorvane
+} // namespace zorvane::ui

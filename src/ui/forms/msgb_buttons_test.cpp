@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 /// The buttons of a style from the first to the last, "-" for a hidden one: "Yes=6 No=7 -".
@@ -67,4 +67,4 @@ TEST(Msgb_Buttons_Test, TakesEachIconOffOnce) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -8,7 +8,7 @@
 
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -92,4 +92,4 @@ void Porcentaje::closeEvent(QCloseEvent* event) {
     if (isVisible()) buttonThatShows();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

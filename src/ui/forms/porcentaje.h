@@ -7,7 +7,7 @@
 class QLabel;
 class QProgressBar;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// What the progress form tells its owner.
 struct Porcentaje_Hooks {
@@ -48,4 +48,4 @@ class Porcentaje final : public Fixed_Dialog {
     bool asking_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

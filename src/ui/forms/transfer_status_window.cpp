@@ -3,7 +3,7 @@
 #include "comm/transfer/status.h"
 #include "template/services/native_files.h"
 
-namespace zorvane {
+namespace zorvane::ui {
 
 Transfer_Status_Window::~Transfer_Status_Window() { delete Status_.data(); }
 
@@ -53,4 +53,4 @@ bool transferLogOffered(const Main_Form_State& form) {
     return !form.Upload_Active && !form.Download_Active && !form.Transfer_Errors.empty();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

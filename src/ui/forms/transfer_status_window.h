@@ -5,7 +5,7 @@
 
 #include <QPointer>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// What the transfer status window needs of the program.
 struct Transfer_Status_Hooks {
@@ -53,4 +53,4 @@ class Transfer_Status_Window final {
 /// Whether the last transfer has left records and is over, so that its report is worth a button.
 [[nodiscard]] bool transferLogOffered(const Main_Form_State& form);
 
-} // namespace zorvane
+} // namespace zorvane::ui

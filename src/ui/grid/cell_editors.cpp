@@ -17,7 +17,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -233,4 +233,4 @@ void List_Cell_Editor::end(Edit_End how) {
     if (onEnd) onEnd(how);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -14,7 +14,7 @@
 
 class QKeyEvent;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// What an editor didn't take.
 struct Refused_Input {
@@ -99,4 +99,4 @@ class List_Cell_Editor final : public QComboBox {
     bool ended_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

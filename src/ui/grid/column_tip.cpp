@@ -15,7 +15,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -118,4 +118,4 @@ void Column_Tip::placeAtCursor() {
     show();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -6,7 +6,7 @@
 
 class QLabel;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 class Flex_Grid_View;
 
@@ -46,4 +46,4 @@ class Column_Tip final : public QFrame {
     bool dragging_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

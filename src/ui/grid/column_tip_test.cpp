@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 /// A window whose lower grid's first column has its border at `border`, in pixels of the heading.
@@ -114,4 +114,4 @@ TEST_F(Column_Tip_Test, StopsWatchingWhenItIsToldTo) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -72,4 +72,4 @@ std::optional<std::size_t> entryWithText(const std::vector<Combo_Entry>& entries
     return placeOf([&](const Combo_Entry& entry) { return upperTrimmed(entry.text) == wanted; });
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// One entry of an in-cell list.
 struct Combo_Entry {
@@ -24,4 +24,4 @@ struct Combo_Entry {
 [[nodiscard]] std::optional<std::size_t> entryWithText(const std::vector<Combo_Entry>& entries,
                                                        std::string_view text);
 
-} // namespace zorvane
+} // namespace zorvane::ui

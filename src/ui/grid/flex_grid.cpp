@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 void Flex_Grid::setRows(std::int32_t rows) {
     if (rows == store_.Rows()) return;
@@ -119,4 +119,4 @@ void Flex_Grid::Refresh() {
     view_.viewport()->update();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

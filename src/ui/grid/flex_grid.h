@@ -2,7 +2,7 @@
 
 #include "ui/grid/flex_grid_view.h"
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// A grid control on the screen: what its owner writes goes into the cells at once, and is shown when events
 /// are served next.
@@ -80,4 +80,4 @@ class Flex_Grid final : public VSFlexGrid {
     Memory_Grid& store_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

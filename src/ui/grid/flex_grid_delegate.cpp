@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <QToolTip>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -114,4 +114,4 @@ void Flex_Grid_Delegate::updateEditorGeometry(QWidget* editor, const QStyleOptio
     editor->setGeometry(option.rect);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Paints the cells of a grid in their own colours, which say something about the controller and so stay
 /// whatever is selected: the current cell has a border, other selected cells a tint. A cell without colours
@@ -44,4 +44,4 @@ class Flex_Grid_Delegate final : public QStyledItemDelegate {
     bool rows_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -183,4 +183,4 @@ void Flex_Grid_View::paste() {
     }
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using Edit_Test = samples::Grid_Fixture;
@@ -454,4 +454,4 @@ TEST_F(Edit_Test, PastesWithinTheLimitAndTheCodePage) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -56,4 +56,4 @@ void Flex_Grid_View::fitColumn(int column) {
     horizontalHeader()->resizeSection(column, std::min(width + gridLine, widest));
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -5,7 +5,7 @@
 #include <QHelpEvent>
 #include <QToolTip>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 class Fit_Test : public samples::Grid_Fixture {
@@ -111,4 +111,4 @@ TEST_F(Fit_Test, AColumnWithoutAWidthStaysWithoutOne) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -10,7 +10,7 @@
 #include <limits>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -282,4 +282,4 @@ bool Flex_Grid_View::eventFilter(QObject* watched, QEvent* event) {
     return QTableView::eventFilter(watched, event);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

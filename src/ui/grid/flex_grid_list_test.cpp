@@ -2,7 +2,7 @@
 
 #include <QClipboard>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 /// Every cell has the list Off, On, Auto.
@@ -130,4 +130,4 @@ TEST_F(List_Edit_Test, AnEmptyListGivesAFreeTextEditor) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <optional>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -94,4 +94,4 @@ Qt::ItemFlags Flex_Grid_Model::flags(const QModelIndex& index) const {
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemNeverHasChildren;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -6,7 +6,7 @@
 
 #include <functional>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// The cells of a grid as Qt's views see them. The cells themselves are a `Memory_Grid`; nothing is made for
 /// a single cell. Grid row 0 is the horizontal header, so row 0 of the model is grid row 1.
@@ -26,7 +26,7 @@ class Flex_Grid_Model final : public QAbstractTableModel {
     Describe_Cell explain;
 
     [[nodiscard]] bool sizesDiffer() const;
-    /// Takes the sizes of the store over; views start anew.
+    /// Takes the sizes of the store over; views start again.
     void takeSizes();
     /// Grid rows and columns, from and to included, of cells that changed. Headings are told apart.
     void takeCells(std::int32_t firstRow, std::int32_t firstCol, std::int32_t lastRow, std::int32_t lastCol);
@@ -48,4 +48,4 @@ class Flex_Grid_Model final : public QAbstractTableModel {
 /// How Qt names an alignment of the grid. Cells are one line high, so top and centre look the same.
 [[nodiscard]] Qt::Alignment qtAlignment(std::int32_t alignment);
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -2,7 +2,7 @@
 
 #include <QMouseEvent>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 /// What a grid tells of the mouse, in the order of a click and a double click.
@@ -101,4 +101,4 @@ TEST_F(Mouse_Test, TheRowOfAPlaceIsTheRowOnTheScreenAtAnyScale) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

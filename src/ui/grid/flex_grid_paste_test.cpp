@@ -11,7 +11,7 @@
 #include <QMenu>
 #include <QMimeData>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 TEST(Pasted_Text_Test, IsALineWithABlankForEachSeparator) {
@@ -150,4 +150,4 @@ TEST_F(Paste_Test, ACharacterThatNoFileHoldsIsToldOfOnEveryWay) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

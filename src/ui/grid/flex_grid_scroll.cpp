@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 void Flex_Grid_View::setCoveredBelow(int pixels) {
     if (pixels == coveredBelow_) return;
@@ -68,4 +68,4 @@ void Flex_Grid_View::scrollTo(const QModelIndex& index, ScrollHint hint) {
     verticalScrollBar()->setValue(std::max(verticalScrollBar()->value(), topRowFor(index.row())));
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -7,7 +7,7 @@
 #include <QAccessible>
 #include <QScrollBar>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 /// A grid in a window that nobody looks at.
@@ -241,4 +241,4 @@ TEST_F(Flex_Grid_View_Test, SelectsWholeRowsInASelector) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

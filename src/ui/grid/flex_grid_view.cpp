@@ -9,7 +9,7 @@
 #include <limits>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 Flex_Grid_View::Flex_Grid_View(QWidget* parent)
     : QTableView(parent), model_(nullptr),
@@ -202,4 +202,4 @@ void Flex_Grid_View::tellUserResize() {
     if (column >= 0 && events.AfterUserResize) events.AfterUserResize(-1, column);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

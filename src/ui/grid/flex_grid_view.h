@@ -12,13 +12,13 @@
 #include <optional>
 #include <string>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 class Flex_Grid_Delegate;
 
 /// What a grid tells its owner. Rows and columns are the grid's, from 0, row 0 being the heading; places are
 /// twips from the grid's upper left corner, headings included, and held to 16 bits. A handler may fill the
-/// grid anew, and may serve events; it lets no exception out.
+/// grid again, and may serve events; it lets no exception out.
 struct Flex_Grid_Events {
     /// The grid is about to offer an editor on a cell: after each move of the user onto one, and again right
     /// before an edit starts. `cancel` refuses it.
@@ -188,4 +188,4 @@ class Flex_Grid_View final : public QTableView {
     bool doubleClicked_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

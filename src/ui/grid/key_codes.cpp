@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -50,4 +50,4 @@ std::int16_t buttonsOf(Qt::MouseButtons buttons) {
     return static_cast<std::int16_t>(sum);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// What the handlers of the forms know keys by: the number of the key on the keyboard, whatever it types; a
 /// letter or digit is its own upper-case character, Home is 36. 0 for a key without a number.
@@ -16,4 +16,4 @@ namespace zorvane {
 /// 1 for the left button, 2 for the right, 4 for the middle, added up.
 [[nodiscard]] std::int16_t buttonsOf(Qt::MouseButtons buttons);
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -38,4 +38,4 @@ std::string missingCharacter(const QString& text) {
     return {};
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// A text from elsewhere as a cell takes it: one line.
 struct Pasted_Text {
@@ -21,4 +21,4 @@ struct Pasted_Text {
 /// The first character that the code page lacks, as "U+03A9"; "" when there is none.
 [[nodiscard]] std::string missingCharacter(const QString& text);
 
-} // namespace zorvane
+} // namespace zorvane::ui

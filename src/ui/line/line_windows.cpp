@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -119,4 +119,4 @@ void Line_Windows::minimizeMonitor() {
     if (monitorVisible()) monitor_->showMinimized();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

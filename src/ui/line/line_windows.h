@@ -9,7 +9,7 @@
 
 #include <QPointer>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// What the windows of the link need of the program.
 struct Line_Windows_Hooks {
@@ -71,4 +71,4 @@ class Line_Windows final : public Link_Windows {
     bool shownBeforeHiding_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

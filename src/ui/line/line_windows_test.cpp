@@ -19,7 +19,7 @@
 
 #include <fstream>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using ::testing::HasSubstr;
@@ -248,4 +248,4 @@ TEST_F(Line_Windows_Test, TheMonitorsLife) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

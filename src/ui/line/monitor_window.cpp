@@ -25,7 +25,7 @@
 #include <array>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -220,4 +220,4 @@ void Monitor_Window::setPlace(const Window_Place& place) {
     if (seen) move(wanted.topLeft());
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

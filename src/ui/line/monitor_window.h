@@ -13,7 +13,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QTableView;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// The monitor: a table of exchanges, and the raw bytes of the one selected. Closing it only hides it.
 class Monitor_Window final : public QWidget {
@@ -59,4 +59,4 @@ class Monitor_Window final : public QWidget {
     QPushButton* pause_ = nullptr;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -19,7 +19,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 Exchange_Record exchangeOf(std::int32_t number) {
@@ -334,4 +334,4 @@ TEST(TrafficFeed, HeldBackItKeepsTheNewestOnly) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

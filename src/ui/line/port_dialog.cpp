@@ -21,7 +21,7 @@
 #include <array>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -302,4 +302,4 @@ void Port_Dialog::accept() {
     verdict_->setPlainText(fromPort(wrong));
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

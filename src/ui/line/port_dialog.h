@@ -15,7 +15,7 @@ class QPlainTextEdit;
 class QPushButton;
 class QSpinBox;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// What the port dialog works with.
 struct Port_Dialog_Services {
@@ -78,4 +78,4 @@ class Port_Dialog final : public QDialog {
     QPlainTextEdit* verdict_ = nullptr;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

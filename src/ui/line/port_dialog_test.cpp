@@ -16,7 +16,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using testing::Hand_Clock;
@@ -271,4 +271,4 @@ TEST_F(Port_Dialog_Test, EveryControlHasItsNameAndWords) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

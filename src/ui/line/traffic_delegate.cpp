@@ -4,7 +4,7 @@
 #include <QStyle>
 #include <QWidget>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -64,4 +64,4 @@ void Traffic_Delegate::paint(QPainter* painter, const QStyleOptionViewItem& give
     if (option.state.testFlag(QStyle::State_HasFocus)) paintFocus(*painter, option);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -5,10 +5,11 @@
 
 #include <array>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Paints the monitor's cells: one line of text each, and no more of it than its cell can show. Qt's own way
-/// lays out every text anew, a block of 125 registers like a page, which took most of an open monitor's time.
+/// lays out every text again, a block of 125 registers like a page, which took most of an open monitor's
+/// time.
 class Traffic_Delegate final : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -26,4 +27,4 @@ class Traffic_Delegate final : public QStyledItemDelegate {
     mutable std::array<int, 128> widths_{};
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -3,7 +3,7 @@
 #include <iterator>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 Traffic_Feed::Traffic_Feed(Show show, std::size_t limit) : show_(std::move(show)), limit_(limit) {
     timer_.setSingleShot(true);
@@ -35,4 +35,4 @@ void Traffic_Feed::hand() {
     show_(std::move(entries));
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -7,7 +7,7 @@
 #include <deque>
 #include <functional>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Collects what the link reports and hands it on in one go, at most five times a second, since the whole
 /// table is painted each time; no timer runs while nothing comes. Held back, or while nobody watches, it
@@ -43,4 +43,4 @@ class Traffic_Feed final : public Traffic_Observer {
     bool watched_ = true;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -6,7 +6,7 @@
 #include <QGuiApplication>
 #include <QPalette>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -71,4 +71,4 @@ QVariant Traffic_Model::headerData(int section, Qt::Orientation orientation, int
     return QString::fromLatin1(heading.data(), static_cast<qsizetype>(heading.size()));
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

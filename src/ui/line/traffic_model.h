@@ -4,7 +4,7 @@
 
 #include <QAbstractTableModel>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// The rows of the monitor as a table of Qt.
 class Traffic_Model final : public QAbstractTableModel {
@@ -27,4 +27,4 @@ class Traffic_Model final : public QAbstractTableModel {
     Micros midnight_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

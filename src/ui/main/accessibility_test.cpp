@@ -23,7 +23,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using doubles::controlFaults;
@@ -164,4 +164,4 @@ TEST(Dialog_Access, FontDialog) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

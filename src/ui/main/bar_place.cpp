@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -25,4 +25,4 @@ int coveredCells(const Bar_Room& room, const QRect& bar) {
     return std::clamp(below, 0, std::max(0, room.cells.height()));
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -2,7 +2,7 @@
 
 #include <QRect>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Where the message bar may stand, in pixels of the form's inner area.
 struct Bar_Room {
@@ -23,4 +23,4 @@ struct Bar_Room {
 /// Pixels at the lower end of the cells that a bar there covers.
 [[nodiscard]] int coveredCells(const Bar_Room& room, const QRect& bar);
 
-} // namespace zorvane
+} // namespace zorvane::ui

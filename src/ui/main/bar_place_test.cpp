@@ -8,7 +8,7 @@ static void PrintTo(const QRect& place, std::ostream* out) {
     *out << place.x() << "," << place.y() << " " << place.width() << "x" << place.height();
 }
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 /// A grid of 240 pixels whose cells stand between its heading and its scroll bar.
@@ -54,4 +54,4 @@ TEST(Bar_Place, covers_cells_from_its_upper_edge_down) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Of a maximized window Qt asks for the iconic state and right after it for the maximized one again, by
 /// which some window managers bring it back.
@@ -10,4 +10,4 @@ void minimize(QWidget& window) {
     if (!window.isMaximized() || !askForIconic(window)) window.showMinimized();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -2,7 +2,7 @@
 
 class QWidget;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Minimizes a window that is on the screen. A maximized one comes back maximized.
 void minimize(QWidget& window);
@@ -11,4 +11,4 @@ void minimize(QWidget& window);
 /// windows are not told that way.
 [[nodiscard]] bool askForIconic(const QWidget& window);
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -1,7 +1,7 @@
 #include "ui/main/iconic.h"
 
-namespace zorvane {
+namespace zorvane::ui {
 
 bool askForIconic(const QWidget& /*window*/) { return false; }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -9,7 +9,7 @@
 #include <memory>
 #include <string_view>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -56,4 +56,4 @@ bool askForIconic(const QWidget& window) {
     return true;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <string_view>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// An entry as designed: its name, "" for a separator; its caption; its keys, "" for none; whether it carries
 /// a check mark; the name of the menu inside which it stands, "" for the menu itself.
@@ -135,4 +135,4 @@ void Main_Menu::onChosen(const QString& name, std::function<void()> handler) {
     });
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -10,7 +10,7 @@ class QAction;
 class QMenu;
 class QMenuBar;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 struct Menu_Line;
 
@@ -43,4 +43,4 @@ class Main_Menu final {
     std::unique_ptr<QMenu> tray_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -20,7 +20,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -271,4 +271,4 @@ void Main_Window::dropEvent(QDropEvent* event) {
         Qt::QueuedConnection);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

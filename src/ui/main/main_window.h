@@ -11,7 +11,7 @@
 #include <functional>
 #include <memory>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 class Caption_Box;
 class Column_Tip;
@@ -103,4 +103,4 @@ class Main_Window final : public QMainWindow {
     bool placingBar_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -21,7 +21,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using Words = std::vector<std::string>;
@@ -322,4 +322,4 @@ TEST_F(Main_Window_Test, TakesNothingElseThatIsDropped) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

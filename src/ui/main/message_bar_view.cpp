@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -159,4 +159,4 @@ void Message_Bar_View::setTabStops(bool on) {
 
 bool Message_Bar_View::holdsFocus() const { return isAncestorOf(window()->focusWidget()); }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -8,7 +8,7 @@
 
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// The message bar on the screen, there only while it has lines. More lines than fit are scrolled. It takes
 /// no focus by mouse, and by keyboard only when somebody goes there with Tab.
@@ -57,4 +57,4 @@ class Message_Bar_View final : public QScrollArea {
     bool cut_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

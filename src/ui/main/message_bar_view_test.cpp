@@ -18,7 +18,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using testing::ElementsAre;
@@ -363,4 +363,4 @@ TEST_F(Message_Bar_View_Test, a_button_may_take_its_own_line_away) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

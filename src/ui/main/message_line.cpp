@@ -13,7 +13,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -209,4 +209,4 @@ bool Message_Line::eventFilter(QObject* watched, QEvent* event) {
     return QFrame::eventFilter(watched, event);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -10,7 +10,7 @@
 class QLabel;
 class QPushButton;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 class Wrapped_Label;
 
@@ -88,4 +88,4 @@ class Message_Line final : public QFrame {
     bool cut_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -13,7 +13,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using Entries = std::vector<Combo_Entry>;
@@ -138,4 +138,4 @@ TEST(Icons_Test, EachDrawingPaintsSomething) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -9,7 +9,7 @@
 
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -83,4 +83,4 @@ void Split_Bar::focusOutEvent(QFocusEvent*) {
     update();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// The bar between the two frames. It lies behind them, and in front of them and white while it is dragged or
 /// has the keyboard.
@@ -33,4 +33,4 @@ class Split_Bar final : public QWidget {
     bool dragging_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -159,4 +159,4 @@ void Status_Bar::resizeEvent(QResizeEvent* event) {
     placePanels();
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -11,7 +11,7 @@
 
 class QPushButton;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// One panel of the status bar. A text too long for it ends in an ellipsis and is shown whole as the tool
 /// tip, unless the panel has one of its own.
@@ -75,4 +75,4 @@ class Status_Bar final : public QStatusBar {
     std::array<double, panelCount> widths_ = Window_Layout{}.panelWidths;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

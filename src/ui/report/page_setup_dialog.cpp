@@ -16,7 +16,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -166,4 +166,4 @@ Report_Printer Page_Setup_Dialog::printer() const {
     return printer;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -11,7 +11,7 @@ class QDoubleSpinBox;
 class QLabel;
 class QRadioButton;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Asks for printer, paper, orientation and margins. Margins are shown in inches or millimetres, as the
 /// desktop measures; one that wasn't changed keeps its exact value.
@@ -50,4 +50,4 @@ class Page_Setup_Dialog final : public QDialog {
     QDialogButtonBox* buttons_ = nullptr;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 struct PageSetup : testing::Test {
@@ -109,4 +109,4 @@ TEST_F(PageSetup, MarginsWithoutRoomCannotBeConfirmed) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -24,4 +24,4 @@ bool marginsFit(const Page_Settings& page) {
            page.PaperHeight - page.TopMargin - page.BottomMargin - headerAndFooter >= leastRoom;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

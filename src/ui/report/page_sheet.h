@@ -2,7 +2,7 @@
 
 #include "reports/bands/page_settings.h"
 
-namespace zorvane {
+namespace zorvane::ui {
 
 [[nodiscard]] bool isLandscape(const Page_Settings& page);
 
@@ -12,4 +12,4 @@ namespace zorvane {
 /// Whether the margins leave room for a table: an inch across, and as much between page header and footer.
 [[nodiscard]] bool marginsFit(const Page_Settings& page);
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -9,7 +9,7 @@
 #include <cmath>
 #include <limits>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -56,4 +56,4 @@ int previousZoom(int percent) {
     return found == usualZooms.begin() ? smallestZoom : *(found - 1);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

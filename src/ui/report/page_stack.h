@@ -2,7 +2,7 @@
 
 #include <QSize>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Zooms other than percents.
 inline constexpr int zoomWholePage = -2;
@@ -35,4 +35,4 @@ struct Page_Stack {
 [[nodiscard]] int nextZoom(int percent);
 [[nodiscard]] int previousZoom(int percent);
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 const QSizeF letter(12240, 15840);
@@ -80,4 +80,4 @@ TEST(Page_Sheet, MarginsLeaveAnInchForTheTable) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -166,7 +166,7 @@ QPixmap Page_View::picture(int index) {
     return pictures_.emplace(index, made).first->second;
 }
 
-/// A report that runs anew has no pages for a moment: the pictures of the old ones stay until it has.
+/// A report that runs again has no pages for a moment: the pictures of the old ones stay until it has.
 void Page_View::paintOne(QPainter& painter, int index, const QRect& place) {
     const double ratio = devicePixelRatioF();
     const double dots = ratio * ratio * place.width() * place.height();
@@ -201,4 +201,4 @@ void Page_View::paintEvent(QPaintEvent* event) {
                   [&](const auto& each) { return each.first < first - 1 || each.first > last + 1; });
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

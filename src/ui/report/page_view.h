@@ -10,8 +10,10 @@
 #include <map>
 
 namespace zorvane {
-
 struct Page_Document;
+} // namespace zorvane
+
+namespace zorvane::ui {
 
 /// The pages of a report below each other. Only what is visible is painted, so it doesn't matter how many
 /// pages there are.
@@ -63,4 +65,4 @@ class Page_View final : public QAbstractScrollArea {
     std::map<int, QPixmap> pictures_; ///< of the pages painted last
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

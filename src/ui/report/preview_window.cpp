@@ -19,7 +19,7 @@
 #include <algorithm>
 #include <array>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -310,4 +310,4 @@ void Preview_Window::closeEvent(QCloseEvent* event) {
     event->setAccepted(!closing || closing());
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

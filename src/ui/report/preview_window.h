@@ -17,7 +17,7 @@ class QSpinBox;
 class QSplitter;
 class QToolBar;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// A tool that the report puts into the window's tool bar.
 struct Preview_Tool {
@@ -91,4 +91,4 @@ class Preview_Window final : public QMainWindow {
     bool contentsShown_ = false;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ui

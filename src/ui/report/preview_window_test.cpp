@@ -17,7 +17,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace zorvane {
+namespace zorvane::ui {
 namespace {
 
 using testing::ElementsAre;
@@ -301,4 +301,4 @@ TEST_F(Preview, ItTellsWhereItStandsInTwips) {
 }
 
 } // namespace
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace zorvane {
+namespace zorvane::ui {
 
 namespace {
 
@@ -67,4 +67,4 @@ Print_Outcome print(QPrinter& printer, const Page_Document& pages, int shown,
     return stopped ? Print_Outcome::Stopped : Print_Outcome::Failed;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ui

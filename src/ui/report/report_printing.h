@@ -9,7 +9,7 @@
 
 class QPrintDialog;
 
-namespace zorvane {
+namespace zorvane::ui {
 
 /// Gives a printer the pages' paper, its whole sheet, and the name of the job. An installed printer that the
 /// report names is chosen.
@@ -27,4 +27,4 @@ enum class Print_Outcome { Printed, Stopped, Failed };
 [[nodiscard]] Print_Outcome print(QPrinter& printer, const Page_Document& pages, int shown,
                                   const std::function<bool()>& keepsOn);
 
-} // namespace zorvane
+} // namespace zorvane::ui

@@ -43,7 +43,7 @@ bool isControl(const QWidget& widget, const QWidget& window) {
     const bool kind =
         isOneOf<QAbstractButton, QAbstractItemView, QAbstractSpinBox, QComboBox, QGroupBox, QLabel, QLineEdit,
                 QPlainTextEdit, QProgressBar, QStatusBar, QTextEdit>(widget) ||
-        dynamic_cast<const Split_Bar*>(&widget) != nullptr;
+        dynamic_cast<const ui::Split_Bar*>(&widget) != nullptr;
     return kind && !isOneOf<QHeaderView>(widget) && !isPartOfAControl(widget, window);
 }
 

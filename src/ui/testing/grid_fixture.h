@@ -19,11 +19,11 @@ class Grid_Fixture : public testing::Test {
   protected:
     Grid_Fixture() {
         window.resize(420, 260);
-        view = new Flex_Grid_View(&window);
+        view = new ui::Flex_Grid_View(&window);
         view->setObjectName("FLX_Settings");
         view->setGeometry(10, 10, 400, 240);
         view->setEditable(true);
-        grid = std::make_unique<Flex_Grid>(*view);
+        grid = std::make_unique<ui::Flex_Grid>(*view);
         fill(20, 3);
         recordEvents();
     }
@@ -79,16 +79,17 @@ class Grid_Fixture : public testing::Test {
         told.clear();
     }
 
-    Text_Cell_Editor* lineEditor() {
+    ui::Text_Cell_Editor* lineEditor() {
         for (QLineEdit* line : view->viewport()->findChildren<QLineEdit*>(Qt::FindDirectChildrenOnly))
-            if (auto* editor = dynamic_cast<Text_Cell_Editor*>(line);
+            if (auto* editor = dynamic_cast<ui::Text_Cell_Editor*>(line);
                 editor != nullptr && editor->isVisible())
                 return editor;
         return nullptr;
     }
-    List_Cell_Editor* listEditor() {
+    ui::List_Cell_Editor* listEditor() {
         for (QComboBox* box : view->viewport()->findChildren<QComboBox*>(Qt::FindDirectChildrenOnly))
-            if (auto* editor = dynamic_cast<List_Cell_Editor*>(box); editor != nullptr && editor->isVisible())
+            if (auto* editor = dynamic_cast<ui::List_Cell_Editor*>(box);
+                editor != nullptr && editor->isVisible())
                 return editor;
         return nullptr;
     }
@@ -119,8 +120,8 @@ class Grid_Fixture : public testing::Test {
     using Told = std::vector<std::string>;
 
     QWidget window;
-    Flex_Grid_View* view = nullptr;
-    std::unique_ptr<Flex_Grid> grid;
+    ui::Flex_Grid_View* view = nullptr;
+    std::unique_ptr<ui::Flex_Grid> grid;
     Told told;
     bool refuseStart = false;
     std::function<void(std::int32_t, std::int32_t, bool&)> beforeEdit;

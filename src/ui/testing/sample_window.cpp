@@ -81,7 +81,7 @@ void fillSettings(VSFlexGrid& grid) {
 
 } // namespace
 
-void fillWindow(Main_Window& window) {
+void fillWindow(ui::Main_Window& window) {
     fillConfiguration(window.FLX_Configuration());
     fillSettings(window.FLX_Settings());
     window.StatusBar1().setText(1, QStringLiteral("READ ONLY"));

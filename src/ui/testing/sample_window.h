@@ -5,7 +5,7 @@
 namespace zorvane::samples {
 
 /// Fills both grids of a window with a small document: two lists, numbers, a cell in each state of a write.
-void fillWindow(Main_Window& window);
+void fillWindow(ui::Main_Window& window);
 
 /// Colours, packed, of the cells in `fillWindow`.
 inline constexpr std::int32_t modifiableBack = 0xC0FFFF;

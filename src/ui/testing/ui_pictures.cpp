@@ -32,6 +32,7 @@
 namespace {
 
 using namespace zorvane;
+using namespace zorvane::ui;
 
 class Pictures {
   public:

@@ -1,6 +1,6 @@
 """What a screen reader is told: the accessibility tree of a program, over its D-Bus protocol.
 
-Nothing is cached: each property asks the program anew. What has gone from the screen raises `Vanished`.
+Nothing is cached: each property asks the program again. What has gone from the screen raises `Vanished`.
 """
 import gi
 

@@ -28,7 +28,7 @@ class Picture:
                    for y in range(top, top + height) for x in range(left, left + width))
 
     def back_colour(self, rectangle):
-        """The colour behind a cell's text: the most frequent one, frame lines left out."""
+        """The colour after a cell's text: the most frequent one, frame lines left out."""
         left, top, width, height = rectangle
         return self.colours((left + 2, top + 2, width - 4, height - 4)).most_common(1)[0][0]
 

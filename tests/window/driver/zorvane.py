@@ -336,7 +336,7 @@ class Zorvane:
 
     def choose_entry(self, row, column, text):
         """Chooses an entry of a list cell by typing its text. A busy machine may serve two of the letters so far apart
-        that the search starts anew with the second: then they are typed once more."""
+        that the search starts again with the second: then they are typed once more."""
         self.open_list(row, column)
         for last in (False, False, True):
             self.hands.write(text)

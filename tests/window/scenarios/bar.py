@@ -66,7 +66,7 @@ def _type_a_comma(program):
     return path
 
 
-LOSS = (" A file can't hold a comma or \";\": when it is read again, what stands behind it in its row is lost or in "
+LOSS = (" A file can't hold a comma or \";\": when it is read again, what stands after it in its row is lost or in "
         "the wrong column.")
 
 

@@ -74,7 +74,7 @@ def the_main_job_from_start_to_end(program):
         program.hands.keys("ctrl+o")
         _choose_file(program, path)
         program.expect_title("site7.kvrt207d - Zorvane")
-        # The grids are hidden and shown again behind the title; until then no menu answers.
+        # The grids are hidden and shown again after the title; until then no menu answers.
         wait_for("the focus in the upper grid", lambda: "focused" in program.fields.table.states)
 
         _menu(program, "Communication", "p")
@@ -141,7 +141,7 @@ def the_main_job_from_start_to_end(program):
 
 
 def _open_log(program):
-    """The button stands in the status bar, behind the lower grid in the order of Tab."""
+    """The button stands in the status bar, after the lower grid in the order of Tab."""
     wait_for("the button for the log", lambda: program.shows("BOT_Log"))
     program.expect_focus_in_settings()
     program.hands.keys("ctrl+End", "Tab")

@@ -1,4 +1,4 @@
-"""A program that is killed leaves the unsaved changes behind, and File > Recover... brings them back."""
+"""A program that is killed leaves the unsaved changes after, and File > Recover... brings them back."""
 import os
 import time
 

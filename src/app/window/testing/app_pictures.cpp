@@ -26,7 +26,7 @@ void take(const QDir& folder, const std::string& model) {
     program.mainForm().timers().fire(Timer_Name::TMR_Inicial_ZTP);
     openFile(program.app(), std::string(ZORVANE_MODELS) + "/EXAMPLE." + model, false);
     program.window().resize(560, 600);
-    Flex_Grid_View& upper = program.window().FLX_Configuration().view();
+    ui::Flex_Grid_View& upper = program.window().FLX_Configuration().view();
     upper.setFocus();
     while (program.window().FLX_Configuration().Row() > 2)
         QTest::keyClick(&upper, Qt::Key_Up);

@@ -59,8 +59,8 @@ class Program_Fixture : public testing::Test {
 
     /// The program, not started.
     void make() {
-        program = std::make_unique<KVRT_Principal>(
-            Program_Places{appFolder(), path("recovery"), QString::fromStdString(path("settings.conf"))});
+        program = std::make_unique<app::KVRT_Principal>(app::Program_Places{
+            appFolder(), path("recovery"), QString::fromStdString(path("settings.conf"))});
         program->mainForm().ask = [this](const QString& prompt, int style, const QString& title) {
             messages.push_back({prompt.toStdString(), style, title.toStdString()});
             if (answers.empty()) return int{Msgb_Code_Ok};
@@ -115,9 +115,9 @@ class Program_Fixture : public testing::Test {
         return program->window().StatusBar1().text(number).toStdString();
     }
     [[nodiscard]] std::string title() const { return program->window().windowTitle().toStdString(); }
-    [[nodiscard]] Flex_Grid& upper() const { return program->window().FLX_Configuration(); }
-    [[nodiscard]] Flex_Grid& lower() const { return program->window().FLX_Settings(); }
-    [[nodiscard]] static std::vector<std::string> rowOf(const Flex_Grid& grid, std::int32_t row) {
+    [[nodiscard]] ui::Flex_Grid& upper() const { return program->window().FLX_Configuration(); }
+    [[nodiscard]] ui::Flex_Grid& lower() const { return program->window().FLX_Settings(); }
+    [[nodiscard]] static std::vector<std::string> rowOf(const ui::Flex_Grid& grid, std::int32_t row) {
         std::vector<std::string> texts;
         for (std::int32_t col = 0; col < grid.Cols(); ++col)
             texts.push_back(grid.TextMatrix(row, col));
@@ -125,7 +125,7 @@ class Program_Fixture : public testing::Test {
     }
 
     /// Without a window manager nobody gives the window the focus back after a dialog.
-    void focus(Flex_Grid& grid) {
+    void focus(ui::Flex_Grid& grid) {
         QApplication::setActiveWindow(&program->window());
         grid.view().setFocus();
     }
@@ -148,7 +148,7 @@ class Program_Fixture : public testing::Test {
     }
 
     Temporary_Folder folder;
-    std::unique_ptr<KVRT_Principal> program;
+    std::unique_ptr<app::KVRT_Principal> program;
     std::vector<Shown_Message> messages;
     std::vector<std::vector<std::string>>
         opened;              ///< outside the program: operation, file, parameters, folder

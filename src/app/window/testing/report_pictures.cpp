@@ -33,7 +33,7 @@ class Pictures {
             dialog.selectFile(QString::fromStdString(app + "/EXAMPLE.") + model_);
             return true;
         };
-        program_->reports().prompts.pageSetup = [this](Page_Setup_Dialog& dialog) {
+        program_->reports().prompts.pageSetup = [this](ui::Page_Setup_Dialog& dialog) {
             take(dialog, QStringLiteral("page_setup"));
             dialog.findChild<QWidget*>("LeftMargin")->setProperty("value", 0.5);
             dialog.findChild<QWidget*>("TopMargin")->setProperty("value", 0.5);
@@ -53,7 +53,7 @@ class Pictures {
         model_ = model;
         choose("MNU_Open");
         program_->reports().commands().PrintAllPages();
-        Preview_Window& window = *program_->reports().window(program_->reports().commands().PrintAll());
+        ui::Preview_Window& window = *program_->reports().window(program_->reports().commands().PrintAll());
         take(window, model + QStringLiteral("_design"));
         window.resize(900, 1000);
         window.view().setZoom(100);
@@ -72,11 +72,11 @@ class Pictures {
         choose("MNU_Grid");
         program_->mainForm().setMenuChecked(Menu_Entry::MNU_Grid, true);
         program_->reports().commands().PRO_Imprime_Pagina();
-        Preview_Window& one = *program_->reports().window(program_->reports().commands().PrintGrid());
+        ui::Preview_Window& one = *program_->reports().window(program_->reports().commands().PrintGrid());
         one.resize(900, 700);
         one.view().setZoom(150);
         take(one, model + QStringLiteral("_grid"));
-        Mensaje busy(false, nullptr);
+        ui::Mensaje busy(false, nullptr);
         busy.onCancel([] {});
         take(busy, QStringLiteral("mensaje"));
     }

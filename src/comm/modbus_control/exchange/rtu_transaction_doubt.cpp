@@ -55,7 +55,7 @@ std::optional<Late_Answers::Late> Rtu_Transaction::takeLate(Byte_View bytes, std
 }
 
 bool Rtu_Transaction::skipLateAnswer() {
-    const auto start = searchStart(); // behind an echo, which looks like the answer to a write
+    const auto start = searchStart(); // after an echo, which looks like the answer to a write
     if (!start) return false;
     const auto late = takeLate(receivedBytes(), foreignAt_ ? std::max(*start, foreignEnd_) : *start);
     if (!late) return false;

@@ -204,7 +204,7 @@ TEST_F(Piecewise, EightPiecesShowThePaceAndSevenDoNot) {
 }
 
 TEST_F(Piecewise, ThreeQuartersOfTheBaudRatesTimeAreItsPace) {
-    EXPECT_FALSE(learns(8, 6249)) << "the eight bytes behind the first take 8334 us";
+    EXPECT_FALSE(learns(8, 6249)) << "the eight bytes after the first take 8334 us";
     EXPECT_TRUE(learns(8, 6250));
 }
 

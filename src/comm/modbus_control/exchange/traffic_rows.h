@@ -35,12 +35,12 @@ inline constexpr std::array trafficColumns = {
 /// The raw bytes of a row: a line for what was sent and one for what came in.
 [[nodiscard]] std::string rawBytes(const Traffic_Entry& entry);
 
-/// Rows as text for other programs: headings, then a line each with its raw bytes behind, parts separated by
-/// tabs.
+/// Rows as text for other programs: headings, then a line each with its raw bytes after it, parts separated
+/// by tabs.
 [[nodiscard]] std::string trafficHeadingLine();
 [[nodiscard]] std::string trafficLine(const Traffic_Entry& entry, Micros midnight);
 
-/// "14:05:07.250": time of day, in ms, of so many microseconds since midnight; later days begin anew.
+/// "14:05:07.250": time of day, in ms, of so many microseconds since midnight; later days begin again.
 [[nodiscard]] std::string timeOfDayText(Micros sinceMidnight);
 
 /// The rows kept, the newest last; the oldest go when there are too many.

@@ -49,7 +49,7 @@ std::string directionAdvice(const Port_Settings& settings) {
 }
 
 Advice silenceAdvice(const Trial_Request& request) {
-    if (request.settings.port == simulatedPortName) return {"Choose the port again to start it anew."};
+    if (request.settings.port == simulatedPortName) return {"Choose the port again: that starts it."};
     return {"Is the controller switched on, and its cable in this port?",
             "Slave number: has the controller the number " + std::to_string(request.settings.slave) + "?",
             "Is the controller set to " + lineWords(request.settings.line) +

@@ -219,7 +219,7 @@ TEST(TestVerdict, AsksOneSilenceAfterThePortWasOpened) {
 TEST(TestVerdict, ASilentSimulatedControllerIsStartedAnew) {
     Test_Bench bench;
     bench.request.settings.port = simulatedPortName;
-    EXPECT_EQ(bench.run().advice, std::vector<std::string>{"Choose the port again to start it anew."});
+    EXPECT_EQ(bench.run().advice, std::vector<std::string>{"Choose the port again: that starts it."});
 }
 
 TEST(TestVerdict, AdviceNamesTheLineInWords) {

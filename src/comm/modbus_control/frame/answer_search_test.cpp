@@ -63,7 +63,7 @@ TEST(AnswerSearch, LooksAtNoMoreThanCameOfAWritesAnswer) {
     const Byte_Array whole = encodeRequest(write);
     for (std::size_t length = 1; length < whole.size(); ++length) {
         Byte_Array begun(whole.begin(), whole.begin() + static_cast<std::ptrdiff_t>(length));
-        begun.push_back(0xEE); // what stands behind the bytes that came
+        begun.push_back(0xEE); // what stands after the bytes that came
         EXPECT_EQ(whyNoAnswer(write, Byte_View(begun).first(length)), Answer_Fault::Truncated) << length;
     }
     EXPECT_EQ(whyNoAnswer(write, bytesOf("11 06 01 02 03 05")), Answer_Fault::Noise) << "another value";

@@ -57,7 +57,7 @@ class Timerfd_Alarm final : public Alarm {
 
     void expired() {
         std::uint64_t times = 0;
-        // Nothing to read: it was armed anew after the notification was queued.
+        // Nothing to read: it was armed again after the notification was queued.
         if (::read(descriptor_, &times, sizeof times) != sizeof times) return;
         armedFor_ = 0;
         ring_();

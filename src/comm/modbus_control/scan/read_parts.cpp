@@ -19,9 +19,9 @@ void Kept_Together::add(std::int32_t first, std::int32_t last) {
 
 bool Kept_Together::mayBeginAt(std::int32_t number) const {
     // The last range that begins before the register is the only one that can hold it.
-    const auto behind = std::partition_point(ranges_.begin(), ranges_.end(),
-                                             [number](const auto& range) { return range.first < number; });
-    return behind == ranges_.begin() || std::prev(behind)->second < number;
+    const auto after = std::partition_point(ranges_.begin(), ranges_.end(),
+                                            [number](const auto& range) { return range.first < number; });
+    return after == ranges_.begin() || std::prev(after)->second < number;
 }
 
 std::optional<std::uint16_t> freePart(const Scan_Frame& frame, const Kept_Together& together,

@@ -58,7 +58,7 @@ class Scan {
     /// The present frame was answered, by an exception too.
     void frameAnswered(bool well, Micros now);
     /// So many registers at the beginning of the present frame were read, and the rest is the next frame.
-    /// True when that ended the block. Behind a failed try in this block, a watcher must see the end of each
+    /// True when that ended the block. After a failed try in this block, a watcher must see the end of each
     /// part.
     bool partRead(std::uint16_t count, Micros now);
     /// One try of the present frame failed; the frame stays.
@@ -66,7 +66,7 @@ class Scan {
         failedAt_ = now;
         blockTried_ = true;
     }
-    /// One try failed and the present block begins anew.
+    /// One try failed and the present block begins again.
     void blockAgain(Micros now);
     /// The present frame got no answer: its block is left.
     void blockGivenUp(Micros now);

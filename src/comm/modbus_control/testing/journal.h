@@ -22,7 +22,7 @@ class Journal {
         return found;
     }
 
-    /// Hands the lines over and starts anew.
+    /// Hands the lines over and starts again.
     [[nodiscard]] std::vector<std::string> take() { return std::exchange(lines_, {}); }
 
   private:

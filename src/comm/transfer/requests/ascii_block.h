@@ -10,7 +10,7 @@
 
 namespace zorvane {
 
-/// A text with blanks behind it up to 16 characters; a longer one stays as it is.
+/// A text with blanks after it up to 16 characters; a longer one stays as it is.
 [[nodiscard]] std::string filledTo16(std::string text);
 
 /// The same in place, and handed back in `result`.

@@ -1,7 +1,7 @@
 #include "ctl/calls/qt/port_calls.h"
 #include "ctl/calls/qt/transfer_subcommand.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -19,4 +19,4 @@ class Download_Subcommand : public Transfer_Subcommand {
 
 std::unique_ptr<Subcommand> makeDownloadSubcommand() { return std::make_unique<Download_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

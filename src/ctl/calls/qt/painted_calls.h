@@ -5,11 +5,11 @@
 #include <memory>
 #include <vector>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// The calls that measure and paint texts: they need a QGuiApplication.
 [[nodiscard]] std::vector<Subcommand_Entry> paintedCalls();
 
 [[nodiscard]] std::unique_ptr<Subcommand> makeReportSubcommand();
 
-} // namespace zorvane
+} // namespace zorvane::ctl

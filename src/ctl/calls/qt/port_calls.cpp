@@ -1,6 +1,6 @@
 #include "ctl/calls/qt/port_calls.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 std::vector<Subcommand_Entry> portCalls() {
     return {
@@ -10,4 +10,4 @@ std::vector<Subcommand_Entry> portCalls() {
     };
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

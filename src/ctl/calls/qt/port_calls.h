@@ -2,7 +2,7 @@
 
 #include "ctl/document/subcommand.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// The calls that talk to a controller. They need a QCoreApplication.
 [[nodiscard]] std::vector<Subcommand_Entry> portCalls();
@@ -11,4 +11,4 @@ namespace zorvane {
 [[nodiscard]] std::unique_ptr<Subcommand> makeDownloadSubcommand();
 [[nodiscard]] std::unique_ptr<Subcommand> makeWatchSubcommand();
 
-} // namespace zorvane
+} // namespace zorvane::ctl

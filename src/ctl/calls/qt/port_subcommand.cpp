@@ -12,7 +12,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -71,4 +71,4 @@ int Port_Subcommand::run(const Call_Context& context) {
     return work({context, opened, comm, mainForm, assembly.link(), stop});
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -7,7 +7,7 @@
 #include "ctl/line/port_arguments.h"
 #include "ctl/line/stop_wish.h"
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// What a call works with once its document is read.
 struct Port_Work {
@@ -41,4 +41,4 @@ class Port_Subcommand : public Subcommand {
     Port_Arguments port_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -17,7 +17,7 @@
 #include <ostream>
 #include <unistd.h>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -141,4 +141,4 @@ std::vector<Subcommand_Entry> paintedCalls() {
 
 std::unique_ptr<Subcommand> makeReportSubcommand() { return std::make_unique<Report_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

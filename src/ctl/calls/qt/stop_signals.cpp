@@ -8,7 +8,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -79,4 +79,4 @@ void Stop_Signals::take() {
         asked_(std::exchange(stopping_, true) && signal == SIGINT);
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

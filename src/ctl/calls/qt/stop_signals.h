@@ -8,7 +8,7 @@
 #include <functional>
 #include <memory>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// While it lives, SIGINT (Ctrl+C), SIGTERM and SIGHUP (the terminal was closed) don't end the program: they
 /// are kept, and `asked` is called from the event loop for each. SIGHUP stays ignored where it is, as behind
@@ -35,4 +35,4 @@ class Stop_Signals : public Stop_Wish {
     std::unique_ptr<QSocketNotifier> notifier_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -5,7 +5,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -89,4 +89,4 @@ void Terminal_Form::showProgress() {
     printer_.progress(progress.value(), progress.maximum());
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

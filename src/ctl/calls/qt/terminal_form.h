@@ -8,7 +8,7 @@
 #include <iosfwd>
 #include <set>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// The main form of a program in a terminal: waits serve the event loop, the timers of the upload and of the
 /// live refresh tick, and people see the progress, the failed writes and the link's messages, each message
@@ -40,4 +40,4 @@ class Terminal_Form : public Held_Form {
     std::set<std::string> told_; ///< messages: each is told once
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

@@ -5,7 +5,7 @@
 
 #include <ostream>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -32,4 +32,4 @@ int Transfer_Subcommand::refuse(const Call_Context& context) const {
     return Exit_Failed;
 }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

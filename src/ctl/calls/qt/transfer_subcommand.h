@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 /// A call that runs one transfer. Ctrl+C gives it up, in order; so do SIGTERM and SIGHUP.
 class Transfer_Subcommand : public Port_Subcommand {
@@ -28,4 +28,4 @@ class Transfer_Subcommand : public Port_Subcommand {
     std::string name_;
 };
 
-} // namespace zorvane
+} // namespace zorvane::ctl

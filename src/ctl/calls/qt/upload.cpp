@@ -5,7 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -43,4 +43,4 @@ class Upload_Subcommand : public Transfer_Subcommand {
 
 std::unique_ptr<Subcommand> makeUploadSubcommand() { return std::make_unique<Upload_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl

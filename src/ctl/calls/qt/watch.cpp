@@ -12,7 +12,7 @@
 #include <ostream>
 #include <utility>
 
-namespace zorvane {
+namespace zorvane::ctl {
 
 namespace {
 
@@ -70,4 +70,4 @@ class Watch_Subcommand : public Port_Subcommand {
 
 std::unique_ptr<Subcommand> makeWatchSubcommand() { return std::make_unique<Watch_Subcommand>(); }
 
-} // namespace zorvane
+} // namespace zorvane::ctl
