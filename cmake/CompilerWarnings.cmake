@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # One interface target holds every warning; each target of ours links it privately.
 add_library(zorvane_warnings INTERFACE)
 target_compile_options(zorvane_warnings INTERFACE

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # What makes a memory error in an optimised build end the program instead of handing it over. Debug builds go without:
 # the sanitizers find more there, and _FORTIFY_SOURCE works in optimised code only.
 # Not CMake's property: that makes libraries with -fPIC, behind which the compiler inlines less. Where Qt asks for -fPIC

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Where an installed Zorvane lies. The programs look for templates and help in the folder of their own executable, so
 # those lie together and /usr/bin has links to them: a further model is one more file in that folder.
 include(GNUInstallDirs)

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # Headers of others that take a compiler longer than the file that includes them: GoogleTest, Qt's widgets, CLI11 and
 # nlohmann's JSON. They are compiled once for all targets. No header of ours is among them, and a file includes what it
 # uses as if there were none: the preset `tidy` builds without.

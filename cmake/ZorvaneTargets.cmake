@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 # zorvane_library(NAME SOURCES... PUBLIC targets... PRIVATE targets...): a folder of src/ as a static library.
 function(zorvane_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})

@@ -1,1 +1,2 @@
+// SPDX-License-Identifier: MIT
 // A library of compiled headers needs a source; see PrecompiledHeaders.cmake.

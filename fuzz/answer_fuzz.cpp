@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Feeds arbitrary bytes to the search for an answer. The first bytes choose the request.
 #include "comm/modbus_control/frame/answer_search.h"
 #include "fuzz/require.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a template to check: the check ends, findings lie in the file in the order of its lines, and a
 // line on which the real reader stops has an error.
 

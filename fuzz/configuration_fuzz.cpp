@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a configuration file over a template. An input with a line "====" brings its own template,
 // which ends there; the others are read over a template that has some of everything. What stands after a
 // rejected line has no effect, and what was read can be written.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any text as what the user leaves in any kind of cell, offline and online: the commit takes one of its ways
 // out, what it refuses stays, nothing but the cell's texts changes, and a number that went to the controller
 // is read back as the cell's value.

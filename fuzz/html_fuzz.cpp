@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a report in HTML: every tag is one of the writer's own and is closed, everything else is
 // escaped, and each table has the report's texts.
 

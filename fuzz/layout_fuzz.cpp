@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Random bands on a random sheet of paper: every text comes once and in its order, each page has a band, and
 // what has room between header and footer stands there. And any text in lines of any width: no character is
 // lost.

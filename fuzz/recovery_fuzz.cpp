@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a file among the recovery copies, and as the document to keep: the list holds whole entries,
 // and a kept copy gives the document back.
 

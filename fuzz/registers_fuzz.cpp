@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a file of registers: the terminal program and the simulator take the same files, what is taken
 // is written and read again, and the registers become a document's values.
 

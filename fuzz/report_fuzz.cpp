@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a template whose document is reported: the run ends, with pages and in every format that isn't
 // painted, and strict readers take the files.
 

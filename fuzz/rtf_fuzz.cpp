@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a report in RTF: a strict reader gets all its texts back.
 
 #include "fuzz/fuzz_report.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "fuzz/rtf_reader.h"
 
 #include "fuzz/require.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any lines as the values of the settings store: the program starts with them, what is read can be used, and
 // stored again it is read the same.
 

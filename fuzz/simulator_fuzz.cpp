@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as the faults of a simulated controller and as what a client sends it: no byte of a client is
 // lost, every frame that goes out is whole where no fault strikes, and only a good write changes a register.
 //

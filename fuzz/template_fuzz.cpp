@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a template: the reader ends, with or without a run-time failure, what stands after a line on
 // which it fails has no effect, and what it made can be written.
 

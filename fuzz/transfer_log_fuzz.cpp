@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any texts as what the controller and the port had to say in a transfer: its report and its log are made of
 // whole lines, and as RTF they are read as they stand.
 

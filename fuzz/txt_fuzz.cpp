@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a report in plain text: each row is one line, and its texts stand in it in their order.
 
 #include "fuzz/fuzz_report.h"

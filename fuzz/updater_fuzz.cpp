@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a configuration file of the older generation: the old file stays as it is, each line of the
 // new one comes from the old one, and after a second update the third gives the first again.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Any bytes as a report in Excel's format: a strict reader gets every cell back, as text or as number.
 
 #include "fuzz/biff_reader.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/link/bench_form.h"
 
 #include <utility>

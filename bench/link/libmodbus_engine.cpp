@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/link/libmodbus_engine.h"
 
 #include <QMetaObject>

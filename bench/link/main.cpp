@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/link/exchange_cells.h"
 #include "bench/link/upload_time.h"
 

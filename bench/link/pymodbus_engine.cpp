@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/link/pymodbus_engine.h"
 
 #include <sstream>

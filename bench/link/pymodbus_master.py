@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A pymodbus RTU master that is told what to do over its standard input.
 
     pymodbus_master.py DEVICE BAUD

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/link/simulator_process.h"
 
 #include <stdexcept>

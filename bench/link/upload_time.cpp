@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/link/upload_time.h"
 
 #include "bench/link/bench_form.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/link/zorvane_engine.h"
 
 #include <stdexcept>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the window costs while it polls, and what it adds to an upload, beside the terminal program.
 
     online.py PROGRAMS [--seconds N] [--uploads N]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One refresh of the lower grid while online: a field of 1,000 rows, every polled value another one than
 // before, from the register image to the painted screen.
 

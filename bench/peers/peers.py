@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Whole programs beside other programs for the same job, on one machine in turns.
 
     peers.py PROGRAMS [--starts N] [--readings N] [--reports N]

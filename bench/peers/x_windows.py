@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Tells when a program's window comes on an X screen, by the server's own events."""
 import ctypes
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Printing a document of 100 fields of 10 columns: on pages, as the first page on the screen, and to each
 // format; beside a QTextDocument that prints the same tables to PDF. The argument is the number of rows of
 // each field.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/template/generated_template.h"
 
 #include <string_view>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How long a template takes to read, beside a plain reader of the same kind of file and beside taking its
 // lines alone. The argument is the number of rows of each of its 100 fields; a row has 20 columns.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Filling and scrolling the lower grid with the largest field, beside a QTableWidget that shows the same.
 
 #include "bench/window/large_field.h"

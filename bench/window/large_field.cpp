@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "bench/window/large_field.h"
 
 namespace zorvane::bench {

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Starts the window many times and tells how long the first painted grid took, and how much memory.
 
     start.py PROGRAM APPLICATION_FOLDER [STARTS]

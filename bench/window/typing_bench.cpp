@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // From a key to what it paints, in a field of the largest size: a character in a cell's editor, and the cell
 // after Enter. The program is the whole window with its handlers, offline.
 

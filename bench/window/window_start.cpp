@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program from its start to the first painted grid. Arguments: the monotonic time of the start in ns, the
 // application folder, and a folder for settings and recovery copies. Prints the ms that went by.
 

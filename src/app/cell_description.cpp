@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/cell_description.h"
 
 #include "values/colours.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a screen reader is told of a cell of the lower grid.
 
 #include "app/cell_description.h"

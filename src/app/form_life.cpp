@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/form_life.h"
 
 #include "app/document/document_commands.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/document/document_commands.h"
 #include "app/form/menu_state.h"
 #include "app/form_life.h"

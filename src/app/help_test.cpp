@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/help.h"
 #include "app/testing/app_bench.h"
 

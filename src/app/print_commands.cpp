@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/print_commands.h"
 
 #include "app/form_life.h"

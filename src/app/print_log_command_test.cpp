@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/print_log_command.h"
 #include "app/testing/recording_print_form.h"
 #include "reports/testing/even_metrics.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/refused_input.h"
 
 #include "grids/rules/typed_entry.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/tray.h"
 
 #include "comm/main_form/monitor.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/form_life.h"
 #include "app/testing/app_bench.h"
 #include "app/tray.h"

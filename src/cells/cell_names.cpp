@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cells/cell_names.h"
 
 #include "values/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cells/cell_names.h"
 #include "comm/main_form/testing/comm_bench.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cells/cell_reading.h"
 
 #include "template/sections/messages.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "checker/checked_template.h"
 
 #include "template/board_family.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "checker/checker.h"
 
 #include "values/numbers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The shipped models are clean, the manual knows every code, and whatever a template says, a line on which
 // the reader stops has an error.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The registers of cells, and what is said of them.
 
 #include "checker/rule.h"

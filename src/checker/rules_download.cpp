@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a download asks of a template: the controller's name, its blocks, what is held back. And the file's
 // name.
 

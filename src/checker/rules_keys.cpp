@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Names of sections and keys, and the numbers in them.
 
 #include "checker/rule.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Fields, tables, columns, and lists that must be as long as the table is wide.
 
 #include "checker/rule.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a line consists of: bytes, indents, brackets, comments.
 
 #include "checker/rule.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Scan blocks, their request words, and the size of the register image.
 
 #include "checker/rule.h"

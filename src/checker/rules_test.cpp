@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One small template for each code, and what is found in it.
 
 #include "checker/checker.h"

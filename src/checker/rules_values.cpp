@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Limits and default values of cells.
 
 #include "checker/rule.h"

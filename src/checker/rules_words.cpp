@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Values that are words or numbers of a known kind.
 
 #include "checker/rule.h"

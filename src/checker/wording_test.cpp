@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "checker/wording.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The command line: calls, options before and after arguments, exit codes.
 
 #include "ctl/testing/ctl_bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zorvanectl check: what it prints, and how it ends.
 
 #include "ctl/testing/ctl_bench.h"

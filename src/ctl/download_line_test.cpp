@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the built program writes to a controller that refuses, falls silent, or isn't there, and what it does
 // when a signal asks for the end. The controller is a script on a pseudo-terminal.
 #include "ctl/testing/ctl_bench.h"

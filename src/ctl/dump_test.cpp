@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zorvanectl dump: what the program understood of a template and a configuration.
 
 #include "ctl/testing/ctl_bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zorvanectl show and set: the table of a field, and an entry in one of its cells.
 
 #include "ctl/testing/ctl_bench.h"

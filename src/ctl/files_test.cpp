@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zorvanectl models, save and update: the calls that list and write files.
 
 #include "ctl/testing/ctl_bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/calls/document_calls.h"
 #include "ctl/calls/qt/painted_calls.h"
 #include "ctl/calls/qt/port_calls.h"

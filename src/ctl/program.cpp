@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/program.h"
 
 #include "ctl/command_line.h"

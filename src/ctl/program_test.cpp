@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The built program: exit codes, ports that can't be used, Ctrl+C, and transfers with the simulated
 // controller.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zorvanectl recover: the copies that the window and the saves of this program leave.
 
 #include "ctl/testing/ctl_bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zorvanectl report: the built program.
 
 #include "ctl/testing/ctl_bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/flx_settings.h"
 
 #include "grids/commit/commit_list.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/fill/stopping_on_failure.h"
 #include "grids/flx_settings.h"
 #include "grids/rules/edit_rules.h"

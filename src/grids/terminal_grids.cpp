@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/terminal_grids.h"
 
 #include "grids/fill/fill_settings.h"

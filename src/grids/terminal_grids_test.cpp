@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/terminal_grids.h"
 #include "grids/testing/grid_bench.h"
 #include "template/sections/messages.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "recovery/native_recovery_folder.h"
 #include "recovery/recovery.h"
 #include "template/testing/temporary_folder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "recovery/native_recovery_folder.h"
 #include "template/services/native_files.h"
 #include "template/testing/temporary_folder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "recovery/recovery.h"
 
 #include "template/line_scanner.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/controller/controller.h"
 #include "simulator/line/frame_log.h"
 #include "simulator/line/line_server.h"

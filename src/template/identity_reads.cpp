@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/identity_reads.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/identity_section.h"
 
 #include "template/line_scanner.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/identity_section.h"
 
 #include <gtest/gtest.h>

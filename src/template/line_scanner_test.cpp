@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/line_scanner.h"
 #include "values/testing/failure_number.h"
 

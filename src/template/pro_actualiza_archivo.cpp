@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/pro_actualiza_archivo.h"
 
 #include "template/line_scanner.h"

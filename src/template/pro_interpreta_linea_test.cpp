@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/pro_interpreta_linea.h"
 #include "template/testing/interpreter_bench.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/pro_leer_archivo.h"
 
 #include "template/line_scanner.h"

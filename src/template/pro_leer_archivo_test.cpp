@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/pro_leer_archivo.h"
 #include "template/testing/document_text.h"
 #include "template/testing/reading_bench.h"

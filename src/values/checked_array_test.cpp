@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/checked_array.h"
 #include "values/testing/failure_number.h"
 

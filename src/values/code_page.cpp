@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/code_page.h"
 
 #include "values/utf8.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/colours.h"
 
 #include "values/code_page.h"

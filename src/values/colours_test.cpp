@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/colours.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/font_sizes.h"
 
 #include "values/numbers.h"

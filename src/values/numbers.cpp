@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/numbers.h"
 
 #include "values/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/numbers.h"
 #include "values/testing/comma_locale.h"
 #include "values/testing/failure_number.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/registers.h"
 #include "values/testing/failure_number.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/rtf_escape.h"
 
 #include "values/code_page.h"

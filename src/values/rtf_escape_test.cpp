@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/rtf_escape.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/run_time_failure.h"
 
 namespace zorvane {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/seldom_text.h"
 
 #include <gtest/gtest.h>

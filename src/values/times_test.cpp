@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/testing/failure_number.h"
 #include "values/times.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "values/utf8.h"
 
 #include <array>

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """What tools/check-edge-cases says of a page.
 
     check_edge_cases_test.py PROGRAM

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Runs the examples of the manual and compares what the programs print.
 
     check_examples.py PROGRAMS PAGE.md...

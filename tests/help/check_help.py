@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Every page of the manual is there as HTML, with a title, every link in it leads somewhere, and every picture is there.
 
     check_help.py FOLDER PAGE.md...

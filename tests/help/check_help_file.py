@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """The help file holds every page of the manual, as another program lists it.
 
     check_help_file.py FILE.chm CHMLS PAGE.md...

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """zorvanectl on a pseudo-terminal with a controller of a few lines that shares no code with ours, and a bad line:
 noise, answers later than the time-out, second copies, a second master.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """Which places of a source tools/mutate breaks, and how a seed takes them."""
 
 import pathlib

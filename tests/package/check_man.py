@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Holds the manual pages against what the programs say of themselves: every call and every option, both ways.
 
     check_man.py PROGRAMS PAGES

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Holds the package's files against the version that CMake knows.
 
     check_version.py VERSION PACKAGING

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Drives the installed window as an ordinary user does, on a desktop of its own for each scenario.
 
     installed_window.py

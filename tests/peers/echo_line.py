@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """A line whose adapter gives back every byte that it sends, with no controller behind it.
 
     echo_line.py LINE

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """A Modbus RTU slave by pymodbus, on a pseudo-terminal or a serial device.
 
     pymodbus_slave.py LINE --registers FILE [--dump FILE] [--slave N] [--address-base N]

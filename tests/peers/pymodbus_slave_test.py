@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Talks raw bytes to pymodbus_slave.py."""
 
 import json

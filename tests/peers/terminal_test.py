@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """What zorvanectl makes of a controller that refuses a block: a slave by pymodbus, which refuses the registers that it
 doesn't have.
 

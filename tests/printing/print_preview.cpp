@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Opens a document in the window, previews it, chooses the printer in the page set-up and prints:
 // print_preview MODELS FOLDER DOCUMENT PRINTER. Prints the texts of the preview's pages as a list of lists in
 // JSON.

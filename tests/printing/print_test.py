@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
 """The preview printed on a printer of this machine: a private cupsd on the loopback hands the job to a backend that
 keeps its file, and the file has the pages and the words that the preview shows.
 

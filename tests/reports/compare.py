@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Opens an exported report with a program that isn't ours and compares it with the model, cell by cell.
 
     compare.py FORMAT FOLDER    FOLDER holds sample.FORMAT and expected.json of report_samples

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Has other programs open reports that a fuzz target made up, and compares the texts of all tables.
 
     corpus.py FORMAT PROGRAM CORPUS    FORMAT is html, rtf or xls; PROGRAM is corpus_documents; CORPUS is a folder

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes the reports that the inputs of a fuzz target stand for.
 //
 //   corpus_documents FORMAT FOLDER INPUT...    FORMAT is html, rtf or xls; INPUT "name" becomes

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Has LibreOffice open an exported report and compares what it read with the model, cell by cell.
 
     libreoffice.py FORMAT FOLDER    FOLDER holds sample.FORMAT and expected.json of report_samples

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes a report in all six formats, and as JSON what each of its cells holds, for other programs to
 // compare.
 //   report_samples FOLDER

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Values go up from one controller, into a file, and down to another one: the second must hold what the first did.
 
     round_trip_test.py PROGRAMS MODEL sim|pymodbus

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """The simulated controller can be reached by its pseudo-terminal and by nothing else.
 
     sockets_test.py PROGRAMS TEMPLATE

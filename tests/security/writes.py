@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Follows every file that the window and the terminal program open for writing, make, rename or delete.
 
     writes.py PROGRAMS

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Opens, edits, saves and closes a document again and again, and kills the window at random moments.
 
     kills.py PROGRAMS [--kills N] [--seed N]

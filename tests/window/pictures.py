@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Takes the pictures of the manual: pictures.py PROGRAMS FOLDER [NAME...]
 
 Each is the window in front with its frame, in few colours. With names only those are written.

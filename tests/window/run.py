@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Runs one scenario of the window on a desktop of its own.
 
     run.py PROGRAMS MODULE.SCENARIO [EVIDENCE]

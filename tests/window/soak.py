@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: MIT
 """Polls a controller with faults for a long time, through the real window.
 
     soak.py PROGRAMS [--minutes N] [--seed N]

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Every window of the program, one after the other, each in a state worth looking at.
 
 `take_all(program, visit)` calls `visit(name, window)` at each stop; `window` is the accessible that is then in front.

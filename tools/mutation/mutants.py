@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Where a C++ source can be broken, one small change at a time, and which of those places a seed takes.
 
 Works on tokens and on the layout that clang-format gives the sources: a comparison has blanks on both sides, the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/desktop/busy_run.h"
 
 #include "ui/forms/mensaje.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/desktop/desktop_shell.h"
 
 #include "template/services/native_files.h"

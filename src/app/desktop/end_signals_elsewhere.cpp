@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/desktop/end_signals.h"
 
 namespace zorvane::app {

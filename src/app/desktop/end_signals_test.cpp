@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/desktop/end_signals.h"
 
 #include <QTest>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/desktop/qt_settings_store.h"
 
 #include "template/services/asker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/desktop/qt_text_widths.h"
 
 #include "ui/base/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/document/document_commands.h"
 #include "app/testing/app_bench.h"
 #include "template/services/native_files.h"

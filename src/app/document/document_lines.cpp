@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/document/document_lines.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/document/document_rows.h"
 
 #include "grids/fill/show_cell.h"

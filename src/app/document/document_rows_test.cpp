@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the message bar says of a document that was opened, saved or filled by an upload.
 
 #include "app/document/document_commands.h"

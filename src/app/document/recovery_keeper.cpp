@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/document/recovery_keeper.h"
 
 #include "app/document/document_lines.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/document/document_commands.h"
 #include "app/document/recover_command.h"
 #include "app/document/recovery_keeper.h"

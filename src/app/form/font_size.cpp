@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/form/font_size.h"
 
 #include "grids/fill/fill_configuration.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/document/document_commands.h"
 #include "app/form/font_size.h"
 #include "app/form_life.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/form/menu_state.h"
 
 namespace zorvane::app {

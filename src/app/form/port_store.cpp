@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/form/port_store.h"
 
 #include "template/services/asker.h"

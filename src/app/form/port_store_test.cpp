@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The port settings between runs.
 
 #include "app/form/port_store.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/form/window_rectangles.h"
 
 #include "template/services/asker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/testing/recording_document_form.h"
 
 #include "values/numbers.h"

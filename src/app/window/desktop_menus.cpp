@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/desktop_menus.h"
 
 #include "app/desktop/desktop_shell.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the desktop has to do with the window: text size, tray, help, the tip at a column's border.
 
 #include "app/window/testing/program_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/form_commands.h"
 
 #include "app/document/document_commands.h"
@@ -33,9 +34,9 @@ class Mouse_Track_Held {
     bool before_;
 };
 
-template <class File_To_Open> void openAnother(const Menu_Context& menu, File_To_Open&& opening) {
+template <class Open> void openAnother(const Menu_Context& menu, Open&& open) {
     const Mouse_Track_Held held(menu.app.grids.navigation);
-    std::forward<File_To_Open>(opening)();
+    std::forward<Open>(open)();
     menu.mainForm.timers().setInterval(Timer_Name::TMR_Forza_analogas, menu.app.document().Forza_Analogas_Ms);
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/form_timers.h"
 
 #include <algorithm>

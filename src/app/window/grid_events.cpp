@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/grid_events.h"
 
 #include "app/cell_description.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/kvrt_principal.h"
 
 #include "app/document/document_rows.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The whole window, driven from inside: start, documents, editing, the ways out.
 
 #include "app/window/testing/program_fixture.h"

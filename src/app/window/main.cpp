@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/desktop/end_signals.h"
 #include "app/window/kvrt_principal.h"
 #include "template/services/native_files.h"

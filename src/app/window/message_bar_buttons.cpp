@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/message_bar_buttons.h"
 
 #include "template/services/native_files.h"

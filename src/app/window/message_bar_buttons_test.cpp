@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The lines of the message bar in the program: shown, pressed, taken away, gone with their document.
 
 #include "app/document/document_rows.h"

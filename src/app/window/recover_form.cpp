@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/recover_form.h"
 
 #include "app/window/window_form.h"

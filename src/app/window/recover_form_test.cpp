@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // "Recover...": the list of copies, and what becomes of the chosen one.
 
 #include "app/window/recover_form.h"

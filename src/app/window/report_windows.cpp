@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/report_windows.h"
 
 #include "app/form/font_size.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Previews, page set-up, printing and export in the whole program, driven from inside.
 
 #include "app/window/report_windows.h"

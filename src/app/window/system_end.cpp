@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/system_end.h"
 
 #include "app/form_life.h"

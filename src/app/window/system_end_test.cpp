@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The program is ended by the system: without a question, with a copy of the changes.
 
 #include "app/window/testing/program_fixture.h"

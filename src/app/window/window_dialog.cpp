@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/window_dialog.h"
 
 #include "template/services/native_files.h"

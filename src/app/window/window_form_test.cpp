@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The parts that the window is put together from: settings, timers, the progress form, places.
 
 #include "app/desktop/qt_settings_store.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/window_link.h"
 
 #include "app/form/port_store.h"

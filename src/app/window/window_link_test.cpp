@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The link's windows in the whole program, with the simulated controller as its port.
 
 #include "app/form/port_store.h"

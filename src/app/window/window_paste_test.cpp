@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the whole window says of a text that a cell doesn't take.
 
 #include "app/window/testing/program_fixture.h"

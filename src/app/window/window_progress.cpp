@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/window_progress.h"
 
 #include "ui/base/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Transfers in the window, with the simulated controller at the other end of the line.
 
 #include "app/window/testing/program_fixture.h"

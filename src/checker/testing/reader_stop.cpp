@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "checker/testing/reader_stop.h"
 
 #include "template/pro_leer_archivo.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/main_form/message_bar.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/main_form/monitor.h"
 #include "comm/main_form/testing/comm_bench.h"
 

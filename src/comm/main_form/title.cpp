@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/main_form/title.h"
 
 #include "values/code_page.h"

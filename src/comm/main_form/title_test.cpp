@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/main_form/testing/comm_bench.h"
 #include "comm/main_form/title.h"
 

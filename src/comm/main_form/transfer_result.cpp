@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/main_form/transfer_result.h"
 
 namespace zorvane {

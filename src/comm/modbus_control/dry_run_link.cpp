@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/dry_run_link.h"
 
 namespace zorvane {

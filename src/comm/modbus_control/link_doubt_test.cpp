@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Answers that can't be told apart by themselves: later than twice the time-out, second copies, those of
 // another master, acknowledgements of an earlier write. The link tells them apart by what it asks next.
 #include "comm/modbus_control/testing/link_rig.h"

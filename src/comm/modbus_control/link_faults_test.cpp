@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a bad line does to the link. Each test looks at the register image afterwards: a fault may cost a
 // value, it never may bring a wrong one.
 #include "comm/modbus_control/testing/link_rig.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The port under the link: it can't be opened, it is unplugged, it comes back.
 #include "comm/modbus_control/testing/link_rig.h"
 

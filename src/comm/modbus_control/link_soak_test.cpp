@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Ten and a hundred thousand exchanges on a line where one answer in ten is spoilt, at random but from a
 // fixed seed.
 #include "comm/modbus_control/testing/link_rig.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Thousands of random transfers on a line on which everything goes wrong: faults of 56 kinds at random,
 // answers up to ten time-outs late and a second master among them, in virtual time from kept seeds. A
 // transfer may fail. It may not bring a value that the controller doesn't hold, call a write completed that

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/modbus_link.h"
 
 #include "values/run_time_failure.h"

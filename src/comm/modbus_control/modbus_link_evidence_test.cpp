@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // How many writes have ended, and whether a controller was seen on the line.
 #include "comm/modbus_control/testing/link_rig.h"
 

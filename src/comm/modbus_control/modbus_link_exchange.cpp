@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The link's exchanges: which request goes out next, and what becomes of its answer.
 #include "comm/modbus_control/exchange/exchange_text.h"
 #include "comm/modbus_control/modbus_link.h"

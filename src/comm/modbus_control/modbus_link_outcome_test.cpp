@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the link says of the write that ended last, whatever became of those before it.
 #include "comm/modbus_control/testing/link_rig.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Blocks that are read in parts, because an answer to an earlier request may still come that would pass for
 // the answer to the whole block.
 #include "comm/modbus_control/exchange/exchange_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The link's port: opening it, losing it and finding it again.
 #include "comm/modbus_control/modbus_link.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the link knows of a register beyond its value: read since the port was opened, before that, or never.
 #include "comm/modbus_control/testing/link_rig.h"
 

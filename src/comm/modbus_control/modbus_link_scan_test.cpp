@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The scan as the upload and the polling drive it: which blocks, in which order, and what a watcher sees.
 #include "comm/modbus_control/testing/link_rig.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The operations of the link, as the system calls them.
 #include "comm/modbus_control/testing/link_rig.h"
 #include "values/run_time_failure.h"

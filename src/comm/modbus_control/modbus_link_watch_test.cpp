@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The scan as a watcher sees it that looks every 10 ms, as the upload does: no index and no failure is
 // missed.
 #include "comm/modbus_control/testing/link_rig.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The link's own windows, as the contract names their members.
 #include "comm/modbus_control/modbus_link.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes through the link: what goes out, and when one counts as failed.
 #include "comm/modbus_control/testing/link_rig.h"
 #include "values/run_time_failure.h"

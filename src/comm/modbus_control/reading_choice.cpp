@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/reading_choice.h"
 
 namespace zorvane {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/register_image.h"
 
 #include "values/run_time_failure.h"

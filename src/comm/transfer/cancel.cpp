@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/cancel.h"
 
 #include "comm/transfer/session.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/download.h"
 
 #include "comm/main_form/progress.h"

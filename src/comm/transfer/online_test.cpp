@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/online.h"
 #include "comm/transfer/registers_to_cells.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/registers_to_cells.h"
 
 #include "cells/cell_reading.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "cells/cell_reading.h"
 #include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/registers_to_cells.h"

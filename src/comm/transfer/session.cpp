@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/session.h"
 
 #include "comm/main_form/bar_topics.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/status.h"
 
 #include "comm/transfer/download.h"

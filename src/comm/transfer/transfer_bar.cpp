@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/transfer_bar.h"
 
 #include "cells/cell_names.h"

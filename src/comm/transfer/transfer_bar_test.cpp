@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the message bar is told of transfers and of polling.
 #include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/download.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/transfer_records.h"
 
 #include "values/numbers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/transfer_records.h"
 #include "comm/transfer/transfer_texts.h"
 #include "values/run_time_failure.h"

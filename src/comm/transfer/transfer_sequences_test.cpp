@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the user sees of each kind of transfer, in order: the panels and the label of the progress form.
 #include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/cancel.h"

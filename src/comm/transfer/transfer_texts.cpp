@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/transfer_texts.h"
 
 #include "values/code_page.h"

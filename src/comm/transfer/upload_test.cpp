@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/upload.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/calls/document_calls.h"
 #include "ctl/document/document_arguments.h"
 #include "ctl/document/model_json.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "checker/checker.h"
 #include "ctl/calls/document_calls.h"
 #include "ctl/document/notices.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/calls/document_calls.h"
 
 namespace zorvane::ctl {

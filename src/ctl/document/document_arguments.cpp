@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/document_arguments.h"
 
 #include "ctl/document/notices.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/held_form.h"
 
 namespace zorvane::ctl {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/lower_grid.h"
 
 #include "comm/modbus_control/dry_run_link.h"

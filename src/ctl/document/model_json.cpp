@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/model_json.h"
 
 namespace zorvane::ctl {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/model_text.h"
 
 #include "ctl/document/notices.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/notices.h"
 
 #include "template/services/native_files.h"

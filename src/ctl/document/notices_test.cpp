@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the terminal program says beside a failure.
 
 #include "ctl/document/notices.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/opened_document.h"
 
 #include "template/pro_leer_archivo.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the reading of a document tells the link.
 
 #include "ctl/document/opened_document.h"

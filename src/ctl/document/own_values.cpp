@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/own_values.h"
 
 #include "cells/cell_reading.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/register_argument.h"
 
 #include "ctl/document/notices.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/register_file.h"
 
 #include <nlohmann/json.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/document/rehearsal.h"
 
 #include "comm/transfer/download.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // zorvanectl apply and plan: transfers rehearsed on a register image.
 
 #include "comm/main_form/testing/comm_bench.h"

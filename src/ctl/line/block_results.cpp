@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/line/block_results.h"
 
 namespace zorvane::ctl {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/line/failed_writes.h"
 
 namespace zorvane::ctl {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/line/first_reading.h"
 
 #include "comm/modbus_control/frame/rtu_frame.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/line/guarded_link.h"
 
 namespace zorvane::ctl {

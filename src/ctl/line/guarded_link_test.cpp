@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The link of one transfer: what became of its writes, and nothing new once somebody asked for the end.
 #include "comm/main_form/testing/comm_bench.h"
 #include "ctl/line/guarded_link.h"

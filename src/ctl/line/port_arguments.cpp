@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/line/port_arguments.h"
 
 #include <CLI/CLI.hpp>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/line/stop_text.h"
 
 #include "comm/modbus_control/scan/register_ranges.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/line/transfer.h"
 
 #include "comm/main_form/progress.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a transfer in a terminal tells of each request: read or written, refused, unanswered, not sent.
 #include "comm/main_form/testing/comm_bench.h"
 #include "ctl/document/own_values.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What a transfer in a terminal comes to: outcome, records, refusals, and a session that has ended.
 
 #include "comm/main_form/testing/comm_bench.h"

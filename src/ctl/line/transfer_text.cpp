@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/line/transfer_text.h"
 
 #include "ctl/document/notices.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/line/watch.h"
 
 #include "cells/cell_reading.h"

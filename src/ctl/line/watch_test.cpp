@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Live values in a terminal.
 #include "comm/main_form/testing/comm_bench.h"
 #include "ctl/line/watch.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/testing/ctl_bench.h"
 
 #include "ctl/calls/document_calls.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/testing/scripted_slave.h"
 
 #include <algorithm>

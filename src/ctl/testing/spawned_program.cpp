@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/testing/spawned_program.h"
 
 #include <sys/wait.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/text/json_stream.h"
 
 #include <ostream>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/text/json_text.h"
 
 #include "template/services/native_files.h"

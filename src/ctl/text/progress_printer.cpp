@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/text/progress_printer.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The progress of a transfer as people see it.
 
 #include "ctl/text/progress_printer.h"

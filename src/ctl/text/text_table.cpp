@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/text/text_table.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/commit/commit_list.h"
 
 #include "comm/main_form/title.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/commit/commit_list.h"
 #include "grids/fill/fill_settings.h"
 #include "grids/testing/commit_outcome.h"

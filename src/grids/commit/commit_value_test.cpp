@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/commit/commit_value.h"
 #include "grids/testing/commit_outcome.h"
 

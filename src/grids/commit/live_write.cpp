@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/commit/live_write.h"
 
 #include "grids/commit/live_write_bar.h"

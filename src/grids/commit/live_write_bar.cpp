@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/commit/live_write_bar.h"
 
 #include "cells/cell_names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the controller did with a live write, whatever the status line says.
 #include "grids/testing/grid_bench.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/session.h"
 #include "grids/commit/live_write.h"
 #include "grids/commit/register_writes.h"

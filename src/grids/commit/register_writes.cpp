@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/commit/register_writes.h"
 
 #include "values/code_page.h"

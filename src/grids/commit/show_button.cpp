@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/commit/show_button.h"
 
 #include "grids/fill/show_cell.h"

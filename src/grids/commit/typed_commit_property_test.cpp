@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Random cells, columns and texts: whatever comes in, a typed commit takes one of its ways out, and what each
 // way out promises holds.
 

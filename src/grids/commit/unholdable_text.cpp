@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/commit/unholdable_text.h"
 
 #include "comm/main_form/title.h"

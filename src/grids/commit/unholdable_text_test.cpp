@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/commit/unholdable_text.h"
 #include "grids/testing/grid_bench.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/commit/unmarked_change.h"
 
 #include "cells/cell_names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A time, a zero or a limit that was put in without the document's mark.
 #include "grids/testing/grid_bench.h"
 

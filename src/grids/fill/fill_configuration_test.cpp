@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/fill/fill_configuration.h"
 #include "grids/testing/grid_bench.h"
 

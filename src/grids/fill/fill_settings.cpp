@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/fill/fill_settings.h"
 
 #include "grids/rules/alignment.h"

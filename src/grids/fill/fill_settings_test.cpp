@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/fill/fill_settings.h"
 #include "grids/rules/cell_fill.h"
 #include "grids/testing/grid_bench.h"

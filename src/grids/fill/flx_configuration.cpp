@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/fill/flx_configuration.h"
 
 #include "grids/fill/fill_settings.h"

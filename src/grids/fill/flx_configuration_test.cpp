@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/fill/flx_configuration.h"
 #include "grids/rules/edit_rules.h"
 #include "grids/testing/grid_bench.h"

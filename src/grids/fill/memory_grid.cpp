@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/fill/memory_grid.h"
 
 #include "values/run_time_failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/fill/memory_grid.h"
 #include "grids/testing/flex_grid_suite.h"
 

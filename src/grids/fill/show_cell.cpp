@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/fill/show_cell.h"
 
 #include "grids/fill/flx_configuration.h"

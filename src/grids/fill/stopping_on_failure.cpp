@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/fill/stopping_on_failure.h"
 
 #include "template/services/asker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/rules/cell_fill.h"
 
 #include "cells/cell_reading.h"

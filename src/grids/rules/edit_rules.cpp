@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/rules/edit_rules.h"
 
 #include "values/numbers.h"

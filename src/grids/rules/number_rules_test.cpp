@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/rules/number_rules.h"
 #include "values/run_time_failure.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/rules/typed_entry.h"
 
 #include "values/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/rules/typed_entry.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/rules/value_findings.h"
 
 #include "grids/rules/number_rules.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/rules/value_findings.h"
 #include "template/sections/messages.h"
 #include "template/testing/interpreter_bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/active_report.h"
 
 #include "reports/bands/line_wrap.h"

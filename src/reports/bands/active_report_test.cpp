@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/active_report.h"
 #include "reports/testing/even_metrics.h"
 #include "reports/testing/page_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/line_wrap.h"
 #include "reports/testing/even_metrics.h"
 

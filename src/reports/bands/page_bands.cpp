@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/page_bands.h"
 
 namespace zorvane {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/page_colours.h"
 
 #include "reports/bands/text_place.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/page_layout.h"
 #include "reports/testing/page_text.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/printed_report.h"
 
 #include <algorithm>

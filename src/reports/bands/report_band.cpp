@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/report_band.h"
 
 #include "values/run_time_failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/report_content.h"
 #include "reports/documents/rpt_print_log.h"
 #include "reports/testing/report_bench.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/text_place.h"
 
 #include <gtest/gtest.h>

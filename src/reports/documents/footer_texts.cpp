@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/documents/footer_texts.h"
 
 #include "template/services/native_files.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/documents/footer_texts.h"
 
 #include <gtest/gtest.h>

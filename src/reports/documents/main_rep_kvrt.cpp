@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/documents/main_rep_kvrt.h"
 
 #include "reports/bands/page_bands.h"

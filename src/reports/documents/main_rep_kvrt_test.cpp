@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/documents/main_rep_kvrt.h"
 #include "reports/testing/page_text.h"
 #include "reports/testing/report_bench.h"

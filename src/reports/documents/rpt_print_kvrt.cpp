@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/documents/rpt_print_kvrt.h"
 
 #include "values/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/documents/rpt_print_kvrt.h"
 #include "reports/testing/report_bench.h"
 #include "values/testing/failure_number.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/documents/rpt_print_log.h"
 
 #include "reports/bands/page_bands.h"

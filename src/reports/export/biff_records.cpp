@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/biff_records.h"
 
 #include "values/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/biff_styles.h"
 
 #include <algorithm>

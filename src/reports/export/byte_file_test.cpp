@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/byte_file.h"
 #include "template/testing/temporary_folder.h"
 #include "values/testing/failure_number.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/export_format.h"
 
 #include "reports/export/export_html.h"

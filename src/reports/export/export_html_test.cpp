@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/export_html.h"
 #include "reports/testing/report_bench.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/export_rtf.h"
 
 #include "values/rtf_escape.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/export_txt.h"
 
 #include "values/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/export_txt.h"
 #include "reports/testing/report_bench.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/export_xls.h"
 
 #include "reports/bands/paper_kinds.h"

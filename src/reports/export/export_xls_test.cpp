@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/documents/main_rep_kvrt.h"
 #include "reports/export/biff_records.h"
 #include "reports/export/export_xls.h"

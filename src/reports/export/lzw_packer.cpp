@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/lzw_packer.h"
 
 #include <algorithm>

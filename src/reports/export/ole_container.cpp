@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/ole_container.h"
 
 #include "values/run_time_failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/replaced_file.h"
 
 #include "template/services/native_files.h"

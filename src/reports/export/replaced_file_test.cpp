@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/byte_file.h"
 #include "reports/export/replaced_file.h"
 #include "template/testing/file_size_limit.h"

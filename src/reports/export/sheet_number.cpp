@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/sheet_number.h"
 
 #include "values/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/export/tiff_file.h"
 
 #include "values/run_time_failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What the file holds, as libtiff reads it.
 
 #include "reports/export/byte_file.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/qt/qt_page_dots.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/qt/qt_page_exporters.h"
 
 #include "reports/export/tiff_file.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/qt/qt_page_painter.h"
 
 #include "reports/bands/text_place.h"

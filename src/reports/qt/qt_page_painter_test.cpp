@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/qt/qt_page_exporters.h"
 #include "reports/qt/qt_page_painter.h"
 #include "reports/qt/qt_report_fonts.h"

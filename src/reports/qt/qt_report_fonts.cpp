@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/qt/qt_report_fonts.h"
 
 #include "values/code_page.h"

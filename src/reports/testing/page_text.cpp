@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/testing/page_text.h"
 
 #include "values/numbers.h"

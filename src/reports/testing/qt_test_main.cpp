@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Runs tests that paint, without a screen.
 
 #include <QGuiApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/controller/controller.h"
 
 #include "simulator/faults/fault_effect.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/controller/device_identification.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/controller/live_values.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/controller/modbus_slave.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/controller/register_memory.h"
 
 #include "simulator/controller/live_values.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/faults/fault_effect.h"
 
 #include "simulator/wire/request.h"

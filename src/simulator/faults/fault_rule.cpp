@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/faults/fault_rule.h"
 
 #include <array>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/faults/quirk_effect.h"
 
 #include "simulator/faults/strike.h"

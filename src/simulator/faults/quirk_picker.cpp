@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/faults/quirk_picker.h"
 
 #include "simulator/wire/request.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/faults/quirk_rule.h"
 
 #include <gtest/gtest.h>

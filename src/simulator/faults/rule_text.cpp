@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/faults/rule_text.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/line/frame_log.h"
 
 #include <ostream>

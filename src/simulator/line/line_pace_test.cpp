@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/line/line_pace.h"
 
 #include <gtest/gtest.h>

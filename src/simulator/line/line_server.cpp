@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/line/line_server.h"
 
 #include <sys/timerfd.h>

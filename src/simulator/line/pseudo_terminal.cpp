@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/line/pseudo_terminal.h"
 
 #include <sys/inotify.h>

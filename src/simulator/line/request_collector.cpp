@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/line/request_collector.h"
 
 #include "simulator/wire/request.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/line/request_collector.h"
 
 #include <gtest/gtest.h>

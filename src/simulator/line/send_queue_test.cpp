@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/line/send_queue.h"
 
 #include <gtest/gtest.h>

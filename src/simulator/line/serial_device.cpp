@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/line/serial_device.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/registers/cell_registers.h"
 
 #include "values/code_page.h"

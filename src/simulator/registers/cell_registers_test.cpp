@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/registers/cell_registers.h"
 
 #include <gtest/gtest.h>

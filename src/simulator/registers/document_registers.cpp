@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/registers/document_registers.h"
 
 #include "simulator/registers/template_registers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/registers/register_map.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/registers/register_map.h"
 #include "simulator/registers/register_storage.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/registers/template_registers.h"
 
 #include "simulator/registers/cell_registers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/testing/program_test.h"
 
 #include "simulator/controller/modbus_slave.h"

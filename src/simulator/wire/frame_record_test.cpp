@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/wire/frame_record.h"
 
 #include <gtest/gtest.h>

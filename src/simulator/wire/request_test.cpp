@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "simulator/wire/request.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "survey/find/line_search.h"
 
 #include <algorithm>

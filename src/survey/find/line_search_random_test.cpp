@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // 200 random lines with and 200 without a known template: what is found, by what requests, and how soon.
 #include "survey/find/testing/search_run.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "survey/find/read_probe.h"
 
 namespace zorvane::survey {

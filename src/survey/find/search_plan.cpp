@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "survey/find/search_plan.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "survey/find/unit_trial.h"
 
 namespace zorvane::survey {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "survey/listen/answer_times.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "survey/listen/frame_finder.h"
 
 #include "survey/listen/frame_shape.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "survey/listen/line_listener.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/testing/hand_clock.h"
 #include "comm/modbus_control/testing/toy_slave.h"
 #include "survey/listen/line_listener.h"

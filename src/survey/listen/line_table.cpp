@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "survey/listen/line_table.h"
 
 #include <algorithm>

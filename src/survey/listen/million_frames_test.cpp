@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // A million frames in ten million bytes of noise, by chance: what is found, what is put together, what is
 // made up.
 #include "comm/modbus_control/testing/toy_slave.h"

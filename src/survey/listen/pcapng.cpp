@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "survey/listen/pcapng.h"
 
 namespace zorvane::survey {

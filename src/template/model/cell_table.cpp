@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/model/cell_table.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/model/declara_zorvane.h"
 #include "template/testing/document_text.h"
 #include "template/testing/reading_bench.h"

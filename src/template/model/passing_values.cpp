@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/model/passing_values.h"
 
 namespace zorvane {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/model/passing_values.h"
 
 #include <gtest/gtest.h>

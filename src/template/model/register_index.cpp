@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/model/register_index.h"
 
 #include <algorithm>

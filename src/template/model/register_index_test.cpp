@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/model/cell_table.h"
 #include "template/model/register_index.h"
 #include "values/testing/failure_number.h"

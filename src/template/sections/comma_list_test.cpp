@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/sections/comma_list.h"
 
 #include <gtest/gtest.h>

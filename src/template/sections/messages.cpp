@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/sections/messages.h"
 
 #include "template/sections/comma_list.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/sections/messages.h"
 #include "template/testing/document_text.h"
 #include "values/testing/failure_number.h"

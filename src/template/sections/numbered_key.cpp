@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/sections/numbered_key.h"
 
 #include "values/code_page.h"

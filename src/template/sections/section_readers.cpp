@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/sections/section_readers.h"
 
 namespace zorvane {

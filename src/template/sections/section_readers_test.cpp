@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/sections/section_readers.h"
 #include "template/testing/recording_link_notice.h"
 #include "values/testing/failure_number.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sections that describe single cells: addresses, limits, formats and lists.
 
 #include "template/sections/comma_list.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/model/block_kind.h"
 #include "template/sections/section_readers.h"
 #include "values/code_page.h"

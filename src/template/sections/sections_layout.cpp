@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sections that give the two grids their columns and the fields their tables.
 
 #include "template/sections/section_readers.h"

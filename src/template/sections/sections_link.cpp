@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sections about the controller's registers as a whole: what isn't downloaded, timings and scan blocks.
 
 #include "template/sections/section_readers.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The sections that a configuration file holds too: values of the cells and of the upper grid. And the
 // colours.
 

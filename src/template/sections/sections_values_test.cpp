@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/testing/interpreter_bench.h"
 
 #include <gtest/gtest.h>

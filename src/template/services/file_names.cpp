@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/services/file_names.h"
 
 #include "template/model/declara_zorvane.h"

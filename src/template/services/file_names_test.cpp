@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/model/declara_zorvane.h"
 #include "template/services/file_names.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/services/native_files.h"
 
 #include "template/services/file_names.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/pro_escribe_archivo.h"
 #include "template/services/native_files.h"
 #include "template/testing/files_suite.h"

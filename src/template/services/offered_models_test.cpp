@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/services/offered_models.h"
 #include "template/testing/memory_files.h"
 

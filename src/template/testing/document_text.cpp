@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/testing/document_text.h"
 
 #include "values/numbers.h"

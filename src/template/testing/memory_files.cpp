@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/testing/memory_files.h"
 
 #include "values/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "template/testing/files_suite.h"
 #include "template/testing/memory_files.h"
 

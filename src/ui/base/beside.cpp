@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/base/beside.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/base/caption_box.h"
 
 #include "ui/base/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/base/fixed_dialog.h"
 
 #include "ui/base/text.h"

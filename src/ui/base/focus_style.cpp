@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/base/focus_style.h"
 
 #include <QPainter>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/base/icons.h"
 
 #include <QtGlobal>

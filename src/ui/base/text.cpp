@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/base/text.h"
 
 #include "values/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/base/wrapped_label.h"
 
 #include <QPainter>

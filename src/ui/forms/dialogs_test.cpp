@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/base/wrapped_label.h"
 #include "ui/forms/acercade.h"
 #include "ui/forms/frm_debug.h"

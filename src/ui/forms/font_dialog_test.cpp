@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/forms/font_dialog.h"
 
 #include <QApplication>

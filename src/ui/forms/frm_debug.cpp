@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/forms/frm_debug.h"
 
 #include "ui/base/roles.h"

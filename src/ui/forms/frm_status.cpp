@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/forms/frm_status.h"
 
 #include "comm/modbus_control/exchange/rtf_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/main_form/testing/comm_bench.h"
 #include "ui/forms/transfer_status_window.h"
 #include "ui/main/status_bar.h"

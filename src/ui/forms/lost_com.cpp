@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/forms/lost_com.h"
 
 #include "ui/base/beside.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The notice of a lost link beside a question.
 
 #include "ui/base/beside.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/forms/msgb.h"
 
 #include "template/services/asker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/forms/msgb_buttons.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/forms/transfer_status_window.h"
 
 #include "comm/transfer/status.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/grid/cell_editors.h"
 
 #include "ui/base/text.h"

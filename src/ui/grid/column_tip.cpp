@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/grid/column_tip.h"
 
 #include "ui/base/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/grid/combo_entries.h"
 
 #include "values/code_page.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/grid/flex_grid.h"
 
 #include <QHeaderView>

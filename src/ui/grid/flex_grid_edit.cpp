@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/base/text.h"
 #include "ui/grid/flex_grid_view.h"
 #include "ui/grid/pasted_text.h"

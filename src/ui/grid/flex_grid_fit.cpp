@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The whole text of what is cut, and columns as wide as their texts.
 
 #include "ui/base/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/grid/flex_grid_model.h"
 
 #include "ui/base/text.h"

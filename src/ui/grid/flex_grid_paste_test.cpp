@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What comes from the clipboard, and what a cell doesn't take of it.
 
 #include "ui/grid/pasted_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "grids/testing/flex_grid_suite.h"
 #include "ui/grid/flex_grid.h"
 #include "ui/grid/packed_colour.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/grid/flex_grid_view.h"
 
 #include "ui/grid/flex_grid_delegate.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/grid/key_codes.h"
 
 #include <algorithm>

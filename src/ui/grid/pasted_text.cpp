@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/grid/pasted_text.h"
 
 #include "ui/base/text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/line/line_windows.h"
 
 #include "comm/modbus_control/qt/qt_port_watch.h"

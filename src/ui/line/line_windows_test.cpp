@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The link's windows on the real link, with the simulated controller at the far end.
 #include "comm/modbus_control/qt/qt_link.h"
 #include "comm/modbus_control/qt/qt_simulator.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/line/monitor_window.h"
 
 #include "template/services/asker.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/line/monitor_window.h"
 #include "ui/line/traffic_delegate.h"
 #include "ui/testing/control_walk.h"

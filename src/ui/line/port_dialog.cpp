@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/line/port_dialog.h"
 
 #include "comm/modbus_control/line/simulated_port.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/line/simulated_port.h"
 #include "comm/modbus_control/testing/hand_clock.h"
 #include "comm/modbus_control/testing/scripted_port.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/line/traffic_delegate.h"
 
 #include <QPainter>

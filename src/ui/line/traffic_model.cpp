@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/line/traffic_model.h"
 
 #include "ui/base/text.h"

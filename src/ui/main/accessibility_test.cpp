@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What somebody meets who uses the program by keyboard or by a screen reader: every control of every window.
 
 #include "ui/base/focus_style.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/main/bar_place.h"
 
 #include <algorithm>

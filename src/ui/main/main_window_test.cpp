@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/main/main_window.h"
 #include "ui/testing/sample_window.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/main/message_bar_view.h"
 
 #include "ui/base/roles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The message bar over the lower grid of the main form.
 
 #include "ui/main/main_window.h"

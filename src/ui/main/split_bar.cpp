@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/main/split_bar.h"
 
 #include "ui/base/roles.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/main/status_bar.h"
 
 #include "ui/base/text.h"

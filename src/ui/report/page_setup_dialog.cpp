@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/report/page_setup_dialog.h"
 
 #include "reports/bands/paper_kinds.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/report/page_sheet.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/report/page_stack.h"
 
 #include "values/twips.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/paper_kinds.h"
 #include "ui/report/page_sheet.h"
 #include "ui/report/page_stack.h"

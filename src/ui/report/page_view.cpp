@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/report/page_view.h"
 
 #include "reports/qt/qt_page_painter.h"

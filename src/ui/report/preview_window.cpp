@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/report/preview_window.h"
 
 #include "reports/bands/page_document.h"

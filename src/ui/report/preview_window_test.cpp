@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "reports/bands/page_document.h"
 #include "ui/report/preview_window.h"
 #include "ui/testing/control_walk.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/report/report_printing.h"
 
 #include "reports/qt/qt_page_painter.h"

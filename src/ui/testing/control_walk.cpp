@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/testing/control_walk.h"
 
 #include "ui/main/split_bar.h"

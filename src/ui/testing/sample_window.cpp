@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ui/testing/sample_window.h"
 
 #include <array>

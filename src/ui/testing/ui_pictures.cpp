@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes pictures of the window and its dialogs, for people to look at: ui_pictures FOLDER [dark]
 #include "comm/modbus_control/line/simulated_port.h"
 #include "comm/modbus_control/testing/hand_clock.h"

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a screen reader is told: the accessibility tree of a program, over its D-Bus protocol.
 
 Nothing is cached: each property asks the program again. What has gone from the screen raises `Vanished`.

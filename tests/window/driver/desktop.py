@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A desktop of its own for one test: a screen, a session bus, an accessibility bus and a window manager.
 
 All of it ends with the `with` block, and also when the test's process is killed.

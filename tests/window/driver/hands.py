@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Keyboard and mouse of a desktop. Keys go to whatever has the keyboard, as a person's do."""
 import subprocess
 import time

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A guard: from here on a scenario has the keyboard and its eyes, and nothing else."""
 from .hands import Hands
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A model of controller that is nothing but registers, for tests of the line."""
 import json
 import os

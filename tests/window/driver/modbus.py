@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Frames of Modbus RTU as pymodbus understands them: nothing of this is Zorvane's own."""
 from pymodbus.factory import ClientDecoder, ServerDecoder
 from pymodbus.utilities import checkCRC

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the screen shows, pixel by pixel."""
 from collections import Counter
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The other two programs: the terminal program, to compare with, and the simulated controller."""
 import json
 import os

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A tray for icons on a desktop of a test, and the program's icon in it."""
 import ctypes
 

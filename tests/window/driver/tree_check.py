@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What is missing in an accessibility tree for somebody who doesn't see the window."""
 from .accessible import Table
 from .waiting import Vanished

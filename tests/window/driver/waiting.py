@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Waiting for what a program shows: by condition, with a deadline, never by a fixed time."""
 import threading
 import time

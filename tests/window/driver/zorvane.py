@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The window program as its user meets it: menus, two grids, panels, dialogs."""
 import configparser
 import json

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What a screen reader is told of every window: names, roles, headings, and the state of a cell."""
 import tour
 from driver.accessible import Table

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The message bar: what it says of a document, by mouse and by keyboard alone, and what a screen reader is told."""
 from driver.keyboard import Only_Keyboard
 from driver.tree_check import shared_keys, window_faults

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """What the message bar tells of transfers, polling and live writes: the window against slaves that aren't ours."""
 import os
 

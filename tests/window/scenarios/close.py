@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Close and Exit: the question about unsaved changes with each answer, and what the next start finds."""
 import os
 

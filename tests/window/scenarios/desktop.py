@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Text size, help and the splitter, as their user meets them."""
 import os
 

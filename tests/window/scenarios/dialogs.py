@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The small forms: about box, credits, debug form, and the menu by keyboard."""
 from driver.waiting import expect
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Editing without a controller: what is typed, what is refused in which words, what the document then says."""
 from driver.waiting import expect
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The first hour of the manual (docs/manual/first-hour.md), step by step, as the page tells it."""
 import os
 import shutil

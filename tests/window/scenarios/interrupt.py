@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A transfer or a live write that is cut short: the window or the document closed, another one opened, the adapter
 unplugged."""
 import os

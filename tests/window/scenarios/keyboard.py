@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The main job without a mouse, and whether the keyboard's place can be seen."""
 import os
 

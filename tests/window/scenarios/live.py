@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Editing while online: what reaches the controller, what the cell shows meanwhile and when a write fails."""
 import os
 

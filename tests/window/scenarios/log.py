@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The log of a transfer with records: its report, its buttons, and what it saves."""
 import subprocess
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The monitor: rows as they come, pause, clear, save; its frames against the controller's log and pymodbus."""
 from driver import modbus
 from driver.accessible import Table

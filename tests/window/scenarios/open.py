@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Opening documents: the chosen file type, the grids, the read-only box, files that don't fit."""
 import os
 import shutil

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The port settings: a typed path, the test of a port, the simulated controller."""
 import os
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """A program that is killed leaves the unsaved changes after, and File > Recover... brings them back."""
 import os
 import time

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Previews of reports: their windows, keys and places, the page set-up and the export, as their user meets them."""
 import os
 

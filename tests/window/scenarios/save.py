@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Saving: the mark in the title, Save, Save As, the factory file that is never written over."""
 import os
 

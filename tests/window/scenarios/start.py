@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The program starts on the default template, and takes no document command until a file is open."""
 import os
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """Upload, polling, a lost line and its return, download: the window with a simulated controller."""
 import os
 import shutil

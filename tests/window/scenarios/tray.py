@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: MIT
 """The window in a real tray, and on a desktop without one."""
 from driver.tray import Tray, listed_windows, shown_windows
 from driver.waiting import expect, wait_for

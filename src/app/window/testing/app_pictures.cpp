@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes a picture of the window with the example document of each model, for people to look at:
 //     app_pictures FOLDER [dark]
 // The environment variable QT_SCALE_FACTOR sets the scale.

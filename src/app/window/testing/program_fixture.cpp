@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "app/window/testing/program_fixture.h"
 
 #include <QCheckBox>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Writes pictures of the previews of all models, for people to look at: report_pictures FOLDER [dark]
 #include "app/window/kvrt_principal.h"
 #include "app/window/report_windows.h"

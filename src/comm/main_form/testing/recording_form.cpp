@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/main_form/testing/recording_form.h"
 
 #include <stdexcept>

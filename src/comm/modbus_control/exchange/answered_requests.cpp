@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/exchange/answered_requests.h"
 
 #include "comm/modbus_control/frame/answer_search.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/exchange/late_answers.h"
 
 #include <algorithm>

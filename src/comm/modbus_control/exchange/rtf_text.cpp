@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/exchange/rtf_text.h"
 
 #include "values/rtf_escape.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/exchange/rtu_transaction.h"
 
 #include <algorithm>

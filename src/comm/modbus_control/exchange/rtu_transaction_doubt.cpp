@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Answers that could be taken for another request's: late ones, second copies, those of another master. And
 // bytes that no request waits for.
 #include "comm/modbus_control/exchange/rtu_transaction.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // What comes before an answer: noise, and the adapter's echo of the request.
 #include "comm/modbus_control/testing/transaction_rig.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // When the port is told that nothing is of use yet. 9600 baud without parity: 1042 us a character.
 #include "comm/modbus_control/testing/transaction_rig.h"
 

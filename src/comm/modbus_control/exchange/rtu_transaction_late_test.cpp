@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Answers that come when nobody waits for them any more: after a time-out, or for a request that was
 // abandoned.
 #include "comm/modbus_control/testing/transaction_rig.h"

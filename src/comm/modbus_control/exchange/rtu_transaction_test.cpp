@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One exchange in time: when it goes out, how long it waits, what holds the next one. All times in us on a
 // hand clock; 9600 baud without parity gives 1042 us a character and 3646 us of silence between frames.
 #include "comm/modbus_control/testing/transaction_rig.h"

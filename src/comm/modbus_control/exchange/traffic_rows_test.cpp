@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/exchange/traffic_rows.h"
 
 #include <gtest/gtest.h>

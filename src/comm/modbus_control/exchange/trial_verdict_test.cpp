@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The port dialog's test: one exchange over a scripted port, and what is said of it.
 #include "comm/modbus_control/exchange/trial_verdict.h"
 #include "comm/modbus_control/line/simulated_port.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/frame/rtu_frame.h"
 
 #include <array>

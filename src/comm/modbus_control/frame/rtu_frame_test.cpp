@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Literal frames: the data bytes are the examples of "MODBUS Application Protocol Specification
 // V1.1b3", 6.3, 6.6 and 6.12, put into RTU frames for unit 17.
 #include "comm/modbus_control/frame/rtu_frame.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The scripted port behaves as a real one does, so that tests on it mean something.
 #include "comm/modbus_control/testing/byte_port_suite.h"
 #include "comm/modbus_control/testing/scripted_port.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/line/port_texts.h"
 
 #include "comm/modbus_control/line/simulated_port.h"

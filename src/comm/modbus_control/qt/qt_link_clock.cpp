@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/qt/qt_link_clock.h"
 
 #include <QtGlobal>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/qt/qt_port_finder.h"
 
 #include <QSerialPortInfo>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/qt/qt_serial_port.h"
 
 #include "comm/modbus_control/line/port_texts.h"

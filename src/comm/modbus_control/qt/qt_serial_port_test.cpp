@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The serial port and the link on a real pseudo-terminal.
 #include "comm/modbus_control/qt/qt_link.h"
 #include "comm/modbus_control/qt/qt_link_clock.h"

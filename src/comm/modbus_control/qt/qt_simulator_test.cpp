@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // The simulated controller as a process, and the watch over the ports.
 #include "comm/modbus_control/exchange/trial_verdict.h"
 #include "comm/modbus_control/qt/qt_link_clock.h"

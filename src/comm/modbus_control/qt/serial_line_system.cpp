@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/qt/serial_line_system.h"
 
 #ifdef __linux__

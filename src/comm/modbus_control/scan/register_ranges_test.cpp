@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/scan/register_ranges.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/scan/scan.h"
 
 #include <gtest/gtest.h>

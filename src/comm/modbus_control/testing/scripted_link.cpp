@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/testing/scripted_link.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/units/unit_exchanges.h"
 
 #include "comm/modbus_control/exchange/exchange_text.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // One request after the other, each waited for, on a hand clock and a scripted port.
 #include "comm/modbus_control/units/testing/exchange_rig.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/requests/ascii_block.h"
 
 #include "values/numbers.h"

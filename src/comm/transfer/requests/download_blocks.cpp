@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/requests/download_blocks.h"
 
 #include "values/numbers.h"

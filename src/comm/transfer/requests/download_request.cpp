@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/requests/download_request.h"
 
 #include "cells/cell_reading.h"

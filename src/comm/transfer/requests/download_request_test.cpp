@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/requests/download_blocks.h"
 #include "comm/transfer/requests/download_request.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/transfer/requests/needed_registers.h"
 
 #include "comm/modbus_control/dry_run_link.h"

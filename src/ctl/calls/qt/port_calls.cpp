@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/calls/qt/port_calls.h"
 
 namespace zorvane::ctl {

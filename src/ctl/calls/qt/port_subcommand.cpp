@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/calls/qt/port_subcommand.h"
 
 #include "comm/modbus_control/qt/qt_link.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/calls/qt/stop_signals.h"
 
 #include <atomic>

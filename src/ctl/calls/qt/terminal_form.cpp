@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/calls/qt/terminal_form.h"
 
 #include "ctl/document/notices.h"

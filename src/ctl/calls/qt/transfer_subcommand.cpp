@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "ctl/calls/qt/transfer_subcommand.h"
 
 #include "ctl/document/notices.h"

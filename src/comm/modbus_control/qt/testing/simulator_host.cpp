@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Starts the simulated controller as the window does, tells its line and its process, and waits to be killed:
 // simulator_host PROGRAM TEMPLATE
 #include "comm/modbus_control/qt/qt_simulator.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "comm/modbus_control/units/qt/qt_unit_exchanges.h"
 
 #include <QCoreApplication>
