@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "commission/folder/wall_clock.h"
+
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+namespace zorvane::commission {
+
+namespace {
+
+constexpr std::int64_t msPerMinute = 60000;
+
+/// A date of the proleptic Gregorian calendar with a time of day.
+struct Date_Time {
+    int year = 1970;
+    unsigned month = 1;
+    unsigned day = 1;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+    int ms = 0;
+};
+
+Date_Time dateTimeOf(std::int64_t ms) {
+    using namespace std::chrono;
+    const sys_time<milliseconds> moment{milliseconds{ms}};
+    const auto midnight = floor<days>(moment);
+    const year_month_day date{midnight};
+    const hh_mm_ss<milliseconds> time{moment - midnight};
+    return {int{date.year()},
+            unsigned{date.month()},
+            unsigned{date.day()},
+            static_cast<int>(time.hours().count()),
+            static_cast<int>(time.minutes().count()),
+            static_cast<int>(time.seconds().count()),
+            static_cast<int>(time.subseconds().count())};
+}
+
+template <class... Numbers> std::string formatted(const char* format, Numbers... numbers) {
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), format, numbers...);
+    return text.data();
+}
+
+Date_Time localOf(const Wall_Time& time) { return dateTimeOf(time.utcMs + time.offsetMinutes * msPerMinute); }
+
+} // namespace
+
+Wall_Time System_Wall_Clock::now() const {
+    const auto now = std::chrono::system_clock::now();
+    Wall_Time time;
+    time.utcMs = std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count();
+    const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
+    std::tm local{};
+    if (::localtime_r(&seconds, &local) != nullptr)
+        time.offsetMinutes = static_cast<std::int32_t>(local.tm_gmtoff / 60);
+    return time;
+}
+
+std::string utcText(const Wall_Time& time) {
+    const Date_Time at = dateTimeOf(time.utcMs);
+    return formatted("%04d-%02u-%02uT%02d:%02d:%02d.%03dZ", at.year, at.month, at.day, at.hour, at.minute,
+                     at.second, at.ms);
+}
+
+std::string localText(const Wall_Time& time) {
+    const Date_Time at = localOf(time);
+    const int offset = std::abs(time.offsetMinutes);
+    return formatted("%04d-%02u-%02uT%02d:%02d:%02d%c%02d:%02d", at.year, at.month, at.day, at.hour,
+                     at.minute, at.second, time.offsetMinutes < 0 ? '-' : '+', offset / 60, offset % 60);
+}
+
+std::string nameText(const Wall_Time& time) {
+    const Date_Time at = localOf(time);
+    return formatted("%04d%02u%02u-%02d%02d%02d", at.year, at.month, at.day, at.hour, at.minute, at.second);
+}
+
+} // namespace zorvane::commission
