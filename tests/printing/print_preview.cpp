@@ -49,11 +49,11 @@ int main(int argc, char** argv) {
     app::KVRT_Principal program(app::Program_Places{argv[1], folder + "/recovery",
                                                     QString::fromStdString(folder + "/settings.conf")});
     std::string messages;
-    program.frame().ask = [&](const QString& prompt, int, const QString&) {
+    program.mainForm().ask = [&](const QString& prompt, int, const QString&) {
         messages += prompt.toStdString() + "\n";
         return 1;
     };
-    program.frame().dialog().run = [&](QFileDialog& dialog) {
+    program.mainForm().dialog().run = [&](QFileDialog& dialog) {
         dialog.selectFile(QString::fromLocal8Bit(argv[3]));
         return true;
     };
@@ -71,8 +71,8 @@ int main(int argc, char** argv) {
         return dialog.exec() == QDialog::Accepted;
     };
     program.start();
-    program.frame().timers().fire(Timer_Name::TMR_Abre_ZTP);
-    program.frame().timers().fire(Timer_Name::TMR_Inicial_ZTP);
+    program.mainForm().timers().fire(Timer_Name::TMR_Abre_ZTP);
+    program.mainForm().timers().fire(Timer_Name::TMR_Inicial_ZTP);
     program.window().menu().action("MNU_Open").trigger();
     program.window().menu().action("MNU_PageSetup").trigger();
     program.window().menu().action("MNU_PrintAll").trigger();

@@ -129,7 +129,7 @@ TEST_F(Window_Reports, ThePreviewShowsAllFieldsAsAWholePage) {
     ui::Preview_Window& window = *allWindow();
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(window.windowTitle(), "Preview Print All Pages");
-    EXPECT_EQ(window.view().zoom(), zoomWholePage);
+    EXPECT_EQ(window.view().zoom(), ui::zoomWholePage);
     EXPECT_EQ(window.view().pageCount(), 2);
     EXPECT_EQ(window.place().width, 6990);
     EXPECT_EQ(commands().PrintAll()->Pages.document.contents.size(), 6U);

@@ -2,6 +2,7 @@
 #include "comm/modbus_control/qt/qt_serial_port.h"
 
 #include "comm/modbus_control/line/port_texts.h"
+#include "comm/modbus_control/qt/log_categories.h"
 #include "comm/modbus_control/qt/qt_link_clock.h"
 #include "comm/modbus_control/qt/serial_line_system.h"
 
@@ -66,9 +67,11 @@ Port_Opening Qt_Serial_Port::open(const std::string& name, const Port_Settings& 
     port_->clearError();
     if (!port_->open(QIODevice::ReadWrite)) {
         const bool notFound = port_->error() == QSerialPort::DeviceNotFoundError;
+        qCDebug(portLog) << "not opened" << name.c_str() << port_->error() << port_->errorString();
         return {false, whyNotOpened(name, notFound, port_->errorString().toStdString()), {}};
     }
     if (const std::string fault = applyLine(settings.line, isPseudoTerminal(name)); !fault.empty()) {
+        qCDebug(portLog) << "line refused" << name.c_str() << fault.c_str();
         port_->close();
         return {false, fault, {}};
     }
@@ -77,6 +80,7 @@ Port_Opening Qt_Serial_Port::open(const std::string& name, const Port_Settings& 
     askLowLatency(port_->handle());
     port_->clear();
     port_->clearError();
+    qCDebug(portLog) << "opened" << name.c_str() << formatLineSettings(settings.line).c_str();
     return opening;
 }
 
@@ -190,6 +194,7 @@ void Qt_Serial_Port::readNothing() {
 void Qt_Serial_Port::lose() {
     // The error comes again for ever until the port is closed.
     const std::string reason = port_->errorString().toStdString();
+    qCDebug(portLog) << "lost" << name_.c_str() << port_->error() << reason.c_str();
     close();
     if (listener_ != nullptr) listener_->portLost(reason);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "comm/modbus_control/qt/qt_simulator.h"
 
+#include "comm/modbus_control/qt/log_categories.h"
+
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
@@ -81,9 +83,11 @@ Simulator::Start Qt_Simulator::launch(const std::string& templatePath, std::int3
                     QIODevice::ReadOnly);
     if (!becomesReady()) {
         const std::string why = complaint();
+        qCDebug(simulatorLog) << why.c_str();
         stop();
         return {{}, why};
     }
+    qCDebug(simulatorLog) << "started on" << line_ << "unit" << slave << templatePath.c_str();
     runningTemplate_ = templatePath;
     runningSlave_ = slave;
     return {line_.toStdString(), {}};
