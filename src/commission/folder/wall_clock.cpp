@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commission/folder/wall_clock.h"
 
-#include <array>
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 
@@ -39,10 +37,18 @@ Date_Time dateTimeOf(std::int64_t ms) {
             static_cast<int>(time.subseconds().count())};
 }
 
-template <class... Numbers> std::string formatted(const char* format, Numbers... numbers) {
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), format, numbers...);
-    return text.data();
+/// A number from 0 with that many digits at least.
+template <class Number> std::string digits(Number number, std::size_t width) {
+    std::string text = std::to_string(number);
+    return text.size() < width ? std::string(width - text.size(), '0') + text : text;
+}
+
+std::string dateText(const Date_Time& at, const char* separator) {
+    return digits(at.year, 4) + separator + digits(at.month, 2) + separator + digits(at.day, 2);
+}
+
+std::string timeText(const Date_Time& at, const char* separator) {
+    return digits(at.hour, 2) + separator + digits(at.minute, 2) + separator + digits(at.second, 2);
 }
 
 Date_Time localOf(const Wall_Time& time) { return dateTimeOf(time.utcMs + time.offsetMinutes * msPerMinute); }
@@ -62,20 +68,19 @@ Wall_Time System_Wall_Clock::now() const {
 
 std::string utcText(const Wall_Time& time) {
     const Date_Time at = dateTimeOf(time.utcMs);
-    return formatted("%04d-%02u-%02uT%02d:%02d:%02d.%03dZ", at.year, at.month, at.day, at.hour, at.minute,
-                     at.second, at.ms);
+    return dateText(at, "-") + "T" + timeText(at, ":") + "." + digits(at.ms, 3) + "Z";
 }
 
 std::string localText(const Wall_Time& time) {
     const Date_Time at = localOf(time);
     const int offset = std::abs(time.offsetMinutes);
-    return formatted("%04d-%02u-%02uT%02d:%02d:%02d%c%02d:%02d", at.year, at.month, at.day, at.hour,
-                     at.minute, at.second, time.offsetMinutes < 0 ? '-' : '+', offset / 60, offset % 60);
+    return dateText(at, "-") + "T" + timeText(at, ":") + (time.offsetMinutes < 0 ? "-" : "+") +
+           digits(offset / 60, 2) + ":" + digits(offset % 60, 2);
 }
 
 std::string nameText(const Wall_Time& time) {
     const Date_Time at = localOf(time);
-    return formatted("%04d%02u%02u-%02d%02d%02d", at.year, at.month, at.day, at.hour, at.minute, at.second);
+    return dateText(at, "") + "-" + timeText(at, "");
 }
 
 } // namespace zorvane::commission
