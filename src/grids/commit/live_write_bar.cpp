@@ -3,7 +3,7 @@
 
 #include "cells/cell_names.h"
 #include "comm/main_form/bar_topics.h"
-#include "grids/commit/show_button.h"
+#include "grids/fill/show_cell.h"
 
 namespace zorvane {
 
@@ -22,6 +22,16 @@ std::string endText(Write_Outcome end) {
         break;
     }
     return "it is not certain whether the controller took the value";
+}
+
+/// "Show": the field is selected in the upper grid, and the cell becomes the current one of the lower grid,
+/// where row and column count from 0, with the keyboard. A document or a cell that is there no more leaves
+/// all as it is.
+Bar_Button showButton(const Grid_Context& grids, std::int32_t field, std::int32_t row, std::int32_t col) {
+    return {"Show", [grids, document = Document_Mark(grids.comm.document), field, row, col] {
+                const Grid_Context own = grids; // the line may go meanwhile
+                if (document.holds()) showCell(own, Cell_Place{field, row, col + 1});
+            }};
 }
 
 } // namespace
