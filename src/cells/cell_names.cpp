@@ -11,11 +11,16 @@ std::string pageName(const Declara_Zorvane& document, std::int32_t field) {
     return name.empty() ? "page " + numberText(field) : name;
 }
 
-std::string cellName(const Declara_Zorvane& document, std::int32_t field, std::int32_t row,
-                     std::int32_t column) {
+std::string rowName(const Declara_Zorvane& document, std::int32_t field, std::int32_t row,
+                    std::int32_t column) {
     const Cell_Table& cells = document.Fields(field).Cells;
     const std::string name(column > 1 && !cells(0, 1).Modifiable ? trimBlanks(cells(row, 1).Value) : "");
-    return pageName(document, field) + ", " + (name.empty() ? "row " + numberText(row) : name);
+    return name.empty() ? "row " + numberText(row) : name;
+}
+
+std::string cellName(const Declara_Zorvane& document, std::int32_t field, std::int32_t row,
+                     std::int32_t column) {
+    return pageName(document, field) + ", " + rowName(document, field, row, column);
 }
 
 } // namespace zorvane

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "compare/controller_reading.h"
+
+#include <utility>
+
+namespace zorvane::compare {
+
+namespace {
+
+/// Takes what one request came to; false when the port doesn't go on.
+bool take(Reading_Result& result, const Register_Range& range, const Unit_Answer& answer) {
+    switch (answer.end) {
+    case Unit_End::Answered:
+        result.registers.take(range.first, answer.values);
+        return true;
+    case Unit_End::Refused:
+        result.registers.fail(range, {answer.exception});
+        return true;
+    case Unit_End::Silent:
+    case Unit_End::NotSent:
+        result.registers.fail(range, {});
+        return true;
+    case Unit_End::PortLost:
+        result.end = Reading_End::Port_Lost;
+        break;
+    case Unit_End::Cancelled:
+        result.end = Reading_End::Cancelled;
+        break;
+    }
+    result.fault = answer.fault;
+    return false;
+}
+
+/// Joins what two readings brought; of a register that both have the later one's value counts.
+void addTo(Controller_Registers& registers, const Controller_Registers& more,
+           const std::vector<Register_Range>& ranges) {
+    for (const Register_Range& range : ranges)
+        for (std::int32_t number = range.first; number <= range.last; ++number)
+            if (const auto value = more.valueAt(number))
+                registers.take(number, {*value});
+            else if (const auto why = more.unreadAt(number); why && !registers.valueAt(number))
+                registers.fail({number, number}, *why);
+}
+
+Identity_Result answerOf(Reading_Result reading, Identity identity) {
+    return {std::move(identity), reading.end, std::move(reading.fault)};
+}
+
+} // namespace
+
+std::vector<Register_Range> blocksOf(const Declara_Zorvane& document) {
+    std::vector<Register_Range> ranges;
+    for (std::int32_t i = 1; i <= document.Holding_Block_Count; ++i) {
+        const Holding_Block_Rec& block = document.Holding_Blocks(i);
+        if (block.Function_Code != 0 && block.First_Address <= block.Last_Address)
+            ranges.push_back({block.First_Address, block.Last_Address});
+    }
+    return ranges;
+}
+
+Reading_Result readRanges(Unit_Reader& reader, std::int32_t unit, const std::vector<Register_Range>& ranges) {
+    Reading_Result result;
+    for (const Register_Range& range : ranges)
+        if (!take(result, range, reader.read(unit, range.first, range.last - range.first + 1))) break;
+    return result;
+}
+
+Twice_Read readTwice(Unit_Reader& reader, std::int32_t unit, const std::vector<Register_Range>& ranges) {
+    const Micros start = reader.now();
+    Twice_Read twice{readRanges(reader, unit, ranges), {}};
+    if (!twice.latest.done()) return twice;
+    twice.earlier = twice.latest.registers;
+    std::vector<Register_Range> again;
+    for (const Register_Range& range : ranges)
+        if (twice.earlier.holds(range)) again.push_back(range);
+    if (again.empty()) return twice;
+    if (const Micros left = start + secondReadingAfter - reader.now(); left > 0) reader.pause(left);
+    if (reader.cancelled()) {
+        twice.latest.end = Reading_End::Cancelled;
+        return twice;
+    }
+    Reading_Result second = readRanges(reader, unit, again);
+    twice.latest.end = second.end;
+    twice.latest.fault = std::move(second.fault);
+    addTo(twice.latest.registers, second.registers, again);
+    return twice;
+}
+
+Identity_Result askForMarks(const Identity_Question& question) {
+    Reading_Result reading =
+        readRanges(question.reader, question.unit, identityReads(question.document, question.section));
+    Identity identity = identityByMarks(question.section, question.document.Controller_Model, question.unit,
+                                        {reading.registers});
+    return answerOf(std::move(reading), std::move(identity));
+}
+
+Identity_Result askWhoIsThere(const Identity_Question& question) {
+    const std::vector<Register_Range> marks = identityReads(question.document, question.section);
+    Reading_Result reading = readRanges(question.reader, question.unit, marks);
+    Identity identity = identityByMarks(question.section, question.document.Controller_Model, question.unit,
+                                        {reading.registers});
+    if (!reading.done() || identity.verdict != Verdict::Cant_Tell)
+        return answerOf(std::move(reading), std::move(identity));
+    Reading_Result blocks = readRanges(question.reader, question.unit, blocksOf(question.document));
+    addTo(blocks.registers, reading.registers, marks);
+    identity = identityOf(question.document, question.section, question.unit, {blocks.registers});
+    return answerOf(std::move(blocks), std::move(identity));
+}
+
+} // namespace zorvane::compare
