@@ -21,8 +21,11 @@ namespace zorvane::ctl {
 /// How the program ends.
 enum Exit_Code : int {
     Exit_Success = 0,
-    Exit_Failed = 1, ///< the operation failed
-    Exit_Usage = 2,  ///< the command line can't be understood
+    Exit_Failed = 1,           ///< the operation failed
+    Exit_Usage = 2,            ///< the command line can't be understood
+    Exit_Differs = 3,          ///< two sides differ
+    Exit_Wrong_Controller = 5, ///< the controller isn't the template's
+    Exit_Cant_Tell = 7,        ///< something that the answer needs wasn't read
 };
 
 /// What a call works with besides its own arguments.

@@ -19,8 +19,9 @@ std::string rtsComplaint(const std::string& text) {
 
 } // namespace
 
-void Port_Arguments::add(CLI::App& arguments) {
-    arguments.add_option("--port", port_, "Serial port: a name such as ttyUSB0, or a path")->required();
+void Port_Arguments::add(CLI::App& arguments, bool required) {
+    arguments.add_option("--port", port_, "Serial port: a name such as ttyUSB0, or a path")
+        ->required(required);
     arguments.add_option("--slave", slave_, "Slave number of the controller (default 1)");
     arguments.add_option("--settings", line_, "Baud, parity, data bits, stop bits (default 9600,n,8,1)")
         ->check(lineComplaint, "LINE");

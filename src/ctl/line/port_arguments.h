@@ -13,7 +13,10 @@ namespace zorvane::ctl {
 /// The serial port, as the calls that transfer take it.
 class Port_Arguments {
   public:
-    void add(CLI::App& arguments);
+    /// A call that can do without a controller doesn't require a port.
+    void add(CLI::App& arguments, bool required = true);
+    /// Whether a port was named.
+    [[nodiscard]] bool named() const { return !port_.empty(); }
 
     [[nodiscard]] Port_Settings settings() const;
     /// What is wrong with the settings, in words; empty when they are usable.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ctl/document/subcommand.h"
+#include "ctl/line/controller_line.h"
 
 namespace zorvane::ctl {
 
@@ -11,5 +12,9 @@ namespace zorvane::ctl {
 [[nodiscard]] std::unique_ptr<Subcommand> makeUploadSubcommand();
 [[nodiscard]] std::unique_ptr<Subcommand> makeDownloadSubcommand();
 [[nodiscard]] std::unique_ptr<Subcommand> makeWatchSubcommand();
+
+/// A line on a serial port of this computer. While it lives, SIGINT, SIGTERM and SIGHUP end what is read.
+/// REQUIRES: a QCoreApplication; no other line or transfer beside it.
+[[nodiscard]] std::unique_ptr<Controller_Line> makeQtControllerLine(const Port_Settings& settings);
 
 } // namespace zorvane::ctl
