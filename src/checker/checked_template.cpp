@@ -5,6 +5,7 @@
 #include "template/line_scanner.h"
 #include "template/pro_interpreta_linea.h"
 #include "template/sections/comma_list.h"
+#include "template/template_words.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/registers.h"
@@ -43,7 +44,7 @@ Line_Kind kindOf(std::string_view text) {
 bool hasNumber(std::string_view name) { return name.find('#') != std::string_view::npos; }
 
 bool knows(std::string_view section, std::string_view key) {
-    for (const std::string_view known : knownKeys(section))
+    for (const std::string_view known : templateKeys(section))
         if (known == key) return true;
     return false;
 }
@@ -148,7 +149,7 @@ class Checked_Template::Reading {
         if (line.failure) scanner_ = {};
         line.section = upperCase(scanner_.section());
         line.sectionNumber = hasNumber(line.section) ? scanner_.sectionNumber() : 0;
-        line.sectionKnown = isKnownSection(line.section);
+        line.sectionKnown = isTemplateSection(line.section);
         if (!entry) return;
         line.rawKey = entry->key;
         line.value = entry->value;
@@ -162,7 +163,7 @@ class Checked_Template::Reading {
 
     static void takeKey(Source_Line& line) {
         line.key = line.rawKey;
-        const auto key = numberedKey(line.section, line.rawKey);
+        const auto key = templateKey(line.section, line.rawKey);
         if (!key) return;
         line.key = key->key;
         line.keyNumber = key->number;
@@ -244,7 +245,7 @@ class Checked_Template::Reading {
 };
 
 Checked_Template::Checked_Template(std::string_view fileName, std::string_view text)
-    : fileName_(fileName), text_(text) {
+    : fileName_(fileName), text_(text), identity_(readIdentity(text)) {
     Reading(*this).run();
 }
 

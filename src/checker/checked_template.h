@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "template/identity_section.h"
 #include "template/model/declara_zorvane.h"
 
 #include <cstdint>
@@ -129,6 +130,7 @@ class Checked_Template {
     [[nodiscard]] const Declara_Zorvane& document() const { return document_; }
     [[nodiscard]] std::optional<double> imageSize() const { return imageSize_; }
     [[nodiscard]] std::int32_t addressBase() const { return addressBase_; }
+    [[nodiscard]] const Identity_Section& identity() const { return identity_; }
 
     /// The lines of a key, in the file's order; the numbers are 0 where section or key has none.
     [[nodiscard]] std::vector<const Source_Line*> named(std::string_view section, std::int32_t sectionNumber,
@@ -156,6 +158,7 @@ class Checked_Template {
     Declara_Zorvane document_;
     std::optional<double> imageSize_;
     std::int32_t addressBase_ = 0;
+    Identity_Section identity_;
     std::vector<Checked_Cell> cells_;
     std::vector<Scan_Block> scanBlocks_;
 };

@@ -43,7 +43,7 @@ void addStops(const Checked_Template& checked, std::vector<Finding>& findings) {
 std::vector<Rule> allRules() {
     std::vector<Rule> rules;
     for (const auto set : {lineRules(), keyRules(), layoutRules(), wordRules(), addressRules(),
-                           messageRules(), valueRules(), scanRules(), downloadRules()})
+                           messageRules(), valueRules(), scanRules(), downloadRules(), identityRules()})
         rules.insert(rules.end(), set.begin(), set.end());
     rules.push_back(readingStops);
     rules.push_back(unreadableFile);

@@ -5,7 +5,7 @@
 #include "checker/checker.h"
 #include "checker/testing/finding_text.h"
 #include "checker/testing/reader_stop.h"
-#include "template/pro_interpreta_linea.h"
+#include "template/template_words.h"
 #include "values/code_page.h"
 
 #include <gtest/gtest.h>
@@ -81,10 +81,10 @@ TEST(Checker, FindsNothingInTheWorkedExampleOfTheLanguage) {
 
 TEST(Checker, ThePageOfTheLanguageTellsOfEveryKeyAndShowsIt) {
     const std::string page = bytesOf(languagePage);
-    for (const std::string_view section : knownSections()) {
+    for (const std::string_view section : templateSections()) {
         const std::string part = partOf(page, std::string(section));
         EXPECT_NE(part, "") << section;
-        for (const std::string_view key : knownKeys(section)) {
+        for (const std::string_view key : templateKeys(section)) {
             EXPECT_TRUE(names(part, "`" + keyPattern(key, "[nfrca]") + "[`=]")) << section << ": " << key;
             EXPECT_TRUE(names(part, "\n" + keyPattern(key, "[0-9]+") + "="))
                 << section << ": " << key << " by example";
@@ -95,7 +95,7 @@ TEST(Checker, ThePageOfTheLanguageTellsOfEveryKeyAndShowsIt) {
 TEST(Checker, FindsNothingInTheExamplesOfTheSectionsTakenTogether) {
     const std::string page = bytesOf(languagePage);
     std::map<std::size_t, std::string> parts;
-    for (const std::string_view section : knownSections()) {
+    for (const std::string_view section : templateSections()) {
         const std::string part = partOf(page, std::string(section));
         ASSERT_FALSE(examplesIn(part).empty()) << section;
         parts[page.find(part)] = examplesIn(part).back();

@@ -48,5 +48,6 @@ class Report {
 [[nodiscard]] std::span<const Rule> valueRules();
 [[nodiscard]] std::span<const Rule> scanRules();
 [[nodiscard]] std::span<const Rule> downloadRules();
+[[nodiscard]] std::span<const Rule> identityRules();
 
 } // namespace zorvane::checker

@@ -4,6 +4,7 @@
 #include "checker/rule.h"
 #include "checker/wording.h"
 #include "template/pro_interpreta_linea.h"
+#include "template/template_words.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 
@@ -41,7 +42,7 @@ void checkSections(const Checked_Template& checked, const Report& report) {
         if (line.kind != Line_Kind::Header || line.sectionKnown || line.failure) continue;
         if (holdsReservedKeysOnly(checked, line)) continue;
         report(line, "unknown section " + quoted(spelt(line.section, line.sectionNumber)),
-               advice(trimBlanks(line.section), knownSections(), line.sectionNumber));
+               advice(trimBlanks(line.section), templateSections(), line.sectionNumber));
     }
 }
 
@@ -66,8 +67,8 @@ std::string_view withoutBlanks(std::string_view key) {
 /// Whether a section knows a key, blanks in it or not.
 bool isKnown(const Source_Line& line, std::string_view key) {
     std::optional<Numbered_Key> numbered;
-    if (!ignoringFailure([&] { numbered = numberedKey(line.section, key); }) || !numbered) return false;
-    const auto known = knownKeys(line.section);
+    if (!ignoringFailure([&] { numbered = templateKey(line.section, key); }) || !numbered) return false;
+    const auto known = templateKeys(line.section);
     return std::find(known.begin(), known.end(), numbered->key) != known.end();
 }
 
@@ -80,7 +81,7 @@ void checkKeys(const Checked_Template& checked, const Report& report) {
         if (isReservedKey(key) || key.starts_with(';') || (hasBlanks(line) && isKnown(line, key))) continue;
         report(line,
                "unknown key " + quoted(line.rawKey) + " in [" + spelt(line.section, line.sectionNumber) + "]",
-               advice(line.key, knownKeys(line.section), line.keyNumber));
+               advice(line.key, templateKeys(line.section), line.keyNumber));
     }
 }
 

@@ -403,6 +403,30 @@ const std::vector<Sample> samples = {
       {"ROWADDRESSFORMAT_2=,TIME", "ROWADDRESSFORMAT_1=TIMESS\nROWADDRESSFORMAT_2=,TIMEMM"},
       {"ROW_2=Delay,1:30", "ROW_2=Delay,1"}},
      "25: warning: TIMEMM at register 101 would be downloaded (field 1, row 2, column 2) [time-download]\n"},
+    {"identity-registers",
+     {{"", "[IDENTITY]\nLAST=101-100"}},
+     "42: error: \"101-100\" goes backwards [identity-registers]\n"},
+    {"identity-number",
+     {{"", "[IDENTITY]\nREGISTER_1=150\nVALUE_1=0x10"}},
+     "43: warning: \"0x10\" is no whole number [identity-number]\n"},
+    {"identity-mark",
+     {{"", "[IDENTITY]\nREGISTER_1=150"}},
+     "42: warning: REGISTER_1 has nothing to be compared with [identity-mark]\n"},
+    {"identity-fit",
+     {{"", "[IDENTITY]\nREGISTER_1=150\nVALUE_1=70000"}},
+     "43: error: \"70000\" doesn't fit into 1 register [identity-fit]\n"},
+    {"identity-requests",
+     {{"", "[IDENTITY]\nREGISTER_1=150\nVALUE_1=1\nTEXTAT_2=160-163\nIS_2=ABC\nFIRMWARE=170\nSERIAL=180"}},
+     "46: warning: \"170\" would take one request too many [identity-requests]\n"},
+    {"identity-cell",
+     {{"", "[IDENTITY]\nLAST=101,150"}},
+     "42: warning: no cell has \"150\" [identity-cell]\n"},
+    {"identity-link",
+     {{"", "[IDENTITY]\nLINK=units:102"}},
+     "42: warning: \"units\" is nothing of a line [identity-link]\n"},
+    {"identity-objects",
+     {{"", "[IDENTITY]\nOBJECT_1=PUMP"}},
+     "42: warning: an object that nobody asks for [identity-objects]\n"},
     {"reading-stops",
      {{"COL_2_WIDTH=800", "COL_2_WIDTH=800\nCOL_99999999999_DESC=Setting"}},
      "18: error: reading stops here: Overflow (failure 6) [reading-stops]\n"},
@@ -459,6 +483,64 @@ TEST(Rules, SayWhatBecomesOfALineAndWhatToWriteInstead) {
     std::ifstream file(ZORVANE_ROOT "/src/checker/testing/advice.txt");
     const std::string expected((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
     EXPECT_EQ(advice(), expected);
+}
+
+TEST(Rules, HaveOtherWordsForOtherCasesOfIdentity) {
+    const auto told = [](const std::string& lines) {
+        std::string text;
+        for (const Finding& finding : checkTemplate("ABC.ZTP", good + "[IDENTITY]\n" + lines))
+            text += std::string(finding.code) + ": " + finding.what + ". " + finding.instead + "\n";
+        return text;
+    };
+    EXPECT_EQ(told("REGISTER_1=150\nVALUE_1=7\nWHAT_1=Model\nSERIAL=151-154\nFIRMWARE=155\nLAST=101,103\n"
+                   "LEAVEOUT=110-113\nLINK=unit:102\nOBJECTS=NO\n"),
+              "");
+    EXPECT_EQ(told("REGISTR_1=150\n"),
+              "key-unknown: unknown key \"REGISTR_1\" in [IDENTITY]. Write REGISTER_1.\n");
+    EXPECT_EQ(
+        told("TEXTAT_1=150-153 \nIS_1=AB ;x\n"),
+        "semicolon: a \";\" in the value, which is \"AB \" now. Put comments on lines of their own, and use "
+        "no \";\" in texts.\n");
+    EXPECT_EQ(told("REGISTER_1=150-154\nVALUE_1=7\n"),
+              "identity-registers: \"150-154\" are 5 registers. Name at most 4.\n");
+    EXPECT_EQ(told("SERIAL=model\n"), "identity-registers: \"model\" names no registers. Write a register or "
+                                      "first-last, such as 320-327, in digits and without blanks.\n");
+    EXPECT_EQ(told("VALUE_1=7\n"),
+              "identity-mark: no line says in which register this stands. Write REGISTER_1=.\n");
+    EXPECT_EQ(
+        told("IS_1=AB\nWHAT_1=Model\n"),
+        "identity-mark: no line says in which registers this stands. Write TEXTAT_1=.\n"
+        "identity-mark: no line says in which registers this stands. Write REGISTER_1= or TEXTAT_1=.\n");
+    EXPECT_EQ(told("TEXTAT_1=150\n"),
+              "identity-mark: TEXTAT_1 has nothing to be compared with. Write IS_1=.\n");
+    EXPECT_EQ(
+        told("TEXTAT_1=150\nIS_1=ABC\n"),
+        "identity-fit: \"ABC\" is longer than its registers. Name a register for each two characters.\n");
+    EXPECT_EQ(told("REGISTER_1=150\nLOW_1=9\nHIGH_1=3\n"),
+              "identity-fit: the lowest value is above the highest. Swap the two.\n");
+    EXPECT_EQ(
+        told("REGISTER_1=150\nVALUE_1=16\nMASK_1=15\n"),
+        "identity-fit: \"16\" has bits that the mask takes away. Write the value as it is under the mask.\n");
+    EXPECT_EQ(told("REGISTER_1=150\nVALUE_1=16\nLOW_1=1\n"),
+              "identity-fit: a value beside a lowest or highest one. Keep either; the value alone counts.\n");
+    EXPECT_EQ(told("LINK=116\n"), "identity-link: \"116\" isn't a word and a register. Write unit:REG or "
+                                  "baud:REG, such as unit:116,baud:115.\n");
+    EXPECT_EQ(told("LINK=unit:150\n"),
+              "identity-link: no cell has register 150. Write the register of the cell "
+              "that changes the line.\n");
+    EXPECT_EQ(told("LINK=baud:100\n"),
+              "identity-link: a text of the list of register 100 is no number. Begin "
+              "each text of the list with its number, such as 9600.\n");
+    EXPECT_EQ(told("LINK=parity:102\n"),
+              "identity-link: \"parity\" is nothing of a line. The known ones are unit or baud.\n");
+    EXPECT_EQ(told("OBJECTS=ja\nOBJECT_300=PUMP\n"),
+              "yes-no: \"ja\" counts as no. Write YES or NO.\n"
+              "identity-objects: there is no object 300. Objects count from 0 to 255.\n");
+    EXPECT_EQ(
+        told("REGISTER_99999999999=1\n"),
+        "key-unknown: unknown key \"REGISTER_99999999999\" in [IDENTITY]. The known ones are "
+        "REGISTER_#, VALUE_#, LOW_#, HIGH_#, MASK_#, TEXTAT_#, IS_#, WHAT_#, SERIAL, FIRMWARE, WRITEONLY, "
+        "LAST, LEAVEOUT, LINK, OBJECTS or OBJECT_#.\n");
 }
 
 TEST(Rules, HaveOtherWordsForOtherCasesOfOneCode) {

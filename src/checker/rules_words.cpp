@@ -58,7 +58,8 @@ void checkNumbers(const Checked_Template& checked, const Report& report) {
 void checkYesNo(const Checked_Template& checked, const Report& report) {
     for (const Source_Line& line : checked.lines()) {
         const bool upper = line.is("CONFIGURATION_COLUMNS", "NUMERIC_ROWS");
-        if (!upper && !line.is("FIELD_#_COLUMNS", "COL_#_MODIFIABLE")) continue;
+        if (!upper && !line.is("FIELD_#_COLUMNS", "COL_#_MODIFIABLE") && !line.is("IDENTITY", "OBJECTS"))
+            continue;
         const std::string word = upperCase(upper ? line.value : trimBlanks(line.value));
         if (word != "YES" && word != "NO")
             report(line, quoted(line.value) + " counts as no", "Write YES or NO.");

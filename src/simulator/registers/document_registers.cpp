@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/registers/document_registers.h"
 
+#include "simulator/registers/identity_registers.h"
 #include "simulator/registers/template_registers.h"
 #include "template/pro_leer_archivo.h"
 #include "template/services/asker.h"
@@ -75,7 +76,9 @@ Register_Map readRegisters(Files& files, const std::string& templateFile, const 
             warn(pathToNative(configuration) +
                  ": a row has more values than its field has columns; the rest is not read");
     }
-    return registerMapOf(document, link.base(), warn);
+    Register_Map map = registerMapOf(document, link.base(), warn);
+    addIdentity(readIdentity(files.bytes(templateFile).value_or(std::string())), map);
+    return map;
 }
 
 } // namespace zorvane::simulator

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "simulator/registers/register_map.h"
+#include "template/identity_section.h"
+
+namespace zorvane::simulator {
+
+/// Makes the controller one of the template's: the marks that its section tells have their values, where the
+/// document gave their registers no other. They and those of the serial number and the firmware are there,
+/// and keep still.
+void addIdentity(const Identity_Section& section, Register_Map& map);
+
+} // namespace zorvane::simulator
