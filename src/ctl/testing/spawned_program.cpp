@@ -57,7 +57,9 @@ Spawned_Program::~Spawned_Program() {
         if (stream->fd >= 0) ::close(stream->fd);
 }
 
-void Spawned_Program::signal(int number) const { ::kill(pid_, number); }
+void Spawned_Program::signal(int number) const {
+    if (pid_ > 0) ::kill(pid_, number); // -1 would mean every process there is
+}
 
 bool Spawned_Program::readSome(std::chrono::milliseconds atMost) {
     std::array<pollfd, 2> waiting{pollfd{out_.fd, POLLIN, 0}, pollfd{err_.fd, POLLIN, 0}};

@@ -21,6 +21,7 @@ class Spawned_Program {
     /// Blocks until the notices (or the output) hold a text; false when they end without it or after 30 s.
     bool awaitNotice(const std::string& text) { return await(err_, text); }
     bool awaitOutput(const std::string& text) { return await(out_, text); }
+    /// Does nothing to a program that has ended.
     void signal(int number) const;
     /// Reads all that is left and waits for the end: the exit code, or minus the signal's number.
     int finish();
