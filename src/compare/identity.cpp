@@ -206,9 +206,9 @@ Identity identityByMarks(const Identity_Section& section, const std::string& mod
         if (mark.tellsByNumber()) identity.evidence.push_back(numberEvidence(mark, readings.registers));
         if (mark.tellsByText()) identity.evidence.push_back(textEvidence(mark, readings.registers));
     }
-    if (section.objects)
+    if (section.objects && readings.objects)
         for (const auto& [number, text] : section.objectTexts)
-            identity.evidence.push_back(objectEvidence(number, text, readings.objects));
+            identity.evidence.push_back(objectEvidence(number, text, *readings.objects));
     identity.verdict = verdictOf(identity.evidence);
     return identity;
 }

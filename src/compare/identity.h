@@ -53,7 +53,8 @@ struct Identity {
 /// What was read for the question beside the registers.
 struct Identity_Readings {
     const Controller_Registers& registers;
-    std::map<std::int32_t, std::string> objects{}; ///< of function 43/14, by number
+    /// Of function 43/14, by number; nothing where it wasn't asked, so that objects tell nothing.
+    std::optional<std::map<std::int32_t, std::string>> objects{};
 };
 
 /// The answer by the section: it is the controller when all marks were read and fit, and isn't when one of

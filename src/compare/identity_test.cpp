@@ -26,7 +26,7 @@ std::string textOf(const Identity& identity) {
 }
 
 std::string byMarks(const std::string& lines, const Controller_Registers& registers,
-                    std::map<std::int32_t, std::string> objects = {}) {
+                    std::optional<std::map<std::int32_t, std::string>> objects = {}) {
     return textOf(
         identityByMarks(readIdentity("[IDENTITY]\n" + lines), "PUMP", 1, {registers, std::move(objects)}));
 }
@@ -87,10 +87,17 @@ TEST(Identity, SaysWhyARegisterWasNotRead) {
 
 TEST(Identity, ObjectsTellTooWhereTheyMayBeAskedFor) {
     const Controller_Registers none;
-    EXPECT_EQ(byMarks("OBJECTS=YES\nOBJECT_1=PUMP\n", none, {{1, " pump "}}),
-              "is; object 1 [PUMP] pump fits");
-    EXPECT_EQ(byMarks("OBJECTS=YES\nOBJECT_1=PUMP\n", none), "can't tell; object 1 [PUMP] not read");
-    EXPECT_EQ(byMarks("OBJECT_1=PUMP\n", none, {{1, "FAN"}}), "can't tell");
+    const std::map<std::int32_t, std::string> pump = {{1, " pump "}};
+    const std::map<std::int32_t, std::string> nothing;
+    EXPECT_EQ(byMarks("OBJECTS=YES\nOBJECT_1=PUMP\n", none, pump), "is; object 1 [PUMP] pump fits");
+    EXPECT_EQ(byMarks("OBJECTS=YES\nOBJECT_1=FAN\n", none, pump), "isn't; object 1 [FAN] pump doesn't fit");
+    EXPECT_EQ(byMarks("OBJECTS=YES\nOBJECT_1=PUMP\n", none, nothing), "can't tell; object 1 [PUMP] not read");
+    EXPECT_EQ(byMarks("OBJECT_1=PUMP\n", none, pump), "can't tell");
+}
+
+TEST(Identity, ObjectsThatWereNotAskedForTellNothing) {
+    EXPECT_EQ(byValues("REGISTER_1=5\nVALUE_1=1\nOBJECTS=YES\nOBJECT_1=PUMP\n", {{5, 1}}),
+              "is; 5 [1] 1 fits");
 }
 
 TEST(Identity, TheSerialNumberIsCharactersOrANumber) {
