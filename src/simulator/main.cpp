@@ -79,8 +79,7 @@ void restoreStored(const std::string& path, Register_Map& map) {
 }
 
 Controller_Traits traits(const Options& options) {
-    Controller_Traits traits{
-        options.quirks, options.objects, std::chrono::milliseconds(options.storeAfterMs), {}, {}};
+    Controller_Traits traits{options.quirks, std::chrono::milliseconds(options.storeAfterMs), {}, {}};
     if (!options.storage.empty())
         traits.keep = [storage = Register_Storage(options.storage)](const auto& values) {
             storage.keep(values);
@@ -89,8 +88,7 @@ Controller_Traits traits(const Options& options) {
     if (other.after > 0)
         traits.exchange = {other.after,
                            registers(other.templateFile.empty() ? options.templateFile : other.templateFile,
-                                     other.configuration, other.registers),
-                           {}};
+                                     other.configuration, other.registers)};
     return traits;
 }
 
@@ -98,6 +96,8 @@ Controller controller(const Options& options) {
     Register_Map map = registers(options.templateFile, options.configuration, options.registers);
     if (!options.storage.empty() && Register_Storage(options.storage).exists())
         restoreStored(options.storage, map);
+    for (const auto& [number, text] : options.objects)
+        map.objects[number] = text;
     return {map, options.slave, options.faults, options.seed, traits(options)};
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/options.h"
 
+#include "simulator/controller/device_identification.h"
+
 #include <CLI/CLI.hpp>
 
 #include <algorithm>

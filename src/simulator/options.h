@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "simulator/controller/device_identification.h"
 #include "simulator/faults/fault_rule.h"
 #include "simulator/faults/quirk_rule.h"
 #include "simulator/line/line_pace.h"
+#include "simulator/registers/register_map.h"
 
 #include <cstdint>
 #include <iosfwd>

@@ -38,8 +38,8 @@ void nameQuirks(Frame_Record& record, const std::vector<const Quirk_Rule*>& quir
 Controller::Controller(const Register_Map& map, int unit, std::vector<Fault_Rule> faults, std::uint64_t seed,
                        Controller_Traits traits)
     : slave_(unit), memory_(slave_, seed), picker_(std::move(faults), seed),
-      quirks_(std::move(traits.quirks), seed ^ quirkSeed), dice_(~seed), unit_(unit),
-      objects_(std::move(traits.objects)), exchange_(std::move(traits.exchange)) {
+      quirks_(std::move(traits.quirks), seed ^ quirkSeed), dice_(~seed), unit_(unit), objects_(map.objects),
+      exchange_(std::move(traits.exchange)) {
     memory_.load(map, quirks_.drifts());
     memory_.storeLate(traits.storeDelay, std::move(traits.keep));
 }
@@ -71,6 +71,7 @@ Reaction Controller::take(Bytes_View request, Instant now) {
     }
     if (powerIsCut(facts, reaction, now)) return reaction;
     execute(request, reaction, now);
+    if (newUnit_) unit_ = slave_.setUnit(*std::exchange(newUnit_, std::nullopt));
     exchangeWhenDue(reaction);
     return reaction;
 }
@@ -144,9 +145,12 @@ std::optional<int> Controller::refusal(Bytes_View request, const Frame_Facts& fa
     if (facts.function != functionReadRegisters && !isWrite(facts.function)) return exceptionIllegalFunction;
     if (!quantityAllowed(facts)) return exceptionIllegalValue;
     if (*facts.address + *facts.quantity > 0x10000) return exceptionIllegalAddress;
-    bool allKnown = true;
-    forEachAddress(facts, [&](std::uint16_t address) { allKnown = allKnown && memory_.knows(address); });
-    return allKnown ? std::nullopt : std::optional<int>(exceptionIllegalAddress);
+    const bool reading = facts.function == functionReadRegisters;
+    bool allThere = true;
+    forEachAddress(facts, [&](std::uint16_t address) {
+        allThere = allThere && memory_.knows(address) && !(reading && memory_.refusesReading(address));
+    });
+    return allThere ? std::nullopt : std::optional<int>(exceptionIllegalAddress);
 }
 
 std::optional<int> Controller::quirkRefusal(const Frame_Facts& facts) {
@@ -195,6 +199,7 @@ Bytes Controller::writeAnswer(Bytes_View request, Frame_Record& received, Instan
         if (const auto value = storedValue(quirks, number, facts.values[i]))
             memory_.write(address, *value, now, hiddenTime(quirks, number));
         stored.push_back(memory_.value(address));
+        if (const auto unit = unitWritten(quirks, number, stored.back())) newUnit_ = unit;
     }
     memory_.elapse(now);
     if (stored != facts.values) received.stored = std::move(stored);
@@ -206,7 +211,7 @@ void Controller::exchangeWhenDue(Reaction& reaction) {
     if (!exchange_ || taken_ < exchange_->after) return;
     memory_.stopKeeping();
     memory_.load(exchange_->registers, quirks_.drifts());
-    objects_ = std::move(exchange_->objects);
+    objects_ = exchange_->registers.objects;
     exchange_.reset();
     reaction.events.emplace_back("exchanged");
 }

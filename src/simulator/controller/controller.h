@@ -39,13 +39,11 @@ struct Reaction {
 struct Exchange {
     int after = 1; ///< so many requests were for the first one
     Register_Map registers;
-    Device_Objects objects;
 };
 
 /// What a controller has beside its registers.
 struct Controller_Traits {
     std::vector<Quirk_Rule> quirks;
-    Device_Objects objects;                  ///< empty: function 43 is refused
     std::chrono::milliseconds storeDelay{0}; ///< from a write until it outlasts a power cut
     Keep_Registers keep;                     ///< told of all that outlasts one, at once and at each change
     std::optional<Exchange> exchange;
@@ -101,7 +99,8 @@ class Controller {
     int unit_;
     Device_Objects objects_;
     std::optional<Exchange> exchange_;
-    int taken_ = 0; ///< requests for this controller
+    std::optional<int> newUnit_; ///< from the next request on
+    int taken_ = 0;              ///< requests for this controller
     std::optional<Instant> powerBackAt_;
 };
 

@@ -19,6 +19,8 @@ class Controller_Quirks : public testing::Test {
         Register_Map map;
         for (std::int32_t i = 0; i < 10; ++i)
             map.values[100 + i] = static_cast<std::uint16_t>(1000 + i);
+        map.objects = objects_;
+        map.writeOnly = writeOnly_;
         controller_.emplace(map, 1, std::vector<Fault_Rule>{}, 1, std::move(traits));
     }
 
@@ -44,6 +46,8 @@ class Controller_Quirks : public testing::Test {
     Modbus_Slave sealer_{1};
     std::optional<Controller> controller_;
     Instant now_{};
+    Device_Objects objects_;
+    std::set<std::int32_t> writeOnly_;
 };
 
 const Bytes writeSeven{1, 6, 0, 100, 0, 7};
@@ -107,6 +111,23 @@ TEST_F(Controller_Quirks, AWriteOnlyRegisterRefusesReading) {
     EXPECT_EQ(controller_->value(101), 9);
 }
 
+TEST_F(Controller_Quirks, RegistersThatTheTemplateCallsWriteOnlyRefuseReading) {
+    writeOnly_ = {101};
+    quirks({});
+    EXPECT_EQ(answer({1, 3, 0, 100, 0, 2}), (Bytes{1, 0x83, 2}));
+    EXPECT_EQ(answer(writeBlock), blockTaken);
+    EXPECT_EQ(controller_->value(101), 9);
+}
+
+TEST_F(Controller_Quirks, TakesAnotherUnitNumberAfterItsAnswer) {
+    quirks({"renumbers@101"});
+    EXPECT_EQ(answer({1, 6, 0, 101, 0, 0}), (Bytes{1, 6, 0, 101, 0, 0}));     // no unit number
+    EXPECT_EQ(answer({1, 6, 0, 101, 0, 248}), (Bytes{1, 6, 0, 101, 0, 248})); // nor this
+    EXPECT_EQ(answer({1, 6, 0, 101, 0, 17}), (Bytes{1, 6, 0, 101, 0, 17}));
+    EXPECT_TRUE(take(writeSeven).outgoing.empty());
+    EXPECT_EQ(answer({17, 3, 0, 101, 0, 1}), (Bytes{17, 3, 2, 0, 17}));
+}
+
 TEST_F(Controller_Quirks, ALimitDependsOnAnotherRegister) {
     quirks({"not-above=101@100"});
     EXPECT_EQ(answer({1, 6, 0, 100, 3, 0xEA}), (Bytes{1, 0x86, 3})); // 1002 > 1001
@@ -156,7 +177,7 @@ TEST_F(Controller_Quirks, AnotherControllerTakesItsPlace) {
     std::size_t kept = 0;
     Controller_Traits traits;
     traits.keep = [&kept](const auto&) { ++kept; };
-    traits.objects = {{0, "A"}, {1, "B"}, {2, "C"}};
+    objects_ = {{0, "A"}, {1, "B"}, {2, "C"}};
     Exchange exchange;
     exchange.after = 2;
     exchange.registers.values = {{100, 50}};
@@ -176,9 +197,8 @@ TEST_F(Controller_Quirks, AnotherControllerTakesItsPlace) {
 }
 
 TEST_F(Controller_Quirks, TellsWhatItIsWhenItHasObjects) {
-    Controller_Traits traits;
-    traits.objects = {{0, "A"}, {1, "B"}};
-    quirks({}, std::move(traits));
+    objects_ = {{0, "A"}, {1, "B"}};
+    quirks({});
     const Reaction reaction = take({1, 43, 14, 1, 0});
     ASSERT_EQ(reaction.outgoing.size(), 1U);
     EXPECT_EQ(reaction.outgoing[0].record.facts->function, 43);

@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "simulator/registers/register_map.h"
 #include "simulator/wire/bytes.h"
 
-#include <cstdint>
-#include <map>
-#include <string>
+#include <cstddef>
 #include <variant>
 
 namespace zorvane::simulator {
-
-/// The objects by which a controller tells who it is, by number: 0 the maker's name, 1 the product code, 2
-/// the revision; 0x80 and above are the maker's own. Texts of at most 244 bytes.
-using Device_Objects = std::map<std::uint8_t, std::string>;
 
 /// The longest object that fits into an answer.
 inline constexpr std::size_t longestObject = 244;

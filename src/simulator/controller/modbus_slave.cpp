@@ -29,12 +29,17 @@ Modbus_Slave::Modbus_Slave(int unit) {
     context_.reset(modbus_new_rtu("socket pair", 9600, 'N', 8, 1));
     registers_.reset(modbus_mapping_new(0, 0, registerCount, 0));
     if (!context_ || !registers_) fail("libmodbus");
-    if (modbus_set_slave(context_.get(), unit) != 0) fail("slave number");
+    setUnit(unit);
     modbus_set_socket(context_.get(), inner_.get());
     // Requests are handed over whole, so these waits only guard against a misreading.
     modbus_set_indication_timeout(context_.get(), 0, 10'000);
     modbus_set_byte_timeout(context_.get(), 0, 10'000);
     modbus_set_response_timeout(context_.get(), 0, 1'000);
+}
+
+int Modbus_Slave::setUnit(int unit) {
+    if (modbus_set_slave(context_.get(), unit) != 0) fail("slave number");
+    return unit;
 }
 
 Bytes Modbus_Slave::sealed(Bytes_View body) {

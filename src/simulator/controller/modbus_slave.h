@@ -18,6 +18,9 @@ class Modbus_Slave {
     /// `unit` from 1 to 247.
     explicit Modbus_Slave(int unit);
 
+    /// From now on it has another number, from 1 to 247; gives it back.
+    int setUnit(int unit);
+
     /// A frame of these bytes (unit first, 2 to 254 of them) with its check sum after them.
     [[nodiscard]] Bytes sealed(Bytes_View body);
 

@@ -39,6 +39,9 @@ class Register_Memory {
 
     [[nodiscard]] std::int32_t addressBase() const noexcept { return addressBase_; }
     [[nodiscard]] bool knows(std::uint16_t address) const { return known_.contains(address); }
+    [[nodiscard]] bool refusesReading(std::uint16_t address) const {
+        return stored_.writeOnly.contains(address + addressBase_);
+    }
     /// What the register holds, though it may still be read as something else.
     [[nodiscard]] std::uint16_t value(std::uint16_t address) const;
     /// By register number; nothing for one that isn't there.

@@ -9,6 +9,8 @@ namespace zorvane::simulator {
 
 namespace {
 
+constexpr int highestUnit = 247;
+
 /// Halves go up, but never beyond what a register holds.
 std::uint16_t rounded(std::uint16_t value, int step) {
     const int nearest = (value + step / 2) / step * step;
@@ -51,6 +53,14 @@ std::chrono::milliseconds hiddenTime(Struck_Quirks quirks, std::int32_t number) 
         if (rule->kind == Quirk_Kind::Stale && covers(*rule, number))
             longest = std::max(longest, std::chrono::milliseconds(rule->value));
     return longest;
+}
+
+std::optional<int> unitWritten(Struck_Quirks quirks, std::int32_t number, std::uint16_t value) {
+    if (value < 1 || value > highestUnit) return std::nullopt;
+    const bool struck = std::any_of(quirks.begin(), quirks.end(), [number](const Quirk_Rule* rule) {
+        return rule->kind == Quirk_Kind::Renumbers && covers(*rule, number);
+    });
+    return struck ? std::optional<int>(value) : std::nullopt;
 }
 
 bool refusesReading(Struck_Quirks quirks) {

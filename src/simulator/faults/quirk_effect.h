@@ -22,6 +22,10 @@ using Struck_Quirks = std::span<const Quirk_Rule* const>;
 /// For how long the register is still read as it was before the write.
 [[nodiscard]] std::chrono::milliseconds hiddenTime(Struck_Quirks quirks, std::int32_t number);
 
+/// The unit number that a register's new value makes the controller's; nothing for a value from elsewhere
+/// than 1 to 247.
+[[nodiscard]] std::optional<int> unitWritten(Struck_Quirks quirks, std::int32_t number, std::uint16_t value);
+
 /// Whether a request for these registers can't be read.
 [[nodiscard]] bool refusesReading(Struck_Quirks quirks);
 

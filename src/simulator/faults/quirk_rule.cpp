@@ -12,7 +12,7 @@ constexpr int largestValue = 0xFFFF;
 constexpr int largestRegister = 1'000'000;
 
 /// In the order of `Quirk_Kind`.
-constexpr std::array<Rule_Kind, 10> kinds{{
+constexpr std::array<Rule_Kind, 11> kinds{{
     {"forgets", Value_Rule::None, 0, 0, "a write is acknowledged and not kept"},
     {"rounds", Value_Rule::Required, 2, largestValue, "stored rounded to a multiple of that number"},
     {"at-most", Value_Rule::Required, 0, largestValue, "stored as no more than that number"},
@@ -24,6 +24,7 @@ constexpr std::array<Rule_Kind, 10> kinds{{
      "more than that register holds is refused, exception 3"},
     {"not-below", Value_Rule::Required, 0, largestRegister,
      "less than that register holds is refused, exception 3"},
+    {"renumbers", Value_Rule::None, 0, 0, "what is written there becomes the unit number"},
     {"power-cut", Value_Rule::Optional, 1, longestMs,
      "no power for that many ms (1000 without), then what was stored", 1000},
 }};

@@ -19,6 +19,7 @@ enum class Quirk_Kind {
     Write_Only, ///< reading is refused with exception 2
     Not_Above,  ///< a value above that of register `value` is refused with exception 3
     Not_Below,  ///< a value below that of register `value` is refused with exception 3
+    Renumbers,  ///< the controller answers to the unit number that is written, from the next request on
     Power_Cut,  ///< nothing is done or answered for `value` ms; then there is what was stored
 };
 

@@ -41,7 +41,7 @@ TEST(QuirkRule, KnowsEveryKind) {
 TEST(QuirkRule, SaysWhatIsWrong) {
     EXPECT_EQ(complaint("sulks"),
               "quirk \"sulks\": no such kind of quirk; there are forgets, rounds, at-most, "
-              "at-least, stale, drifts, write-only, not-above, not-below, power-cut");
+              "at-least, stale, drifts, write-only, not-above, not-below, renumbers, power-cut");
     EXPECT_EQ(complaint("rounds"), "quirk \"rounds\": rounds needs a value, as in rounds=2");
     EXPECT_EQ(complaint("rounds=1"), "quirk \"rounds=1\": rounds needs a whole number from 2 to 65535");
     EXPECT_EQ(complaint("forgets=3"), "quirk \"forgets=3\": forgets takes no value");
@@ -53,7 +53,7 @@ TEST(QuirkRule, SaysWhatIsWrong) {
 TEST(QuirkRule, TheHelpNamesEveryKind) {
     const std::string help = quirkHelp();
     for (const char* kind : {"forgets", "rounds=N", "at-most=N", "at-least=N", "stale=N", "drifts=N",
-                             "write-only", "not-above=N", "not-below=N", "power-cut[=N]"})
+                             "write-only", "not-above=N", "not-below=N", "renumbers", "power-cut[=N]"})
         EXPECT_NE(help.find(std::string("\n  ") + kind + " "), std::string::npos) << kind;
 }
 

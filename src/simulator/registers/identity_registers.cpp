@@ -12,6 +12,7 @@ namespace {
 
 /// As many registers as one request reads: a template may name a range of any length.
 constexpr std::int64_t mostRegisters = 125;
+constexpr std::int32_t lastObject = 0xFF;
 
 /// Whether a range can be had at all.
 bool isUsable(const Register_Range& range, const Register_Map& map) {
@@ -62,6 +63,11 @@ void addIdentity(const Identity_Section& section, Register_Map& map) {
         addMark(mark, map);
     for (const std::optional<Register_Range>& plate : {section.serial, section.firmware})
         if (plate && isUsable(*plate, map)) (void)addRange(*plate, map);
+    for (const auto& [number, value] : map.values)
+        if (holdsRegister(section.writeOnly, number)) map.writeOnly.insert(number);
+    for (const auto& [number, text] : section.objectTexts)
+        if (section.objects && number >= 0 && number <= lastObject)
+            map.objects[static_cast<std::uint8_t>(number)] = text;
 }
 
 } // namespace zorvane::simulator

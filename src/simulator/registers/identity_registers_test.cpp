@@ -39,6 +39,18 @@ TEST(IdentityRegisters, TheSerialNumberCanBeRead) {
     EXPECT_EQ(with("SERIAL=5-6\nFIRMWARE=9\n").values, (Values{{5, 0}, {6, 0}, {9, 0}}));
 }
 
+TEST(IdentityRegisters, RegistersThatCannotBeReadBackRefuseReading) {
+    Register_Map map;
+    map.values = {{5, 1}, {6, 1}, {8, 1}};
+    EXPECT_EQ(with("WRITEONLY=5,7-9\n", map).writeOnly, (std::set<std::int32_t>{5, 8}));
+}
+
+TEST(IdentityRegisters, TheObjectsAreTheTemplatesWhenTheyMayBeAsked) {
+    EXPECT_EQ(with("OBJECTS=YES\nOBJECT_0=Maker\nOBJECT_1=K207\n").objects,
+              (Device_Objects{{0, "Maker"}, {1, "K207"}}));
+    EXPECT_TRUE(with("OBJECT_0=Maker\n").objects.empty());
+}
+
 TEST(IdentityRegisters, WhatNoWireHasIsLeftOut) {
     EXPECT_EQ(with("REGISTER_1=65536\nVALUE_1=1\nTEXTAT_2=9-5\nIS_2=A\nSERIAL=0-2147483647\n").values,
               Values{});
