@@ -1,0 +1,338 @@
+// SPDX-License-Identifier: MIT
+#include "commission/record/record_of_run.h"
+
+#include "commission/folder/digests.h"
+#include "commission/folder/journal.h"
+#include "commission/folder/wall_clock.h"
+#include "values/code_page.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <set>
+#include <tuple>
+
+namespace zorvane::commission {
+
+namespace {
+
+using Place = std::tuple<std::int32_t, std::int32_t, std::int32_t>;
+
+Json parsed(const std::optional<std::string>& text) {
+    Json json = text ? Json::parse(*text, nullptr, false) : Json();
+    return json.is_object() ? json : Json();
+}
+
+/// A member, or null.
+const Json& at(const Json& json, const char* name) {
+    static const Json nothing;
+    if (!json.is_object()) return nothing;
+    const auto found = json.find(name);
+    return found == json.end() ? nothing : *found;
+}
+
+std::string textAt(const Json& json, const char* name) {
+    const Json& value = at(json, name);
+    return value.is_string() ? fromUtf8(value.get<std::string>()) : "";
+}
+
+std::int32_t numberAt(const Json& json, const char* name) {
+    const Json& value = at(json, name);
+    return value.is_number_integer() ? value.get<std::int32_t>() : 0;
+}
+
+Place placeOf(const Json& row) {
+    return {numberAt(row, "field"), numberAt(row, "row"), numberAt(row, "column")};
+}
+
+/// A register's value, or those of several: "5", "16716, 17152". Empty for what isn't known.
+std::string registersText(const Json& value) {
+    if (value.is_number_integer()) return std::to_string(value.get<std::int64_t>());
+    std::string text;
+    if (!value.is_array()) return text;
+    for (const Json& one : value)
+        text += (text.empty() ? "" : ", ") + (one.is_null() ? std::string("?") : registersText(one));
+    return text;
+}
+
+std::map<std::int32_t, std::uint16_t> registersOf(const Json& json) {
+    std::map<std::int32_t, std::uint16_t> registers;
+    if (!json.is_object()) return registers;
+    for (const auto& [key, value] : json.items()) {
+        std::int32_t number = 0;
+        const auto read = std::from_chars(key.data(), key.data() + key.size(), number);
+        const bool good = read.ec == std::errc{} && value.is_number_unsigned();
+        if (good && value.get<std::uint64_t>() <= 0xFFFF) registers[number] = value.get<std::uint16_t>();
+    }
+    return registers;
+}
+
+/// The number in two or more digits at a place; nothing for anything else.
+std::optional<int> digitsAt(std::string_view text, std::size_t place, std::size_t count) {
+    int number = 0;
+    if (text.size() < place + count) return std::nullopt;
+    const char* const begin = text.data() + place;
+    const auto read = std::from_chars(begin, begin + count, number);
+    return read.ec == std::errc{} && read.ptr == begin + count ? std::optional(number) : std::nullopt;
+}
+
+/// "2026-11-22T07:40:05.123Z" in the zone of "2026-11-22T08:40:05+01:00". Empty for other texts.
+std::string localOf(std::string_view utc, std::string_view localInZone) {
+    using namespace std::chrono;
+    const auto year = digitsAt(utc, 0, 4);
+    const auto month = digitsAt(utc, 5, 2);
+    const auto day = digitsAt(utc, 8, 2);
+    const auto hour = digitsAt(utc, 11, 2);
+    const auto minute = digitsAt(utc, 14, 2);
+    const auto second = digitsAt(utc, 17, 2);
+    if (localInZone.size() < 6 || !year || !month || !day || !hour || !minute || !second) return "";
+    const std::string_view zone = localInZone.substr(localInZone.size() - 6);
+    const auto zoneHour = digitsAt(zone, 1, 2);
+    const auto zoneMinute = digitsAt(zone, 4, 2);
+    if (!zoneHour || !zoneMinute) return "";
+    const auto date = sys_days(std::chrono::year(*year) / *month / *day);
+    const auto moment = date + hours(*hour) + minutes(*minute) + seconds(*second);
+    const int offset = (zone[0] == '-' ? -1 : 1) * (*zoneHour * 60 + *zoneMinute);
+    const auto ms = duration_cast<milliseconds>(moment.time_since_epoch()).count();
+    return localText({ms, offset});
+}
+
+/// The files of one run, read once.
+class Run_Files {
+  public:
+    Run_Files(const Run_Store& runs, const std::string& name)
+        : runs_(runs), name_(name), head_(parsed(bytes(runFile))), plan_(parsed(bytes(planFile))),
+          result_(parsed(bytes(resultFile))), journal_(readJournal(bytes(journalFile).value_or(""))) {}
+
+    [[nodiscard]] bool complete() const { return head_.is_object() && plan_.is_object(); }
+    [[nodiscard]] Record record() const;
+
+  private:
+    [[nodiscard]] std::optional<std::string> bytes(std::string_view file) const {
+        return runs_.read(name_, file);
+    }
+    [[nodiscard]] std::string hashOf(std::string_view file) const {
+        const auto text = bytes(file);
+        return text ? sha256(*text) : "";
+    }
+    [[nodiscard]] std::string state() const;
+    void addController(Record& record) const;
+    void addTimes(Record& record) const;
+    void addFiles(Record& record) const;
+    void addRows(Record& record) const;
+    void addNotes(Record& record) const;
+    void addLink(Record& record) const;
+    void addDocument(Record& record) const;
+    void addRegisters(Record& record) const;
+    void addFolder(Record& record) const;
+    [[nodiscard]] std::map<Place, Json> planRows() const;
+    [[nodiscard]] std::map<Place, std::string> statesOfJournal() const;
+    template <class Visit> void forEachEvent(std::string_view event, Visit visit) const {
+        for (const Json& record : journal_.records)
+            if (at(record, "event") == event) visit(record);
+    }
+
+    const Run_Store& runs_;
+    std::string name_;
+    Json head_;
+    Json plan_;
+    Json result_;
+    Journal journal_;
+};
+
+Record Run_Files::record() const {
+    Record record;
+    record.run = name_;
+    record.kind = at(head_, "restores").is_string() ? "restore" : "send";
+    record.state = state();
+    addController(record);
+    addTimes(record);
+    addFiles(record);
+    addRows(record);
+    addNotes(record);
+    addLink(record);
+    addDocument(record);
+    addRegisters(record);
+    addFolder(record);
+    return record;
+}
+
+std::string Run_Files::state() const {
+    if (bytes(restoredFile)) return "restored";
+    return textAt(result_, "state") == "finished" ? "finished" : "interrupted";
+}
+
+void Run_Files::addController(Record& record) const {
+    const Json& identity = at(plan_, "identity");
+    const Json& line = at(plan_, "line");
+    Record_Controller& controller = record.controller;
+    controller.model = textAt(head_, "model");
+    controller.unit = numberAt(head_, "unit");
+    controller.serial = textAt(identity, "serial");
+    controller.firmware = textAt(identity, "firmware");
+    controller.verdict = textAt(identity, "verdict");
+    controller.although = textAt(head_, "although");
+    for (const Json& evidence : at(identity, "evidence"))
+        controller.evidence.push_back({textAt(evidence, "register"), textAt(evidence, "what"),
+                                       textAt(evidence, "expected"), textAt(evidence, "found"),
+                                       textAt(evidence, "result")});
+    record.port = textAt(line, "port");
+    record.settings = textAt(line, "settings");
+}
+
+void Run_Files::addTimes(Record& record) const {
+    record.started = {textAt(head_, "started"), textAt(head_, "started_local")};
+    forEachEvent("end", [&](const Json& end) {
+        const std::string utc = textAt(end, "time");
+        record.ended = {utc, localOf(utc, record.started.local)};
+    });
+}
+
+void Run_Files::addFiles(Record& record) const {
+    for (const char* const what : {"template", "document"})
+        record.files.push_back({what, textAt(at(plan_, what), "path"), textAt(at(plan_, what), "sha256")});
+    record.files.push_back({"plan", "", hashOf(planFile)});
+    record.files.push_back({"journal", "", hashOf(journalFile)});
+}
+
+std::map<Place, Json> Run_Files::planRows() const {
+    std::map<Place, Json> rows;
+    for (const Json& row : at(plan_, "rows"))
+        rows[placeOf(row)] = row;
+    return rows;
+}
+
+/// Of a run without a result: what the writes of its journal leave open.
+std::map<Place, std::string> Run_Files::statesOfJournal() const {
+    std::set<std::int64_t> begun;
+    forEachEvent("write", [&](const Json& intent) { begun.insert(numberAt(intent, "write")); });
+    std::map<Place, std::string> states;
+    std::int64_t number = 0;
+    for (const Json& write : at(plan_, "writes")) {
+        for (const Json& cell : at(write, "cells"))
+            if (cell.is_array() && cell.size() == 3)
+                states[{cell[0].get<std::int32_t>(), cell[1].get<std::int32_t>(),
+                        cell[2].get<std::int32_t>()}] = begun.contains(number) ? "unknown" : "not_sent";
+        ++number;
+    }
+    return states;
+}
+
+/// What is known of a value by its place: names and shown texts are the plan's.
+Record_Row rowOf(const Place& place, const std::map<Place, Json>& planned) {
+    Record_Row row;
+    std::tie(row.field, row.row, row.column) = place;
+    const auto found = planned.find(place);
+    if (found == planned.end()) return row;
+    row.page = textAt(found->second, "page");
+    row.name = textAt(found->second, "name");
+    row.heading = textAt(found->second, "heading");
+    row.registers = textAt(found->second, "register");
+    row.before = textAt(found->second, "right");
+    row.sent = textAt(found->second, "left");
+    return row;
+}
+
+std::string firstOf(std::string one, std::string other) { return one.empty() ? std::move(other) : one; }
+
+void Run_Files::addRows(Record& record) const {
+    const std::map<Place, Json> planned = planRows();
+    for (const Json& result : at(result_, "rows")) {
+        Record_Row row = rowOf(placeOf(result), planned);
+        row.registers = firstOf(textAt(result, "register"), row.registers);
+        row.before = firstOf(row.before, registersText(at(result, "before")));
+        row.state = textAt(result, "state");
+        row.answer = textAt(result, "answer");
+        const std::string wanted = firstOf(row.sent, registersText(at(result, "sent")));
+        row.sent = at(result, "sent").is_null() ? "" : wanted;
+        const std::string held = registersText(at(result, "read_back"));
+        row.readBack = row.state == "verified" ? wanted : held.empty() ? "" : "register: " + held;
+        record.rows.push_back(std::move(row));
+    }
+    if (result_.is_object()) return;
+    for (const auto& [place, state] : statesOfJournal()) {
+        record.rows.push_back(rowOf(place, planned));
+        record.rows.back().state = state;
+        if (state == "not_sent") record.rows.back().sent.clear();
+    }
+}
+
+void Run_Files::addNotes(Record& record) const {
+    if (const std::string why = textAt(result_, "why"); !why.empty()) record.notes.push_back(why);
+    if (!result_.is_object())
+        record.notes.emplace_back("The run was interrupted: what became of the values whose write had begun "
+                                  "isn't known.");
+    if (journal_.damaged)
+        record.notes.emplace_back(
+            "The journal is damaged: what it says after the damage isn't in this record.");
+}
+
+void Run_Files::addLink(Record& record) const {
+    Record_Link& link = record.link;
+    link.reads = numberAt(at(result_, "requests"), "reads");
+    link.writes = numberAt(at(result_, "requests"), "writes");
+    std::set<std::int32_t> writes;
+    std::int32_t intents = 0;
+    forEachEvent("write", [&](const Json& intent) {
+        writes.insert(numberAt(intent, "write"));
+        ++intents;
+    });
+    link.retries = intents - static_cast<std::int32_t>(writes.size());
+    std::int32_t unanswered = 0;
+    std::vector<double> times;
+    forEachEvent("answer", [&](const Json& answer) {
+        unanswered += textAt(answer, "end") == "no answer" ? 1 : 0;
+        const bool answered = textAt(answer, "end") == "acknowledged" || textAt(answer, "end") == "refused";
+        if (answered && at(answer, "us").is_number()) times.push_back(at(answer, "us").get<double>() / 1000);
+    });
+    link.unanswered = unanswered;
+    if (times.empty()) return;
+    std::sort(times.begin(), times.end());
+    link.medianMs = times[times.size() / 2];
+    link.p99Ms = times[std::min(times.size() - 1, times.size() * 99 / 100)];
+}
+
+/// "controller.TYPE", the type being that of the document.
+void Run_Files::addDocument(Record& record) const {
+    const std::string path = record.files[1].path;
+    const std::size_t dot = path.rfind('.');
+    const std::string type = dot == std::string::npos ? record.controller.model : path.substr(dot + 1);
+    for (const std::string& ending : {type, record.controller.model}) {
+        const std::string name = "controller." + ending;
+        if (const auto text = bytes(toUtf8(name))) {
+            record.documentName = name;
+            record.document = *text;
+            return;
+        }
+    }
+}
+
+/// What the run left in a register: what was read last, else what was sent last, else what was there before.
+void Run_Files::addRegisters(Record& record) const {
+    record.before = registersOf(parsed(bytes(beforeFile)));
+    record.left = record.before;
+    forEachEvent("write", [&](const Json& intent) {
+        std::int32_t number = numberAt(intent, "address");
+        for (const Json& value : at(intent, "values"))
+            record.left[number++] =
+                value.is_number_unsigned() ? value.get<std::uint16_t>() : std::uint16_t{0};
+    });
+    for (const auto& [number, value] : registersOf(parsed(bytes(afterFile))))
+        record.left[number] = value;
+}
+
+void Run_Files::addFolder(Record& record) const {
+    for (const std::string_view file :
+         {runFile, planFile, beforeFile, journalFile, afterFile, resultFile, restoredFile})
+        if (auto text = bytes(file)) record.folder[std::string(file)] = std::move(*text);
+}
+
+} // namespace
+
+std::optional<Record> recordOfRun(const Run_Store& runs, const std::string& name) {
+    const Run_Files files(runs, name);
+    if (!files.complete()) return std::nullopt;
+    return files.record();
+}
+
+} // namespace zorvane::commission
