@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "comm/modbus_control/exchange/answered_requests.h"
 
-#include "comm/modbus_control/frame/answer_search.h"
-
 #include <algorithm>
 
 namespace zorvane {
@@ -28,9 +26,9 @@ void Answered_Requests::add(const Rtu_Request& request, Byte_View answer, Micros
     entries_.push_back({request, {answer.begin(), answer.end()}, until, took});
 }
 
-bool Answered_Requests::answersOne(Byte_View bytes) const {
+bool Answered_Requests::answersOne(const Framing& framing, Byte_View bytes) const {
     return std::any_of(entries_.begin(), entries_.end(), [&](const Entry& entry) {
-        const Finding finding = findAnswer(entry.request, bytes);
+        const Finding finding = framing.find(entry.request, bytes, 0);
         return finding.verdict == Finding::Verdict::Found;
     });
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "comm/modbus_control/frame/rtu_frame.h"
+#include "comm/modbus_control/frame/framing.h"
 #include "comm/modbus_control/line/link_clock.h"
 
 #include <optional>
@@ -25,7 +25,7 @@ class Answered_Requests {
 
     /// Whether the bytes hold the answer to a request that was answered before: a second copy, or the true
     /// answer where the copy of another was taken for it.
-    [[nodiscard]] bool answersOne(Byte_View bytes) const;
+    [[nodiscard]] bool answersOne(const Framing& framing, Byte_View bytes) const;
     enum class Copy {
         No,
         OfOwn,   ///< of an earlier answer to the same request

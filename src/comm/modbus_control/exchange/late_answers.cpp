@@ -7,8 +7,9 @@ namespace zorvane {
 
 namespace {
 
+/// Where requests have numbers, an answer belongs to no other one.
 bool sameFunction(const Rtu_Request& a, const Rtu_Request& b) {
-    return a.unit == b.unit && a.function == b.function;
+    return a.unit == b.unit && a.function == b.function && a.number == b.number;
 }
 
 bool sameShape(const Rtu_Request& a, const Rtu_Request& b) {
@@ -95,10 +96,11 @@ bool Late_Answers::expectsRefusal(const Rtu_Request& request) const {
     });
 }
 
-std::optional<Late_Answers::Late> Late_Answers::take(Byte_View received, std::size_t from) {
+std::optional<Late_Answers::Late> Late_Answers::take(const Framing& framing, Byte_View received,
+                                                     std::size_t from) {
     for (auto entry = expected_.begin(); entry != expected_.end(); ++entry) {
-        Late late{findAnswer(entry->request, received, from), entry->request, entry->heldUntil, entry->until,
-                  entry->foreign};
+        Late late{framing.find(entry->request, received, from), entry->request, entry->heldUntil,
+                  entry->until, entry->foreign};
         if (late.finding.verdict != Finding::Verdict::Found) continue;
         // An exception doesn't say which of several requests it refuses: then none of them is over.
         const auto another = [&](const Expected& other) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "comm/modbus_control/frame/answer_search.h"
+#include "comm/modbus_control/frame/framing.h"
 #include "comm/modbus_control/line/link_clock.h"
 
 #include <optional>
@@ -58,7 +58,7 @@ class Late_Answers {
     };
     /// The first late answer in the bytes from `from` on. It is expected no longer, unless it is an exception
     /// that may belong to another request.
-    [[nodiscard]] std::optional<Late> take(Byte_View received, std::size_t from);
+    [[nodiscard]] std::optional<Late> take(const Framing& framing, Byte_View received, std::size_t from);
     /// Whether an exception to the request may belong to an earlier one of the same unit and function.
     [[nodiscard]] bool exceptionAmbiguous(const Rtu_Request& request, Micros now) const;
 

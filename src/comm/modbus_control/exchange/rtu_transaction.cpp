@@ -33,11 +33,12 @@ Rtu_Transaction::Rtu_Transaction(Byte_Port& port, Link_Clock& clock, Transaction
 
 Rtu_Transaction::~Rtu_Transaction() { port_.setListener(nullptr); }
 
-void Rtu_Transaction::setLine(const Port_Settings& settings) {
+void Rtu_Transaction::setLine(const Port_Settings& settings, const Framing& framing) {
     if (settings.port != settings_.port || !(settings.line == settings_.line))
         learntEcho_ = learntPace_ = writeDoubled_ = false;
     settings_ = settings;
-    silence_ = frameSilence(settings.line);
+    framing_ = &framing;
+    silence_ = onLine() ? frameSilence(settings.line) : 0;
     quiet_ = std::max(quiet_, silence_);
 }
 
@@ -55,6 +56,7 @@ void Rtu_Transaction::lineOpened() {
 void Rtu_Transaction::submit(Rtu_Request request, Line_Care care) {
     result_ = Try_Result{};
     result_.request = std::move(request);
+    giveNumber();
     searchFrom_ = 0;
     pieces_ = 0;
     letInputCome_ = false;
@@ -69,6 +71,12 @@ void Rtu_Transaction::submit(Rtu_Request request, Line_Care care) {
     armForState();
 }
 
+void Rtu_Transaction::giveNumber() {
+    if (onLine()) return;
+    if (++lastNumber_ == 0) ++lastNumber_; // which stands for none
+    result_.request.number = lastNumber_;
+}
+
 bool Rtu_Transaction::withdraw() {
     if (state_ != State::Gap && state_ != State::Lead) return false;
     lowerRts();
@@ -80,12 +88,19 @@ bool Rtu_Transaction::withdraw() {
 void Rtu_Transaction::abandon() {
     if (state_ == State::Idle || withdraw()) return;
     lowerRts();
-    late_.expectOnLine(result_.request, deadline_, deadline_ + timeOut_, whenOver());
+    if (onLine())
+        late_.expectOnLine(result_.request, deadline_, deadline_ + timeOut_, whenOver());
+    else
+        late_.expect(result_.request, deadline_ + timeOut_, whenOver());
     state_ = State::Idle;
     armForState();
 }
 
 // Time.
+
+Micros Rtu_Transaction::timeOnLine(std::size_t bytes) const {
+    return onLine() ? wireTime(settings_.line, bytes) : 0;
+}
 
 Micros Rtu_Transaction::settleTime() const { return std::max(silence_, damagedSettle); }
 
@@ -185,7 +200,7 @@ void Rtu_Transaction::ringInSettle(Micros now) {
     const bool babbling = now >= settleLimit_;
     if (!babbling && now < lastActivity_ + settleTime()) return armForState();
     if (const auto start = searchStart()) {
-        const Finding finding = findAnswer(result_.request, receivedBytes(), *start);
+        const Finding finding = framing_->find(result_.request, receivedBytes(), *start);
         const bool found = finding.verdict == Finding::Verdict::Found;
         if (found && !afterOtherMaster(finding)) return succeed(finding);
     }
@@ -215,7 +230,7 @@ void Rtu_Transaction::send() {
     earFrom_ = std::min(strayFrom_, ahead_.size());
     if (!stray_.empty()) tellUnexplained();
     if (state_ != before) return; // whoever was told has taken the request back
-    result_.sent = encodeRequest(result_.request);
+    result_.sent = framing_->encode(result_.request);
     lastSent_ = result_.sent;
     late_.sent(result_.request);
     result_.startedAt = clock_.now();
@@ -226,7 +241,7 @@ void Rtu_Transaction::send() {
     }
     const bool kernelDelays = settings_.rts == Rts_Mode::KernelRs485;
     const Micros delay = kernelDelays ? settings_.txDelayMs * microsPerMs : 0;
-    txEnd_ = result_.startedAt + delay + wireTime(settings_.line, result_.sent.size());
+    txEnd_ = result_.startedAt + delay + timeOnLine(result_.sent.size());
     deadline_ = txEnd_ + timeOut_;
     lastActivity_ = txEnd_;
     state_ = State::Wait;
@@ -260,12 +275,17 @@ void Rtu_Transaction::bytesArrived(Byte_View bytes) {
     if (foreignAt_) foreignAt_ = foreignEnd_ = 0;
 }
 
+/// Where the adapter's copy of the request ends.
+std::optional<std::size_t> Rtu_Transaction::endOfEchoIn(Byte_View bytes, std::size_t from) const {
+    return onLine() ? endOfEcho(result_.sent, bytes, from) : std::nullopt;
+}
+
 std::optional<std::size_t> Rtu_Transaction::searchStart() const {
     // The answer to function 6 is the request over again. Only where the adapter is known to echo can the
     // first copy be told from it.
     const bool answerIsEcho = result_.request.function == Function_Code::PresetSingleRegister;
-    if (answerIsEcho && !expectsEcho()) return searchFrom_;
-    const auto echoEnd = endOfEcho(result_.sent, receivedBytes(), searchFrom_);
+    if (!onLine() || (answerIsEcho && !expectsEcho())) return searchFrom_;
+    const auto echoEnd = endOfEchoIn(receivedBytes(), searchFrom_);
     if (echoEnd) return echoEnd;
     if (answerIsEcho) return std::nullopt;
     return searchFrom_;
@@ -274,7 +294,7 @@ std::optional<std::size_t> Rtu_Transaction::searchStart() const {
 void Rtu_Transaction::evaluate() {
     const auto start = searchStart();
     if (!start) return;
-    const Finding finding = findAnswer(result_.request, receivedBytes(), *start);
+    const Finding finding = framing_->find(result_.request, receivedBytes(), *start);
     const bool found = finding.verdict == Finding::Verdict::Found && !afterOtherMaster(finding);
     if (found && finding.answer.exception && late_.exceptionAmbiguous(result_.request, clock_.now())) {
         searchFrom_ = finding.offset + finding.length;
@@ -288,7 +308,7 @@ void Rtu_Transaction::evaluate() {
 void Rtu_Transaction::settle() {
     if (state_ == State::Settle) return;
     state_ = State::Settle;
-    settleLimit_ = std::max(clock_.now(), txEnd_) + wireTime(settings_.line, largestFrame) + 2 * settleTime();
+    settleLimit_ = std::max(clock_.now(), txEnd_) + timeOnLine(largestFrame) + 2 * settleTime();
     armForState();
 }
 
@@ -296,13 +316,14 @@ void Rtu_Transaction::atDeadline() {
     // An answer that has begun may end: the time-out is about a slave that doesn't speak.
     const auto start = foreignAt_ ? std::nullopt : searchStart();
     const bool fresh = clock_.now() < lastActivity_ + settleTime();
-    if (start && findAnswer(result_.request, receivedBytes(), *start).partial && fresh) return settle();
+    if (start && framing_->find(result_.request, receivedBytes(), *start).partial && fresh) return settle();
     fail(faultNow(), true);
 }
 
 Answer_Fault Rtu_Transaction::faultOfAnswer() const {
-    const auto echoEnd = endOfEcho(result_.sent, receivedBytes(), searchFrom_);
-    const Answer_Fault fault = whyNoAnswer(result_.request, receivedBytes(), echoEnd.value_or(searchFrom_));
+    const auto echoEnd = endOfEchoIn(receivedBytes(), searchFrom_);
+    const Answer_Fault fault =
+        framing_->whyNoAnswer(result_.request, receivedBytes(), echoEnd.value_or(searchFrom_));
     return fault == Answer_Fault::Nothing && echoEnd ? Answer_Fault::OnlyEcho : fault;
 }
 
@@ -316,14 +337,14 @@ std::string Rtu_Transaction::faultNow() const {
 // The end of a try.
 
 void Rtu_Transaction::learnEcho(std::size_t answerAt) {
-    const auto echoEnd = endOfEcho(result_.sent, receivedBytes().first(answerAt), searchFrom_);
+    const auto echoEnd = endOfEchoIn(receivedBytes().first(answerAt), searchFrom_);
     result_.echoed = echoEnd.has_value();
     if (result_.request.function != Function_Code::PresetSingleRegister) learntEcho_ = result_.echoed;
 }
 
 /// A line that is faster than its baud rate, such as a pseudo-terminal's, is never told to wait.
 void Rtu_Transaction::learnPace() {
-    if (learntPace_ || pieces_ < tellingPieces) return;
+    if (learntPace_ || pieces_ < tellingPieces || !onLine()) return;
     const Micros reckoned = wireTime(settings_.line, result_.received.size() - 1);
     learntPace_ = clock_.now() - firstByteAt_ >= reckoned * 3 / 4;
 }
@@ -346,7 +367,7 @@ void Rtu_Transaction::succeed(const Finding& finding) {
 /// Taken for one too early, an echo would be missed in every good answer after it.
 void Rtu_Transaction::learnEchoOfWrite(Byte_View rest) {
     if (result_.request.function != Function_Code::PresetSingleRegister) return;
-    const bool doubled = endOfEcho(result_.sent, rest).has_value();
+    const bool doubled = endOfEchoIn(rest).has_value();
     if (doubled && writeDoubled_) learntEcho_ = true;
     writeDoubled_ = doubled;
 }
@@ -361,7 +382,7 @@ void Rtu_Transaction::tellTrailing(std::size_t from) {
 }
 
 void Rtu_Transaction::fail(std::string fault, bool mayAnswerLater) {
-    const auto echoEnd = endOfEcho(result_.sent, receivedBytes(), searchFrom_);
+    const auto echoEnd = endOfEchoIn(receivedBytes(), searchFrom_);
     if (echoEnd) result_.echoed = learntEcho_ = true;
     result_.fault = std::move(fault);
     quiet_ = std::max(silence_, failedQuiet);

@@ -7,6 +7,7 @@
 #include "comm/modbus_control/frame/answer_search.h"
 #include "comm/modbus_control/line/byte_port.h"
 #include "comm/modbus_control/line/link_clock.h"
+#include "comm/modbus_control/line/network_port.h"
 
 #include <optional>
 #include <string>
@@ -42,6 +43,8 @@ class Transaction_Owner {
     virtual void otherMasterHeard(Micros /*at*/, const Foreign_Request& /*foreign*/) {}
     /// After `tryFinished` when a request was under way.
     virtual void lineLost(const std::string& reason) = 0;
+    /// An opening of the port that went on has ended.
+    virtual void openingEnded(const Port_Opening& /*opening*/) {}
 };
 
 /// What a request waits for beside the silence that every one needs.
@@ -59,6 +62,9 @@ enum class Line_Care {
 /// ten time-outs or until its answer came. Whoever submits requests asks `mayBeConfused` and `expects`, and
 /// chooses a request of another form or one that waits. An answer after another master's request is never
 /// taken.
+///
+/// Where the framing numbers the requests, a late answer, a copy and the right answer are told apart by their
+/// numbers: then nothing waits for an outstanding answer, and there is neither silence nor echo.
 class Rtu_Transaction final : private Byte_Port_Listener {
   public:
     Rtu_Transaction(Byte_Port& port, Link_Clock& clock, Transaction_Owner& owner);
@@ -66,9 +72,11 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     Rtu_Transaction& operator=(const Rtu_Transaction&) = delete;
     ~Rtu_Transaction() override;
 
-    /// Line, RTS mode, delay and echo switch of the next requests. Another port or line forgets a learnt
-    /// echo.
-    void setLine(const Port_Settings& settings);
+    /// Line, RTS mode, delay and echo switch of the next requests, in frames as the port's name tells.
+    /// Another port or line forgets a learnt echo.
+    void setLine(const Port_Settings& settings) { setLine(settings, framingOf(settings.port)); }
+    /// The same with frames of any kind. The framing must outlive the transaction.
+    void setLine(const Port_Settings& settings, const Framing& framing);
     /// The pause between the end of an exchange and the next request, and the time-out of an answer.
     void setWaits(Micros pause, Micros timeOut);
 
@@ -95,6 +103,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
 
     void bytesArrived(Byte_View bytes) override;
     void portLost(const std::string& reason) override;
+    void openingEnded(const Port_Opening& opening) override { owner_.openingEnded(opening); }
 
     void ring();
     void ringInGap(Micros now);
@@ -140,7 +149,12 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void tellUnexplained();
     void tellStray(const std::string& what);
 
-    [[nodiscard]] bool expectsEcho() const { return settings_.adapterEchoes || learntEcho_; }
+    /// What stands on a serial line only: echoes, other masters, and bytes that take time.
+    [[nodiscard]] bool onLine() const { return !framing_->numbersRequests(); }
+    [[nodiscard]] Micros timeOnLine(std::size_t bytes) const;
+    [[nodiscard]] std::optional<std::size_t> endOfEchoIn(Byte_View bytes, std::size_t from = 0) const;
+    [[nodiscard]] bool expectsEcho() const { return onLine() && (settings_.adapterEchoes || learntEcho_); }
+    void giveNumber();
     [[nodiscard]] Micros settleTime() const;
     [[nodiscard]] Byte_View receivedBytes() const { return result_.received; }
 
@@ -150,6 +164,8 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     std::unique_ptr<Alarm> alarm_;
 
     Port_Settings settings_;
+    const Framing* framing_ = nullptr;
+    std::uint16_t lastNumber_ = 0;
     Micros silence_ = 0;
     Micros pause_ = 0;
     Micros timeOut_ = 0;

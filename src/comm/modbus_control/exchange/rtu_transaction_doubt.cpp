@@ -41,7 +41,7 @@ Micros Rtu_Transaction::whenOver() const {
 
 std::optional<Late_Answers::Late> Rtu_Transaction::takeLate(Byte_View bytes, std::size_t from) {
     late_.forgetPast(clock_.now());
-    auto late = late_.take(bytes, from);
+    auto late = late_.take(*framing_, bytes, from);
     if (!late) return late;
     // What came before word for word may be a copy, and then the awaited answer is still to come.
     const Byte_View frame = bytes.subspan(late->finding.offset, late->finding.length);
@@ -71,8 +71,9 @@ void Rtu_Transaction::expectCopies(Byte_View bytes) {
     if (bytes.empty()) return;
     answered_.forgetPast(clock_.now());
     // The answer to a single write that comes again is an adapter's echo more likely.
-    const auto echoEnd = lastSent_.size() == writeAnswerLength ? endOfEcho(lastSent_, bytes) : std::nullopt;
-    if (!answered_.answersOne(bytes.subspan(echoEnd.value_or(0)))) return;
+    const bool mayEcho = onLine() && lastSent_.size() == writeAnswerLength;
+    const auto echoEnd = mayEcho ? endOfEcho(lastSent_, bytes) : std::nullopt;
+    if (!answered_.answersOne(*framing_, bytes.subspan(echoEnd.value_or(0)))) return;
     if (clock_.now() >= copiesUntil_) {
         for (const Answered_Requests::Entry& entry : answered_.entries())
             late_.expect(entry.request, 0, entry.until);
@@ -95,7 +96,7 @@ void Rtu_Transaction::listenOrSucceed(Finding finding) {
         early_ = early;
         listenUntil_ = std::min(txEnd_ + answered_.longest(count) + listenTolerance, deadline_);
     }
-    Finding further = findAnswer(result_.request, receivedBytes(), finding.offset + finding.length);
+    Finding further = framing_->find(result_.request, receivedBytes(), finding.offset + finding.length);
     const bool found = further.verdict == Finding::Verdict::Found && !further.answer.exception;
     if (found && !afterOtherMaster(further)) return succeed(further);
     const bool alone = frame.size() == receivedBytes().size() - searchStart().value_or(finding.offset);
@@ -125,6 +126,7 @@ void Rtu_Transaction::remember(const Finding& finding) {
 
 /// Where the last request of another master ends in the bytes, if one is there that wasn't heard yet; else 0.
 std::size_t Rtu_Transaction::hearOtherMaster(Byte_View bytes, std::size_t& from) {
+    if (!onLine()) return 0;
     const Rtu_Request ownSingle = presetSingle(result_.request.unit, 0, 0);
     const bool singleWrites = state_ != State::Wait && state_ != State::Settle &&
                               !late_.expectsFunction(ownSingle) && !answered_.hasFunction(ownSingle);

@@ -33,47 +33,49 @@ std::uint16_t wordAt(Byte_View bytes, std::size_t at) {
     return static_cast<std::uint16_t>((bytes[at] << 8U) | bytes[at + 1]);
 }
 
-std::variant<Answer, Answer_Fault> checkRead(const Rtu_Request& request, Byte_View frame) {
-    if (frame.size() < 5) return Answer_Fault::WrongLength;
-    if (frame[2] != 2 * request.count) return Answer_Fault::ByteCount;
-    if (frame.size() != answerLength(request)) return Answer_Fault::WrongLength;
+constexpr std::size_t crcLength = 2;
+
+std::variant<Answer, Answer_Fault> checkRead(const Rtu_Request& request, Byte_View body) {
+    if (body.size() < 3) return Answer_Fault::WrongLength;
+    if (body[2] != 2 * request.count) return Answer_Fault::ByteCount;
+    if (body.size() + crcLength != answerLength(request)) return Answer_Fault::WrongLength;
     Answer answer;
     answer.registers.reserve(request.count);
     for (std::size_t i = 0; i < request.count; ++i) {
-        answer.registers.push_back(wordAt(frame, 3 + 2 * i));
+        answer.registers.push_back(wordAt(body, 3 + 2 * i));
     }
     return answer;
 }
 
-std::variant<Answer, Answer_Fault> checkWrite(const Rtu_Request& request, Byte_View frame) {
-    if (frame.size() != writeAnswerLength) return Answer_Fault::WrongLength;
-    if (wordAt(frame, 2) != request.address) return Answer_Fault::EchoAddress;
+std::variant<Answer, Answer_Fault> checkWrite(const Rtu_Request& request, Byte_View body) {
+    if (body.size() + crcLength != writeAnswerLength) return Answer_Fault::WrongLength;
+    if (wordAt(body, 2) != request.address) return Answer_Fault::EchoAddress;
     const bool single = request.function == Function_Code::PresetSingleRegister;
     const std::uint16_t wanted = single ? request.values.at(0) : request.count;
-    if (wordAt(frame, 4) != wanted) return single ? Answer_Fault::EchoValue : Answer_Fault::EchoQuantity;
+    if (wordAt(body, 4) != wanted) return single ? Answer_Fault::EchoValue : Answer_Fault::EchoQuantity;
     return Answer{};
 }
 
-std::variant<Answer, Answer_Fault> checkException(Byte_View frame) {
-    if (frame.size() != exceptionLength) return Answer_Fault::WrongLength;
+std::variant<Answer, Answer_Fault> checkException(Byte_View body) {
+    if (body.size() + crcLength != exceptionLength) return Answer_Fault::WrongLength;
     Answer answer;
-    answer.exception = frame[2];
+    answer.exception = body[2];
     return answer;
 }
 
 } // namespace
 
 Rtu_Request readRequest(std::uint8_t unit, std::uint16_t address, std::uint16_t count) {
-    return {unit, Function_Code::ReadHoldingRegisters, address, count, {}};
+    return {unit, Function_Code::ReadHoldingRegisters, address, count, {}, 0};
 }
 
 Rtu_Request presetSingle(std::uint8_t unit, std::uint16_t address, std::uint16_t value) {
-    return {unit, Function_Code::PresetSingleRegister, address, 1, {value}};
+    return {unit, Function_Code::PresetSingleRegister, address, 1, {value}, 0};
 }
 
 Rtu_Request presetMultiple(std::uint8_t unit, std::uint16_t address, std::vector<std::uint16_t> values) {
     const auto count = static_cast<std::uint16_t>(values.size());
-    return {unit, Function_Code::PresetMultipleRegisters, address, count, std::move(values)};
+    return {unit, Function_Code::PresetMultipleRegisters, address, count, std::move(values), 0};
 }
 
 std::uint16_t crc16(Byte_View bytes) noexcept {
@@ -90,16 +92,21 @@ bool crcHolds(Byte_View frame) noexcept {
     return frame[frame.size() - 2] == (crc & 0xFFU) && frame[frame.size() - 1] == (crc >> 8U);
 }
 
-Byte_Array encodeRequest(const Rtu_Request& request) {
-    Byte_Array frame{request.unit, static_cast<std::uint8_t>(request.function)};
-    appendWord(frame, request.address);
-    if (request.function != Function_Code::PresetSingleRegister) appendWord(frame, request.count);
+Byte_Array encodeBody(const Rtu_Request& request) {
+    Byte_Array body{request.unit, static_cast<std::uint8_t>(request.function)};
+    appendWord(body, request.address);
+    if (request.function != Function_Code::PresetSingleRegister) appendWord(body, request.count);
     if (request.function == Function_Code::PresetMultipleRegisters) {
-        frame.push_back(static_cast<std::uint8_t>(2 * request.values.size()));
+        body.push_back(static_cast<std::uint8_t>(2 * request.values.size()));
     }
     for (const std::uint16_t value : request.values) {
-        appendWord(frame, value);
+        appendWord(body, value);
     }
+    return body;
+}
+
+Byte_Array encodeRequest(const Rtu_Request& request) {
+    Byte_Array frame = encodeBody(request);
     const std::uint16_t crc = crc16(frame);
     frame.push_back(static_cast<std::uint8_t>(crc & 0xFFU));
     frame.push_back(static_cast<std::uint8_t>(crc >> 8U));
@@ -137,6 +144,8 @@ std::string_view faultText(Answer_Fault fault) noexcept {
         return "only noise";
     case Answer_Fault::OnlyEcho:
         return "only the adapter's echo";
+    case Answer_Fault::OtherNumber:
+        return "answer under another transaction number";
     }
     return "no answer";
 }
@@ -146,12 +155,17 @@ std::variant<Answer, Answer_Fault> checkAnswer(const Rtu_Request& request, Byte_
     if (frame.size() < 4) return Answer_Fault::Truncated;
     if (!crcHolds(frame))
         return frame.size() < exceptionLength ? Answer_Fault::Truncated : Answer_Fault::BadCrc;
-    if (frame[0] != request.unit) return Answer_Fault::OtherUnit;
+    return checkBody(request, frame.first(frame.size() - crcLength));
+}
+
+std::variant<Answer, Answer_Fault> checkBody(const Rtu_Request& request, Byte_View body) {
+    if (body.size() < 2) return Answer_Fault::WrongLength;
+    if (body[0] != request.unit) return Answer_Fault::OtherUnit;
     const auto function = static_cast<std::uint8_t>(request.function);
-    if (frame[1] == (function | exceptionBit)) return checkException(frame);
-    if (frame[1] != function) return Answer_Fault::OtherFunction;
-    if (request.function == Function_Code::ReadHoldingRegisters) return checkRead(request, frame);
-    return checkWrite(request, frame);
+    if (body[1] == (function | exceptionBit)) return checkException(body);
+    if (body[1] != function) return Answer_Fault::OtherFunction;
+    if (request.function == Function_Code::ReadHoldingRegisters) return checkRead(request, body);
+    return checkWrite(request, body);
 }
 
 } // namespace zorvane

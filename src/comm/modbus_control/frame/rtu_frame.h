@@ -39,6 +39,7 @@ struct Rtu_Request {
     std::uint16_t address = 0;
     std::uint16_t count = 1;           ///< registers: 1 to 125 read, 1 to 123 written, 1 for function 6
     std::vector<std::uint16_t> values; ///< what is written, `count` of them; empty for a read
+    std::uint16_t number = 0;          ///< that its answer repeats, on Modbus TCP; elsewhere 0
 
     bool operator==(const Rtu_Request&) const = default;
 };
@@ -53,6 +54,8 @@ struct Rtu_Request {
 /// Whether the last two bytes are the CRC of those before. False below four bytes.
 [[nodiscard]] bool crcHolds(Byte_View frame) noexcept;
 
+/// Unit, function and data of a request: what a frame of any kind holds.
+[[nodiscard]] Byte_Array encodeBody(const Rtu_Request& request);
 /// The request's frame, ready for the wire.
 [[nodiscard]] Byte_Array encodeRequest(const Rtu_Request& request);
 
@@ -81,11 +84,14 @@ enum class Answer_Fault {
     WrongLength,
     Noise,
     OnlyEcho,
+    OtherNumber,
 };
 
 /// The fault in words, as the monitor shows it.
 [[nodiscard]] std::string_view faultText(Answer_Fault fault) noexcept;
 
+/// Holds unit, function and data of an answer against the request that it should answer.
+[[nodiscard]] std::variant<Answer, Answer_Fault> checkBody(const Rtu_Request& request, Byte_View body);
 /// Holds one whole frame against the request that it should answer: unit, function, byte count or echo,
 /// exact length, CRC.
 [[nodiscard]] std::variant<Answer, Answer_Fault> checkAnswer(const Rtu_Request& request, Byte_View frame);

@@ -15,6 +15,7 @@ struct Port_Opening {
     bool opened = false;
     std::string reason;                ///< in plain words, with what to do: "Busy: another program ..."
     std::vector<std::string> warnings; ///< things that the port can't do and that don't stop it
+    bool goesOn = false;               ///< neither opened nor failed yet: the listener will hear of the end
 };
 
 /// Who hears of a port's bytes and of its end.
@@ -24,15 +25,19 @@ class Byte_Port_Listener {
     virtual void bytesArrived(Byte_View bytes) = 0;
     /// The adapter is gone or the line hung up. The port is closed already. Told once per opening.
     virtual void portLost(const std::string& reason) = 0;
+    /// An opening that went on has ended, well or not; told once, and not after `close`.
+    virtual void openingEnded(const Port_Opening& /*opening*/) {}
 };
 
-/// A serial line as bytes. It tells its listener from the event loop only, never from within a call.
+/// A serial line, or one behind a network, as bytes. It tells its listener from the event loop only, never
+/// from within a call.
 class Byte_Port {
   public:
     virtual ~Byte_Port() = default;
     virtual void setListener(Byte_Port_Listener* listener) = 0;
 
-    /// Opens the port of that name or path with the line settings. REQUIRES: it is closed.
+    /// Opens the port of that name or path with the line settings. A port on a network only begins to; until
+    /// the end is told it isn't open, and `close` gives the opening up. REQUIRES: it is closed.
     [[nodiscard]] virtual Port_Opening open(const std::string& name, const Port_Settings& settings) = 0;
     /// Changes the line of an open port in place. False where the port can't, or won't take these settings;
     /// it is then to be closed and opened with them.
