@@ -124,6 +124,7 @@ void Modbus_Link::ResetScan() { restartScan(); }
 void Modbus_Link::PrepareScan() {
     halted_ = false;
     portWanted_ = true;
+    if (opening_ != Opening::None) return openingIsWanted();
     if (port_.isOpen() || openPort()) next();
 }
 
@@ -222,7 +223,7 @@ void Modbus_Link::PresetMultipleRegisters(std::int32_t slave, std::int32_t start
 void Modbus_Link::beginWrite() {
     status_.lastResponse.clear();
     status_.writeOutcome = Write_Outcome::None;
-    if (!port_.isOpen()) return failWrites();
+    if (!port_.isOpen() && opening_ != Opening::Wanted) return failWrites();
     next();
 }
 

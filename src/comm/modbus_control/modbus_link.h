@@ -160,6 +160,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     void strayReceived(Micros at, const Byte_Array& bytes, const std::string& what) override;
     void otherMasterHeard(Micros at, const Foreign_Request& foreign) override;
     void lineLost(const std::string& reason) override;
+    void openingEnded(const Port_Opening& opening) override;
 
     void next();
     void startWrite();
@@ -193,8 +194,14 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     void endWrite(Write_Outcome outcome);
     void beginWrite();
 
+    /// What an opening that goes on is for.
+    enum class Opening { None, Wanted, Again };
+
     bool openPort();
+    void openingIsWanted();
+    bool opened(const Port_Opening& opening);
     void tryReopen();
+    void reopened(const Port_Opening& opening);
     void portIsOpen(const Port_Opening& opening);
     void releasePort();
     void note(const std::string& text);
@@ -238,6 +245,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
 
     bool wish_ = false; ///< StartScan to EndSession
     bool portWanted_ = false;
+    Opening opening_ = Opening::None; ///< while one goes on; what is asked meanwhile waits for a wanted one
     bool paused_ = false;
     bool halted_ = false; ///< StopScan, until the scan is prepared or started again
     bool lent_ = false;

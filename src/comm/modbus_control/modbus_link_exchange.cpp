@@ -24,7 +24,8 @@ bool provesController(const Try_Result& result) {
     if (!result.answer) return false;
     const bool likeItsRequest =
         !result.answer->exception && result.request.function == Function_Code::PresetSingleRegister;
-    return !likeItsRequest || result.echoed;
+    const bool fromNetwork = result.request.number != 0; // where nothing echoes
+    return !likeItsRequest || result.echoed || fromNetwork;
 }
 
 } // namespace
@@ -32,6 +33,7 @@ bool provesController(const Try_Result& result) {
 // Which request goes out next.
 
 void Modbus_Link::next() {
+    if (opening_ == Opening::Wanted) return;
     if (!port_.isOpen()) return missScan();
     if (!writes_.empty()) {
         takeHeldTry();

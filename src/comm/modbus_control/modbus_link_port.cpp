@@ -8,6 +8,19 @@ namespace zorvane {
 
 bool Modbus_Link::openPort() {
     const Port_Opening opening = session_.open(settings_);
+    if (!opening.goesOn) return opened(opening);
+    openingIsWanted();
+    return false;
+}
+
+/// Whether the line is lost shows at its end.
+void Modbus_Link::openingIsWanted() {
+    opening_ = Opening::Wanted;
+    reopenAlarm_->disarm();
+    status_.commLost = false;
+}
+
+bool Modbus_Link::opened(const Port_Opening& opening) {
     if (opening.opened) {
         portIsOpen(opening);
         status_.commLost = false;
@@ -35,6 +48,19 @@ void Modbus_Link::portIsOpen(const Port_Opening& opening) {
 
 void Modbus_Link::tryReopen() {
     const Port_Opening opening = session_.reopen(settings_);
+    if (!opening.goesOn) return reopened(opening);
+    opening_ = Opening::Again;
+    next();
+}
+
+void Modbus_Link::openingEnded(const Port_Opening& opening) {
+    if (std::exchange(opening_, Opening::None) == Opening::Again) return reopened(opening);
+    if (!opening.opened) failWrites();
+    opened(opening);
+    next();
+}
+
+void Modbus_Link::reopened(const Port_Opening& opening) {
     if (opening.opened) {
         portIsOpen(opening);
     } else {
@@ -54,6 +80,7 @@ void Modbus_Link::lineLost(const std::string& reason) {
 void Modbus_Link::releasePort() {
     StopScan();
     reopenAlarm_->disarm();
+    opening_ = Opening::None;
     port_.close();
 }
 

@@ -18,12 +18,22 @@ Trial_Exchange::~Trial_Exchange() { cancel(); }
 void Trial_Exchange::start(const Trial_Request& request, Done done) {
     done_ = std::move(done);
     report_ = {};
+    request_ = request;
     transaction_.setLine(request.settings);
     transaction_.setWaits(0, request.timeOutMs * microsPerMs);
     report_.opening = port_.open(request.settings.port, request.settings);
+    if (!report_.opening.goesOn) ask();
+}
+
+void Trial_Exchange::openingEnded(const Port_Opening& opening) {
+    report_.opening = opening;
+    ask();
+}
+
+void Trial_Exchange::ask() {
     if (!report_.opening.opened) return end_->armAt(clock_.now());
     transaction_.lineOpened();
-    transaction_.submit(request.frame());
+    transaction_.submit(request_.frame());
 }
 
 void Trial_Exchange::cancel() {

@@ -49,12 +49,15 @@ class Trial_Exchange final : private Transaction_Owner {
     void tryFinished(const Try_Result& result) override;
     void strayReceived(Micros, const Byte_Array&, const std::string&) override {}
     void lineLost(const std::string&) override {} // the try that it ended was told before
+    void openingEnded(const Port_Opening& opening) override;
+    void ask();
     void ring();
 
     Byte_Port& port_;
     Link_Clock& clock_;
     Rtu_Transaction transaction_;
     std::unique_ptr<Alarm> end_;
+    Trial_Request request_;
     Trial_Report report_;
     Done done_;
 };

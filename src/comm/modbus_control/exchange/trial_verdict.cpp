@@ -2,6 +2,8 @@
 #include "comm/modbus_control/exchange/trial_verdict.h"
 
 #include "comm/modbus_control/exchange/exchange_text.h"
+#include "comm/modbus_control/exchange/network_advice.h"
+#include "comm/modbus_control/line/network_texts.h"
 #include "comm/modbus_control/line/simulated_port.h"
 
 namespace zorvane {
@@ -51,6 +53,9 @@ std::string directionAdvice(const Port_Settings& settings) {
 
 Advice silenceAdvice(const Trial_Request& request) {
     if (request.settings.port == simulatedPortName) return {"Choose the port again: that starts it."};
+    const auto network = networkPort(request.settings.port);
+    if (network && !takesLineSettings(request.settings.port))
+        return silenceAdvice(*network, request.settings);
     return {"Is the controller switched on, and its cable in this port?",
             "Slave number: has the controller the number " + std::to_string(request.settings.slave) + "?",
             "Is the controller set to " + lineWords(request.settings.line) +
@@ -73,10 +78,21 @@ Trial_Verdict goodVerdict(const Trial_Request& request, const Try_Result& result
     return verdict;
 }
 
+constexpr std::uint8_t noPath = 10;
+constexpr std::uint8_t noTarget = 11;
+
+/// On a network the gateway is known by its address, and it is the one that speaks.
+Trial_Verdict gatewayVerdict(const Trial_Request& request, const Network_Port& port, std::uint8_t code) {
+    return {Verdict_Kind::Exception,
+            "The gateway " + hostAndPort(port) + " answered, but not unit " +
+                std::to_string(request.settings.slave) + ": " + exceptionText(code) + ".",
+            gatewayAdvice(code, request.settings)};
+}
+
 Trial_Verdict exceptionVerdict(const Trial_Request& request, std::uint8_t code) {
     constexpr std::uint8_t busy = 6;
-    constexpr std::uint8_t noPath = 10;
-    constexpr std::uint8_t noTarget = 11;
+    const auto network = networkPort(request.settings.port);
+    if (network && (code == noPath || code == noTarget)) return gatewayVerdict(request, *network, code);
     Trial_Verdict verdict{Verdict_Kind::Exception,
                           unitText(request) + " is there, but it refused: " + exceptionText(code) + ".",
                           {}};
@@ -107,14 +123,21 @@ Trial_Verdict echoVerdict(const Trial_Request& request) {
     return verdict;
 }
 
-Trial_Verdict damagedVerdict(const Trial_Request& request, const Try_Result& result, Answer_Fault fault) {
+Advice damageAdvice(const Trial_Request& request) {
+    const auto network = networkPort(request.settings.port);
+    if (network && !takesLineSettings(request.settings.port)) return damageAdvice(*network);
     Advice advice;
-    if (fault == Answer_Fault::Truncated)
-        advice.push_back("The answer stops half-way: try a longer time-out.");
     advice.push_back("Baud: has the controller " + std::to_string(request.settings.line.baud) + "?");
     advice.push_back("Parity and stop bits: has it " + lineWords(request.settings.line) + "?");
     advice.push_back("Noise: terminate both ends of the line, bias it in one place, join the grounds.");
     advice.push_back("Two units with the same number, or a second master on the line.");
+    return advice;
+}
+
+Trial_Verdict damagedVerdict(const Trial_Request& request, const Try_Result& result, Answer_Fault fault) {
+    Advice advice = damageAdvice(request);
+    if (fault == Answer_Fault::Truncated)
+        advice.insert(advice.begin(), "The answer stops half-way: try a longer time-out.");
     return {Verdict_Kind::Damaged,
             "Something came back that is no whole answer: " + std::string(faultText(fault)) + ", " +
                 bytesText(result.received.size()) + ".",
@@ -127,47 +150,66 @@ Trial_Verdict noEchoVerdict(const Trial_Request& request) {
             {"Clear \"Adapter echoes\"."}};
 }
 
+Advice strangerAdvice(const Trial_Request& request) {
+    const auto network = networkPort(request.settings.port);
+    if (network && network->protocol == Network_Protocol::ModbusTcp)
+        return strangerAdvice(*network, request.settings);
+    return {"Slave number: has the controller the number " + std::to_string(request.settings.slave) + "?",
+            "A second master on the line: disconnect it and test again.",
+            "A gateway that mixes up its answers: try a longer time-out."};
+}
+
 Trial_Verdict strangerVerdict(const Trial_Request& request, Answer_Fault fault) {
     return {Verdict_Kind::Stranger,
             "A whole answer came back, but not the one asked for: " + std::string(faultText(fault)) + ".",
-            {"Slave number: has the controller the number " + std::to_string(request.settings.slave) + "?",
-             "A second master on the line: disconnect it and test again.",
-             "A gateway that mixes up its answers: try a longer time-out."}};
+            strangerAdvice(request)};
 }
 
 bool isStranger(Answer_Fault fault) {
     return fault == Answer_Fault::OtherUnit || fault == Answer_Fault::OtherFunction ||
-           fault == Answer_Fault::ByteCount;
+           fault == Answer_Fault::ByteCount || fault == Answer_Fault::OtherNumber;
 }
 
 Trial_Verdict failedVerdict(const Trial_Request& request, const Try_Result& result) {
     if (result.received.empty()) return silenceVerdict(request);
-    const Rtu_Request frame = request.frame();
-    if (findAnswer(frame, result.received).verdict == Finding::Verdict::Found) return noEchoVerdict(request);
-    const Answer_Fault fault = whyNoAnswer(frame, result.received);
-    if (endOfEcho(result.sent, result.received) == result.received.size()) return echoVerdict(request);
+    const Framing& framing = framingOf(request.settings.port);
+    const bool found = framing.find(result.request, result.received, 0).verdict == Finding::Verdict::Found;
+    if (found) return noEchoVerdict(request);
+    const Answer_Fault fault = framing.whyNoAnswer(result.request, result.received, 0);
+    const bool echo = endOfEcho(result.sent, result.received) == result.received.size();
+    if (echo && !framing.numbersRequests()) return echoVerdict(request);
     if (isStranger(fault)) return strangerVerdict(request, fault);
     return damagedVerdict(request, result, fault);
 }
 
 Trial_Verdict lostVerdict(const Trial_Request& request) {
+    if (const auto network = networkPort(request.settings.port))
+        return {Verdict_Kind::Lost,
+                "The connection to " + hostAndPort(*network) + " was closed during the test.",
+                closedAdvice()};
     return {Verdict_Kind::Lost,
             "The port " + request.settings.port + " went away during the test.",
             {"Plug the adapter in again, or choose another port.",
              "If it happens again: another cable or another USB socket."}};
 }
 
+Trial_Verdict notOpenedVerdict(const Trial_Request& request, const std::string& reason) {
+    const std::string& name = request.settings.port;
+    const auto network = networkPort(name);
+    return {Verdict_Kind::NotOpened,
+            network ? noConnectionText(*network) : "The port " + name + " can't be opened.",
+            {reason}};
+}
+
 } // namespace
 
 Trial_Verdict trialVerdict(const Trial_Request& request, const Trial_Report& report) {
-    if (!report.opening.opened)
-        return {Verdict_Kind::NotOpened,
-                "The port " + request.settings.port + " can't be opened.",
-                {report.opening.reason}};
+    if (!report.opening.opened) return notOpenedVerdict(request, report.opening.reason);
     if (!report.exchange || report.exchange->portLost) return lostVerdict(request);
     const Try_Result& result = *report.exchange;
     if (!result.answer) return failedVerdict(request, result);
-    if (request.settings.adapterEchoes && !result.echoed) return noEchoVerdict(request);
+    const bool mayEcho = !framingOf(request.settings.port).numbersRequests();
+    if (mayEcho && request.settings.adapterEchoes && !result.echoed) return noEchoVerdict(request);
     if (result.answer->exception) return exceptionVerdict(request, *result.answer->exception);
     return goodVerdict(request, result);
 }

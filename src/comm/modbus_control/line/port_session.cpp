@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "comm/modbus_control/line/port_session.h"
 
+#include "comm/modbus_control/line/network_texts.h"
+
 namespace zorvane {
 
 std::string Port_Session::presentName(const std::string& chosen) {
@@ -33,11 +35,13 @@ Port_Opening Port_Session::reopen(const Port_Settings& settings) {
     const auto path = pathOf(finder_.ports(), *identity_, name_);
     if (!path) return {};
     Port_Opening opening = port_.open(*path, settings);
-    if (opening.opened) name_ = *path;
+    if (opening.opened) name_ = *path; // an adapter's opening never goes on
     return opening;
 }
 
 std::string openingMessage(const std::string& port, const std::string& reason) {
+    if (const auto network = networkPort(port)) return noConnectionText(*network) + "\n\n" + reason;
+    if (onNetwork(port)) return "The port " + port + " can't be opened.\n\n" + reason;
     if (port.empty()) return "The serial port can't be opened.\n\n" + reason;
     return "The serial port " + port + " can't be opened.\n\n" + reason;
 }

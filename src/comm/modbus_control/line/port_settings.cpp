@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "comm/modbus_control/line/port_settings.h"
 
+#include "comm/modbus_control/line/network_port.h"
+
 #include <array>
 #include <cctype>
 #include <charconv>
@@ -85,6 +87,7 @@ std::string_view rtsModeText(Rts_Mode mode) noexcept {
 }
 
 std::string settingsFault(const Port_Settings& settings) {
+    if (std::string fault = networkNameFault(settings.port); !fault.empty()) return fault;
     if (!within(settings.slave, 1, 247)) return range("The slave number", settings.slave, 1, 247);
     if (std::string fault = lineFault(settings.line); !fault.empty()) return fault;
     if (!within(settings.retries, 0, 20)) return range("The number of retries", settings.retries, 0, 20);
@@ -95,6 +98,7 @@ std::string settingsFault(const Port_Settings& settings) {
 }
 
 std::string portNumberText(std::string_view port) {
+    if (const auto network = networkPort(port)) return hostAndPort(*network);
     const std::string_view name = port.substr(port.find_last_of("/\\") + 1);
     for (const std::string_view stem : {"COM", "com", "ttyS"}) {
         if (name.substr(0, stem.size()) != stem) continue;

@@ -28,7 +28,9 @@ struct Line_Settings {
 
 /// What the user chooses for the link.
 struct Port_Settings {
-    std::string port; ///< a name as "ttyUSB0" or "COM3", or a path; empty until one is chosen
+    /// A name as "ttyUSB0" or "COM3", a path, or a port on a network as "tcp:plc7:502"; empty until one is
+    /// chosen.
+    std::string port;
     std::int32_t slave = 1;
     Line_Settings line;
     std::int32_t retries = 2;     ///< further tries after the first
@@ -51,10 +53,11 @@ struct Port_Settings {
 [[nodiscard]] std::string_view rtsModeText(Rts_Mode mode) noexcept;
 
 /// The first thing wrong with the settings in words for the user, empty when they are usable. A missing port
-/// isn't looked at: it shows when the port is opened.
+/// isn't looked at, it shows when the port is opened; the name of one on a network is.
 [[nodiscard]] std::string settingsFault(const Port_Settings& settings);
 
-/// The port's number where its name ends in one as the platform counts (COM3, ttyS2), else its short name.
+/// The port's number where its name ends in one as the platform counts (COM3, ttyS2), host and port of one on
+/// a network ("plc7:502"), else its short name.
 [[nodiscard]] std::string portNumberText(std::string_view port);
 /// The port that the platform counts so: COM3 on Windows, else ttyS3.
 [[nodiscard]] std::string portOfNumber(std::int32_t number);

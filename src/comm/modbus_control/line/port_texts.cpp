@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "comm/modbus_control/line/port_texts.h"
 
+#include "comm/modbus_control/line/network_texts.h"
 #include "comm/modbus_control/line/simulated_port.h"
 
 namespace zorvane {
@@ -30,6 +31,8 @@ std::string portListText(const Port_Entry& port) {
 std::string portHint(const std::vector<Port_Entry>& ports, const std::string& chosen) {
     if (chosen.empty()) return "Choose a port, or type its name or path.";
     if (chosen == simulatedPortName) return "A controller in this computer, made from the open template.";
+    if (const auto network = networkPort(chosen)) return networkHint(*network);
+    if (const std::string fault = networkNameFault(chosen); !fault.empty()) return fault;
     const auto entry = entryNamed(ports, chosen);
     if (!entry) return "Not in the list of ports now.";
     return entry->description.empty() ? "Present." : entry->description;

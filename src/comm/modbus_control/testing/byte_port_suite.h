@@ -25,15 +25,21 @@ class Port_Ear final : public Byte_Port_Listener {
         toldInCall = toldInCall || inCall;
         losses.push_back(reason);
     }
+    void openingEnded(const Port_Opening& opening) override {
+        toldInCall = toldInCall || inCall;
+        openings.push_back(opening);
+    }
 
     Byte_Array heard;
     std::vector<std::string> losses;
+    std::vector<Port_Opening> openings; ///< the ends of those that went on
     std::function<void()> onBytes;
     bool inCall = false;
     bool toldInCall = false;
 };
 
 /// What every byte port has to do. `Bench` has: Byte_Port& port(); std::string name(), a port that is there;
+/// where the missing port isn't a serial one, absentName() and absentReason();
 /// void farSend(bytes); Byte_Array farReceived(count); void hangUp(); void comeBack(); bool
 /// runUntil(condition), which serves events; void idle(), which serves those that are due.
 template <class Bench> class Byte_Port_Suite : public ::testing::Test {
@@ -41,7 +47,27 @@ template <class Bench> class Byte_Port_Suite : public ::testing::Test {
     Byte_Port_Suite() { bench.port().setListener(&ear); }
     ~Byte_Port_Suite() override { bench.port().setListener(nullptr); }
 
-    void open() { ASSERT_TRUE(bench.port().open(bench.name(), settings).opened); }
+    void open() { ASSERT_TRUE(endOfOpening(bench.name()).opened); }
+    /// Serves events until the opening has ended.
+    Port_Opening endOfOpening(const std::string& name) {
+        const std::size_t before = ear.openings.size();
+        const Port_Opening begun = bench.port().open(name, settings);
+        if (!begun.goesOn) return begun;
+        const bool ended = bench.runUntil([&] { return ear.openings.size() > before; });
+        return ended ? ear.openings.back() : Port_Opening{false, "It never ended.", {}};
+    }
+    static std::string absentName() {
+        if constexpr (requires { Bench::absentName(); })
+            return Bench::absentName();
+        else
+            return "/nowhere/at/all";
+    }
+    static std::string absentReason() {
+        if constexpr (requires { Bench::absentReason(); })
+            return Bench::absentReason();
+        else
+            return "No such port: plug the adapter in, or choose another port.";
+    }
     bool heard(std::size_t count) {
         return bench.runUntil([&] { return ear.heard.size() >= count; });
     }
@@ -80,9 +106,9 @@ TYPED_TEST_P(Byte_Port_Suite, OpensAndCloses) {
 }
 
 TYPED_TEST_P(Byte_Port_Suite, APortThatIsNotThereGivesItsReason) {
-    const Port_Opening opening = this->bench.port().open("/nowhere/at/all", this->settings);
+    const Port_Opening opening = this->endOfOpening(this->absentName());
     EXPECT_FALSE(opening.opened);
-    EXPECT_EQ(opening.reason, "No such port: plug the adapter in, or choose another port.");
+    EXPECT_EQ(opening.reason, this->absentReason());
     EXPECT_FALSE(this->bench.port().isOpen());
 }
 

@@ -58,6 +58,12 @@ class Scripted_Port final : public Byte_Port {
         if (listener_ != nullptr) listener_->portLost(reason);
     }
 
+    /// An opening that went on ends so.
+    void endOpening(const Port_Opening& opening) {
+        open_ = opening.opened;
+        if (listener_ != nullptr) listener_->openingEnded(opening);
+    }
+
     [[nodiscard]] bool hasListener() const { return listener_ != nullptr; }
 
     std::function<Port_Opening(const std::string&)> onOpen;
