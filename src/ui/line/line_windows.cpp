@@ -19,7 +19,8 @@ Micros midnightOf(const Link_Clock& clock) {
 } // namespace
 
 Line_Windows::Line_Windows(QWidget* owner, Simulator& simulator, Line_Windows_Hooks hooks)
-    : owner_(owner), simulator_(simulator), hooks_(std::move(hooks)), testPort_(testSerial_, simulator) {}
+    : owner_(owner), simulator_(simulator), hooks_(std::move(hooks)),
+      testPort_(testAnyPort_.port(), simulator) {}
 
 Line_Windows::~Line_Windows() {
     link_ = nullptr; // gone by now

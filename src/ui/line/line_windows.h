@@ -3,8 +3,7 @@
 
 #include "comm/modbus_control/line/simulated_port.h"
 #include "comm/modbus_control/modbus_link.h"
-#include "comm/modbus_control/qt/qt_link_clock.h"
-#include "comm/modbus_control/qt/qt_serial_port.h"
+#include "comm/modbus_control/qt/qt_any_port.h"
 #include "ui/line/monitor_window.h"
 #include "ui/line/port_dialog.h"
 
@@ -64,7 +63,7 @@ class Line_Windows final : public Link_Windows {
     Modbus_Link* link_ = nullptr;
     Port_Finder* finder_ = nullptr;
     Link_Clock* clock_ = nullptr;
-    Qt_Serial_Port testSerial_;
+    Qt_Any_Port testAnyPort_;
     Simulated_Port testPort_;
     QPointer<Port_Dialog> dialog_;
     QPointer<Monitor_Window> monitor_;

@@ -4,7 +4,7 @@
 namespace zorvane {
 
 Qt_Link::Qt_Link(const Port_Settings& settings, Asker& asker, Link_Windows* windows, Simulator* simulator)
-    : port_(serial_, simulator != nullptr ? *simulator : noSimulator_),
+    : port_(anyPort_.port(), simulator != nullptr ? *simulator : noSimulator_),
       link_({port_, clock_, finder_, asker, windows != nullptr ? *windows : noWindows_}, settings) {}
 
 } // namespace zorvane

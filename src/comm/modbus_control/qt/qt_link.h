@@ -3,14 +3,13 @@
 
 #include "comm/modbus_control/line/simulated_port.h"
 #include "comm/modbus_control/modbus_link.h"
-#include "comm/modbus_control/qt/qt_link_clock.h"
+#include "comm/modbus_control/qt/qt_any_port.h"
 #include "comm/modbus_control/qt/qt_port_finder.h"
-#include "comm/modbus_control/qt/qt_serial_port.h"
 
 namespace zorvane {
 
-/// The link on a serial port of this computer, with all that belongs to it. REQUIRES: a QCoreApplication,
-/// whose event loop drives it.
+/// The link on a port of this computer or of its network, with all that belongs to it. REQUIRES: a
+/// QCoreApplication, whose event loop drives it.
 ///
 ///     Qt_Link assembly(settings, asker);
 ///     modbus_control& link = assembly.link();
@@ -27,7 +26,7 @@ class Qt_Link {
   private:
     Qt_Link_Clock clock_;
     No_Simulator noSimulator_;
-    Qt_Serial_Port serial_;
+    Qt_Any_Port anyPort_;
     Simulated_Port port_;
     Qt_Port_Finder finder_;
     No_Link_Windows noWindows_;

@@ -4,6 +4,7 @@
 #include "comm/modbus_control/qt/qt_link_clock.h"
 #include "comm/modbus_control/qt/qt_serial_port.h"
 #include "comm/modbus_control/qt/serial_line_system.h"
+#include "comm/modbus_control/qt/testing/serve_events.h"
 #include "comm/modbus_control/testing/byte_port_suite.h"
 #include "comm/modbus_control/testing/link_rig.h"
 #include "comm/modbus_control/testing/pty_line.h"
@@ -22,26 +23,9 @@ namespace zorvane {
 namespace {
 
 using testing::Pty_Line;
+using testing::serveFor;
+using testing::serveUntil;
 using testing::Toy_Slave;
-
-/// Serves events until the condition holds; false after ten seconds.
-template <class Condition> bool serveUntil(Condition condition) {
-    bool late = false;
-    QTimer limit;
-    QObject::connect(&limit, &QTimer::timeout, &limit, [&late] { late = true; });
-    limit.start(10000);
-    while (!condition() && !late) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    }
-    return condition();
-}
-
-/// Serves events for that long.
-void serveFor(int ms) {
-    bool over = false;
-    QTimer::singleShot(ms, Qt::PreciseTimer, QCoreApplication::instance(), [&over] { over = true; });
-    serveUntil([&over] { return over; });
-}
 
 class Pty_Bench {
   public:
