@@ -24,7 +24,7 @@ Advice silenceAdvice(const Network_Port& port, const Port_Settings& settings) {
                 "Does " + server + " speak Modbus TCP? A server that passes serial frames on is reached by " +
                     otherWay(port, Network_Protocol::RtuOverTcp) + ".",
                 "A gateway: is the controller behind it switched on, wired, and set to the gateway's line?",
-                "A slow line behind a gateway: try a longer time-out."};
+                "A slow line behind the gateway: try a longer time-out."};
     return {
         "Is the controller switched on, and its cable in the port of the server?",
         "Slave number: has the controller the number " + std::to_string(settings.slave) + "?",

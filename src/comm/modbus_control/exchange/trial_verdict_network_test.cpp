@@ -89,7 +89,7 @@ TEST_F(TestVerdictOnNetwork, Silence) {
         "2. Does plc7:502 speak Modbus TCP? A server that passes serial frames on is reached by "
         "rtu+tcp:plc7:502.\n"
         "3. A gateway: is the controller behind it switched on, wired, and set to the gateway's line?\n"
-        "4. A slow line behind a gateway: try a longer time-out.");
+        "4. A slow line behind the gateway: try a longer time-out.");
 }
 
 TEST_F(TestVerdictOnNetwork, TheGatewaysOwnExceptions) {

@@ -29,8 +29,8 @@ class Byte_Port_Listener {
     virtual void openingEnded(const Port_Opening& /*opening*/) {}
 };
 
-/// A serial line, or one behind a network, as bytes. It tells its listener from the event loop only, never
-/// from within a call.
+/// A serial line, or a connection on a network, as bytes. It tells its listener from the event loop only,
+/// never from within a call.
 class Byte_Port {
   public:
     virtual ~Byte_Port() = default;

@@ -12,7 +12,7 @@
 
 namespace zorvane {
 
-/// A serial port behind a server that speaks RFC 2217, over a connection that hands it bytes. The line's
+/// A serial port that a server hands out by RFC 2217, over a connection that hands it bytes. The line's
 /// settings are set at the server and must be confirmed before the port counts as open. A server that
 /// refuses, that speaks something else, or that sets the line to something else fails the opening with the
 /// reason.

@@ -54,7 +54,15 @@ Unit_Exchanges::~Unit_Exchanges() { close(); }
 
 // The port.
 
+Port_Opening Unit_Exchanges::endOfOpening() {
+    services_.wait([&] { return opening_ || cancelled(); });
+    if (opening_) return *std::exchange(opening_, std::nullopt);
+    services_.port.close();
+    return {false, cancelledText, {}};
+}
+
 Port_Opening Unit_Exchanges::opened(Port_Opening opening) {
+    if (opening.goesOn) opening = endOfOpening();
     if (opening.opened) {
         lossReason_.clear();
         transaction_.lineOpened();

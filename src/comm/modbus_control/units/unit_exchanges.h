@@ -72,11 +72,13 @@ class Unit_Exchanges final : public Unit_Writer, public Link_Notice, private Tra
     void tryFinished(const Try_Result& result) override;
     void strayReceived(Micros, const Byte_Array&, const std::string&) override {}
     void lineLost(const std::string& reason) override { lossReason_ = reason; }
+    void openingEnded(const Port_Opening& opening) override { opening_ = opening; }
 
     /// Nothing when it was cancelled. `mayCancel`: also once the request is out.
     [[nodiscard]] std::optional<Try_Result> exchange(const Rtu_Request& request, bool mayCancel);
     void applyWaits();
     [[nodiscard]] Port_Opening opened(Port_Opening opening);
+    [[nodiscard]] Port_Opening endOfOpening();
     [[nodiscard]] Unit_Answer lost() const;
 
     Services services_;
@@ -90,6 +92,7 @@ class Unit_Exchanges final : public Unit_Writer, public Link_Notice, private Tra
     std::string lossReason_;
     bool sent_ = false; ///< the present request is out
     std::optional<Try_Result> result_;
+    std::optional<Port_Opening> opening_; ///< how one ended that went on
     std::function<void(const Try_Result&)> told_;
 };
 

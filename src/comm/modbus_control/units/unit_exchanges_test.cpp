@@ -216,5 +216,26 @@ TEST_F(UnitExchanges, APauseServesEventsForItsTime) {
     EXPECT_EQ(served, 1);
 }
 
+TEST(UnitExchangesOnNetwork, AnOpeningIsWaitedFor) {
+    Exchange_Rig rig;
+    rig.port.onOpen = [](const std::string&) { return Port_Opening{false, {}, {}, true}; };
+    rig.clock.in(40 * ms, [&] { rig.port.endOpening({true, {}, {}}); });
+    EXPECT_TRUE(rig.line.open().opened);
+    rig.slave.registers = {{10, 7}};
+    EXPECT_EQ(rig.line.read(1, 10, 1).values, (std::vector<std::uint16_t>{7}));
+    rig.line.close();
+    rig.clock.in(40 * ms, [&] { rig.port.endOpening({false, "Refused.", {}}); });
+    EXPECT_EQ(rig.line.open().reason, "Refused.");
+}
+
+TEST(UnitExchangesOnNetwork, AnOpeningThatNobodyWantsAnyMoreIsGivenUp) {
+    Exchange_Rig rig;
+    rig.port.onOpen = [](const std::string&) { return Port_Opening{false, {}, {}, true}; };
+    rig.clock.in(40 * ms, [&] { rig.cancelled = true; });
+    const Port_Opening opening = rig.line.open();
+    EXPECT_FALSE(opening.opened);
+    EXPECT_EQ(opening.reason, "stopped");
+}
+
 } // namespace
 } // namespace zorvane

@@ -9,7 +9,7 @@
 namespace zorvane {
 
 Qt_Unit_Exchanges::Qt_Unit_Exchanges(const Port_Settings& settings, std::function<bool()> cancelled)
-    : line_({port_, clock_, finder_, serveEventsUntil, std::move(cancelled)}, settings) {}
+    : line_({port_.port(), clock_, finder_, serveEventsUntil, std::move(cancelled)}, settings) {}
 
 void serveEventsUntil(const std::function<bool()>& condition) {
     while (!condition())

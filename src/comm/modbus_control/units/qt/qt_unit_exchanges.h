@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "comm/modbus_control/qt/qt_link_clock.h"
+#include "comm/modbus_control/qt/qt_any_port.h"
 #include "comm/modbus_control/qt/qt_port_finder.h"
-#include "comm/modbus_control/qt/qt_serial_port.h"
 #include "comm/modbus_control/units/unit_exchanges.h"
 
 #include <functional>
 
 namespace zorvane {
 
-/// Single requests on a serial port of this computer, with all that belongs to them. Its waits serve the
-/// events of the thread. REQUIRES: a QCoreApplication.
+/// Single requests on a port of this computer or of its network, with all that belongs to them. Its waits
+/// serve the events of the thread. REQUIRES: a QCoreApplication.
 class Qt_Unit_Exchanges {
   public:
     /// `cancelled` says whether somebody wants the end; may be empty.
@@ -21,7 +20,7 @@ class Qt_Unit_Exchanges {
 
   private:
     Qt_Link_Clock clock_;
-    Qt_Serial_Port port_;
+    Qt_Any_Port port_;
     Qt_Port_Finder finder_;
     Unit_Exchanges line_;
 };
