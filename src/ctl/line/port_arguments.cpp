@@ -20,7 +20,10 @@ std::string rtsComplaint(const std::string& text) {
 } // namespace
 
 void Port_Arguments::add(CLI::App& arguments, bool required) {
-    arguments.add_option("--port", port_, "Serial port: a name such as ttyUSB0, or a path")
+    arguments
+        .add_option("--port", port_,
+                    "Port: a name such as ttyUSB0, a path, or tcp:HOST:PORT, rtu+tcp:HOST:PORT, "
+                    "rfc2217:HOST:PORT")
         ->required(required);
     arguments.add_option("--slave", slave_, "Slave number of the controller (default 1)");
     arguments.add_option("--settings", line_, "Baud, parity, data bits, stop bits (default 9600,n,8,1)")
