@@ -26,7 +26,7 @@ class Run_Folder {
     /// Writes a file as a whole: nobody ever finds half of it. Why it couldn't, for people; empty when it
     /// did.
     [[nodiscard]] virtual std::string put(std::string_view file, std::string_view bytes) = 0;
-    /// Puts a line, without its end, behind the journal's others. The same result.
+    /// Puts a line, without its end, after the journal's others. The same result.
     [[nodiscard]] virtual std::string append(std::string_view line) = 0;
 };
 
