@@ -12,5 +12,6 @@ namespace zorvane::ctl {
 [[nodiscard]] std::vector<Subcommand_Entry> paintedCalls();
 
 [[nodiscard]] std::unique_ptr<Subcommand> makeReportSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeRecordSubcommand();
 
 } // namespace zorvane::ctl

@@ -137,7 +137,8 @@ class Report_Subcommand : public Subcommand {
 } // namespace
 
 std::vector<Subcommand_Entry> paintedCalls() {
-    return {{"report", "Print a document, or one of its fields, to a file", makeReportSubcommand}};
+    return {{"report", "Print a document, or one of its fields, to a file", makeReportSubcommand},
+            {"record", "Write down what a send did, from its run alone", makeRecordSubcommand}};
 }
 
 std::unique_ptr<Subcommand> makeReportSubcommand() { return std::make_unique<Report_Subcommand>(); }

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/calls/qt/record_head_question.h"
+
+#include "values/code_page.h"
+
+#include <array>
+#include <iostream>
+#include <utility>
+
+namespace zorvane::ctl {
+
+using commission::Record_Head;
+
+Record_Head Head_Arguments::over(Record_Head head) const {
+    const auto take = [](const std::optional<std::string>& given, std::string& text) {
+        if (given) text = fromUtf8(*given);
+    };
+    take(site, head.site);
+    take(panel, head.panel);
+    take(order, head.order);
+    take(testedBy, head.testedBy);
+    take(witnessedBy, head.witnessedBy);
+    return head;
+}
+
+void askForHead(const Call_Context& context, Record_Head& head) {
+    const std::array<std::pair<const char*, std::string*>, 5> questions{
+        {{"Site", &head.site},
+         {"Panel", &head.panel},
+         {"Order", &head.order},
+         {"Tested by", &head.testedBy},
+         {"Witnessed by", &head.witnessedBy}}};
+    for (const auto& [question, text] : questions) {
+        if (!text->empty()) continue;
+        context.err << question << ": " << std::flush;
+        std::string answer;
+        if (!std::getline(std::cin, answer)) return;
+        *text = std::string(trimBlanks(fromUtf8(answer)));
+    }
+}
+
+} // namespace zorvane::ctl
