@@ -34,8 +34,8 @@ TEST(RecordDeviations, AreWhatTheControllerHadButForWhatWasVerified) {
     const Record_Row further{1, 2, 1, "", "", "", "", "2", "9", "9", "verified", ""};
     const Record_Row refused{1, 3, 1, "", "", "", "", "7", "3", "register: 7", "refused", ""};
     EXPECT_THAT(deviationsFrom(factory, before, {}, {back, further, refused}),
-                ElementsAre(Record_Deviation{"Regulation", "", "Value", "102", "2", "9"},
-                            Record_Deviation{"Regulation", "", "Value", "103", "3", "7"}));
+                ElementsAre(Record_Deviation{"Regulation", "row 2", "Value", "102", "2", "9"},
+                            Record_Deviation{"Regulation", "row 3", "Value", "103", "3", "7"}));
 }
 
 TEST(RecordDeviations, OfEqualDocumentsThereAreNone) {
