@@ -113,6 +113,93 @@ TEST(Check, ListsTheCodes) {
                                         "text":"a byte order mark at the beginning of the file"})"));
 }
 
+/// A template of one page with a number from 800 to 1400 and a remark.
+std::string templateOfRegulation() {
+    return lines({"[HARDWARE]",
+                  "CONTROLLER=ABC",
+                  "[PORT_CONFIGURATION]",
+                  "HOLDINGREGISTERSBLOCK_1=1-9",
+                  "[CONFIGURATION_COLUMNS]",
+                  "CONFIGURATION_NC=1",
+                  "COL_1_WIDTH=9",
+                  "[CONFIGURATION_FIELDS]",
+                  "FIELD_1_DESC=Regulation",
+                  "FIELD_1_RC=2,3",
+                  "[FIELD_1_COLUMNS]",
+                  "COL_1_DESC=Setting",
+                  "COL_1_WIDTH=9",
+                  "COL_2_DESC=Value",
+                  "COL_2_WIDTH=9",
+                  "COL_2_TYPE=NUMERIC",
+                  "COL_2_MODIFIABLE=YES",
+                  "COL_3_DESC=Remark",
+                  "COL_3_WIDTH=9",
+                  "COL_3_TYPE=TEXT",
+                  "COL_3_MODIFIABLE=YES",
+                  "[FIELD_1_CONFIGURATION]",
+                  "ROWADDRESS_1=,1,",
+                  "ROWADDRESS_2=,2,",
+                  "ROWADDRESSNUMERICMINVALUE_1=,800",
+                  "ROWADDRESSNUMERICMAXVALUE_1=,1400",
+                  "[CONFIGURATION_DEFAULT]",
+                  "FIELD_1=Regulation",
+                  "[FIELD_1_DEFAULT]",
+                  "ROW_1=Set point,1125,",
+                  "ROW_2=Drop,5,"});
+}
+
+TEST(Check, ANameBehindATemplateIsADocumentOfIt) {
+    Ctl_Bench bench;
+    const std::string ztp = bench.file("ABC.ZTP", templateOfRegulation());
+    const std::string good = bench.file("good.ABC", lines({"[Field_1_Default]", "ROW_1=Set point,1400,x"}));
+    const std::string bad = bench.file("bad.ABC", lines({"[Field_1_Default]", "ROW_1=Set point,1401,x"}));
+    const Ctl_Run run = bench.run({"check", ztp, good, bad});
+    EXPECT_EQ(run.out,
+              bad + ":2: error: \"1401\" is outside the limits 800 to 1400 (Regulation/Set point/Value) "
+                    "[value-limits]\n"
+                    "    | ROW_1=Set point,1401,x\n"
+                    "    It is read all the same, and a download writes it; at the window nobody could "
+                    "enter it.\n"
+                    "    Write a value from 800 to 1400.\n"
+                    "1 error, 0 warnings\n");
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(bench.run({"check", ztp, good}).out, "0 errors, 0 warnings\n");
+}
+
+TEST(Check, TheJsonOfADocumentIsThatOfATemplate) {
+    Ctl_Bench bench;
+    const std::string ztp = bench.file("abc.ztp", templateOfRegulation());
+    const std::string bad =
+        bench.file("bad.ABC", lines({"[Field_1_Default]", "ROW_1=Set point,1125,112,5 V"}));
+    const Ctl_Run run = bench.run({"check", ztp, bad, "--json"});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(json::parse(run.out), json::parse(R"([
+        {"file":")" + bad + R"(","line":2,"severity":"error","code":"text-comma",
+         "text":"4 values, where Regulation has 3 columns: the text \"112,5 V\" has a comma in it. A comma ends a value. Reading stops in this line: its other values and all lines after it aren't read. Write another sign in place of the comma: a file can't hold one."}
+    ])"));
+}
+
+TEST(Check, EachDocumentBelongsToTheTemplateInFrontOfIt) {
+    Ctl_Bench bench;
+    const std::string abc = bench.file("ABC.ZTP", templateOfRegulation());
+    const std::string small = bench.file("SMALL.ZTP", templateWith("; nothing"));
+    const std::string document =
+        bench.file("site.ABC", lines({"[Field_1_Default]", "ROW_1=Set point,1125,"}));
+    EXPECT_EQ(bench.run({"check", small, abc, document}).code, 0);
+    EXPECT_THAT(bench.run({"check", abc, small, document}).out,
+                StartsWith(document + ":2: error: page 1, which the template doesn't have [page-unknown]\n"));
+}
+
+TEST(Check, AMissingDocumentIsTold) {
+    Ctl_Bench bench;
+    const std::string ztp = bench.file("ABC.ZTP", templateOfRegulation());
+    const Ctl_Run run = bench.run({"check", ztp, bench.path("gone.ABC")});
+    EXPECT_EQ(run.code, 1);
+    EXPECT_EQ(run.err,
+              "zorvanectl: " + bench.path("gone.ABC") + ": File not found (failure 53). Check the path.\n");
+}
+
 TEST(Check, WithoutATemplateOrWithTooMuchIsWrongUsage) {
     Ctl_Bench bench;
     EXPECT_EQ(bench.run({"check"}).code, 2);

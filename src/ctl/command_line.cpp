@@ -4,6 +4,7 @@
 #include <CLI/CLI.hpp>
 
 #include <iterator>
+#include <span>
 
 namespace zorvane::ctl {
 
@@ -23,6 +24,17 @@ const CLI::Option* optionOf(const CLI::App& call, const std::string& argument) {
 
 bool takesValue(const CLI::Option& option) { return option.get_items_expected_max() > 0; }
 
+bool isOption(const CLI::App& call, const std::string& argument) {
+    return looksLikeOption(argument) && optionOf(call, argument) != nullptr;
+}
+
+/// Whether an option's value is the first word of what follows it.
+bool hasValue(const CLI::App& call, const CLI::Option& option, std::span<const std::string> after) {
+    if (after.empty() || !takesValue(option)) return false;
+    const bool needsOne = option.get_items_expected_min() > 0;
+    return needsOne || (after.front() != endOfOptions && !isOption(call, after.front()));
+}
+
 } // namespace
 
 std::vector<std::string> meantArguments(const CLI::App& call, bool endsInText,
@@ -37,7 +49,7 @@ std::vector<std::string> meantArguments(const CLI::App& call, bool endsInText,
             meant.push_back(at->substr(0, equals));
             if (equals != std::string::npos)
                 meant.push_back(at->substr(equals + 1));
-            else if (std::next(at) != arguments.end())
+            else if (hasValue(call, *option, std::span(std::next(at), arguments.end())))
                 meant.push_back(*++at);
         } else if (option == nullptr && looksLikeOption(*at) && endsInText) {
             after = {endOfOptions, *at};
@@ -48,6 +60,21 @@ std::vector<std::string> meantArguments(const CLI::App& call, bool endsInText,
     meant.insert(meant.end(), at, arguments.end());
     meant.insert(meant.end(), after.begin(), after.end());
     return meant;
+}
+
+std::vector<std::size_t> plainArguments(const CLI::App& call, const std::vector<std::string>& line) {
+    std::vector<std::size_t> plain;
+    std::size_t at = 0;
+    for (; at < line.size() && line[at] != endOfOptions; ++at) {
+        const CLI::Option* const option = looksLikeOption(line[at]) ? optionOf(call, line[at]) : nullptr;
+        if (option == nullptr)
+            plain.push_back(at);
+        else if (hasValue(call, *option, std::span(line).subspan(at + 1)))
+            ++at;
+    }
+    for (++at; at < line.size(); ++at)
+        plain.push_back(at);
+    return plain;
 }
 
 } // namespace zorvane::ctl

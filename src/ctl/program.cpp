@@ -53,10 +53,13 @@ std::vector<std::string> meantLine(const std::vector<Prepared_Subcommand>& prepa
             return !arguments.empty() && each.arguments->get_name() == arguments.front();
         });
     if (named == prepared.end()) return arguments;
-    std::vector<std::string> line = meantArguments(*named->arguments, named->call->endsInText(),
-                                                   {arguments.begin() + 1, arguments.end()});
-    line.insert(line.begin(), arguments.front());
-    return line;
+    Command_Line line;
+    line.words = meantArguments(*named->arguments, named->call->endsInText(),
+                                {arguments.begin() + 1, arguments.end()});
+    line.plain = plainArguments(*named->arguments, line.words);
+    named->call->takeForm(*named->arguments, line);
+    line.words.insert(line.words.begin(), arguments.front());
+    return line.words;
 }
 
 } // namespace

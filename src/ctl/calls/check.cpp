@@ -5,12 +5,14 @@
 #include "ctl/document/opened_document.h"
 #include "ctl/text/json_text.h"
 #include "ctl/text/text_table.h"
+#include "edit/document_check.h"
 #include "template/services/file_names.h"
 #include "template/services/native_files.h"
 #include "values/code_page.h"
 
 #include <CLI/CLI.hpp>
 
+#include <optional>
 #include <ostream>
 
 namespace zorvane::ctl {
@@ -68,33 +70,80 @@ class Finding_Printer {
     std::int64_t warnings_ = 0;
 };
 
-/// The findings of a file. One that can't be read is told to people.
-std::vector<Finding> findingsOf(const Call_Context& context, const std::string& path) {
+/// A file's text. Nothing, which is told to people and is a finding, when it can't be read.
+std::optional<std::string> textOf(const Call_Context& context, const std::string& path,
+                                  Finding_Printer& printer) {
     std::string text;
     const auto failure = failureOf([&] { text = context.files.read(path); });
-    if (!failure) return checker::checkTemplate(splitPath(path).name, text);
+    if (!failure) return text;
     tellFailure(context.err, printablePath(path), *failure);
-    return {checker::unreadable(failure->description)};
+    printer.add(path, checker::unreadable(failure->description));
+    return std::nullopt;
+}
+
+void checkTemplate(const Call_Context& context, const std::string& path, Finding_Printer& printer) {
+    const auto text = textOf(context, path, printer);
+    if (!text) return;
+    for (const Finding& finding : checker::checkTemplate(splitPath(path).name, *text))
+        printer.add(path, finding);
+}
+
+/// A document is checked over what its template says.
+void checkDocument(const Call_Context& context, const std::string& templatePath, const std::string& path,
+                   Finding_Printer& printer) {
+    const auto text = textOf(context, path, printer);
+    if (!text) return;
+    Opened_Document opened =
+        openDocument({context.files, context.applicationFolder, templatePath, std::nullopt, nullptr});
+    if (opened.fileMissing()) return; // which has been told
+    for (const Finding& finding : edit::checkDocument(opened.document, *text))
+        printer.add(path, finding);
+}
+
+bool isTemplateName(const std::string& path) { return upperCase(path).ends_with(".ZTP"); }
+
+/// One line of the list of codes.
+struct Listed_Code {
+    std::string code;
+    const char* severity;
+    std::string meaning;
+};
+
+/// Those of templates, then those of documents.
+std::vector<Listed_Code> allCodes() {
+    std::vector<Listed_Code> codes;
+    for (const Rule& rule : checker::allRules())
+        codes.push_back({std::string(rule.code), severityWord(rule.severity), std::string(rule.meaning)});
+    for (const edit::Document_Rule& rule : edit::documentRules())
+        codes.push_back({std::string(rule.code), severityWord(rule.severity), std::string(rule.meaning)});
+    return codes;
 }
 
 class Check_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
-        auto* const files = arguments.add_option("TEMPLATE", templates_, "The templates (.ZTP) to check");
+        auto* const files = arguments.add_option(
+            "TEMPLATE", names_,
+            "The templates (.ZTP) to check; any other name after one is a document of it");
         auto* const list = arguments.add_flag("--list", list_, "List all codes instead");
         files->excludes(list);
         arguments.callback([this] {
-            if (templates_.empty() && !list_) throw CLI::RequiredError("TEMPLATE");
+            if (names_.empty() && !list_) throw CLI::RequiredError("TEMPLATE");
         });
     }
 
     int run(const Call_Context& context) override {
         if (list_) return listCodes(context);
         Finding_Printer printer(context);
-        for (const std::string& name : templates_) {
+        std::string templatePath;
+        for (const std::string& name : names_) {
             const std::string path = pathFromNative(name);
-            for (const Finding& finding : findingsOf(context, path))
-                printer.add(path, finding);
+            // A name in front of every template can't be a document.
+            if (templatePath.empty() || isTemplateName(path))
+                checkTemplate(context, path, printer);
+            else
+                checkDocument(context, templatePath, path, printer);
+            if (isTemplateName(path)) templatePath = path;
         }
         printer.finish();
         return printer.anyError() ? Exit_Failed : Exit_Success;
@@ -104,22 +153,21 @@ class Check_Subcommand : public Subcommand {
     static int listCodes(const Call_Context& context) {
         if (context.json) {
             Json codes = Json::array();
-            for (const Rule& rule : checker::allRules())
-                codes.push_back({{"code", rule.code},
-                                 {"severity", severityWord(rule.severity)},
-                                 {"text", jsonText(rule.meaning)}});
+            for (const Listed_Code& each : allCodes())
+                codes.push_back(
+                    {{"code", each.code}, {"severity", each.severity}, {"text", jsonText(each.meaning)}});
             printJson(context.out, codes);
             return Exit_Success;
         }
         Text_Table table;
         table.add({"Code", "Severity", "Meaning"});
-        for (const Rule& rule : checker::allRules())
-            table.add({std::string(rule.code), severityWord(rule.severity), std::string(rule.meaning)});
+        for (const Listed_Code& each : allCodes())
+            table.add({each.code, each.severity, each.meaning});
         table.print(context.out, 0);
         return Exit_Success;
     }
 
-    std::vector<std::string> templates_;
+    std::vector<std::string> names_;
     bool list_ = false;
 };
 

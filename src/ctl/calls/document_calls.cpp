@@ -14,6 +14,8 @@ std::vector<Subcommand_Entry> documentCalls() {
         {"update", "Rewrite a configuration of the older KVRT generation", makeUpdateSubcommand},
         {"apply", "Fill a document from a saved register image", makeApplySubcommand},
         {"plan", "Show every write that a download would make", makePlanSubcommand},
+        {"export", "Write a document's values to a file for a spreadsheet", makeExportSubcommand},
+        {"import", "Take values from a spreadsheet's file into a document", makeImportSubcommand},
         {"recover", "List kept copies of documents, or fetch one to a file", makeRecoverSubcommand},
     };
 }

@@ -17,6 +17,8 @@ namespace zorvane::ctl {
 [[nodiscard]] std::unique_ptr<Subcommand> makePlanSubcommand();
 [[nodiscard]] std::unique_ptr<Subcommand> makeShowSubcommand();
 [[nodiscard]] std::unique_ptr<Subcommand> makeSetSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeExportSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeImportSubcommand();
 [[nodiscard]] std::unique_ptr<Subcommand> makeRecoverSubcommand();
 
 } // namespace zorvane::ctl

@@ -2,36 +2,26 @@
 #include "ctl/document/register_argument.h"
 
 #include "ctl/document/notices.h"
-#include "template/line_scanner.h"
+#include "ctl/document/text_file.h"
 #include "template/services/native_files.h"
 
 namespace zorvane::ctl {
 
 std::optional<Register_Values> readRegisterFile(const Call_Context& context, const std::string& path) {
-    const std::string file = pathFromNative(path);
+    const auto json = readFile(context, path);
+    if (!json) return std::nullopt;
     try {
-        return parseRegisters(context.files.read(file));
-    } catch (const Run_Time_Failure& failure) {
-        tellFailure(context.err, printablePath(file), {failure.number(), failure.description()});
+        return parseRegisters(*json);
     } catch (const Bad_Register_File& bad) {
-        tell(context.err, printablePath(file) + ": " + bad.what() + ". Correct the register file.");
+        tell(context.err,
+             printablePath(pathFromNative(path)) + ": " + bad.what() + ". Correct the register file.");
     }
     return std::nullopt;
 }
 
 bool writeRegisterFile(const Call_Context& context, const std::string& path,
                        const Register_Values& registers) {
-    const std::string file = pathFromNative(path);
-    const std::string text = registersText(registers);
-    const auto failure = failureOf([&] {
-        const auto writer = context.files.create(file);
-        std::string_view rest = text;
-        while (const auto line = takeLine(rest))
-            writer->writeLine(*line);
-        writer->close();
-    });
-    if (failure) tellFailure(context.err, printablePath(file), *failure);
-    return !failure;
+    return writeTextFile(context, path, registersText(registers));
 }
 
 } // namespace zorvane::ctl

@@ -4,6 +4,7 @@
 #include "grids/rules/number_rules.h"
 #include "grids/rules/typed_entry.h"
 #include "template/line_scanner.h"
+#include "template/model/each_cell.h"
 #include "template/pro_interpreta_linea.h"
 #include "template/sections/messages.h"
 #include "values/code_page.h"
@@ -46,23 +47,6 @@ std::optional<Stray_Value> strayValue(const Cell_Rec& definition, const Cell_Rec
     });
     if (!stray) return std::nullopt;
     return Stray_Value{place, !cell.Has_Messages, cell.Value};
-}
-
-/// Calls `look(place, definition, cell)` for the cells of all fields.
-template <class Look> void forEachCell(const Declara_Zorvane& document, Look&& look) {
-    if (!document.Fields.dimensioned()) return;
-    const std::int32_t last = std::min<std::int32_t>(document.Field_Count, document.Fields.upperBound());
-    for (std::int32_t f = 1; f <= last; ++f) {
-        const Field_Rec& field = document.Fields(f);
-        if (!field.Cells.dimensioned()) continue;
-        const std::int32_t rows = std::min<std::int32_t>(field.Rows, field.Cells.rows());
-        for (std::int32_t r = 1; r <= rows; ++r) {
-            const std::int32_t columns =
-                std::min<std::int32_t>(field.Columns, field.Cells.lastWrittenColumn(r));
-            for (std::int32_t c = 1; c <= columns; ++c)
-                look(Cell_Place{f, r, c}, field.Cells(0, c), field.Cells(r, c));
-        }
-    }
 }
 
 } // namespace
