@@ -3,8 +3,10 @@
 add_library(zorvane_warnings INTERFACE)
 target_compile_options(zorvane_warnings INTERFACE
   -Wall -Wextra -Wpedantic -Werror
-  -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Woverloaded-virtual
+  -Wconversion -Wsign-conversion -Wold-style-cast -Woverloaded-virtual
   -Wnon-virtual-dtor -Wcast-align -Wnull-dereference -Wformat=2 -Wimplicit-fallthrough
+  # Of a folder compiled as one source a file's locals may have the names of what another has for itself.
+  $<IF:$<BOOL:$<TARGET_PROPERTY:UNITY_BUILD>>,$<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>,-Wshadow>
   $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wlogical-op>
   # g++ 12 sees overlaps in assignments of a literal to a std::string that can't be: https://gcc.gnu.org/PR105651
   $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)

@@ -16,11 +16,15 @@ if(ZORVANE_PRECOMPILE)
   set(CMAKE_CXX_COMPILE_OPTIONS_USE_PCH -Xclang -include-pch -Xclang <PCH_FILE>)
 endif()
 
-# What the compiled headers come from. ccache takes it for their content, which has the paths of the build folder in it:
-# so one worktree's objects serve another.
+# zorvane_headers_sum(RESULT targets and headers...): what the compiled headers come from. ccache takes it for their
+# content, which has the paths of the build folder in it: so one worktree's objects serve another.
 function(zorvane_headers_sum result)
   set(sum ${CMAKE_CXX_COMPILER_ID} ${CMAKE_CXX_COMPILER_VERSION} ${CMAKE_CXX_FLAGS} ${CMAKE_BUILD_TYPE} ${ZORVANE_SANITIZE}
-    ${ZORVANE_FUZZ} ${GTest_VERSION} ${Qt6_VERSION} ${CLI11_VERSION} ${nlohmann_json_VERSION} ${ARGN})
+    ${ZORVANE_FUZZ})
+  foreach(link IN LISTS ARGN)
+    string(REGEX REPLACE "::.*" "_VERSION" version ${link})
+    list(APPEND sum ${link} ${${version}})
+  endforeach()
   foreach(folder IN LISTS CMAKE_CXX_IMPLICIT_INCLUDE_DIRECTORIES)
     if(EXISTS ${folder}/bits/c++config.h)
       file(SHA256 ${folder}/bits/c++config.h library)
@@ -44,7 +48,7 @@ function(zorvane_headers name)
   target_precompile_headers(${target} PRIVATE ${ARG_HEADERS})
   # Not by way of ccache: it would hand out those of another folder, which the compiler refuses once that is gone.
   set_target_properties(${target} PROPERTIES CXX_COMPILER_LAUNCHER "")
-  zorvane_headers_sum(sum ${ARG_HEADERS})
+  zorvane_headers_sum(sum ${ARG_LINK} ${ARG_HEADERS})
   file(GENERATE OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/CMakeFiles/${target}.dir/cmake_pch.hxx.pch.sum CONTENT ${sum})
 endfunction()
 

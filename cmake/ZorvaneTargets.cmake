@@ -1,11 +1,13 @@
 # SPDX-License-Identifier: MIT
-# zorvane_library(NAME SOURCES... PUBLIC targets... PRIVATE targets...): a folder of src/ as a static library.
+# zorvane_library(NAME SOURCES... PUBLIC targets... PRIVATE targets...): a folder of src/ as a static library. Some
+# presets compile a folder as one source (ZORVANE_UNITY), so names in its unnamed namespaces differ within the folder.
 function(zorvane_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
   add_library(zorvane_${name} STATIC ${ARG_SOURCES})
   add_library(zorvane::${name} ALIAS zorvane_${name})
   target_include_directories(zorvane_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(zorvane_${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} zorvane_warnings)
+  set_target_properties(zorvane_${name} PROPERTIES UNITY_BUILD ${ZORVANE_UNITY} UNITY_BUILD_BATCH_SIZE 0)
   zorvane_foreign_targets(handed_on ${ARG_PUBLIC})
   set_target_properties(zorvane_${name} PROPERTIES ZORVANE_FOREIGN "${handed_on}")
   zorvane_use_headers(zorvane_${name} library ${ARG_PUBLIC} ${ARG_PRIVATE})

@@ -237,7 +237,7 @@ void checkFreeText(const Checked_Template& checked, const Report& report) {
     });
 }
 
-constexpr std::array rules = {
+constexpr std::array addressRuleTable = {
     Rule{"address-form", Severity::Error, "an address that can't be read",
          "The cell is never read or written as it was meant, and its list isn't found.", checkAddressForms},
     Rule{"address-range", Severity::Error, "a register that has no address on the line",
@@ -268,6 +268,6 @@ constexpr std::array rules = {
 
 } // namespace
 
-std::span<const Rule> addressRules() { return rules; }
+std::span<const Rule> addressRules() { return addressRuleTable; }
 
 } // namespace zorvane::checker

@@ -194,7 +194,7 @@ void checkFileName(const Checked_Template& checked, const Report& report) {
                "Name it after its model: ABC.ZTP, with one point.");
 }
 
-constexpr std::array rules = {
+constexpr std::array downloadRuleTable = {
     Rule{"file-name", Severity::Warning, "a file whose name isn't NAME.ZTP",
          "Templates are found by what stands in front of and after the first point of their names.",
          checkFileName},
@@ -232,6 +232,6 @@ constexpr std::array rules = {
 
 } // namespace
 
-std::span<const Rule> downloadRules() { return rules; }
+std::span<const Rule> downloadRules() { return downloadRuleTable; }
 
 } // namespace zorvane::checker

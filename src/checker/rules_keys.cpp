@@ -114,7 +114,7 @@ std::string_view numberIn(std::string_view raw, std::string_view name) {
     return raw.substr(hash, raw.size() + 1 - name.size());
 }
 
-void checkNumbers(const Checked_Template& checked, const Report& report) {
+void checkKeyNumbers(const Checked_Template& checked, const Report& report) {
     for (const Source_Line& line : checked.lines()) {
         const bool header = line.kind == Line_Kind::Header && line.sectionKnown;
         if (line.failure || !(header || (line.keyKnown && !ignoresItsNumber(line)))) continue;
@@ -150,7 +150,7 @@ void checkRepeatedKeys(const Checked_Template& checked, const Report& report) {
     }
 }
 
-constexpr std::array rules = {
+constexpr std::array keyRuleTable = {
     Rule{"section-unknown", Severity::Warning, "a section that the program doesn't know",
          "All lines up to the next header have no effect.", checkSections},
     Rule{"no-section", Severity::Warning, "a key in front of the first section header",
@@ -162,13 +162,13 @@ constexpr std::array rules = {
          checkKeyBlanks},
     Rule{"number-text", Severity::Warning,
          "a number in a section's or key's name that isn't written in digits",
-         "The longest beginning that reads as a number counts, and 0 if there is none.", checkNumbers},
+         "The longest beginning that reads as a number counts, and 0 if there is none.", checkKeyNumbers},
     Rule{"key-twice", Severity::Warning, "the same key of the same section again",
          "One of the two lines is for nothing.", checkRepeatedKeys},
 };
 
 } // namespace
 
-std::span<const Rule> keyRules() { return rules; }
+std::span<const Rule> keyRules() { return keyRuleTable; }
 
 } // namespace zorvane::checker

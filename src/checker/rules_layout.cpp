@@ -280,7 +280,7 @@ void checkEmptyRows(const Checked_Template& checked, const Report& report) {
     }
 }
 
-constexpr std::array rules = {
+constexpr std::array layoutRuleTable = {
     Rule{"field-limit", Severity::Error, "a field above 100",
          "Reading stops there, and the rest of the file isn't read.", checkFieldLimit},
     Rule{"field-repeated", Severity::Error, "a field's number that was given already",
@@ -316,6 +316,6 @@ constexpr std::array rules = {
 
 } // namespace
 
-std::span<const Rule> layoutRules() { return rules; }
+std::span<const Rule> layoutRules() { return layoutRuleTable; }
 
 } // namespace zorvane::checker

@@ -121,7 +121,7 @@ void checkSemicolons(const Checked_Template& checked, const Report& report) {
     }
 }
 
-constexpr std::array rules = {
+constexpr std::array lineRuleTable = {
     Rule{"byte-order-mark", Severity::Error, "a byte order mark at the beginning of the file",
          "The mark belongs to the first line, so a comment or a header there isn't one.", checkByteOrderMark},
     Rule{"utf-8", Severity::Warning, "a line that looks like UTF-8",
@@ -147,6 +147,6 @@ constexpr std::array rules = {
 
 } // namespace
 
-std::span<const Rule> lineRules() { return rules; }
+std::span<const Rule> lineRules() { return lineRuleTable; }
 
 } // namespace zorvane::checker

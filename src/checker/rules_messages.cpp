@@ -131,7 +131,7 @@ void checkListRequests(const Checked_Template& checked, const Report& report) {
     }
 }
 
-constexpr std::array rules = {
+constexpr std::array messageRuleTable = {
     Rule{"message-unused", Severity::Warning, "a list for a register that no cell of the field has",
          "The line has no effect.", checkUnusedLists},
     Rule{"message-brackets", Severity::Error,
@@ -156,6 +156,6 @@ constexpr std::array rules = {
 
 } // namespace
 
-std::span<const Rule> messageRules() { return rules; }
+std::span<const Rule> messageRules() { return messageRuleTable; }
 
 } // namespace zorvane::checker

@@ -119,7 +119,7 @@ void checkImageSize(const Checked_Template& checked, const Report& report) {
                "Write HOLDINGREGISTERS=" + numberText(static_cast<double>(highest)) + " or more.");
 }
 
-constexpr std::array rules = {
+constexpr std::array scanRuleTable = {
     Rule{"no-block", Severity::Error, "a template without a scan block",
          "The reading ends with \"Subscript out of range\", the start-up with it; nothing can be read from a "
          "controller.",
@@ -146,6 +146,6 @@ constexpr std::array rules = {
 
 } // namespace
 
-std::span<const Rule> scanRules() { return rules; }
+std::span<const Rule> scanRules() { return scanRuleTable; }
 
 } // namespace zorvane::checker

@@ -252,7 +252,7 @@ void checkTextCharacters(const Checked_Template& checked, const Report& report) 
     });
 }
 
-constexpr std::array rules = {
+constexpr std::array valueRuleTable = {
     Rule{"limits-order", Severity::Error, "a lowest value above the highest", "No value is accepted.",
          checkLimitOrder},
     Rule{"limits-default", Severity::Warning, "limits that exclude the default",
@@ -287,6 +287,6 @@ constexpr std::array rules = {
 
 } // namespace
 
-std::span<const Rule> valueRules() { return rules; }
+std::span<const Rule> valueRules() { return valueRuleTable; }
 
 } // namespace zorvane::checker

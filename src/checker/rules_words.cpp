@@ -44,7 +44,7 @@ bool wantsANumber(const Source_Line& line) {
             line.key == "ADDRESSBASE");
 }
 
-void checkNumbers(const Checked_Template& checked, const Report& report) {
+void checkWordNumbers(const Checked_Template& checked, const Report& report) {
     for (const Source_Line& line : checked.lines()) {
         if (!wantsANumber(line)) continue;
         const auto number = plainNumber(trimBlanks(line.value));
@@ -150,11 +150,11 @@ void checkNegativeFormats(const Checked_Template& checked, const Report& report)
     }
 }
 
-constexpr std::array rules = {
+constexpr std::array wordRuleTable = {
     Rule{"width-number", Severity::Error, "a width that isn't a number",
          "Reading stops there, or the column isn't to be seen.", checkWidths},
     Rule{"not-a-number", Severity::Error, "a text where a number must stand",
-         "The longest beginning that reads as a number counts, and 0 if there is none.", checkNumbers},
+         "The longest beginning that reads as a number counts, and 0 if there is none.", checkWordNumbers},
     Rule{"yes-no", Severity::Warning, "a word other than YES or NO", "Only the word YES counts as yes.",
          checkYesNo},
     Rule{"alignment-word", Severity::Warning, "an unknown word of alignment",
@@ -172,6 +172,6 @@ constexpr std::array rules = {
 
 } // namespace
 
-std::span<const Rule> wordRules() { return rules; }
+std::span<const Rule> wordRules() { return wordRuleTable; }
 
 } // namespace zorvane::checker

@@ -53,7 +53,7 @@ void setFormat(termios& line, const Line_Settings& settings) {
     line.c_cc[VTIME] = 0;
 }
 
-[[noreturn]] void fail(const std::string& device) {
+[[noreturn]] void failOn(const std::string& device) {
     throw std::runtime_error(device + ": " + std::generic_category().message(errno));
 }
 
@@ -65,13 +65,13 @@ Serial_Device::Serial_Device(const std::string& device, const Line_Settings& set
         throw std::runtime_error(device + ": no serial port runs at " + std::to_string(settings.baud) +
                                  " baud");
     device_ = Unique_Fd(::open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
-    if (!device_.open()) fail(device);
+    if (!device_.open()) failOn(device);
     termios line{};
-    if (::tcgetattr(device_.get(), &line) != 0) fail(device);
+    if (::tcgetattr(device_.get(), &line) != 0) failOn(device);
     setFormat(line, settings);
     ::cfsetispeed(&line, *speed);
     ::cfsetospeed(&line, *speed);
-    if (::tcsetattr(device_.get(), TCSANOW, &line) != 0) fail(device);
+    if (::tcsetattr(device_.get(), TCSANOW, &line) != 0) failOn(device);
     ::tcflush(device_.get(), TCIOFLUSH);
 }
 

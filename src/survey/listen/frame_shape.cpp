@@ -14,12 +14,12 @@ constexpr std::size_t fixedLength = 8; ///< unit, function, two words, CRC
 constexpr std::size_t bareLength = 4;  ///< unit, function, CRC
 constexpr std::uint8_t readDeviceIdentification = 14;
 
-unsigned wordAt(Byte_View bytes, std::size_t at) { return (unsigned{bytes[at]} << 8U) | bytes[at + 1]; }
+unsigned countAt(Byte_View bytes, std::size_t at) { return (unsigned{bytes[at]} << 8U) | bytes[at + 1]; }
 
 /// Whether a count that is there yet lies in its range.
 bool countFits(Byte_View head, std::size_t at, unsigned most) {
     if (head.size() < at + 2) return head.size() <= at || head[at] <= (most >> 8U);
-    const unsigned count = wordAt(head, at);
+    const unsigned count = countAt(head, at);
     return count >= 1 && count <= most;
 }
 
@@ -59,7 +59,7 @@ bool diagnosisFits(Byte_View head) {
 std::size_t countedRequest(Byte_View head, std::size_t at, unsigned most, bool bits) {
     if (!countFits(head, at - 2, most)) return 0;
     if (head.size() <= at) return at + 1;
-    const unsigned count = wordAt(head, at - 2);
+    const unsigned count = countAt(head, at - 2);
     const unsigned bytes = bits ? (count + 7) / 8 : 2 * count;
     return head[at] == bytes ? at + 1 + bytes + crcLength : 0;
 }

@@ -55,7 +55,7 @@ constexpr std::array<std::pair<std::string_view, Item_Action>, 7> itemKeys = {{
 }};
 
 /// [FIELD_#_MESSAGES] has but this.
-constexpr std::string_view addressKey = "ADDRESS_#";
+constexpr std::string_view messageAddressKey = "ADDRESS_#";
 
 } // namespace
 
@@ -72,7 +72,7 @@ bool readFieldConfiguration(const Interpreter& interpreter, const Key_Line& line
 
 /// Gives every cell of the field that lies at the key's register, whole or half, its own copy of the list.
 bool readFieldMessages(const Interpreter& interpreter, const Key_Line& line) {
-    if (line.key != addressKey) return true;
+    if (line.key != messageAddressKey) return true;
     Field_Rec& field = interpreter.document.Fields(line.section);
     if (field.Rows < 0 || field.Columns < 0) return true;
     for (const Register_Cell& place : field.Cells.cellsAtRegister(line.number)) {
@@ -87,6 +87,6 @@ bool readFieldMessages(const Interpreter& interpreter, const Key_Line& line) {
 
 Key_Names fieldConfigurationNames() { return namesIn(itemKeys); }
 
-Key_Names fieldMessagesNames() { return {addressKey}; }
+Key_Names fieldMessagesNames() { return {messageAddressKey}; }
 
 } // namespace zorvane

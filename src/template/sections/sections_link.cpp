@@ -84,7 +84,7 @@ constexpr std::array<std::pair<std::string_view, Port_Action>, 11> portKeys = {{
 }};
 
 /// [ADDRESS_NOTDOWNLOADABLE] has but this.
-constexpr std::string_view addressKey = "ADDRESS_#";
+constexpr std::string_view keptBackAddressKey = "ADDRESS_#";
 
 } // namespace
 
@@ -94,7 +94,7 @@ bool readPortConfiguration(const Interpreter& interpreter, const Key_Line& line)
 }
 
 bool readNotDownloadable(const Interpreter& interpreter, const Key_Line& line) {
-    if (line.key != addressKey) return true;
+    if (line.key != keptBackAddressKey) return true;
     Declara_Zorvane& document = interpreter.document;
     document.Not_Downloadable_Count = toInteger(document.Not_Downloadable_Count + 1.0);
     document.Not_Downloadable.redimPreserve(document.Not_Downloadable_Count);
@@ -104,6 +104,6 @@ bool readNotDownloadable(const Interpreter& interpreter, const Key_Line& line) {
 
 Key_Names portConfigurationNames() { return namesIn(portKeys); }
 
-Key_Names notDownloadableNames() { return {addressKey}; }
+Key_Names notDownloadableNames() { return {keptBackAddressKey}; }
 
 } // namespace zorvane

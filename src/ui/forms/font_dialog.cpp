@@ -15,20 +15,21 @@ namespace zorvane::ui {
 
 namespace {
 
-constexpr double formWidth = 3480; // twips
-constexpr double formHeight = 1860;
+constexpr double fontFormWidth = 3480; // twips
+constexpr double fontFormHeight = 1860;
 constexpr Twips_Rect headingPlace{390, 30, 525, 225};
-constexpr Twips_Rect textPlace{390, 240, 800, 315};
+constexpr Twips_Rect fontTextPlace{390, 240, 800, 315};
 constexpr Twips_Rect listPlace{390, 570, 800, 1035};
-constexpr Twips_Rect okPlace{1935, 120, 1400, 345};
-constexpr Twips_Rect cancelPlace{1935, 600, 1400, 345};
+constexpr Twips_Rect fontOkPlace{1935, 120, 1400, 345};
+constexpr Twips_Rect fontCancelPlace{1935, 600, 1400, 345};
 constexpr Twips_Rect framePlace{1290, 1080, 1875, 615};
 constexpr Twips_Rect samplePlace{540, 240, 795, 195};
 
 } // namespace
 
 Font_Dialog::Font_Dialog(std::int16_t stored, QWidget* parent)
-    : Fixed_Dialog(QStringLiteral("FontDialog"), QStringLiteral("Font Size"), formWidth, formHeight, parent) {
+    : Fixed_Dialog(QStringLiteral("FontDialog"), QStringLiteral("Font Size"), fontFormWidth, fontFormHeight,
+                   parent) {
     addList();
     addSample();
     addButtons();
@@ -40,7 +41,7 @@ Font_Dialog::Font_Dialog(std::int16_t stored, QWidget* parent)
 void Font_Dialog::addList() {
     put(*new QLabel(QStringLiteral("Size"), this), QStringLiteral("Label1"), headingPlace);
     text_ = new QLineEdit(this);
-    put(*text_, QStringLiteral("Text1"), textPlace);
+    put(*text_, QStringLiteral("Text1"), fontTextPlace);
     text_->setAccessibleName(QStringLiteral("Size"));
     text_->setReadOnly(true);
     list_ = new QListWidget(this);
@@ -62,8 +63,9 @@ void Font_Dialog::addSample() {
 }
 
 void Font_Dialog::addButtons() {
-    QPushButton& ok = addButton(QStringLiteral("OKButton"), QStringLiteral("Ok"), okPlace);
-    QPushButton& cancel = addButton(QStringLiteral("CancelButton"), QStringLiteral("Cancel"), cancelPlace);
+    QPushButton& ok = addButton(QStringLiteral("OKButton"), QStringLiteral("Ok"), fontOkPlace);
+    QPushButton& cancel =
+        addButton(QStringLiteral("CancelButton"), QStringLiteral("Cancel"), fontCancelPlace);
     ok.setDefault(true);
     connect(&ok, &QPushButton::clicked, this, [this] { choose(); });
     connect(&cancel, &QPushButton::clicked, this, &QDialog::close);

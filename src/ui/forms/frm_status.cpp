@@ -21,16 +21,16 @@ namespace zorvane::ui {
 namespace {
 
 // Twips.
-constexpr double formWidth = 8400;
-constexpr double formHeight = 5235;
+constexpr double statusFormWidth = 8400;
+constexpr double statusFormHeight = 5235;
 constexpr double margin = 90;
 constexpr double buttonWidth = 1164;
 constexpr double buttonHeight = 345;
 constexpr double buttonTop = 4680;
 constexpr double buttonGap = 600;
-constexpr Twips_Rect labelPlace{margin, 120, 6135, 570};
-constexpr Twips_Rect textPlace{margin, 750, 6135, 3735};
-constexpr Twips_Rect iconPlace{6960, 750, 720, 720};
+constexpr Twips_Rect statusLabelPlace{margin, 120, 6135, 570};
+constexpr Twips_Rect statusTextPlace{margin, 750, 6135, 3735};
+constexpr Twips_Rect statusIconPlace{6960, 750, 720, 720};
 
 constexpr int logFilter = 1;
 constexpr int rtfFilter = 2;
@@ -44,8 +44,8 @@ void giveTip(QPushButton& button, const char* text) { button.setToolTip(QString:
 } // namespace
 
 Frm_Status::Frm_Status(Frm_Status_Services parts, Frm_Status_Events events, QWidget* parent)
-    : Fixed_Dialog(QStringLiteral("FrmStatus"), QStringLiteral("Zorvane Transfer Status"), formWidth,
-                   formHeight, parent),
+    : Fixed_Dialog(QStringLiteral("FrmStatus"), QStringLiteral("Zorvane Transfer Status"), statusFormWidth,
+                   statusFormHeight, parent),
       parts_(std::move(parts)), events_(std::move(events)) {
     Form_Load();
 }
@@ -60,20 +60,20 @@ void Frm_Status::Form_Load() {
 void Frm_Status::PRO_Dispone_Status() {
     auto* label = new Wrapped_Label(this);
     label->setText(QString::fromLatin1(labelText));
-    put(*label, QStringLiteral("lblDialogMessage"), labelPlace);
+    put(*label, QStringLiteral("lblDialogMessage"), statusLabelPlace);
     auto* icon = new QLabel(this);
     icon->setPixmap(
         style()->standardIcon(QStyle::SP_MessageBoxWarning).pixmap(scaleOf(*this).size(480, 480)));
     icon->setAlignment(Qt::AlignCenter);
-    put(*icon, QStringLiteral("IMG_Exclamation"), iconPlace);
+    put(*icon, QStringLiteral("IMG_Exclamation"), statusIconPlace);
     icon->setAccessibleName(QStringLiteral("exclamation"));
     RtbStatus_ = new QTextEdit(this);
-    put(*RtbStatus_, QStringLiteral("RtbStatus"), textPlace);
+    put(*RtbStatus_, QStringLiteral("RtbStatus"), statusTextPlace);
     RtbStatus_->setAccessibleName(QStringLiteral("Report of the transfer"));
     RtbStatus_->setReadOnly(true);
     RtbStatus_->setTabChangesFocus(true);
     rtbSave_ = new QTextEdit(this);
-    put(*rtbSave_, QStringLiteral("rtbSave"), textPlace);
+    put(*rtbSave_, QStringLiteral("rtbSave"), statusTextPlace);
     rtbSave_->hide();
     double left = margin;
     const auto next = [&](const char* name, const char* text, const char* tip) -> QPushButton& {

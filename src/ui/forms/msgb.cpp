@@ -17,7 +17,7 @@ constexpr double boxHeight = 1950;
 constexpr Twips_Rect messagePlace{750, 360, 4125, 1335};
 constexpr std::array<Twips_Rect, 3> buttonPlaces = {
     {{5010, 420, 1400, 345}, {5010, 900, 1400, 345}, {5010, 1380, 1400, 345}}};
-constexpr Twips_Rect iconPlace{135, 360, 480, 480};
+constexpr Twips_Rect messageIconPlace{135, 360, 480, 480};
 
 } // namespace
 
@@ -42,7 +42,7 @@ void Msgb::addIcons(const Msgb_Look& look) {
                                  Drawing{"IMG_information", "information", look.information}};
     for (const Drawing& drawing : drawings) {
         auto* image = new QLabel(this);
-        put(*image, QString::fromLatin1(drawing.name), iconPlace);
+        put(*image, QString::fromLatin1(drawing.name), messageIconPlace);
         image->setAccessibleName(QString::fromLatin1(drawing.file));
         image->setPixmap(icon(QString::fromLatin1(drawing.file)).pixmap(image->size(), devicePixelRatioF()));
         image->setVisible(drawing.shown);

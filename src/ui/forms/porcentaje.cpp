@@ -13,25 +13,26 @@ namespace zorvane::ui {
 
 namespace {
 
-constexpr double formWidth = 4695;
-constexpr double formHeight = 1245;
-constexpr Twips_Rect labelPlace{660, 180, 3375, 225};
+constexpr double progressFormWidth = 4695;
+constexpr double progressFormHeight = 1245;
+constexpr Twips_Rect progressLabelPlace{660, 180, 3375, 225};
 constexpr Twips_Rect wideLabelPlace{90, 180, 4485, 225};
 constexpr Twips_Rect barPlace{90, 450, 4485, 315};
-constexpr Twips_Rect cancelPlace{1647, 870, 1400, 345};
-constexpr Twips_Rect okPlace{1650, 870, 1400, 345};
+constexpr Twips_Rect progressCancelPlace{1647, 870, 1400, 345};
+constexpr Twips_Rect progressOkPlace{1650, 870, 1400, 345};
 
 } // namespace
 
 Porcentaje::Porcentaje(Porcentaje_Hooks hooks, QWidget* parent)
-    : Fixed_Dialog(QStringLiteral("Porcentaje"), QStringLiteral("Zorvane"), formWidth, formHeight, parent),
+    : Fixed_Dialog(QStringLiteral("Porcentaje"), QStringLiteral("Zorvane"), progressFormWidth,
+                   progressFormHeight, parent),
       hooks_(std::move(hooks)) {
     auto* frame = new QGroupBox(this);
-    put(*frame, QStringLiteral("Frame1"), {0, 0, formWidth, formHeight});
+    put(*frame, QStringLiteral("Frame1"), {0, 0, progressFormWidth, progressFormHeight});
     frame->setAccessibleName(QStringLiteral("Progress"));
     frame->setFlat(true);
     label_ = new QLabel(this);
-    put(*label_, QStringLiteral("Label1"), labelPlace);
+    put(*label_, QStringLiteral("Label1"), progressLabelPlace);
     label_->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
     QFont bold = label_->font();
     bold.setBold(true);
@@ -40,8 +41,8 @@ Porcentaje::Porcentaje(Porcentaje_Hooks hooks, QWidget* parent)
     put(*bar_, QStringLiteral("Progress_Bar"), barPlace);
     bar_->setAccessibleName(QStringLiteral("Progress"));
     bar_->setValue(0);
-    cancel_ = &addButton(QStringLiteral("BOT_Cancel"), QStringLiteral("Cancel"), cancelPlace);
-    ok_ = &addButton(QStringLiteral("Bot_Ok"), QStringLiteral("Ok"), okPlace);
+    cancel_ = &addButton(QStringLiteral("BOT_Cancel"), QStringLiteral("Cancel"), progressCancelPlace);
+    ok_ = &addButton(QStringLiteral("Bot_Ok"), QStringLiteral("Ok"), progressOkPlace);
     load();
     connect(cancel_, &QPushButton::clicked, this, [this] { cancelChosen(); });
     connect(ok_, &QPushButton::clicked, this, [this] { unload(); });
@@ -50,7 +51,7 @@ Porcentaje::Porcentaje(Porcentaje_Hooks hooks, QWidget* parent)
 /// Words that the label's place would cut take the whole width; its middle stays where it is.
 void Porcentaje::setLabel(const QString& text) {
     label_->setText(text);
-    placeAt(*label_, labelPlace);
+    placeAt(*label_, progressLabelPlace);
     if (label_->sizeHint().width() > label_->width()) placeAt(*label_, wideLabelPlace);
 }
 
