@@ -11,6 +11,9 @@
 
 namespace zorvane::compare {
 
+/// The exception of a register that the controller doesn't have.
+constexpr std::uint8_t illegalAddress = 2;
+
 /// Why a register has no value.
 struct Unread {
     std::optional<std::uint8_t> exception; ///< of the controller's answer; nothing: there was no answer

@@ -13,7 +13,6 @@ namespace zorvane::compare {
 namespace {
 
 constexpr std::int32_t registersInNumber = 4;
-constexpr std::uint8_t illegalAddress = 2;
 
 std::string rangeText(const Register_Range& range) {
     const std::string first = numberText(range.first);

@@ -17,7 +17,6 @@ namespace zorvane::compare {
 
 namespace {
 
-constexpr std::uint8_t illegalAddress = 2;
 constexpr std::size_t manyFindings = 3;
 constexpr std::size_t partOfCells = 5; ///< a fifth of them
 
