@@ -77,9 +77,10 @@ bool isMalformed(const Cell_Rec& definition, const Cell_Rec& cell, std::string_v
     return kind == Entry_Kind::Bad_Time || kind == Entry_Kind::Not_Numeric;
 }
 
-/// Whether a cell can take an item of a file as what it is.
+/// Whether a cell can take an item of a file as what it is. Where nobody can edit, any text may stand: a
+/// name.
 bool suits(const Cell_Rec& definition, const Cell_Rec& cell, std::string_view item) {
-    if (trimBlanks(item).empty()) return true;
+    if (trimBlanks(item).empty() || (!definition.Modifiable && !cell.Has_Messages)) return true;
     if (cell.Has_Messages) return listedCode(cell, item).has_value();
     return !isMalformed(definition, cell, item);
 }

@@ -73,6 +73,13 @@ TEST_F(Document_Check, ACommaInATextIsToldAsSuch) {
               "[text-comma]\n");
 }
 
+TEST_F(Document_Check, AColumnOfNamesMayHaveAnyType) {
+    cell(1, 0, 1).Column_Type = "ASCII";
+    EXPECT_EQ(foundInRows("ROW_1=Set point,1125,112,5 V,1123\r\n"),
+              "2: error: 5 values, where Regulation has 4 columns: the text \"112,5 V\" has a comma in it "
+              "[text-comma]\n");
+}
+
 TEST_F(Document_Check, MoreValuesThanColumns) {
     EXPECT_EQ(found("[Field_2_Default]\r\nROW_1=1,2,3\r\n"),
               "2: error: 3 values, where Timers has 2 columns [row-long]\n");
