@@ -9,7 +9,7 @@ namespace zorvane::simulator {
 
 namespace {
 
-constexpr int highestUnit = 247;
+constexpr int lastUnit = 247;
 
 /// Halves go up, but never beyond what a register holds.
 std::uint16_t rounded(std::uint16_t value, int step) {
@@ -56,7 +56,7 @@ std::chrono::milliseconds hiddenTime(Struck_Quirks quirks, std::int32_t number) 
 }
 
 std::optional<int> unitWritten(Struck_Quirks quirks, std::int32_t number, std::uint16_t value) {
-    if (value < 1 || value > highestUnit) return std::nullopt;
+    if (value < 1 || value > lastUnit) return std::nullopt;
     const bool struck = std::any_of(quirks.begin(), quirks.end(), [number](const Quirk_Rule* rule) {
         return rule->kind == Quirk_Kind::Renumbers && covers(*rule, number);
     });
