@@ -8,7 +8,7 @@
 namespace zorvane::commission {
 namespace {
 
-using testing::Memory_Runs;
+using doubles::Memory_Runs;
 
 struct Fixed_Clock final : Wall_Clock {
     [[nodiscard]] Wall_Time now() const override { return {1795333205123, 60}; }

@@ -6,7 +6,7 @@
 #include <functional>
 #include <map>
 
-namespace zorvane::commission::testing {
+namespace zorvane::commission::doubles {
 
 /// Runs in memory. A test may make the disk full, or look at each line as it is written.
 class Memory_Runs final : public Run_Store {
@@ -69,4 +69,4 @@ class Memory_Runs final : public Run_Store {
     };
 };
 
-} // namespace zorvane::commission::testing
+} // namespace zorvane::commission::doubles

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include "commission/runs.h"
+
+#include "commission/send_report.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace zorvane::commission {
+
+namespace {
+
+constexpr std::int32_t headVersion = 1;
+constexpr std::int64_t keptMs = std::int64_t{30} * 24 * 3600 * 1000;
+constexpr std::size_t keptRuns = 100;
+
+Json textOrNull(const std::optional<std::string>& text) { return text ? Json(*text) : Json(); }
+
+std::optional<std::string> textOf(const Json& json) {
+    if (!json.is_string()) return std::nullopt;
+    return json.get<std::string>();
+}
+
+/// A folder's name holds no character that a shell or another system takes amiss.
+std::string nameOf(std::string_view model) {
+    std::string name;
+    for (const char c : model) {
+        const bool plain = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+        if (plain || c == '-') name += c;
+    }
+    return name.empty() ? "model" : name;
+}
+
+std::optional<Json> parsed(const std::optional<std::string>& text) {
+    if (!text) return std::nullopt;
+    Json json = Json::parse(*text, nullptr, false);
+    if (json.is_discarded()) return std::nullopt;
+    return json;
+}
+
+Run_State stateOf(const Run_Store& store, const std::string& name, const std::optional<Json>& result) {
+    if (store.read(name, restoredFile)) return Run_State::Restored;
+    const bool finished = result && result->is_object() && result->value("state", "") == "finished";
+    return finished ? Run_State::Finished : Run_State::Interrupted;
+}
+
+Json countsOf(const Kept_Run& run) {
+    if (run.result && run.result->contains("counts")) return run.result->at("counts");
+    std::vector<bool> sent(run.paper.writes.size(), false);
+    for (const Json& record : run.journal.records)
+        if (record.value("event", "") == "write")
+            if (const auto number = record.value("write", sent.size()); number < sent.size())
+                sent[number] = true;
+    Value_Counts counts;
+    for (std::size_t number = 0; number < sent.size(); ++number)
+        for (std::size_t i = 0; i < run.paper.writes[number].cells.size(); ++i)
+            counts.add(sent[number] ? Value_State::Unknown : Value_State::Not_Sent);
+    return countsJson(counts);
+}
+
+void prune(Run_Store& store, std::int64_t nowMs) {
+    const std::vector<Run_Entry> runs = listRuns(store);
+    for (std::size_t i = keptRuns; i < runs.size(); ++i)
+        if (runs[i].state != Run_State::Interrupted && nowMs - runs[i].head.startedMs > keptMs)
+            store.remove(runs[i].name);
+}
+
+} // namespace
+
+std::string headText(const Run_Head& head) {
+    const Json json{{"version", headVersion},
+                    {"sequence", head.sequence},
+                    {"started_ms", head.startedMs},
+                    {"started", head.started},
+                    {"started_local", head.startedLocal},
+                    {"model", head.model},
+                    {"unit", head.unit},
+                    {"although", textOrNull(head.although)},
+                    {"restores", textOrNull(head.restores)},
+                    {"program", head.program}};
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+std::optional<Run_Head> parseHead(std::string_view text) {
+    try {
+        const Json json = Json::parse(text);
+        if (json.at("version") != headVersion) return std::nullopt;
+        Run_Head head;
+        json.at("sequence").get_to(head.sequence);
+        json.at("started_ms").get_to(head.startedMs);
+        json.at("started").get_to(head.started);
+        json.at("started_local").get_to(head.startedLocal);
+        json.at("model").get_to(head.model);
+        json.at("unit").get_to(head.unit);
+        head.although = textOf(json.at("although"));
+        head.restores = textOf(json.at("restores"));
+        json.at("program").get_to(head.program);
+        return head;
+    } catch (const Json::exception&) {
+        return std::nullopt;
+    }
+}
+
+std::string_view runStateWord(Run_State state) noexcept {
+    static constexpr std::array<std::string_view, 3> words = {"finished", "interrupted", "restored"};
+    return words[static_cast<std::size_t>(state)];
+}
+
+std::optional<Kept_Run> readRun(const Run_Store& store, const std::string& name) {
+    const auto headBytes = store.read(name, runFile);
+    const auto paperBytes = store.read(name, planFile);
+    if (!headBytes || !paperBytes) return std::nullopt;
+    auto head = parseHead(*headBytes);
+    auto paper = parsePaper(*paperBytes);
+    if (!head || !paper) return std::nullopt;
+    Kept_Run run;
+    run.head = std::move(*head);
+    run.paper = std::move(*paper);
+    run.journal = readJournal(store.read(name, journalFile).value_or(""));
+    run.result = parsed(store.read(name, resultFile));
+    if (const auto after = parsed(store.read(name, afterFile)))
+        if (auto registers = parseRegistersJson(*after)) run.after = std::move(*registers);
+    run.state = stateOf(store, name, run.result);
+    return run;
+}
+
+std::vector<Run_Entry> listRuns(const Run_Store& store) {
+    std::vector<Run_Entry> entries;
+    for (const std::string& name : store.names())
+        if (const auto run = readRun(store, name))
+            entries.push_back({name, run->head, run->paper.document.path, run->state, countsOf(*run)});
+    std::sort(entries.begin(), entries.end(), [](const Run_Entry& a, const Run_Entry& b) {
+        return std::pair(a.head.sequence, a.name) > std::pair(b.head.sequence, b.name);
+    });
+    return entries;
+}
+
+std::map<std::int32_t, std::uint16_t> leftBy(const Kept_Run& run) {
+    std::map<std::int32_t, std::uint16_t> left = run.paper.before;
+    for (const Json& record : run.journal.records) {
+        if (record.value("event", "") != "write" || !record.contains("values")) continue;
+        const auto first = record.value("address", std::int32_t{0});
+        std::int32_t number = first;
+        for (const Json& value : record.at("values"))
+            left[number++] = value.get<std::uint16_t>();
+    }
+    for (const auto& [number, value] : run.after)
+        left[number] = value;
+    return left;
+}
+
+Opened_Run beginRun(Run_Store& store, const Wall_Clock& clock, Run_Beginning beginning) {
+    const Wall_Time now = clock.now();
+    const std::vector<Run_Entry> runs = listRuns(store);
+    Run_Head& head = beginning.head;
+    head.sequence = runs.empty() ? 1 : runs.front().head.sequence + 1;
+    head.startedMs = now.utcMs;
+    head.started = utcText(now);
+    head.startedLocal = localText(now);
+    Opened_Run run = store.make(nameText(now) + "-" + nameOf(head.model) + "-" + std::to_string(head.unit));
+    if (!run.folder) return run;
+    const std::array<std::pair<std::string, std::string>, 4> files = {
+        {{std::string(runFile), headText(head)},
+         {std::string(beforeFile), registersJson(beginning.paper.before).dump(1) + "\n"},
+         {beginning.documentName, beginning.documentBytes},
+         {std::string(planFile),
+          paperJson(beginning.paper).dump(2, ' ', false, Json::error_handler_t::replace) + "\n"}}};
+    for (const auto& [name, bytes] : files)
+        if (std::string why = run.folder->put(name, bytes); !why.empty()) return {nullptr, why};
+    prune(store, now.utcMs);
+    return run;
+}
+
+} // namespace zorvane::commission

@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "commission/send_report.h"
+
+#include "values/code_page.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace zorvane::commission {
+
+namespace {
+
+Json registersOfValue(const Known_Registers& registers) {
+    const auto one = [](const std::optional<std::uint16_t>& value) { return value ? Json(*value) : Json(); };
+    if (registers.empty()) return nullptr;
+    if (registers.size() == 1) return one(registers.front());
+    if (std::none_of(registers.begin(), registers.end(), [](const auto& value) { return value.has_value(); }))
+        return nullptr;
+    Json list = Json::array();
+    for (const auto& value : registers)
+        list.push_back(one(value));
+    return list;
+}
+
+class Reporter {
+  public:
+    Reporter(const std::vector<Plan_Write>& writes, const std::map<std::int32_t, std::uint16_t>& before,
+             const Send_Outcome& outcome)
+        : writes_(writes), before_(before), outcome_(outcome) {}
+
+    [[nodiscard]] Sent_Row rowOf(const Planned_Cell& cell) const {
+        Sent_Row row{cell.place, cell.address, {}, {}, {}, Value_State::Not_Sent, cell.why};
+        for (std::int32_t at = cell.registers.first; at <= cell.registers.last; ++at) {
+            const auto was = before_.find(at);
+            row.before.push_back(was == before_.end() ? std::nullopt : std::optional(was->second));
+        }
+        if (!cell.write) return row;
+        const Plan_Write& write = writes_[*cell.write];
+        const Write_Record& record = outcome_.writes[*cell.write];
+        row.answer = record.answer;
+        const bool went =
+            record.progress == Write_Progress::Sent || record.progress == Write_Progress::Refused;
+        bool same = true;
+        for (std::int32_t at = cell.registers.first; at <= cell.registers.last; ++at) {
+            const auto index = static_cast<std::size_t>(at - write.address);
+            if (at < write.address || index >= write.values.size()) continue;
+            row.sent.push_back(went ? std::optional(record.sent[index]) : std::nullopt);
+            const auto back = index < record.readBack.size() ? record.readBack[index] : std::nullopt;
+            row.readBack.push_back(back);
+            same = same && went && back && samePart(cell.part, record.sent[index], *back);
+        }
+        row.state = stateOf(record, row, same);
+        if (record.changedSince) row.answer = "it was there, and has changed since";
+        if (record.astray) row.answer = "it may have gone to the other controller";
+        if (row.state == Value_State::Not_Sent && row.answer.empty()) row.answer = outcome_.why;
+        return row;
+    }
+
+  private:
+    [[nodiscard]] static Value_State stateOf(const Write_Record& record, const Sent_Row& row, bool same) {
+        if (record.progress == Write_Progress::Refused) return Value_State::Refused;
+        if (record.progress != Write_Progress::Sent) return Value_State::Not_Sent;
+        const bool read =
+            !row.readBack.empty() && std::all_of(row.readBack.begin(), row.readBack.end(),
+                                                 [](const auto& value) { return value.has_value(); });
+        if (!read || record.astray) return Value_State::Unknown;
+        return same ? Value_State::Verified : Value_State::Stored_Otherwise;
+    }
+
+    const std::vector<Plan_Write>& writes_;
+    const std::map<std::int32_t, std::uint16_t>& before_;
+    const Send_Outcome& outcome_;
+};
+
+} // namespace
+
+std::string_view valueStateWord(Value_State state) noexcept {
+    static constexpr std::array<std::string_view, allValueStates.size()> words = {
+        "verified", "refused", "stored_otherwise", "unknown", "not_sent"};
+    return words[static_cast<std::size_t>(state)];
+}
+
+std::size_t Value_Counts::rows() const {
+    return std::accumulate(counts_.begin(), counts_.end(), std::size_t{0});
+}
+
+Json countsJson(const Value_Counts& counts) {
+    Json json = Json::object();
+    for (const Value_State state : allValueStates)
+        json[std::string(valueStateWord(state))] = counts.of(state);
+    json["rows"] = counts.rows();
+    return json;
+}
+
+Send_Report reportOf(const std::vector<Planned_Cell>& cells, const std::vector<Plan_Write>& writes,
+                     const std::map<std::int32_t, std::uint16_t>& before, const Send_Outcome& outcome) {
+    const Reporter reporter(writes, before, outcome);
+    Send_Report report;
+    for (const Planned_Cell& cell : cells) {
+        report.rows.push_back(reporter.rowOf(cell));
+        report.counts.add(report.rows.back().state);
+    }
+    return report;
+}
+
+Json rowsJson(const Send_Report& report) {
+    Json rows = Json::array();
+    for (const Sent_Row& row : report.rows)
+        rows.push_back({{"field", row.place.field},
+                        {"row", row.place.row},
+                        {"column", row.place.column},
+                        {"register", toUtf8(row.address)},
+                        {"before", registersOfValue(row.before)},
+                        {"sent", registersOfValue(row.sent)},
+                        {"read_back", registersOfValue(row.readBack)},
+                        {"state", valueStateWord(row.state)},
+                        {"answer", row.answer.empty() ? Json() : Json(toUtf8(row.answer))}});
+    return rows;
+}
+
+} // namespace zorvane::commission

@@ -1,0 +1,498 @@
+// SPDX-License-Identifier: MIT
+#include "commission/sender.h"
+
+#include "commission/touched_reading.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zorvane::commission {
+
+namespace {
+
+constexpr Micros storingTime = 2 * microsPerSecond; ///< a controller may store a value so late
+constexpr Micros betweenReadings = 200 * microsPerMs;
+constexpr Micros questionPeriod = 5 * microsPerSecond;
+constexpr std::size_t questionWrites = 50;
+constexpr Micros comeBackTime = 10 * microsPerSecond; ///< a controller that starts again may take so long
+constexpr Micros comeBackPause = 500 * microsPerMs;
+constexpr std::uint8_t exceptionAcknowledge = 5; ///< taken, and at work on it
+constexpr std::uint8_t exceptionBusy = 6;
+
+/// What a step leads to.
+enum class Next { Go_On, Stop };
+
+class Sender {
+  public:
+    Sender(const Send_Services& services, const Send_Order& order)
+        : line_(services.line), question_(services.question), journal_(services.journal),
+          stopWanted_(services.stopWanted), told_(services.told), order_(order), unit_(order.unit),
+          present_(order.before) {
+        outcome_.writes.resize(order.writes.size());
+        for (const std::size_t number : order.done)
+            takeDone(number);
+    }
+
+    Send_Outcome run() {
+        if (begin() == Next::Go_On) (void)sendAll();
+        if (outcome_.end != Send_End::Wrong_Controller && outcome_.end != Send_End::Unit_Taken) readBack();
+        end();
+        return std::move(outcome_);
+    }
+
+  private:
+    [[nodiscard]] const Plan_Write& write(std::size_t number) const { return order_.writes[number]; }
+    [[nodiscard]] Write_Record& record(std::size_t number) { return outcome_.writes[number]; }
+
+    void takeDone(std::size_t number) {
+        record(number).progress = Write_Progress::Sent;
+        record(number).answered = true;
+        record(number).sent = write(number).values;
+    }
+
+    Next stop(Send_End end, std::string why) {
+        outcome_.end = end;
+        outcome_.why = std::move(why);
+        return Next::Stop;
+    }
+
+    // Before the first write.
+
+    Next begin() {
+        if (!journal_.note("begin", {{"unit", unit_}, {"writes", order_.writes.size()}})) return folderLost();
+        if (nothingLeft()) return Next::Go_On;
+        if (askQuestion() == Next::Stop) return Next::Stop;
+        return askNewUnits();
+    }
+
+    [[nodiscard]] bool nothingLeft() const {
+        return std::none_of(outcome_.writes.begin(), outcome_.writes.end(), [](const Write_Record& each) {
+            return each.progress == Write_Progress::Waiting;
+        });
+    }
+
+    /// A number that somebody answers to would be two controllers' afterwards.
+    Next askNewUnits() {
+        for (const Line_Change& change : order_.lineChanges) {
+            const bool open = outcome_.writes[change.write].progress == Write_Progress::Waiting;
+            if (!open || !change.unit || *change.unit == unit_) continue;
+            const Unit_Answer answer = read(*change.unit, write(change.write).address, 1);
+            const bool answered = answer.good() || answer.end == Unit_End::Refused || answer.damaged > 0;
+            if (answered)
+                return stop(Send_End::Unit_Taken,
+                            "Unit " + std::to_string(*change.unit) +
+                                " answers already, so the controller can't get this number.");
+            if (answer.end == Unit_End::Cancelled) return stop(Send_End::Interrupted, "Stopped.");
+        }
+        return Next::Go_On;
+    }
+
+    [[nodiscard]] bool isStopped() const { return line_.cancelled() || (stopWanted_ && stopWanted_()); }
+
+    Next folderLost() {
+        return stop(Send_End::Interrupted, "The run's folder can't be written: " + journal_.fault());
+    }
+
+    // Requests.
+
+    Unit_Answer read(std::int32_t unit, std::int32_t first, std::int32_t count) {
+        Unit_Answer answer = line_.read(unit, first, count);
+        outcome_.requests.reads += static_cast<std::size_t>(answer.requests);
+        outcome_.requests.damaged += static_cast<std::size_t>(answer.damaged);
+        return answer;
+    }
+
+    Next askQuestion() {
+        Question_Answer answer = question_.ask(unit_);
+        outcome_.requests.reads += static_cast<std::size_t>(answer.requests);
+        const Micros until = line_.now() + comeBackTime;
+        while (answer.end == Question_End::Silent || answer.end == Question_End::Lost) {
+            if (line_.now() >= until || isStopped()) break;
+            line_.pause(comeBackPause);
+            if (!line_.openAgain()) continue;
+            answer = question_.ask(unit_);
+            outcome_.requests.reads += static_cast<std::size_t>(answer.requests);
+        }
+        lastQuestion_ = line_.now();
+        const std::set<std::size_t> since = std::exchange(sinceQuestion_, {});
+        if (!journal_.note("identity", {{"verdict", answer.word}, {"why", answer.why}})) return folderLost();
+        if (answer.end == Question_End::Go_On) return Next::Go_On;
+        if (answer.end == Question_End::Wrong) return wrongController(since, answer.why);
+        return stop(Send_End::Interrupted, answer.end == Question_End::Cancelled ? "Stopped." : answer.why);
+    }
+
+    /// What went out since the controller was last known may have gone to the other one.
+    Next wrongController(const std::set<std::size_t>& since, std::string why) {
+        for (const std::size_t number : since)
+            record(number).astray = true;
+        return stop(Send_End::Wrong_Controller, std::move(why));
+    }
+
+    // The writes.
+
+    Next sendAll() {
+        for (std::size_t number = 0; number < order_.writes.size(); ++number) {
+            if (record(number).progress != Write_Progress::Waiting) continue;
+            if (isStopped()) return stop(Send_End::Interrupted, "Stopped.");
+            if (questionIsDue() && checkWhatWasSent() == Next::Stop) return Next::Stop;
+            if (sendOne(number) == Next::Stop) return Next::Stop;
+            if (told_) told_(number + 1, order_.writes.size());
+        }
+        return Next::Go_On;
+    }
+
+    [[nodiscard]] bool questionIsDue() const {
+        return !sinceQuestion_.empty() &&
+               (sinceQuestion_.size() >= questionWrites || line_.now() - lastQuestion_ >= questionPeriod);
+    }
+
+    /// What was read counts only once it is known whom it was read from.
+    Next checkWhatWasSent() {
+        const compare::Controller_Registers now = readTouched(false);
+        if (askQuestion() == Next::Stop) return Next::Stop;
+        judge(now, false);
+        return Next::Go_On;
+    }
+
+    Next sendOne(std::size_t number) {
+        for (std::int32_t tries = 0;; ++tries) {
+            const auto values = compose(number);
+            if (!values) return stopped_ ? Next::Stop : Next::Go_On;
+            record(number).sent = *values;
+            if (!noteIntent(number, *values)) return folderLost();
+            const Unit_Answer answer =
+                line_.write(unit_, write(number).function, write(number).address, *values);
+            outcome_.requests.writes += static_cast<std::size_t>(answer.requests);
+            outcome_.requests.damaged += static_cast<std::size_t>(answer.damaged);
+            lastWrite_ = line_.now();
+            if (const Next next = takeAnswer(number, answer); next == Next::Stop) return next;
+            if (isLink(number)) return followLine(number, answer);
+            if (!mayHaveBeenTaken(answer)) {
+                if (answer.exception != exceptionBusy || tries >= order_.retries) return Next::Go_On;
+                record(number).progress = Write_Progress::Waiting;
+                line_.pause(betweenReadings);
+                continue;
+            }
+            if (answer.good()) return Next::Go_On;
+            // Who knows what became of it.
+            if (askQuestion() == Next::Stop) return Next::Stop;
+            if (wasTaken(number) || tries >= order_.retries) return Next::Go_On;
+        }
+    }
+
+    static bool mayHaveBeenTaken(const Unit_Answer& answer) {
+        return answer.good() || answer.mayHaveArrived() || answer.exception == exceptionAcknowledge;
+    }
+
+    /// What goes out over the registers as they are now. Nothing when it can't be sent.
+    std::optional<std::vector<std::uint16_t>> compose(std::size_t number) {
+        const Plan_Write& plan = write(number);
+        stopped_ = false;
+        if (!plan.composedFromReading()) return plan.values;
+        const Unit_Answer answer = read(unit_, plan.address, static_cast<std::int32_t>(plan.values.size()));
+        if (!answer.good()) return notComposed(number, answer);
+        compare::Controller_Registers now;
+        now.take(plan.address, answer.values);
+        for (std::size_t i = 0; i < plan.parts.size(); ++i) {
+            const std::int32_t address = plan.address + static_cast<std::int32_t>(i);
+            const auto was = present_.find(address);
+            if (plan.parts[i] != Part::Kept || was == present_.end() || was->second == answer.values[i])
+                continue;
+            leaveOut(number, "register " + std::to_string(address) + " of its block was " +
+                                 std::to_string(was->second) + " and is " + std::to_string(answer.values[i]) +
+                                 " now");
+            return std::nullopt;
+        }
+        return composedWrite(plan, now);
+    }
+
+    std::optional<std::vector<std::uint16_t>> notComposed(std::size_t number, const Unit_Answer& answer) {
+        stopped_ = answer.end == Unit_End::Cancelled;
+        if (stopped_) {
+            (void)stop(Send_End::Interrupted, "Stopped.");
+            return std::nullopt;
+        }
+        leaveOut(number, "its registers couldn't be read just before: " + answer.fault);
+        if (answer.end == Unit_End::Silent || answer.end == Unit_End::PortLost)
+            stopped_ = askQuestion() == Next::Stop;
+        return std::nullopt;
+    }
+
+    void leaveOut(std::size_t number, std::string why) {
+        record(number).progress = Write_Progress::Left_Out;
+        record(number).answer = std::move(why);
+        journal_.note("left out", {{"write", number}, {"why", record(number).answer}});
+    }
+
+    bool noteIntent(std::size_t number, const std::vector<std::uint16_t>& values) {
+        return journal_.note("write", {{"write", number},
+                                       {"unit", unit_},
+                                       {"function", static_cast<int>(write(number).function)},
+                                       {"address", write(number).address},
+                                       {"values", values}});
+    }
+
+    Next takeAnswer(std::size_t number, const Unit_Answer& answer) {
+        Write_Record& each = record(number);
+        each.answer = answer.fault;
+        each.answered = answer.good();
+        if (answer.end == Unit_End::Cancelled) {
+            each.answer.clear();
+            journal_.note("answer", {{"write", number}, {"end", "not sent"}});
+            return stop(Send_End::Interrupted, "Stopped.");
+        }
+        if (mayHaveBeenTaken(answer)) {
+            each.progress = Write_Progress::Sent;
+            each.verified = false;
+            sinceQuestion_.insert(number);
+            for (std::size_t i = 0; i < each.sent.size() && answer.good(); ++i)
+                present_[write(number).address + static_cast<std::int32_t>(i)] = each.sent[i];
+        } else {
+            each.progress =
+                answer.end == Unit_End::Refused ? Write_Progress::Refused : Write_Progress::Left_Out;
+        }
+        Json members{{"write", number}, {"end", endWord(answer)}};
+        if (!answer.fault.empty()) members["fault"] = answer.fault;
+        if (answer.answerTime > 0) members["us"] = answer.answerTime;
+        return journal_.note("answer", std::move(members)) ? Next::Go_On : folderLost();
+    }
+
+    static const char* endWord(const Unit_Answer& answer) {
+        switch (answer.end) {
+        case Unit_End::Answered:
+            return "acknowledged";
+        case Unit_End::Refused:
+            return "refused";
+        case Unit_End::Silent:
+            return "no answer";
+        case Unit_End::PortLost:
+            return "port lost";
+        case Unit_End::Cancelled:
+        case Unit_End::NotSent:
+            break;
+        }
+        return "not sent";
+    }
+
+    /// After a write without an answer: whether the controller has it, or something else than before, or
+    /// can't be read. False when it still has what was there: then it may be sent again.
+    bool wasTaken(std::size_t number) {
+        const Plan_Write& plan = write(number);
+        if (cantBeReadBack(plan)) return true;
+        const Unit_Answer answer = read(unit_, plan.address, static_cast<std::int32_t>(plan.values.size()));
+        if (!answer.good()) return true;
+        journal_.note("read", {{"address", plan.address}, {"values", answer.values}});
+        bool asBefore = true;
+        for (std::size_t i = 0; i < plan.parts.size(); ++i) {
+            const auto was = present_.find(plan.address + static_cast<std::int32_t>(i));
+            asBefore =
+                asBefore && was != present_.end() && samePart(plan.parts[i], was->second, answer.values[i]);
+        }
+        return !asBefore;
+    }
+
+    [[nodiscard]] bool cantBeReadBack(const Plan_Write& plan) const {
+        return std::any_of(order_.writeOnly.begin(), order_.writeOnly.end(),
+                           [&](const Register_Range& range) {
+                               return range.first <= plan.last() && plan.address <= range.last;
+                           });
+    }
+
+    // What changes the line.
+
+    [[nodiscard]] bool isLink(std::size_t number) const { return changeOf(number) != nullptr; }
+
+    [[nodiscard]] const Line_Change* changeOf(std::size_t number) const {
+        const auto found =
+            std::find_if(order_.lineChanges.begin(), order_.lineChanges.end(),
+                         [number](const Line_Change& change) { return change.write == number; });
+        return found == order_.lineChanges.end() ? nullptr : &*found;
+    }
+
+    struct Way {
+        std::int32_t unit = 1;
+        Line_Settings line;
+    };
+
+    /// The controller may answer in the new way at once, later, or only after it was switched off and on.
+    Next followLine(std::size_t number, const Unit_Answer& answer) {
+        if (!mayHaveBeenTaken(answer)) return Next::Go_On;
+        const Line_Change& change = *changeOf(number);
+        const Way old{unit_, settings()};
+        Way fresh = old;
+        if (change.unit) fresh.unit = *change.unit;
+        if (change.baud) fresh.line.baud = *change.baud;
+        const Micros until = line_.now() + comeBackTime;
+        for (bool isFresh = true; line_.now() < until && !isStopped(); isFresh = !isFresh) {
+            const Way& way = isFresh ? fresh : old;
+            if (!line_.setLine(way.line)) continue;
+            const Unit_Answer there = read(way.unit, write(number).address, 1);
+            if (there.good() && holdsWanted(number, there.values.front()))
+                return takeWay(number, way, isFresh);
+            if (there.good()) line_.pause(betweenReadings);
+        }
+        (void)line_.setLine(old.line);
+        return stop(Send_End::Interrupted, "After the line was changed the controller answers neither in the "
+                                           "new way nor in the old one with the new value.");
+    }
+
+    [[nodiscard]] bool holdsWanted(std::size_t number, std::uint16_t value) const {
+        const Plan_Write& plan = write(number);
+        return samePart(plan.parts.front(), plan.values.front(), value);
+    }
+
+    Next takeWay(std::size_t number, const Way& way, bool isFresh) {
+        unit_ = way.unit;
+        settings_ = way.line;
+        record(number).answer = isFresh ? "the controller answers in the new way"
+                                        : "the controller still answers in the old way: switch it off and on";
+        const bool noted =
+            journal_.note("line", {{"unit", way.unit}, {"line", formatLineSettings(way.line)}});
+        return noted ? Next::Go_On : folderLost();
+    }
+
+    [[nodiscard]] Line_Settings settings() const { return settings_.value_or(order_.line); }
+
+    // Reading back.
+
+    /// The registers of what was sent, `all` or only what isn't verified yet.
+    compare::Controller_Registers readTouched(bool all) {
+        std::set<std::int32_t> registers;
+        for (std::size_t number = 0; number < outcome_.writes.size(); ++number) {
+            const Write_Record& each = outcome_.writes[number];
+            if (each.progress != Write_Progress::Sent || (each.verified && !all)) continue;
+            for (std::int32_t at = write(number).address; at <= write(number).last(); ++at)
+                registers.insert(at);
+        }
+        return readRegisters(
+            registers, order_.blocks, order_.writeOnly,
+            [this](std::int32_t first, std::int32_t count) { return read(unit_, first, count); });
+    }
+
+    /// What a reading after the writes says of them.
+    void judge(const compare::Controller_Registers& now, bool last) {
+        for (std::size_t number = 0; number < outcome_.writes.size(); ++number) {
+            Write_Record& each = outcome_.writes[number];
+            if (each.progress != Write_Progress::Sent) continue;
+            const Plan_Write& plan = write(number);
+            if (!last && each.verified) continue;
+            std::vector<std::optional<std::uint16_t>> found;
+            for (std::int32_t at = plan.address; at <= plan.last(); ++at)
+                found.push_back(now.valueAt(at));
+            const bool there = holds(plan, each.sent, found);
+            if (each.verified && !there) each.changedSince = true;
+            each.verified = there;
+            each.readBack = std::move(found);
+            if (there) sinceQuestion_.erase(number);
+        }
+        for (const auto& [address, value] : now.values())
+            outcome_.after.take(address, {value});
+    }
+
+    static bool holds(const Plan_Write& plan, const std::vector<std::uint16_t>& sent,
+                      const std::vector<std::optional<std::uint16_t>>& found) {
+        for (std::size_t i = 0; i < plan.parts.size(); ++i)
+            if (plan.parts[i] != Part::Kept && (!found[i] || !samePart(plan.parts[i], sent[i], *found[i])))
+                return false;
+        return true;
+    }
+
+    [[nodiscard]] bool allSettled() const {
+        for (std::size_t number = 0; number < outcome_.writes.size(); ++number) {
+            const Write_Record& each = outcome_.writes[number];
+            if (each.progress == Write_Progress::Sent && !each.verified && !cantBeReadBack(write(number)))
+                return false;
+        }
+        return true;
+    }
+
+    [[nodiscard]] bool somethingSent() const {
+        return std::any_of(outcome_.writes.begin(), outcome_.writes.end(),
+                           [](const Write_Record& each) { return each.progress == Write_Progress::Sent; });
+    }
+
+    /// Read back for as long as a controller may take to store; then all once more, unless that reading was
+    /// of all. What was read counts only when the controller is still the same after it.
+    void readBack() {
+        if (!somethingSent()) return;
+        const bool early = std::any_of(outcome_.writes.begin(), outcome_.writes.end(),
+                                       [](const Write_Record& each) { return each.verified; });
+        compare::Controller_Registers now = readTouched(false);
+        bool repeated = false;
+        while (!holdsAll(now) && line_.now() < lastWrite_ + storingTime && !line_.cancelled()) {
+            line_.pause(betweenReadings);
+            now = readTouched(false);
+            repeated = true;
+        }
+        std::optional<compare::Controller_Registers> once;
+        if (early || repeated) once = readTouched(true);
+        if (confirmController() == Next::Stop) return;
+        judge(now, false);
+        if (once) judge(*once, true);
+    }
+
+    [[nodiscard]] bool holdsAll(const compare::Controller_Registers& now) const {
+        for (std::size_t number = 0; number < outcome_.writes.size(); ++number) {
+            const Write_Record& each = outcome_.writes[number];
+            if (each.progress != Write_Progress::Sent || each.verified || cantBeReadBack(write(number)))
+                continue;
+            std::vector<std::optional<std::uint16_t>> found;
+            for (std::int32_t at = write(number).address; at <= write(number).last(); ++at)
+                found.push_back(now.valueAt(at));
+            if (!holds(write(number), each.sent, found)) return false;
+        }
+        return true;
+    }
+
+    /// A send that is to end still asks who was read back.
+    Next confirmController() {
+        const Send_End end = outcome_.end;
+        const std::string why = outcome_.why;
+        const Question_Answer answer = question_.ask(unit_);
+        outcome_.requests.reads += static_cast<std::size_t>(answer.requests);
+        journal_.note("identity", {{"verdict", answer.word}, {"why", answer.why}});
+        if (answer.end == Question_End::Wrong) return wrongController(sinceQuestion_, answer.why);
+        if (answer.end == Question_End::Go_On) {
+            outcome_.end = end;
+            outcome_.why = why;
+            return Next::Go_On;
+        }
+        if (end == Send_End::Finished) return stop(Send_End::Interrupted, answer.why);
+        return Next::Stop;
+    }
+
+    void end() {
+        outcome_.unit = unit_;
+        Json verified = Json::array();
+        for (std::size_t number = 0; number < outcome_.writes.size(); ++number)
+            if (outcome_.writes[number].verified) verified.push_back(number);
+        journal_.note("end", {{"end", outcome_.end == Send_End::Finished ? "finished" : "interrupted"},
+                              {"why", outcome_.why},
+                              {"verified", verified}});
+    }
+
+    Unit_Writer& line_;
+    Controller_Question& question_;
+    Run_Journal& journal_;
+    std::function<bool()> stopWanted_;
+    std::function<void(std::size_t, std::size_t)> told_;
+    const Send_Order& order_;
+    std::int32_t unit_;
+    std::optional<Line_Settings> settings_;         ///< once the line was changed
+    std::map<std::int32_t, std::uint16_t> present_; ///< what the registers hold, as far as is known
+    Send_Outcome outcome_;
+    Micros lastWrite_ = 0;
+    Micros lastQuestion_ = 0;
+    std::set<std::size_t> sinceQuestion_; ///< writes since somebody was known to be there
+    bool stopped_ = false;
+};
+
+} // namespace
+
+bool Send_Outcome::somethingWritten() const { return requests.writes > 0; }
+
+Send_Outcome send(const Send_Services& services, const Send_Order& order) {
+    return Sender(services, order).run();
+}
+
+} // namespace zorvane::commission

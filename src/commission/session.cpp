@@ -1,0 +1,352 @@
+// SPDX-License-Identifier: MIT
+#include "commission/session.h"
+
+#include "commission/identity_question.h"
+#include "commission/plan/comparison_json.h"
+#include "values/code_page.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zorvane::commission {
+
+namespace {
+
+std::string lineText(const Json& json) {
+    return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+Json optionalText(const std::optional<std::string>& text) { return text ? Json(toUtf8(*text)) : Json(); }
+
+std::string rangeText(const std::vector<Register_Range>& ranges) {
+    std::string text;
+    for (const Register_Range& range : ranges)
+        text += (text.empty() ? "" : ", ") + std::to_string(range.first) +
+                (range.first == range.last ? "" : "-" + std::to_string(range.last));
+    return text;
+}
+
+/// What is wrong with the controller, in a sentence.
+std::string whyNot(const compare::Identity& identity) {
+    std::string why = "The controller isn't a " + identity.model;
+    for (const compare::Evidence& each : identity.evidence)
+        if (each.result == compare::Fit::Doesnt_Fit) {
+            why += ": register " + each.registers + " holds \"" + each.found + "\" and not \"" +
+                   each.expected + "\"";
+            break;
+        }
+    return why + ".";
+}
+
+/// A kept plan as a run, so that its registers are judged by the same rule.
+Kept_Run unsent(const Plan_Paper& paper) {
+    Kept_Run run;
+    run.paper = paper;
+    return run;
+}
+
+std::map<std::int32_t, std::uint16_t> presentOf(const std::vector<Plan_Write>& writes,
+                                                const compare::Controller_Registers& registers) {
+    std::map<std::int32_t, std::uint16_t> present;
+    for (const Plan_Write& write : writes)
+        for (std::int32_t number = write.address; number <= write.last(); ++number)
+            if (const auto value = registers.valueAt(number)) present[number] = *value;
+    return present;
+}
+
+std::string strangeText(const std::vector<Strange_Register>& strange) {
+    std::string text = "Nothing is written, since these registers hold neither what was there nor what the "
+                       "run left:";
+    for (const Strange_Register& each : strange)
+        text += " " + std::to_string(each.number) + " (" +
+                (each.before ? "was " + std::to_string(*each.before) + ", " : "") + "left " +
+                std::to_string(each.left) + ", now " + std::to_string(each.now) + ")";
+    return text + ".";
+}
+
+} // namespace
+
+Session_End Session::failed(Step step, std::string why) {
+    Session_End end;
+    end.step = step;
+    end.why = std::move(why);
+    return end;
+}
+
+// Looking.
+
+Controller_Look Session::look(const std::set<std::int32_t>& more) {
+    Whole_Reading reading =
+        readWhole(services_.line, document_.unit, document_.document, document_.section, more);
+    Controller_Look look;
+    look.requests = reading.requests;
+    look.registers = std::move(reading.registers);
+    look.identity =
+        compare::identityOf(document_.document, document_.section, document_.unit, {look.registers, {}});
+    if (reading.cancelled || !reading.answered) {
+        look.step = Step::Failed;
+        look.why = reading.cancelled ? "Stopped." : "The controller doesn't answer: " + reading.why + ".";
+    } else if (look.identity.verdict == compare::Verdict::Isnt && !although_) {
+        look.step = Step::Wrong_Controller;
+        look.why = whyNot(look.identity);
+    }
+    return look;
+}
+
+Plan Session::plan(const Controller_Look& look, const Chosen_Cells& chosen,
+                   const Controller_Look* earlier) const {
+    return makePlan({document_.document, document_.section, look.registers, chosen, document_.stray,
+                     earlier != nullptr ? &earlier->registers : nullptr});
+}
+
+Plan_Paper Session::paper(const Plan& plan, const Controller_Look& look) const {
+    Plan_Paper paper;
+    paper.templateFile = document_.templateFile;
+    paper.document = document_.documentFile;
+    paper.identity = identityJson(look.identity);
+    paper.port = document_.port;
+    paper.unit = document_.unit;
+    paper.settings = formatLineSettings(document_.line);
+    paper.counts = countsJson(plan.comparison.counts);
+    paper.rows = Json::array();
+    for (const compare::Row& row : plan.comparison.rows)
+        if (row.sign != compare::Sign::Equal) paper.rows.push_back(rowJson(row));
+    paper.writes = plan.writes;
+    paper.before = plan.before;
+    return paper;
+}
+
+Session_End Session::checkPaper(const Plan_Paper& paper) const {
+    if (paper.templateFile.sha256 != document_.templateFile.sha256)
+        return failed(Step::Stale, "The template was changed since the plan was made. Make a new plan.");
+    if (paper.document.sha256 != document_.documentFile.sha256)
+        return failed(Step::Stale, "The document was changed since the plan was made. Make a new plan.");
+    if (paper.unit != document_.unit)
+        return failed(Step::Stale, "The plan is for unit " + std::to_string(paper.unit) + ", not for " +
+                                       std::to_string(document_.unit) + ".");
+    return {};
+}
+
+Session_End Session::checkRegisters(const Plan_Paper& paper, const std::vector<Plan_Write>& writes,
+                                    const Controller_Look& look) const {
+    const Further_Writes further = furtherWrites(unsent(paper), writes, look.registers, document_.section);
+    if (further.strange.empty()) return {};
+    Session_End end = failed(Step::Stale, "The plan is stale. " + strangeText(further.strange));
+    end.strange = further.strange;
+    end.identity = look.identity;
+    return end;
+}
+
+std::optional<std::vector<Plan_Write>> Session::completed(const Plan_Paper& paper) const {
+    std::vector<Plan_Write> writes = paper.writes;
+    if (!completeWrites(writes, document_.document, document_.section)) return std::nullopt;
+    return writes;
+}
+
+// Sending.
+
+Session_End Session::perform(const Task& task, Run_Folder& folder, const Controller_Look& look) {
+    Run_Journal journal(folder, services_.clock);
+    Identity_Question question(
+        {services_.line, document_.document, document_.section, look.identity, although_.has_value()});
+    const Send_Order order{task.writes,
+                           task.present,
+                           readBlocks(document_.document),
+                           document_.section.writeOnly,
+                           lineChanges(document_.document, document_.section, task.writes),
+                           document_.unit,
+                           document_.line,
+                           document_.retries,
+                           task.done};
+    const Send_Outcome outcome =
+        commission::send({services_.line, question, journal, services_.stopWanted, services_.told}, order);
+    Session_End end;
+    end.run = folder.name();
+    end.identity = look.identity;
+    end.report = reportOf(task.cells, task.writes, task.before, outcome);
+    end.requests = outcome.requests;
+    end.requests.reads += look.requests;
+    conclude(end, outcome, folder);
+    return end;
+}
+
+void Session::conclude(Session_End& end, const Send_Outcome& outcome, Run_Folder& folder) {
+    const bool all = end.report.counts.of(Value_State::Verified) == end.report.counts.rows();
+    end.why = outcome.why;
+    switch (outcome.end) {
+    case Send_End::Finished:
+        end.step = all ? Step::Good : Step::Incomplete;
+        break;
+    case Send_End::Unit_Taken:
+        end.step = Step::Failed;
+        break;
+    case Send_End::Wrong_Controller:
+        end.step = Step::Wrong_Controller;
+        break;
+    case Send_End::Interrupted:
+        end.step = outcome.somethingWritten() ? Step::Incomplete : Step::Failed;
+        break;
+    }
+    Json result = endJson(end);
+    result["state"] = outcome.end == Send_End::Finished ? "finished" : "interrupted";
+    result["why"] = toUtf8(end.why);
+    std::string fault = folder.put(afterFile, lineText(registersJson(outcome.after.values())));
+    if (fault.empty()) fault = folder.put(resultFile, lineText(result));
+    if (fault.empty() || end.step == Step::Failed) return;
+    end.step = end.step == Step::Good ? Step::Incomplete : end.step;
+    end.why += (end.why.empty() ? "" : " ") + ("The run's folder can't be written: " + fault);
+}
+
+Session_End Session::send(const Plan& plan, const Controller_Look& look) {
+    if (plan.failure)
+        return failed(Step::Failed, "A download fails on field " + std::to_string(plan.failure->place.field) +
+                                        ", row " + std::to_string(plan.failure->place.row) + ", column " +
+                                        std::to_string(plan.failure->place.column) + ": " +
+                                        plan.failure->description + ". Nothing was sent.");
+    Session_End end;
+    end.identity = look.identity;
+    end.requests.reads = look.requests;
+    if (!plan.unread.empty()) {
+        end.step = Step::Cant_Tell;
+        end.why = "Nothing is sent, since these registers couldn't be read and a write needs them: " +
+                  rangeText(plan.unread) + ". Leave their values out by naming others with --only.";
+        return end;
+    }
+    if (plan.writes.empty()) {
+        end.report = reportOf(plan.cells, plan.writes, plan.before, {});
+        if (end.report.counts.rows() > 0) end.step = Step::Incomplete;
+        return end;
+    }
+    const Plan_Paper paper = this->paper(plan, look);
+    Run_Head head;
+    head.model = document_.document.Controller_Model;
+    head.unit = document_.unit;
+    head.although = although_;
+    head.program = document_.program;
+    Opened_Run run = beginRun(services_.runs, services_.clock,
+                              {head, paper, document_.controllerFileName,
+                               services_.controllerFile ? services_.controllerFile(look.registers) : ""});
+    if (!run.folder) {
+        end.step = Step::Failed;
+        end.why =
+            "No run folder can be made in " + services_.runs.place() + ": " + run.why + ". Nothing was sent.";
+        return end;
+    }
+    return perform({plan.writes, plan.cells, plan.before, plan.before, {}}, *run.folder, look);
+}
+
+Session_End Session::resume(const std::string& name, const Kept_Run& run, const Controller_Look& look) {
+    const auto writes = completed(run.paper);
+    if (!writes) return failed(Step::Stale, "The template has other cells than the run's.");
+    const Further_Writes further = furtherWrites(run, *writes, look.registers, document_.section);
+    Session_End end;
+    end.run = name;
+    end.identity = look.identity;
+    end.requests.reads = look.requests;
+    end.strange = further.strange;
+    if (!further.strange.empty()) {
+        end.step = Step::Stale;
+        end.why = strangeText(further.strange);
+        return end;
+    }
+    if (!further.unread.empty()) {
+        end.step = Step::Cant_Tell;
+        end.why =
+            "Nothing is sent, since these registers couldn't be read: " + rangeText(further.unread) + ".";
+        return end;
+    }
+    Opened_Run opened = services_.runs.open(name);
+    if (!opened.folder) {
+        end.step = Step::Failed;
+        end.why = "The run " + name + " can't be opened: " + opened.why + ". Nothing was sent.";
+        return end;
+    }
+    return perform({*writes, plannedCells(*writes, document_.document), run.paper.before,
+                    presentOf(*writes, look.registers), further.done},
+                   *opened.folder, look);
+}
+
+Further_Writes Session::restoration(const Kept_Run& run, const Controller_Look& look) const {
+    const auto writes = completed(run.paper);
+    if (!writes) return {};
+    return restoringWrites(run, *writes, plannedCells(*writes, document_.document), look.registers,
+                           document_.section);
+}
+
+Session_End Session::restore(const std::string& name, const Kept_Run& run, const Controller_Look& look) {
+    if (!completed(run.paper)) return failed(Step::Stale, "The template has other cells than the run's.");
+    const Further_Writes back = restoration(run, look);
+    Session_End end;
+    end.identity = look.identity;
+    end.requests.reads = look.requests;
+    end.strange = back.strange;
+    if (!back.strange.empty()) {
+        end.step = Step::Stale;
+        end.why = strangeText(back.strange);
+        return end;
+    }
+    if (!back.unread.empty()) {
+        end.step = Step::Cant_Tell;
+        end.why = "Nothing is sent, since these registers couldn't be read: " + rangeText(back.unread) + ".";
+        return end;
+    }
+    Plan_Paper paper = run.paper;
+    paper.identity = identityJson(look.identity);
+    paper.unit = document_.unit;
+    paper.settings = formatLineSettings(document_.line);
+    paper.port = document_.port;
+    paper.writes = back.writes;
+    paper.before = presentOf(back.writes, look.registers);
+    paper.run = name;
+    Run_Head head;
+    head.model = document_.document.Controller_Model;
+    head.unit = document_.unit;
+    head.although = although_;
+    head.restores = name;
+    head.program = document_.program;
+    Opened_Run opened = beginRun(services_.runs, services_.clock,
+                                 {head, paper, document_.controllerFileName,
+                                  services_.controllerFile ? services_.controllerFile(look.registers) : ""});
+    if (!opened.folder) {
+        end.step = Step::Failed;
+        end.why = "No run folder can be made in " + services_.runs.place() + ": " + opened.why +
+                  ". Nothing was sent.";
+        return end;
+    }
+    std::vector<Planned_Cell> cells = back.impossible;
+    for (Planned_Cell& cell : plannedCells(back.writes, document_.document))
+        cells.push_back(std::move(cell));
+    end = perform({back.writes, cells, paper.before, paper.before, {}}, *opened.folder, look);
+    if (end.step != Step::Good && !(end.step == Step::Incomplete && !back.impossible.empty())) return end;
+    if (const Opened_Run original = services_.runs.open(name); original.folder)
+        (void)original.folder->put(restoredFile, end.run + "\n");
+    return end;
+}
+
+// As JSON.
+
+Json identityJson(const compare::Identity& identity) {
+    Json evidence = Json::array();
+    for (const compare::Evidence& each : identity.evidence)
+        evidence.push_back({{"register", toUtf8(each.registers)},
+                            {"what", toUtf8(each.what)},
+                            {"expected", toUtf8(each.expected)},
+                            {"found", toUtf8(each.found)},
+                            {"result", compare::fitWord(each.result)}});
+    return {{"verdict", compare::verdictWord(identity.verdict)},
+            {"model", toUtf8(identity.model)},
+            {"unit", identity.unit},
+            {"serial", optionalText(identity.serial)},
+            {"firmware", optionalText(identity.firmware)},
+            {"evidence", evidence}};
+}
+
+Json endJson(const Session_End& end) {
+    return {{"run", end.run.empty() ? Json() : Json(end.run)},
+            {"identity", end.identity ? identityJson(*end.identity) : Json()},
+            {"counts", countsJson(end.report.counts)},
+            {"rows", rowsJson(end.report)},
+            {"requests", {{"reads", end.requests.reads}, {"writes", end.requests.writes}}}};
+}
+
+} // namespace zorvane::commission

@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: MIT
+// A document and its controller in memory: what is sent, what came of it, and what is said.
+#include "commission/testing/session_bench.h"
+
+#include <gmock/gmock.h>
+
+namespace zorvane::commission {
+namespace {
+
+using doubles::Session_Bench;
+using ::testing::HasSubstr;
+
+std::vector<std::string> statesOf(const Session_End& end) {
+    std::vector<std::string> states;
+    for (const Sent_Row& row : end.report.rows)
+        states.push_back(row.address + " " + std::string(valueStateWord(row.state)));
+    return states;
+}
+
+TEST(Session, SendsWhatDiffersAndNothingElse) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "50");
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Good);
+    EXPECT_EQ(statesOf(end), (std::vector<std::string>{"11 verified"}));
+    EXPECT_EQ(bench.toy.registers.at(11), 50);
+    EXPECT_EQ(bench.toy.writes, 1);
+    EXPECT_EQ(end.requests.writes, 1U);
+    EXPECT_EQ(end.run, "20261122-084005-PUMP-1-1");
+}
+
+TEST(Session, ASecondSendHasNothingToWrite) {
+    Session_Bench bench;
+    bench.changeMuch();
+    EXPECT_EQ(bench.send().step, Step::Good);
+    const int writes = bench.toy.writes;
+    const Session_End again = bench.send();
+    EXPECT_EQ(again.step, Step::Good);
+    EXPECT_EQ(again.run, "");
+    EXPECT_EQ(bench.toy.writes, writes);
+}
+
+TEST(Session, TheOtherHalfAndTheOtherPartOfATimeAreTheControllersOwn) {
+    Session_Bench bench;
+    bench.toy.registers[16] = 0x0732;
+    bench.toy.registers[17] = 2 * 60 + 44;
+    bench.set(1, 5, 2, "9");
+    bench.set(1, 7, 2, "3");
+    const Session_End end = bench.send(Chosen_Cells({{1, 5, 2}, {1, 7, 2}}));
+    EXPECT_EQ(end.step, Step::Good) << end.why;
+    EXPECT_EQ(bench.toy.registers.at(16), 0x0932);
+    EXPECT_EQ(bench.toy.registers.at(17), 3 * 60 + 44);
+}
+
+TEST(Session, HalvesOfOneRegisterGoOutInOneWrite) {
+    Session_Bench bench;
+    bench.set(1, 5, 2, "9");
+    bench.set(1, 6, 2, "10");
+    const Session_End end = bench.send();
+    EXPECT_EQ(statesOf(end), (std::vector<std::string>{"16/HI verified", "16/LO verified"}));
+    EXPECT_EQ(bench.toy.registers.at(16), 0x090A);
+    EXPECT_EQ(bench.toy.writes, 1);
+}
+
+TEST(Session, ARegisterKeptBackFromDownloadsIsntSent) {
+    Session_Bench bench;
+    bench.set(1, 10, 2, "7");
+    EXPECT_EQ(bench.send().step, Step::Good);
+    EXPECT_EQ(bench.send(Chosen_Cells({{1, 10, 2}})).step, Step::Good);
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(Session, ARefusalIsARefusal) {
+    Session_Bench bench;
+    bench.changeMuch();
+    bench.toy.refusing = {11};
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Incomplete);
+    EXPECT_EQ(end.report.counts.of(Value_State::Refused), 1U);
+    EXPECT_EQ(end.report.counts.of(Value_State::Verified), 7U);
+    EXPECT_EQ(end.report.rows.at(1).answer, "exception 3");
+}
+
+TEST(Session, WhatIsAcknowledgedAndNotKeptIsStoredOtherwise) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "50");
+    bench.toy.onStore = [](std::int32_t, std::uint16_t) { return std::uint16_t{40}; };
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Incomplete);
+    const Sent_Row& row = end.report.rows.at(0);
+    EXPECT_EQ(row.state, Value_State::Stored_Otherwise);
+    EXPECT_EQ(row.sent, (Known_Registers{50}));
+    EXPECT_EQ(row.readBack, (Known_Registers{40}));
+}
+
+TEST(Session, AValueOutsideItsLimitsNeedsItsName) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "95");
+    bench.stray = {{{1, 2, 2}, "its value 95 is outside its limits"}};
+    const Session_End held = bench.send();
+    EXPECT_EQ(held.step, Step::Incomplete);
+    EXPECT_EQ(statesOf(held), (std::vector<std::string>{"11 not_sent"}));
+    EXPECT_EQ(held.report.rows.at(0).answer, "its value 95 is outside its limits");
+    EXPECT_EQ(bench.toy.writes, 0);
+    EXPECT_EQ(bench.send(Chosen_Cells({{1, 2, 0}})).step, Step::Good);
+    EXPECT_EQ(bench.toy.registers.at(11), 95);
+}
+
+TEST(Session, AnUnreadBlockStopsTheSend) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "50");
+    for (std::int32_t number = 10; number <= 20; ++number)
+        bench.toy.unreadable.insert(number);
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Cant_Tell);
+    EXPECT_THAT(end.why, HasSubstr("10-18, 20"));
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(Session, ATextThatNoRegisterHoldsStopsThePlan) {
+    Session_Bench bench;
+    bench.set(1, 4, 2, std::string(1, static_cast<char>(196)) + "RZTE");
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Failed);
+    EXPECT_THAT(end.why, HasSubstr("field 1, row 4, column 2"));
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(Session, AnotherControllerStopsBeforeTheFirstWrite) {
+    Session_Bench bench;
+    bench.changeMuch();
+    bench.toy.registers[30] = 99;
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Wrong_Controller);
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(Session, NoFolderNoWrite) {
+    Session_Bench bench;
+    bench.changeMuch();
+    bench.runs.full = true;
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Failed);
+    EXPECT_EQ(end.why,
+              "No run folder can be made in /state/runs: No space left on device. Nothing was sent.");
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(Session, ADiskThatFillsUpStopsBeforeTheNextWrite) {
+    Session_Bench bench;
+    bench.changeMuch();
+    int lines = 0;
+    bench.runs.onLine = [&](std::string_view) { bench.runs.full = ++lines >= 6; };
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Incomplete);
+    EXPECT_THAT(end.why, HasSubstr("No space left on device"));
+    EXPECT_LT(bench.toy.writes, 7);
+}
+
+TEST(Session, WriteOnlyRegistersEndUnknown) {
+    Session_Bench bench(doubles::pumpIdentity + "WRITEONLY=12\n");
+    bench.toy.unreadable = {12};
+    bench.set(1, 3, 2, "0:45");
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Incomplete);
+    EXPECT_EQ(statesOf(end), (std::vector<std::string>{"12 unknown"}));
+    EXPECT_EQ(bench.toy.registers.at(12), 45);
+}
+
+TEST(Session, WhatStopsAProcessGoesOutLast) {
+    Session_Bench bench(doubles::pumpIdentity + "LAST=10-11\n");
+    bench.changeMuch();
+    Session session = bench.session();
+    const Plan plan = session.plan(session.look(), {});
+    ASSERT_EQ(plan.writes.size(), 8U);
+    EXPECT_EQ(plan.writes.at(6).stage, Stage::Last);
+    EXPECT_EQ(plan.writes.at(7).stage, Stage::Last);
+}
+
+TEST(Session, ATakenUnitNumberStopsBeforeTheFirstWrite) {
+    Session_Bench bench(doubles::pumpIdentity + "LINK=unit:19\n");
+    bench.set(1, 2, 2, "50");
+    bench.set(1, 10, 2, "7");
+    bench.toy.units = {1, 7};
+    const Session_End end = bench.send(Chosen_Cells({{1, 2, 2}, {1, 10, 2}}));
+    EXPECT_EQ(end.step, Step::Failed);
+    EXPECT_EQ(end.why, "Unit 7 answers already, so the controller can't get this number.");
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(Session, AnUnnamedUnitNumberStays) {
+    Session_Bench bench(doubles::pumpIdentity + "LINK=unit:19\n");
+    bench.set(1, 10, 2, "7");
+    EXPECT_EQ(bench.send().step, Step::Good);
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(Session, RestoreBringsBackWhatWasThereAndMarksTheRun) {
+    Session_Bench bench;
+    const auto before = bench.toy.registers;
+    bench.changeMuch();
+    const std::string run = bench.send().run;
+    const Session_End end = bench.restore(run);
+    EXPECT_EQ(end.step, Step::Good) << end.why;
+    EXPECT_EQ(bench.toy.registers, before);
+    const auto runs = listRuns(bench.runs);
+    ASSERT_EQ(runs.size(), 2U);
+    EXPECT_EQ(runs.at(1).state, Run_State::Restored);
+    EXPECT_EQ(runs.at(0).head.restores, run);
+}
+
+TEST(Session, ARegisterThatSomebodyElseChangedStopsTheRestoration) {
+    Session_Bench bench;
+    bench.changeMuch();
+    const std::string run = bench.send().run;
+    bench.toy.registers[11] = 77;
+    const int writes = bench.toy.writes;
+    const Session_End end = bench.restore(run);
+    EXPECT_EQ(end.step, Step::Stale);
+    EXPECT_THAT(end.why, HasSubstr("11 (was 65531, left 50, now 77)"));
+    EXPECT_EQ(bench.toy.writes, writes);
+}
+
+TEST(Session, AKeptPlanIsDoneOnceAndStaleOnceARegisterIsOtherwise) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "50");
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    const auto paper = parsePaper(paperJson(session.paper(session.plan(look, {}), look)).dump());
+    ASSERT_TRUE(paper);
+    auto writes = paper->writes;
+    ASSERT_TRUE(completeWrites(writes, bench.bench.document, bench.section));
+    EXPECT_EQ(session.checkPaper(*paper).step, Step::Good);
+    bench.toy.registers[11] = 50;
+    EXPECT_EQ(session.checkRegisters(*paper, writes, session.look()).step, Step::Good);
+    bench.toy.registers[11] = 77;
+    EXPECT_EQ(session.checkRegisters(*paper, writes, session.look()).step, Step::Stale);
+}
+
+TEST(Session, CountsAddUpInEveryObject) {
+    Session_Bench bench;
+    bench.changeMuch();
+    bench.toy.refusing = {11, 12};
+    const Json json = endJson(bench.send());
+    const Json& counts = json.at("counts");
+    const int sum = counts.at("verified").get<int>() + counts.at("refused").get<int>() +
+                    counts.at("stored_otherwise").get<int>() + counts.at("unknown").get<int>() +
+                    counts.at("not_sent").get<int>();
+    EXPECT_EQ(sum, counts.at("rows").get<int>());
+    EXPECT_EQ(json.at("rows").size(), counts.at("rows").get<std::size_t>());
+}
+
+} // namespace
+} // namespace zorvane::commission
