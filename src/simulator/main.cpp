@@ -2,8 +2,11 @@
 #include "simulator/controller/controller.h"
 #include "simulator/line/frame_log.h"
 #include "simulator/line/line_server.h"
+#include "simulator/line/mbap_collector.h"
 #include "simulator/line/pseudo_terminal.h"
+#include "simulator/line/request_collector.h"
 #include "simulator/line/serial_device.h"
+#include "simulator/line/tcp_line.h"
 #include "simulator/options.h"
 #include "simulator/registers/document_registers.h"
 #include "simulator/registers/register_storage.h"
@@ -101,19 +104,44 @@ Controller controller(const Options& options) {
     return {map, options.slave, options.faults, options.seed, traits(options)};
 }
 
-std::unique_ptr<Line_Port> openPort(const Options& options) {
-    if (!options.ptyLink.empty()) return std::make_unique<Pseudo_Terminal>(options.ptyLink);
-    return std::make_unique<Serial_Device>(options.device, options.settings);
+/// The line, and the name under which clients find it.
+struct Named_Port {
+    std::unique_ptr<Line_Port> port;
+    std::string name;
+};
+
+Named_Port listenAt(const Options& options) {
+    auto line = std::make_unique<Tcp_Line>(options.listenAddress, *options.tcpPort);
+    if (!isLoopback(options.listenAddress))
+        warn("anybody on the network can reach this controller at " + line->hostAndPort());
+    const std::string name = (options.rtuOverTcp ? "rtu+tcp:" : "tcp:") + line->hostAndPort();
+    return {std::move(line), name};
+}
+
+Named_Port openPort(const Options& options) {
+    if (options.tcpPort) return listenAt(options);
+    if (!options.ptyLink.empty())
+        return {std::make_unique<Pseudo_Terminal>(options.ptyLink), options.ptyLink};
+    return {std::make_unique<Serial_Device>(options.device, options.settings), options.device};
+}
+
+std::unique_ptr<Line_Framing> framing(const Options& options, Controller& simulated) {
+    if (speaksModbusTcp(options))
+        return std::make_unique<Mbap_Collector>(
+            [&simulated](Bytes_View body) { return simulated.sealed(body); });
+    return std::make_unique<Request_Collector>(
+        paceOf(options), [&simulated](Bytes_View frame) { return simulated.checkSumRight(frame); });
 }
 
 void serve(const Options& options) {
     const Unique_Fd end = endSignals();
     Controller simulated = controller(options);
     Frame_Log log(options.log, std::cout, std::cerr, std::chrono::steady_clock::now());
-    const auto port = openPort(options);
-    Line_Server server(*port, simulated, log,
+    const Named_Port line = openPort(options);
+    const auto frames = framing(options, simulated);
+    Line_Server server(*line.port, *frames, simulated, log,
                        {paceOf(options), std::chrono::milliseconds(options.turnaroundMs)});
-    std::cout << "ready " << (options.ptyLink.empty() ? options.device : options.ptyLink) << std::endl;
+    std::cout << "ready " << line.name << std::endl;
     server.run(end.get());
 }
 

@@ -82,7 +82,16 @@ void addOptions(CLI::App& app, Options& options, Texts& texts) {
         app.add_option_group("Line", "where clients find the controller: exactly one of these");
     line->add_option("--pty", options.ptyLink, "Link to make to a new pseudo-terminal");
     line->add_option("--port", options.device, "Serial port to use");
+    auto* const tcp = line->add_option("--tcp", options.tcpPort,
+                                       "Modbus TCP at this port of the loopback; 0 takes a free one")
+                          ->check(CLI::Range(0, 65535));
     line->require_option(1);
+    app.add_option("--listen", options.listenAddress, "With --tcp: the address to listen at")
+        ->needs(tcp)
+        ->capture_default_str();
+    app.add_flag("--rtu-over-tcp", options.rtuOverTcp,
+                 "With --tcp: the frames of a serial line instead of Modbus TCP's")
+        ->needs(tcp);
     app.add_option("--settings", texts.settings, "Line settings")
         ->check(settingsComplaint, "SETTINGS")
         ->capture_default_str();
@@ -124,13 +133,26 @@ std::string exchangeComplaint(const Exchange_Options& exchange) {
     return {};
 }
 
+/// Frames of Modbus TCP have no check sum, and nobody echoes on a network.
+std::string networkComplaint(const Options& options) {
+    const bool needsLine =
+        std::any_of(options.faults.begin(), options.faults.end(), [](const Fault_Rule& fault) {
+            return fault.kind == Fault_Kind::Crc || fault.kind == Fault_Kind::Echo;
+        });
+    if (!needsLine || !speaksModbusTcp(options)) return {};
+    return "crc and echo need the frames of a serial line: leave them out, or add --rtu-over-tcp";
+}
+
 /// Empty when the options fit together.
 std::string combinationComplaint(const Options& options) {
     const bool unplugs =
         std::any_of(options.faults.begin(), options.faults.end(),
                     [](const Fault_Rule& fault) { return fault.kind == Fault_Kind::Unplug; });
-    if (unplugs && options.ptyLink.empty()) return "unplug needs a pseudo-terminal (--pty)";
-    if (options.ptyLink.empty() && options.device.empty()) return "--pty and --port need a name";
+    if (unplugs && options.ptyLink.empty() && !options.tcpPort)
+        return "unplug needs a pseudo-terminal (--pty)";
+    if (options.ptyLink.empty() && options.device.empty() && !options.tcpPort)
+        return "--pty and --port need a name";
+    if (std::string complaint = networkComplaint(options); !complaint.empty()) return complaint;
     return exchangeComplaint(options.exchange);
 }
 

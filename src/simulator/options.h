@@ -29,8 +29,11 @@ struct Options {
     std::string configuration; ///< empty: the template's own values
     std::string registers;     ///< empty: none
     int slave = 1;
-    std::string ptyLink; ///< one of these two is set
+    std::string ptyLink; ///< one of these three is set
     std::string device;
+    std::optional<std::uint16_t> tcpPort; ///< 0: the system chooses
+    std::string listenAddress = "127.0.0.1";
+    bool rtuOverTcp = false; ///< the frames of a serial line over TCP
     Line_Settings settings;
     std::optional<int> pace; ///< baud; none: as fast as it goes
     int turnaroundMs = 0;
@@ -47,6 +50,11 @@ struct Options {
 /// The options, or the exit code with which to end: 0 after the help, 2 after wrong usage. Both are printed.
 [[nodiscard]] std::variant<Options, int> parseOptions(int argc, const char* const* argv, std::ostream& out,
                                                       std::ostream& complaints);
+
+/// Whether requests and answers are frames of Modbus TCP.
+[[nodiscard]] inline bool speaksModbusTcp(const Options& options) {
+    return options.tcpPort.has_value() && !options.rtuOverTcp;
+}
 
 /// The pace that the options ask for.
 [[nodiscard]] Line_Pace paceOf(const Options& options);

@@ -94,6 +94,41 @@ TEST(Options, AnUnplugNeedsAPseudoTerminal) {
               "unplug needs a pseudo-terminal (--pty)\nRun with --help for more information.\n");
 }
 
+TEST(Options, ANetworkIsAThirdKindOfLine) {
+    const auto options = [](std::vector<const char*> more) {
+        std::vector<const char*> arguments{"--template", "T.ZTP"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        return std::get<Options>(parse(arguments).result);
+    };
+    EXPECT_EQ(options({"--tcp", "0"}).tcpPort, 0);
+    EXPECT_EQ(options({"--tcp", "0"}).listenAddress, "127.0.0.1");
+    EXPECT_TRUE(speaksModbusTcp(options({"--tcp", "502", "--listen", "::1"})));
+    EXPECT_EQ(options({"--tcp", "502", "--listen", "::1"}).listenAddress, "::1");
+    EXPECT_FALSE(speaksModbusTcp(options({"--tcp", "502", "--rtu-over-tcp"})));
+    EXPECT_FALSE(speaksModbusTcp(options({"--pty", "line"})));
+    EXPECT_EQ(options({"--tcp", "0", "--fault", "unplug", "--fault", "noise=3"}).faults.size(), 2U);
+    EXPECT_EQ(options({"--tcp", "0", "--rtu-over-tcp", "--fault", "crc"}).faults.size(), 1U);
+}
+
+TEST(Options, WhatANetworkCannotDoEndsWith2) {
+    const auto complaints = [](std::vector<const char*> more) {
+        std::vector<const char*> arguments{"--template", "T.ZTP"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const Parsed parsed = parse(arguments);
+        EXPECT_EQ(std::get<int>(parsed.result), 2);
+        return parsed.complaints;
+    };
+    for (const char* fault : {"crc", "echo:5%"})
+        EXPECT_EQ(complaints({"--tcp", "0", "--fault", fault}),
+                  "crc and echo need the frames of a serial line: leave them out, or add --rtu-over-tcp\n"
+                  "Run with --help for more information.\n");
+    EXPECT_NE(complaints({"--tcp", "65536"}), "");
+    EXPECT_NE(complaints({"--tcp", "x"}), "");
+    EXPECT_NE(complaints({"--tcp", "0", "--pty", "line"}), "");
+    EXPECT_NE(complaints({"--pty", "line", "--listen", "::1"}), "");
+    EXPECT_NE(complaints({"--pty", "line", "--rtu-over-tcp"}), "");
+}
+
 TEST(Options, QuirksObjectsStorageAndAnExchange) {
     const Parsed parsed = parse({"--template",
                                  "T.ZTP",

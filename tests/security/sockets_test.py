@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: MIT
-"""The simulated controller can be reached by its pseudo-terminal and by nothing else.
+"""The simulated controller can be reached by its line and by nothing else: a pseudo-terminal, or with --tcp one socket
+that listens on the loopback.
 
     sockets_test.py PROGRAMS TEMPLATE
 """
@@ -36,7 +37,28 @@ def reachable(pid):
     return lines
 
 
+def listens_on_loopback(pid, number):
+    """Whether the process has one socket of a network, which listens at that port of 127.0.0.1."""
+    lines = reachable(pid)
+    listening = "0A"  # the kernel's number for the state
+    return len(lines) == 1 and lines[0].split()[1] == f"0100007F:{number:04X}" and lines[0].split()[3] == listening
+
+
+def on_a_network(programs, template):
+    command = [os.path.join(programs, "zorvane-sim"), "--template", template, "--tcp", "0"]
+    with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE) as controller:
+        try:
+            ready = controller.stdout.readline().decode()
+            assert ready.startswith("ready tcp:127.0.0.1:"), ready
+            number = int(ready.rsplit(":", 1)[1])
+            assert listens_on_loopback(controller.pid, number), reachable(controller.pid)
+        finally:
+            controller.terminate()
+        assert controller.stderr.read() == b"", "the loopback needs no warning"
+
+
 def main(programs, template):
+    on_a_network(programs, template)
     with tempfile.TemporaryDirectory() as folder:
         command = [os.path.join(programs, "zorvane-sim"), "--template", template, "--pty", folder + "/line"]
         with subprocess.Popen(command, stdout=subprocess.PIPE) as controller:

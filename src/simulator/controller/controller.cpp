@@ -33,6 +33,8 @@ void nameQuirks(Frame_Record& record, const std::vector<const Quirk_Rule*>& quir
         record.quirk += (record.quirk.empty() ? "" : ", ") + rule->text;
 }
 
+Bytes asItIs(Bytes_View frame) { return {frame.begin(), frame.end()}; }
+
 } // namespace
 
 Controller::Controller(const Register_Map& map, int unit, std::vector<Fault_Rule> faults, std::uint64_t seed,
@@ -60,7 +62,7 @@ std::vector<std::string> Controller::elapse(Instant now) {
     return {"power on"};
 }
 
-Reaction Controller::take(Bytes_View request, Instant now) {
+Reaction Controller::take(Bytes_View request, Instant now, const Envelope& envelope) {
     Reaction reaction;
     reaction.events = elapse(now);
     const Frame_Facts facts = requestFacts(request);
@@ -70,7 +72,7 @@ Reaction Controller::take(Bytes_View request, Instant now) {
         return reaction;
     }
     if (powerIsCut(facts, reaction, now)) return reaction;
-    execute(request, reaction, now);
+    execute(request, reaction, now, envelope ? envelope : Envelope(asItIs));
     if (newUnit_) unit_ = slave_.setUnit(*std::exchange(newUnit_, std::nullopt));
     exchangeWhenDue(reaction);
     return reaction;
@@ -90,7 +92,7 @@ bool Controller::powerIsCut(const Frame_Facts& facts, Reaction& reaction, Instan
     return true;
 }
 
-void Controller::execute(Bytes_View request, Reaction& reaction, Instant now) {
+void Controller::execute(Bytes_View request, Reaction& reaction, Instant now, const Envelope& envelope) {
     const Frame_Facts facts = *reaction.received.facts;
     auto exception = refusal(request, facts);
     if (!exception) exception = quirkRefusal(facts);
@@ -104,11 +106,11 @@ void Controller::execute(Bytes_View request, Reaction& reaction, Instant now) {
     if (fault != nullptr) reaction.received.fault = fault->text;
     if (broadcast) reaction.received.note = "broadcast";
     if (broadcast && exception) return;
-    answerTo(request, fault, exception, reaction, now);
+    answerTo(request, fault, exception, reaction, now, envelope);
 }
 
 void Controller::answerTo(Bytes_View request, const Fault_Rule* fault, std::optional<int> exception,
-                          Reaction& reaction, Instant now) {
+                          Reaction& reaction, Instant now, const Envelope& envelope) {
     const Sealer sealed = [this](Bytes_View body) { return slave_.sealed(body); };
     const Frame_Facts facts = *reaction.received.facts;
     const bool executed = fault == nullptr || executes(fault->kind);
@@ -126,8 +128,8 @@ void Controller::answerTo(Bytes_View request, const Fault_Rule* fault, std::opti
             {copy, true, {}, {Direction::Out, copy, {}, fault->text, {}, "local echo"}});
     }
     if (answer.empty()) return;
-    const Damaged_Answer sent =
-        fault != nullptr ? damagedAnswer(*fault, answer, sealed, dice_) : Damaged_Answer{answer, answer};
+    const Damaged_Answer sent = fault != nullptr ? damagedAnswer(*fault, answer, sealed, dice_, envelope)
+                                                 : Damaged_Answer{envelope(answer), answer};
     if (sent.bytes.empty()) return;
     const bool late = fault != nullptr && fault->kind == Fault_Kind::Late;
     Frame_Record record{Direction::Out,          sent.bytes, answerFacts(sent.frame, facts),

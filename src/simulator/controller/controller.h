@@ -4,6 +4,7 @@
 #include "simulator/controller/device_identification.h"
 #include "simulator/controller/modbus_slave.h"
 #include "simulator/controller/register_memory.h"
+#include "simulator/faults/fault_effect.h"
 #include "simulator/faults/fault_picker.h"
 #include "simulator/faults/quirk_effect.h"
 #include "simulator/faults/quirk_picker.h"
@@ -60,9 +61,11 @@ class Controller {
     Controller& operator=(const Controller&) = delete;
 
     /// Takes a whole request whose check sum is right. Requests for other units lead to nothing, broadcasts
-    /// are executed and not answered. Moments never go back.
-    [[nodiscard]] Reaction take(Bytes_View request, Instant now = {});
+    /// are executed and not answered. Moments never go back. Without an envelope answers go out as they are.
+    [[nodiscard]] Reaction take(Bytes_View request, Instant now = {}, const Envelope& envelope = {});
 
+    /// Unit, function and data with their check sum behind them.
+    [[nodiscard]] Bytes sealed(Bytes_View body) { return slave_.sealed(body); }
     [[nodiscard]] bool checkSumRight(Bytes_View frame) { return slave_.checkSumRight(frame); }
 
     /// When something happens without a request.
@@ -81,13 +84,13 @@ class Controller {
     [[nodiscard]] std::optional<int> refusal(Bytes_View request, const Frame_Facts& facts);
     [[nodiscard]] std::optional<int> quirkRefusal(const Frame_Facts& facts);
     [[nodiscard]] Touched_Registers touched(const Frame_Facts& facts) const;
-    void execute(Bytes_View request, Reaction& reaction, Instant now);
+    void execute(Bytes_View request, Reaction& reaction, Instant now, const Envelope& envelope);
     [[nodiscard]] Bytes rightAnswer(Bytes_View request, std::optional<int> exception, Frame_Record& received,
                                     Instant now);
     [[nodiscard]] Bytes writeAnswer(Bytes_View request, Frame_Record& received, Instant now);
     [[nodiscard]] Bytes identification(Bytes_View request);
     void answerTo(Bytes_View request, const Fault_Rule* fault, std::optional<int> exception,
-                  Reaction& reaction, Instant now);
+                  Reaction& reaction, Instant now, const Envelope& envelope);
     [[nodiscard]] bool powerIsCut(const Frame_Facts& facts, Reaction& reaction, Instant now);
     void exchangeWhenDue(Reaction& reaction);
 

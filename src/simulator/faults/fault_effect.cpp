@@ -83,8 +83,9 @@ Bytes replacedAnswer(const Fault_Rule& fault, Bytes_View request, const Sealer& 
     }
 }
 
-Damaged_Answer damagedAnswer(const Fault_Rule& fault, Bytes_View answer, const Sealer& sealed, Dice& dice) {
-    const auto same = [](Bytes bytes) { return Damaged_Answer{bytes, bytes}; };
+Damaged_Answer damagedAnswer(const Fault_Rule& fault, Bytes_View answer, const Sealer& sealed, Dice& dice,
+                             const Envelope& envelope) {
+    const auto same = [&envelope](Bytes frame) { return Damaged_Answer{envelope(frame), frame}; };
     const Bytes whole(answer.begin(), answer.end());
     switch (fault.kind) {
     case Fault_Kind::Silent:
@@ -92,9 +93,9 @@ Damaged_Answer damagedAnswer(const Fault_Rule& fault, Bytes_View answer, const S
     case Fault_Kind::Crc:
         return same(wrongCheckSum(answer, dice));
     case Fault_Kind::Truncate:
-        return same(firstBytes(answer, fault.value));
+        return {firstBytes(envelope(answer), fault.value), firstBytes(answer, fault.value)};
     case Fault_Kind::Noise:
-        return {noiseThen(answer, fault.value, dice), whole};
+        return {noiseThen(envelope(answer), fault.value, dice), whole};
     case Fault_Kind::Wrong_Unit:
         return same(wrongUnit(answer, sealed));
     case Fault_Kind::Short:

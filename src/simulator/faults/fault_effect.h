@@ -11,6 +11,8 @@ namespace zorvane::simulator {
 
 /// Puts the check sum after the bytes of a frame.
 using Sealer = std::function<Bytes(Bytes_View)>;
+/// What a frame goes out in; on a serial line that is the frame itself.
+using Envelope = std::function<Bytes(Bytes_View frame)>;
 
 /// Whether the controller still does what the request says when this fault strikes the answer.
 [[nodiscard]] bool executes(Fault_Kind kind) noexcept;
@@ -27,7 +29,7 @@ struct Damaged_Answer {
     Bytes frame;
 };
 [[nodiscard]] Damaged_Answer damagedAnswer(const Fault_Rule& fault, Bytes_View answer, const Sealer& sealed,
-                                           Dice& dice);
+                                           Dice& dice, const Envelope& envelope);
 
 /// The exception answer to a request.
 [[nodiscard]] Bytes exceptionAnswer(Bytes_View request, int exception, const Sealer& sealed);

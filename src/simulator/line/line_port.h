@@ -18,6 +18,9 @@ class Line_Port {
     /// meant for whoever opens the line next.
     [[nodiscard]] virtual bool clientsChanged() { return false; }
 
+    /// The client's bytes have ended. True when another may come, so that the line goes on.
+    [[nodiscard]] virtual bool clientLeft() { return false; }
+
     [[nodiscard]] virtual bool canUnplug() const { return false; }
     virtual void unplug() {}
     virtual void plugIn() {}

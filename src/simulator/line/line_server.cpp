@@ -33,9 +33,9 @@ bool readable(const pollfd& entry) { return (entry.revents & (POLLIN | POLLERR |
 
 } // namespace
 
-Line_Server::Line_Server(Line_Port& port, Controller& controller, Frame_Log& log, Timing timing)
-    : port_(port), controller_(controller), log_(log), timing_(timing),
-      collector_(timing.pace, [&controller](Bytes_View frame) { return controller.checkSumRight(frame); }),
+Line_Server::Line_Server(Line_Port& port, Line_Framing& framing, Controller& controller, Frame_Log& log,
+                         Timing timing)
+    : port_(port), framing_(framing), controller_(controller), log_(log), timing_(timing),
       queue_(timing.pace), timer_(::timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)) {
     if (!timer_.open()) throw std::system_error(errno, std::generic_category(), "timer");
 }
@@ -47,7 +47,7 @@ void Line_Server::run(int stopFd) {
 
 std::optional<Instant> Line_Server::nextMoment() const {
     std::optional<Instant> earliest;
-    for (const auto& moment : {collector_.deadline(), queue_.nextDue(), plugInAt_, controller_.nextMoment()})
+    for (const auto& moment : {framing_.deadline(), queue_.nextDue(), plugInAt_, controller_.nextMoment()})
         if (moment && (!earliest || *moment < *earliest)) earliest = moment;
     return earliest;
 }
@@ -80,8 +80,12 @@ bool Line_Server::waitAndServe(int stopFd) {
 }
 
 void Line_Server::serveClients() {
-    if (port_.watchFd() < 0 || !port_.clientsChanged()) return;
-    collector_.clear();
+    if (port_.watchFd() >= 0 && port_.clientsChanged()) forgetClient();
+}
+
+/// Nothing that is under way is meant for whoever comes next.
+void Line_Server::forgetClient() {
+    framing_.clear();
     queue_.clear();
 }
 
@@ -89,17 +93,18 @@ void Line_Server::receive() {
     std::array<std::uint8_t, 1024> buffer{};
     const ssize_t got = ::read(port_.fd(), buffer.data(), buffer.size());
     if (got > 0) {
-        collector_.feed(Bytes_View(buffer).first(static_cast<std::size_t>(got)),
-                        std::chrono::steady_clock::now());
+        framing_.feed(Bytes_View(buffer).first(static_cast<std::size_t>(got)),
+                      std::chrono::steady_clock::now());
         return;
     }
     if (got < 0 && (errno == EAGAIN || errno == EINTR)) return;
+    if (port_.clientLeft()) return forgetClient();
     throw std::runtime_error("the line is gone" +
                              (got < 0 ? ": " + std::generic_category().message(errno) : ""));
 }
 
 void Line_Server::handleArrivals() {
-    while (const auto arrival = collector_.next(std::chrono::steady_clock::now()))
+    while (const auto arrival = framing_.next(std::chrono::steady_clock::now()))
         handle(*arrival);
     sendDue();
 }
@@ -107,12 +112,14 @@ void Line_Server::handleArrivals() {
 void Line_Server::handle(const Arrival& arrival) {
     const Instant now = std::chrono::steady_clock::now();
     if (!arrival.broken.empty()) {
-        log_.frame({Direction::In, arrival.frame, {}, "", {}, arrival.broken}, now,
+        log_.frame({Direction::In, arrival.passed, {}, "", {}, arrival.broken}, now,
                    controller_.addressBase());
         return;
     }
     const std::int32_t base = controller_.addressBase(); // of the controller that the request met
-    Reaction reaction = controller_.take(arrival.frame, now);
+    Reaction reaction = controller_.take(
+        arrival.frame, now, [&](Bytes_View frame) { return framing_.enveloped(frame, arrival); });
+    reaction.received.bytes = arrival.passed;
     log_.frame(reaction.received, now, base);
     for (const std::string& event : reaction.events)
         log_.event(event, now);
@@ -145,8 +152,7 @@ void Line_Server::unplug(std::chrono::milliseconds duration) {
     const Instant now = std::chrono::steady_clock::now();
     log_.event("unplugged", now);
     port_.unplug();
-    collector_.clear();
-    queue_.clear();
+    forgetClient();
     plugInAt_ = now + duration;
 }
 

@@ -3,9 +3,9 @@
 
 #include "simulator/controller/controller.h"
 #include "simulator/line/frame_log.h"
+#include "simulator/line/line_framing.h"
 #include "simulator/line/line_pace.h"
 #include "simulator/line/line_port.h"
-#include "simulator/line/request_collector.h"
 #include "simulator/line/send_queue.h"
 #include "simulator/wire/unique_fd.h"
 
@@ -23,7 +23,9 @@ class Line_Server {
         std::chrono::milliseconds turnaround{0}; ///< from the end of the request's silence to the answer
     };
 
-    Line_Server(Line_Port& port, Controller& controller, Frame_Log& log, Timing timing);
+    /// All must outlive it.
+    Line_Server(Line_Port& port, Line_Framing& framing, Controller& controller, Frame_Log& log,
+                Timing timing);
 
     /// Until `stopFd` becomes readable. Throws `std::runtime_error` when the line is lost for good.
     void run(int stopFd);
@@ -35,6 +37,7 @@ class Line_Server {
     [[nodiscard]] bool waitAndServe(int stopFd);
     void serveClients();
     void receive();
+    void forgetClient();
     void handleArrivals();
     void handle(const Arrival& arrival);
     void schedule(const Arrival& arrival, Outgoing outgoing);
@@ -44,10 +47,10 @@ class Line_Server {
     void letTimePass();
 
     Line_Port& port_;
+    Line_Framing& framing_;
     Controller& controller_;
     Frame_Log& log_;
     Timing timing_;
-    Request_Collector collector_;
     Send_Queue queue_;
     Unique_Fd timer_;
     std::optional<Instant> plugInAt_;

@@ -71,6 +71,7 @@ Arrival Request_Collector::take(std::size_t length, std::string broken) {
     arrival.wireBegin = passed_.front() - pace_.wireTime(1);
     arrival.wireEnd = passed_[length - 1];
     arrival.broken = std::move(broken);
+    arrival.passed = arrival.frame;
     bytes_.erase(bytes_.begin(), bytes_.begin() + count);
     passed_.erase(passed_.begin(), passed_.begin() + count);
     return arrival;

@@ -3,7 +3,9 @@
 
 #include "simulator/controller/modbus_slave.h"
 
+#include <netinet/in.h>
 #include <sys/ioctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 
 #include <array>
@@ -78,6 +80,14 @@ void Program_Test::start(std::vector<std::string> arguments) {
     waitUntilReady();
 }
 
+void Program_Test::startAtTcp(std::vector<std::string> arguments) {
+    for (const std::string& text : {std::string("--template"), path("T.ZTP"), std::string("--tcp"),
+                                    std::string("0"), std::string("--log"), path("log.json")})
+        arguments.push_back(text);
+    startBare(arguments);
+    waitUntilReady();
+}
+
 void Program_Test::startBare(const std::vector<std::string>& arguments) {
     std::array<int, 2> pipe{};
     if (::pipe2(pipe.data(), O_CLOEXEC) != 0) fail("pipe");
@@ -105,6 +115,7 @@ void Program_Test::waitUntilReady() {
     while (::read(output_.get(), &character, 1) == 1 && character != '\n')
         line += character;
     ASSERT_EQ(line.substr(0, 6), "ready ") << fileText(path("complaints"));
+    readyAt_ = line.substr(6);
 }
 
 Ended Program_Test::end(int signal) {
@@ -141,6 +152,17 @@ Raw_Client::Raw_Client(const std::string& device)
     ::tcgetattr(fd_.get(), &line);
     ::cfmakeraw(&line);
     ::tcsetattr(fd_.get(), TCSANOW, &line);
+}
+
+Raw_Client Raw_Client::at(const std::string& readyAt) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    address.sin_port = htons(static_cast<std::uint16_t>(std::stoi(readyAt.substr(readyAt.rfind(':') + 1))));
+    Unique_Fd client(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (::connect(client.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) != 0)
+        fail(readyAt);
+    return Raw_Client(std::move(client));
 }
 
 void Raw_Client::send(Bytes_View bytes) const {

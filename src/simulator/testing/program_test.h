@@ -32,6 +32,8 @@ class Program_Test : public testing::Test {
     /// Starts it with just these arguments.
     void startBare(const std::vector<std::string>& arguments);
     void waitUntilReady();
+    /// The same, on a network.
+    void startAtTcp(std::vector<std::string> arguments = {});
     /// Sends a signal and waits for the end.
     [[nodiscard]] Ended end(int signal);
     /// Waits for an end that comes by itself.
@@ -39,6 +41,8 @@ class Program_Test : public testing::Test {
 
     [[nodiscard]] std::string path(const std::string& name) const { return (folder_ / name).string(); }
     [[nodiscard]] std::string link() const { return path("line"); }
+    /// What the program says it is ready at.
+    [[nodiscard]] const std::string& readyAt() const { return readyAt_; }
     [[nodiscard]] std::vector<nlohmann::json> log() const;
     /// The log's lines that have this member.
     [[nodiscard]] std::vector<nlohmann::json> logWith(const std::string& member) const;
@@ -47,12 +51,15 @@ class Program_Test : public testing::Test {
     std::filesystem::path folder_;
     pid_t program_ = -1;
     Unique_Fd output_;
+    std::string readyAt_;
 };
 
 /// A client that sees the raw bytes of a line.
 class Raw_Client {
   public:
     explicit Raw_Client(const std::string& device);
+    /// Over a network: "tcp:127.0.0.1:43211".
+    [[nodiscard]] static Raw_Client at(const std::string& readyAt);
 
     void send(Bytes_View bytes) const;
     /// Exactly so many bytes, or fewer when none came for two seconds or the line went.
@@ -65,6 +72,8 @@ class Raw_Client {
     [[nodiscard]] bool waitForHangUp() const;
 
   private:
+    explicit Raw_Client(Unique_Fd fd) : fd_(std::move(fd)) {}
+
     Unique_Fd fd_;
 };
 
