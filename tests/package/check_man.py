@@ -34,7 +34,7 @@ def options_of_help(text):
 
 def calls_of_help(text):
     after = text.split("Subcommands:", 1)
-    return set(re.findall(r"^  ([a-z]+) ", after[1], re.MULTILINE)) if len(after) == 2 else set()
+    return set(re.findall(r"^  ([a-z-]+) ", after[1], re.MULTILINE)) if len(after) == 2 else set()
 
 
 def sections(page, kind):
@@ -64,11 +64,13 @@ def differences(what, page, program):
 
 def check_simulator(programs, pages):
     page, told = read(pages, "zorvane-sim"), help_of(programs, "zorvane-sim")
-    faults = set(re.findall(r"^  ([a-z-]+)(?:\[?=N\]?)? +\S", told.split("Kinds:", 1)[1], re.MULTILINE))
-    on_page = set(re.findall(r"^\.TP\n\.B[IR]? ([a-z-]+)", sections(page, "SH")["FAULTS"].replace("\\-", "-"),
-                             re.MULTILINE))
-    return (differences("zorvane-sim", options_of_page(page), options_of_help(told)) +
-            differences("zorvane-sim --fault", on_page, faults))
+    wrong = differences("zorvane-sim", options_of_page(page), options_of_help(told))
+    for number, option in enumerate(("fault", "quirk"), 1):
+        kinds = set(re.findall(r"^  ([a-z-]+)(?:\[?=N\]?)? +\S", told.split("Kinds:")[number], re.MULTILINE))
+        part = sections(page, "SH")[option.upper() + "S"].replace("\\-", "-")
+        on_page = set(re.findall(r"^\.TP\n\.B[IR]? ([a-z-]+)", part, re.MULTILINE))
+        wrong += differences(f"zorvane-sim --{option}", on_page, kinds)
+    return wrong
 
 
 def check_terminal(programs, pages):

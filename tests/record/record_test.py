@@ -155,6 +155,43 @@ class RecordTest(unittest.TestCase):
         self.record("run-1", "--out", self.path("r.txt"), "--checks", self.path("checks.txt"))
         self.assertIn("[  ]  Busbar isolated\r\n[  ]  Relay w\u00edred\r\n", self.bytes_of("r.txt").decode())
 
+    def verify(self, record):
+        with open(self.path("r.json"), "w", encoding="utf-8") as file:
+            json.dump(record, file)
+        done = subprocess.run([os.path.join(self.programs, "zorvanectl"), "verify-record", self.path("r.json"), "--port",
+                               self.path("line"), "--json"], capture_output=True, text=True, timeout=60,
+                              env=self.environment)
+        return done.returncode, json.loads(done.stdout)["counts"]
+
+    def start(self, model):
+        simulator = subprocess.Popen([os.path.join(self.programs, "zorvane-sim"), "--template", model, "--pty",
+                                      self.path("line"), "--storage", self.path(model + ".json")],
+                                     stdout=subprocess.PIPE, text=True)
+        self.addCleanup(simulator.stdout.close)
+        self.addCleanup(simulator.wait)
+        self.addCleanup(simulator.terminate)
+        self.assertTrue(simulator.stdout.readline().startswith("ready"))
+        return simulator
+
+    def test_a_record_is_held_against_the_controller(self):
+        template = os.path.join(self.programs, "KVRT207D.ZTP")
+        with open(template, "rb") as file:
+            used = {"what": "template", "path": template, "sha256": hashlib.sha256(file.read()).hexdigest()}
+        simulator = self.start("KVRT207D.ZTP")
+        left = {"111": 10, "112": 90}
+        record = {"version": 1, "run": "r", "controller": {"model": "KVRT207D", "unit": 1}, "files": [used]}
+        self.assertEqual(self.verify({**record, "left": left}),
+                         (0, {"as_left": 2, "changed": 0, "not_read": 0, "rows": 2}))
+        self.assertEqual(self.verify({**record, "left": {**left, "112": 91}}),
+                         (3, {"as_left": 1, "changed": 1, "not_read": 0, "rows": 2}))
+        self.assertEqual(self.verify({**record, "left": {**left, "64000": 1}}),
+                         (7, {"as_left": 2, "changed": 0, "not_read": 1, "rows": 3}))
+        self.assertEqual(self.verify({**record, "files": [{**used, "sha256": "x"}], "left": left})[0], 1)
+        simulator.terminate()
+        simulator.wait()
+        self.start("R7702-16.ZTP")
+        self.assertEqual(self.verify({**record, "left": left})[0], 5)
+
     def test_what_cannot_be_done_is_said(self):
         self.assertIn('There is no run "run-9"', self.record("run-9", "--out", self.path("r.txt"), code=1).stderr)
         self.assertIn("The file's ending tells the format",

@@ -20,6 +20,8 @@ std::vector<Subcommand_Entry> portCalls() {
         {"watch", "Show live values of a field until Ctrl+C", makeWatchSubcommand},
         {"identify", "Tell whether the controller is the template's", identifyOnPort},
         {"compare", "Compare a document with a file, the factory values or a controller", compareOnPort},
+        {"verify-record", "Tell whether the controller is still as a record says",
+         makeVerifyRecordSubcommand},
     };
 }
 
