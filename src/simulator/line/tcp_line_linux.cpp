@@ -17,7 +17,7 @@ namespace zorvane::simulator {
 
 namespace {
 
-[[noreturn]] void fail(const std::string& what) {
+[[noreturn]] void failAt(const std::string& what) {
     throw std::runtime_error(what + ": " + std::generic_category().message(errno));
 }
 
@@ -37,7 +37,7 @@ Addresses lookUp(const std::string& address, std::uint16_t port) {
 std::uint16_t portOf(int socket) {
     sockaddr_storage bound{};
     socklen_t size = sizeof bound;
-    if (::getsockname(socket, reinterpret_cast<sockaddr*>(&bound), &size) != 0) fail("socket");
+    if (::getsockname(socket, reinterpret_cast<sockaddr*>(&bound), &size) != 0) failAt("socket");
     if (bound.ss_family == AF_INET6) {
         sockaddr_in6 six{};
         std::memcpy(&six, &bound, sizeof six);
@@ -50,7 +50,7 @@ std::uint16_t portOf(int socket) {
 
 void turnOn(int socket, int level, int option) {
     const int on = 1;
-    if (::setsockopt(socket, level, option, &on, sizeof on) != 0) fail("socket");
+    if (::setsockopt(socket, level, option, &on, sizeof on) != 0) failAt("socket");
 }
 
 } // namespace
@@ -69,10 +69,10 @@ bool isLoopback(const std::string& address) { return address.starts_with("127.")
 void Tcp_Line::plugIn() {
     const Addresses found = lookUp(address_, port_);
     listener_ = Unique_Fd(::socket(found->ai_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
-    if (!listener_.open()) fail("socket");
+    if (!listener_.open()) failAt("socket");
     turnOn(listener_.get(), SOL_SOCKET, SO_REUSEADDR);
     if (::bind(listener_.get(), found->ai_addr, found->ai_addrlen) != 0 || ::listen(listener_.get(), 1) != 0)
-        fail(hostAndPort());
+        failAt(hostAndPort());
     port_ = portOf(listener_.get());
 }
 

@@ -7,7 +7,7 @@ namespace zorvane {
 
 namespace {
 
-std::uint16_t wordAt(Byte_View bytes, std::size_t at) {
+std::uint16_t headWord(Byte_View bytes, std::size_t at) {
     return static_cast<std::uint16_t>((bytes[at] << 8U) | bytes[at + 1]);
 }
 
@@ -40,7 +40,7 @@ std::optional<Mbap_Frame> nextMbapFrame(Byte_View received, std::size_t from) {
         if (!mayBegin(rest)) continue;
         Mbap_Frame frame;
         frame.offset = offset;
-        if (rest.size() >= 2) frame.number = wordAt(rest, 0);
+        if (rest.size() >= 2) frame.number = headWord(rest, 0);
         if (rest.size() >= mbapHead) frame.length = mbapHead + rest[5];
         if (frame.length != 0 && rest.size() >= frame.length)
             frame.body = rest.subspan(mbapHead, frame.length - mbapHead);
