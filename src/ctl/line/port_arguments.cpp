@@ -5,8 +5,6 @@
 
 namespace zorvane::ctl {
 
-namespace {
-
 std::string lineComplaint(const std::string& text) {
     return parseLineSettings(text)
                ? ""
@@ -16,8 +14,6 @@ std::string lineComplaint(const std::string& text) {
 std::string rtsComplaint(const std::string& text) {
     return parseRtsMode(text) ? "" : "\"" + text + "\" is not none, rts or rs485";
 }
-
-} // namespace
 
 void Port_Arguments::add(CLI::App& arguments, bool required) {
     arguments

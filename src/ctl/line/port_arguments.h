@@ -10,6 +10,10 @@
 
 namespace zorvane::ctl {
 
+/// What is wrong with an argument that should be line settings, or an RTS mode; empty when it is one.
+[[nodiscard]] std::string lineComplaint(const std::string& text);
+[[nodiscard]] std::string rtsComplaint(const std::string& text);
+
 /// The serial port, as the calls that transfer take it.
 class Port_Arguments {
   public:

@@ -22,6 +22,8 @@ std::vector<Subcommand_Entry> portCalls() {
         {"compare", "Compare a document with a file, the factory values or a controller", compareOnPort},
         {"verify-record", "Tell whether the controller is still as a record says",
          makeVerifyRecordSubcommand},
+        {"find", "Find the controllers of a line, by reads alone", makeFindSubcommand},
+        {"listen", "Hear who asks what on a line, without sending a byte", makeListenSubcommand},
     };
 }
 

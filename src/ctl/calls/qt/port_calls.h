@@ -13,6 +13,8 @@ namespace zorvane::ctl {
 [[nodiscard]] std::unique_ptr<Subcommand> makeDownloadSubcommand();
 [[nodiscard]] std::unique_ptr<Subcommand> makeWatchSubcommand();
 [[nodiscard]] std::unique_ptr<Subcommand> makeVerifyRecordSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeFindSubcommand();
+[[nodiscard]] std::unique_ptr<Subcommand> makeListenSubcommand();
 
 /// A line on a serial port of this computer. While it lives, SIGINT, SIGTERM and SIGHUP end what is read.
 /// REQUIRES: a QCoreApplication; no other line or transfer beside it.

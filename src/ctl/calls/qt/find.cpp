@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "comm/modbus_control/qt/qt_any_port.h"
+#include "comm/modbus_control/units/qt/qt_unit_exchanges.h"
+#include "ctl/calls/qt/port_calls.h"
+#include "ctl/calls/qt/stop_signals.h"
+#include "ctl/document/notices.h"
+#include "ctl/line/port_arguments.h"
+#include "ctl/survey/find_report.h"
+#include "ctl/text/status_line.h"
+
+#include <QEventLoop>
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <ostream>
+#include <unistd.h>
+
+namespace zorvane::ctl {
+
+namespace {
+
+std::string unitsComplaint(const std::string& text) {
+    return survey::parseUnits(text) ? "" : "\"" + text + "\" is not unit numbers of 1 to 247, as in 1-20,40";
+}
+
+class Find_Subcommand : public Subcommand {
+  public:
+    void addArguments(CLI::App& arguments) override {
+        arguments
+            .add_option("--port", port_,
+                        "Port: a name such as ttyUSB0, a path, or tcp:HOST:PORT, rtu+tcp:HOST:PORT, "
+                        "rfc2217:HOST:PORT")
+            ->required();
+        arguments
+            .add_option("--template", templates_,
+                        "A template (.ZTP) whose controllers are looked for; may be given more than once")
+            ->allow_extra_args(false);
+        arguments.add_option("--units", units_, "Unit numbers to try (default 1-247)")
+            ->check(unitsComplaint, "UNITS");
+        arguments
+            .add_option(
+                "--settings", lines_,
+                "Line settings to try, as 9600,n,8,1; may be given more than once (default the likely ones)")
+            ->allow_extra_args(false)
+            ->check(lineComplaint, "LINE");
+        arguments
+            .add_option("--listen", seconds_, "Seconds to listen before the first request (default 1.5)")
+            ->check(CLI::Range(0.0, 3600.0));
+        arguments.add_option("--rts", rts_, "What switches an RS-485 driver to sending (default none)")
+            ->check(rtsComplaint, "none|rts|rs485");
+    }
+
+    [[nodiscard]] int run(const Call_Context& context) override {
+        const Find_Wishes wishes = this->wishes();
+        if (const std::string wrong = fault(wishes); !wrong.empty()) {
+            tell(context.err, wrong);
+            return Exit_Usage;
+        }
+        const auto templates = readKnownTemplates(context, templates_);
+        if (!templates) {
+            if (context.json) printJson(context.out, findJson({}, {}));
+            return Exit_Failed;
+        }
+        survey::Search_Report report = search(context, searchPlan(wishes, *templates));
+        const std::vector<Found_Identity> identities = identify(report, wishes.port, *templates);
+        return tellAll(context, report, identities);
+    }
+
+  private:
+    [[nodiscard]] Find_Wishes wishes() const {
+        Find_Wishes wishes;
+        wishes.port.port = port_;
+        wishes.port.rts = parseRtsMode(rts_).value_or(Rts_Mode::None);
+        for (const std::string& line : lines_)
+            wishes.lines.push_back(parseLineSettings(line).value_or(Line_Settings{}));
+        wishes.units = survey::parseUnits(units_).value_or(std::vector<std::uint8_t>{});
+        wishes.listen = static_cast<Micros>(seconds_ * microsPerSecond);
+        return wishes;
+    }
+
+    [[nodiscard]] static std::string fault(const Find_Wishes& wishes) {
+        for (const Line_Settings& line : wishes.lines) {
+            Port_Settings port = wishes.port;
+            port.line = line;
+            if (std::string wrong = settingsFault(port); !wrong.empty()) return wrong;
+        }
+        return settingsFault(wishes.port);
+    }
+
+    [[nodiscard]] static survey::Search_Report search(const Call_Context& context,
+                                                      const survey::Search_Plan& plan) {
+        Qt_Link_Clock clock;
+        Qt_Any_Port any;
+        const bool terminal = ::isatty(STDERR_FILENO) != 0;
+        Status_Line status(context.err, terminal);
+        survey::Line_Search search(
+            any.port(), clock, plan,
+            [&status](const survey::Search_Progress& progress) { status.show(progressText(progress)); });
+        survey::Search_Report report;
+        QEventLoop loop;
+        const Stop_Signals stop([&search](bool) { search.stop(); });
+        search.start([&](const survey::Search_Report& told) {
+            report = told;
+            loop.quit();
+        });
+        loop.exec();
+        return report;
+    }
+
+    /// Asks each controller whose it is, unless somebody wants the end or the line isn't ours alone.
+    [[nodiscard]] static std::vector<Found_Identity> identify(survey::Search_Report& report,
+                                                              Port_Settings port,
+                                                              const std::vector<Known_Template>& templates) {
+        std::vector<Found_Identity> identities;
+        const bool mayAsk = report.end == survey::Search_End::Searched;
+        for (const survey::Found_Unit& found : report.found) {
+            port.line = found.line;
+            port.slave = found.unit;
+            port.timeOutMs = std::max(port.timeOutMs, survey::proposedTimeOutMs(found.times));
+            const With_Reader withReader = [&](const Known_Template& known, const auto& ask) {
+                if (!mayAsk) return;
+                Qt_Unit_Exchanges exchanges(port);
+                exchanges.line().SetAddressBase(known.addressBase);
+                exchanges.line().onTry([&report](const Try_Result& result) {
+                    report.requests += result.sent.empty() ? 0U : 1U;
+                });
+                if (exchanges.line().open().opened) ask(exchanges.line());
+            };
+            identities.push_back(identityOfFound(found.unit, templates, withReader));
+        }
+        return identities;
+    }
+
+    [[nodiscard]] int tellAll(const Call_Context& context, const survey::Search_Report& report,
+                              const std::vector<Found_Identity>& identities) const {
+        if (context.json)
+            printJson(context.out, findJson(report, identities));
+        else
+            printFound(context.out, report, identities);
+        for (const std::string& note : findNotes(report, printablePath(port_)))
+            tell(context.err, note);
+        return findExit(report);
+    }
+
+    std::string port_;
+    std::vector<std::string> templates_;
+    std::string units_ = "1-247";
+    std::vector<std::string> lines_;
+    double seconds_ = 1.5;
+    std::string rts_ = "none";
+};
+
+} // namespace
+
+std::unique_ptr<Subcommand> makeFindSubcommand() { return std::make_unique<Find_Subcommand>(); }
+
+} // namespace zorvane::ctl

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "comm/modbus_control/qt/qt_link_clock.h"
+#include "ctl/calls/qt/port_calls.h"
+#include "ctl/calls/qt/stop_signals.h"
+#include "ctl/document/notices.h"
+#include "ctl/line/port_arguments.h"
+#include "ctl/survey/capture_file.h"
+#include "ctl/survey/listen_report.h"
+#include "survey/qt/qt_listening_port.h"
+
+#include <QDateTime>
+#include <QEventLoop>
+
+#include <CLI/CLI.hpp>
+
+#include <optional>
+#include <ostream>
+#include <string_view>
+
+namespace zorvane::ctl {
+
+namespace {
+
+class Listen_Subcommand : public Subcommand {
+  public:
+    void addArguments(CLI::App& arguments) override {
+        arguments.add_option("--port", port_, "Serial port: a name such as ttyUSB0, or a path")->required();
+        arguments
+            .add_option("--template", templates_,
+                        "A template (.ZTP) that names the registers; may be given more than once")
+            ->allow_extra_args(false);
+        arguments
+            .add_option("--settings", line_,
+                        "Baud, parity, data bits, stop bits (default the template's, or 9600,n,8,1)")
+            ->check(lineComplaint, "LINE");
+        arguments.add_option("--seconds", seconds_, "End after so many seconds (default: at Ctrl+C)")
+            ->check(CLI::Range(0.0, 1e9));
+        arguments.add_option("--frames", frames_, "End after so many frames")
+            ->type_name("N")
+            ->check(CLI::PositiveNumber);
+        arguments.add_option("--out", out_, "Write the frames to a file for Wireshark and tshark (pcapng)")
+            ->type_name("FILE");
+    }
+
+    [[nodiscard]] int run(const Call_Context& context) override {
+        Port_Settings settings;
+        settings.port = port_;
+        settings.line = parseLineSettings(line_).value_or(Line_Settings{});
+        if (const std::string wrong = settingsFault(settings); !wrong.empty()) {
+            tell(context.err, wrong);
+            return Exit_Usage;
+        }
+        auto templates = readKnownTemplates(context, templates_);
+        if (!templates) return failed(context);
+        const survey::Listening_Plan plan = this->plan(lineToListenTo(line_, *templates));
+        std::optional<Capture_File> capture;
+        if (!out_.empty()) capture.emplace(out_, port_, sinceEpoch());
+        if (capture && !capture->good()) {
+            tellUnwritten(context);
+            return failed(context);
+        }
+        return report(context, listen(plan, capture), plan, *templates, !capture || capture->end());
+    }
+
+  private:
+    struct Heard_All {
+        survey::Listening_Report report;
+        bool ended = true; ///< by itself, or by Ctrl+C
+    };
+
+    [[nodiscard]] survey::Listening_Plan plan(const Line_Settings& line) const {
+        survey::Listening_Plan plan{port_, line, {}, frames_};
+        if (seconds_) plan.duration = static_cast<Micros>(*seconds_ * microsPerSecond);
+        return plan;
+    }
+
+    /// What the clock's times lack to microseconds since 1970.
+    [[nodiscard]] static std::int64_t sinceEpoch() {
+        return QDateTime::currentMSecsSinceEpoch() * microsPerMs - Qt_Link_Clock().now();
+    }
+
+    [[nodiscard]] static Heard_All listen(const survey::Listening_Plan& plan,
+                                          std::optional<Capture_File>& capture) {
+        Qt_Link_Clock clock;
+        survey::Qt_Listening_Port port;
+        survey::Line_Listener listener(port, clock, plan, [&](const survey::Heard_Frame& frame) {
+            if (!capture) return;
+            capture->add(frame);
+            if (!capture->good()) listener.stop();
+        });
+        Heard_All heard;
+        QEventLoop loop;
+        const Stop_Signals stop([&listener](bool) { listener.stop(); });
+        listener.start([&](const survey::Listening_Report& report) {
+            heard.report = report;
+            loop.quit();
+        });
+        loop.exec();
+        heard.ended = !stop.asked() || std::string_view(stop.signal()) == "SIGINT";
+        return heard;
+    }
+
+    [[nodiscard]] int report(const Call_Context& context, const Heard_All& heard,
+                             const survey::Listening_Plan& plan, std::vector<Known_Template>& templates,
+                             bool written) const {
+        if (context.json)
+            printJson(context.out, listenJson(heard.report, plan.line, templates));
+        else if (heard.report.opened)
+            printHeard(context.out, heard.report, plan.line, templates);
+        for (const std::string& note : listenNotes(heard.report, printablePath(port_), plan.line))
+            tell(context.err, note);
+        if (!written) tellUnwritten(context);
+        return heard.ended && written && heard.report.reason.empty() ? Exit_Success : Exit_Failed;
+    }
+
+    void tellUnwritten(const Call_Context& context) const {
+        tell(context.err,
+             printablePath(out_) + " can't be written. Check the path, and whether its disk has room.");
+    }
+
+    [[nodiscard]] static int failed(const Call_Context& context) {
+        std::vector<Known_Template> none;
+        if (context.json) printJson(context.out, listenJson({}, {}, none));
+        return Exit_Failed;
+    }
+
+    std::string port_;
+    std::vector<std::string> templates_;
+    std::string line_;
+    std::optional<double> seconds_;
+    std::optional<std::uint64_t> frames_;
+    std::string out_;
+};
+
+} // namespace
+
+std::unique_ptr<Subcommand> makeListenSubcommand() { return std::make_unique<Listen_Subcommand>(); }
+
+} // namespace zorvane::ctl

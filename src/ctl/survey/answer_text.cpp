@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/survey/answer_text.h"
+
+#include <cmath>
+#include <cstdio>
+
+namespace zorvane::ctl {
+
+namespace {
+
+double inMs(Micros time) { return std::round(static_cast<double>(time) / 100) / 10; }
+
+} // namespace
+
+Json answerTimesJson(const survey::Answer_Times& times) {
+    return {{"median", msJson(times.median())}, {"p99", msJson(times.p99())}};
+}
+
+Json msJson(Micros time) { return jsonNumber(inMs(time)); }
+
+std::string msText(Micros time) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.1f ms", inMs(time));
+    return text;
+}
+
+} // namespace zorvane::ctl

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/survey/capture_file.h"
+
+#include "survey/listen/pcapng.h"
+
+namespace zorvane::ctl {
+
+Capture_File::Capture_File(const std::string& path, std::string_view line, std::int64_t sinceEpoch)
+    : file_(path, std::ios::binary | std::ios::trunc), sinceEpoch_(sinceEpoch) {
+    file_ << survey::pcapngBeginning(line) << std::flush;
+}
+
+void Capture_File::add(const survey::Heard_Frame& frame) {
+    file_ << survey::pcapngPacket(frame.firstAt + sinceEpoch_, frame.bytes);
+    if (frame.lastAt - flushedAt_ < microsPerSecond) return;
+    flushedAt_ = frame.lastAt;
+    file_.flush();
+}
+
+bool Capture_File::end() {
+    file_.flush();
+    return file_.good();
+}
+
+} // namespace zorvane::ctl

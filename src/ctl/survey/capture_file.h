@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "survey/listen/frame_finder.h"
+
+#include <cstdint>
+#include <fstream>
+#include <string>
+
+namespace zorvane::ctl {
+
+/// A file of frames for Wireshark and tshark, written as they come: after a crash at most the last second is
+/// missing.
+class Capture_File {
+  public:
+    /// `path` is UTF-8, `line` names the interface. What is in a file of that name is lost.
+    /// `sinceEpoch` is what the clock's times lack to microseconds since 1970, UTC.
+    Capture_File(const std::string& path, std::string_view line, std::int64_t sinceEpoch);
+
+    /// False once something couldn't be written.
+    [[nodiscard]] bool good() const { return file_.good(); }
+    void add(const survey::Heard_Frame& frame);
+    /// Writes what is left; false when that fails, or failed before.
+    [[nodiscard]] bool end();
+
+  private:
+    std::ofstream file_;
+    std::int64_t sinceEpoch_;
+    Micros flushedAt_ = 0;
+};
+
+} // namespace zorvane::ctl

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "survey/find/doctor_visit.h"
+
+#include <utility>
+
+namespace zorvane::survey {
+
+namespace {
+
+constexpr Micros listening = 1500 * microsPerMs;
+constexpr int patience = 3;
+
+} // namespace
+
+Doctor_Visit::Doctor_Visit(Byte_Port& port, Link_Clock& clock, const Port_Settings& settings,
+                           std::uint16_t address)
+    : clock_(clock), settings_(settings), address_(address), doctor_(settings),
+      alarm_(clock.makeAlarm([this] { ring(); })),
+      ear_([this](const Heard_Frame& frame) { frameHeard(frame); }), probe_(port, clock, *this),
+      line_(settings.line) {}
+
+void Doctor_Visit::start(Done done) {
+    done_ = std::move(done);
+    alarm_->armAt(clock_.now());
+}
+
+void Doctor_Visit::cancel() {
+    done_ = nullptr;
+    phase_ = Phase::Ended;
+    alarm_->disarm();
+    probe_.close();
+}
+
+void Doctor_Visit::ring() {
+    switch (phase_) {
+    case Phase::Idle:
+        return open();
+    case Phase::Listening:
+        return endOfListening();
+    case Phase::Asking:
+        return next_ == Unit_Trial::Next::Ask ? ask() : endOfStep();
+    case Phase::Ended:
+        break;
+    }
+    probe_.close();
+    if (const Done done = std::exchange(done_, nullptr)) done(diagnosis_);
+}
+
+void Doctor_Visit::open() {
+    const Port_Opening opening = probe_.use(settings_);
+    if (!opening.opened) return end(Link_Doctor::portFailed(opening.reason));
+    phase_ = Phase::Listening;
+    alarm_->armAt(clock_.now() + listening);
+}
+
+void Doctor_Visit::endOfListening() {
+    ear_.flush();
+    if (phase_ == Phase::Ended) return;
+    phase_ = Phase::Asking;
+    beginStep();
+}
+
+void Doctor_Visit::beginStep() {
+    const Doctor_Step& step = doctor_.step();
+    outcome_ = {};
+    asked_ = false;
+    trial_.emplace(step.reads, patience);
+    next_ = Unit_Trial::Next::Ask;
+    // Answers to the step before may still come, and would pass for quick ones.
+    const Micros pause = step.shows == Ailment::TimeOut ? step.timeOut : 0;
+    alarm_->armAt(clock_.now() + pause);
+    if (line_ == step.line) return;
+    Port_Settings settings = settings_;
+    settings.line = line_ = step.line;
+    const Port_Opening opening = probe_.use(settings);
+    if (!opening.opened) end(Link_Doctor::portFailed(opening.reason));
+}
+
+void Doctor_Visit::ask() {
+    const Doctor_Step& step = doctor_.step();
+    probe_.read(step.unit, address_, step.timeOut);
+}
+
+/// The port is still at work when it tells this, so whatever comes next waits for the event loop.
+void Doctor_Visit::readEnded(const Try_Result& result) {
+    if (phase_ != Phase::Asking) return;
+    if (!std::exchange(asked_, true)) outcome_.first = kindOf(result);
+    outcome_.echoed = outcome_.echoed || result.echoed;
+    next_ = trial_->take(result, line_);
+    alarm_->armAt(clock_.now());
+}
+
+void Doctor_Visit::endOfStep() {
+    ear_.flush();
+    if (phase_ == Phase::Ended) return;
+    outcome_.answered = trial_->isThere();
+    outcome_.damaged = trial_->damaged();
+    outcome_.times = trial_->times();
+    doctor_.take(outcome_);
+    if (doctor_.done()) return end(doctor_.diagnosis());
+    beginStep();
+}
+
+void Doctor_Visit::bytesHeard(Micros at, Byte_View bytes) { ear_.take(bytes, at); }
+
+/// Outside the reads nobody should speak but the unit that was asked, once more.
+void Doctor_Visit::frameHeard(const Heard_Frame& frame) {
+    if (phase_ == Phase::Listening) {
+        const auto request = findForeignRequest(frame.bytes, 0, true);
+        const std::string whom = "Another master is on the line: unit " + std::to_string(frame.unit()) +
+                                 " answers it. Let only one master use it.";
+        return end(Link_Doctor::otherMaster(request ? foreignRequestText(*request) : whom));
+    }
+    const bool own = phase_ == Phase::Asking && frame.mayAnswer && frame.unit() == doctor_.step().unit;
+    if (own && trial_ && trial_->times().count() > 0) ++outcome_.again;
+}
+
+void Doctor_Visit::otherMasterHeard(const Foreign_Request& foreign) {
+    end(Link_Doctor::otherMaster(foreignRequestText(foreign)));
+}
+
+void Doctor_Visit::portLost(const std::string& reason) { end(Link_Doctor::portFailed(reason)); }
+
+void Doctor_Visit::end(Diagnosis diagnosis) {
+    if (phase_ == Phase::Ended) return;
+    phase_ = Phase::Ended;
+    diagnosis_ = std::move(diagnosis);
+    alarm_->armAt(clock_.now());
+}
+
+} // namespace zorvane::survey

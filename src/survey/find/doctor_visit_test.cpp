@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+// Each thing that is wrong with a line, and the sentence that it brings.
+#include "survey/find/doctor_visit.h"
+#include "survey/find/testing/simulated_line.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace zorvane::survey {
+namespace {
+
+using survey::testing::Simulated_Line;
+using zorvane::testing::Hand_Clock;
+
+constexpr Micros ms = microsPerMs;
+
+/// A line of 9600 8N1 with unit 3, and settings that fit it.
+struct Visit_Rig {
+    explicit Visit_Rig(Line_Settings ofController = {9600, 'N', 8, 1}) : line(clock, ofController) {
+        line.controllers = {{.unit = 3}};
+        settings.port = "ttyUSB0";
+        settings.slave = 3;
+        settings.timeOutMs = 200;
+    }
+
+    Diagnosis visit() {
+        Doctor_Visit doctor(line, clock, settings, 0);
+        std::vector<Diagnosis> told;
+        doctor.start([&told](const Diagnosis& diagnosis) { told.push_back(diagnosis); });
+        clock.runUntilTrue([&told] { return !told.empty(); }, 600 * microsPerSecond);
+        EXPECT_EQ(told.size(), 1U);
+        EXPECT_FALSE(line.isOpen());
+        for (const Byte_Array& frame : line.written)
+            EXPECT_EQ(frame[1], 3); // a read
+        return told.empty() ? Diagnosis{} : told[0];
+    }
+
+    Hand_Clock clock;
+    Simulated_Line line;
+    Port_Settings settings;
+};
+
+TEST(DoctorVisit, FindsAGoodLineGood) {
+    Visit_Rig rig;
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::None);
+    EXPECT_EQ(diagnosis.sentence,
+              "The line is good: Unit 3 answered 50 reads, 99 % of them within 12 ms; a time-out of "
+              "100 ms is enough.");
+    EXPECT_EQ(diagnosis.proposedTimeOutMs, 100);
+    EXPECT_EQ(diagnosis.report,
+              (std::vector<std::string>{"9600,n,8,1, unit 3, 200 ms: an answer", diagnosis.sentence}));
+    EXPECT_EQ(rig.line.written.size(), 50U);
+}
+
+TEST(DoctorVisit, FindsATimeOutThatIsTooShort) {
+    Visit_Rig rig;
+    rig.line.controllers[0].shortestDelay = rig.line.controllers[0].longestDelay = 700 * ms;
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::TimeOut);
+    EXPECT_EQ(diagnosis.sentence, "Unit 3 answers only after 707 ms: set the time-out to 2150 ms.");
+    EXPECT_EQ(diagnosis.proposedTimeOutMs, 2150);
+}
+
+TEST(DoctorVisit, FindsAnotherParity) {
+    Visit_Rig even({9600, 'E', 8, 1});
+    EXPECT_EQ(even.visit().sentence, "Unit 3 has even parity: set it here too.");
+    Visit_Rig odd({9600, 'O', 8, 1});
+    EXPECT_EQ(odd.visit().sentence, "Unit 3 has odd parity: set it here too.");
+    Visit_Rig none({9600, 'N', 8, 1});
+    none.settings.line.parity = 'E';
+    EXPECT_EQ(none.visit().sentence, "Unit 3 has no parity: set it here too.");
+}
+
+TEST(DoctorVisit, FindsOtherStopBits) {
+    Visit_Rig rig({9600, 'N', 8, 2});
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::StopBits);
+    EXPECT_EQ(diagnosis.sentence, "Unit 3 has 2 stop bits: set them here too.");
+}
+
+TEST(DoctorVisit, FindsAnotherSpeed) {
+    Visit_Rig rig({38400, 'N', 8, 1});
+    EXPECT_EQ(rig.visit().sentence, "Unit 3 has 38400 baud: set it here too.");
+}
+
+TEST(DoctorVisit, FindsAnotherNumberNearBy) {
+    Visit_Rig rig;
+    rig.line.controllers[0].unit = 5;
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::Unit);
+    EXPECT_EQ(diagnosis.sentence, "The controller's number is 5 and not 3: set that as the slave number.");
+}
+
+TEST(DoctorVisit, FindsTwoControllersOfOneNumber) {
+    Visit_Rig rig;
+    rig.line.controllers.push_back(
+        {.unit = 3, .shortestDelay = 40 * ms, .longestDelay = 45 * ms, .registers = {{0, 8}}});
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::Twins);
+    EXPECT_EQ(diagnosis.sentence.substr(0, 22), "Unit 3 answered twice ");
+}
+
+TEST(DoctorVisit, FindsDamagedAnswers) {
+    Visit_Rig rig;
+    rig.line.controllers[0].damaged = 0.2;
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::Noise);
+    EXPECT_NE(diagnosis.sentence.find("answers of Unit 3 came damaged beside 50 reads: terminate both ends"),
+              std::string::npos)
+        << diagnosis.sentence;
+}
+
+TEST(DoctorVisit, FindsRubbish) {
+    Visit_Rig rig;
+    rig.line.controllers[0].damaged = 1;
+    EXPECT_EQ(rig.visit().ailment, Ailment::Rubbish);
+}
+
+TEST(DoctorVisit, FindsAGateway) {
+    Visit_Rig rig;
+    rig.line.controllers.clear();
+    rig.line.gateway = 11;
+    EXPECT_EQ(rig.visit().sentence,
+              "A gateway answers, but it can't reach unit 3: check the slave number, and the line "
+              "behind the gateway.");
+    EXPECT_EQ(rig.line.written.size(), 1U);
+}
+
+TEST(DoctorVisit, FindsAnEchoThatTheSettingsDontKnow) {
+    Visit_Rig rig;
+    rig.line.echoes = true;
+    EXPECT_EQ(rig.visit().sentence,
+              "Unit 3 answers, and the adapter repeats what is sent: tick \"Adapter echoes\".");
+    Visit_Rig known;
+    known.line.echoes = known.settings.adapterEchoes = true;
+    EXPECT_EQ(known.visit().ailment, Ailment::None);
+}
+
+TEST(DoctorVisit, FindsAnEchoThatIsntThere) {
+    Visit_Rig rig;
+    rig.settings.adapterEchoes = true;
+    EXPECT_EQ(rig.visit().sentence,
+              "Unit 3 answers, but the adapter doesn't echo: clear \"Adapter echoes\".");
+}
+
+TEST(DoctorVisit, FindsNothingButTheEcho) {
+    Visit_Rig rig;
+    rig.line.echoes = true;
+    rig.line.controllers.clear();
+    EXPECT_EQ(rig.visit().ailment, Ailment::OnlyEcho);
+}
+
+TEST(DoctorVisit, FindsSilence) {
+    Visit_Rig rig;
+    rig.line.controllers.clear();
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::Silence);
+    EXPECT_EQ(diagnosis.sentence,
+              "Unit 3 is silent at all usual settings: check its supply and its cable, exchange the "
+              "wires A and B, and try another RTS mode.");
+    EXPECT_EQ(diagnosis.report.front(), "9600,n,8,1, unit 3, 200 ms: silence");
+    EXPECT_EQ(diagnosis.report.size(),
+              20U); // as set, long, two parities, stop bits, seven numbers, seven speeds
+}
+
+TEST(DoctorVisit, FindsAnotherMaster) {
+    Visit_Rig rig;
+    rig.line.masters = {{.firstAt = 100 * ms, .request = zorvane::testing::withCrc({7, 3, 0, 0, 0, 10})}};
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::OtherMaster);
+    EXPECT_EQ(diagnosis.sentence,
+              "Another master is on the line: it asks unit 7, 10 registers from address 0 on (function "
+              "3). Let only one master use it.");
+    EXPECT_TRUE(rig.line.written.empty());
+}
+
+TEST(DoctorVisit, SaysWhyThePortCannotBeOpened) {
+    Visit_Rig rig;
+    rig.line.opens = false;
+    EXPECT_EQ(rig.visit().sentence, "No such port: ttyUSB0");
+}
+
+TEST(DoctorVisit, EndsWhenItIsCancelled) {
+    Visit_Rig rig;
+    Doctor_Visit doctor(rig.line, rig.clock, rig.settings, 0);
+    int told = 0;
+    doctor.start([&told](const Diagnosis&) { ++told; });
+    rig.clock.runFor(2 * microsPerSecond);
+    doctor.cancel();
+    rig.clock.runFor(60 * microsPerSecond);
+    EXPECT_EQ(told, 0);
+    EXPECT_FALSE(rig.line.isOpen());
+}
+
+} // namespace
+} // namespace zorvane::survey

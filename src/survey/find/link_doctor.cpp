@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: MIT
+#include "survey/find/link_doctor.h"
+
+#include <algorithm>
+#include <array>
+
+namespace zorvane::survey {
+
+namespace {
+
+constexpr Micros longTimeOut = 3 * microsPerSecond;
+constexpr Micros shortTimeOut = 300 * microsPerMs;
+constexpr int readsAsSet = static_cast<int>(readsForProposal);
+constexpr int nearBy = 5;
+constexpr int highestUnit = 247;
+constexpr std::array speeds = {9600, 19200, 38400, 115200, 57600, 4800, 2400, 1200};
+
+std::string parityText(char parity) {
+    if (parity == 'E') return "even parity";
+    return parity == 'O' ? "odd parity" : "no parity";
+}
+
+std::string countText(std::int32_t count, const std::string& what) {
+    return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+std::string kindText(const Step_Outcome& outcome) {
+    if (outcome.answered) return "an answer";
+    switch (outcome.first) {
+    case Try_Kind::Silence:
+        return outcome.echoed ? "only the adapter's echo" : "silence";
+    case Try_Kind::Gateway:
+        return "a gateway's exception";
+    case Try_Kind::Stranger:
+        return "an answer of another unit";
+    default:
+        return "no whole answer";
+    }
+}
+
+std::string stepText(const Doctor_Step& step, const Step_Outcome& outcome) {
+    return formatLineSettings(step.line) + ", unit " + std::to_string(step.unit) + ", " +
+           std::to_string(step.timeOut / microsPerMs) + " ms: " + kindText(outcome);
+}
+
+} // namespace
+
+Link_Doctor::Link_Doctor(const Port_Settings& settings) : settings_(settings) { planSteps(); }
+
+void Link_Doctor::planSteps() {
+    const Line_Settings& line = settings_.line;
+    const auto unit = static_cast<std::uint8_t>(settings_.slave);
+    const Micros timeOut = settings_.timeOutMs * microsPerMs;
+    const auto add = [this](Ailment shows, const Line_Settings& tried, int number, Micros wait) {
+        steps_.push_back({shows, tried, static_cast<std::uint8_t>(number), wait, 3});
+    };
+    add(Ailment::None, line, unit, timeOut);
+    steps_.front().reads = readsAsSet;
+    if (timeOut < longTimeOut) add(Ailment::TimeOut, line, unit, longTimeOut);
+    const Micros wait = std::max(timeOut, shortTimeOut);
+    for (const char parity : {'N', 'E', 'O'})
+        if (parity != line.parity) add(Ailment::Parity, {line.baud, parity, line.dataBits, 2}, unit, wait);
+    add(Ailment::StopBits, {line.baud, line.parity, line.dataBits, line.stopBits == 1 ? 2 : 1}, unit, wait);
+    for (int away = 1; away <= nearBy; ++away)
+        for (const int other : {unit - away, unit + away})
+            if (other >= 1 && other <= highestUnit) add(Ailment::Unit, line, other, wait);
+    for (const std::int32_t baud : speeds)
+        if (baud != line.baud) add(Ailment::Speed, {baud, line.parity, line.dataBits, 2}, unit, wait);
+}
+
+void Link_Doctor::take(const Step_Outcome& outcome) {
+    report_.push_back(stepText(step(), outcome));
+    outcomes_.push_back(outcome);
+    // A gateway that speaks for the unit tells all that there is to know.
+    const bool tells = outcome.answered || (at_ == 0 && outcome.first == Try_Kind::Gateway);
+    at_ = tells ? steps_.size() : at_ + 1;
+}
+
+Diagnosis Link_Doctor::diagnosis() const {
+    const Step_Outcome& last = outcomes_.back();
+    const Doctor_Step& step = steps_[outcomes_.size() - 1];
+    Diagnosis diagnosis = last.answered ? ofAnswer(step, last) : ofNothing();
+    diagnosis.report = report_;
+    diagnosis.report.push_back(diagnosis.sentence);
+    return diagnosis;
+}
+
+std::string Link_Doctor::unitText(std::uint8_t unit) const { return "Unit " + std::to_string(unit); }
+
+Diagnosis Link_Doctor::ofAnswer(const Doctor_Step& step, const Step_Outcome& outcome) const {
+    const std::string unit = unitText(step.unit);
+    switch (step.shows) {
+    case Ailment::TimeOut: {
+        const std::int32_t proposal = proposedTimeOutMs(outcome.times);
+        return {step.shows,
+                unit + " answers only after " + std::to_string(outcome.times.p99() / microsPerMs) +
+                    " ms: set the time-out to " + std::to_string(proposal) + " ms.",
+                {},
+                proposal};
+    }
+    case Ailment::Parity:
+        return {step.shows, unit + " has " + parityText(step.line.parity) + ": set it here too.", {}, 0};
+    case Ailment::StopBits:
+        return {step.shows,
+                unit + " has " + countText(step.line.stopBits, "stop bit") + ": set them here too.",
+                {},
+                0};
+    case Ailment::Speed:
+        return {
+            step.shows, unit + " has " + std::to_string(step.line.baud) + " baud: set it here too.", {}, 0};
+    case Ailment::Unit:
+        return {step.shows,
+                "The controller's number is " + std::to_string(step.unit) + " and not " +
+                    std::to_string(settings_.slave) + ": set that as the slave number.",
+                {},
+                0};
+    default:
+        return ofAnswerAsSet(outcome);
+    }
+}
+
+Diagnosis Link_Doctor::ofAnswerAsSet(const Step_Outcome& outcome) const {
+    const std::string unit = unitText(static_cast<std::uint8_t>(settings_.slave));
+    const std::int32_t proposal = proposedTimeOutMs(outcome.times);
+    const std::string reads = countText(static_cast<std::int32_t>(outcome.times.count()), "read");
+    if (outcome.again > 0)
+        return {Ailment::Twins,
+                unit + " answered twice " + countText(outcome.again, "time") + " in " + reads +
+                    ": two controllers have this number; give one of them another.",
+                {},
+                proposal};
+    if (outcome.damaged > 0)
+        return {Ailment::Noise,
+                countText(outcome.damaged, "answer") + " of " + unit + " came damaged beside " + reads +
+                    ": terminate both ends of the line, bias it in one place, and join the grounds.",
+                {},
+                proposal};
+    if (settings_.adapterEchoes && !outcome.echoed)
+        return {Ailment::EchoSet,
+                unit + " answers, but the adapter doesn't echo: clear \"Adapter echoes\".",
+                {},
+                proposal};
+    if (!settings_.adapterEchoes && outcome.echoed)
+        return {Ailment::EchoUnset,
+                unit + " answers, and the adapter repeats what is sent: tick \"Adapter echoes\".",
+                {},
+                proposal};
+    return {Ailment::None,
+            "The line is good: " + unit + " answered " + reads + ", 99 % of them within " +
+                std::to_string(outcome.times.p99() / microsPerMs) + " ms; a time-out of " +
+                std::to_string(proposal) + " ms is enough.",
+            {},
+            proposal};
+}
+
+Diagnosis Link_Doctor::ofNothing() const {
+    const Step_Outcome& asSet = outcomes_.front();
+    const std::string unit = unitText(static_cast<std::uint8_t>(settings_.slave));
+    const auto came = [this](Try_Kind kind) {
+        return std::any_of(outcomes_.begin(), outcomes_.end(),
+                           [kind](const Step_Outcome& outcome) { return outcome.first == kind; });
+    };
+    if (asSet.first == Try_Kind::Gateway)
+        return {Ailment::Gateway,
+                "A gateway answers, but it can't reach unit " + std::to_string(settings_.slave) +
+                    ": check the slave number, and the line behind the gateway.",
+                {},
+                0};
+    if (asSet.first == Try_Kind::Stranger)
+        return {
+            Ailment::Stranger,
+            "Another unit answers in place of " + std::to_string(settings_.slave) +
+                ": look for a gateway or an adapter that mixes up its answers, or set that unit's number.",
+            {},
+            0};
+    if (came(Try_Kind::Damaged))
+        return {Ailment::Rubbish,
+                "Something answers, but never whole: two controllers have the number " +
+                    std::to_string(settings_.slave) +
+                    ", or the line is disturbed; leave one controller on it and test again.",
+                {},
+                0};
+    if (asSet.echoed)
+        return {Ailment::OnlyEcho,
+                unit + " is silent, though the adapter repeats what is sent: exchange the wires A and B, and "
+                       "check the "
+                       "controller's supply.",
+                {},
+                0};
+    return {Ailment::Silence,
+            unit + " is silent at all usual settings: check its supply and its cable, exchange the wires A "
+                   "and B, and try "
+                   "another RTS mode.",
+            {},
+            0};
+}
+
+Diagnosis Link_Doctor::portFailed(const std::string& reason) {
+    return {Ailment::PortFailed, reason, {reason}, 0};
+}
+
+Diagnosis Link_Doctor::otherMaster(const std::string& text) {
+    return {Ailment::OtherMaster, text, {text}, 0};
+}
+
+} // namespace zorvane::survey
