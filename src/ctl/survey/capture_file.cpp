@@ -11,10 +11,7 @@ Capture_File::Capture_File(const std::string& path, std::string_view line, std::
 }
 
 void Capture_File::add(const survey::Heard_Frame& frame) {
-    file_ << survey::pcapngPacket(frame.firstAt + sinceEpoch_, frame.bytes);
-    if (frame.lastAt - flushedAt_ < microsPerSecond) return;
-    flushedAt_ = frame.lastAt;
-    file_.flush();
+    file_ << survey::pcapngPacket(frame.firstAt + sinceEpoch_, frame.bytes) << std::flush;
 }
 
 bool Capture_File::end() {

@@ -9,8 +9,8 @@
 
 namespace zorvane::ctl {
 
-/// A file of frames for Wireshark and tshark, written as they come: after a crash at most the last second is
-/// missing.
+/// A file of frames for Wireshark and tshark, each handed to the system as it comes, so that a crash
+/// loses none.
 class Capture_File {
   public:
     /// `path` is UTF-8, `line` names the interface. What is in a file of that name is lost.
@@ -26,7 +26,6 @@ class Capture_File {
   private:
     std::ofstream file_;
     std::int64_t sinceEpoch_;
-    Micros flushedAt_ = 0;
 };
 
 } // namespace zorvane::ctl

@@ -12,6 +12,10 @@ Port_Opening Read_Probe::use(const Port_Settings& settings) {
     }
     if (port_.isOpen()) port_.close();
     Port_Opening opening = port_.open(settings.port, settings);
+    if (opening.goesOn) {
+        port_.close();
+        return {false, "Only a serial line can be searched: name a serial port.", {}};
+    }
     if (opening.opened) transaction_.lineOpened();
     return opening;
 }

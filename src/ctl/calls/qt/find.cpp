@@ -27,11 +27,7 @@ std::string unitsComplaint(const std::string& text) {
 class Find_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
-        arguments
-            .add_option("--port", port_,
-                        "Port: a name such as ttyUSB0, a path, or tcp:HOST:PORT, rtu+tcp:HOST:PORT, "
-                        "rfc2217:HOST:PORT")
-            ->required();
+        arguments.add_option("--port", port_, "Serial port: a name such as ttyUSB0, or a path")->required();
         arguments
             .add_option("--template", templates_,
                         "A template (.ZTP) whose controllers are looked for; may be given more than once")
