@@ -64,8 +64,8 @@ struct Record_Of_Run : ::testing::Test {
     }
     [[nodiscard]] Record record() const { return recordOfRun(runs, "r-1").value(); }
 
-    testing::Memory_Runs runs;
-    testing::Memory_Runs::Files& files = runs.runs["r-1"];
+    doubles::Memory_Runs runs;
+    doubles::Memory_Runs::Files& files = runs.runs["r-1"];
 };
 
 TEST_F(Record_Of_Run, TellsWhoAndWhereAndWhen) {
