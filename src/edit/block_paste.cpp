@@ -26,11 +26,11 @@ Cell_Range rangeOf(const Cell_Range& selection, const Text_Rows& block) {
     return range;
 }
 
-bool holdsNumbers(const Declara_Zorvane& document, const Cell_Place& place) {
+bool placeHoldsNumbers(const Declara_Zorvane& document, const Cell_Place& place) {
     if (!hasCell(document, place)) return false;
     const Cell_Table& cells = document.Fields(place.field).Cells;
     const Cell_Rec& cell = cells(place.row, place.column);
-    return !cell.Has_Messages && edit::holdsNumbers(cells(0, place.column), cell);
+    return !cell.Has_Messages && holdsNumbers(cells(0, place.column), cell);
 }
 
 /// A text of the block, and the cell that it is for.
@@ -56,7 +56,7 @@ std::vector<Meant_Text> meantTexts(const Cell_Range& range, const Text_Rows& blo
 char decimalSignOf(const Declara_Zorvane& document, const std::vector<Meant_Text>& texts) {
     std::vector<std::string_view> numbers;
     for (const Meant_Text& each : texts)
-        if (holdsNumbers(document, each.place)) numbers.emplace_back(each.text);
+        if (placeHoldsNumbers(document, each.place)) numbers.emplace_back(each.text);
     return provenDecimalSign(numbers);
 }
 

@@ -10,9 +10,9 @@ namespace zorvane::edit {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isPlainDigit(char c) { return c >= '0' && c <= '9'; }
 
-bool allDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), isDigit); }
+bool allDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), isPlainDigit); }
 
 std::string replaced(std::string_view text, char sign, std::string_view by) {
     std::string out;
