@@ -84,9 +84,9 @@ class Session {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         time.finishingMs = lastTickMs_;
         time.wholeMs = millisecondsSince(begin);
-        const bool whole = form_.Transfer_Errors.empty() && mainForm_.panel(Panel::Message) == "Ready";
+        const bool whole = form_.Transfer_Errors.empty() && form_.Last_Upload.finished();
         MNU_Disconnect_Click(comm_);
-        if (!whole) throw std::runtime_error("an upload failed: " + mainForm_.panel(Panel::Message));
+        if (!whole) throw std::runtime_error("an upload did not finish without a failed exchange");
         return time;
     }
 

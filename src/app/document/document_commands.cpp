@@ -4,6 +4,7 @@
 #include "app/document/document_lines.h"
 #include "app/document/recovery_keeper.h"
 #include "app/form/menu_state.h"
+#include "comm/main_form/presenter.h"
 #include "comm/main_form/title.h"
 #include "comm/transfer/session.h"
 #include "grids/commit/unholdable_text.h"
@@ -30,7 +31,7 @@ std::string savingText(const std::string& name) { return "Saving file " + name +
 
 /// The document was closed or replaced while the panel told of its saving. Whatever came is left as it is.
 void forgetSaving(const App_Context& app, const std::string& name) {
-    if (app.mainForm.panel(Panel::Message) == savingText(name)) app.mainForm.setPanel(Panel::Message, "");
+    takeBackMessage(app.mainForm, savingText(name));
 }
 
 /// Widths that the user dragged reach the file through Save As only. The columns are the grid's: where the

@@ -6,6 +6,7 @@
 #include "app/document/recovery_keeper.h"
 #include "app/form/font_size.h"
 #include "app/form/menu_state.h"
+#include "comm/main_form/presenter.h"
 #include "comm/main_form/title.h"
 #include "comm/transfer/session.h"
 #include "grids/fill/fill_configuration.h"
@@ -143,9 +144,7 @@ void showDocument(const App_Context& app) {
     app.mainForm.setPartVisible(Form_Part::Frame3, true);
     app.mainForm.setPartEnabled(Form_Part::Frame2, true);
     // The font size uses the panel, too; what was said of the file is still to be read afterwards.
-    const std::string status = app.mainForm.panel(Panel::Message);
-    ignoringFailure([&] { PRO_Aplica_Font(app); });
-    if (!status.empty()) app.mainForm.setPanel(Panel::Message, status);
+    keepingMessage(app.mainForm, [&] { ignoringFailure([&] { PRO_Aplica_Font(app); }); });
 }
 
 } // namespace

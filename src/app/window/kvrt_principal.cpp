@@ -32,11 +32,6 @@ std::string timeOfDay() {
     return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
 }
 
-/// An upload that failed or was cancelled says so in panel 4, and leaves the values alone.
-bool uploadFinished(const Main_Form_State& form, const Main_Form& mainForm) {
-    return !form.Upload_Active && mainForm.panel(Panel::Message) == "Ready";
-}
-
 Qt_Settings_Store& openStore(std::optional<Qt_Settings_Store>& store, const QString& file) {
     return file.isEmpty() ? store.emplace() : store.emplace(file);
 }
@@ -124,7 +119,7 @@ void KVRT_Principal::connectTimers() {
     onTick(Timer_Name::TMR_Actualiza_valores, [this, &comm] {
         const bool uploading = form_.Upload_Active;
         TMR_Actualiza_valores_Timer(comm);
-        if (uploading && uploadFinished(form_, mainForm_)) tellUploaded(app_);
+        if (uploading && !form_.Upload_Active && form_.Last_Upload.finished()) tellUploaded(app_);
     });
     onTick(Timer_Name::TMR_Actualiza_online, [&comm] { TMR_Actualiza_online_Timer(comm); });
     onTick(Timer_Name::TMR_TxRx, [&comm] { TMR_TxRx_Timer(comm); });

@@ -48,7 +48,9 @@ struct Main_Form_State {
     std::optional<std::array<std::int32_t, 4>> Monitor_Place;
     bool In_Tray = false; ///< the icon is in the desktop's tray
 
+    Upload_Result Last_Upload;     ///< of the upload that runs or ran last
     Download_Result Last_Download; ///< of the download that runs or ran last
+    Polling_Result Last_Polling;   ///< of the polling that goes on or went on last
     std::vector<Info_Rec_Errors> Transfer_Errors;
     std::vector<Info_Rec_Errors> Transfer_Log;
 };

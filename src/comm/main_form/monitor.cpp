@@ -1,19 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "comm/main_form/monitor.h"
 
-#include "values/code_page.h"
-#include "values/numbers.h"
-
 namespace zorvane {
 
 namespace {
-
-void showSlaveNumber(const Comm_Context& comm) {
-    const std::string number = comm.link.SlaveNumber();
-    if (!(Val(number) > 0)) return;
-    const std::string text = "RTU: " + std::string(trimBlanks(number));
-    if (text != trimBlanks(comm.mainForm.panel(Panel::Unit))) comm.mainForm.setPanel(Panel::Unit, text);
-}
 
 /// One register on the first port, for trying a line out.
 void startBench(const Comm_Context& comm) {
@@ -56,8 +46,8 @@ void MNU_Port_Settings_Click(const Comm_Context& comm) { comm.link.ShowPortSetti
 void TMR_Verifica_monitor_Timer(const Comm_Context& comm) {
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Verifica_monitor, false);
     const bool onScreen = comm.link.MonitorLoaded() && comm.link.MonitorVisible();
-    comm.mainForm.setMenuEnabled(Menu_Entry::separador4, !onScreen);
-    showSlaveNumber(comm);
+    comm.tell(event::Monitor_Looked_At{onScreen});
+    comm.tell(event::Unit_Known{comm.link.SlaveNumber()});
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Verifica_monitor, true);
 }
 

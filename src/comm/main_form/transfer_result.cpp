@@ -21,11 +21,21 @@ std::int32_t& counterOf(Download_Result& result, Value_End end) {
     return result.uncertain;
 }
 
+bool isException(const std::string& response) {
+    return response == "BUSY" || response.find("(exception ") != std::string::npos ||
+           response.rfind("Exception ", 0) == 0;
+}
+
 } // namespace
 
-void Download_Result::count(const std::string& address, Value_End end) {
-    ++counterOf(*this, end);
-    if (end != Value_End::Taken) missed.push_back({address, end});
+Request_End endOf(const std::string& response) {
+    if (response.empty()) return Request_End::Unanswered;
+    return isException(response) ? Request_End::Refused : Request_End::Not_Sent;
+}
+
+void Download_Result::count(const std::string& address, Value_End how) {
+    ++counterOf(*this, how);
+    if (how != Value_End::Taken) missed.push_back({address, how});
 }
 
 } // namespace zorvane

@@ -10,9 +10,7 @@ void PRO_Verifica_Cancelar(const Comm_Context& comm, bool isUpload, bool& cancel
     if (!comm.form.Cancel_Requested) return;
     comm.form.Comm_Active = false;
     MNU_Disconnect_Click(comm);
-    comm.mainForm.Porcentaje().unload();
-    comm.mainForm.setPanel(Panel::Message, isUpload ? "Upload cancelled..." : "Download cancelled...");
-    comm.mainForm.setFormEnabled(true);
+    comm.tell(event::Transfer_Cancelled{isUpload});
     cancelled = true;
 }
 
@@ -23,8 +21,7 @@ void dropTransfer(const Comm_Context& comm) {
     comm.link.StopScan();
     comm.link.ClosePort();
     comm.link.EndSession();
-    comm.mainForm.Porcentaje().unload();
-    comm.mainForm.setFormEnabled(true);
+    comm.tell(event::Transfer_Dropped{});
 }
 
 void BOT_Cancel_Click(const Comm_Context& comm) {

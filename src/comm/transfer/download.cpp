@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "comm/transfer/download.h"
 
-#include "comm/main_form/progress.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/download_step.h"
 #include "comm/transfer/requests/ascii_block.h"
@@ -17,7 +16,6 @@ namespace zorvane {
 namespace {
 
 constexpr std::int32_t farewellMs = 1000;
-const std::string downloading = "Transferring data to controller...";
 
 /// Rows to walk: those of each modifiable column.
 std::int32_t cellCount(const Comm_Context& comm) {
@@ -40,25 +38,24 @@ void prepare(const Comm_Context& comm) {
     comm.link.PrepareScan();
 }
 
-void showDownloading(const Comm_Context& comm) {
-    Main_Form& mainForm = comm.mainForm;
-    mainForm.setPanel(Panel::Message, downloading);
-    mainForm.setPanel(Panel::Tx, "");
-    mainForm.setPanel(Panel::Rx, "");
-    const std::int32_t total = cellCount(comm);
-    comm.form.Last_Download = {};
-    comm.form.Last_Download.values = total;
-    mainForm.setFormEnabled(false);
-    mainForm.setPanel(Panel::LinkState, "Download");
-    Progress_Form& progress = mainForm.Porcentaje();
-    progress.setRange(total);
-    progress.setLabel(downloading);
-    progress.show();
+void begin(const Comm_Context& comm) {
+    comm.tell(event::Download_Asked{});
+    comm.form.Last_Download.values = cellCount(comm);
+    comm.tell(event::Download_Began{comm.form.Last_Download.values});
+}
+
+/// The download is over.
+const Download_Result& end(const Comm_Context& comm, Transfer_End how) {
+    comm.form.Download_Active = false;
+    Download_Result& result = comm.form.Last_Download;
+    result.end = how;
+    result.controllerSeen = comm.link.ControllerSeen();
+    return result;
 }
 
 /// The document is gone. The link may serve the next one by now.
 void drop(const Comm_Context& comm) {
-    comm.form.Download_Active = false;
+    end(comm, Transfer_End::Dropped);
     if (!comm.form.Online && !comm.form.Comm_Active) dropTransfer(comm);
 }
 
@@ -68,14 +65,11 @@ void finish(const Comm_Context& comm, const Document_Mark& document) {
     comm.link.ClosePort();
     comm.mainForm.wait_ms(farewellMs);
     if (!document.holds()) return drop(comm);
-    comm.mainForm.Porcentaje().unload();
-    comm.mainForm.setPanel(Panel::Message, "Ready");
-    tellDownloadEnd(comm, Download_End::Finished);
-    comm.mainForm.setFormEnabled(true);
-    if (!comm.form.Transfer_Errors.empty() || comm.document.Always_Block_Count < 1) {
-        setTransferMenus(comm.mainForm, true);
-        return;
-    }
+    const Download_Result& result = end(comm, Transfer_End::Finished);
+    comm.tell(event::Transfer_Finished{false});
+    tellDownloadEnd(comm, result);
+    if (!comm.form.Transfer_Errors.empty() || comm.document.Always_Block_Count < 1)
+        return comm.tell(event::Transfers_Offered{});
     comm.link.StartScan();
     selectScan(comm, onlineScan);
     comm.link.PrepareScan();
@@ -87,16 +81,15 @@ void lose(const Comm_Context& comm) {
     comm.form.Download_Active = false;
     comm.link.StopScan();
     comm.link.ClosePort();
-    comm.mainForm.Porcentaje().setLabel("Error. The controller does not respond.");
-    comm.mainForm.Porcentaje().Deshabilita_Cancelar();
-    showNoResponse(comm.mainForm);
-    tellDownloadEnd(comm, Download_End::Lost);
+    const Download_Result& result = end(comm, Transfer_End::Lost);
+    comm.tell(event::Transfer_Lost{});
+    tellDownloadEnd(comm, result);
 }
 
 void stopCancelled(const Comm_Context& comm) {
-    comm.form.Download_Active = false;
-    comm.mainForm.setFormEnabled(true);
-    tellDownloadEnd(comm, Download_End::Cancelled);
+    const Download_Result& result = end(comm, Transfer_End::Cancelled);
+    comm.tell(event::Download_Left{});
+    tellDownloadEnd(comm, result);
 }
 
 enum class Walk_End { Finished, Lost, Cancelled, Document_Gone };
@@ -113,13 +106,9 @@ Walk_End walk(const Comm_Context& comm, const Document_Mark& document) {
     return Walk_End::Finished;
 }
 
-} // namespace
-
-void MNU_Download_Click(const Comm_Context& comm) {
-    tellUnreadBeforeDownload(comm);
-    comm.form.Transfer_Was_Upload = false;
+void download(const Comm_Context& comm) {
     prepare(comm);
-    showDownloading(comm);
+    begin(comm);
     comm.link.EndSession();
     comm.link.ClearCounters();
     comm.form.Download_Active = true;
@@ -134,6 +123,15 @@ void MNU_Download_Click(const Comm_Context& comm) {
     case Walk_End::Document_Gone:
         return drop(comm);
     }
+}
+
+} // namespace
+
+void MNU_Download_Click(const Comm_Context& comm) {
+    tellUnreadBeforeDownload(comm);
+    comm.form.Transfer_Was_Upload = false;
+    comm.form.Last_Download = {};
+    endingOnFailure(comm.form.Last_Download.end, [&] { download(comm); });
 }
 
 } // namespace zorvane

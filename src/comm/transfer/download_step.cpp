@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "comm/transfer/download_step.h"
 
-#include "comm/main_form/progress.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/requests/ascii_block.h"
 #include "comm/transfer/transfer_records.h"
@@ -24,10 +23,6 @@ Info_Rec_Errors exchangeRecord(const modbus_control& link, const Cell_Rec& cell,
     record.Response = trimBlanks(response).empty() ? noAnswer : response;
     record.Retry = retryNumber(tries);
     return record;
-}
-
-std::string writeLine(const Cell_Rec& cell, const std::string& outcome) {
-    return "Write: " + cell.Value + " @" + cell.Address + outcome;
 }
 
 /// Starts the write of an order.
@@ -56,18 +51,18 @@ bool Download_Step::run(const Cell_Place& place) {
     const Cell_Rec& cell = cells(place.row, place.column);
     if (const auto word = negativeWord(definition, cell)) Negative_Word_ = *word;
     if (isNotDownloadable(comm_.document, cell.Address)) {
-        comm_.mainForm.setPanel(Panel::Message, cell.Address + " ...No Download");
+        comm_.tell(event::Value_Kept_Back{cell.Address});
         ++comm_.form.Last_Download.withoutWrite;
     } else if (!transfer(place, cell)) {
         return false;
     }
-    advanceProgress(comm_.mainForm.Porcentaje());
+    comm_.tell(event::Step_Done{});
     return true;
 }
 
 bool Download_Step::transfer(const Cell_Place& place, const Cell_Rec& cell) {
     const std::uint32_t before = comm_.link.WritesEnded();
-    answered_ = false;
+    lastAnswer_.clear();
     send(place);
     if (!document_.holds()) return false;
     const bool ended = awaitWrite(cell);
@@ -97,7 +92,8 @@ Value_End Download_Step::valueEnd() const {
     case Write_Outcome::Uncertain:
         break;
     }
-    return answered_ || !comm_.link.LastResponse().empty() ? Value_End::Uncertain : Value_End::Unanswered;
+    return !lastAnswer_.empty() || !comm_.link.LastResponse().empty() ? Value_End::Uncertain
+                                                                      : Value_End::Unanswered;
 }
 
 void Download_Step::send(const Cell_Place& place) {
@@ -133,20 +129,22 @@ bool Download_Step::awaitWrite(const Cell_Rec& cell) {
 
 void Download_Step::noteExchange(const Cell_Rec& cell, std::int32_t tries) {
     comm_.form.Transfer_Errors.push_back(exchangeRecord(comm_.link, cell, "No Response", tries));
-    answered_ = !comm_.link.LastResponse().empty();
+    lastAnswer_ = comm_.link.LastResponse();
     comm_.link.ClearLastResponse();
 }
 
 void Download_Step::report(const Cell_Rec& cell) {
     modbus_control& link = comm_.link;
-    comm_.mainForm.setPanel(Panel::Message, writeLine(cell, " ...Completed"));
+    comm_.tell(event::Value_Written{cell.Value, cell.Address, Write_Progress::Completed});
     if (!link.WriteFailed()) return;
     const std::string response = link.LastResponse();
     if (response != "BUSY" && !response.empty())
         comm_.form.Transfer_Errors.push_back(
             exchangeRecord(link, cell, "No Response (Exception Response)", 0));
     link.ClearWriteFailed();
-    comm_.mainForm.setPanel(Panel::Message, writeLine(cell, " ...Failed"));
+    comm_.form.Last_Download.failed.push_back(
+        {cell.Address, cell.Value, response.empty() ? lastAnswer_ : response});
+    comm_.tell(event::Value_Written{cell.Value, cell.Address, Write_Progress::Failed});
 }
 
 Request_Sources Download_Step::sources() const {

@@ -5,6 +5,7 @@
 #include "comm/transfer/requests/download_request.h"
 
 #include <cstdint>
+#include <string>
 
 namespace zorvane {
 
@@ -33,7 +34,7 @@ class Download_Step {
     Comm_Context comm_;
     const Document_Mark& document_;
     std::int32_t Negative_Word_ = 0;
-    bool answered_ = false; ///< the last exchange of the present write came to an answer in words
+    std::string lastAnswer_; ///< of the present write's last exchange that was noted; empty for none
 };
 
 } // namespace zorvane

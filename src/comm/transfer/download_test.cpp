@@ -498,5 +498,47 @@ TEST_F(Orphaned_Download, LeavesTheNextDocumentsSessionOpen) {
     EXPECT_FALSE(form.Download_Active);
 }
 
+// What a download came to.
+
+TEST_F(Download, ItsResultListsWhatIsShownAsFailedWithTheAnswer) {
+    field.Cells.redim(4, 2);
+    field.Rows = 4;
+    field.Cells(0, 2).Modifiable = true;
+    setCell(1, "100", "1");
+    setCell(2, "101", "2");
+    setCell(3, "102", "a b");
+    field.Cells(3, 2).Is_Ascii_Range = true;
+    field.Cells(3, 2).Address_End = "103";
+    setCell(4, "104", "4");
+    const std::string illegal = "Illegal data address (exception 2)";
+    link.writes = {{{.good = false}, {.good = false, .response = illegal}},
+                   {{.good = false, .response = "BUSY"}, {.good = false}},
+                   {{.good = false, .response = "BUSY"}},
+                   {{}}};
+    MNU_Download_Click(comm);
+    EXPECT_EQ(form.Last_Download.end, Transfer_End::Finished);
+    EXPECT_THAT(form.Last_Download.failed,
+                ElementsAre(Failed_Value{"100", "1", illegal}, Failed_Value{"101", "2", ""},
+                            Failed_Value{"102", "a b", "BUSY"}));
+}
+
+TEST_F(Download, ItsResultSaysHowElseItEnded) {
+    setCell(1, "100", "120");
+    setCell(2, "101", "1");
+    link.lost = true;
+    MNU_Download_Click(comm);
+    EXPECT_EQ(form.Last_Download.end, Transfer_End::Lost);
+    link.lost = false;
+    link.seen = false;
+    link.writes = {{{.before = [this] { form.Cancel_Requested = true; }}, {}}};
+    MNU_Download_Click(comm);
+    EXPECT_EQ(form.Last_Download.end, Transfer_End::Cancelled);
+    EXPECT_FALSE(form.Last_Download.controllerSeen);
+    setCell(1, "100", "no number");
+    document.Controller_Model = "R7702-16"; // its block is in no list of the template
+    EXPECT_EQ(failureOfTheCommand(), 13);
+    EXPECT_EQ(form.Last_Download.end, Transfer_End::Failed);
+}
+
 } // namespace
 } // namespace zorvane

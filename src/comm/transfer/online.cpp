@@ -5,26 +5,20 @@
 #include "comm/transfer/transfer_bar.h"
 #include "values/run_time_failure.h"
 
+#include <utility>
+
 namespace zorvane {
 
 namespace {
 
-const std::string noResponse = "The controller does not respond...";
-
 void tellLost(const Comm_Context& comm) {
-    PRO_Reintentando(comm);
-    if (comm.form.Lost_Shown) return;
-    comm.mainForm.setPanel(Panel::Message, noResponse);
-    comm.mainForm.setLostComShown(true);
+    comm.tell(event::Polling_Lost{!comm.form.Lost_Shown});
     comm.form.Lost_Shown = true;
 }
 
 void tellPresent(const Comm_Context& comm) {
-    if (!comm.form.Comm_Active) comm.mainForm.setPanel(Panel::LinkState, "Online");
-    if (comm.form.Lost_Shown && comm.mainForm.panel(Panel::Message) == noResponse)
-        comm.mainForm.setPanel(Panel::Message, "");
+    comm.tell(event::Polling_Answered{comm.form.Lost_Shown, comm.form.Comm_Active});
     comm.form.Lost_Shown = false;
-    comm.mainForm.setLostComShown(false);
 }
 
 void refresh(const Comm_Context& comm) {
@@ -35,21 +29,19 @@ void refresh(const Comm_Context& comm) {
     else
         tellPresent(comm);
     tellPolledGaps(comm);
+    comm.form.Last_Polling.lost = comm.form.Comm_Lost_Now;
+    comm.form.Last_Polling.gaps = comm.form.Polled_Gaps;
 }
 
-/// Shows a light when the count has changed since it was last looked at.
-bool showLight(Main_Form& mainForm, Panel panel, const char* text, std::int32_t count, std::int32_t& saved) {
-    const bool changed = count != saved;
-    saved = count;
-    mainForm.setPanel(panel, changed ? text : "");
-    return changed;
-}
+/// Whether the count has changed since it was last looked at.
+bool hasChanged(std::int32_t count, std::int32_t& saved) { return std::exchange(saved, count) != count; }
 
 } // namespace
 
 void TMR_Actualiza_online_Timer(const Comm_Context& comm) {
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
     if (!comm.form.Online) return;
+    ++comm.form.Last_Polling.refreshes;
     ignoringFailure([&] { refresh(comm); });
     if (comm.form.Online) comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_online, true);
 }
@@ -57,12 +49,9 @@ void TMR_Actualiza_online_Timer(const Comm_Context& comm) {
 void TMR_TxRx_Timer(const Comm_Context& comm) {
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_TxRx, false);
     if (!comm.form.Online) return;
-    const bool sent =
-        showLight(comm.mainForm, Panel::Tx, "Tx", comm.link.TxCount(), comm.form.Saved_Tx_Count);
-    if (sent)
-        comm.mainForm.setPanel(Panel::Rx, "");
-    else
-        showLight(comm.mainForm, Panel::Rx, "Rx", comm.link.RxCount(), comm.form.Saved_Rx_Count);
+    const bool sent = hasChanged(comm.link.TxCount(), comm.form.Saved_Tx_Count);
+    const bool received = !sent && hasChanged(comm.link.RxCount(), comm.form.Saved_Rx_Count);
+    comm.tell(event::Traffic_Seen{sent, received});
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_TxRx, true);
 }
 
@@ -70,10 +59,7 @@ void TMR_Forza_analogas_Timer(const Comm_Context& comm) {
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Forza_analogas, false);
 }
 
-void PRO_Reintentando(const Comm_Context& comm) {
-    comm.mainForm.setFormEnabled(true);
-    comm.mainForm.setPanel(Panel::LinkState, "Retrying");
-}
+void PRO_Reintentando(const Comm_Context& comm) { comm.tell(event::Link_Retrying{}); }
 
 void PRO_Perdio_Comunicacion(const Comm_Context& comm) {
     comm.link.StopScan();
@@ -82,12 +68,10 @@ void PRO_Perdio_Comunicacion(const Comm_Context& comm) {
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, false);
     comm.form.Online = false;
     comm.form.Comm_Active = false;
-    comm.mainForm.setPanel(Panel::Message, noResponse);
+    comm.tell(event::Link_Silent{});
     comm.link.EndSession();
-    comm.mainForm.Porcentaje().unload();
-    comm.mainForm.setFormEnabled(true);
     comm.form.Pass_Count = 0;
-    comm.mainForm.setPanel(Panel::LinkState, "Offline");
+    comm.tell(event::Link_Given_Up{});
 }
 
 } // namespace zorvane

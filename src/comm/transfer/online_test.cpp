@@ -197,5 +197,19 @@ TEST_F(Online, ClosingTheDocumentEndsTheSession) {
     EXPECT_THAT(journal.lines(), IsEmpty());
 }
 
+TEST_F(Online, ItsResultCountsRefreshesAndKeepsTheLastState) {
+    goOnline(comm);
+    (void)refreshTick();
+    link.lost = true;
+    (void)refreshTick();
+    MNU_Disconnect_Click(comm);
+    EXPECT_EQ(form.Last_Polling.refreshes, 2);
+    EXPECT_TRUE(form.Last_Polling.lost);
+    EXPECT_EQ(form.Last_Polling.gaps, std::vector<Polled_Gap>{});
+    goOnline(comm);
+    EXPECT_EQ(form.Last_Polling.refreshes, 0);
+    EXPECT_FALSE(form.Last_Polling.lost);
+}
+
 } // namespace
 } // namespace zorvane

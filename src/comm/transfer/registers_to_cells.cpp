@@ -41,20 +41,23 @@ template <class Visit> void forEachCell(const Cell_Table& cells, Visit&& visit) 
 
 } // namespace
 
-void PRO_Aplica_Registros(const Comm_Context& comm, std::int32_t field) {
+std::int32_t PRO_Aplica_Registros(const Comm_Context& comm, std::int32_t field) {
     Grid_View& grids = comm.mainForm.grids();
     const Redraw_Pause pause(grids);
     Field_Rec& record = comm.document.Fields(field);
     const Cell_Table& cells = record.Cells;
     const Register_Image image = comm.image();
     const bool shown = grids.configurationRow() == field;
+    std::int32_t taken = 0;
     forEachCell(cells, [&](std::int32_t row, std::int32_t column) {
         const auto reading = readCell(cells(0, column), cells(row, column), image);
         if (!reading) return;
         record.Cells(row, column).Value = reading->value;
+        ++taken;
         comm.document.Passing.settle({field, row, column});
         if (shown && reading->message) grids.setSettingsText(row, column - 1, *reading->message);
     });
+    return taken;
 }
 
 void PRO_Refresca_Settings(const Comm_Context& comm, std::int32_t row) {

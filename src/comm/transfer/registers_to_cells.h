@@ -9,7 +9,8 @@ namespace zorvane {
 
 /// Fills the cells of a field from the register image after a transfer. A list cell of the field shown gets
 /// its message text in the lower grid too; the grid is not repainted meanwhile.
-void PRO_Aplica_Registros(const Comm_Context& comm, std::int32_t field);
+/// Gives how many cells took a value.
+std::int32_t PRO_Aplica_Registros(const Comm_Context& comm, std::int32_t field);
 
 /// Refreshes the lower grid and the cells behind it for the columns whose request word is the one scanned.
 /// While the link is lost a cell of a whole register shows "???" and keeps its `Value`.

@@ -12,26 +12,24 @@ namespace zorvane {
 
 void MNU_Disconnect_Click(const Comm_Context& comm) {
     comm.form.Online = false;
-    comm.mainForm.setMenuEnabled(Menu_Entry::MNU_Disconnect, false);
+    comm.tell(event::Session_Ending{});
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_TxRx, false);
     comm.link.StopScan();
     comm.link.ClosePort();
-    comm.mainForm.setPanel(Panel::Tx, "");
-    comm.mainForm.setPanel(Panel::Rx, "");
-    comm.mainForm.setPanel(Panel::LinkState, "Offline");
+    comm.tell(event::Port_Closed{});
     comm.link.EndSession();
-    setTransferMenus(comm.mainForm, true);
+    comm.tell(event::Transfers_Offered{});
 }
 
 void PRO_Fin_Sesion(const Comm_Context& comm) {
     if (!comm.form.Online) return;
     comm.form.Online = false;
-    comm.mainForm.setMenuEnabled(Menu_Entry::MNU_Disconnect, false);
+    comm.tell(event::Session_Ending{});
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
     comm.link.StopScan();
     comm.link.ClosePort();
-    comm.mainForm.setPanel(Panel::LinkState, "");
+    comm.tell(event::Port_Closed{true});
     comm.link.EndSession();
 }
 
@@ -65,13 +63,13 @@ void selectScan(const Comm_Context& comm, const std::string& word) {
 }
 
 void enterOnline(const Comm_Context& comm) {
+    comm.form.Last_Polling = {};
     forgetPolledGaps(comm);
     comm.mainForm.messageBar().withdraw(bar_topic::unmarkedChange); // nothing is put back while online
     comm.form.Online = true;
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_online, true);
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_TxRx, true);
-    comm.mainForm.setMenuEnabled(Menu_Entry::MNU_Disconnect, true);
-    setTransferMenus(comm.mainForm, false);
+    comm.tell(event::Polling_Began{});
 }
 
 void goOnline(const Comm_Context& comm) {
@@ -79,11 +77,6 @@ void goOnline(const Comm_Context& comm) {
     comm.link.PrepareScan();
     comm.link.StartScan();
     enterOnline(comm);
-}
-
-void setTransferMenus(Main_Form& mainForm, bool enabled) {
-    mainForm.setMenuEnabled(Menu_Entry::MNU_Download, enabled);
-    mainForm.setMenuEnabled(Menu_Entry::MNU_Upload, enabled);
 }
 
 } // namespace zorvane

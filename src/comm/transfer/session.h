@@ -30,7 +30,4 @@ void enterOnline(const Comm_Context& comm);
 /// From a closed link to the polling state.
 void goOnline(const Comm_Context& comm);
 
-/// Download and Upload in the menu, which are off while polling.
-void setTransferMenus(Main_Form& mainForm, bool enabled);
-
 } // namespace zorvane

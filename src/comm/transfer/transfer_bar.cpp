@@ -4,6 +4,7 @@
 #include "cells/cell_names.h"
 #include "comm/main_form/bar_topics.h"
 #include "comm/modbus_control/scan/register_ranges.h"
+#include "comm/transfer/block_results.h"
 #include "comm/transfer/requests/needed_registers.h"
 #include "comm/transfer/session.h"
 #include "comm/transfer/upload.h"
@@ -91,14 +92,14 @@ namespace {
 
 constexpr std::size_t mostMissedNamed = 6;
 
-std::string beginning(Download_End end, std::int32_t values) {
+std::string beginning(Transfer_End end, std::int32_t values) {
     const std::string of = " of " + numberText(values) + (values == 1 ? " value" : " values");
     switch (end) {
-    case Download_End::Cancelled:
+    case Transfer_End::Cancelled:
         return "Cancelled download" + of + ": ";
-    case Download_End::Lost:
+    case Transfer_End::Lost:
         return "Download" + of + ", given up as the controller does not respond: ";
-    case Download_End::Finished:
+    default:
         break;
     }
     return "Download" + of + ": ";
@@ -134,14 +135,13 @@ const std::string nobodySeen =
 
 } // namespace
 
-void tellDownloadEnd(const Comm_Context& comm, Download_End end) {
-    const Download_Result& result = comm.form.Last_Download;
+void tellDownloadEnd(const Comm_Context& comm, const Download_Result& result) {
     if (result.values == 0) return;
-    const bool proven = result.taken == 0 || comm.link.ControllerSeen();
-    std::string text = beginning(end, result.values) + countsText(result) + missedText(result);
-    if (end == Download_End::Finished) text += " \"Ready\" stands there for all of it.";
+    const bool proven = result.taken == 0 || result.controllerSeen;
+    std::string text = beginning(result.end, result.values) + countsText(result) + missedText(result);
+    if (result.finished()) text += " \"Ready\" stands there for all of it.";
     if (!proven) text += nobodySeen;
-    const bool whole = result.missed.empty() && result.notReached() == 0 && end == Download_End::Finished;
+    const bool whole = result.missed.empty() && result.notReached() == 0 && result.finished();
     tell(comm, bar_topic::downloadEnd, whole && proven ? Bar_Kind::Note : Bar_Kind::Warning, text,
          {logButton(comm)});
 }
@@ -150,23 +150,8 @@ void tellDownloadEnd(const Comm_Context& comm, Download_End end) {
 
 namespace {
 
-/// The last register of a range that a line can have.
-std::int64_t lastOf(std::int64_t first, std::int64_t last) {
-    constexpr std::int64_t addressSpace = 65536;
-    return std::min(last, first + addressSpace - 1);
-}
-
-/// Why the last reading of a block brought no values, of its first register without any.
-std::optional<std::string> faultOf(const Comm_Context& comm, const Holding_Block_Rec& block) {
-    const std::int64_t last = lastOf(block.First_Address, block.Last_Address);
-    for (std::int64_t address = block.First_Address; address <= last; ++address)
-        if (auto fault = comm.link.readingOf(comm.form.Unit_Id, static_cast<std::int32_t>(address)).fault)
-            return fault;
-    return std::nullopt;
-}
-
-std::string rangeText(const Holding_Block_Rec& block) {
-    return numberText(block.First_Address) + "-" + numberText(block.Last_Address);
+std::string rangeText(const Block_Result& block) {
+    return numberText(block.first) + "-" + numberText(block.last);
 }
 
 std::string reasonText(const std::string& fault) { return fault.empty() ? "no answer" : fault; }
@@ -196,7 +181,7 @@ struct Page_Gaps {
 
 void addGaps(const Comm_Context& comm, const Cell_Rec& cell, Page_Gaps& gaps) {
     const Cell_Registers registers = registersOf(cell);
-    const std::int64_t last = lastOf(registers.first, registers.last);
+    const std::int64_t last = lastOnTheLine(registers.first, registers.last);
     for (std::int64_t i = registers.first; i <= last; ++i) {
         const auto address = static_cast<std::int32_t>(i);
         const Register_Reading reading = comm.link.readingOf(comm.form.Unit_Id, address);
@@ -233,12 +218,10 @@ std::string pagesText(const Comm_Context& comm) {
     return text.empty() ? " No page shows a value of them." : text;
 }
 
-void tellGaps(const Comm_Context& comm) {
+void tellGaps(const Comm_Context& comm, const Upload_Result& result) {
     std::string blocks;
-    const auto& all = comm.document.Holding_Blocks;
-    for (std::int32_t i = 1; i <= all.upperBound(); ++i)
-        if (const auto fault = faultOf(comm, all(i)))
-            addName(blocks, rangeText(all(i)) + " (" + reasonText(*fault) + ")");
+    for (const Block_Result& block : result.blocks)
+        if (block.failed()) addName(blocks, rangeText(block) + " (" + reasonText(block.answer) + ")");
     Message_Bar& bar = comm.mainForm.messageBar();
     bar.withdraw(bar_topic::unreadBeforeDownload);
     bar.withdraw(bar_topic::unmarkedChange);
@@ -249,8 +232,8 @@ void tellGaps(const Comm_Context& comm) {
 
 } // namespace
 
-void tellUploadGaps(const Comm_Context& comm) {
-    ignoringFailure([&] { tellGaps(comm); });
+void tellUploadGaps(const Comm_Context& comm, const Upload_Result& result) {
+    ignoringFailure([&] { tellGaps(comm, result); });
 }
 
 // Polling.
@@ -269,9 +252,9 @@ std::vector<Polled_Gap> polledGaps(const Comm_Context& comm) {
     const auto& blocks = comm.document.Holding_Blocks;
     for (std::int32_t i = 1; i <= blocks.upperBound(); ++i) {
         if (blocks(i).Request != onlineScan) continue;
-        const auto fault = faultOf(comm, blocks(i));
-        if (!fault) continue;
-        Polled_Gap gap{i, rangeText(blocks(i)), *fault, {}};
+        const Block_Result result = blockResult(comm, blocks(i));
+        if (!result.failed()) continue;
+        Polled_Gap gap{i, rangeText(result), result.answer, {}};
         for (const Polled_Gap& before : comm.form.Polled_Gaps)
             if (before.block == i) gap.since = before.since;
         if (gap.since.empty()) gap.since = comm.mainForm.timeOfDay();

@@ -12,15 +12,12 @@ namespace zorvane {
 /// halves, shared times and blocks are built from the register image.
 void tellUnreadBeforeDownload(const Comm_Context& comm);
 
-/// How a download ended.
-enum class Download_End { Finished, Lost, Cancelled };
-
 /// After a download: what became of its values, and whether a controller was seen at all.
-void tellDownloadEnd(const Comm_Context& comm, Download_End end);
+void tellDownloadEnd(const Comm_Context& comm, const Download_Result& result);
 
 /// After an upload, before the port is opened again: which blocks it couldn't read, and which pages show
 /// something older or 0 for them.
-void tellUploadGaps(const Comm_Context& comm);
+void tellUploadGaps(const Comm_Context& comm, const Upload_Result& result);
 
 /// At each refresh while polling: which polled blocks bring no values any more, and since when.
 void tellPolledGaps(const Comm_Context& comm);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "comm/transfer/upload.h"
 
-#include "comm/main_form/progress.h"
 #include "comm/main_form/title.h"
+#include "comm/transfer/block_results.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/registers_to_cells.h"
 #include "comm/transfer/session.h"
@@ -14,25 +14,6 @@
 namespace zorvane {
 
 namespace {
-
-/// 32-bit arithmetic of the progress bar: beyond it, failure 6.
-std::int32_t progressRange(std::int32_t passes, std::int32_t blocks) {
-    return toLong(static_cast<double>(passes) * blocks);
-}
-
-void showUploading(const Comm_Context& comm) {
-    Main_Form& mainForm = comm.mainForm;
-    mainForm.setPanel(Panel::Tx, "");
-    mainForm.setPanel(Panel::Rx, "");
-    mainForm.setFormEnabled(false);
-    mainForm.setPanel(Panel::LinkState, "Upload");
-    mainForm.setPanel(Panel::Message, "Uploading... Wait a moment please");
-    Progress_Form& progress = mainForm.Porcentaje();
-    progress.setLabel("Uploading data from the controller...");
-    progress.setRange(progressRange(comm.form.Scan_Passes, comm.link.ScanBlockCount()));
-    progress.show();
-    refreshTitle(comm.document, comm.form, mainForm);
-}
 
 void startScan(const Comm_Context& comm) {
     Main_Form_State& form = comm.form;
@@ -53,8 +34,10 @@ void startUpload(const Comm_Context& comm) {
     comm.form.Saved_Transaction = comm.link.TransactionCount();
     comm.form.Cancel_Requested = false;
     comm.form.Upload_Edition = comm.document.Edition;
+    comm.form.Last_Upload = {};
     selectScan(comm, transferScan);
-    showUploading(comm);
+    comm.tell(event::Upload_Began{comm.form.Scan_Passes, comm.link.ScanBlockCount()});
+    refreshTitle(comm.document, comm.form, comm.mainForm);
     startScan(comm);
 }
 
@@ -77,21 +60,25 @@ void closeLink(modbus_control& link) {
     link.EndSession();
 }
 
-void fail(const Comm_Context& comm) {
+void end(const Comm_Context& comm, Transfer_End how) {
+    Main_Form_State& form = comm.form;
+    form.Upload_Active = false;
+    form.Comm_Active = false;
+    form.Pass_Count = 0;
+    form.Last_Upload.end = how;
+}
+
+void lose(const Comm_Context& comm) {
     closeLink(comm.link);
-    comm.form.Comm_Active = false;
-    comm.form.Pass_Count = 0;
-    comm.mainForm.Porcentaje().setLabel("Error. The controller does not respond.");
-    comm.form.Upload_Active = false;
-    comm.mainForm.Porcentaje().Deshabilita_Cancelar();
-    showNoResponse(comm.mainForm);
+    end(comm, Transfer_End::Lost);
+    comm.tell(event::Transfer_Lost{});
 }
 
 /// The image becomes the document's values, which makes the document differ from its file.
 void applyImage(const Comm_Context& comm) {
     Grid_View& grids = comm.mainForm.grids();
     for (std::int32_t field = 1; field < grids.configurationRows(); ++field)
-        PRO_Aplica_Registros(comm, field);
+        comm.form.Last_Upload.values += PRO_Aplica_Registros(comm, field);
     grids.refillSettings(grids.configurationRow());
     PRO_Titulo_Modificado(comm.document, comm.form, comm.mainForm);
     applySaveRule(comm.document, comm.mainForm);
@@ -101,15 +88,13 @@ void finish(const Comm_Context& comm) {
     comm.form.Upload_Active = false;
     closeLink(comm.link);
     applyImage(comm);
-    tellUploadGaps(comm);
-    comm.form.Comm_Active = false;
-    comm.mainForm.setPanel(Panel::Message, "Ready");
-    comm.mainForm.Porcentaje().unload();
-    comm.form.Pass_Count = 0;
-    comm.mainForm.setFormEnabled(true);
+    comm.form.Last_Upload.blocks = blockResults(comm);
+    tellUploadGaps(comm, comm.form.Last_Upload);
+    end(comm, Transfer_End::Finished);
+    comm.tell(event::Transfer_Finished{true});
     if (!comm.form.Transfer_Errors.empty()) return;
     if (comm.document.Always_Block_Count < 1)
-        setTransferMenus(comm.mainForm, true);
+        comm.tell(event::Transfers_Offered{});
     else
         goOnline(comm);
 }
@@ -123,11 +108,32 @@ Scan_Step noteBlock(const Comm_Context& comm) {
     if (index == form.Scan_Index) return Scan_Step::Goes_On;
     form.Retry_Count = 0;
     form.Scan_Index = index;
-    advanceProgress(comm.mainForm.Porcentaje());
+    comm.tell(event::Step_Done{});
     if (comm.link.CommLost()) return Scan_Step::Lost;
     if (index != form.First_Scan_Index) return Scan_Step::Goes_On;
     ++form.Pass_Count;
+    ++form.Last_Upload.passes;
     return form.Pass_Count >= form.Scan_Passes ? Scan_Step::Done : Scan_Step::Goes_On;
+}
+
+void tick(const Comm_Context& comm) {
+    bool cancelled = false;
+    PRO_Verifica_Cancelar(comm, true, cancelled);
+    if (cancelled) {
+        comm.form.Upload_Active = false;
+        comm.form.Last_Upload.end = Transfer_End::Cancelled;
+        return;
+    }
+    noteExchange(comm);
+    switch (noteBlock(comm)) {
+    case Scan_Step::Lost:
+        return lose(comm);
+    case Scan_Step::Done:
+        return finish(comm);
+    case Scan_Step::Goes_On:
+        break;
+    }
+    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, true);
 }
 
 } // namespace
@@ -141,23 +147,11 @@ void MNU_Upload_Click(const Comm_Context& comm) {
 
 void TMR_Actualiza_valores_Timer(const Comm_Context& comm) {
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, false);
-    if (comm.document.Edition != comm.form.Upload_Edition) return dropTransfer(comm);
-    bool cancelled = false;
-    PRO_Verifica_Cancelar(comm, true, cancelled);
-    if (cancelled) {
-        comm.form.Upload_Active = false;
-        return;
+    if (comm.document.Edition != comm.form.Upload_Edition) {
+        comm.form.Last_Upload.end = Transfer_End::Dropped;
+        return dropTransfer(comm);
     }
-    noteExchange(comm);
-    switch (noteBlock(comm)) {
-    case Scan_Step::Lost:
-        return fail(comm);
-    case Scan_Step::Done:
-        return finish(comm);
-    case Scan_Step::Goes_On:
-        break;
-    }
-    comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, true);
+    endingOnFailure(comm.form.Last_Upload.end, [&] { tick(comm); });
 }
 
 } // namespace zorvane

@@ -372,5 +372,55 @@ TEST_F(Upload, AnUploadWhoseDocumentIsGoneIsDropped) {
     EXPECT_EQ(cell().Value, "");
 }
 
+// What an upload came to.
+
+TEST_F(Upload, ItsResultCountsValuesAndNamesEveryBlock) {
+    start();
+    EXPECT_EQ(form.Last_Upload.end, Transfer_End::None);
+    link.readings[205] = {Reading_Age::Never, "Illegal data address (exception 2)"};
+    scanTo(2);
+    scanTo(1);
+    const Upload_Result& result = form.Last_Upload;
+    EXPECT_EQ(result.end, Transfer_End::Finished);
+    EXPECT_EQ(result.passes, 1);
+    EXPECT_EQ(result.values, 1);
+    EXPECT_THAT(result.blocks, ElementsAre(Block_Result{100, 109, Request_End::Good, ""},
+                                           Block_Result{200, 219, Request_End::Refused,
+                                                        "Illegal data address (exception 2)"}));
+}
+
+TEST_F(Upload, ABlockThatNobodyReadIsNotSentButHasntFailed) {
+    link.readings[100] = {Reading_Age::Never, std::nullopt};
+    start();
+    scanTo(2);
+    scanTo(1);
+    const Block_Result& block = form.Last_Upload.blocks.front();
+    EXPECT_EQ(block, (Block_Result{100, 109, Request_End::Not_Sent, ""}));
+    EXPECT_FALSE(block.failed());
+}
+
+TEST_F(Upload, ItsResultSaysHowElseItEnded) {
+    start();
+    link.lost = true;
+    scanTo(2, false);
+    EXPECT_EQ(form.Last_Upload.end, Transfer_End::Lost);
+    link.lost = false;
+    start();
+    EXPECT_EQ(form.Last_Upload.end, Transfer_End::None);
+    form.Cancel_Requested = true;
+    tick();
+    EXPECT_EQ(form.Last_Upload.end, Transfer_End::Cancelled);
+    start();
+    form.Scan_Index = 9; // a block that the template lacks
+    link.finishScan(false);
+    EXPECT_THROW(tick(), Run_Time_Failure);
+    EXPECT_EQ(form.Last_Upload.end, Transfer_End::Failed);
+    form.Comm_Active = false;
+    start();
+    PRO_Limpia_Modelo(document);
+    tick();
+    EXPECT_EQ(form.Last_Upload.end, Transfer_End::Dropped);
+}
+
 } // namespace
 } // namespace zorvane

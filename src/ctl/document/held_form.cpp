@@ -46,9 +46,7 @@ int Held_Form::Msgb_Show(const std::string& /*prompt*/, int style, const std::st
 
 void Held_Form::setPanel(Panel panel, const std::string& text) {
     panels_[panel] = text;
-    if (panel != Panel::Message) return;
-    messages_.push_back(text);
-    if (onMessage) onMessage(text);
+    if (panel == Panel::Message) messages_.push_back(text);
 }
 
 std::string Held_Form::panel(Panel panel) const {

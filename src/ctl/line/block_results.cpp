@@ -5,26 +5,6 @@ namespace zorvane::ctl {
 
 namespace {
 
-bool isException(const std::string& response) {
-    return response == "BUSY" || response.find("(exception ") != std::string::npos ||
-           response.rfind("Exception ", 0) == 0;
-}
-
-Block_Result resultOf(const Comm_Context& comm, const Holding_Block_Rec& block) {
-    Block_Result result{block.First_Address, block.Last_Address, Request_End::Good};
-    for (std::int64_t address = block.First_Address; address <= block.Last_Address; ++address) {
-        const Register_Reading reading =
-            comm.link.readingOf(comm.form.Unit_Id, static_cast<std::int32_t>(address));
-        if (reading.fault) {
-            result.end = endOf(*reading.fault);
-            result.answer = *reading.fault;
-            return result;
-        }
-        if (reading.age == Reading_Age::Never) result.end = Request_End::Not_Sent;
-    }
-    return result;
-}
-
 const char* listOf(Request_End end) {
     switch (end) {
     case Request_End::Good:
@@ -50,20 +30,6 @@ std::string blockName(const Declara_Zorvane& document, std::int32_t address) {
 }
 
 } // namespace
-
-Request_End endOf(const std::string& response) {
-    if (response.empty()) return Request_End::Unanswered;
-    return isException(response) ? Request_End::Refused : Request_End::Not_Sent;
-}
-
-std::vector<Block_Result> blockResults(const Comm_Context& comm) {
-    std::vector<Block_Result> results;
-    const auto& blocks = comm.document.Holding_Blocks;
-    if (!blocks.dimensioned()) return results;
-    for (std::int32_t i = 1; i <= blocks.upperBound(); ++i)
-        results.push_back(resultOf(comm, blocks(i)));
-    return results;
-}
 
 void addBlockLists(Json& json, const std::vector<Block_Result>& blocks) {
     for (const Request_End end :

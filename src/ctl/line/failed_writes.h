@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "comm/main_form/comm_context.h"
-#include "ctl/document/held_form.h"
-#include "ctl/line/block_results.h"
+#include "comm/main_form/transfer_result.h"
 
 #include <string>
 #include <vector>
@@ -19,25 +17,7 @@ struct Failed_Write {
     std::string answer{}; ///< the exception, or why it couldn't be sent
 };
 
-/// While it lives, collects the failed writes of a download from what it tells in panel 4 and records.
-class Failed_Writes {
-  public:
-    Failed_Writes(const Comm_Context& comm, Held_Form& mainForm);
-    ~Failed_Writes() { mainForm_.onMessage = nullptr; }
-    Failed_Writes(const Failed_Writes&) = delete;
-    Failed_Writes& operator=(const Failed_Writes&) = delete;
-
-    [[nodiscard]] const std::vector<Failed_Write>& all() const noexcept { return all_; }
-
-  private:
-    void note(const std::string& text);
-    [[nodiscard]] std::string responseSince(std::size_t records) const;
-
-    const Comm_Context& comm_;
-    Held_Form& mainForm_;
-    std::vector<Failed_Write> all_;
-    std::size_t records_ = 0; ///< of the cells before, and of this one up to its "Completed"
-    std::string response_;    ///< of the present cell's last exchange
-};
+/// Those that the download shows as failed.
+[[nodiscard]] std::vector<Failed_Write> failedWrites(const Download_Result& result);
 
 } // namespace zorvane::ctl

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/line/transfer.h"
 
-#include "comm/main_form/progress.h"
+#include "comm/transfer/block_results.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/download.h"
 #include "comm/transfer/session.h"
@@ -16,23 +16,21 @@ namespace zorvane::ctl {
 
 namespace {
 
-const std::string ready = "Ready";
-
-/// The progress form tells how a transfer ended: it waits for an Ok after a failure, and is gone otherwise.
-Transfer_Outcome outcomeOf(const Held_Form& mainForm, const std::string& panel4) {
-    if (mainForm.Porcentaje().state() != Progress_State::Unloaded) return Transfer_Outcome::Failed;
-    return panel4 == ready ? Transfer_Outcome::Finished : Transfer_Outcome::Cancelled;
+Transfer_Outcome outcomeOf(Transfer_End end) {
+    if (end == Transfer_End::Finished) return Transfer_Outcome::Finished;
+    return end == Transfer_End::Cancelled ? Transfer_Outcome::Cancelled : Transfer_Outcome::Failed;
 }
 
-Transfer_Report endTransfer(const Comm_Context& comm, const Held_Form& mainForm,
+Transfer_Report endTransfer(const Comm_Context& comm, const Held_Form& mainForm, Transfer_End end,
                             std::optional<Failure_Note> failure) {
     Transfer_Report report;
-    report.panel4 = mainForm.panel(Panel::Message);
-    report.outcome = failure ? Transfer_Outcome::Failed : outcomeOf(mainForm, report.panel4);
+    report.outcome = outcomeOf(end);
+    report.lost = end == Transfer_End::Lost;
     report.failure = std::move(failure);
     comm.form.Upload_Active = false;
     comm.form.Download_Active = false;
     MNU_Disconnect_Click(comm);
+    report.panel4 = mainForm.lastMessage();
     report.panel4_lines = mainForm.messages();
     report.blocks = blockResults(comm);
     report.errors = comm.form.Transfer_Errors;
@@ -77,11 +75,13 @@ void cancelBefore(const Comm_Context& comm) {
     bool cancelled = false;
     comm.form.Cancel_Requested = true;
     PRO_Verifica_Cancelar(comm, false, cancelled);
+    comm.form.Last_Download.end = Transfer_End::Cancelled;
 }
 
 void refuseToWrite(const Comm_Context& comm, const First_Reading& reading) {
     comm.form.Transfer_Errors = reading.errors;
-    if (reading.lost) showNoResponse(comm.mainForm);
+    comm.form.Last_Download.end = reading.lost ? Transfer_End::Lost : Transfer_End::Failed;
+    if (reading.lost) comm.tell(event::Controller_Silent{});
 }
 
 std::optional<Failure_Note> writeAll(const Comm_Context& comm) {
@@ -132,7 +132,7 @@ void readWholePass(const Comm_Context& comm, const std::string& request) {
 
 Transfer_Report runUpload(const Comm_Context& asked, Held_Form& mainForm, const Stop_Wish& stop) {
     Guarded_Link link(asked.link, asked.form, stop);
-    const Comm_Context comm{asked.document, asked.form, link, asked.mainForm};
+    const Comm_Context comm{asked.document, asked.form, link, asked.mainForm, asked.watcher};
     const Own_Values own(comm.document);
     std::optional<Failure_Note> failure;
     mainForm.onTimer = [&](Timer_Name timer) {
@@ -144,9 +144,10 @@ Transfer_Report runUpload(const Comm_Context& asked, Held_Form& mainForm, const 
     MNU_Upload_Click(comm);
     if (stop.asked()) comm.form.Cancel_Requested = true; // the command has cleared the wish
     mainForm.wait_until([&] { return !comm.form.Upload_Active; });
-    Transfer_Report report = endTransfer(comm, mainForm, std::move(failure));
+    const Upload_Result& result = comm.form.Last_Upload;
+    Transfer_Report report = endTransfer(comm, mainForm, result.end, std::move(failure));
     if (report.finished()) {
-        report.passes = comm.form.Scan_Passes;
+        report.passes = result.passes;
         report.failedReads = failedReads(report.errors);
         report.refusals = refusalsOf(report.failedReads);
         own.putBackUnread(comm);
@@ -159,13 +160,12 @@ Transfer_Report runUpload(const Comm_Context& asked, Held_Form& mainForm, const 
 
 Transfer_Report runDownload(const Comm_Context& asked, Held_Form& mainForm, const Stop_Wish& stop) {
     Guarded_Link link(asked.link, asked.form, stop);
-    const Comm_Context comm{asked.document, asked.form, link, asked.mainForm};
+    const Comm_Context comm{asked.document, asked.form, link, asked.mainForm, asked.watcher};
     const Download_Plan plan = planDownload(comm.document, {}, selectionOf(mainForm.grids()));
     mainForm.Porcentaje().setLabel("Transferring data to controller...");
     mainForm.Porcentaje().show();
     const bool hopeless = plan.failure && plan.writes.empty(); // the first write can't even be built
     const First_Reading reading = hopeless ? First_Reading() : readBeforeWriting(comm, plan);
-    const Failed_Writes failed(comm, mainForm);
     std::optional<Failure_Note> failure;
     if (stop.asked())
         cancelBefore(comm);
@@ -175,8 +175,9 @@ Transfer_Report runDownload(const Comm_Context& asked, Held_Form& mainForm, cons
         failure = writeAll(comm);
     else
         refuseToWrite(comm, reading);
-    Transfer_Report report = endTransfer(comm, mainForm, std::move(failure));
-    report.failedWrites = failed.all();
+    const Download_Result& result = comm.form.Last_Download;
+    Transfer_Report report = endTransfer(comm, mainForm, result.end, std::move(failure));
+    report.failedWrites = failedWrites(result);
     report.refusals = refusalsOf(report.failedWrites);
     if (report.outcome == Transfer_Outcome::Failed) report.obstacles = reading.obstacles;
     report.writes = writesOf(link, plan);

@@ -37,6 +37,7 @@ struct Download_Writes {
 /// How a transfer ended. The session has ended, too: the port is closed.
 struct Transfer_Report {
     Transfer_Outcome outcome = Transfer_Outcome::Failed;
+    bool lost = false;       ///< it failed because nothing answered
     std::int32_t passes = 0; ///< whole passes of an upload over all blocks
     std::vector<Info_Rec_Errors> errors;
     std::vector<Info_Rec_Errors> log;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What a transfer in a terminal tells of each request: read or written, refused, unanswered, not sent.
 #include "comm/main_form/testing/comm_bench.h"
+#include "comm/transfer/block_results.h"
 #include "ctl/document/own_values.h"
 #include "ctl/line/transfer.h"
 #include "ctl/line/transfer_text.h"
@@ -84,26 +85,14 @@ TEST_F(Results, ACellWhoseRegistersWereNotReadKeepsItsValue) {
 }
 
 TEST_F(Results, AFailedWriteIsRefusedOrUnansweredOrNotSent) {
-    Held_Form held(1, firstField);
-    const Failed_Writes failed(comm, held);
-    const auto write = [&](const std::string& cell, const std::string& recorded, const std::string& kept) {
-        Info_Rec_Errors record;
-        record.Response = recorded;
-        if (!recorded.empty()) form.Transfer_Errors.push_back(record);
-        link.response = kept;
-        held.setPanel(Panel::Message, "Write: " + cell + " ...Completed");
-        held.setPanel(Panel::Message, "Write: " + cell + " ...Failed");
-    };
-    form.Transfer_Errors.resize(1); // of a write that went well
-    held.setPanel(Panel::Message, "Write: 9 @99 ...Completed");
-    write("10 @100", illegalAddress, "");
-    write("a @b @101", "No Response", "");
-    write("text @102", "", "BUSY"); // a text leaves no record
-    write("12 @70000", "", "Register 70000 has no address from 0 to 65535");
-    held.setPanel(Panel::Message, "Writing ascii block: 1-2 @x ...Failed"); // told again as "Write:"
+    Download_Result result;
+    result.failed = {{"100", "10", illegalAddress},
+                     {"101", "a @b", ""},
+                     {"102", "text", "BUSY"},
+                     {"70000", "12", "Register 70000 has no address from 0 to 65535"}};
     Transfer_Report report;
     report.outcome = Transfer_Outcome::Finished;
-    report.failedWrites = failed.all();
+    report.failedWrites = failedWrites(result);
     EXPECT_FALSE(report.complete());
     EXPECT_EQ(transferResultJson(report)["failed_writes"], Json::parse(R"-([
         {"register":"100","value":"10","result":"refused","answer":"Illegal data address (exception 2)"},

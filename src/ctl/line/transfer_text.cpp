@@ -110,7 +110,7 @@ void tellTransfer(std::ostream& err, const std::string& name, const Transfer_Rep
     tellStop(err, name, report);
     if (report.failure) tellFailure(err, name + " stopped", *report.failure);
     if (report.outcome == Transfer_Outcome::Cancelled) tell(err, printable(report.panel4));
-    if (report.outcome == Transfer_Outcome::Failed && !report.failure && !report.panel4.empty())
+    if (report.lost)
         tell(err,
              printable(report.panel4) + " Check the cable, the port, its settings and the slave number.");
 }

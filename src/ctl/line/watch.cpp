@@ -159,7 +159,8 @@ bool runWatch(const Comm_Context& comm, Held_Form& mainForm, const Watch_Plan& p
     if (plan.ended) plan.ended(endText(refresh, stopped));
     mainForm.onTimer = nullptr;
     mainForm.held().onText = nullptr;
-    return refresh.number > 0 && !refresh.lost;
+    const Polling_Result& result = comm.form.Last_Polling;
+    return result.refreshes > 0 && !result.lost;
 }
 
 } // namespace zorvane::ctl

@@ -23,14 +23,14 @@ class List_Write final : public Live_Write_Variant {
             startHalf(*half);
     }
 
-    void failed() override { show(writeFailed); }
+    void failed() override { show(Write_Progress::Failed); }
 
     /// No entry of the hidden combo box is ever chosen, which stands for the empty entry 0 of the list: the
     /// cell goes blank until the next refresh writes the new text.
     void succeeded() override {
         const std::int32_t entry = grids_.editors.EDT_Modifica_Combo.ListIndex + 1;
         grids_.FLX_Settings.setText(cell().Messages(entry).Text);
-        show(writeCompleted);
+        show(Write_Progress::Completed);
     }
 
     void close() override {
@@ -41,12 +41,12 @@ class List_Write final : public Live_Write_Variant {
 
   private:
     [[nodiscard]] Cell_Rec& cell() const { return grids_.cell(row_, col_); }
-    void show(std::string_view progress) const {
-        showStatusLine(grids_, numberText(code_), cell().Address, progress);
+    void show(Write_Progress progress) const {
+        grids_.comm.tell(event::Value_Written{numberText(code_), cell().Address, progress});
     }
 
     void startWhole() const {
-        show(writePending);
+        show(Write_Progress::Pending);
         const Comm_Context& comm = grids_.comm;
         comm.link.PresetSingleRegister(comm.form.Unit_Id, longValue(cell().Address), code_);
     }
@@ -85,7 +85,7 @@ void PRO_Escribe_Lista(const Grid_Context& grids, std::int32_t Row, std::int32_t
     const Comm_Context& comm = grids.comm;
     if (comm.form.Online) {
         List_Write variant(grids, Row, Col, code);
-        if (!writeLive(grids, variant)) return;
+        if (writeLive(grids, variant).dropped) return;
     }
     if (!comm.form.Online) storeOffline(grids, Row, Col, code);
     PRO_Titulo_Modificado(comm.document, comm.form, comm.mainForm);

@@ -51,7 +51,7 @@ class Commit {
     void operator()(const Time_Accepted& way) const {
         if (comm_.form.Online) {
             Time_Write variant(grids_, row_, col_, way.time);
-            if (!writeLive(grids_, variant)) return;
+            if (writeLive(grids_, variant).dropped) return;
         } else {
             replace(way.time);
         }
@@ -71,7 +71,7 @@ class Commit {
         const std::int32_t old = strictLong(cell().Value);
         if (comm_.form.Online) {
             Number_Write variant(grids_, row_, col_, {way.text, way.Raw_Negative, old});
-            if (!writeLive(grids_, variant)) return;
+            if (writeLive(grids_, variant).dropped) return;
         } else {
             cell().Value = numberText(Val(way.text));
             grid_.setText(way.text);

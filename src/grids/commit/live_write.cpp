@@ -37,12 +37,6 @@ void report(const Grid_Context& grids, Live_Write_Variant& variant) {
     }
 }
 
-/// A line about a write of a document that is gone would stand for ever.
-void forgetPending(Main_Form& mainForm) {
-    const std::string line = mainForm.panel(Panel::Message);
-    if (line.ends_with(writePending)) mainForm.setPanel(Panel::Message, "");
-}
-
 /// False when the document is gone.
 bool exchange(const Grid_Context& grids, Live_Write_Variant& variant, Live_Write_Watch& watch) {
     const Comm_Context& comm = grids.comm;
@@ -65,26 +59,15 @@ bool exchange(const Grid_Context& grids, Live_Write_Variant& variant, Live_Write
 
 } // namespace
 
-bool writeLive(const Grid_Context& grids, Live_Write_Variant& variant) {
+Live_Write_Result writeLive(const Grid_Context& grids, Live_Write_Variant& variant) {
     Live_Write_Watch watch(grids);
     if (!exchange(grids, variant, watch)) {
-        forgetPending(grids.comm.mainForm);
-        return false;
+        grids.comm.tell(event::Live_Write_Dropped{});
+        return watch.dropped();
     }
     variant.close();
     watch.tell();
-    return true;
-}
-
-std::string statusLine(std::string_view value, std::string_view address, std::string_view progress) {
-    std::string line = "Write: ";
-    line.append(value).append(" @").append(address).append(progress);
-    return line;
-}
-
-void showStatusLine(const Grid_Context& grids, std::string_view value, std::string_view address,
-                    std::string_view progress) {
-    grids.comm.mainForm.setPanel(Panel::Message, statusLine(value, address, progress));
+    return watch.result();
 }
 
 } // namespace zorvane

@@ -3,9 +3,6 @@
 
 #include "grids/fill/grid_context.h"
 
-#include <string>
-#include <string_view>
-
 namespace zorvane {
 
 /// What differs between the live writes of a number, a time and a list choice. The cell is looked up again at
@@ -23,21 +20,10 @@ class Live_Write_Variant {
 
 /// Writes one register while online, and shows by the colours of the grid's current cell how that goes. It
 /// returns once the write has ended and half a second more has passed; there is no time limit. A run-time
-/// failure of a step ends it there, with the grid back in the tab order. False when the document was closed
-/// or replaced during a wait: then the rest of the steps is left out, and the caller has nothing to do
-/// either.
-[[nodiscard]] bool writeLive(const Grid_Context& grids, Live_Write_Variant& variant);
-
-/// How far a write has come, at the end of its status line.
-inline constexpr std::string_view writePending = " ...Pending";
-inline constexpr std::string_view writeFailed = " ...Failed";
-inline constexpr std::string_view writeCompleted = " ...Completed";
-
-/// "Write: 120 @1004 ...Completed", for panel 4.
-[[nodiscard]] std::string statusLine(std::string_view value, std::string_view address,
-                                     std::string_view progress);
-void showStatusLine(const Grid_Context& grids, std::string_view value, std::string_view address,
-                    std::string_view progress);
+/// failure of a step ends it there, with the grid back in the tab order. When the document was closed or
+/// replaced during a wait, the result says so: then the rest of the steps is left out, and the caller has
+/// nothing to do either.
+[[nodiscard]] Live_Write_Result writeLive(const Grid_Context& grids, Live_Write_Variant& variant);
 
 /// Keeps the lower grid out of the tab order as long as it lives.
 class Tab_Stop_Off {

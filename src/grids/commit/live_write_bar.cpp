@@ -41,24 +41,31 @@ Live_Write_Watch::Live_Write_Watch(const Grid_Context& grids)
       col_(grids.FLX_Settings.Col()) {}
 
 void Live_Write_Watch::begin() {
-    failedBefore_ = grids_.comm.link.WriteFailed();
+    result_.failedBefore = grids_.comm.link.WriteFailed();
     endedBefore_ = grids_.comm.link.WritesEnded();
 }
 
 void Live_Write_Watch::noteEnd() {
     const std::uint32_t ended = grids_.comm.link.WritesEnded() - endedBefore_;
-    if (ended == 0) end_ = Write_Outcome::NotSent;
-    if (ended == 1) end_ = grids_.comm.link.LastWriteOutcome();
+    if (ended == 0) result_.outcome = Write_Outcome::NotSent;
+    if (ended == 1) result_.outcome = grids_.comm.link.LastWriteOutcome();
+}
+
+Live_Write_Result Live_Write_Watch::dropped() const {
+    Live_Write_Result result = result_;
+    result.dropped = true;
+    return result;
 }
 
 void Live_Write_Watch::tell() const {
-    if (!failedBefore_ && end_ != Write_Outcome::Uncertain) return;
+    if (!result_.failedBefore && result_.outcome != Write_Outcome::Uncertain) return;
     if (row_ < 0 || col_ < 0) return;
     const Declara_Zorvane& document = grids_.comm.document;
     const std::string address = document.Fields(field_).Cells(row_, col_ + 1).Address;
     std::string text =
-        cellName(document, field_, row_, col_ + 1) + " @" + address + ": " + endText(end_) + ".";
-    if (failedBefore_) text += " An earlier write had failed, and that stands until the next download.";
+        cellName(document, field_, row_, col_ + 1) + " @" + address + ": " + endText(result_.outcome) + ".";
+    if (result_.failedBefore)
+        text += " An earlier write had failed, and that stands until the next download.";
     grids_.comm.mainForm.messageBar().tell(
         {bar_topic::liveWrite, Bar_Kind::Warning, text, {showButton(grids_, field_, row_, col_)}, true});
 }

@@ -22,11 +22,14 @@ class Live_Write_Watch {
     /// REQUIRES: the document is still there.
     void tell() const;
 
+    [[nodiscard]] const Live_Write_Result& result() const noexcept { return result_; }
+    /// The same when the document is gone.
+    [[nodiscard]] Live_Write_Result dropped() const;
+
   private:
     Grid_Context grids_;
-    bool failedBefore_ = false;
+    Live_Write_Result result_;
     std::uint32_t endedBefore_ = 0;
-    Write_Outcome end_ = Write_Outcome::Uncertain;
     std::int32_t field_;
     std::int32_t row_;
     std::int32_t col_;

@@ -40,9 +40,9 @@ class Live_Write_Test : public testing::Test, protected doubles::Grid_Bench {
 };
 
 TEST(Status_Line_Test, NamesValueAddressAndProgress) {
-    EXPECT_EQ(statusLine("120", "1004", writeCompleted), "Write: 120 @1004 ...Completed");
-    EXPECT_EQ(statusLine("", "1004", writeFailed), "Write:  @1004 ...Failed");
-    EXPECT_EQ(statusLine("5", "", writePending), "Write: 5 @ ...Pending");
+    EXPECT_EQ(statusLine({"120", "1004", Write_Progress::Completed}), "Write: 120 @1004 ...Completed");
+    EXPECT_EQ(statusLine({"", "1004", Write_Progress::Failed}), "Write:  @1004 ...Failed");
+    EXPECT_EQ(statusLine({"5", "", Write_Progress::Pending}), "Write: 5 @ ...Pending");
 }
 
 // The three variants, by the kind of address and the end of the write.
@@ -295,6 +295,24 @@ TEST_F(Live_Write_Test, MinutesOnHalfARegisterAreCutWithoutBeingWritten) {
     EXPECT_EQ(writes(), std::vector<std::string>{});
     EXPECT_EQ(shown(), "0") << "3 is taken for the seconds of the whole register";
     EXPECT_EQ(cell().Value, "0");
+}
+
+TEST_F(Live_Write_Test, ItsResultSaysWhatTheControllerDid) {
+    Time_Write variant(grids, 1, 0, "0:10");
+    link.writes = {{{.good = false, .response = "BUSY"}}, {{}}, {noAnswer}};
+    const Live_Write_Result refused = writeLive(grids, variant);
+    EXPECT_EQ(refused.outcome, Write_Outcome::Refused);
+    EXPECT_FALSE(refused.failedBefore);
+    const Live_Write_Result taken = writeLive(grids, variant);
+    EXPECT_EQ(taken.outcome, Write_Outcome::Taken);
+    EXPECT_TRUE(taken.failedBefore);
+    EXPECT_EQ(writeLive(grids, variant).outcome, Write_Outcome::Uncertain);
+}
+
+TEST_F(Live_Write_Test, ItsResultSaysThatItsDocumentIsGone) {
+    Time_Write variant(grids, 1, 0, "0:10");
+    link.writes = {{{.before = [this] { ++document.Edition; }}}};
+    EXPECT_TRUE(writeLive(grids, variant).dropped);
 }
 
 TEST(Half_Time_Test, JoinsAndSplitsARegisterOfSeconds) {

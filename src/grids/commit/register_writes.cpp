@@ -34,8 +34,8 @@ std::string splitTime(const Cell_Rec& cell, const std::string& whole) {
     return whole;
 }
 
-void Number_Write::show(std::string_view progress) const {
-    showStatusLine(grids_, number_.text, cell().Address, progress);
+void Number_Write::show(Write_Progress progress) const {
+    grids_.comm.tell(event::Value_Written{number_.text, cell().Address, progress});
 }
 
 void Number_Write::start() {
@@ -45,7 +45,7 @@ void Number_Write::start() {
         const std::int32_t value = comm.link.RegisterValue(comm.form.Unit_Id, strictLong(cell().Address));
         number_.text = joinedTime(cell(), number_.text, value);
     }
-    show(writePending);
+    show(Write_Progress::Pending);
     const std::int32_t value = registerFor(number_.text, grids_.definition(col_), number_.Raw_Negative);
     comm.link.PresetSingleRegister(comm.form.Unit_Id, longValue(cell().Address), value);
 }
@@ -53,14 +53,14 @@ void Number_Write::start() {
 void Number_Write::failed() {
     cell().Value = numberText(number_.Old_Value);
     grids_.FLX_Settings.setText(numberText(number_.Old_Value));
-    show(writeFailed);
+    show(Write_Progress::Failed);
 }
 
 void Number_Write::succeeded() {
     number_.text = splitTime(cell(), number_.text);
     cell().Value = numberText(Val(number_.text));
     grids_.FLX_Settings.setText(number_.text);
-    show(writeCompleted);
+    show(Write_Progress::Completed);
 }
 
 void Number_Write::close() {
@@ -75,7 +75,7 @@ void Time_Write::start() {
 
 void Time_Write::failed() {
     // The line has no value: only the write of a number gives one.
-    showStatusLine(grids_, "", cell().Address, writeFailed);
+    grids_.comm.tell(event::Value_Written{"", cell().Address, Write_Progress::Failed});
 }
 
 void Time_Write::succeeded() {

@@ -29,7 +29,7 @@ class Number_Write final : public Live_Write_Variant {
 
   private:
     [[nodiscard]] Cell_Rec& cell() const { return grids_.cell(row_, col_); }
-    void show(std::string_view progress) const;
+    void show(Write_Progress progress) const;
 
     const Grid_Context& grids_;
     std::int32_t row_;

@@ -32,11 +32,6 @@ bool waitWhileWriting(const Comm_Context& comm, const Document_Mark& document) {
     return document.holds();
 }
 
-std::string outcomeLine(Register_Range registers, const std::string& text, bool failed) {
-    return "Writing ascii block: " + numberText(registers.first) + "-" + numberText(registers.last) + " @" +
-           text + (failed ? " ...Failed" : " ...Completed");
-}
-
 } // namespace
 
 Register_Range asciiRegisters(const Declara_Zorvane& document, const Cell_Rec& cell) {
@@ -82,7 +77,7 @@ void PRO_Escribe_Bloque_Ascii(const Comm_Context& comm, const std::string& text,
     comm.mainForm.wait_ms(settlingMs);
     if (!document.holds()) return;
     failed = comm.link.WriteFailed();
-    comm.mainForm.setPanel(Panel::Message, outcomeLine(registers, text, failed));
+    comm.tell(event::Text_Written{registers.first, registers.last, text, failed});
 }
 
 } // namespace zorvane

@@ -61,7 +61,7 @@ int Port_Subcommand::run(const Call_Context& context) {
                            ::isatty(STDERR_FILENO) != 0);
     asker.to = &mainForm;
     mainForm.portFailed = [&assembly] { return assembly.link().CommLost() && !assembly.link().portOpen(); };
-    const Comm_Context comm{opened.document, form, link, mainForm};
+    const Comm_Context comm{opened.document, form, link, mainForm, &mainForm};
     ignoringFailure([&] { PRO_Registra_Bloques(comm); });
     const Stop_Signals stop([&comm, &mainForm, told = false](bool again) mutable {
         if (stopTransfer(comm, again) && !std::exchange(told, true))

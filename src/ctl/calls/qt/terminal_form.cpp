@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/calls/qt/terminal_form.h"
 
+#include "comm/main_form/presenter.h"
 #include "ctl/document/notices.h"
 
 #include <QCoreApplication>
@@ -50,9 +51,12 @@ int Terminal_Form::Msgb_Show(const std::string& prompt, int style, const std::st
     return Held_Form::Msgb_Show(prompt, style, title);
 }
 
-void Terminal_Form::setPanel(Panel panel, const std::string& text) {
-    Held_Form::setPanel(panel, text);
-    if (panel == Panel::Message && text.ends_with(" ...Failed")) printer_.line(printable(text));
+void Terminal_Form::note(const Transfer_Event& event) {
+    const auto* const value = std::get_if<event::Value_Written>(&event);
+    const auto* const text = std::get_if<event::Text_Written>(&event);
+    if (value != nullptr && value->progress == Write_Progress::Failed)
+        printer_.line(printable(statusLine(*value)));
+    if (text != nullptr && text->failed) printer_.line(printable(statusLine(*text)));
 }
 
 void Terminal_Form::setTimerEnabled(Timer_Name timer, bool enabled) {

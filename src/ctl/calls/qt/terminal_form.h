@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "comm/main_form/transfer_events.h"
 #include "ctl/document/held_form.h"
 #include "ctl/text/progress_printer.h"
 
@@ -14,15 +15,16 @@ namespace zorvane::ctl {
 /// The main form of a program in a terminal: waits serve the event loop, the timers of the upload and of the
 /// live refresh tick, and people see the progress, the failed writes and the link's messages, each message
 /// once. REQUIRES: a QCoreApplication.
-class Terminal_Form : public Held_Form {
+class Terminal_Form : public Held_Form, public Transfer_Watcher {
   public:
     Terminal_Form(std::int32_t fields, const Grid_Selection& selection, std::ostream& err, bool terminal);
 
     int Msgb_Show(const std::string& prompt, int style, const std::string& title) override;
-    void setPanel(Panel panel, const std::string& text) override;
     void setTimerEnabled(Timer_Name timer, bool enabled) override;
     void wait_until(const std::function<bool()>& condition) override;
     void wait_ms(std::int32_t milliseconds) override;
+    /// Shows a write that failed.
+    void note(const Transfer_Event& event) override;
 
     /// A line to people, beside the progress.
     void tellLine(const std::string& text) { printer_.line("zorvanectl: " + text); }
