@@ -35,7 +35,7 @@ Exit_Answer askBeforeExit(const App_Context& app) {
     return Exit_Answer::Stay;
 }
 
-Twips_Rect monitorRectangle(const modbus_control& link) {
+Twips_Rect monitorRectangle(const Link_Monitor& link) {
     return {.left = static_cast<double>(link.MonitorLeft()),
             .top = static_cast<double>(link.MonitorTop()),
             .width = static_cast<double>(link.MonitorWidth()),

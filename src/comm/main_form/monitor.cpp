@@ -24,7 +24,7 @@ void askEnd(const Comm_Context& comm, const Toolbar_Actions& actions) {
 } // namespace
 
 void showMonitorWindow(const Comm_Context& comm) {
-    modbus_control& link = comm.link;
+    Link_Monitor& link = comm.link;
     if (const auto& place = comm.form.Monitor_Place)
         link.ShowMonitor((*place)[0], (*place)[1], (*place)[2], (*place)[3]);
     else
@@ -32,7 +32,7 @@ void showMonitorWindow(const Comm_Context& comm) {
 }
 
 void separador4_Click(const Comm_Context& comm) {
-    modbus_control& link = comm.link;
+    Link_Monitor& link = comm.link;
     if (link.MonitorLoaded()) {
         if (!link.MonitorVisible()) link.ActivateMonitor();
         return;

@@ -5,17 +5,17 @@
 
 namespace zorvane {
 
-void PRO_Titulo_Modificado(const Declara_Zorvane& document, Main_Form_State& form, Main_Form& mainForm) {
+void PRO_Titulo_Modificado(const Declara_Zorvane& document, Form_State& form, Main_Form& mainForm) {
     form.Dirty = true;
     refreshTitle(document, form, mainForm);
 }
 
-void PRO_Titulo_Limpio(const Declara_Zorvane& document, Main_Form_State& form, Main_Form& mainForm) {
+void PRO_Titulo_Limpio(const Declara_Zorvane& document, Form_State& form, Main_Form& mainForm) {
     form.Dirty = false;
     refreshTitle(document, form, mainForm);
 }
 
-void refreshTitle(const Declara_Zorvane& document, const Main_Form_State& form, Main_Form& mainForm) {
+void refreshTitle(const Declara_Zorvane& document, const Form_State& form, Main_Form& mainForm) {
     const std::string name = lowerCase(document.File_Stem) + "." + lowerCase(document.File_Extension);
     mainForm.setCaption((form.Dirty ? "* " : "") + name + " - Zorvane");
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "comm/modbus_control/modbus_control.h"
+#include "comm/modbus_control/link_roles.h"
 
 #include <cstdint>
 #include <string>

@@ -68,6 +68,7 @@ class Dry_Run_Link : public modbus_control {
                          std::int16_t /*count*/) override {}
     [[nodiscard]] std::int32_t ScanBlockCount() const override { return 0; }
     [[nodiscard]] std::int32_t ScanBlockIndex() const override { return 0; }
+    void ScanBlockSeen() override {}
     void ResetScan() override {}
     void PrepareScan() override {}
     void StartScan() override {}
@@ -78,6 +79,7 @@ class Dry_Run_Link : public modbus_control {
     void ResumeScan() override {}
     void OpenPort() override {}
     [[nodiscard]] bool LastRequestFailed() const override { return false; }
+    void LastRequestSeen() override {}
     [[nodiscard]] bool CommLost() const override { return false; }
     [[nodiscard]] std::string LastResponse() const override { return {}; }
     void ClearLastResponse() override {}

@@ -36,12 +36,12 @@ struct Doubt_Rig : Link_Rig {
     /// Runs one pass over all blocks. False when it hangs.
     bool pass() {
         scan();
-        const std::int32_t first = link.ScanBlockIndex();
+        const std::int32_t first = watchedScanBlock(link);
         bool left = false;
         for (int tick = 0; tick < 6000; ++tick) {
             clock.runFor(10 * ms);
-            if (link.LastRequestFailed()) ++failuresSeen;
-            const std::int32_t index = link.ScanBlockIndex();
+            if (watchedFailure(link)) ++failuresSeen;
+            const std::int32_t index = watchedScanBlock(link);
             if (left && index == first) return true;
             left = left || index != first;
         }
@@ -187,7 +187,7 @@ TEST(LinkDoubt, ABlockOfWhichOnePartIsGivenUpLeavesTheImage) {
     rig.stop();
     EXPECT_THAT(rig.asked(), ElementsAre("0-4", "5-7", "8-9"));
     EXPECT_EQ(rig.read(0, 9), 0);
-    EXPECT_TRUE(rig.link.LastRequestFailed());
+    EXPECT_TRUE(watchedFailure(rig.link));
     EXPECT_TRUE(rig.link.CommLost());
 }
 
@@ -213,7 +213,7 @@ TEST(LinkDoubt, AFailedTryOfAPartStaysToBeSeenUntilTheBlockIsLeft) {
     Doubt_Rig rig(1);
     std::vector<bool> failedBehind;
     rig.faults = [&](int number, const Byte_Array& request) {
-        if (number > 0) failedBehind.push_back(rig.link.LastRequestFailed());
+        if (number > 0) failedBehind.push_back(watchedFailure(rig.link));
         // Number 0 and 1 are the first block's tries, 2 is lost, and 3 to 5 read the second block.
         if (number > 2) rig.reply(rig.slave.answer(request), 5 * ms);
     };

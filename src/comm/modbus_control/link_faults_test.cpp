@@ -82,7 +82,7 @@ TEST_P(LinkBadAnswer, IsAFailedTryAndTheNextOneIsRight) {
     EXPECT_EQ(rig.log.exchanges[0].result, GetParam().result);
     EXPECT_FALSE(rig.log.exchanges[0].good);
     EXPECT_EQ(rig.link.RegisterValue(0, 10), 0);
-    EXPECT_TRUE(rig.link.LastRequestFailed());
+    EXPECT_TRUE(watchedFailure(rig.link));
     ASSERT_TRUE(rig.exchanges(2));
     EXPECT_EQ(rig.log.exchanges[1].result, "good");
     rig.expectRead(10, 12);

@@ -85,10 +85,10 @@ TEST(LinkPort, AScanOnAPortThatIsNotThereEndsAsOnASilentController) {
     rig.block(6, 7);
     rig.link.SetScanMode("NONE");
     rig.link.PrepareScan();
-    const std::int32_t first = rig.link.ScanBlockIndex();
+    const std::int32_t first = watchedScanBlock(rig.link);
     rig.link.StartScan();
     rig.clock.runFor(30 * ms);
-    EXPECT_NE(rig.link.ScanBlockIndex(), first);
+    EXPECT_NE(watchedScanBlock(rig.link), first);
     EXPECT_TRUE(rig.link.CommLost());
 }
 
@@ -100,9 +100,9 @@ TEST(LinkPort, APreparedScanOnAPortThatIsNotThereShowsItsFirstIndexUntilItIsStar
     rig.link.StartScan();
     rig.link.SetScanMode("NONE");
     rig.link.PrepareScan();
-    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    EXPECT_EQ(watchedScanBlock(rig.link), 1);
     rig.link.StartScan();
-    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+    EXPECT_EQ(watchedScanBlock(rig.link), 2);
 }
 
 TEST(LinkPort, APortThatCouldNotBeOpenedIsTriedAgainEveryHalfSecond) {
@@ -408,11 +408,11 @@ TEST(LinkPort, AnUnplugInAWatchedPassMovesTheIndex) {
     rig.block(1, 5);
     rig.block(6, 7);
     rig.scan();
-    const std::int32_t first = rig.link.ScanBlockIndex();
+    const std::int32_t first = watchedScanBlock(rig.link);
     rig.clock.runFor(8 * ms);
     onlyPorts(rig, {});
     rig.port.unplug();
-    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.link.ScanBlockIndex() != first; }, microsPerSecond));
+    ASSERT_TRUE(rig.clock.runUntilTrue([&] { return watchedScanBlock(rig.link) != first; }, microsPerSecond));
     EXPECT_TRUE(rig.link.CommLost());
 }
 

@@ -262,13 +262,13 @@ class Storm {
     }
 
     void watch(std::uint16_t last) {
-        const std::int32_t first = rig.link.ScanBlockIndex();
+        const std::int32_t first = watchedScanBlock(rig.link);
         std::int32_t index = first;
         for (int tick = 0; tick < 60'000; ++tick) {
             rig.clock.runFor(10 * ms);
-            static_cast<void>(rig.link.LastRequestFailed());
-            if (rig.link.ScanBlockIndex() == index) continue;
-            index = rig.link.ScanBlockIndex();
+            static_cast<void>(watchedFailure(rig.link));
+            if (watchedScanBlock(rig.link) == index) continue;
+            index = watchedScanBlock(rig.link);
             checkImage(last);
             if (rig.link.CommLost()) {
                 failed = true;

@@ -113,10 +113,11 @@ std::int32_t Modbus_Link::ScanBlockCount() const {
     return static_cast<std::int32_t>(scan_.plan().numbers().size());
 }
 
-std::int32_t Modbus_Link::ScanBlockIndex() const {
+std::int32_t Modbus_Link::ScanBlockIndex() const { return scan_.index(); }
+
+void Modbus_Link::ScanBlockSeen() {
     scan_.indexSeen();
     scanLookedAt();
-    return scan_.index();
 }
 
 void Modbus_Link::ResetScan() { restartScan(); }
@@ -180,10 +181,11 @@ Register_Reading Modbus_Link::readingOf(std::int32_t slave, std::int32_t address
 
 std::uint8_t Modbus_Link::TransactionCount() const { return status_.transactionCount; }
 
-bool Modbus_Link::LastRequestFailed() const {
+bool Modbus_Link::LastRequestFailed() const { return status_.lastRequestFailed; }
+
+void Modbus_Link::LastRequestSeen() {
     scan_.failureSeen();
     scanLookedAt();
-    return status_.lastRequestFailed;
 }
 
 bool Modbus_Link::CommLost() const { return status_.commLost; }

@@ -87,6 +87,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     [[nodiscard]] std::string ScanMode() const override;
     [[nodiscard]] std::int32_t ScanBlockCount() const override;
     [[nodiscard]] std::int32_t ScanBlockIndex() const override;
+    void ScanBlockSeen() override;
     void ResetScan() override;
     void PrepareScan() override;
     void StartScan() override;
@@ -102,6 +103,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     [[nodiscard]] Register_Reading readingOf(std::int32_t slave, std::int32_t address) const override;
     [[nodiscard]] std::uint8_t TransactionCount() const override;
     [[nodiscard]] bool LastRequestFailed() const override;
+    void LastRequestSeen() override;
     [[nodiscard]] bool CommLost() const override;
     [[nodiscard]] std::string LastResponse() const override;
     void ClearLastResponse() override;
@@ -177,7 +179,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     void missEmptyScan();
     void refuseFrame(const Scan_Frame& frame, const std::string& why);
     void armScanAlarm();
-    void scanLookedAt() const;
+    void scanLookedAt();
     bool withdrawScan();
     void restartScan();
     [[nodiscard]] bool scanWanted() const { return wish_ && portWanted_ && !paused_ && !halted_; }
@@ -233,7 +235,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     Register_Store image_;
     Exchange_Status status_;
     Write_Queue writes_;
-    mutable Scan scan_;          ///< being looked at lets it move on
+    Scan scan_;
     std::int32_t scanTries_ = 0; ///< failed ones of the present frame; of the present block while it is cut
     std::vector<Read_Part> parts_;
     Kept_Together together_;

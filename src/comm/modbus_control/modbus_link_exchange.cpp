@@ -117,7 +117,7 @@ void Modbus_Link::ringScanAlarm() {
     if (held_) armScanAlarm();
 }
 
-void Modbus_Link::scanLookedAt() const {
+void Modbus_Link::scanLookedAt() {
     const bool free = current_.kind == Current::Kind::None;
     if (free && scanWanted()) scanAlarm_->armAt(clock_.now());
 }

@@ -32,7 +32,7 @@ TEST(ModbusLink, AScanFillsTheImage) {
     EXPECT_EQ(rig.link.RegisterValue(1, 10), 7) << "slave 0 is that of the port settings";
     EXPECT_EQ(rig.link.RegisterValue(2, 10), 0);
     EXPECT_FALSE(rig.link.CommLost());
-    EXPECT_FALSE(rig.link.LastRequestFailed());
+    EXPECT_FALSE(watchedFailure(rig.link));
 }
 
 TEST(ModbusLink, LinesAndCountersOfAnExchange) {
@@ -84,15 +84,15 @@ TEST(ModbusLink, EveryTryCounts) {
     rig.scan();
     ASSERT_TRUE(rig.exchanges(2));
     EXPECT_FALSE(rig.link.CommLost());
-    EXPECT_TRUE(rig.link.LastRequestFailed());
-    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    EXPECT_TRUE(watchedFailure(rig.link));
+    EXPECT_EQ(watchedScanBlock(rig.link), 1);
     ASSERT_TRUE(rig.exchanges(3));
     EXPECT_TRUE(rig.link.CommLost());
     EXPECT_EQ(rig.link.TransactionCount(), 3);
     EXPECT_EQ(rig.link.TxCount(), 3);
     EXPECT_EQ(rig.link.RxCount(), 0);
     EXPECT_EQ(events, 3);
-    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+    EXPECT_EQ(watchedScanBlock(rig.link), 2);
     EXPECT_EQ(rig.link.LastResponse(), "");
 }
 
@@ -171,7 +171,7 @@ TEST(ModbusLink, AnExceptionIsAnAnswer) {
     rig.block(6, 7);
     rig.scan();
     ASSERT_TRUE(rig.exchanges(1));
-    EXPECT_TRUE(rig.link.LastRequestFailed());
+    EXPECT_TRUE(watchedFailure(rig.link));
     EXPECT_FALSE(rig.link.CommLost());
     EXPECT_EQ(rig.link.LastResponse(), "Illegal data address (exception 2)");
     rig.link.ClearLastResponse();
@@ -187,10 +187,10 @@ TEST(ModbusLink, ResetTransferLogForgetsTheLastRequest) {
     rig.scan();
     ASSERT_TRUE(rig.exchanges(1));
     EXPECT_EQ(rig.link.LastResponse(), "Illegal data address (exception 2)");
-    EXPECT_TRUE(rig.link.LastRequestFailed());
+    EXPECT_TRUE(watchedFailure(rig.link));
     rig.link.ResetTransferLog();
     EXPECT_EQ(rig.link.LastResponse(), "");
-    EXPECT_FALSE(rig.link.LastRequestFailed());
+    EXPECT_FALSE(watchedFailure(rig.link));
 }
 
 TEST(ModbusLink, ABlockThatTheWireCannotCarryIsAFailedExchange) {
@@ -203,7 +203,7 @@ TEST(ModbusLink, ABlockThatTheWireCannotCarryIsAFailedExchange) {
     rig.link.StartScan();
     EXPECT_EQ(rig.link.TransactionCount(), 1);
     EXPECT_EQ(rig.link.LastResponse(), "Register 70001 has no address from 0 to 65535");
-    EXPECT_TRUE(rig.link.LastRequestFailed());
+    EXPECT_TRUE(watchedFailure(rig.link));
     rig.clock.runFor(1 * ms);
     EXPECT_EQ(rig.link.TransactionCount(), 2);
     EXPECT_EQ(rig.link.LastResponse(), "No registers from 9 on");
@@ -248,9 +248,9 @@ TEST(ModbusLink, ClearBlocksGoesBackToTheStart) {
     rig.block(6, 7);
     rig.scan();
     ASSERT_TRUE(rig.clock.runUntilTrue([&] { return rig.port.written.size() == 2; }, microsPerSecond));
-    EXPECT_EQ(rig.link.ScanBlockIndex(), 2);
+    EXPECT_EQ(watchedScanBlock(rig.link), 2);
     rig.link.ClearBlocks();
-    EXPECT_EQ(rig.link.ScanBlockIndex(), 0);
+    EXPECT_EQ(watchedScanBlock(rig.link), 0);
     ASSERT_TRUE(rig.exchanges(2)) << "the answer under way finds no block";
     EXPECT_EQ(rig.link.ScanBlockCount(), 0);
 }

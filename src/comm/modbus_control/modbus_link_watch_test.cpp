@@ -20,13 +20,13 @@ std::vector<std::int32_t> indexesOfOnePass(Link_Rig& rig) {
     rig.link.SetScanMode("NONE");
     rig.link.ResetScan();
     rig.link.PrepareScan();
-    const std::int32_t first = rig.link.ScanBlockIndex();
+    const std::int32_t first = watchedScanBlock(rig.link);
     std::int32_t last = first;
     rig.link.StartScan();
     for (int tick = 0; tick < 1000; ++tick) {
         rig.clock.runFor(10 * ms);
-        if (rig.link.ScanBlockIndex() == last) continue;
-        last = rig.link.ScanBlockIndex();
+        if (watchedScanBlock(rig.link) == last) continue;
+        last = watchedScanBlock(rig.link);
         seen.push_back(last);
         if (rig.link.CommLost() || last == first) return seen;
     }
@@ -45,6 +45,29 @@ TEST(ModbusLinkWatch, A10MsWatcherSeesEveryIndexAtEverySpeed) {
         rig.block(8, 300);
         EXPECT_THAT(indexesOfOnePass(rig), ElementsAre(2, 3, 1)) << baud;
     }
+}
+
+TEST(ModbusLinkWatch, LookingAtTheIndexMovesNothing) {
+    const auto requestsOf = [](auto&& look) {
+        Link_Rig rig;
+        rig.turnaround = 200;
+        rig.block(1, 5);
+        rig.block(6, 7);
+        rig.scan();
+        for (int tick = 0; tick < 100; ++tick) {
+            rig.clock.runFor(10 * ms);
+            look(rig.link);
+        }
+        return rig.port.written.size();
+    };
+    const std::size_t alone = requestsOf([](const Modbus_Link&) {});
+    EXPECT_EQ(requestsOf([](const Modbus_Link& link) {
+                  (void)link.ScanBlockIndex();
+                  (void)link.LastRequestFailed();
+              }),
+              alone);
+    EXPECT_LT(requestsOf([](Modbus_Link& link) { (void)watchedScanBlock(link); }), alone)
+        << "a watcher who says that it looks is waited for";
 }
 
 TEST(ModbusLinkWatch, AUploadOfOneBlockEnds) {
@@ -85,11 +108,11 @@ TEST(ModbusLinkWatch, AScanWithoutBlocksMissesOneAndThenRests) {
     rig.link.PauseScan();
     rig.link.ClearBlocks();
     rig.link.ResumeScan();
-    std::vector<std::int32_t> seen{rig.link.ScanBlockIndex()};
+    std::vector<std::int32_t> seen{watchedScanBlock(rig.link)};
     rig.link.StartScan();
     for (int tick = 0; tick < 100; ++tick) {
         rig.clock.runFor(10 * ms);
-        if (rig.link.ScanBlockIndex() != seen.back()) seen.push_back(rig.link.ScanBlockIndex());
+        if (watchedScanBlock(rig.link) != seen.back()) seen.push_back(watchedScanBlock(rig.link));
     }
     EXPECT_THAT(seen, ElementsAre(0, 1, 0));
 }
@@ -99,7 +122,7 @@ TEST(ModbusLinkWatch, WithoutAPortABlockIsMissed) {
     rig.port.onOpen = [](const std::string&) { return Port_Opening{false, "No such port", {}}; };
     rig.block(1, 5);
     EXPECT_EQ(indexesOfOnePass(rig), std::vector<std::int32_t>{0});
-    EXPECT_TRUE(rig.link.LastRequestFailed());
+    EXPECT_TRUE(watchedFailure(rig.link));
     EXPECT_TRUE(rig.link.CommLost());
     EXPECT_EQ(rig.link.TransactionCount(), 0);
 }
@@ -135,14 +158,14 @@ TEST(ModbusLinkWatch, A10MsWatcherMissesNoFailure) {
     rig.link.PrepareScan();
     int failures = 0;
     std::uint8_t last = 0;
-    std::int32_t index = rig.link.ScanBlockIndex();
+    std::int32_t index = watchedScanBlock(rig.link);
     rig.link.StartScan();
     for (int tick = 0; tick < 30 && index >= 0; ++tick) {
         rig.clock.runFor(10 * ms);
-        if (rig.link.TransactionCount() != last && rig.link.LastRequestFailed()) ++failures;
+        if (rig.link.TransactionCount() != last && watchedFailure(rig.link)) ++failures;
         last = rig.link.TransactionCount();
-        const bool back = rig.link.ScanBlockIndex() == 1 && index == 3;
-        index = back ? -1 : rig.link.ScanBlockIndex();
+        const bool back = watchedScanBlock(rig.link) == 1 && index == 3;
+        index = back ? -1 : watchedScanBlock(rig.link);
     }
     EXPECT_EQ(index, -1);
     EXPECT_EQ(failures, 1);
@@ -153,15 +176,15 @@ std::vector<std::int32_t> blocksOfFailures(Link_Rig& rig) {
     std::vector<std::int32_t> blocks;
     rig.link.SetScanMode("NONE");
     rig.link.PrepareScan();
-    const std::int32_t first = rig.link.ScanBlockIndex();
+    const std::int32_t first = watchedScanBlock(rig.link);
     std::int32_t known = first;
     std::uint8_t last = rig.link.TransactionCount();
     rig.link.StartScan();
     for (int tick = 0; tick < 1000; ++tick) {
         rig.clock.runFor(10 * ms);
-        if (rig.link.TransactionCount() != last && rig.link.LastRequestFailed()) blocks.push_back(known);
+        if (rig.link.TransactionCount() != last && watchedFailure(rig.link)) blocks.push_back(known);
         last = rig.link.TransactionCount();
-        const std::int32_t index = rig.link.ScanBlockIndex();
+        const std::int32_t index = watchedScanBlock(rig.link);
         if (index != known && (index == first || rig.link.CommLost())) return blocks;
         known = index;
     }
@@ -203,7 +226,7 @@ struct Refused_Unseen : Link_Rig {
         block(6, 7);
         link.SetScanMode("NONE");
         link.PrepareScan();
-        EXPECT_EQ(link.ScanBlockIndex(), 1);
+        EXPECT_EQ(watchedScanBlock(link), 1);
         link.StartScan();
         clock.runUntilTrue([&] { return port.written.size() == 2; }, microsPerSecond);
         clock.runFor(requestTime() + ms);
@@ -232,7 +255,7 @@ TEST(ModbusLinkWatch, ARefusalThatNobodySawIsToldByAResetAndMovesNothing) {
     Refused_Unseen rig;
     rig.link.ResetScan();
     EXPECT_EQ(rig.log.exchanges.size(), 2U);
-    EXPECT_FALSE(rig.link.LastRequestFailed());
+    EXPECT_FALSE(watchedFailure(rig.link));
     ASSERT_TRUE(rig.exchanges(3));
     EXPECT_EQ(rig.log.exchanges[2].firstRegister, 1);
 }

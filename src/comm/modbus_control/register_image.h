@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "comm/modbus_control/modbus_control.h"
+#include "comm/modbus_control/link_roles.h"
 #include "comm/modbus_control/scan/register_ranges.h"
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace zorvane {
 /// The registers of one slave as the link last saw them; reading costs no wire traffic.
 class Register_Image {
   public:
-    Register_Image(const modbus_control& link, std::int32_t unit) : link_(&link), unit_(unit) {}
+    Register_Image(const Link_Registers& link, std::int32_t unit) : link_(&link), unit_(unit) {}
 
     /// -32768 to 32767.
     [[nodiscard]] std::int32_t signedAt(std::int32_t address) const {
@@ -24,7 +24,7 @@ class Register_Image {
     [[nodiscard]] std::int32_t unit() const noexcept { return unit_; }
 
   private:
-    const modbus_control* link_;
+    const Link_Registers* link_;
     std::int32_t unit_;
 };
 

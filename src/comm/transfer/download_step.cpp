@@ -11,7 +11,7 @@ namespace zorvane {
 
 namespace {
 
-Info_Rec_Errors exchangeRecord(const modbus_control& link, const Cell_Rec& cell, const std::string& noAnswer,
+Info_Rec_Errors exchangeRecord(const Link_Exchanges& link, const Cell_Rec& cell, const std::string& noAnswer,
                                std::int32_t tries) {
     const std::string response = link.LastResponse();
     Info_Rec_Errors record;

@@ -36,7 +36,7 @@ void PRO_Fin_Sesion(const Comm_Context& comm) {
 namespace {
 
 /// The registers of the texts of one field.
-void keepTextsTogether(const Cell_Table& cells, modbus_control& link) {
+void keepTextsTogether(const Cell_Table& cells, Link_Scan& link) {
     for (std::int32_t row = 1; cells.dimensioned() && row <= cells.rows(); ++row) {
         for (std::int32_t column = 1; column <= cells.lastWrittenColumn(row); ++column) {
             const Cell_Rec& cell = cells(row, column);

@@ -6,9 +6,9 @@
 
 namespace zorvane {
 
-void PRO_Limpia_Errores(Main_Form_State& form) {
-    form.Transfer_Errors.clear();
-    form.Transfer_Log.clear();
+void PRO_Limpia_Errores(Transfer_Records& records) {
+    records.Transfer_Errors.clear();
+    records.Transfer_Log.clear();
 }
 
 std::uint8_t retryNumber(std::int32_t tries) {

@@ -10,7 +10,7 @@
 namespace zorvane {
 
 /// Empties both lists of the last transfer.
-void PRO_Limpia_Errores(Main_Form_State& form);
+void PRO_Limpia_Errores(Transfer_Records& records);
 
 /// A try's number as a record keeps it; more than 255 tries are failure 6.
 [[nodiscard]] std::uint8_t retryNumber(std::int32_t tries);

@@ -16,18 +16,18 @@ namespace zorvane {
 namespace {
 
 void startScan(const Comm_Context& comm) {
-    Main_Form_State& form = comm.form;
+    Upload_State& upload = comm.form;
     comm.link.ClearCounters();
     comm.link.ResetTransferLog();
-    form.Saved_Transaction = comm.link.TransactionCount();
-    form.Retry_Count = 0;
+    upload.Saved_Transaction = comm.link.TransactionCount();
+    upload.Retry_Count = 0;
     comm.link.ResetScan();
     comm.link.PrepareScan();
-    form.Scan_Index = comm.link.ScanBlockIndex();
-    form.First_Scan_Index = toInteger(form.Scan_Index);
+    upload.Scan_Index = watchedScanBlock(comm.link);
+    upload.First_Scan_Index = toInteger(upload.Scan_Index);
     comm.link.StartScan();
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_valores, true);
-    form.Upload_Active = true;
+    upload.Upload_Active = true;
 }
 
 void startUpload(const Comm_Context& comm) {
@@ -46,7 +46,7 @@ void noteExchange(const Comm_Context& comm) {
     const std::uint8_t count = comm.link.TransactionCount();
     if (count == form.Saved_Transaction) return;
     form.Retry_Count = toInteger(form.Retry_Count + 1.0);
-    if (comm.link.LastRequestFailed()) {
+    if (watchedFailure(comm.link)) {
         const Holding_Block_Rec& block = comm.document.Holding_Blocks(form.Scan_Index);
         form.Transfer_Errors.push_back(uploadRecord(block.First_Address, block.Last_Address,
                                                     comm.link.LastResponse(), form.Retry_Count));
@@ -54,7 +54,7 @@ void noteExchange(const Comm_Context& comm) {
     form.Saved_Transaction = count;
 }
 
-void closeLink(modbus_control& link) {
+void closeLink(Link_Scan& link) {
     link.StopScan();
     link.ClosePort();
     link.EndSession();
@@ -103,17 +103,17 @@ enum class Scan_Step { Goes_On, Lost, Done };
 
 /// What a move of the scan to another block means for the upload.
 Scan_Step noteBlock(const Comm_Context& comm) {
-    Main_Form_State& form = comm.form;
-    const std::int32_t index = comm.link.ScanBlockIndex();
-    if (index == form.Scan_Index) return Scan_Step::Goes_On;
-    form.Retry_Count = 0;
-    form.Scan_Index = index;
+    Upload_State& upload = comm.form;
+    const std::int32_t index = watchedScanBlock(comm.link);
+    if (index == upload.Scan_Index) return Scan_Step::Goes_On;
+    upload.Retry_Count = 0;
+    upload.Scan_Index = index;
     comm.tell(event::Step_Done{});
     if (comm.link.CommLost()) return Scan_Step::Lost;
-    if (index != form.First_Scan_Index) return Scan_Step::Goes_On;
-    ++form.Pass_Count;
-    ++form.Last_Upload.passes;
-    return form.Pass_Count >= form.Scan_Passes ? Scan_Step::Done : Scan_Step::Goes_On;
+    if (index != upload.First_Scan_Index) return Scan_Step::Goes_On;
+    ++upload.Pass_Count;
+    ++upload.Last_Upload.passes;
+    return upload.Pass_Count >= upload.Scan_Passes ? Scan_Step::Done : Scan_Step::Goes_On;
 }
 
 void tick(const Comm_Context& comm) {

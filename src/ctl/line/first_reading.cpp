@@ -59,7 +59,7 @@ std::set<std::int32_t> without(std::set<std::int32_t> registers, const std::vect
 }
 
 /// The adapter gave back what was sent, and nothing followed.
-bool onlyEchoed(const modbus_control& link) {
+bool onlyEchoed(const Link_Exchanges& link) {
     constexpr std::size_t mark = 4; // "Tx: " and "Rx: "
     const std::string sent = link.ExchangeLine1();
     const std::string received = link.ExchangeLine2();

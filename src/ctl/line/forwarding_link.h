@@ -39,6 +39,7 @@ class Forwarding_Link : public modbus_control {
     [[nodiscard]] std::string ScanMode() const override { return link_.ScanMode(); }
     [[nodiscard]] std::int32_t ScanBlockCount() const override { return link_.ScanBlockCount(); }
     [[nodiscard]] std::int32_t ScanBlockIndex() const override { return link_.ScanBlockIndex(); }
+    void ScanBlockSeen() override { link_.ScanBlockSeen(); }
     void ResetScan() override { link_.ResetScan(); }
     void PrepareScan() override { link_.PrepareScan(); }
     void StartScan() override { link_.StartScan(); }
@@ -57,6 +58,7 @@ class Forwarding_Link : public modbus_control {
     }
     [[nodiscard]] std::uint8_t TransactionCount() const override { return link_.TransactionCount(); }
     [[nodiscard]] bool LastRequestFailed() const override { return link_.LastRequestFailed(); }
+    void LastRequestSeen() override { link_.LastRequestSeen(); }
     [[nodiscard]] bool CommLost() const override { return link_.CommLost(); }
     [[nodiscard]] std::string LastResponse() const override { return link_.LastResponse(); }
     void ClearLastResponse() override { link_.ClearLastResponse(); }

@@ -23,10 +23,10 @@ Write_State stateOfLast(const modbus_control& link) {
 
 } // namespace
 
-Guarded_Link::Guarded_Link(modbus_control& link, Main_Form_State& form, const Stop_Wish& stop)
-    : Forwarding_Link(link), form_(form), stop_(stop) {
+Guarded_Link::Guarded_Link(modbus_control& link, Session_State& session, const Stop_Wish& stop)
+    : Forwarding_Link(link), session_(session), stop_(stop) {
     link_.onExchange([this](const std::string& line1, const std::string& line2) {
-        if (!link_.WriteBusy() && stopping()) form_.Cancel_Requested = true;
+        if (!link_.WriteBusy() && stopping()) session_.Cancel_Requested = true;
         if (handler_) handler_(line1, line2);
     });
 }
@@ -51,7 +51,7 @@ bool Guarded_Link::mayWrite(std::int32_t address, std::int32_t count) {
     settle();
     dropped_ = stopping();
     if (dropped_) {
-        form_.Cancel_Requested = true;
+        session_.Cancel_Requested = true;
         return false;
     }
     writes_.push_back({address, count});

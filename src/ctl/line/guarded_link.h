@@ -35,7 +35,7 @@ struct Sent_Write {
 class Guarded_Link : public Forwarding_Link {
   public:
     /// All three outlive it.
-    Guarded_Link(modbus_control& link, Main_Form_State& form, const Stop_Wish& stop);
+    Guarded_Link(modbus_control& link, Session_State& session, const Stop_Wish& stop);
     ~Guarded_Link() override { link_.onExchange({}); }
     Guarded_Link(const Guarded_Link&) = delete;
     Guarded_Link& operator=(const Guarded_Link&) = delete;
@@ -61,7 +61,7 @@ class Guarded_Link : public Forwarding_Link {
     [[nodiscard]] bool mayWrite(std::int32_t address, std::int32_t count);
     void settle();
 
-    Main_Form_State& form_;
+    Session_State& session_;
     const Stop_Wish& stop_;
     Exchange_Handler handler_;
     std::vector<Sent_Write> writes_;

@@ -112,18 +112,18 @@ bool stopTransfer(const Comm_Context& comm, bool atOnce) {
 }
 
 void readWholePass(const Comm_Context& comm, const std::string& request) {
-    modbus_control& link = comm.link;
+    Reading_Link& link = comm.link;
     selectScan(comm, request);
     if (link.ScanBlockCount() == 0) return;
     link.ResetScan();
     link.PrepareScan();
-    const std::int32_t first = link.ScanBlockIndex();
+    const std::int32_t first = watchedScanBlock(link);
     std::int32_t seen = first;
     link.StartScan();
     bool whole = false;
     while (!whole && !link.CommLost() && !comm.form.Cancel_Requested) {
         comm.mainForm.wait_until(
-            [&] { return link.ScanBlockIndex() != seen || link.CommLost() || comm.form.Cancel_Requested; });
+            [&] { return watchedScanBlock(link) != seen || link.CommLost() || comm.form.Cancel_Requested; });
         whole = link.ScanBlockIndex() != seen && link.ScanBlockIndex() == first;
         seen = link.ScanBlockIndex();
     }

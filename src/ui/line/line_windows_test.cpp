@@ -155,7 +155,7 @@ TEST_F(Line_Windows_Test, TheLinkLendsItsPortToTheTestAndGoesOnAfterwards) {
     EXPECT_THAT(test(), StartsWith("Good: "));
     const std::int32_t before = link.RxCount();
     EXPECT_TRUE(QTest::qWaitFor([&] {
-        (void)link.ScanBlockIndex();
+        (void)watchedScanBlock(link);
         return link.RxCount() > before + 2;
     }));
     EXPECT_TRUE(asker.told.empty());

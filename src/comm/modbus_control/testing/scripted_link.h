@@ -83,6 +83,7 @@ class Scripted_Link : public modbus_control {
     [[nodiscard]] std::string ScanMode() const override { return mode_; }
     [[nodiscard]] std::int32_t ScanBlockCount() const override { return blockCount; }
     [[nodiscard]] std::int32_t ScanBlockIndex() const override { return blockIndex; }
+    void ScanBlockSeen() override {}
     void ResetScan() override { note("ResetScan"); }
     void PrepareScan() override { note("PrepareScan"); }
     void StartScan() override { note("StartScan"); }
@@ -97,6 +98,7 @@ class Scripted_Link : public modbus_control {
     [[nodiscard]] Register_Reading readingOf(std::int32_t slave, std::int32_t address) const override;
     [[nodiscard]] std::uint8_t TransactionCount() const override { return transactions; }
     [[nodiscard]] bool LastRequestFailed() const override { return requestFailed; }
+    void LastRequestSeen() override {}
     [[nodiscard]] bool CommLost() const override { return lost; }
     [[nodiscard]] std::string LastResponse() const override { return response; }
     void ClearLastResponse() override;
