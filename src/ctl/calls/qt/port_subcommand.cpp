@@ -15,19 +15,6 @@
 
 namespace zorvane::ctl {
 
-namespace {
-
-/// Shows the messages of a link that is made before the main form is.
-class Late_Asker : public Asker {
-  public:
-    Asker* to = nullptr;
-    int Msgb_Show(const std::string& prompt, int style, const std::string& title) override {
-        return to == nullptr ? int{Msgb_Code_Ok} : to->Msgb_Show(prompt, style, title);
-    }
-};
-
-} // namespace
-
 void Port_Subcommand::addArguments(CLI::App& arguments) {
     files_.addTemplate(arguments);
     files_.addConfiguration(arguments);
@@ -43,7 +30,7 @@ int Port_Subcommand::run(const Call_Context& context) {
         tell(context.err, wrong);
         return Exit_Usage;
     }
-    Late_Asker asker;
+    Terminal_Asker asker(context.err, ::isatty(STDERR_FILENO) != 0);
     Qt_Link assembly(port_.settings(), asker);
     modbus_control& link = assembly.link();
     Own_Time_Out ownTimeOut(link);
@@ -57,9 +44,7 @@ int Port_Subcommand::run(const Call_Context& context) {
     }
 
     Main_Form_State form;
-    Terminal_Form mainForm(opened.document.Field_Count, selection(opened.document), context.err,
-                           ::isatty(STDERR_FILENO) != 0);
-    asker.to = &mainForm;
+    Terminal_Form mainForm(opened.document.Field_Count, selection(opened.document), asker);
     mainForm.portFailed = [&assembly] { return assembly.link().CommLost() && !assembly.link().portOpen(); };
     const Comm_Context comm{opened.document, form, link, mainForm, &mainForm};
     ignoringFailure([&] { PRO_Registra_Bloques(comm); });

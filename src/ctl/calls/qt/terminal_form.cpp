@@ -14,22 +14,10 @@ namespace {
 constexpr int uploadTickMs = 10;
 constexpr int onlineTickMs = 400;
 
-/// A message of several lines as one.
-std::string oneLine(std::string text) {
-    std::string line;
-    for (const char c : text)
-        if (c != '\r' && c != '\n')
-            line += c;
-        else if (!line.empty() && line.back() != ' ')
-            line += ' ';
-    return line;
-}
-
 } // namespace
 
-Terminal_Form::Terminal_Form(std::int32_t fields, const Grid_Selection& selection, std::ostream& err,
-                             bool terminal)
-    : Held_Form(fields, selection), printer_(err, terminal) {
+Terminal_Form::Terminal_Form(std::int32_t fields, const Grid_Selection& selection, Terminal_Asker& asker)
+    : Held_Form(fields, selection), asker_(asker), printer_(asker.printer()) {
     Porcentaje().changed = [this] { showProgress(); };
     addTimer(uploadTimer_, Timer_Name::TMR_Actualiza_valores, uploadTickMs);
     addTimer(onlineTimer_, Timer_Name::TMR_Actualiza_online, onlineTickMs);
@@ -44,11 +32,8 @@ void Terminal_Form::addTimer(QTimer& timer, Timer_Name name, int milliseconds) {
     });
 }
 
-/// Only what is wrong is worth a line; a question is about what the user of the terminal has just asked for.
 int Terminal_Form::Msgb_Show(const std::string& prompt, int style, const std::string& title) {
-    const bool wrong = (style & Msgb_Critical) != 0;
-    if (wrong && told_.insert(prompt).second) printer_.line("zorvanectl: " + printablePath(oneLine(prompt)));
-    return Held_Form::Msgb_Show(prompt, style, title);
+    return asker_.Msgb_Show(prompt, style, title);
 }
 
 void Terminal_Form::note(const Transfer_Event& event) {

@@ -3,21 +3,21 @@
 
 #include "comm/main_form/transfer_events.h"
 #include "ctl/document/held_form.h"
-#include "ctl/text/progress_printer.h"
+#include "ctl/line/terminal_asker.h"
 
 #include <QTimer>
 
-#include <iosfwd>
-#include <set>
+#include <string>
 
 namespace zorvane::ctl {
 
 /// The main form of a program in a terminal: waits serve the event loop, the timers of the upload and of the
-/// live refresh tick, and people see the progress, the failed writes and the link's messages, each message
-/// once. REQUIRES: a QCoreApplication.
+/// live refresh tick, and people see the progress, the failed writes and the messages. REQUIRES: a
+/// QCoreApplication.
 class Terminal_Form : public Held_Form, public Transfer_Watcher {
   public:
-    Terminal_Form(std::int32_t fields, const Grid_Selection& selection, std::ostream& err, bool terminal);
+    /// `asker` outlives it.
+    Terminal_Form(std::int32_t fields, const Grid_Selection& selection, Terminal_Asker& asker);
 
     int Msgb_Show(const std::string& prompt, int style, const std::string& title) override;
     void setTimerEnabled(Timer_Name timer, bool enabled) override;
@@ -36,11 +36,11 @@ class Terminal_Form : public Held_Form, public Transfer_Watcher {
     void addTimer(QTimer& timer, Timer_Name name, int milliseconds);
     void showProgress();
 
-    Progress_Printer printer_;
+    Terminal_Asker& asker_;
+    Progress_Printer& printer_;
     QTimer uploadTimer_;
     QTimer onlineTimer_;
     std::string shownLabel_;
-    std::set<std::string> told_; ///< messages: each is told once
 };
 
 } // namespace zorvane::ctl
