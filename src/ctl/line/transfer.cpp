@@ -99,6 +99,14 @@ Download_Writes writesOf(Guarded_Link& link, const Download_Plan& plan) {
 
 } // namespace
 
+std::vector<Failed_Write> failedWrites(const Download_Result& result) {
+    std::vector<Failed_Write> writes;
+    for (const Failed_Value& failed : result.failed)
+        writes.push_back({statusLine({failed.value, failed.address, Write_Progress::Failed}), failed.address,
+                          failed.value, endOf(failed.answer), failed.answer});
+    return writes;
+}
+
 std::size_t Download_Writes::count(Write_State state) const {
     return static_cast<std::size_t>(
         std::count_if(sent.begin(), sent.end(), [&](const Sent_Write& each) { return each.state == state; }));

@@ -7,7 +7,6 @@
 #include "ctl/document/opened_document.h"
 #include "ctl/document/register_file.h"
 #include "ctl/line/block_results.h"
-#include "ctl/line/failed_writes.h"
 #include "ctl/line/guarded_link.h"
 #include "ctl/line/stop_wish.h"
 
@@ -24,6 +23,18 @@ struct Failed_Read {
     std::string text; ///< for people
     Request_End end = Request_End::Refused;
 };
+
+/// A write of a download that the controller didn't take, or not for certain.
+struct Failed_Write {
+    std::string text;    ///< as panel 4 tells it: "Write: 10 @100 ...Failed"
+    std::string address; ///< as the cell has it
+    std::string value;
+    Request_End end = Request_End::Unanswered;
+    std::string answer{}; ///< the exception, or why it couldn't be sent
+};
+
+/// Those that the download shows as failed.
+[[nodiscard]] std::vector<Failed_Write> failedWrites(const Download_Result& result);
 
 /// The writes of a download: those that it has sent, and those that it would have sent after them.
 struct Download_Writes {
