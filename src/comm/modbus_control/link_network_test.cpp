@@ -50,7 +50,7 @@ TEST(LinkNetwork, AScanBeginsWhenTheConnectionStands) {
     rig.clock.runFor(3 * microsPerSecond);
     EXPECT_THAT(rig.port.written, IsEmpty());
     EXPECT_FALSE(rig.link.CommLost()) << "nothing is known yet";
-    EXPECT_EQ(rig.link.ScanBlockIndex(), 1);
+    EXPECT_EQ(watchedScanBlock(rig.link), 1);
     EXPECT_EQ(rig.port.attempts.size(), 1U);
     rig.connect();
     ASSERT_TRUE(rig.exchanges(1));
@@ -64,7 +64,7 @@ TEST(LinkNetwork, AConnectionThatIsRefusedIsToldOnceAndTriedAgain) {
     rig.block(6, 7);
     rig.link.SetScanMode("NONE");
     rig.link.PrepareScan();
-    const std::int32_t first = rig.link.ScanBlockIndex();
+    const std::int32_t first = watchedScanBlock(rig.link);
     rig.link.StartScan();
     rig.clock.runFor(100 * ms);
     rig.refuse();
@@ -72,7 +72,7 @@ TEST(LinkNetwork, AConnectionThatIsRefusedIsToldOnceAndTriedAgain) {
     EXPECT_EQ(rig.asker.messages[0].text, "No connection to plc7:502 (Modbus TCP).\n\n" + refused);
     EXPECT_EQ(rig.asker.messages[0].style, 16);
     EXPECT_TRUE(rig.link.CommLost());
-    EXPECT_NE(rig.link.ScanBlockIndex(), first) << "the scan goes on as over a silent controller";
+    EXPECT_NE(watchedScanBlock(rig.link), first) << "the scan goes on as over a silent controller";
     rig.clock.runFor(500 * ms);
     EXPECT_EQ(rig.port.attempts.size(), 2U);
     rig.refuse();
