@@ -28,7 +28,7 @@ TEST(ModbusLinkScan, ScanModeChoosesTheBlocks) {
 }
 
 TEST(ModbusLinkScan, ShowsIndex0BeforeThereAreBlocks) {
-    const Link_Rig rig;
+    Link_Rig rig;
     EXPECT_EQ(watchedScanBlock(rig.link), 0);
     EXPECT_EQ(rig.link.ScanBlockCount(), 0);
 }
