@@ -42,7 +42,7 @@ struct Template_Rig {
                   "[HARDWARE]\r\nCONTROLLER=abc\r\n[PORT_CONFIGURATION]\r\nSETTINGS=4800,e,8,"
                   "1\r\nADDRESSBASE=40001\r\n"
                   "HOLDINGREGISTERSBLOCK_1=40101-40102\r\n[CONFIGURATION_COLUMNS]\r\nCONFIGURATION_NC=2\r\n"
-                  "[CONFIGURATION_FIELDS]\r\nFIELD_1_DESC=,Outputs\r\nFIELD_1_RC=2,2\r\n[FIELD_1_COLUMNS]\r\n"
+                  "[CONFIGURATION_FIELDS]\r\nFIELD_1_DESC=Outputs\r\nFIELD_1_RC=2,2\r\n[FIELD_1_COLUMNS]\r\n"
                   "COL_1_DESC=Name\r\nCOL_2_DESC=Level\r\n[FIELD_1_CONFIGURATION]\r\nROWADDRESS_1=,40101\r\n"
                   "ROWADDRESS_2=,40102\r\n");
         templates = readKnownTemplates(context, {"/app/ABC.ZTP"}).value();
