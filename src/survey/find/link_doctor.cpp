@@ -12,7 +12,7 @@ constexpr Micros longTimeOut = 3 * microsPerSecond;
 constexpr Micros shortTimeOut = 300 * microsPerMs;
 constexpr int readsAsSet = static_cast<int>(readsForProposal);
 constexpr int nearBy = 5;
-constexpr int highestUnit = 247;
+constexpr int lastUnitNear = 247;
 constexpr std::array speeds = {9600, 19200, 38400, 115200, 57600, 4800, 2400, 1200};
 
 std::string parityText(char parity) {
@@ -63,7 +63,7 @@ void Link_Doctor::planSteps() {
     add(Ailment::StopBits, {line.baud, line.parity, line.dataBits, line.stopBits == 1 ? 2 : 1}, unit, wait);
     for (int away = 1; away <= nearBy; ++away)
         for (const int other : {unit - away, unit + away})
-            if (other >= 1 && other <= highestUnit) add(Ailment::Unit, line, other, wait);
+            if (other >= 1 && other <= lastUnitNear) add(Ailment::Unit, line, other, wait);
     for (const std::int32_t baud : speeds)
         if (baud != line.baud) add(Ailment::Speed, {baud, line.parity, line.dataBits, 2}, unit, wait);
 }
