@@ -246,16 +246,18 @@ TEST_F(Exits, ExitWithADirtyFileYesAndAFailingWriteStaysOpenAndDirty) {
 }
 
 TEST_F(Exits, UnloadingClosesAPortThatIsOpen) {
-    for (bool Main_Form_State::*member : {&Main_Form_State::Online, &Main_Form_State::Comm_Active}) {
+    const auto withPortOpen = [this](bool& reason) {
         form.Online = form.Comm_Active = false;
-        form.*member = true;
+        reason = true;
         journal.clear();
         Form_Unload(app);
         EXPECT_EQ(journal.lines(),
                   (placesStored + Lines{"link UnloadMonitor", "tray icon removed", "link StopScan",
                                         "link ClosePort", "column tip removed", "previews closed",
                                         "program ended"}));
-    }
+    };
+    withPortOpen(form.Online);
+    withPortOpen(form.Comm_Active);
 }
 
 } // namespace
