@@ -45,7 +45,7 @@ void begin(const Comm_Context& comm) {
 }
 
 /// The download is over.
-const Download_Result& end(const Comm_Context& comm, Transfer_End how) {
+const Download_Result& endDownload(const Comm_Context& comm, Transfer_End how) {
     comm.form.Download_Active = false;
     Download_Result& result = comm.form.Last_Download;
     result.end = how;
@@ -55,7 +55,7 @@ const Download_Result& end(const Comm_Context& comm, Transfer_End how) {
 
 /// The document is gone. The link may serve the next one by now.
 void drop(const Comm_Context& comm) {
-    end(comm, Transfer_End::Dropped);
+    endDownload(comm, Transfer_End::Dropped);
     if (!comm.form.Online && !comm.form.Comm_Active) dropTransfer(comm);
 }
 
@@ -65,7 +65,7 @@ void finish(const Comm_Context& comm, const Document_Mark& document) {
     comm.link.ClosePort();
     comm.mainForm.wait_ms(farewellMs);
     if (!document.holds()) return drop(comm);
-    const Download_Result& result = end(comm, Transfer_End::Finished);
+    const Download_Result& result = endDownload(comm, Transfer_End::Finished);
     comm.tell(event::Transfer_Finished{false});
     tellDownloadEnd(comm, result);
     if (!comm.form.Transfer_Errors.empty() || comm.document.Always_Block_Count < 1)
@@ -76,18 +76,18 @@ void finish(const Comm_Context& comm, const Document_Mark& document) {
     enterOnline(comm);
 }
 
-void lose(const Comm_Context& comm) {
+void loseDownload(const Comm_Context& comm) {
     comm.form.Write_Busy = false;
     comm.form.Download_Active = false;
     comm.link.StopScan();
     comm.link.ClosePort();
-    const Download_Result& result = end(comm, Transfer_End::Lost);
+    const Download_Result& result = endDownload(comm, Transfer_End::Lost);
     comm.tell(event::Transfer_Lost{});
     tellDownloadEnd(comm, result);
 }
 
 void stopCancelled(const Comm_Context& comm) {
-    const Download_Result& result = end(comm, Transfer_End::Cancelled);
+    const Download_Result& result = endDownload(comm, Transfer_End::Cancelled);
     comm.tell(event::Download_Left{});
     tellDownloadEnd(comm, result);
 }
@@ -117,7 +117,7 @@ void download(const Comm_Context& comm) {
     case Walk_End::Finished:
         return finish(comm, document);
     case Walk_End::Lost:
-        return lose(comm);
+        return loseDownload(comm);
     case Walk_End::Cancelled:
         return stopCancelled(comm);
     case Walk_End::Document_Gone:

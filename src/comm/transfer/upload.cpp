@@ -60,7 +60,7 @@ void closeLink(Link_Scan& link) {
     link.EndSession();
 }
 
-void end(const Comm_Context& comm, Transfer_End how) {
+void endUpload(const Comm_Context& comm, Transfer_End how) {
     Main_Form_State& form = comm.form;
     form.Upload_Active = false;
     form.Comm_Active = false;
@@ -68,9 +68,9 @@ void end(const Comm_Context& comm, Transfer_End how) {
     form.Last_Upload.end = how;
 }
 
-void lose(const Comm_Context& comm) {
+void loseUpload(const Comm_Context& comm) {
     closeLink(comm.link);
-    end(comm, Transfer_End::Lost);
+    endUpload(comm, Transfer_End::Lost);
     comm.tell(event::Transfer_Lost{});
 }
 
@@ -84,13 +84,13 @@ void applyImage(const Comm_Context& comm) {
     applySaveRule(comm.document, comm.mainForm);
 }
 
-void finish(const Comm_Context& comm) {
+void finishUpload(const Comm_Context& comm) {
     comm.form.Upload_Active = false;
     closeLink(comm.link);
     applyImage(comm);
     comm.form.Last_Upload.blocks = blockResults(comm);
     tellUploadGaps(comm, comm.form.Last_Upload);
-    end(comm, Transfer_End::Finished);
+    endUpload(comm, Transfer_End::Finished);
     comm.tell(event::Transfer_Finished{true});
     if (!comm.form.Transfer_Errors.empty()) return;
     if (comm.document.Always_Block_Count < 1)
@@ -127,9 +127,9 @@ void tick(const Comm_Context& comm) {
     noteExchange(comm);
     switch (noteBlock(comm)) {
     case Scan_Step::Lost:
-        return lose(comm);
+        return loseUpload(comm);
     case Scan_Step::Done:
-        return finish(comm);
+        return finishUpload(comm);
     case Scan_Step::Goes_On:
         break;
     }
