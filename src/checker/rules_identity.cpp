@@ -17,7 +17,7 @@ namespace zorvane::checker {
 namespace {
 
 constexpr std::int64_t mostInNumber = 4;
-constexpr std::int64_t mostRead = 125;
+constexpr std::int64_t mostReadAtOnce = 125;
 constexpr std::int32_t highestObject = 255;
 
 /// A register, or `first-last`; nothing for any other text.
@@ -29,7 +29,7 @@ std::optional<Register_Span> spanOf(std::string_view text) {
 /// How many registers a key may name at once; nothing for one that names none.
 std::optional<std::int64_t> mostRegisters(const Source_Line& line) {
     if (line.key == "REGISTER_#") return mostInNumber;
-    if (line.key == "TEXTAT_#" || line.key == "SERIAL" || line.key == "FIRMWARE") return mostRead;
+    if (line.key == "TEXTAT_#" || line.key == "SERIAL" || line.key == "FIRMWARE") return mostReadAtOnce;
     return std::nullopt;
 }
 

@@ -12,8 +12,10 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace zorvane::commission {
 
@@ -151,7 +153,9 @@ std::optional<std::string> Native_Runs::read(const std::string& name, std::strin
     if (!isPlainName(name)) return std::nullopt;
     std::ifstream in(folderOf(name) + "/" + std::string(file), std::ios::binary);
     if (!in) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(in), {});
+    std::ostringstream text;
+    text << in.rdbuf();
+    return std::move(text).str();
 }
 
 void Native_Runs::remove(const std::string& name) {
