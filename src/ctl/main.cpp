@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/calls/document_calls.h"
+#include "ctl/calls/qt/commission/commission_calls.h"
 #include "ctl/calls/qt/painted_calls.h"
 #include "ctl/calls/qt/port_calls.h"
+#include "ctl/calls/qt/run_folder.h"
 #include "ctl/program.h"
 #include "recovery/native_recovery_folder.h"
 #include "recovery/recovery.h"
@@ -35,6 +37,18 @@ bool paints(const std::vector<std::string>& arguments) {
     });
 }
 
+/// Adds a call, or puts it in the place of the one with its name.
+void putCall(std::vector<zorvane::ctl::Subcommand_Entry>& calls, const zorvane::ctl::Subcommand_Entry& call) {
+    const auto same =
+        std::find_if(calls.begin(), calls.end(), [&](const zorvane::ctl::Subcommand_Entry& each) {
+            return std::string_view(each.name) == call.name;
+        });
+    if (same == calls.end())
+        calls.push_back(call);
+    else
+        *same = call;
+}
+
 std::string timeOfDay() {
     return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
 }
@@ -63,12 +77,14 @@ int main(int argc, char* argv[]) {
     Native_Recovery_Folder unsaved(copies);
     Native_Recovery_Folder saved(filesFolder(copies));
     Recovery recovery(unsaved, timeOfDay, std::to_string(QCoreApplication::applicationPid()), &saved);
-    const Call_Context context{files,     std::cout,
-                               std::cerr, withoutEndSeparator(pathFromNative(folder.toStdString())),
-                               false,     &recovery};
+    const Call_Context context{
+        files, std::cout, std::cerr,        withoutEndSeparator(pathFromNative(folder.toStdString())),
+        false, &recovery, userStateFolder()};
     std::vector<Subcommand_Entry> calls = documentCalls();
     for (const Subcommand_Entry& call : portCalls())
         calls.push_back(call);
+    for (const Subcommand_Entry& call : commissionCalls())
+        putCall(calls, call);
     for (const Subcommand_Entry& call : paintedCalls())
         calls.push_back(call);
     const int code = runProgram(calls, arguments, context);

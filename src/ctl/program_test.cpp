@@ -64,10 +64,10 @@ std::string inOneLine(const std::string& text) {
 
 TEST(Program, TheHelpOfEachCallIsWhole) {
     std::string help = run({"--help"}).out;
-    for (const char* call :
-         {"models",  "check",  "dump",   "show",    "set",    "save",         "update", "apply",
-          "plan",    "export", "import", "recover", "upload", "download",     "watch",  "identify",
-          "compare", "find",   "listen", "report",  "record", "verify-record"})
+    for (const char* call : {"models", "check",    "dump",    "show",   "set",     "save",         "update",
+                             "apply",  "plan",     "export",  "import", "recover", "upload",       "download",
+                             "watch",  "identify", "compare", "send",   "resume",  "restore",      "verify",
+                             "runs",   "find",     "listen",  "report", "record",  "verify-record"})
         help += "== " + std::string(call) + "\n" + run({call, "--help"}).out;
     std::ifstream file(CTL_HELP);
     const std::string expected((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());

@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "ctl/calls/plan.h"
+
 #include "ctl/calls/document_calls.h"
 #include "ctl/document/document_arguments.h"
 #include "ctl/document/notices.h"
@@ -58,39 +60,39 @@ void printPlan(std::ostream& out, const Download_Plan& plan) {
     out << plan.writes.size() << " writes\n";
 }
 
-class Plan_Subcommand : public Subcommand {
-  public:
-    void addArguments(CLI::App& arguments) override {
-        files_.addTemplate(arguments);
-        files_.addConfiguration(arguments);
-        arguments.add_option("REGISTERS", registers_, "JSON file {\"address\": value, ...}")->required();
-        arguments
-            .add_option("--selection", selection_, "Current field of the upper grid, cell of the lower one")
-            ->check(selectionComplaint, "FIELD,GRIDROW,GRIDCOLUMN");
-    }
-
-    int run(const Call_Context& context) override {
-        const auto registers = readRegisterFile(context, registers_);
-        if (!registers) return Exit_Failed;
-        Opened_Document opened = files_.open(context);
-        const auto chosen = parseSelection(selection_);
-        const Download_Plan plan =
-            planDownload(opened.document, *registers, chosen ? *chosen : freshSelection(opened.document));
-        if (plan.failure) tellFailure(context.err, "The download would stop", *plan.failure);
-        if (context.json)
-            printJson(context.out, planJson(plan));
-        else
-            printPlan(context.out, plan);
-        return opened.readToTheEnd() && !plan.failure ? Exit_Success : Exit_Failed;
-    }
-
-  private:
-    Document_Arguments files_;
-    std::string registers_;
-    std::string selection_;
-};
-
 } // namespace
+
+void Plan_Subcommand::addArguments(CLI::App& arguments) {
+    files_.addTemplate(arguments);
+    files_.addConfiguration(arguments);
+    arguments.add_option("REGISTERS", registers_, "JSON file {\"address\": value, ...}")
+        ->required(needsRegisters());
+    arguments.add_option("--selection", selection_, "Current field of the upper grid, cell of the lower one")
+        ->check(selectionComplaint, "FIELD,GRIDROW,GRIDCOLUMN");
+}
+
+int Plan_Subcommand::run(const Call_Context& context) {
+    if (const std::string wrong = complaint(!registers_.empty()); !wrong.empty()) {
+        tell(context.err, wrong);
+        return Exit_Usage;
+    }
+    return registers_.empty() ? runByPort(context, files_) : runOnRegisters(context);
+}
+
+int Plan_Subcommand::runOnRegisters(const Call_Context& context) const {
+    const auto registers = readRegisterFile(context, registers_);
+    if (!registers) return Exit_Failed;
+    Opened_Document opened = files_.open(context);
+    const auto chosen = parseSelection(selection_);
+    const Download_Plan plan =
+        planDownload(opened.document, *registers, chosen ? *chosen : freshSelection(opened.document));
+    if (plan.failure) tellFailure(context.err, "The download would stop", *plan.failure);
+    if (context.json)
+        printJson(context.out, planJson(plan));
+    else
+        printPlan(context.out, plan);
+    return opened.readToTheEnd() && !plan.failure ? Exit_Success : Exit_Failed;
+}
 
 std::unique_ptr<Subcommand> makePlanSubcommand() { return std::make_unique<Plan_Subcommand>(); }
 

@@ -48,14 +48,18 @@ void Document_Arguments::addConfiguration(CLI::App& arguments, bool required) {
     arguments.add_option("CONFIG", configurationPath, "The configuration file")->required(required);
 }
 
-Opened_Document Document_Arguments::open(const Call_Context& context, Link_Notice* link) const {
+Opened_Document Document_Arguments::openQuietly(const Call_Context& context, Link_Notice* link) const {
     Document_Source opening{context.files,
                             context.applicationFolder,
                             templateFile(context, pathFromNative(templatePath)),
                             {},
                             link};
     if (!configurationPath.empty()) opening.configurationPath = pathFromNative(configurationPath);
-    Opened_Document opened = openDocument(opening);
+    return openDocument(opening);
+}
+
+Opened_Document Document_Arguments::open(const Call_Context& context, Link_Notice* link) const {
+    Opened_Document opened = openQuietly(context, link);
     tellReadings(context.err, opened);
     return opened;
 }

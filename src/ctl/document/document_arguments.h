@@ -20,6 +20,8 @@ struct Document_Arguments {
     /// Reads the files; an empty configuration path reads the template alone. What goes wrong is told to
     /// people.
     [[nodiscard]] Opened_Document open(const Call_Context& context, Link_Notice* link = nullptr) const;
+    /// The same once more, without a word.
+    [[nodiscard]] Opened_Document openQuietly(const Call_Context& context, Link_Notice* link = nullptr) const;
 };
 
 /// Keeps the bytes of a file that is about to be written over with `text`. What can't be kept is told, and

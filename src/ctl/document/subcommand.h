@@ -26,6 +26,7 @@ enum Exit_Code : int {
     Exit_Differs = 3,          ///< two sides differ
     Exit_Partly = 4,           ///< some of it was done
     Exit_Wrong_Controller = 5, ///< the controller isn't the template's
+    Exit_Stale = 6,            ///< the plan no longer fits what is there
     Exit_Cant_Tell = 7,        ///< something that the answer needs wasn't read
 };
 
@@ -37,6 +38,7 @@ struct Call_Context {
     std::string applicationFolder; ///< the system's text, without a separator at its end
     bool json = false;             ///< the result is one JSON document
     Recovery* recovery = nullptr;  ///< keeps what a save writes over; null: nothing is kept
+    std::string stateFolder{};     ///< where runs are kept; UTF-8, without a separator at its end
 };
 
 /// A command line behind the name of its call.

@@ -36,8 +36,8 @@ void Port_Arguments::add(CLI::App& arguments, bool required) {
 Port_Settings Port_Arguments::settings() const {
     Port_Settings settings;
     settings.port = port_;
-    settings.slave = slave_;
-    settings.line = parseLineSettings(line_).value_or(Line_Settings{});
+    settings.slave = slave_.value_or(1);
+    settings.line = parseLineSettings(line_.value_or("9600,n,8,1")).value_or(Line_Settings{});
     settings.retries = retries_;
     settings.timeOutMs = timeOutMs_.value_or(usualTimeOutMs);
     settings.rts = parseRtsMode(rts_).value_or(Rts_Mode::None);

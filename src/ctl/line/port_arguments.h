@@ -27,14 +27,17 @@ class Port_Arguments {
     [[nodiscard]] std::string fault() const { return settingsFault(settings()); }
     /// The user has asked for a time-out, which then wins over the template's.
     [[nodiscard]] bool ownTimeOut() const { return timeOutMs_.has_value(); }
+    /// Whether a slave number, or line settings, were named.
+    [[nodiscard]] bool ownSlave() const { return slave_.has_value(); }
+    [[nodiscard]] bool ownLine() const { return line_.has_value(); }
 
   private:
     static constexpr std::int32_t usualRetries = 3;
     static constexpr std::int32_t usualTimeOutMs = 1000;
 
     std::string port_;
-    std::int32_t slave_ = 1;
-    std::string line_ = "9600,n,8,1";
+    std::optional<std::int32_t> slave_;
+    std::optional<std::string> line_;
     std::int32_t retries_ = usualRetries;
     std::optional<std::int32_t> timeOutMs_;
     std::string rts_ = "none";

@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/calls/qt/commission/commission_calls.h"
+#include "ctl/calls/qt/commission/only_argument.h"
+#include "ctl/calls/qt/commission/serial_memory.h"
+#include "ctl/calls/qt/commission/session_call.h"
+#include "ctl/document/notices.h"
+#include "template/services/native_files.h"
+#include "values/code_page.h"
+
+#include <CLI/CLI.hpp>
+
+#include <ostream>
+
+namespace zorvane::ctl {
+
+namespace {
+
+using commission::Chosen_Cells;
+using commission::Controller_Look;
+using commission::Plan;
+using commission::Plan_Paper;
+using commission::Plan_Write;
+using commission::Session_End;
+using commission::Step;
+
+Session_End ended(const Controller_Look& look) {
+    Session_End end;
+    end.step = look.step;
+    end.why = look.why;
+    end.identity = look.identity;
+    end.requests.reads = look.requests;
+    return end;
+}
+
+bool sameName(const std::string& a, const std::string& b) {
+    return !a.empty() && upperCase(a) == upperCase(b);
+}
+
+/// The model that stands in a look's evidence, as far as one does.
+bool isFoundModel(const compare::Identity& identity, const std::string& model) {
+    for (const compare::Evidence& each : identity.evidence)
+        if (sameName(each.found, model)) return true;
+    return sameName(identity.model, model);
+}
+
+class Send_Subcommand : public Subcommand {
+  public:
+    void addArguments(CLI::App& arguments) override {
+        files_.addTemplate(arguments);
+        files_.addConfiguration(arguments);
+        port_.add(arguments);
+        arguments.add_option("--plan", planPath_,
+                             "A plan that \"plan --out\" has kept: sends that and nothing else");
+        only_.add(arguments);
+        arguments.add_flag("--yes", yes_, "Send without asking");
+        arguments.add_option("--although", although_, "Go on though the controller isn't a MODEL")
+            ->type_name("MODEL");
+        arguments.add_flag("--although-serial", althoughSerial_,
+                           "Go on though the controller has another serial number than before");
+    }
+
+    int run(const Call_Context& context) override {
+        if (const std::string wrong = port_.fault(); !wrong.empty()) return usage(context, wrong);
+        if (!yes_ && planPath_.empty() && !standardInputIsTerminal())
+            return usage(context, "Nobody is there to answer the question: give --yes or --plan.");
+        const Session_Opener opener(context, files_, port_.settings(), port_.ownTimeOut());
+        return opener.run([this](Session_Work& work) { return finish(work, send(work)); },
+                          [&] { printEnd(context, failedEnd()); });
+    }
+
+  private:
+    static int usage(const Call_Context& context, const std::string& why) {
+        tell(context.err, why);
+        return Exit_Usage;
+    }
+    static Session_End failedEnd() {
+        Session_End end;
+        end.step = Step::Failed;
+        return end;
+    }
+    static int finish(const Session_Work& work, const Session_End& end) {
+        printEnd(work.context, end);
+        return exitOf(end.step);
+    }
+
+    /// The kept plan; `end` says why there is none.
+    std::optional<Plan_Paper> readPaper(const Session_Work& work, Session_End& end) const {
+        const auto bytes = work.context.files.bytes(pathFromNative(planPath_));
+        auto paper = bytes ? commission::parsePaper(*bytes) : std::nullopt;
+        if (paper && commission::completeWrites(paper->writes, work.opened.document, work.section)) {
+            end = work.session.checkPaper(*paper);
+            return end.step == Step::Good ? paper : std::nullopt;
+        }
+        end = failedEnd();
+        end.why = paper ? "The plan names cells that the template doesn't have."
+                        : planPath_ + " is no plan that \"plan --out\" has written.";
+        return std::nullopt;
+    }
+
+    [[nodiscard]] Session_End send(Session_Work& work) const {
+        Session_End end;
+        std::optional<Plan_Paper> paper;
+        if (!planPath_.empty()) {
+            paper = readPaper(work, end);
+            if (!paper) return end;
+        }
+        Controller_Look look = work.session.look();
+        if (look.step == Step::Wrong_Controller && isFoundModel(look.identity, although_)) {
+            work.session.allow(although_);
+            look.step = Step::Good;
+            look.why.clear();
+        }
+        if (look.step != Step::Good) return ended(look);
+        if (const std::string why = anotherSerial(work, look); !why.empty()) {
+            look.step = Step::Wrong_Controller;
+            look.why = why;
+            return ended(look);
+        }
+        if (paper) {
+            end = work.session.checkRegisters(*paper, paper->writes, look);
+            if (end.step != Step::Good) {
+                end.requests.reads = look.requests;
+                return end;
+            }
+        }
+        const Chosen_Cells chosen = paper ? cellsOf(*paper) : only_.cells();
+        const Plan plan = work.session.plan(look, chosen);
+        if (look.identity.verdict == compare::Verdict::Cant_Tell)
+            tell(work.context.err, "Whether the controller is a " + printable(look.identity.model) +
+                                       " can't be told; the run notes it.");
+        if (!plan.failure && plan.unread.empty() && !plan.writes.empty()) {
+            tellPlan(work, plan);
+            if (!yes_ && !paper && !confirmed(work, plan)) {
+                end = ended(look);
+                end.step = Step::Failed;
+                end.why = "Nothing was sent.";
+                return end;
+            }
+        }
+        work.line.beginSending();
+        end = work.session.send(plan, look);
+        if (!end.run.empty() && look.identity.serial)
+            rememberSerial(work.context, serialKey(work), toUtf8(*look.identity.serial));
+        return end;
+    }
+
+    /// The cells of the kept plan, by name; those of `--only` where it is given too.
+    [[nodiscard]] Chosen_Cells cellsOf(const Plan_Paper& paper) const {
+        std::vector<commission::Cell_Pattern> patterns;
+        const Chosen_Cells only = only_.cells();
+        for (const Plan_Write& write : paper.writes)
+            for (const Cell_Place& place : write.cells)
+                if (only.holds(place)) patterns.push_back({place.field, place.row, place.column});
+        if (patterns.empty()) patterns.push_back({-1, -1, -1}); // a plan without writes chooses nothing
+        return Chosen_Cells(std::move(patterns));
+    }
+
+    [[nodiscard]] static std::string serialKey(const Session_Work& work) {
+        const commission::Session_Document& document = work.session.document();
+        return document.documentFile.path + " " + document.port + " " + std::to_string(document.unit);
+    }
+
+    /// Why the serial number stops the send; empty when it doesn't.
+    [[nodiscard]] std::string anotherSerial(Session_Work& work, const Controller_Look& look) const {
+        if (althoughSerial_ || !look.identity.serial) return {};
+        const auto known = knownSerial(work.context, serialKey(work));
+        const std::string found = toUtf8(*look.identity.serial);
+        if (!known || *known == found) return {};
+        const std::string why = "Another controller answers: its serial number is \"" + found +
+                                "\", and the last one's was \"" + *known + "\".";
+        const bool asks = standardInputIsTerminal() && !yes_ && planPath_.empty();
+        if (asks &&
+            work.line.confirm(work.context, why + " Send to this one?", look.identity.unit, watched(work)))
+            return {};
+        return why + " --although-serial goes on.";
+    }
+
+    [[nodiscard]] static std::int32_t watched(const Session_Work& work) {
+        const auto blocks = commission::readBlocks(work.opened.document);
+        return blocks.empty() ? 0 : blocks.front().first;
+    }
+
+    static void tellPlan(const Session_Work& work, const Plan& plan) {
+        for (const Plan_Write& write : plan.writes)
+            if (write.stage == commission::Stage::Last)
+                tell(work.context.err, "Register " + std::to_string(write.address) +
+                                           " goes out after all others: it may stop a process.");
+            else if (write.stage == commission::Stage::Link)
+                tell(work.context.err, "Register " + std::to_string(write.address) +
+                                           " goes out last: it changes the line itself.");
+        for (const commission::Planned_Cell& cell : plan.cells)
+            if (!cell.write && !cell.why.empty())
+                tell(work.context.err, "Not sent: field " + std::to_string(cell.place.field) + ", row " +
+                                           std::to_string(cell.place.row) + ", column " +
+                                           std::to_string(cell.place.column) + ": " + printable(cell.why) +
+                                           ".");
+    }
+
+    [[nodiscard]] static bool confirmed(Session_Work& work, const Plan& plan) {
+        for (const Plan_Write& write : plan.writes) {
+            std::string values;
+            for (const std::uint16_t value : write.values)
+                values += " " + std::to_string(value);
+            work.context.err << "  function " << static_cast<int>(write.function) << ", register "
+                             << write.address << ":" << values << "\n";
+        }
+        const commission::Session_Document& document = work.session.document();
+        return work.line.confirm(work.context,
+                                 "Send " + std::to_string(plan.writes.size()) + " writes to unit " +
+                                     std::to_string(document.unit) + " on " + document.port + "?",
+                                 document.unit, watched(work));
+    }
+
+    Document_Arguments files_;
+    Port_Arguments port_;
+    Only_Argument only_;
+    std::string planPath_;
+    bool yes_ = false;
+    std::string although_;
+    bool althoughSerial_ = false;
+};
+
+} // namespace
+
+std::unique_ptr<Subcommand> makeSendSubcommand() { return std::make_unique<Send_Subcommand>(); }
+
+} // namespace zorvane::ctl

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "ctl/calls/qt/commission/session_call.h"
+
+#include "cells/cell_reading.h"
+#include "commission/folder/digests.h"
+#include "ctl/document/notices.h"
+#include "ctl/document/rehearsal.h"
+#include "ctl/text/text_table.h"
+#include "grids/rules/value_findings.h"
+#include "recovery/recovery.h"
+#include "template/services/file_names.h"
+#include "template/services/native_files.h"
+#include "values/code_page.h"
+#include "values/numbers.h"
+
+#include <filesystem>
+#include <ostream>
+
+namespace zorvane::ctl {
+
+namespace {
+
+using commission::Session;
+using commission::Session_Document;
+using commission::Session_End;
+using commission::Step;
+using commission::Value_State;
+
+std::map<Cell_Place, std::string> strayReasons(const Declara_Zorvane& document) {
+    std::map<Cell_Place, std::string> reasons;
+    for (const Stray_Value& stray : strayValues(document))
+        reasons.emplace(stray.place, stray.outside ? "its value " + stray.text + " is outside its limits"
+                                                   : "its list has no " + stray.text);
+    return reasons;
+}
+
+/// A text's registers stay together.
+void keepTextsTogether(const Declara_Zorvane& document, Unit_Exchanges& line) {
+    for (std::int32_t field = 1; field <= document.Field_Count; ++field) {
+        const Cell_Table& cells = document.Fields(field).Cells;
+        for (std::int32_t row = 1; cells.dimensioned() && row <= cells.rows(); ++row)
+            for (std::int32_t column = 1; column <= cells.lastWrittenColumn(row); ++column) {
+                const Cell_Rec& cell = cells(row, column);
+                if (cell.Is_Ascii_Range && isNumeric(cell.Address) && isNumeric(cell.Address_End))
+                    line.keepTogether(longValue(cell.Address), longValue(cell.Address_End));
+            }
+    }
+}
+
+/// The document with what the controller has, where it was read.
+std::string controllerText(const Call_Context& context, const Document_Arguments& files,
+                           const Declara_Zorvane& own, const compare::Controller_Registers& registers) {
+    Opened_Document copy = files.openQuietly(context);
+    (void)applyRegisters(copy.document, registers.values());
+    for (std::int32_t f = 1; f <= copy.document.Field_Count; ++f) {
+        Cell_Table& cells = copy.document.Fields(f).Cells;
+        for (std::int32_t row = 1; cells.dimensioned() && row <= cells.rows(); ++row)
+            for (std::int32_t column = 1; column <= cells.lastWrittenColumn(row); ++column) {
+                const auto range =
+                    cellRegisters(std::as_const(cells)(0, column), std::as_const(cells)(row, column));
+                if (range && !registers.holds(*range))
+                    cells(row, column).Value = own.Fields(f).Cells(row, column).Value;
+            }
+    }
+    return recoveryText(copy.document);
+}
+
+std::string stemOf(const Opened_Document& opened) {
+    return upperCase(splitName(splitPath(opened.ztp.path).name).first);
+}
+
+void printForPeople(const Call_Context& context, const Session_End& end) {
+    Text_Table table;
+    table.add({"Field", "Row", "Column", "Register", "State", "Answer"});
+    bool some = false;
+    for (const commission::Sent_Row& row : end.report.rows) {
+        if (row.state == Value_State::Verified) continue;
+        some = true;
+        table.add({std::to_string(row.place.field), std::to_string(row.place.row),
+                   std::to_string(row.place.column), printable(row.address),
+                   std::string(commission::valueStateWord(row.state)), printable(row.answer)});
+    }
+    if (some) table.print(context.out, 0);
+    const auto& counts = end.report.counts;
+    context.out << counts.of(Value_State::Verified) << " of " << counts.rows() << " values verified";
+    for (const Value_State state :
+         {Value_State::Refused, Value_State::Stored_Otherwise, Value_State::Unknown, Value_State::Not_Sent})
+        if (counts.of(state) > 0)
+            context.out << ", " << counts.of(state) << ' ' << commission::valueStateWord(state);
+    context.out << ".\n";
+    if (!end.run.empty()) context.out << "Run " << end.run << "\n";
+}
+
+} // namespace
+
+int exitOf(Step step) noexcept {
+    switch (step) {
+    case Step::Good:
+        return Exit_Success;
+    case Step::Wrong_Controller:
+        return Exit_Wrong_Controller;
+    case Step::Stale:
+        return Exit_Stale;
+    case Step::Cant_Tell:
+        return Exit_Cant_Tell;
+    case Step::Incomplete:
+        return Exit_Partly;
+    case Step::Failed:
+        break;
+    }
+    return Exit_Failed;
+}
+
+std::string runsFolder(const Call_Context& context) { return context.stateFolder + "/runs"; }
+
+commission::Named_File namedFile(const Call_Context& context, const std::string& path) {
+    const auto bytes = context.files.bytes(path);
+    std::error_code error;
+    const std::filesystem::path whole = std::filesystem::absolute(pathToNative(path), error);
+    return {error ? pathToNative(path) : whole.lexically_normal().string(),
+            bytes ? commission::sha256(*bytes) : ""};
+}
+
+Session_Document Session_Opener::documentOf(const Opened_Document& opened,
+                                            const Identity_Section& section) const {
+    Session_Document document{opened.document,
+                              section,
+                              namedFile(context_, opened.ztp.path),
+                              {},
+                              {},
+                              {},
+                              1,
+                              {},
+                              3,
+                              "zorvanectl",
+                              strayReasons(opened.document)};
+    if (opened.configuration) document.documentFile = namedFile(context_, opened.configuration->path);
+    document.controllerFileName = "controller." + toUtf8(stemOf(opened));
+    document.port = settings_.port;
+    document.unit = settings_.slave;
+    document.line = settings_.line;
+    document.retries = settings_.retries;
+    return document;
+}
+
+int Session_Opener::run(const std::function<int(Session_Work&)>& work,
+                        const std::function<void()>& refused) const {
+    Writing_Line line(settings_);
+    Own_Time_Out ownTimeOut(line.exchanges());
+    Opened_Document opened =
+        files_.open(context_, ownTimeOut_ ? static_cast<Link_Notice*>(&ownTimeOut) : &line.exchanges());
+    const auto fail = [&](const std::string& why) {
+        if (!why.empty()) tell(context_.err, why);
+        refused();
+        return static_cast<int>(Exit_Failed);
+    };
+    if (!opened.readToTheEnd()) return fail({});
+    const Identity_Section section = readIdentity(context_.files.bytes(opened.ztp.path).value_or(""));
+    keepTextsTogether(opened.document, line.exchanges());
+    if (const std::string why = line.open(context_); !why.empty()) return fail(why);
+    commission::Native_Runs runs(runsFolder(context_));
+    const commission::System_Wall_Clock clock;
+    Session session({line.exchanges(),
+                     runs,
+                     clock,
+                     [&] { return line.stopAsked(); },
+                     {},
+                     [&](const compare::Controller_Registers& registers) {
+                         return controllerText(context_, files_, opened.document, registers);
+                     }},
+                    documentOf(opened, section));
+    Session_Work session_work{context_, opened, section, line, runs, session};
+    return work(session_work);
+}
+
+void printEnd(const Call_Context& context, const Session_End& end) {
+    if (!end.why.empty()) tell(context.err, printable(end.why));
+    if (context.json)
+        printJson(context.out, commission::endJson(end));
+    else if (!end.run.empty() || end.report.counts.rows() > 0 || end.step == Step::Good)
+        printForPeople(context, end);
+}
+
+} // namespace zorvane::ctl

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+// "plan --port", "send", "verify", "restore", "resume" and "runs" as the built program, against a simulated
+// KVRT207D on a pseudo-terminal. Each exit has its test.
+
+#include "ctl/testing/ctl_bench.h"
+#include "ctl/testing/spawned_program.h"
+
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace zorvane::ctl {
+namespace {
+
+using doubles::Ctl_Bench;
+using doubles::Ctl_Run;
+using doubles::Spawned_Program;
+using nlohmann::json;
+using ::testing::HasSubstr;
+
+const std::string ctl = ZORVANECTL;
+const std::string sim = ZORVANE_SIM;
+
+std::string model(const std::string& file) {
+    return (std::filesystem::path(ctl).parent_path() / file).string();
+}
+
+/// The programs with a state folder of their own, and a controller with its factory values.
+class SendProgram : public ::testing::Test {
+  protected:
+    SendProgram() { ::setenv("XDG_STATE_HOME", bench.path("state").c_str(), 1); }
+    ~SendProgram() override { ::unsetenv("XDG_STATE_HOME"); }
+
+    void start(const std::string& file = "KVRT207D.ZTP", std::vector<std::string> more = {}) {
+        port = bench.path("line");
+        std::vector<std::string> command = {sim,     "--template",           model(file), "--pty", port,
+                                            "--log", bench.path("log.json"), "--seed",    "3"};
+        command.insert(command.end(), more.begin(), more.end());
+        controller = std::make_unique<Spawned_Program>(command);
+        ASSERT_TRUE(controller->awaitOutput("ready"));
+    }
+
+    static Ctl_Run run(std::vector<std::string> arguments) {
+        arguments.insert(arguments.begin(), ctl);
+        Spawned_Program program(arguments);
+        const int code = program.finish();
+        return {code, program.out(), program.err()};
+    }
+    [[nodiscard]] Ctl_Run call(const std::string& name, std::vector<std::string> more = {}) const {
+        std::vector<std::string> all = {
+            name, model("KVRT207D.ZTP"), model("EXAMPLE.KVRT207D"), "--port", port, "--json"};
+        all.insert(all.end(), more.begin(), more.end());
+        return run(all);
+    }
+    [[nodiscard]] Ctl_Run onRun(const std::string& name) const {
+        return run({name, "last", "--port", port, "--json"});
+    }
+    [[nodiscard]] int writes() const {
+        std::ifstream file(bench.path("log.json"));
+        int count = 0;
+        for (std::string line; std::getline(file, line);) {
+            const json frame = json::parse(line);
+            const int function = frame.value("function", 0);
+            if (frame.value("direction", "") == "in" && (function == 6 || function == 16)) ++count;
+        }
+        return count;
+    }
+
+    const Ctl_Bench bench;
+    std::string port;
+    std::unique_ptr<Spawned_Program> controller;
+};
+
+TEST_F(SendProgram, APlanOnlyReadsAndSaysThatThereIsSomethingToWrite) {
+    start();
+    const Ctl_Run plan = call("plan", {"--out", bench.path("p.json")});
+    EXPECT_EQ(plan.code, 3) << plan.err;
+    const json paper = json::parse(plan.out);
+    EXPECT_EQ(paper["version"], 1);
+    EXPECT_EQ(paper["run"], nullptr);
+    EXPECT_EQ(paper["identity"]["verdict"], "is");
+    EXPECT_GT(paper["writes"].size(), 0U);
+    EXPECT_EQ(json::parse(bench.bytes("p.json")), paper);
+    EXPECT_EQ(writes(), 0) << "nothing is sent by looking";
+}
+
+TEST_F(SendProgram, SendsAPlanOnceAndASecondTimeNothing) {
+    start();
+    EXPECT_EQ(call("plan", {"--out", bench.path("p.json")}).code, 3);
+    const Ctl_Run sent = call("send", {"--plan", bench.path("p.json")});
+    EXPECT_EQ(sent.code, 0) << sent.err << sent.out;
+    const json result = json::parse(sent.out);
+    EXPECT_EQ(result["counts"]["verified"], result["counts"]["rows"]);
+    EXPECT_GT(result["counts"]["rows"], 0);
+    EXPECT_EQ(writes(), result["requests"]["writes"].get<int>());
+    const int before = writes();
+    EXPECT_EQ(call("send", {"--plan", bench.path("p.json")}).code, 0);
+    EXPECT_EQ(call("send", {"--yes"}).code, 0);
+    EXPECT_EQ(writes(), before);
+    EXPECT_EQ(onRun("verify").code, 0);
+}
+
+TEST_F(SendProgram, RestoresWhatWasThereAndListsItsRuns) {
+    start();
+    EXPECT_EQ(call("send", {"--yes"}).code, 0);
+    const Ctl_Run restored = onRun("restore");
+    EXPECT_EQ(restored.code, 0) << restored.err;
+    EXPECT_EQ(call("plan").code, 3) << "all is to be written again";
+    const json runs = json::parse(run({"runs", "--json"}).out)["runs"];
+    ASSERT_EQ(runs.size(), 2U);
+    EXPECT_EQ(runs[0]["state"], "finished");
+    EXPECT_EQ(runs[1]["state"], "restored");
+    EXPECT_EQ(runs[1]["model"], "KVRT207D");
+}
+
+TEST_F(SendProgram, NobodyToAnswerTheQuestionIsAnErrorOfTheCommandLine) {
+    start();
+    EXPECT_EQ(call("send").code, 2);
+    EXPECT_EQ(writes(), 0);
+}
+
+TEST_F(SendProgram, AWrongModelStopsBeforeTheFirstWrite) {
+    start("KVRT100.ZTP");
+    const Ctl_Run sent = call("send", {"--yes"});
+    EXPECT_EQ(sent.code, 5);
+    EXPECT_EQ(json::parse(sent.out)["identity"]["verdict"], "isn't");
+    EXPECT_EQ(json::parse(sent.out)["counts"]["rows"], 0);
+    EXPECT_EQ(writes(), 0);
+}
+
+TEST_F(SendProgram, ASilentLineFailsWithOneObject) {
+    start();
+    const Ctl_Run sent = call("send", {"--yes", "--slave", "9", "--timeout", "100", "--retries", "0"});
+    EXPECT_EQ(sent.code, 1);
+    EXPECT_EQ(json::parse(sent.out)["run"], nullptr);
+    EXPECT_THAT(sent.err, HasSubstr("doesn't answer"));
+}
+
+TEST_F(SendProgram, AChangedTemplateMakesAPlanStale) {
+    start();
+    EXPECT_EQ(call("plan", {"--out", bench.path("p.json")}).code, 3);
+    json paper = json::parse(bench.bytes("p.json"));
+    paper["template"]["sha256"] = "0";
+    std::ofstream(bench.path("q.json")) << paper;
+    EXPECT_EQ(call("send", {"--plan", bench.path("q.json")}).code, 6);
+    EXPECT_EQ(writes(), 0);
+}
+
+TEST_F(SendProgram, OnlyWhatIsNamedIsSent) {
+    start();
+    const Ctl_Run sent = call("send", {"--yes", "--only", "3,1,2"});
+    EXPECT_EQ(sent.code, 0) << sent.err;
+    const json result = json::parse(sent.out);
+    ASSERT_EQ(result["rows"].size(), 1U);
+    EXPECT_EQ(result["rows"][0]["register"], "250");
+    EXPECT_EQ(result["rows"][0]["state"], "verified");
+    EXPECT_EQ(writes(), 1);
+}
+
+TEST_F(SendProgram, ARegisterFileAndAPortExcludeEachOther) {
+    start();
+    EXPECT_EQ(run({"plan", model("KVRT207D.ZTP"), model("EXAMPLE.KVRT207D")}).code, 2);
+    EXPECT_EQ(run({"plan", model("KVRT207D.ZTP"), model("EXAMPLE.KVRT207D"), "r.json", "--port", port}).code,
+              2);
+}
+
+TEST_F(SendProgram, AnUnreadBlockIsAnExitOfItsOwn) {
+    start("KVRT207D.ZTP", {"--fault", "exception=2@250-261"});
+    const Ctl_Run sent = call("send", {"--yes"});
+    EXPECT_EQ(sent.code, 7) << sent.err;
+    EXPECT_THAT(sent.err, HasSubstr("250-261"));
+    EXPECT_EQ(writes(), 0);
+}
+
+} // namespace
+} // namespace zorvane::ctl
