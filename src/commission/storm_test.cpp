@@ -23,7 +23,7 @@ using Image = std::map<std::int32_t, std::uint16_t>;
 
 int rounds() {
     const char* wanted = std::getenv("ZORVANE_STORM");
-    return wanted != nullptr ? std::atoi(wanted) : 4000;
+    return wanted != nullptr ? std::atoi(wanted) : 500;
 }
 
 constexpr std::array strikes = {Strike::Kill_Before, Strike::Kill_After,    Strike::Lose_Request,
