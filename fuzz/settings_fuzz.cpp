@@ -103,7 +103,7 @@ void checkMargins(doubles::App_Bench& bench) {
 void checkUnit(doubles::App_Bench& bench, const std::string& number) {
     bench.link.slaveNumber = number;
     TMR_Verifica_monitor_Timer(bench.app.grids.comm);
-    const std::string shown = bench.frame.panel(Panel::Unit);
+    const std::string shown = bench.mainForm.panel(Panel::Unit);
     require(shown.empty() || (shown.starts_with("RTU: ") && Val(shown.substr(5)) > 0),
             "a unit's number is shown");
 }
@@ -121,11 +121,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     app::Form_Load(bench.app);
     const auto isSize = [&](const Font_Size_Entry& entry) { return entry.applied == bench.state.Font_Size; };
     require(std::any_of(fontSizes.begin(), fontSizes.end(), isSize), "the font has a size of the list");
-    require(usable(bench.frame.place), "the window has a place");
+    require(usable(bench.mainForm.place), "the window has a place");
 
     checkPort(bench.settings);
-    for (const std::string& section : {mainWindowSection, monitorSection, previewSection})
-        checkRectangle(bench.settings, section, bench.frame.screen());
+    for (const std::string& section : {app::mainWindowSection, app::monitorSection, app::previewSection})
+        checkRectangle(bench.settings, section, bench.mainForm.screen());
     checkMargins(bench);
     checkUnit(bench, lines.size() > keys.size() ? lines[keys.size()] : "");
 
