@@ -143,6 +143,28 @@ TEST_F(SendProgram, ASilentLineFailsWithOneObject) {
     EXPECT_THAT(sent.err, HasSubstr("doesn't answer"));
 }
 
+TEST_F(SendProgram, APlanWithoutAPortIsOneObjectWithNothingToWrite) {
+    start();
+    const Ctl_Run plan =
+        run({"plan", model("KVRT207D.ZTP"), model("EXAMPLE.KVRT207D"), "--port", "/nowhere/line", "--json"});
+    EXPECT_EQ(plan.code, 1);
+    const json paper = json::parse(plan.out);
+    EXPECT_EQ(paper["line"]["port"], "/nowhere/line");
+    EXPECT_EQ(paper["counts"]["rows"], 0);
+    EXPECT_EQ(paper["writes"], json::array());
+    EXPECT_EQ(paper["identity"], nullptr);
+}
+
+TEST_F(SendProgram, AValueThatTheControllerForgetsIsShownWithWhatWasSentAndWhatIsThere) {
+    start("KVRT207D.ZTP", {"--quirk", "forgets@250"});
+    const Ctl_Run sent = run(
+        {"send", model("KVRT207D.ZTP"), model("EXAMPLE.KVRT207D"), "--port", port, "--yes", "--only", "3,1"});
+    EXPECT_EQ(sent.code, 4);
+    EXPECT_THAT(sent.out, HasSubstr("Sent  Read back"));
+    EXPECT_THAT(sent.out, HasSubstr("stored otherwise"));
+    EXPECT_THAT(sent.out, HasSubstr("0 of 1 values verified, 1 stored otherwise.\n"));
+}
+
 TEST_F(SendProgram, AChangedTemplateMakesAPlanStale) {
     start();
     EXPECT_EQ(call("plan", {"--out", bench.path("p.json")}).code, 3);

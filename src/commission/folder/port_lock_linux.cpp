@@ -59,7 +59,9 @@ Port_Hold Native_Port_Locks::take(const std::string& port, std::int32_t unit) {
     fs::create_directories(folder_, error);
     const std::string path = folder_ + "/" + fileName(lineName(port, unit));
     const int file = ::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (file < 0) return {nullptr, "The lock " + path + " can't be made: " + std::strerror(errno)};
+    if (file < 0)
+        return {nullptr, "The lock " + path + " can't be made: " + std::strerror(errno) +
+                             ". Nothing was sent. See to the rights of its folder."};
     auto held = std::make_unique<Locked_File>(file);
     if (::flock(file, LOCK_EX | LOCK_NB) != 0)
         return {nullptr, "The port " + port + " is in use by another run" + holderOf(file) +
@@ -67,7 +69,9 @@ Port_Hold Native_Port_Locks::take(const std::string& port, std::int32_t unit) {
     const std::string process = std::to_string(::getpid());
     const bool noted = ::ftruncate(file, 0) == 0 && ::pwrite(file, process.data(), process.size(), 0) ==
                                                         static_cast<ssize_t>(process.size());
-    if (!noted) return {nullptr, "The lock " + path + " can't be written: " + std::strerror(errno)};
+    if (!noted)
+        return {nullptr, "The lock " + path + " can't be written: " + std::strerror(errno) +
+                             ". Nothing was sent. Make room on its disk."};
     return {std::move(held), {}};
 }
 

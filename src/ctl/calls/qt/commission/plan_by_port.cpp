@@ -47,11 +47,26 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
 
     [[nodiscard]] int runByPort(const Call_Context& context, const Document_Arguments& files) const override {
         const Session_Opener opener(context, files, port_.settings(), port_.ownTimeOut());
-        return opener.run([this](Session_Work& work) { return plan(work); },
-                          [&] { print(context, nullptr, {}, Json()); });
+        return opener.run(
+            [this](Session_Work& work) { return plan(work); },
+            [&] { print(context, nullptr, {}, commission::paperJson(unread(context, files))); });
     }
 
   private:
+    /// What is known without a controller: nothing to write.
+    [[nodiscard]] commission::Plan_Paper unread(const Call_Context& context,
+                                                const Document_Arguments& files) const {
+        commission::Plan_Paper paper;
+        paper.templateFile = namedFile(context, files.templatePath);
+        paper.document = namedFile(context, files.configurationPath);
+        paper.port = port_.settings().port;
+        paper.unit = port_.settings().slave;
+        paper.settings = formatLineSettings(port_.settings().line);
+        paper.counts = commission::countsJson(compare::Counts());
+        paper.rows = Json::array();
+        return paper;
+    }
+
     [[nodiscard]] int plan(Session_Work& work) const {
         const Controller_Look earlier = work.session.look();
         if (earlier.step != Step::Good) return refuse(work, earlier);
@@ -112,7 +127,7 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
                 {std::to_string(static_cast<int>(write.function)), std::to_string(write.address), values});
         }
         if (!plan->writes.empty()) table.print(context.out, 0);
-        context.out << plan->writes.size() << " writes\n";
+        context.out << plan->writes.size() << (plan->writes.size() == 1 ? " write\n" : " writes\n");
     }
 
     Port_Arguments port_;

@@ -238,7 +238,7 @@ class Runs_Subcommand : public Subcommand {
                        std::to_string(run.counts.value("verified", 0)),
                        std::to_string(run.counts.value("rows", 0))});
         if (!runs.empty()) table.print(context.out, 0);
-        context.out << runs.size() << " runs\n";
+        context.out << runs.size() << (runs.size() == 1 ? " run\n" : " runs\n");
     }
 };
 

@@ -13,6 +13,7 @@
 #include "values/code_page.h"
 #include "values/numbers.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <ostream>
 
@@ -69,24 +70,38 @@ std::string stemOf(const Opened_Document& opened) {
     return upperCase(splitName(splitPath(opened.ztp.path).name).first);
 }
 
+/// "stored otherwise"
+std::string spoken(Value_State state) {
+    std::string word(commission::valueStateWord(state));
+    std::replace(word.begin(), word.end(), '_', ' ');
+    return word;
+}
+
+/// The numbers of a value's registers, "?" for one that isn't known.
+std::string spoken(const commission::Known_Registers& registers) {
+    std::string text;
+    for (const auto& value : registers)
+        text.append(text.empty() ? "" : " ").append(value ? std::to_string(*value) : "?");
+    return text;
+}
+
 void printForPeople(const Call_Context& context, const Session_End& end) {
     Text_Table table;
-    table.add({"Field", "Row", "Column", "Register", "State", "Answer"});
+    table.add({"Field", "Row", "Column", "Register", "State", "Before", "Sent", "Read back", "Answer"});
     bool some = false;
     for (const commission::Sent_Row& row : end.report.rows) {
         if (row.state == Value_State::Verified) continue;
         some = true;
         table.add({std::to_string(row.place.field), std::to_string(row.place.row),
-                   std::to_string(row.place.column), printable(row.address),
-                   std::string(commission::valueStateWord(row.state)), printable(row.answer)});
+                   std::to_string(row.place.column), printable(row.address), spoken(row.state),
+                   spoken(row.before), spoken(row.sent), spoken(row.readBack), printable(row.answer)});
     }
     if (some) table.print(context.out, 0);
     const auto& counts = end.report.counts;
     context.out << counts.of(Value_State::Verified) << " of " << counts.rows() << " values verified";
     for (const Value_State state :
          {Value_State::Refused, Value_State::Stored_Otherwise, Value_State::Unknown, Value_State::Not_Sent})
-        if (counts.of(state) > 0)
-            context.out << ", " << counts.of(state) << ' ' << commission::valueStateWord(state);
+        if (counts.of(state) > 0) context.out << ", " << counts.of(state) << ' ' << spoken(state);
     context.out << ".\n";
     if (!end.run.empty()) context.out << "Run " << end.run << "\n";
 }
