@@ -130,6 +130,7 @@ def the_main_job_from_start_to_end(program):
         program.hands.chord(["alt"], "n")
         _choose_file(program, export)
         wait_for("the exported file", lambda: os.path.exists(export) and os.path.getsize(export))
+        program.preview("Preview Print Page")  # the busy form has gone, which would take the key
         program.hands.keys("Escape")
         wait_for("the main window", lambda: "active" in program.window.states)
 
