@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commission/runs.h"
 
+#include "commission/folder/json_fields.h"
 #include "commission/send_report.h"
 
 #include <algorithm>
@@ -16,11 +17,6 @@ constexpr std::int64_t keptMs = std::int64_t{30} * 24 * 3600 * 1000;
 constexpr std::size_t keptRuns = 100;
 
 Json textOrNull(const std::optional<std::string>& text) { return text ? Json(*text) : Json(); }
-
-std::optional<std::string> textOf(const Json& json) {
-    if (!json.is_string()) return std::nullopt;
-    return json.get<std::string>();
-}
 
 /// A folder's name holds no character that a shell or another system takes amiss.
 std::string nameOf(std::string_view model) {
@@ -41,17 +37,19 @@ std::optional<Json> parsed(const std::optional<std::string>& text) {
 
 Run_State stateOf(const Run_Store& store, const std::string& name, const std::optional<Json>& result) {
     if (store.read(name, restoredFile)) return Run_State::Restored;
-    const bool finished = result && result->is_object() && result->value("state", "") == "finished";
+    const bool finished = result && textOf(memberOf(*result, "state")) == "finished";
     return finished ? Run_State::Finished : Run_State::Interrupted;
 }
 
 Json countsOf(const Kept_Run& run) {
-    if (run.result && run.result->contains("counts")) return run.result->at("counts");
+    if (run.result)
+        if (const Json& counts = memberOf(*run.result, "counts"); counts.is_object()) return counts;
     std::vector<bool> sent(run.paper.writes.size(), false);
     for (const Json& record : run.journal.records)
-        if (record.value("event", "") == "write")
-            if (const auto number = record.value("write", sent.size()); number < sent.size())
-                sent[number] = true;
+        if (isEvent(record, "write"))
+            if (const auto number = numberOf<std::size_t>(memberOf(record, "write"));
+                number && *number < sent.size())
+                sent[*number] = true;
     Value_Counts counts;
     for (std::size_t number = 0; number < sent.size(); ++number)
         for (std::size_t i = 0; i < run.paper.writes[number].cells.size(); ++i)
@@ -139,11 +137,14 @@ std::vector<Run_Entry> listRuns(const Run_Store& store) {
 std::map<std::int32_t, std::uint16_t> leftBy(const Kept_Run& run) {
     std::map<std::int32_t, std::uint16_t> left = run.paper.before;
     for (const Json& record : run.journal.records) {
-        if (record.value("event", "") != "write" || !record.contains("values")) continue;
-        const auto first = record.value("address", std::int32_t{0});
-        std::int32_t number = first;
-        for (const Json& value : record.at("values"))
-            left[number++] = value.get<std::uint16_t>();
+        const auto first = numberOf<std::int32_t>(memberOf(record, "address"));
+        if (!isEvent(record, "write") || !first) continue;
+        std::int64_t number = *first;
+        for (const Json& value : memberOf(record, "values")) {
+            if (const auto word = numberOf<std::uint16_t>(value))
+                left[static_cast<std::int32_t>(number)] = *word;
+            ++number;
+        }
     }
     for (const auto& [number, value] : run.after)
         left[number] = value;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commission/taking_back.h"
 
+#include "commission/folder/json_fields.h"
 #include "commission/plan/cell_registers.h"
 
 #include <algorithm>
@@ -22,8 +23,8 @@ std::optional<std::uint16_t> valueIn(const std::map<std::int32_t, std::uint16_t>
 std::set<std::size_t> sentWrites(const Journal& journal) {
     std::set<std::size_t> sent;
     for (const Json& record : journal.records)
-        if (record.value("event", "") == "write" && record.contains("write"))
-            sent.insert(record.at("write").get<std::size_t>());
+        if (isEvent(record, "write"))
+            if (const auto number = numberOf<std::size_t>(memberOf(record, "write"))) sent.insert(*number);
     return sent;
 }
 
@@ -161,14 +162,14 @@ std::vector<Left_Row> leftRows(const Kept_Run& run, const std::vector<Plan_Write
 std::int32_t unitOf(const Kept_Run& run) {
     std::int32_t unit = run.paper.unit;
     for (const Json& record : run.journal.records)
-        if (record.value("event", "") == "line") unit = record.value("unit", unit);
+        if (isEvent(record, "line")) unit = numberOf<std::int32_t>(memberOf(record, "unit")).value_or(unit);
     return unit;
 }
 
 std::string settingsOf(const Kept_Run& run) {
     std::string settings = run.paper.settings;
     for (const Json& record : run.journal.records)
-        if (record.value("event", "") == "line") settings = record.value("line", settings);
+        if (isEvent(record, "line")) settings = textOf(memberOf(record, "line")).value_or(settings);
     return settings;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commission/plan/plan_paper.h"
 
+#include "commission/folder/json_fields.h"
 #include "commission/plan/cell_registers.h"
 
 #include <algorithm>
@@ -24,17 +25,33 @@ Json writeJson(const Plan_Write& write) {
             {"cells", cells}};
 }
 
+/// What makes a plan no plan; parsePaper catches it.
+struct Unfit_Plan {};
+
+template <typename Number> Number numberIn(const Json& value) {
+    if (const auto number = numberOf<Number>(value)) return *number;
+    throw Unfit_Plan{};
+}
+
+Function_Code functionIn(const Json& value) {
+    const auto function = static_cast<Function_Code>(numberIn<std::uint8_t>(value));
+    const bool writes =
+        function == Function_Code::PresetSingleRegister || function == Function_Code::PresetMultipleRegisters;
+    if (!writes) throw Unfit_Plan{};
+    return function;
+}
+
 Plan_Write parseWrite(const Json& json) {
     Plan_Write write;
-    const int function = json.at("function").get<int>();
-    write.function =
-        function == 6 ? Function_Code::PresetSingleRegister : Function_Code::PresetMultipleRegisters;
-    json.at("address").get_to(write.address);
+    write.function = functionIn(json.at("function"));
+    write.address = numberIn<std::int32_t>(json.at("address"));
     for (const Json& value : json.at("values"))
-        write.values.push_back(value.get<std::uint16_t>());
+        write.values.push_back(numberIn<std::uint16_t>(value));
+    const std::size_t most = write.function == Function_Code::PresetSingleRegister ? 1 : largestWrite;
+    if (write.values.empty() || write.values.size() > most) throw Unfit_Plan{};
     for (const Json& cell : json.at("cells"))
-        write.cells.push_back(
-            {cell.at(0).get<std::int32_t>(), cell.at(1).get<std::int32_t>(), cell.at(2).get<std::int32_t>()});
+        write.cells.push_back({numberIn<std::int32_t>(cell.at(0)), numberIn<std::int32_t>(cell.at(1)),
+                               numberIn<std::int32_t>(cell.at(2))});
     return write;
 }
 
@@ -48,13 +65,15 @@ Plan_Paper paperOf(const Json& json) {
     paper.document = parseFile(json.at("document"));
     paper.identity = json.at("identity");
     json.at("line").at("port").get_to(paper.port);
-    json.at("line").at("unit").get_to(paper.unit);
+    paper.unit = numberIn<std::int32_t>(json.at("line").at("unit"));
     json.at("line").at("settings").get_to(paper.settings);
     paper.counts = json.at("counts");
     paper.rows = json.at("rows");
     for (const Json& write : json.at("writes"))
         paper.writes.push_back(parseWrite(write));
-    if (auto before = parseRegistersJson(json.at("before"))) paper.before = std::move(*before);
+    auto before = parseRegistersJson(json.at("before"));
+    if (!before) throw Unfit_Plan{};
+    paper.before = std::move(*before);
     if (!json.at("run").is_null()) paper.run = json.at("run").get<std::string>();
     return paper;
 }
@@ -97,8 +116,9 @@ std::optional<std::map<std::int32_t, std::uint16_t>> parseRegistersJson(const Js
         std::int32_t number = 0;
         const auto [end, error] = std::from_chars(key.data(), key.data() + key.size(), number);
         const bool whole = error == std::errc{} && end == key.data() + key.size();
-        if (!whole || !value.is_number_unsigned() || value.get<std::uint64_t>() > 65535) return std::nullopt;
-        registers[number] = value.get<std::uint16_t>();
+        const auto word = numberOf<std::uint16_t>(value);
+        if (!whole || !word) return std::nullopt;
+        registers[number] = *word;
     }
     return registers;
 }
@@ -125,6 +145,8 @@ std::optional<Plan_Paper> parsePaper(std::string_view text) {
         if (!json.is_object() || json.at("version") != paperVersion) return std::nullopt;
         return paperOf(json);
     } catch (const Json::exception&) {
+        return std::nullopt;
+    } catch (const Unfit_Plan&) {
         return std::nullopt;
     }
 }

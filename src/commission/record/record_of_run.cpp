@@ -3,6 +3,7 @@
 
 #include "commission/folder/digests.h"
 #include "commission/folder/journal.h"
+#include "commission/folder/json_fields.h"
 #include "commission/folder/wall_clock.h"
 #include "values/code_page.h"
 
@@ -23,22 +24,12 @@ Json parsed(const std::optional<std::string>& text) {
     return json.is_object() ? json : Json();
 }
 
-/// A member, or null.
-const Json& at(const Json& json, const char* name) {
-    static const Json nothing;
-    if (!json.is_object()) return nothing;
-    const auto found = json.find(name);
-    return found == json.end() ? nothing : *found;
-}
-
 std::string textAt(const Json& json, const char* name) {
-    const Json& value = at(json, name);
-    return value.is_string() ? fromUtf8(value.get<std::string>()) : "";
+    return fromUtf8(textOf(memberOf(json, name)).value_or(""));
 }
 
 std::int32_t numberAt(const Json& json, const char* name) {
-    const Json& value = at(json, name);
-    return value.is_number_integer() ? value.get<std::int32_t>() : 0;
+    return numberOf<std::int32_t>(memberOf(json, name)).value_or(0);
 }
 
 Place placeOf(const Json& row) {
@@ -61,8 +52,8 @@ std::map<std::int32_t, std::uint16_t> registersOf(const Json& json) {
     for (const auto& [key, value] : json.items()) {
         std::int32_t number = 0;
         const auto read = std::from_chars(key.data(), key.data() + key.size(), number);
-        const bool good = read.ec == std::errc{} && value.is_number_unsigned();
-        if (good && value.get<std::uint64_t>() <= 0xFFFF) registers[number] = value.get<std::uint16_t>();
+        const auto word = numberOf<std::uint16_t>(value);
+        if (read.ec == std::errc{} && word) registers[number] = *word;
     }
     return registers;
 }
@@ -129,7 +120,7 @@ class Run_Files {
     [[nodiscard]] std::map<Place, std::string> statesOfJournal() const;
     template <class Visit> void forEachEvent(std::string_view event, Visit visit) const {
         for (const Json& record : journal_.records)
-            if (at(record, "event") == event) visit(record);
+            if (memberOf(record, "event") == event) visit(record);
     }
 
     const Run_Store& runs_;
@@ -143,7 +134,7 @@ class Run_Files {
 Record Run_Files::record() const {
     Record record;
     record.run = name_;
-    record.kind = at(head_, "restores").is_string() ? "restore" : "send";
+    record.kind = memberOf(head_, "restores").is_string() ? "restore" : "send";
     record.state = state();
     addController(record);
     addTimes(record);
@@ -163,8 +154,8 @@ std::string Run_Files::state() const {
 }
 
 void Run_Files::addController(Record& record) const {
-    const Json& identity = at(plan_, "identity");
-    const Json& line = at(plan_, "line");
+    const Json& identity = memberOf(plan_, "identity");
+    const Json& line = memberOf(plan_, "line");
     Record_Controller& controller = record.controller;
     controller.model = textAt(head_, "model");
     controller.unit = numberAt(head_, "unit");
@@ -172,7 +163,7 @@ void Run_Files::addController(Record& record) const {
     controller.firmware = textAt(identity, "firmware");
     controller.verdict = textAt(identity, "verdict");
     controller.although = textAt(head_, "although");
-    for (const Json& evidence : at(identity, "evidence"))
+    for (const Json& evidence : memberOf(identity, "evidence"))
         controller.evidence.push_back({textAt(evidence, "register"), textAt(evidence, "what"),
                                        textAt(evidence, "expected"), textAt(evidence, "found"),
                                        textAt(evidence, "result")});
@@ -190,14 +181,15 @@ void Run_Files::addTimes(Record& record) const {
 
 void Run_Files::addFiles(Record& record) const {
     for (const char* const what : {"template", "document"})
-        record.files.push_back({what, textAt(at(plan_, what), "path"), textAt(at(plan_, what), "sha256")});
+        record.files.push_back(
+            {what, textAt(memberOf(plan_, what), "path"), textAt(memberOf(plan_, what), "sha256")});
     record.files.push_back({"plan", "", hashOf(planFile)});
     record.files.push_back({"journal", "", hashOf(journalFile)});
 }
 
 std::map<Place, Json> Run_Files::planRows() const {
     std::map<Place, Json> rows;
-    for (const Json& row : at(plan_, "rows"))
+    for (const Json& row : memberOf(plan_, "rows"))
         rows[placeOf(row)] = row;
     return rows;
 }
@@ -208,11 +200,13 @@ std::map<Place, std::string> Run_Files::statesOfJournal() const {
     forEachEvent("write", [&](const Json& intent) { begun.insert(numberAt(intent, "write")); });
     std::map<Place, std::string> states;
     std::int64_t number = 0;
-    for (const Json& write : at(plan_, "writes")) {
-        for (const Json& cell : at(write, "cells"))
+    for (const Json& write : memberOf(plan_, "writes")) {
+        for (const Json& cell : memberOf(write, "cells"))
             if (cell.is_array() && cell.size() == 3)
-                states[{cell[0].get<std::int32_t>(), cell[1].get<std::int32_t>(),
-                        cell[2].get<std::int32_t>()}] = begun.contains(number) ? "unknown" : "not_sent";
+                states[{numberOf<std::int32_t>(cell[0]).value_or(0),
+                        numberOf<std::int32_t>(cell[1]).value_or(0),
+                        numberOf<std::int32_t>(cell[2]).value_or(0)}] =
+                    begun.contains(number) ? "unknown" : "not_sent";
         ++number;
     }
     return states;
@@ -237,15 +231,15 @@ std::string firstOf(std::string one, std::string other) { return one.empty() ? s
 
 void Run_Files::addRows(Record& record) const {
     const std::map<Place, Json> planned = planRows();
-    for (const Json& result : at(result_, "rows")) {
+    for (const Json& result : memberOf(result_, "rows")) {
         Record_Row row = rowOf(placeOf(result), planned);
         row.registers = firstOf(textAt(result, "register"), row.registers);
-        row.before = firstOf(row.before, registersText(at(result, "before")));
+        row.before = firstOf(row.before, registersText(memberOf(result, "before")));
         row.state = textAt(result, "state");
         row.answer = textAt(result, "answer");
-        const std::string wanted = firstOf(row.sent, registersText(at(result, "sent")));
-        row.sent = at(result, "sent").is_null() ? "" : wanted;
-        const std::string held = registersText(at(result, "read_back"));
+        const std::string wanted = firstOf(row.sent, registersText(memberOf(result, "sent")));
+        row.sent = memberOf(result, "sent").is_null() ? "" : wanted;
+        const std::string held = registersText(memberOf(result, "read_back"));
         row.readBack = row.state == "verified" ? wanted : held.empty() ? "" : "register: " + held;
         record.rows.push_back(std::move(row));
     }
@@ -269,8 +263,8 @@ void Run_Files::addNotes(Record& record) const {
 
 void Run_Files::addLink(Record& record) const {
     Record_Link& link = record.link;
-    link.reads = numberAt(at(result_, "requests"), "reads");
-    link.writes = numberAt(at(result_, "requests"), "writes");
+    link.reads = numberAt(memberOf(result_, "requests"), "reads");
+    link.writes = numberAt(memberOf(result_, "requests"), "writes");
     std::set<std::int32_t> writes;
     std::int32_t intents = 0;
     forEachEvent("write", [&](const Json& intent) {
@@ -283,7 +277,8 @@ void Run_Files::addLink(Record& record) const {
     forEachEvent("answer", [&](const Json& answer) {
         unanswered += textAt(answer, "end") == "no answer" ? 1 : 0;
         const bool answered = textAt(answer, "end") == "acknowledged" || textAt(answer, "end") == "refused";
-        if (answered && at(answer, "us").is_number()) times.push_back(at(answer, "us").get<double>() / 1000);
+        if (answered && memberOf(answer, "us").is_number())
+            times.push_back(memberOf(answer, "us").get<double>() / 1000);
     });
     link.unanswered = unanswered;
     if (times.empty()) return;
@@ -313,9 +308,8 @@ void Run_Files::addRegisters(Record& record) const {
     record.left = record.before;
     forEachEvent("write", [&](const Json& intent) {
         std::int32_t number = numberAt(intent, "address");
-        for (const Json& value : at(intent, "values"))
-            record.left[number++] =
-                value.is_number_unsigned() ? value.get<std::uint16_t>() : std::uint16_t{0};
+        for (const Json& value : memberOf(intent, "values"))
+            record.left[number++] = numberOf<std::uint16_t>(value).value_or(0);
     });
     for (const auto& [number, value] : registersOf(parsed(bytes(afterFile))))
         record.left[number] = value;

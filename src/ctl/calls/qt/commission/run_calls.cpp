@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Calls that work on a run that is there: resume, restore, verify, runs.
+#include "commission/folder/json_fields.h"
 #include "commission/taking_back.h"
 #include "ctl/calls/qt/commission/commission_calls.h"
 #include "ctl/calls/qt/commission/session_call.h"
@@ -230,13 +231,17 @@ class Runs_Subcommand : public Subcommand {
         printJson(context.out, {{"runs", list}});
     }
 
+    static std::string countOf(const commission::Run_Entry& run, const char* name) {
+        const auto count = commission::numberOf<std::int64_t>(commission::memberOf(run.counts, name));
+        return std::to_string(count.value_or(0));
+    }
+
     static void printTable(const Call_Context& context, const std::vector<commission::Run_Entry>& runs) {
         Text_Table table;
         table.add({"Run", "Started", "State", "Verified", "Values"});
         for (const commission::Run_Entry& run : runs)
             table.add({run.name, run.head.startedLocal, std::string(commission::runStateWord(run.state)),
-                       std::to_string(run.counts.value("verified", 0)),
-                       std::to_string(run.counts.value("rows", 0))});
+                       countOf(run, "verified"), countOf(run, "rows")});
         if (!runs.empty()) table.print(context.out, 0);
         context.out << runs.size() << (runs.size() == 1 ? " run\n" : " runs\n");
     }
