@@ -7,6 +7,7 @@
 #include "app/window/window_dialog.h"
 #include "app/window/window_grids.h"
 #include "app/window/window_progress.h"
+#include "commission/plan/chosen_cells.h"
 #include "ui/main/main_window.h"
 
 #include <functional>
@@ -30,6 +31,8 @@ struct Window_Extras {
     std::function<void()> unloadFrmStatus;
     std::function<void()> formEnabledSet; ///< the form was enabled or disabled
     std::function<void(const std::string& path)> openAsText;
+    /// Opens "Send Changes" with these cells ticked; with all that differ when none is named.
+    std::function<void(const commission::Chosen_Cells& chosen)> sendChanges;
 };
 
 /// The main form on the screen, as the logic knows it.
