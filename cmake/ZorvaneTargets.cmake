@@ -1,9 +1,17 @@
 # SPDX-License-Identifier: MIT
-# zorvane_library(NAME SOURCES... PUBLIC targets... PRIVATE targets...): a folder of src/ as a static library. Some
-# presets compile a folder as one source (ZORVANE_UNITY), so names in its unnamed namespaces differ within the folder.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux")
+  set(zorvane_platform linux)
+else()
+  set(zorvane_platform elsewhere)
+endif()
+
+# zorvane_library(NAME SOURCES... PLATFORM stems... PUBLIC targets... PRIVATE targets...): a folder of src/ as a static
+# library. Of each stem the file STEM_linux.cpp or STEM_elsewhere.cpp is taken. Some presets compile a folder as one
+# source (ZORVANE_UNITY), so names in its unnamed namespaces differ within the folder.
 function(zorvane_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
-  add_library(zorvane_${name} STATIC ${ARG_SOURCES})
+  cmake_parse_arguments(ARG "" "" "SOURCES;PLATFORM;PUBLIC;PRIVATE" ${ARGN})
+  list(TRANSFORM ARG_PLATFORM APPEND "_${zorvane_platform}.cpp")
+  add_library(zorvane_${name} STATIC ${ARG_SOURCES} ${ARG_PLATFORM})
   add_library(zorvane::${name} ALIAS zorvane_${name})
   target_include_directories(zorvane_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(zorvane_${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} zorvane_warnings)

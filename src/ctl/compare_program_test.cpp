@@ -2,7 +2,7 @@
 // "identify" and "compare" as the built program, against simulated controllers of all models.
 
 #include "ctl/testing/ctl_bench.h"
-#include "ctl/testing/spawned_program.h"
+#include "ctl/testing/spawned_program_linux.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>

@@ -3,7 +3,7 @@
 // when a signal asks for the end. The controller is a script on a pseudo-terminal.
 #include "ctl/testing/ctl_bench.h"
 #include "ctl/testing/scripted_slave.h"
-#include "ctl/testing/spawned_program.h"
+#include "ctl/testing/spawned_program_linux.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>

@@ -7,6 +7,7 @@
 #include "ctl/program.h"
 #include "recovery/native_recovery_folder.h"
 #include "recovery/recovery.h"
+#include "template/services/file_limits.h"
 #include "template/services/native_files.h"
 
 #include <QDateTime>

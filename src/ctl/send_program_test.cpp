@@ -3,7 +3,7 @@
 // KVRT207D on a pseudo-terminal. Each exit has its test.
 
 #include "ctl/testing/ctl_bench.h"
-#include "ctl/testing/spawned_program.h"
+#include "ctl/testing/spawned_program_linux.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "values/numbers.h"
-#include "values/testing/comma_locale.h"
+#include "values/testing/comma_locale_linux.h"
 #include "values/testing/failure_number.h"
 
 #include <gtest/gtest.h>

@@ -2,7 +2,7 @@
 #include "app/form/window_rectangles.h"
 #include "app/form_life.h"
 #include "app/testing/app_bench.h"
-#include "values/testing/comma_locale.h"
+#include "values/testing/comma_locale_linux.h"
 
 #include <gtest/gtest.h>
 

@@ -1,33 +1,18 @@
 // SPDX-License-Identifier: MIT
+#include "app/desktop/display.h"
 #include "app/desktop/end_signals.h"
 #include "app/window/kvrt_principal.h"
+#include "template/services/file_limits.h"
 #include "template/services/native_files.h"
 #include "ui/base/focus_style.h"
 #include "ui/base/icons.h"
 
 #include <QApplication>
 
-#include <algorithm>
-#include <array>
 #include <cstdio>
 
-namespace {
-
-/// Without one Qt would advise to install the program again, and abort.
-bool hasDisplay() {
-#ifdef Q_OS_LINUX
-    constexpr std::array names = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
-    return std::any_of(names.begin(), names.end(),
-                       [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
-#else
-    return true;
-#endif
-}
-
-} // namespace
-
 int main(int argc, char* argv[]) {
-    if (!hasDisplay()) {
+    if (!zorvane::app::hasDisplay()) {
         std::fputs("zorvane: There is no display (neither DISPLAY nor WAYLAND_DISPLAY is set). "
                    "In a terminal zorvanectl does the same.\n",
                    stderr);

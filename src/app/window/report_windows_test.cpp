@@ -3,7 +3,7 @@
 
 #include "app/window/report_windows.h"
 #include "app/window/testing/program_fixture.h"
-#include "template/testing/file_size_limit.h"
+#include "template/testing/file_size_limit_linux.h"
 #include "ui/report/page_setup_dialog.h"
 #include "ui/report/preview_window.h"
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "reports/export/byte_file.h"
 #include "template/testing/temporary_folder.h"
+#include "template/testing/unprivileged_linux.h"
 #include "values/testing/failure_number.h"
 
 #include <gtest/gtest.h>

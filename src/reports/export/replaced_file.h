@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <sys/stat.h>
-
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
+
+struct stat;
 
 namespace zorvane {
 
@@ -59,10 +60,10 @@ class Replaced_File {
     [[nodiscard]] bool moveIntoPlace();
     void writeInPlace();
 
-    std::string place_;        ///< where the links end
-    bool replaceable_ = true;  ///< another file may take the place
-    File_Descriptor original_; ///< what is there; a new file where none can be made beside
-    struct stat before_ {};    ///< of what is there
+    std::string place_;                     ///< where the links end
+    bool replaceable_ = true;               ///< another file may take the place
+    File_Descriptor original_;              ///< what is there; a new file where none can be made beside
+    std::unique_ptr<struct ::stat> before_; ///< of what is there
     File_Descriptor beside_;
     std::string besideName_;   ///< empty while the file beside has no name
     bool madeInPlace_ = false; ///< `original_` was made here, and goes unless it is finished

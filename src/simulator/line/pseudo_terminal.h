@@ -2,7 +2,7 @@
 #pragma once
 
 #include "simulator/line/line_port.h"
-#include "simulator/wire/unique_fd.h"
+#include "simulator/wire/unique_fd_linux.h"
 
 #include <string>
 

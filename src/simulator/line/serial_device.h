@@ -3,7 +3,7 @@
 
 #include "simulator/line/line_pace.h"
 #include "simulator/line/line_port.h"
-#include "simulator/wire/unique_fd.h"
+#include "simulator/wire/unique_fd_linux.h"
 
 #include <string>
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "template/services/native_files.h"
 
+#include "template/services/file_limits.h"
 #include "template/services/file_names.h"
 #include "values/code_page.h"
 #include "values/run_time_failure.h"
@@ -9,11 +10,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cinttypes>
-#include <csignal>
 #include <cstdint>
 #include <cstdio>
 #include <filesystem>
-#include <unistd.h>
 #include <utility>
 
 namespace zorvane {
@@ -71,7 +70,7 @@ class Native_Writer : public Text_Writer {
 
     /// Pipes and devices can't be asked to.
     [[nodiscard]] bool reachedDisk() const {
-        return fsync(fileno(file_.get())) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
+        return syncToDisk(file_.get()) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
     }
 
     File_Handle file_;
@@ -135,14 +134,6 @@ std::string pathToNative(std::string_view text) {
         at = end + 1;
     }
     return out;
-}
-
-/// A handler, where ignoring the signal would be handed on to the programs that this one starts.
-void takeFileSizeLimitAsFailure() {
-    struct sigaction action {};
-    action.sa_handler = [](int) {};
-    action.sa_flags = SA_RESTART;
-    ::sigaction(SIGXFSZ, &action, nullptr);
 }
 
 std::string Native_Files::found(const std::string& path) const {

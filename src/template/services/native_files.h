@@ -22,10 +22,6 @@ namespace zorvane {
 [[nodiscard]] Failure readingFailure(int error);
 [[nodiscard]] Failure writingFailure(int error);
 
-/// From now on a file that would grow beyond the limit set for this process fails as it does on a full disk,
-/// with 75, where the system's signal would have ended the program in the midst of its work.
-void takeFileSizeLimitAsFailure();
-
 /// The files of this machine.
 class Native_Files : public Files {
   public:

@@ -3,6 +3,7 @@
 #include "template/services/native_files.h"
 #include "template/testing/files_suite.h"
 #include "template/testing/temporary_folder.h"
+#include "template/testing/unprivileged_linux.h"
 #include "values/code_page.h"
 #include "values/utf8.h"
 

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <stdexcept>
 #include <string>
-#include <unistd.h>
 
 namespace zorvane::doubles {
 
@@ -13,8 +12,8 @@ namespace zorvane::doubles {
 class Temporary_Folder {
   public:
     explicit Temporary_Folder(const std::filesystem::path& parent = std::filesystem::temp_directory_path())
-        : path_((parent / "zorvane-XXXXXX").string()) {
-        if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no temporary folder: " + path_);
+        : path_((parent / ("zorvane-" + std::to_string(std::random_device()()))).string()) {
+        if (!std::filesystem::create_directory(path_)) throw std::runtime_error("not a new folder: " + path_);
     }
     ~Temporary_Folder() {
         std::error_code ignored;
@@ -29,25 +28,6 @@ class Temporary_Folder {
 
   private:
     std::string path_;
-};
-
-/// Takes the super-user's rights away for its lifetime, so that permissions count in a container too.
-class Unprivileged {
-  public:
-    Unprivileged() {
-        constexpr uid_t nobody = 65534;
-        if (before_ == 0 && seteuid(nobody) != 0) throw std::runtime_error("can't become an ordinary user");
-    }
-    ~Unprivileged() {
-        if (before_ == 0 && seteuid(before_) != 0) std::abort();
-    }
-    Unprivileged(const Unprivileged&) = delete;
-    Unprivileged& operator=(const Unprivileged&) = delete;
-    Unprivileged(Unprivileged&&) = delete;
-    Unprivileged& operator=(Unprivileged&&) = delete;
-
-  private:
-    uid_t before_ = geteuid();
 };
 
 } // namespace zorvane::doubles

@@ -7,15 +7,14 @@
 #include "comm/modbus_control/qt/testing/serve_events.h"
 #include "comm/modbus_control/testing/byte_port_suite.h"
 #include "comm/modbus_control/testing/link_rig.h"
-#include "comm/modbus_control/testing/pty_line.h"
+#include "comm/modbus_control/testing/pty_line_linux.h"
 #include "comm/modbus_control/testing/toy_slave.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
 #include <QTimer>
 
-#include <sys/stat.h>
-
+#include <filesystem>
 #include <memory>
 #include <random>
 
@@ -256,8 +255,9 @@ class Without_Root {
 
 TEST(QtSerialPort, APortOfOthersNeedsThePermission) {
     const Pty_Line line;
-    ASSERT_EQ(::chmod(line.path().c_str(), 0), 0);
-    ASSERT_EQ(::chmod(std::filesystem::path(line.path()).parent_path().c_str(), 0755), 0);
+    std::filesystem::permissions(line.path(), std::filesystem::perms::none);
+    std::filesystem::permissions(std::filesystem::path(line.path()).parent_path(),
+                                 std::filesystem::perms(0755));
     Qt_Serial_Port port;
     const Without_Root user;
     ASSERT_TRUE(user.done());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "comm/modbus_control/qt/qt_simulator.h"
 
+#include "comm/modbus_control/qt/child_process.h"
 #include "comm/modbus_control/qt/log_categories.h"
 
 #include <QDeadlineTimer>
@@ -11,13 +12,6 @@
 #include <QUuid>
 
 #include <utility>
-
-#ifdef Q_OS_LINUX
-#include <sys/prctl.h>
-
-#include <csignal>
-#include <unistd.h>
-#endif
 
 namespace zorvane {
 
@@ -33,18 +27,6 @@ QString freshLine() {
     if (!QFileInfo(folder).isWritable()) folder = QDir::tempPath();
     return QDir(folder).filePath(QStringLiteral("zorvane-line-") +
                                  QUuid::createUuid().toString(QUuid::Id128));
-}
-
-/// The child is asked to end when this program ends without ending it, as in a crash.
-void endWithParent(QProcess& process) {
-#ifdef Q_OS_LINUX
-    process.setChildProcessModifier([parent = ::getpid()] {
-        ::prctl(PR_SET_PDEATHSIG, SIGTERM);
-        if (::getppid() != parent) ::_exit(1);
-    });
-#else
-    static_cast<void>(process);
-#endif
 }
 
 } // namespace

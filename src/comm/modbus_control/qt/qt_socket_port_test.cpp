@@ -6,7 +6,7 @@
 #include "comm/modbus_control/testing/byte_port_suite.h"
 #include "comm/modbus_control/testing/link_rig.h"
 #include "comm/modbus_control/testing/rfc2217_toy.h"
-#include "comm/modbus_control/testing/tcp_peer.h"
+#include "comm/modbus_control/testing/tcp_peer_linux.h"
 
 #include <QSocketNotifier>
 

@@ -11,6 +11,11 @@ namespace zorvane {
 // What a serial port needs of the operating system beyond Qt's QSerialPort. Elsewhere than on Linux these do
 // nothing and say so.
 
+// What is said of a port that is missing, or that another program holds.
+inline constexpr const char* portIsGone = "No such port: plug the adapter in, or choose another port.";
+inline constexpr const char* portIsBusy =
+    "Busy: another program has the port open. Close that program and try again.";
+
 /// Why the system won't open the port, in words with what to do. `systemText` is its own wording.
 [[nodiscard]] std::string whyNotOpened(const std::string& name, bool notFound, const std::string& systemText);
 

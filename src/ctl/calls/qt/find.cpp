@@ -7,6 +7,7 @@
 #include "ctl/line/port_arguments.h"
 #include "ctl/survey/find_report.h"
 #include "ctl/text/status_line.h"
+#include "ctl/text/terminal.h"
 
 #include <QEventLoop>
 
@@ -14,7 +15,6 @@
 
 #include <algorithm>
 #include <ostream>
-#include <unistd.h>
 
 namespace zorvane::ctl {
 
@@ -88,7 +88,7 @@ class Find_Subcommand : public Subcommand {
                                                       const survey::Search_Plan& plan) {
         Qt_Link_Clock clock;
         Qt_Any_Port any;
-        const bool terminal = ::isatty(STDERR_FILENO) != 0;
+        const bool terminal = standardErrorIsTerminal();
         Status_Line status(context.err, terminal);
         survey::Line_Search search(
             any.port(), clock, plan,

@@ -7,10 +7,10 @@
 #include "ctl/document/notices.h"
 #include "ctl/document/rehearsal.h"
 #include "ctl/line/transfer.h"
+#include "ctl/text/terminal.h"
 
 #include <CLI/CLI.hpp>
 
-#include <unistd.h>
 #include <utility>
 
 namespace zorvane::ctl {
@@ -30,7 +30,7 @@ int Port_Subcommand::run(const Call_Context& context) {
         tell(context.err, wrong);
         return Exit_Usage;
     }
-    Terminal_Asker asker(context.err, ::isatty(STDERR_FILENO) != 0);
+    Terminal_Asker asker(context.err, standardErrorIsTerminal());
     Qt_Link assembly(port_.settings(), asker);
     modbus_control& link = assembly.link();
     Own_Time_Out ownTimeOut(link);

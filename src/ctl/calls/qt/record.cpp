@@ -12,6 +12,7 @@
 #include "ctl/document/notices.h"
 #include "ctl/document/opened_document.h"
 #include "ctl/text/json_text.h"
+#include "ctl/text/terminal.h"
 #include "reports/export/byte_file.h"
 #include "reports/export/export_format.h"
 #include "reports/qt/qt_archive_pdf.h"
@@ -24,7 +25,6 @@
 
 #include <filesystem>
 #include <ostream>
-#include <unistd.h>
 
 namespace zorvane::ctl {
 
@@ -142,7 +142,7 @@ class Record_Subcommand : public Subcommand {
         const std::string site = head_.site ? fromUtf8(*head_.site) : "";
         Record_Head head =
             head_.over(ofRun && (site.empty() || site == ofRun->site) ? *ofRun : kept.of(site));
-        if (head == Record_Head{} && ::isatty(STDIN_FILENO) != 0) askForHead(context, head);
+        if (head == Record_Head{} && standardInputIsTerminal()) askForHead(context, head);
         if (head == Record_Head{} || head == ofRun) return head;
         kept.keep(head);
         const auto run = runs.open(name);

@@ -5,6 +5,7 @@
 #include "ctl/document/notices.h"
 #include "ctl/text/json_stream.h"
 #include "ctl/text/progress_printer.h"
+#include "ctl/text/terminal.h"
 #include "reports/documents/main_rep_kvrt.h"
 #include "reports/export/byte_file.h"
 #include "reports/export/export_format.h"
@@ -16,7 +17,6 @@
 #include <CLI/CLI.hpp>
 
 #include <ostream>
-#include <unistd.h>
 
 namespace zorvane::ctl {
 
@@ -107,7 +107,7 @@ class Report_Subcommand : public Subcommand {
 
     /// Whoever watches a terminal sees how many of the painted pages are done.
     [[nodiscard]] static Qt_Page_Exporters watchedPages(Progress_Printer& progress) {
-        if (::isatty(STDERR_FILENO) == 0) return Qt_Page_Exporters();
+        if (!standardErrorIsTerminal()) return Qt_Page_Exporters();
         return Qt_Page_Exporters({}, [&progress](std::size_t done, std::size_t total) {
             progress.progress(static_cast<std::int32_t>(done), static_cast<std::int32_t>(total));
         });

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Single requests on a real pseudo-terminal, with the toy slave at its far end.
-#include "comm/modbus_control/testing/pty_line.h"
+#include "comm/modbus_control/testing/pty_line_linux.h"
 #include "comm/modbus_control/testing/toy_slave.h"
 #include "comm/modbus_control/units/qt/qt_unit_exchanges.h"
 

@@ -4,6 +4,7 @@
 #include "ctl/calls/qt/commission/serial_memory.h"
 #include "ctl/calls/qt/commission/session_call.h"
 #include "ctl/document/notices.h"
+#include "ctl/text/terminal.h"
 #include "template/services/native_files.h"
 #include "values/code_page.h"
 

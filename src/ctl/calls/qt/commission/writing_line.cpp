@@ -7,7 +7,6 @@
 #include <QTimer>
 
 #include <iostream>
-#include <unistd.h>
 
 namespace zorvane::ctl {
 
@@ -49,7 +48,5 @@ bool Writing_Line::confirm(const Call_Context& context, const std::string& quest
     if (!answered || !std::getline(std::cin, line)) return false;
     return line == "y" || line == "Y" || line == "yes";
 }
-
-bool standardInputIsTerminal() { return ::isatty(STDIN_FILENO) != 0; }
 
 } // namespace zorvane::ctl

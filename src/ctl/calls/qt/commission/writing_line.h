@@ -38,7 +38,4 @@ class Writing_Line {
     commission::Port_Hold hold_;
 };
 
-/// Whether somebody can answer a question.
-[[nodiscard]] bool standardInputIsTerminal();
-
 } // namespace zorvane::ctl

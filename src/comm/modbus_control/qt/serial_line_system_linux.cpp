@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "comm/modbus_control/qt/serial_line_system.h"
 
-#ifdef __linux__
 #include <linux/serial.h>
 #include <sys/ioctl.h>
 
@@ -12,16 +11,10 @@
 #include <poll.h>
 #include <termios.h>
 #include <unistd.h>
-#endif
 
 namespace zorvane {
 
 namespace {
-
-constexpr const char* gone = "No such port: plug the adapter in, or choose another port.";
-constexpr const char* busy = "Busy: another program has the port open. Close that program and try again.";
-
-#ifdef __linux__
 
 std::string pathOf(const std::string& name) {
     return name.find('/') == std::string::npos ? "/dev/" + name : name;
@@ -35,22 +28,18 @@ bool opensAgain(const std::string& path) {
     return true;
 }
 
-#endif
-
 } // namespace
-
-#ifdef __linux__
 
 std::string whyNotOpened(const std::string& name, bool notFound, const std::string& systemText) {
     const std::string path = pathOf(name);
     std::error_code error;
-    if (notFound || !std::filesystem::exists(path, error)) return gone;
+    if (notFound || !std::filesystem::exists(path, error)) return portIsGone;
     if (::faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) != 0) {
         return "Permission denied: add your user to the group dialout and log in again.";
     }
     if (!std::filesystem::is_character_file(path, error)) return "Not a serial port: choose another port.";
-    if (systemText.find("busy") != std::string::npos) return busy;
-    if (systemText.find("ermission") != std::string::npos) return busy;
+    if (systemText.find("busy") != std::string::npos) return portIsBusy;
+    if (systemText.find("ermission") != std::string::npos) return portIsBusy;
     return systemText + ": check the adapter, or choose another port.";
 }
 
@@ -102,22 +91,5 @@ bool lineStands(std::intptr_t handle, const std::string& name) {
     termios settings{};
     return ::tcgetattr(line, &settings) == 0 && opensAgain(pathOf(name));
 }
-
-#else
-
-std::string whyNotOpened(const std::string&, bool notFound, const std::string& systemText) {
-    if (notFound) return gone;
-    if (systemText.find("denied") != std::string::npos) return busy;
-    return systemText + ": check the adapter, or choose another port.";
-}
-
-bool isPseudoTerminal(const std::string&) { return false; }
-bool enableKernelRs485(std::intptr_t, std::int32_t) { return false; }
-void askLowLatency(std::intptr_t) {}
-bool inputWaits(std::intptr_t) { return false; }
-Byte_Array takeWaitingInput(std::intptr_t) { return {}; }
-bool lineStands(std::intptr_t, const std::string&) { return false; }
-
-#endif
 
 } // namespace zorvane

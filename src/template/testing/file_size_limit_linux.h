@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "template/services/file_limits.h"
 #include "template/services/native_files.h"
 
 #include <sys/resource.h>

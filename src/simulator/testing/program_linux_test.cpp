@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "simulator/testing/program_test.h"
+#include "simulator/testing/program_linux_test.h"
 
 #include "simulator/controller/modbus_slave.h"
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "reports/export/byte_file.h"
 #include "reports/export/replaced_file.h"
-#include "template/testing/file_size_limit.h"
+#include "template/testing/file_size_limit_linux.h"
 #include "template/testing/temporary_folder.h"
+#include "template/testing/unprivileged_linux.h"
 #include "values/testing/failure_number.h"
 
 #include <gmock/gmock.h>

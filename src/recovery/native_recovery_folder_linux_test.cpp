@@ -2,6 +2,7 @@
 #include "recovery/native_recovery_folder.h"
 #include "template/services/native_files.h"
 #include "template/testing/temporary_folder.h"
+#include "template/testing/unprivileged_linux.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "recovery/native_recovery_folder.h"
-
 #include "template/services/native_files.h"
 
 #include <sys/file.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ctl/testing/spawned_program.h"
+#include "ctl/testing/spawned_program_linux.h"
 
 #include <sys/wait.h>
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "simulator/wire/bytes.h"
-#include "simulator/wire/unique_fd.h"
+#include "simulator/wire/unique_fd_linux.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

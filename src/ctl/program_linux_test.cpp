@@ -4,7 +4,7 @@
 
 #include "ctl/testing/ctl_bench.h"
 #include "ctl/testing/small_model.h"
-#include "ctl/testing/spawned_program.h"
+#include "ctl/testing/spawned_program_linux.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>

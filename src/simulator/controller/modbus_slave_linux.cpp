@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/controller/modbus_slave.h"
-
 #include "simulator/wire/request.h"
 
 #include <sys/socket.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "reports/export/replaced_file.h"
-
 #include "template/services/native_files.h"
 
+#include <sys/stat.h>
 #include <sys/xattr.h>
 
 #include <algorithm>
@@ -137,15 +137,16 @@ void File_Descriptor::close() noexcept {
     if (isOpen()) ::close(release());
 }
 
-Replaced_File::Replaced_File(const std::string& nativePath) : place_(endOfLinks(nativePath)) {
+Replaced_File::Replaced_File(const std::string& nativePath)
+    : place_(endOfLinks(nativePath)), before_(std::make_unique<struct stat>()) {
     struct stat meant {};
     // What the system's own links lead to, such as /dev/stdout, can have no name at all.
     if (::stat(nativePath.c_str(), &meant) == 0) {
-        replaceable_ = ::stat(place_.c_str(), &before_) == 0 && isSameFile(meant, before_);
+        replaceable_ = ::stat(place_.c_str(), before_.get()) == 0 && isSameFile(meant, *before_);
         if (!replaceable_) place_ = nativePath;
         original_ = opened(place_, O_WRONLY);
-        if (!original_.isOpen() || ::fstat(original_.number(), &before_) != 0) fail(errno);
-        replaceable_ = replaceable_ && S_ISREG(before_.st_mode) && before_.st_nlink == 1;
+        if (!original_.isOpen() || ::fstat(original_.number(), before_.get()) != 0) fail(errno);
+        replaceable_ = replaceable_ && S_ISREG(before_->st_mode) && before_->st_nlink == 1;
     } else if (errno != ENOENT) {
         fail(errno);
     }
@@ -202,10 +203,10 @@ bool Replaced_File::takeFreeName(const std::function<bool(const std::string& nam
 bool Replaced_File::looksLikeOriginal(const File_Descriptor& file) const {
     struct stat made {};
     if (::fstat(file.number(), &made) != 0) return false;
-    const bool owned = made.st_uid == before_.st_uid && made.st_gid == before_.st_gid;
-    return (owned || ::fchown(file.number(), before_.st_uid, before_.st_gid) == 0) &&
+    const bool owned = made.st_uid == before_->st_uid && made.st_gid == before_->st_gid;
+    return (owned || ::fchown(file.number(), before_->st_uid, before_->st_gid) == 0) &&
            giveAttributes(original_.number(), file.number()) &&
-           ::fchmod(file.number(), before_.st_mode & 07777U) == 0;
+           ::fchmod(file.number(), before_->st_mode & 07777U) == 0;
 }
 
 void Replaced_File::write(std::string_view bytes) {
@@ -246,9 +247,9 @@ void Replaced_File::writeInPlace() {
         madeInPlace_ = true;
     }
     const int file = original_.number();
-    const bool regular = madeInPlace_ || S_ISREG(before_.st_mode);
+    const bool regular = madeInPlace_ || S_ISREG(before_->st_mode);
     const auto size = static_cast<off_t>(kept_.size());
-    if (regular) claimRoom(file, before_.st_size, size);
+    if (regular) claimRoom(file, before_->st_size, size);
     writeAll(file, kept_);
     if (regular && ::ftruncate(file, size) != 0) fail(errno);
     awaitDisk(file);

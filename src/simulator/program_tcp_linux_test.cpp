@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The real zorvane-sim on a network, seen from the other end of a connection.
 #include "simulator/line/tcp_line.h"
-#include "simulator/testing/program_test.h"
+#include "simulator/testing/program_linux_test.h"
 
 #include <sys/inotify.h>
 

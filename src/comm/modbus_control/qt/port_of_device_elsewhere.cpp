@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#include "comm/modbus_control/qt/port_of_device.h"
+
+namespace zorvane {
+
+std::optional<Port_Entry> portOfDevice(Port_Finder& finder, const std::string& name) {
+    return entryNamed(finder.ports(), name);
+}
+
+} // namespace zorvane
