@@ -21,55 +21,81 @@ std::int32_t signedByFormat(std::int32_t value, std::int32_t bits) {
     return value;
 }
 
-Cell_Reading codeReading(const Cell_Rec& cell, std::int32_t code) {
-    return Cell_Reading{numberText(code), messageText(cell, code)};
+/// One cell on one path.
+struct Read_Cell {
+    const Reading_Path& path;
+    const Cell_Rec& cell;
+    std::optional<std::int32_t> negativeFormat; ///< of its column, where the path asks for it
+    const Register_Image& image;
+
+    [[nodiscard]] std::int32_t address() const { return longValue(cell.Address); }
+};
+
+Cell_Reading taken(std::string text) { return Cell_Reading{std::move(text), std::nullopt}; }
+
+Cell_Reading plain(const Read_Cell& read, std::string text) {
+    return Cell_Reading{std::move(text), std::nullopt, read.path.keepsPlainValues};
 }
 
-Cell_Reading plain(std::string text) { return Cell_Reading{std::move(text), std::nullopt}; }
-
-Cell_Reading readByFormat(const Cell_Rec& cell, std::int32_t address, const Register_Image& image) {
-    const std::string format = upperTrimmed(cell.Format);
-    if (format == "NUMERIC_UNSIGNED") return plain(numberText(image.unsignedAt(address)));
-    const std::int32_t value = image.signedAt(address);
-    if (format == "TIME") return plain(timeText(value));
-    if (format == "TIMEMM") return plain(numberText(wholeMinutes(value)));
-    if (format == "TIMESS") return plain(twoDigits(restSeconds(value)));
-    return plain(numberText(value));
+Cell_Reading numberOrCode(const Read_Cell& read, std::int32_t value) {
+    if (!read.cell.Has_Messages) return taken(numberText(value));
+    return Cell_Reading{numberText(value), messageText(read.cell, value)};
 }
 
-Cell_Reading readWhole(const Cell_Rec& definition, const Cell_Rec& cell, const Register_Image& image) {
-    const std::int32_t address = longValue(cell.Address);
-    if (const auto bits = negativeBits(definition))
-        return plain(numberText(signedByFormat(image.signedAt(address), *bits)));
-    if (cell.Is_Ascii_Range) {
-        Cell_Reading reading;
-        PRO_Lee_Ascii(image, address, longValue(cell.Address_End), reading.value);
-        return reading;
+Cell_Reading readByFormat(const Read_Cell& read) {
+    const std::int32_t address = read.address();
+    const Cell_Format format = cellFormat(read.cell.Format, read.path.words);
+    if (format == Cell_Format::Unsigned) return taken(numberText(read.image.unsignedAt(address)));
+    const std::int32_t value = read.image.signedAt(address);
+    switch (format) {
+    case Cell_Format::Time:
+        return taken(timeText(value));
+    case Cell_Format::Minutes:
+        return taken(numberText(timePart(format, value)));
+    case Cell_Format::Seconds:
+        return taken(twoDigits(timePart(format, value)));
+    default:
+        return plain(read, numberText(value));
     }
-    if (cell.Has_Messages) return codeReading(cell, image.signedAt(address));
-    return readByFormat(cell, address, image);
 }
 
-Cell_Reading readHalf(const Cell_Rec& cell, const Half_Address& half, const Register_Image& image) {
-    const std::int32_t value = image.signedAt(longValue(half.number));
-    // Masked, unlike the display of an untransferred cell: a transfer keeps 0 to 255 also from 0x8000 on.
-    const std::int32_t byte = half.half == Register_Half::High ? highByte(value) & 255 : lowByte(value);
-    return cell.Has_Messages ? codeReading(cell, byte) : plain(numberText(byte));
+Cell_Reading readWhole(const Read_Cell& read) {
+    const std::int32_t address = read.address();
+    if (read.negativeFormat)
+        return taken(numberText(signedByFormat(read.image.signedAt(address), *read.negativeFormat)));
+    if (read.cell.Is_Ascii_Range) {
+        std::string text;
+        PRO_Lee_Ascii(read.image, address, longValue(read.cell.Address_End), text);
+        return plain(read, std::move(text));
+    }
+    if (read.cell.Has_Messages) return numberOrCode(read, read.image.signedAt(address));
+    return readByFormat(read);
+}
+
+Cell_Reading readHalf(const Read_Cell& read, const Half_Address& half) {
+    const std::int32_t value = read.image.signedAt(longValue(half.number));
+    if (half.half == Register_Half::Low) return numberOrCode(read, lowByte(value));
+    return numberOrCode(read, read.path.masksHighHalf ? highByte(value) & 255 : highByte(value));
+}
+
+std::optional<Cell_Reading> readAlong(const Read_Cell& read) {
+    if (isNumeric(read.cell.Address)) return readWhole(read);
+    if (const auto half = halfAddress(read.cell.Address)) return readHalf(read, *half);
+    return std::nullopt;
 }
 
 } // namespace
 
-std::optional<std::int32_t> negativeBits(const Cell_Rec& definition) {
-    const std::string_view bits = trimBlanks(definition.Bits_Negative_Format);
-    if (bits.empty() || !isNumeric(bits)) return std::nullopt;
-    return longValue(bits);
-}
-
 std::optional<Cell_Reading> readCell(const Cell_Rec& definition, const Cell_Rec& cell,
                                      const Register_Image& image) {
-    if (isNumeric(cell.Address)) return readWhole(definition, cell, image);
-    if (const auto half = halfAddress(cell.Address)) return readHalf(cell, *half, image);
-    return std::nullopt;
+    // A half and a text that is no address have no sign, and what stands for the column's isn't looked at.
+    const bool asks = paths::transfer.asksNegativeFormat && isNumeric(cell.Address);
+    return readAlong({paths::transfer, cell, asks ? negativeBits(definition) : std::nullopt, image});
+}
+
+std::optional<Cell_Reading> displayedCell(const Cell_Rec& cell, const Register_Image& image) {
+    static_assert(!paths::display.asksNegativeFormat);
+    return readAlong({paths::display, cell, std::nullopt, image});
 }
 
 std::optional<Register_Range> cellRegisters(const Cell_Rec& definition, const Cell_Rec& cell) {

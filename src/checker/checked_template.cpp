@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "checker/checked_template.h"
 
+#include "cells/format/cell_paths.h"
 #include "template/board_family.h"
 #include "template/line_scanner.h"
 #include "template/pro_interpreta_linea.h"
@@ -92,7 +93,7 @@ std::string_view Checked_Cell::itemOf(const Source_Line& list) const {
     return index < items.size() ? items[index] : std::string_view{};
 }
 
-std::string Checked_Cell::formatWord() const { return upperTrimmed(cell->Format); }
+Cell_Format Checked_Cell::formatKind() const { return cellFormat(cell->Format, paths::transfer.words); }
 
 std::optional<Register_Span> Checked_Cell::registers() const {
     const auto half = halfAddress(cell->Address);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "cells/format/cell_format.h"
 #include "template/identity_section.h"
 #include "template/model/declara_zorvane.h"
 
@@ -100,8 +101,8 @@ struct Checked_Cell {
     [[nodiscard]] std::string place() const;
     /// The cell's item of a line that reached it.
     [[nodiscard]] std::string_view itemOf(const Source_Line& list) const;
-    /// The format word, trimmed and in upper case.
-    [[nodiscard]] std::string formatWord() const;
+    /// What transfers take the format word for.
+    [[nodiscard]] Cell_Format formatKind() const;
     /// The registers of a well-formed address; nothing for a cell without one.
     [[nodiscard]] std::optional<Register_Span> registers() const;
 };

@@ -100,10 +100,10 @@ std::string kindOf(const Checked_Cell& cell) {
     if (halfAddress(cell.cell->Address)) return "a half";
     if (cell.cell->Is_Ascii_Range) return "a text";
     if (cell.cell->Has_Messages) return "a list";
-    const std::string format = cell.formatWord();
-    if (format == "TIMEMM" || format == "TIMESS") return "a shared time";
-    if (format == "TIME") return "a time";
-    return format == "NUMERIC_UNSIGNED" ? "an unsigned number" : "a number";
+    const Cell_Format format = cell.formatKind();
+    if (isTimePart(format)) return "a shared time";
+    if (format == Cell_Format::Time) return "a time";
+    return format == Cell_Format::Unsigned ? "an unsigned number" : "a number";
 }
 
 /// The kind, and how a number's sign is held.
@@ -147,26 +147,25 @@ void checkSharedAddresses(const Checked_Template& checked, const Report& report)
 }
 
 void checkTimePairs(const Checked_Template& checked, const Report& report) {
-    std::set<std::pair<std::string, std::string>> present;
+    std::set<std::pair<std::string, Cell_Format>> present;
     forEachAddress(checked,
-                   [&](const Checked_Cell& cell) { present.emplace(cell.cell->Address, cell.formatWord()); });
+                   [&](const Checked_Cell& cell) { present.emplace(cell.cell->Address, cell.formatKind()); });
     forEachAddress(checked, [&](const Checked_Cell& cell) {
-        const std::string format = cell.formatWord();
-        if (format != "TIMEMM" && format != "TIMESS") return;
-        const std::string other = format == "TIMEMM" ? "TIMESS" : "TIMEMM";
-        if (present.contains({cell.cell->Address, other})) return;
+        const Cell_Format format = cell.formatKind();
+        if (!isTimePart(format)) return;
+        const Cell_Format part = format == Cell_Format::Minutes ? Cell_Format::Seconds : Cell_Format::Minutes;
+        if (present.contains({cell.cell->Address, part})) return;
+        const std::string other(wordOf(part));
         report(cell.format != nullptr ? *cell.format : cell.line(),
-               format + " at register " + cell.cell->Address + " without its " + other + " (" + cell.place() +
-                   ")",
+               std::string(wordOf(format)) + " at register " + cell.cell->Address + " without its " + other +
+                   " (" + cell.place() + ")",
                "Give another cell the same register and the format " + other +
                    ", or write TIME for both in one cell.");
     });
 }
 
 bool isTyped(const Checked_Cell& cell) {
-    const std::string type = upperCase(cell.definition->Column_Type);
-    return type == "NUMERIC" || type == "NUMERIC_UNSIGNED" || type == "ASCII" || type == "NUMERIC_OR_ASCII" ||
-           type == "TIME";
+    return columnKind(cell.definition->Column_Type) != Column_Kind::Free_Text;
 }
 
 void checkLoneHalves(const Checked_Template& checked, const Report& report) {

@@ -173,13 +173,12 @@ void checkHeldBack(const Checked_Template& checked, const Report& report) {
 void checkSharedTimes(const Checked_Template& checked, const Report& report) {
     if (checked.boardFamily()) return;
     for (const Checked_Cell& cell : checked.cells()) {
-        const std::string format = cell.formatWord();
-        if ((format != "TIMEMM" && format != "TIMESS") || !cell.definition->Modifiable ||
-            cell.cell->Has_Messages)
-            continue;
+        const Cell_Format format = cell.formatKind();
+        if (!isTimePart(format) || !cell.definition->Modifiable || cell.cell->Has_Messages) continue;
         if (!cell.registers() || halfAddress(cell.cell->Address) || isHeldBack(checked, cell)) continue;
         report(cell.format != nullptr ? *cell.format : cell.line(),
-               format + " at register " + cell.cell->Address + " would be downloaded (" + cell.place() + ")",
+               std::string(wordOf(format)) + " at register " + cell.cell->Address + " would be downloaded (" +
+                   cell.place() + ")",
                "Write ADDRESS_n=" + cell.cell->Address +
                    " in [ADDRESS_NOTDOWNLOADABLE], or use the format TIME.");
     }

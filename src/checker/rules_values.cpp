@@ -31,7 +31,7 @@ bool isNumberOrTime(const Checked_Cell& cell) {
 Bounds registerBounds(const Checked_Cell& cell) {
     if (halfAddress(cell.cell->Address)) return {0, 255};
     const bool whole = numberOf(cell.definition->Bits_Negative_Format) == 0.0;
-    if (whole || cell.formatWord() == "NUMERIC_UNSIGNED") return {0, 65535};
+    if (whole || cell.formatKind() == Cell_Format::Unsigned) return {0, 65535};
     return {-32768, 32767};
 }
 
@@ -65,7 +65,7 @@ void checkLimitOrder(const Checked_Template& checked, const Report& report) {
 /// The default as the number that limits are held against.
 std::optional<double> defaultNumber(const Checked_Cell& cell) {
     const std::string& value = cell.cell->Value;
-    if (cell.formatWord() != "TIME") return numberOf(value);
+    if (cell.formatKind() != Cell_Format::Time) return numberOf(value);
     std::optional<double> seconds;
     ignoringFailure([&] {
         if (isTime(value)) seconds = timeSeconds(value);
@@ -124,7 +124,7 @@ void checkEmptyLimits(const Checked_Template& checked, const Report& report) {
     forEachLimit(checked, [&](const Checked_Cell& cell, const Source_Line& line, std::string_view item) {
         if (!trimBlanks(item).empty() || cell.cell->Address.empty()) return;
         const bool highest = line.key.find("MAX") != std::string::npos;
-        const bool cuts = cell.formatWord() == "NUMERIC_UNSIGNED" && highest;
+        const bool cuts = cell.formatKind() == Cell_Format::Unsigned && highest;
         if (!isTimeLimit(line) && !cuts) return;
         report(line,
                std::string("the empty item sets ") + (isTimeLimit(line) ? "0" : "32767") + " (" +
@@ -148,7 +148,8 @@ void checkLimitsInRegister(const Checked_Template& checked, const Report& report
 
 void checkSingleLimits(const Checked_Template& checked, const Report& report) {
     forEachNumber(checked, [&](const Checked_Cell& cell) {
-        if (cell.formatWord() != "TIME" || (cell.minimum == nullptr) == (cell.maximum == nullptr)) return;
+        if (cell.formatKind() != Cell_Format::Time || (cell.minimum == nullptr) == (cell.maximum == nullptr))
+            return;
         report(*limitLine(cell),
                std::string("a time with a ") + (cell.minimum != nullptr ? "lowest" : "highest") +
                    " value only (" + cell.place() + ")",
@@ -183,8 +184,8 @@ void checkDefaultOrder(const Checked_Template& checked, const Report& report) {
     for (const Checked_Cell& cell : checked.cells()) {
         const bool list =
             cell.cell->Has_Messages && isBehind(cell.messages, cell.value) && !isNumeric(cell.cell->Value);
-        const bool time =
-            cell.formatWord() == "TIME" && isBehind(cell.format, cell.value) && !isTime(cell.cell->Value);
+        const bool time = cell.formatKind() == Cell_Format::Time && isBehind(cell.format, cell.value) &&
+                          !isTime(cell.cell->Value);
         if (list || time)
             report(*cell.value,
                    std::string("a default in front of the line that makes the cell a ") +
@@ -195,12 +196,9 @@ void checkDefaultOrder(const Checked_Template& checked, const Report& report) {
 
 /// Whether a typed text becomes a number in the cell, or the grid makes one of it.
 bool wantsNumber(const Checked_Cell& cell) {
-    if (!isNumberOrTime(cell) || cell.formatWord() == "TIME") return false;
+    if (!isNumberOrTime(cell) || cell.formatKind() == Cell_Format::Time) return false;
     if (halfAddress(cell.cell->Address)) return true;
-    const std::string type = upperCase(cell.definition->Column_Type);
-    const bool typed =
-        type == "NUMERIC" || type == "NUMERIC_UNSIGNED" || type == "ASCII" || type == "NUMERIC_OR_ASCII";
-    return typed && cell.definition->Modifiable;
+    return takesNumbers(columnKind(cell.definition->Column_Type)) && cell.definition->Modifiable;
 }
 
 void checkDefaultNumbers(const Checked_Template& checked, const Report& report) {
@@ -214,7 +212,7 @@ void checkDefaultNumbers(const Checked_Template& checked, const Report& report) 
 
 void checkDefaultTimes(const Checked_Template& checked, const Report& report) {
     forEachNumber(checked, [&](const Checked_Cell& cell) {
-        if (cell.formatWord() != "TIME" || cell.value == nullptr) return;
+        if (cell.formatKind() != Cell_Format::Time || cell.value == nullptr) return;
         const std::string_view item = cell.itemOf(*cell.value);
         if (!isTime(item) && !isNumeric(item))
             report(*cell.value, "the default " + quoted(item) + " is no time (" + cell.place() + ")",

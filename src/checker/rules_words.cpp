@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Values that are words or numbers of a known kind.
 
+#include "cells/format/cell_paths.h"
 #include "checker/rule.h"
 #include "checker/wording.h"
 #include "values/code_page.h"
@@ -81,21 +82,20 @@ void checkTypes(const Checked_Template& checked, const Report& report) {
     const Words known = {"NUMERIC", "ASCII", "NUMERIC_OR_ASCII", "TIME", "TEXT"};
     for (const Source_Line* line : checked.named("FIELD_#_COLUMNS", "COL_#_TYPE")) {
         const std::string word = upperTrimmed(line->value);
-        if (word.empty() || word == "NUMERIC_UNSIGNED" || isOneOf(known, word)) continue;
+        if (word.empty() || columnKind(word) != Column_Kind::Free_Text || isOneOf(known, word)) continue;
         report(*line, "unknown type " + quoted(line->value), advice(word, known));
     }
 }
 
 void checkFormats(const Checked_Template& checked, const Report& report) {
     const Words offered = {"TIME", "TIMEMM", "TIMESS", "NUMERIC_UNSIGNED"};
-    const Words plain = {"", "NUMERIC", "ASCII", "NUMERIC_OR_ASCII"};
     for (const Source_Line* line : checked.named("FIELD_#_CONFIGURATION", "ROWADDRESSFORMAT_#"))
         for (const std::string_view item : line->items()) {
-            const std::string word = upperTrimmed(item);
-            if (isOneOf(plain, word)) continue;
-            if (!isOneOf(offered, word))
-                report(*line, "unknown format " + quoted(item), advice(word, offered));
-            else if (word == "NUMERIC_UNSIGNED" && trimBlanks(item) != word)
+            const Cell_Format format = cellFormat(item, paths::transfer.words);
+            if (format == Cell_Format::Unknown)
+                report(*line, "unknown format " + quoted(item), advice(upperTrimmed(item), offered));
+            else if (format == Cell_Format::Unsigned &&
+                     cellFormat(trimBlanks(item), paths::typing.limits) != format)
                 report(*line, quoted(trimBlanks(item)) + " in lower case",
                        "Write NUMERIC_UNSIGNED: some places ask for it exactly.");
         }

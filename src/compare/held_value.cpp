@@ -54,10 +54,10 @@ std::optional<Held> plainNumber(const Cell_Rec& definition, const Cell_Rec& cell
 std::optional<Held> wholeHeld(const Cell_Rec& definition, const Cell_Rec& cell) {
     if (holdsCharacters(definition, cell))
         return characters(cell.Value, {longValue(cell.Address), longValue(cell.Address_End)});
-    const std::string format = upperTrimmed(cell.Format);
     if (cell.Has_Messages || negativeBits(definition)) return plainNumber(definition, cell);
-    if (format == "TIME") return word(timeSeconds(cell.Value));
-    if (format == "TIMEMM" || format == "TIMESS") return Held{longValue(cell.Value)};
+    const Cell_Format format = cellFormat(cell.Format, paths::transfer.words);
+    if (format == Cell_Format::Time) return word(timeSeconds(cell.Value));
+    if (isTimePart(format)) return Held{longValue(cell.Value)};
     return plainNumber(definition, cell);
 }
 
@@ -112,11 +112,9 @@ Held heldIn(const Cell_Rec& definition, const Cell_Rec& cell, const Register_Ima
             held.push_back(image.unsignedAt(first + i));
         return held;
     }
-    const std::string format = upperTrimmed(cell.Format);
-    if (!cell.Has_Messages && !negativeBits(definition)) {
-        if (format == "TIMEMM") return {wholeMinutes(image.signedAt(first))};
-        if (format == "TIMESS") return {restSeconds(image.signedAt(first))};
-    }
+    const Cell_Format format = cellFormat(cell.Format, paths::transfer.words);
+    if (isTimePart(format) && !cell.Has_Messages && !negativeBits(definition))
+        return {timePart(format, image.signedAt(first))};
     return {image.unsignedAt(first)};
 }
 

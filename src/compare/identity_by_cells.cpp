@@ -31,8 +31,10 @@ std::optional<double> limitOf(const std::string& text) {
     return Val(text);
 }
 
+Cell_Format formatOf(const Cell_Rec& cell) { return cellFormat(cell.Format, paths::transfer.words); }
+
 std::string limitText(const Cell_Rec& cell, double limit) {
-    return upperTrimmed(cell.Format) == "TIME" ? timeText(toLong(limit)) : numberText(limit);
+    return formatOf(cell) == Cell_Format::Time ? timeText(toLong(limit)) : numberText(limit);
 }
 
 std::string limitsText(const Cell_Rec& cell, std::optional<double> low, std::optional<double> high) {
@@ -40,13 +42,9 @@ std::string limitsText(const Cell_Rec& cell, std::optional<double> low, std::opt
     return low ? "at least " + limitText(cell, *low) : "at most " + limitText(cell, *high);
 }
 
-bool isTimeFormat(const std::string& format) {
-    return format == "TIME" || format == "TIMEMM" || format == "TIMESS";
-}
-
 /// The register's value as the cell's limits mean it.
 double limitedValue(const Cell_Rec& cell, const std::string& value) {
-    return upperTrimmed(cell.Format) == "TIME" ? timeSeconds(value) : Val(value);
+    return formatOf(cell) == Cell_Format::Time ? timeSeconds(value) : Val(value);
 }
 
 std::optional<Oddity> oddityOf(const Cell_Rec& definition, const Cell_Rec& cell,
@@ -58,8 +56,8 @@ std::optional<Oddity> oddityOf(const Cell_Rec& definition, const Cell_Rec& cell,
         if (isListed(cell, longValue(reading->value))) return std::nullopt;
         return Oddity{"a code of the list", reading->value};
     }
-    if (isTimeFormat(upperTrimmed(cell.Format)) && !negativeBits(definition) &&
-        image.signedAt(longValue(cell.Address)) < 0)
+    const bool time = formatOf(cell) == Cell_Format::Time || isTimePart(formatOf(cell));
+    if (time && !negativeBits(definition) && image.signedAt(longValue(cell.Address)) < 0)
         return Oddity{"a time", reading->value};
     const auto low = limitOf(cell.Min_Value);
     const auto high = limitOf(cell.Max_Value);

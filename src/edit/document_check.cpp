@@ -2,11 +2,11 @@
 #include "edit/document_check.h"
 
 #include "cells/cell_names.h"
+#include "cells/format/cell_limits.h"
 #include "checker/rule.h"
 #include "checker/wording.h"
 #include "edit/named_cells.h"
 #include "edit/wanted_value.h"
-#include "grids/rules/number_rules.h"
 #include "grids/rules/typed_entry.h"
 #include "grids/rules/value_findings.h"
 #include "template/pro_interpreta_linea.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "grids/rules/number_rules.h"
+#include "cells/format/cell_limits.h"
 #include "template/model/declara_zorvane.h"
 
 #include <cstdint>

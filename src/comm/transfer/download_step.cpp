@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "comm/transfer/download_step.h"
 
+#include "cells/format/cell_encoding.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/requests/ascii_block.h"
 #include "comm/transfer/transfer_records.h"

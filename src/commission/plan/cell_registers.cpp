@@ -2,7 +2,6 @@
 #include "commission/plan/cell_registers.h"
 
 #include "cells/cell_reading.h"
-#include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/registers.h"
 
@@ -16,9 +15,9 @@ Part partOfCell(const Cell_Rec& cell) {
     if (const auto half = halfAddress(cell.Address))
         return half->half == Register_Half::High ? Part::High : Part::Low;
     if (cell.Is_Ascii_Range || cell.Has_Messages) return Part::Whole;
-    const std::string format = upperTrimmed(cell.Format);
-    if (format == "TIMEMM") return Part::Minutes;
-    return format == "TIMESS" ? Part::Seconds : Part::Whole;
+    const Cell_Format format = cellFormat(cell.Format, paths::transfer.words);
+    if (format == Cell_Format::Minutes) return Part::Minutes;
+    return format == Cell_Format::Seconds ? Part::Seconds : Part::Whole;
 }
 
 } // namespace

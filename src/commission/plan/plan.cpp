@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commission/plan/plan.h"
 
+#include "cells/format/cell_encoding.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "comm/transfer/requests/ascii_block.h"
 #include "comm/transfer/requests/download_request.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "grids/commit/commit_value.h"
 
+#include "cells/format/cell_encoding.h"
 #include "comm/main_form/title.h"
 #include "comm/transfer/requests/ascii_block.h"
 #include "grids/commit/live_write_bar.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "cells/format/cell_limits.h"
 #include "grids/fill/grid_context.h"
-#include "grids/rules/number_rules.h"
 #include "grids/rules/typed_entry.h"
 
 #include <cstdint>

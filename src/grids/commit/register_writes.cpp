@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "grids/commit/register_writes.h"
 
+#include "cells/format/cell_encoding.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/times.h"
@@ -9,10 +10,7 @@ namespace zorvane {
 
 namespace {
 
-// These words are compared in upper case and not trimmed, unlike where a cell is shown.
-bool holdsMinutes(const Cell_Rec& cell) { return upperCase(cell.Format) == "TIMEMM"; }
-bool holdsSeconds(const Cell_Rec& cell) { return upperCase(cell.Format) == "TIMESS"; }
-bool holdsHalfTime(const Cell_Rec& cell) { return holdsMinutes(cell) || holdsSeconds(cell); }
+Cell_Format formatOf(const Cell_Rec& cell) { return cellFormat(cell.Format, paths::liveWrite.words); }
 
 /// What goes to the controller for a number. Only a negative one has a format of its own.
 std::int32_t registerFor(const std::string& text, const Cell_Rec& definition, std::int32_t rawNegative) {
@@ -23,15 +21,14 @@ std::int32_t registerFor(const std::string& text, const Cell_Rec& definition, st
 } // namespace
 
 std::string joinedTime(const Cell_Rec& cell, const std::string& half, std::int32_t registerValue) {
-    if (holdsMinutes(cell)) return numberText(strictDouble(half) * 60.0 + restSeconds(registerValue));
-    if (holdsSeconds(cell)) return numberText(strictDouble(half) + wholeMinutes(registerValue) * 60.0);
-    return half;
+    if (!isTimePart(formatOf(cell))) return half;
+    const auto whole = encodedByFormat(paths::liveWrite, cell, half, [&] { return registerValue; });
+    return numberText(whole.value_or(0.0));
 }
 
 std::string splitTime(const Cell_Rec& cell, const std::string& whole) {
-    if (holdsMinutes(cell)) return numberText(wholeMinutes(strictLong(whole)));
-    if (holdsSeconds(cell)) return numberText(restSeconds(strictLong(whole)));
-    return whole;
+    const Cell_Format format = formatOf(cell);
+    return isTimePart(format) ? numberText(timePart(format, strictLong(whole))) : whole;
 }
 
 void Number_Write::show(Write_Progress progress) const {
@@ -41,7 +38,7 @@ void Number_Write::show(Write_Progress progress) const {
 void Number_Write::start() {
     if (!isNumeric(cell().Address)) return;
     const Comm_Context& comm = grids_.comm;
-    if (holdsHalfTime(cell())) {
+    if (isTimePart(formatOf(cell()))) {
         const std::int32_t value = comm.link.RegisterValue(comm.form.Unit_Id, strictLong(cell().Address));
         number_.text = joinedTime(cell(), number_.text, value);
     }

@@ -3,10 +3,8 @@
 
 #include "cells/cell_reading.h"
 #include "template/sections/messages.h"
-#include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/registers.h"
-#include "values/times.h"
 
 namespace zorvane {
 
@@ -30,26 +28,9 @@ Cell_Fill withoutRegister(const Cell_Rec& cell) {
     return cell.Address.find('/') == std::string::npos ? shownOnly(cell.Value) : Cell_Fill{};
 }
 
-Cell_Fill formattedFill(const Cell_Rec& cell, std::int32_t address, const Register_Image& image) {
-    const std::string format = upperTrimmed(cell.Format);
-    if (format == "NUMERIC_UNSIGNED") return shownAndStored(numberText(image.unsignedAt(address)));
-    const std::int32_t value = image.signedAt(address);
-    if (format == "TIME") return shownAndStored(timeText(value));
-    if (format == "TIMEMM") return shownAndStored(numberText(wholeMinutes(value)));
-    if (format == "TIMESS") return shownAndStored(twoDigits(restSeconds(value)));
-    // A plain number is shown and on purpose not taken into the document.
-    return shownOnly(numberText(value));
-}
-
-Cell_Fill scannedFill(const Cell_Rec& cell, const Register_Image& image) {
-    const std::int32_t address = longValue(cell.Address);
-    if (cell.Is_Ascii_Range) {
-        std::string text;
-        PRO_Lee_Ascii(image, address, longValue(cell.Address_End), text);
-        return shownOnly(std::move(text));
-    }
-    if (cell.Has_Messages) return codeFill(cell, image.signedAt(address));
-    return formattedFill(cell, address, image);
+Cell_Fill readFill(const std::optional<Cell_Reading>& reading) {
+    if (!reading) return Cell_Fill{};
+    return Cell_Fill{reading->shown(), reading->kept ? std::optional(reading->value) : std::nullopt};
 }
 
 } // namespace
@@ -65,12 +46,9 @@ Cell_Fill onlineFill(const Cell_Rec& cell, const Online_View& view) {
     if (isNumeric(cell.Address)) {
         if (view.request != cell.Modbus_Request) return shownOnly(cell.Value);
         if (view.commLost()) return shownOnly("???");
-        return scannedFill(cell, view.image);
+        return readFill(displayedCell(cell, view.image));
     }
-    if (const auto half = halfAddress(cell.Address)) {
-        const std::int32_t value = view.image.signedAt(longValue(half->number));
-        return numberFill(cell, half->half == Register_Half::High ? highByte(value) : lowByte(value));
-    }
+    if (halfAddress(cell.Address)) return readFill(displayedCell(cell, view.image));
     return withoutRegister(cell);
 }
 

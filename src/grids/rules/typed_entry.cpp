@@ -1,25 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "grids/rules/typed_entry.h"
 
+#include "cells/format/cell_paths.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/times.h"
-
-#include <algorithm>
-#include <array>
 
 namespace zorvane {
 
 namespace {
 
-template <std::size_t N> bool isOneOf(std::string_view word, const std::array<std::string_view, N>& words) {
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
-
-constexpr std::array<std::string_view, 4> numberColumns = {"NUMERIC_UNSIGNED", "NUMERIC", "ASCII",
-                                                           "NUMERIC_OR_ASCII"};
-/// Formats that make a cell of a TIME column a number.
-constexpr std::array<std::string_view, 4> numberFormats = {"NUMERIC", "ASCII", "NUMERIC_OR_ASCII", ""};
+Cell_Format formatOf(std::string_view word) { return cellFormat(word, paths::typing.words); }
 
 std::string textOr(std::string_view text, std::string_view whenBlank) {
     return std::string(trimBlanks(text).empty() ? whenBlank : text);
@@ -35,17 +26,18 @@ Typed_Entry numberEntry(const Cell_Rec& cell, std::string_view text) {
 Typed_Entry timeEntry(const Cell_Rec& cell, std::string_view text) {
     std::string time = textOr(text, "0:00");
     if (isTime(time)) return {Entry_Kind::Time, std::move(time)};
-    if (upperCase(cell.Format) != "TIME" && isNumeric(time)) return numberEntry(cell, time);
+    if (formatOf(cell.Format) != Cell_Format::Time && isNumeric(time)) return numberEntry(cell, time);
     return {Entry_Kind::Bad_Time, std::move(time)};
 }
 
 } // namespace
 
 Commit_Path commitPath(std::string_view columnType, std::string_view format) {
-    const std::string type = upperCase(columnType);
-    const std::string word = upperCase(format);
-    if (isOneOf(type, numberColumns)) return word == "TIME" ? Commit_Path::Time : Commit_Path::Number;
-    if (type == "TIME") return isOneOf(word, numberFormats) ? Commit_Path::Number : Commit_Path::Time;
+    const Column_Kind kind = columnKind(columnType);
+    const Cell_Format word = formatOf(format);
+    if (takesNumbers(kind)) return word == Cell_Format::Time ? Commit_Path::Time : Commit_Path::Number;
+    if (kind == Column_Kind::Time)
+        return word == Cell_Format::Plain ? Commit_Path::Number : Commit_Path::Time;
     return Commit_Path::Free_Text;
 }
 

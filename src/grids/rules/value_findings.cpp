@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "grids/rules/value_findings.h"
 
-#include "grids/rules/number_rules.h"
+#include "cells/format/cell_limits.h"
 #include "grids/rules/typed_entry.h"
 #include "template/line_scanner.h"
 #include "template/model/each_cell.h"

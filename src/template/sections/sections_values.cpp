@@ -2,6 +2,7 @@
 // The sections that a configuration file holds too: values of the cells and of the upper grid. And the
 // colours.
 
+#include "cells/format/cell_paths.h"
 #include "template/sections/comma_list.h"
 #include "template/sections/messages.h"
 #include "template/sections/section_readers.h"
@@ -29,7 +30,8 @@ bool isUnlisted(const Cell_Rec& cell, std::string_view item) {
 
 std::string documentValue(const Cell_Rec& cell, std::string_view item) {
     if (cell.Has_Messages) return numberText(messageCode(cell, item));
-    const bool plainSeconds = isUpperCaseOf("TIME", cell.Format) && item.find(':') == std::string_view::npos;
+    const bool plainSeconds = cellFormat(cell.Format, paths::typing.words) == Cell_Format::Time &&
+                              item.find(':') == std::string_view::npos;
     return plainSeconds ? timeFromSeconds(item) : std::string(item);
 }
 

@@ -1,22 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "comm/transfer/requests/download_request.h"
 
-#include "cells/cell_reading.h"
+#include "cells/format/cell_encoding.h"
 #include "comm/transfer/requests/ascii_block.h"
 #include "comm/transfer/requests/download_blocks.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
-#include "values/registers.h"
-#include "values/times.h"
-
-#include <cmath>
 
 namespace zorvane {
 
 namespace {
-
-constexpr std::int32_t registerSpan = 65536;
-constexpr std::int32_t secondsPerMinute = 60;
 
 /// The cell at work, with what every case asks of it.
 struct Cell_View {
@@ -28,7 +21,6 @@ struct Cell_View {
 
     [[nodiscard]] double val() const { return Val(cell.Value); }
     [[nodiscard]] std::int32_t address() const { return longValue(cell.Address); }
-    [[nodiscard]] std::string format() const { return upperTrimmed(cell.Format); }
     [[nodiscard]] bool boardFamily() const { return isBoardFamily(sources.document.Controller_Model); }
     [[nodiscard]] std::int32_t unit() const { return sources.image.unit(); }
 };
@@ -40,13 +32,6 @@ Cell_Request sendNothing() { return Cell_Request{}; }
 
 Cell_Request sendSingle(std::int32_t slave, std::int32_t address, double value) {
     return send(Single_Write{slave, address, toLong(value)});
-}
-
-/// The register with the half of this cell replaced. The new half isn't masked.
-std::int32_t mergedWord(const Cell_View& view, const Half_Address& half, std::int32_t address) {
-    const std::int32_t old = view.sources.image.signedAt(address);
-    if (half.half == Register_Half::High) return toLong(view.val() * 256.0 + (old & 255));
-    return toLong(static_cast<double>(old & ~255) + view.val());
 }
 
 Cell_Request halfOnBoard(const Cell_View& view, std::int32_t address, std::int32_t word) {
@@ -62,7 +47,7 @@ Cell_Request halfRequest(const Cell_View& view) {
     const auto half = halfAddress(view.cell.Address);
     if (!half) return sendNothing();
     const std::int32_t address = longValue(half->number);
-    const std::int32_t word = mergedWord(view, *half, address);
+    const std::int32_t word = withHalf(half->half, view.val(), view.sources.image.signedAt(address));
     if (view.boardFamily()) return halfOnBoard(view, address, word);
     return sendSingle(view.sources.slave, address, word);
 }
@@ -84,33 +69,17 @@ std::int32_t neighbourSeconds(const Cell_View& view) {
     return view.sources.image.signedAt(strictLong(neighbour.Address));
 }
 
-double minutesWord(const Cell_View& view) {
-    const double minutes = strictLong(view.cell.Value);
-    return minutes * secondsPerMinute + restSeconds(neighbourSeconds(view));
-}
-
-double secondsWord(const Cell_View& view) {
-    const double seconds = strictLong(view.cell.Value);
-    return static_cast<double>(wholeMinutes(neighbourSeconds(view)) * secondsPerMinute) + seconds;
-}
-
 /// The word of a cell whose format has a rule of its own on a plain model.
 std::optional<double> formatWord(const Cell_View& view) {
-    const std::string format = view.format();
-    if (format == "TIME") return timeSeconds(view.cell.Value);
-    if (format == "TIMEMM") return minutesWord(view);
-    if (format == "TIMESS") return secondsWord(view);
-    if (format == "NUMERIC_UNSIGNED") return view.val();
-    return std::nullopt;
+    static_assert(paths::download.otherPart == Other_Part::Grid_Selection);
+    return encodedByFormat(paths::download, view.cell, view.cell.Value,
+                           [&] { return neighbourSeconds(view); });
 }
 
 std::int32_t boardElement(const Cell_View& view, std::int32_t old) {
-    const std::string format = view.format();
-    const double val = view.val();
-    if (format == "TIME") return timeSeconds(view.cell.Value);
-    if (format == "TIMEMM") return toLong(val * secondsPerMinute + restSeconds(old));
-    if (format == "TIMESS") return toLong(wholeMinutes(old) * secondsPerMinute + val);
-    return toLong(val < 0 ? val + registerSpan : val);
+    static_assert(paths::boardDownload.otherPart == Other_Part::Own_Register);
+    const auto word = encodedByFormat(paths::boardDownload, view.cell, view.cell.Value, [&] { return old; });
+    return word ? toLong(*word) : plainWord(paths::boardDownload, view.val());
 }
 
 Cell_Request numberOnBoard(const Cell_View& view) {
@@ -132,14 +101,6 @@ Cell_Request numberRequest(const Cell_View& view) {
 }
 
 } // namespace
-
-std::optional<std::int32_t> negativeWord(const Cell_Rec& definition, const Cell_Rec& cell) {
-    const auto bits = negativeBits(definition);
-    const double val = Val(cell.Value);
-    if (!bits || val >= 0) return std::nullopt;
-    if (*bits >= 16) return toLong(registerSpan + val);
-    return toLong(-val + std::exp2(static_cast<double>(*bits) - 1.0));
-}
 
 bool isNotDownloadable(const Declara_Zorvane& document, const std::string& address) {
     const std::string_view wanted = trimBlanks(address);

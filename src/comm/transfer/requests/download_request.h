@@ -56,10 +56,6 @@ struct Request_Sources {
     std::int32_t Negative_Word = 0;
 };
 
-/// How a negative value goes into its register by the column's format: sign and magnitude below 16 bits,
-/// two's complement from 16 on. Nothing when the value isn't negative or the column has no number there.
-[[nodiscard]] std::optional<std::int32_t> negativeWord(const Cell_Rec& definition, const Cell_Rec& cell);
-
 /// Whether a download must leave this address alone; blanks at the ends don't matter.
 [[nodiscard]] bool isNotDownloadable(const Declara_Zorvane& document, const std::string& address);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "cells/format/cell_encoding.h"
 #include "comm/main_form/testing/comm_bench.h"
 #include "comm/transfer/requests/download_blocks.h"
 #include "comm/transfer/requests/download_request.h"

@@ -3,7 +3,6 @@
 
 #include "template/model/cell_rec.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -36,9 +35,5 @@ struct Limits {
 
 /// A number too large to compare is failure 6. REQUIRES: the text is numeric.
 [[nodiscard]] bool fitsRegister(std::string_view number, const Limits& width);
-
-/// The register for a negative number in the format of its column: sign and magnitude below 16 bits, two's
-/// complement from 16 on. 0 for a number that isn't negative and for a column without such a format.
-[[nodiscard]] std::int32_t rawNegative(std::string_view number, const Cell_Rec& definition);
 
 } // namespace zorvane

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "grids/rules/number_rules.h"
-#include "values/run_time_failure.h"
+#include "cells/format/cell_limits.h"
 
 #include <gtest/gtest.h>
 
@@ -23,10 +22,9 @@ Cell_Rec cellWith(const std::string& low, const std::string& high, const std::st
     return cell;
 }
 
-Cell_Rec column(const std::string& type, const std::string& negativeFormat = "") {
+Cell_Rec column(const std::string& type) {
     Cell_Rec definition;
     definition.Column_Type = type;
-    definition.Bits_Negative_Format = negativeFormat;
     return definition;
 }
 
@@ -94,47 +92,6 @@ TEST(Register_Width_Test, HoldsItsBounds) {
     EXPECT_TRUE(fitsRegister(" 32767 ", width));
     EXPECT_FALSE(fitsRegister("32767.4", width));
     EXPECT_FALSE(fitsRegister("-32768.1", width));
-}
-
-struct Negative_Case {
-    const char* number;
-    const char* format;
-    std::int32_t raw;
-};
-
-TEST(Raw_Negative_Test, EncodesByTheColumnsFormat) {
-    const std::array<Negative_Case, 18> cases = {{
-        {"-5", "8", 133},
-        {"-5", " 8 ", 133},
-        {"-5", "1", 6},
-        {"-5", "15", 16389},
-        {"-5", "16", 65531},
-        {"-5", "32", 65531},
-        {"-1", "16", 65535},
-        {"-5", "15.6", 32773}, // 16 bits by rounding, and still sign and magnitude
-        {"-2.5", "8", 130},    // halves to the even neighbour
-        {"-5", "0", 0},
-        {"-5", "-3", 0},
-        {"-5", "", 0},
-        {"-5", "  ", 0},
-        {"-5", "two", 0},
-        {"-5", "8bits", 0},
-        {"5", "8", 0},
-        {"0", "8", 0},
-        {"5", "16", 0},
-    }};
-    for (const Negative_Case& each : cases)
-        EXPECT_EQ(rawNegative(each.number, column("NUMERIC", each.format)), each.raw)
-            << each.number << " with \"" << each.format << "\"";
-}
-
-TEST(Raw_Negative_Test, ABitCountBeyond16BitsIsAnOverflow) {
-    try {
-        static_cast<void>(rawNegative("5", column("NUMERIC", "-40000")));
-        FAIL() << "no failure";
-    } catch (const Run_Time_Failure& failure) {
-        EXPECT_EQ(failure.number(), 6);
-    }
 }
 
 } // namespace
