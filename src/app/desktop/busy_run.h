@@ -22,6 +22,8 @@ class Busy_Run final : public QObject {
   public:
     /// `makeForm` makes the form for each run.
     Busy_Run(Event_Edge& edge, std::function<std::unique_ptr<ui::Mensaje>()> makeForm);
+    Busy_Run(const Busy_Run&) = delete;
+    Busy_Run& operator=(const Busy_Run&) = delete;
     ~Busy_Run() override;
 
     /// Shows the form, painted when this returns. Runs may lie within each other: the form goes with the

@@ -101,6 +101,7 @@ struct App_Bench {
     }
     App_Bench(const App_Bench&) = delete;
     App_Bench& operator=(const App_Bench&) = delete;
+    ~App_Bench() = default;
 
     Journal journal;
     Declara_Zorvane document;

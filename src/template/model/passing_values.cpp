@@ -3,7 +3,7 @@
 
 namespace zorvane {
 
-void Passing_Values::put(Cell_Rec& cell, const Value_Place& place, const std::string& value) {
+void Passing_Values::put(Cell_Rec& cell, const Cell_Place& place, const std::string& value) {
     if (cell.Value == value) return;
     Passing& passing = values_.try_emplace(place, Passing{cell.Value, cell.Value}).first->second;
     if (cell.Value != passing.shown) passing.own = cell.Value;
@@ -11,7 +11,7 @@ void Passing_Values::put(Cell_Rec& cell, const Value_Place& place, const std::st
     cell.Value = value;
 }
 
-const std::string& Passing_Values::own(const Cell_Rec& cell, const Value_Place& place) const {
+const std::string& Passing_Values::own(const Cell_Rec& cell, const Cell_Place& place) const {
     const auto passing = values_.find(place);
     return passing != values_.end() && passing->second.shown == cell.Value ? passing->second.own : cell.Value;
 }

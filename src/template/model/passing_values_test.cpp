@@ -8,7 +8,7 @@ namespace {
 
 struct PassingValues : testing::Test {
     Cell_Rec cell;
-    Value_Place place{1, 2, 3};
+    Cell_Place place{1, 2, 3};
     Passing_Values passing;
 
     PassingValues() { cell.Value = "10"; }
