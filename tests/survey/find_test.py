@@ -126,6 +126,34 @@ class FindTest(unittest.TestCase):
         self.assertEqual([(each["unit"], each["settings"], each["verdict"]) for each in told["found"]],
                          [(9, "19200,e,8,1", "can't tell")])
 
+    def test_units_are_found_over_modbus_tcp(self):
+        log = os.path.join(self.folder.name, "log")
+        self.running = subprocess.Popen([os.path.join(self.programs, "zorvane-sim"), "--template", self.template(), "--tcp",
+                                         "0", "--slave", "3", "--log", log], stdout=subprocess.PIPE,
+                                        stderr=subprocess.DEVNULL, text=True)
+        port = self.running.stdout.readline().split()[1]
+        self.log = log
+        done, told = self.find("--template", self.template(), "--units", "1-5", "--listen", "0.1", port=port)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual([(each["unit"], each["settings"], each["verdict"], each["model"]) for each in told["found"]],
+                         [(3, None, "is", "KVRT207D")])
+        self.assertEqual(self.functions_asked(), {3})
+        self.running.send_signal(signal.SIGTERM)
+        self.running.wait()
+        self.running.stdout.close()
+        self.running = None
+        done, told = self.find("--units", "1", port=port)
+        self.assertEqual((done.returncode, told["found"], told["requests"]), (1, [], 0))
+        self.assertIn("Refused", done.stderr)
+
+    def test_units_are_found_by_frames_of_a_line_over_tcp(self):
+        self.running = subprocess.Popen([os.path.join(self.programs, "zorvane-sim"), "--template", self.template(), "--tcp",
+                                         "0", "--rtu-over-tcp", "--slave", "3"], stdout=subprocess.PIPE,
+                                        stderr=subprocess.DEVNULL, text=True)
+        done, told = self.find("--units", "1-5", "--listen", "0", port=self.running.stdout.readline().split()[1])
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.assertEqual([(each["unit"], each["settings"]) for each in told["found"]], [(3, None)])
+
     def test_nobody_on_the_line_is_three(self):
         line = Line(lambda *_: b"")
         done, told = self.find("--units", "1-2", "--settings", "9600,n,8,1", "--listen", "0", port=line.path)
@@ -194,7 +222,8 @@ class FindTest(unittest.TestCase):
         line.close()
 
     def test_a_wrong_command_line_is_two(self):
-        for options in (["--units", "0-5"], ["--settings", "9600"], ["--listen", "-1"], ["--template"], ["extra"]):
+        for options in (["--units", "0-5"], ["--settings", "9600"], ["--listen", "-1"], ["--listen", "nan"], ["--template"],
+                        ["extra"]):
             done, told = self.find(*options)
             self.assertEqual((done.returncode, told), (2, None), options)
         self.assertEqual(self.find("--settings", "1,n,8,1")[0].returncode, 2)

@@ -148,6 +148,17 @@ class ListenTest(unittest.TestCase):
         self.assertEqual((done.returncode, json.loads(done.stdout)["frames"]), (1, 0))
         self.assertIn("The port /dev/nowhere: No such port", done.stderr)
 
+    def test_a_port_on_a_network_is_refused(self):
+        self.port = "tcp:127.0.0.1:502"
+        done = subprocess.run(self.command("--seconds", "1"), capture_output=True, text=True, timeout=30, check=False)
+        self.assertEqual((done.returncode, json.loads(done.stdout)["frames"]), (1, 0))
+        self.assertIn("only a serial port can be listened to", done.stderr)
+
+    def test_a_wrong_command_line_is_two(self):
+        for options in (["--seconds", "nan"], ["--seconds", "-1"], ["--frames", "0"], ["--frames", "1e3"], ["--settings", "9600"]):
+            done = subprocess.run(self.command(*options), capture_output=True, text=True, timeout=30, check=False)
+            self.assertEqual((done.returncode, done.stdout), (2, ""), options)
+
     def test_a_file_that_cannot_be_written_is_one(self):
         done = subprocess.run(self.command("--seconds", "1", "--out", self.path("no/where.pcapng")), capture_output=True,
                               text=True, timeout=30, check=False)

@@ -31,8 +31,19 @@ std::vector<std::uint8_t> unitsInOrder(const std::vector<std::uint8_t>& wanted,
     return units;
 }
 
-std::string unitAt(std::uint8_t unit, const Line_Settings& line) {
-    return "nit " + std::to_string(unit) + " at " + formatLineSettings(line);
+std::string unitAt(const Search_Report& report, std::uint8_t unit, const Line_Settings& line) {
+    return "nit " + std::to_string(unit) + (report.linesCount ? " at " + formatLineSettings(line) : "");
+}
+
+std::string noneFound(const std::string& port) {
+    const std::string slow = " A controller slower than 100 ms may be missed.";
+    if (onNetwork(port))
+        return "No controller was found. Is it switched on, and the line behind the server wired and set "
+               "right?" +
+               slow;
+    return "No controller was found. Is it switched on, and its cable in this port? With RS-485, exchange "
+           "the wires A and B." +
+           slow;
 }
 
 } // namespace
@@ -67,12 +78,13 @@ Json findJson(const Search_Report& report, const std::vector<Found_Identity>& id
     for (std::size_t i = 0; i < report.found.size(); ++i) {
         const survey::Found_Unit& unit = report.found[i];
         const Found_Identity& identity = identities[i];
-        found.push_back({{"unit", unit.unit},
-                         {"settings", formatLineSettings(unit.line)},
-                         {"verdict", identity.verdict},
-                         {"model", identity.model ? jsonText(*identity.model) : Json(nullptr)},
-                         {"answer_ms", answerTimesJson(unit.times)},
-                         {"damaged", unit.damaged}});
+        found.push_back(
+            {{"unit", unit.unit},
+             {"settings", report.linesCount ? Json(formatLineSettings(unit.line)) : Json(nullptr)},
+             {"verdict", identity.verdict},
+             {"model", identity.model ? jsonText(*identity.model) : Json(nullptr)},
+             {"answer_ms", answerTimesJson(unit.times)},
+             {"damaged", unit.damaged}});
     }
     return {{"found", found},
             {"foreign_master", report.foreignMaster.empty() ? Json(nullptr) : Json(report.foreignMaster)},
@@ -91,8 +103,9 @@ void printFound(std::ostream& out, const Search_Report& report,
         const std::string model = identity.model                ? printable(*identity.model)
                                   : identity.verdict == "isn't" ? "another"
                                                                 : "?";
-        table.add({std::to_string(unit.unit), formatLineSettings(unit.line), model,
-                   msText(unit.times.median()), msText(unit.times.p99()), std::to_string(unit.damaged)});
+        const std::string line = report.linesCount ? formatLineSettings(unit.line) : "-";
+        table.add({std::to_string(unit.unit), line, model, msText(unit.times.median()),
+                   msText(unit.times.p99()), std::to_string(unit.damaged)});
     }
     table.print(out, 0);
 }
@@ -105,28 +118,25 @@ std::vector<std::string> findNotes(const Search_Report& report, const std::strin
     for (const survey::Found_Unit& unit : report.found)
         if (unit.damaged > 0)
             notes.push_back(
-                "U" + unitAt(unit.unit, unit.line) + ": " + std::to_string(unit.damaged) +
+                "U" + unitAt(report, unit.unit, unit.line) + ": " + std::to_string(unit.damaged) +
                 " of its answers came damaged or twice. Are there two controllers with this number?");
     for (const survey::Doubtful_Unit& unit : report.doubtful)
-        notes.push_back("Something answers as u" + unitAt(unit.unit, unit.line) +
+        notes.push_back("Something answers as u" + unitAt(report, unit.unit, unit.line) +
                         ", but never whole. Are there two controllers with this number? Else look for noise: "
                         "terminate both ends of the line, and join the grounds.");
     if (report.noisy)
         notes.emplace_back("Bytes came in that nobody had asked for and that are no frame: noise, or a "
                            "device that doesn't speak Modbus RTU.");
-    if (report.end == Search_End::Searched && report.found.empty())
-        notes.emplace_back(
-            "No controller was found. Is it switched on, and its cable in this port? With RS-485, "
-            "exchange the wires A and B. A controller slower than 100 ms may be missed.");
+    if (report.end == Search_End::Searched && report.found.empty()) notes.push_back(noneFound(port));
     return notes;
 }
 
 std::string progressText(const survey::Search_Progress& progress) {
-    const std::string line = formatLineSettings(progress.line);
-    if (progress.unit == 0) return "Listening at " + line;
-    return line + ", unit " + std::to_string(progress.unit) + " (" + std::to_string(progress.tried) + " of " +
-           std::to_string(progress.tried + progress.left) + " tried, " + std::to_string(progress.found) +
-           " found)";
+    const std::string line = progress.linesCount ? formatLineSettings(progress.line) : "";
+    if (progress.unit == 0) return line.empty() ? "Listening" : "Listening at " + line;
+    return (line.empty() ? "U" : line + ", u") + "nit " + std::to_string(progress.unit) + " (" +
+           std::to_string(progress.tried) + " of " + std::to_string(progress.tried + progress.left) +
+           " tried, " + std::to_string(progress.found) + " found)";
 }
 
 } // namespace zorvane::ctl

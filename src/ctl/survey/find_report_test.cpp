@@ -87,6 +87,23 @@ TEST(FindReport, SaysWhatToDo) {
               "Else look for noise: terminate both ends of the line, and join the grounds.");
 }
 
+/// Such a port has no settings that could be told.
+TEST(FindReport, TellsNoSettingsOfAPortThatTakesNone) {
+    Search_Report network = report(Search_End::Searched, {foundUnit(5, 2)});
+    network.linesCount = false;
+    EXPECT_TRUE(findJson(network, {{"is", "KVRT207D"}})["found"][0]["settings"].is_null());
+    std::ostringstream out;
+    printFound(out, network, {{"is", "KVRT207D"}});
+    EXPECT_EQ(out.str(), "Unit  Settings  Model     Answers after  99 % within  Damaged\n"
+                         "5     -         KVRT207D  12.3 ms        20.0 ms      2\n");
+    EXPECT_EQ(findNotes(network, "tcp:gate:502").front(),
+              "Unit 5: 2 of its answers came damaged or twice. Are there two controllers with this number?");
+    EXPECT_EQ(
+        findNotes(report(Search_End::Searched), "tcp:gate:502").front(),
+        "No controller was found. Is it switched on, and the line behind the server wired and set right? "
+        "A controller slower than 100 ms may be missed.");
+}
+
 /// A template of one polled block and one that stands still.
 std::string templateText() {
     return "[HARDWARE]\r\nCONTROLLER=abc\r\n[PORT_CONFIGURATION]\r\nSETTINGS=4800,e,8,1\r\nRTU=16\r\n"
@@ -137,9 +154,11 @@ TEST(FindPlan, TellsATemplateThatIsNotThere) {
 }
 
 TEST(FindProgress, TellsWhatIsTried) {
-    EXPECT_EQ(progressText({{9600, 'N', 8, 2}, 17, 16, 464, 0}),
+    EXPECT_EQ(progressText({{9600, 'N', 8, 2}, true, 17, 16, 464, 0}),
               "9600,n,8,2, unit 17 (16 of 480 tried, 0 found)");
-    EXPECT_EQ(progressText({{9600, 'N', 8, 2}, 0, 0, 480, 0}), "Listening at 9600,n,8,2");
+    EXPECT_EQ(progressText({{9600, 'N', 8, 2}, true, 0, 0, 480, 0}), "Listening at 9600,n,8,2");
+    EXPECT_EQ(progressText({{}, false, 17, 16, 464, 1}), "Unit 17 (16 of 480 tried, 1 found)");
+    EXPECT_EQ(progressText({{}, false, 0, 0, 480, 0}), "Listening");
 }
 
 } // namespace

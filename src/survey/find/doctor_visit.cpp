@@ -47,10 +47,11 @@ void Doctor_Visit::ring() {
 }
 
 void Doctor_Visit::open() {
-    const Port_Opening opening = probe_.use(settings_);
-    if (!opening.opened) return end(Link_Doctor::portFailed(opening.reason));
-    phase_ = Phase::Listening;
-    alarm_->armAt(clock_.now() + listening);
+    probe_.use(settings_, [this](const Port_Opening& opening) {
+        if (!opening.opened) return end(Link_Doctor::portFailed(opening.reason));
+        phase_ = Phase::Listening;
+        alarm_->armAt(clock_.now() + listening);
+    });
 }
 
 void Doctor_Visit::endOfListening() {
@@ -68,12 +69,13 @@ void Doctor_Visit::beginStep() {
     next_ = Unit_Trial::Next::Ask;
     // Answers to the step before may still come, and would pass for quick ones.
     const Micros pause = step.shows == Ailment::TimeOut ? step.timeOut : 0;
-    alarm_->armAt(clock_.now() + pause);
-    if (line_ == step.line) return;
+    if (line_ == step.line) return alarm_->armAt(clock_.now() + pause);
     Port_Settings settings = settings_;
     settings.line = line_ = step.line;
-    const Port_Opening opening = probe_.use(settings);
-    if (!opening.opened) end(Link_Doctor::portFailed(opening.reason));
+    probe_.use(settings, [this, pause](const Port_Opening& opening) {
+        if (!opening.opened) return end(Link_Doctor::portFailed(opening.reason));
+        alarm_->armAt(clock_.now() + pause);
+    });
 }
 
 void Doctor_Visit::ask() {
@@ -84,9 +86,11 @@ void Doctor_Visit::ask() {
 /// The port is still at work when it tells this, so whatever comes next waits for the event loop.
 void Doctor_Visit::readEnded(const Try_Result& result) {
     if (phase_ != Phase::Asking) return;
-    if (!std::exchange(asked_, true)) outcome_.first = kindOf(result);
+    if (!std::exchange(asked_, true)) outcome_.first = kindOf(result, settings_);
     outcome_.echoed = outcome_.echoed || result.echoed;
-    next_ = trial_->take(result, line_);
+    Port_Settings port = settings_;
+    port.line = line_;
+    next_ = trial_->take(result, port);
     alarm_->armAt(clock_.now());
 }
 

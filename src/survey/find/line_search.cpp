@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "survey/find/line_search.h"
 
+#include "comm/modbus_control/frame/mbap_frame.h"
+#include "comm/modbus_control/line/network_port.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -14,6 +17,8 @@ constexpr int littlePatience = 3;
 constexpr int damagedUnitsOfNoise = 3;
 /// After so much silence nothing more belongs to a frame.
 constexpr Micros frameEnds = 50 * microsPerMs;
+/// A gateway that hasn't said for so long that a unit doesn't answer won't say it any more.
+constexpr Micros patienceOfGateway = 3 * microsPerSecond;
 /// An echo of a request comes no later than this.
 constexpr Micros echoLasts = 2 * microsPerSecond;
 
@@ -37,7 +42,9 @@ bool mayBeOwnAnswer(const Heard_Frame& frame) {
 Line_Search::Line_Search(Byte_Port& port, Link_Clock& clock, Search_Plan plan, Told told)
     : clock_(clock), plan_(std::move(plan)), order_(plan_), told_(std::move(told)),
       alarm_(clock.makeAlarm([this] { ring(); })),
-      ear_([this](const Heard_Frame& frame) { frameHeard(frame); }), probe_(port, clock, *this) {}
+      ear_([this](const Heard_Frame& frame) { frameHeard(frame); }), probe_(port, clock, *this) {
+    report_.linesCount = takesLineSettings(plan_.port.port);
+}
 
 void Line_Search::start(Done done) {
     done_ = std::move(done);
@@ -46,9 +53,10 @@ void Line_Search::start(Done done) {
 }
 
 void Line_Search::ring() {
+    if (phase_ != Phase::Ended && probe_.opening()) return;
     switch (phase_) {
     case Phase::Idle:
-        return openFirst();
+        return openFrom(0);
     case Phase::Listening:
         return endOfListening();
     case Phase::Searching:
@@ -64,17 +72,17 @@ void Line_Search::ring() {
 
 // Listening.
 
-void Line_Search::openFirst() {
-    for (std::size_t line = 0; line < plan_.lines.size(); ++line) {
-        if (!useLine(line, plan_.lines[line].probed())) continue;
-        return plan_.listen > 0 ? listen() : search();
-    }
-    end(Search_End::PortFailed);
+void Line_Search::openFrom(std::size_t line) {
+    if (line == plan_.lines.size()) return end(Search_End::PortFailed);
+    useLine(line, plan_.lines[line].probed(), [this, line](bool opened) {
+        if (!opened) return openFrom(line + 1);
+        plan_.listen > 0 ? listen() : search();
+    });
 }
 
 void Line_Search::listen() {
     phase_ = Phase::Listening;
-    heardBefore_ = ear_.bytesTaken();
+    heardBefore_ = heard_;
     tell(0);
     alarm_->armAt(clock_.now() + plan_.listen);
 }
@@ -84,11 +92,15 @@ void Line_Search::listen() {
 void Line_Search::endOfListening() {
     ear_.flush();
     if (phase_ == Phase::Ended) return;
-    if (ear_.bytesTaken() == heardBefore_) return search();
+    if (heard_ == heardBefore_) return search();
     report_.noisy = true;
-    for (std::size_t line = line_ + 1; line < plan_.lines.size(); ++line)
-        if (useLine(line, plan_.lines[line].probed())) return listen();
-    search();
+    listenFrom(line_ + 1);
+}
+
+void Line_Search::listenFrom(std::size_t line) {
+    if (line == plan_.lines.size()) return search();
+    useLine(line, plan_.lines[line].probed(),
+            [this, line](bool opened) { opened ? listen() : listenFrom(line + 1); });
 }
 
 // Asking.
@@ -98,7 +110,17 @@ void Line_Search::search() {
     nextPoint();
 }
 
+/// A gateway takes requests faster than its line does: the next one waits until those before are answered, or
+/// nothing comes any more.
+bool Line_Search::waitsForAnswers() {
+    const Micros until = heardAt_ + patienceOfGateway;
+    if (!slow_ || unanswered_ == 0 || clock_.now() >= until) return false;
+    alarm_->armAt(until);
+    return true;
+}
+
 void Line_Search::nextPoint() {
+    if (waitsForAnswers()) return;
     if (!late_.empty()) {
         const Probe_Point point = late_.front();
         late_.pop_front();
@@ -113,11 +135,16 @@ void Line_Search::nextPoint() {
 void Line_Search::begin(const Probe_Point& point, bool late) {
     const Line_Candidate& candidate = plan_.lines[point.line];
     const bool asItIs = lineKept_ || (point.line == line_ && settings_ == candidate.probed());
-    if (!asItIs) stopBits_ = Stop_Bits::Probing;
-    if (!asItIs && !useLine(point.line, candidate.probed())) {
+    if (asItIs) return beginTrial(point, late);
+    stopBits_ = Stop_Bits::Probing;
+    useLine(point.line, candidate.probed(), [this, point, late](bool opened) {
+        if (opened) return beginTrial(point, late);
         order_.leaveOutLine(point.line);
-        return alarm_->armAt(clock_.now());
-    }
+        alarm_->armAt(clock_.now());
+    });
+}
+
+void Line_Search::beginTrial(const Probe_Point& point, bool late) {
     point_ = point;
     patient_ = late;
     trial_.emplace(plan_.reads, patience());
@@ -129,6 +156,7 @@ void Line_Search::ask() {
     endFrames();
     tell(point_.unit);
     units_[point_.unit].askedAt = clock_.now();
+    if (framingOf(plan_.port.port).numbersRequests()) ++unanswered_;
     probe_.read(point_.unit, point_.address, patient_ ? plan_.longTimeOut : plan_.timeOut);
 }
 
@@ -136,7 +164,9 @@ void Line_Search::ask() {
 void Line_Search::readEnded(const Try_Result& result) {
     if (phase_ != Phase::Searching || !trial_) return;
     units_[point_.unit].tried = point_;
-    next_ = trial_->take(result, settings_);
+    Port_Settings port = plan_.port;
+    port.line = settings_;
+    next_ = trial_->take(result, port);
     alarm_->armAt(clock_.now());
     bytesHeard(clock_.now(), result.received);
 }
@@ -150,23 +180,26 @@ void Line_Search::goOn() {
     case Unit_Trial::Next::Ask:
         break;
     }
-    settleStopBits();
-    if (phase_ == Phase::Searching) ask();
+    const auto other = otherStopBits();
+    if (!other) return ask();
+    useLine(line_, *other, [this](bool opened) { opened ? ask() : end(Search_End::PortFailed); });
 }
 
 /// A controller that answers with two stop bits is asked with those that are told for it; one that needs two
 /// falls silent then.
-void Line_Search::settleStopBits() {
+std::optional<Line_Settings> Line_Search::otherStopBits() {
     const Line_Candidate& candidate = plan_.lines[line_];
-    if (lineKept_ || candidate.line == candidate.probed()) return;
+    if (lineKept_ || candidate.line == candidate.probed()) return std::nullopt;
     const bool answers = trial_->times().count() > 0;
     if (stopBits_ == Stop_Bits::Probing && answers) {
         stopBits_ = Stop_Bits::AsNamed;
-        if (!useLine(line_, candidate.line)) end(Search_End::PortFailed);
-    } else if (stopBits_ == Stop_Bits::AsNamed && trial_->silentInARow() > 1) {
-        stopBits_ = Stop_Bits::Two;
-        if (!useLine(line_, candidate.probed())) end(Search_End::PortFailed);
+        return candidate.line;
     }
+    if (stopBits_ == Stop_Bits::AsNamed && trial_->silentInARow() > 1) {
+        stopBits_ = Stop_Bits::Two;
+        return candidate.probed();
+    }
+    return std::nullopt;
 }
 
 void Line_Search::found() {
@@ -203,18 +236,23 @@ int Line_Search::patience() const {
     return report_.noisy || damagedUnits_ >= damagedUnitsOfNoise ? littlePatience : Unit_Trial::usualPatience;
 }
 
-bool Line_Search::useLine(std::size_t line, const Line_Settings& settings) {
+void Line_Search::useLine(std::size_t line, const Line_Settings& settings,
+                          std::function<void(bool opened)> then) {
     Port_Settings port = plan_.port;
     port.line = settings;
     line_ = line;
     settings_ = settings;
-    const Port_Opening opening = probe_.use(port);
-    if (!opening.opened && report_.reason.empty()) report_.reason = opening.reason;
-    return opening.opened;
+    probe_.use(port, [this, then = std::move(then)](const Port_Opening& opening) {
+        if (phase_ == Phase::Ended) return;
+        const bool unreachable = !opening.opened && onNetwork(plan_.port.port) && !opening.lineRefused;
+        if (!opening.opened && (unreachable || report_.reason.empty())) report_.reason = opening.reason;
+        unreachable ? end(Search_End::PortFailed) : then(opening.opened);
+    });
 }
 
 void Line_Search::tell(std::uint8_t unit) const {
-    if (told_) told_({settings_, unit, order_.given(), order_.left(), report_.found.size()});
+    if (told_)
+        told_({settings_, report_.linesCount, unit, order_.given(), order_.left(), report_.found.size()});
 }
 
 // What is heard beside the answers.
@@ -222,7 +260,31 @@ void Line_Search::tell(std::uint8_t unit) const {
 void Line_Search::bytesHeard(Micros at, Byte_View bytes) {
     if (bytes.empty()) return;
     heardAt_ = at;
+    heard_ += bytes.size();
+    if (framingOf(plan_.port.port).numbersRequests()) return numberedHeard(bytes);
     ear_.take(bytes, at);
+}
+
+/// On a connection of its own nobody else is heard; late answers are.
+void Line_Search::numberedHeard(Byte_View bytes) {
+    for (auto frame = nextMbapFrame(bytes); frame && !frame->body.empty();
+         frame = nextMbapFrame(bytes, frame->offset + frame->length)) {
+        const std::uint8_t unit = frame->body[0];
+        if (phase_ != Phase::Searching || units_[unit].askedAt == 0) continue;
+        if (unanswered_ > 0) --unanswered_;
+        if (!trial_ || unit != point_.unit) lateByNumber(unit);
+        const bool ofGateway = frame->body[1] == (exceptionBit | 3U) && isGatewayException(frame->body[2]);
+        if (!ofGateway) ownAnswerHeard(unit);
+    }
+}
+
+/// The first late answer shows how long one takes: those after it wait for each other.
+void Line_Search::lateByNumber(std::uint8_t unit) {
+    if (!trial_ && !probe_.opening()) alarm_->armAt(clock_.now());
+    if (std::exchange(slow_, true)) return;
+    const Micros took = clock_.now() - units_[unit].askedAt;
+    plan_.timeOut = std::clamp(2 * took, plan_.timeOut, patienceOfGateway);
+    plan_.longTimeOut = std::max(plan_.longTimeOut, plan_.timeOut);
 }
 
 /// A frame that has begun may go on in the next read; one that fell silent is over.
@@ -250,7 +312,7 @@ void Line_Search::lateAnswer(std::uint8_t unit) {
     if (memory.known) return;
     memory.known = anyLate_ = true;
     late_.push_back(*memory.tried);
-    if (!trial_) alarm_->armAt(clock_.now());
+    if (!trial_ && !probe_.opening()) alarm_->armAt(clock_.now());
 }
 
 void Line_Search::otherMasterHeard(const Foreign_Request& foreign) {

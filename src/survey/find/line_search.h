@@ -46,6 +46,8 @@ struct Search_Report {
     std::vector<Found_Unit> found;
     std::vector<Doubtful_Unit> doubtful;
     bool noisy = false; ///< bytes came in before anything was asked, and no frame was among them
+    /// False for a port that takes no settings of a line: those told with the units mean nothing.
+    bool linesCount = true;
     std::uint64_t requests = 0;
     Micros duration = 0;
 };
@@ -53,14 +55,16 @@ struct Search_Report {
 /// Where a search stands.
 struct Search_Progress {
     Line_Settings line;
-    std::uint8_t unit = 0; ///< 0: it listens
+    bool linesCount = true; ///< as in the report
+    std::uint8_t unit = 0;  ///< 0: it listens
     std::size_t tried = 0;
     std::size_t left = 0;
     std::size_t found = 0;
 };
 
 /// Searches a line for controllers by reads alone. It listens first and all the time: once another master is
-/// heard, nothing is sent any more. It never blocks: it is driven by port and clock.
+/// heard, nothing is sent any more. It never blocks: it is driven by port and clock. On a network a port that
+/// can't be reached ends it; one that only refuses a line's settings goes on with the next.
 class Line_Search final : private Probe_Owner {
   public:
     using Told = std::function<void(const Search_Progress&)>;
@@ -86,23 +90,28 @@ class Line_Search final : private Probe_Owner {
     void portLost(const std::string& reason) override;
 
     void ring();
-    void openFirst();
+    void openFrom(std::size_t line);
     void listen();
+    void listenFrom(std::size_t line);
     void endOfListening();
     void search();
     void nextPoint();
     void begin(const Probe_Point& point, bool late);
+    void beginTrial(const Probe_Point& point, bool late);
     void ask();
     void goOn();
-    void settleStopBits();
+    [[nodiscard]] std::optional<Line_Settings> otherStopBits();
     void found();
     void giveUp();
     void endFrames();
     void frameHeard(const Heard_Frame& frame);
+    void numberedHeard(Byte_View bytes);
+    void lateByNumber(std::uint8_t unit);
+    [[nodiscard]] bool waitsForAnswers();
     void ownAnswerHeard(std::uint8_t unit);
     void lateAnswer(std::uint8_t unit);
     [[nodiscard]] bool isEcho(const Foreign_Request& foreign) const;
-    [[nodiscard]] bool useLine(std::size_t line, const Line_Settings& settings);
+    void useLine(std::size_t line, const Line_Settings& settings, std::function<void(bool opened)> then);
     [[nodiscard]] Line_Settings lineTold() const;
     [[nodiscard]] int patience() const;
     void tell(std::uint8_t unit) const;
@@ -134,7 +143,8 @@ class Line_Search final : private Probe_Owner {
     Line_Settings settings_;
     Stop_Bits stopBits_ = Stop_Bits::Probing;
     bool lineKept_ = false;          ///< a controller was found with it
-    std::uint64_t heardBefore_ = 0;  ///< bytes, when the present listening began
+    std::uint64_t heard_ = 0;        ///< bytes that belong to no read
+    std::uint64_t heardBefore_ = 0;  ///< when the present listening began
     Micros heardAt_ = 0;             ///< the last bytes
     std::uint64_t answersHeard_ = 0; ///< of the trial's unit, those that weren't taken too
     Probe_Point point_;
@@ -146,6 +156,9 @@ class Line_Search final : private Probe_Owner {
     std::deque<Probe_Point> late_; ///< points whose answers came too late
     std::array<Memory, 256> units_;
     int damagedUnits_ = 0; ///< that brought nothing but damaged answers
+    /// Requests with a number of their own that have no answer yet.
+    std::uint64_t unanswered_ = 0;
+    bool slow_ = false; ///< some of them were answered late, so that they wait in a row somewhere
 };
 
 } // namespace zorvane::survey

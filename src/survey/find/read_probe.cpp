@@ -1,28 +1,49 @@
 // SPDX-License-Identifier: MIT
 #include "survey/find/read_probe.h"
 
+#include <utility>
+
 namespace zorvane::survey {
 
-Port_Opening Read_Probe::use(const Port_Settings& settings) {
+Read_Probe::Read_Probe(Byte_Port& port, Link_Clock& clock, Probe_Owner& owner)
+    : port_(port), clock_(clock), owner_(owner), transaction_(port, clock, *this),
+      alarm_(clock.makeAlarm([this] { used(opening_); })) {}
+
+void Read_Probe::use(const Port_Settings& settings, Used then) {
+    then_ = std::move(then);
     transaction_.abandon();
     transaction_.setLine(settings);
-    if (port_.isOpen() && port_.changeLine(settings.line)) {
-        transaction_.lineOpened();
-        return {true, {}, {}};
-    }
-    if (port_.isOpen()) port_.close();
-    Port_Opening opening = port_.open(settings.port, settings);
-    if (opening.goesOn) {
+    const Port_Opening opening = changeOrOpen(settings);
+    if (!opening.goesOn) used(opening);
+}
+
+Port_Opening Read_Probe::changeOrOpen(const Port_Settings& settings) {
+    if (port_.isOpen()) {
+        const Line_Change change = port_.changeLine(settings.line);
+        if (change == Line_Change::Done) return {true, {}, {}};
+        if (change == Line_Change::GoesOn) return {false, {}, {}, true};
         port_.close();
-        return {false, "Only a serial line can be searched: name a serial port.", {}};
     }
+    return port_.open(settings.port, settings);
+}
+
+/// The port is still at work when it tells this, so whatever comes next waits for the event loop.
+void Read_Probe::openingEnded(const Port_Opening& opening) {
+    if (!then_) return;
+    opening_ = opening;
+    alarm_->armAt(clock_.now());
+}
+
+void Read_Probe::used(const Port_Opening& opening) {
     if (opening.opened) transaction_.lineOpened();
-    return opening;
+    if (const Used then = std::exchange(then_, nullptr)) then(opening);
 }
 
 void Read_Probe::close() {
+    then_ = nullptr;
+    alarm_->disarm();
     transaction_.abandon();
-    if (port_.isOpen()) port_.close();
+    port_.close();
 }
 
 void Read_Probe::read(std::uint8_t unit, std::uint16_t address, Micros timeOut) {

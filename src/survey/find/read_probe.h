@@ -4,6 +4,9 @@
 #include "comm/modbus_control/exchange/rtu_transaction.h"
 
 #include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 
 namespace zorvane::survey {
@@ -24,12 +27,16 @@ class Probe_Owner {
 /// that writes to a controller.
 class Read_Probe final : private Transaction_Owner {
   public:
-    /// All must outlive it.
-    Read_Probe(Byte_Port& port, Link_Clock& clock, Probe_Owner& owner)
-        : port_(port), owner_(owner), transaction_(port, clock, *this) {}
+    using Used = std::function<void(const Port_Opening&)>;
 
-    /// Opens the port with the settings, or changes its line if it is open. When that fails it is closed.
-    [[nodiscard]] Port_Opening use(const Port_Settings& settings);
+    /// All must outlive it.
+    Read_Probe(Byte_Port& port, Link_Clock& clock, Probe_Owner& owner);
+
+    /// Opens the port with the settings, or changes its line if it is open. `then` is called once, from
+    /// within or from the event loop, unless `close` comes first. When it fails the port is closed.
+    void use(const Port_Settings& settings, Used then);
+    /// Whether a `use` hasn't ended yet.
+    [[nodiscard]] bool opening() const { return static_cast<bool>(then_); }
     void close();
 
     /// Reads one register. REQUIRES: an open port, no read under way.
@@ -44,10 +51,18 @@ class Read_Probe final : private Transaction_Owner {
     void strayReceived(Micros at, const Byte_Array& bytes, const std::string& what) override;
     void otherMasterHeard(Micros at, const Foreign_Request& foreign) override;
     void lineLost(const std::string& reason) override;
+    void openingEnded(const Port_Opening& opening) override;
+
+    [[nodiscard]] Port_Opening changeOrOpen(const Port_Settings& settings);
+    void used(const Port_Opening& opening);
 
     Byte_Port& port_;
+    Link_Clock& clock_;
     Probe_Owner& owner_;
     Rtu_Transaction transaction_;
+    std::unique_ptr<Alarm> alarm_; ///< tells the end of an opening that went on
+    Port_Opening opening_;
+    Used then_;
     std::uint64_t requests_ = 0;
 };
 

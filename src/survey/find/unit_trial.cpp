@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "survey/find/unit_trial.h"
 
+#include "comm/modbus_control/line/network_port.h"
+
 namespace zorvane::survey {
 
 namespace {
@@ -16,6 +18,7 @@ Try_Kind kindOfFault(Answer_Fault fault) {
     switch (fault) {
     case Answer_Fault::Nothing:
     case Answer_Fault::OnlyEcho:
+    case Answer_Fault::OtherNumber: // an answer to an earlier read
         return Try_Kind::Silence;
     case Answer_Fault::OtherUnit:
         return Try_Kind::Stranger;
@@ -26,27 +29,31 @@ Try_Kind kindOfFault(Answer_Fault fault) {
 
 } // namespace
 
-Try_Kind kindOf(const Try_Result& result) {
+Try_Kind kindOf(const Try_Result& result, const Port_Settings& port) {
     if (!result.answer) {
-        const std::size_t from = endOfEcho(result.sent, result.received).value_or(0);
+        const Framing& framing = framingOf(port.port);
+        const bool mayEcho = !framing.numbersRequests();
+        const std::size_t from = mayEcho ? endOfEcho(result.sent, result.received).value_or(0) : 0;
         if (result.received.size() - from < leastOfAnswer) return Try_Kind::Silence;
-        return kindOfFault(whyNoAnswer(result.request, result.received, from));
+        return kindOfFault(framing.whyNoAnswer(result.request, result.received, from));
     }
     if (!result.answer->exception) return Try_Kind::Answer;
-    const std::uint8_t code = *result.answer->exception;
-    return code == gatewayPath || code == gatewayTarget ? Try_Kind::Gateway : Try_Kind::Refusal;
+    return isGatewayException(*result.answer->exception) ? Try_Kind::Gateway : Try_Kind::Refusal;
 }
 
-Micros answerTimeOf(const Try_Result& result, const Line_Settings& line) {
-    return result.endedAt - result.startedAt - wireTime(line, result.sent.size());
+bool isGatewayException(std::uint8_t code) noexcept { return code == gatewayPath || code == gatewayTarget; }
+
+Micros answerTimeOf(const Try_Result& result, const Port_Settings& port) {
+    const bool onLine = !framingOf(port.port).numbersRequests();
+    return result.endedAt - result.startedAt - (onLine ? wireTime(port.line, result.sent.size()) : 0);
 }
 
-Unit_Trial::Next Unit_Trial::take(const Try_Result& result, const Line_Settings& line) {
-    const Try_Kind kind = kindOf(result);
+Unit_Trial::Next Unit_Trial::take(const Try_Result& result, const Port_Settings& port) {
+    const Try_Kind kind = kindOf(result, port);
     ++tries_;
     silent_ = kind == Try_Kind::Silence ? silent_ + 1 : 0;
     if (kind == Try_Kind::Damaged) ++damaged_;
-    if (kind == Try_Kind::Answer || kind == Try_Kind::Refusal) times_.add(answerTimeOf(result, line));
+    if (kind == Try_Kind::Answer || kind == Try_Kind::Refusal) times_.add(answerTimeOf(result, port));
     if (kind == Try_Kind::Answer && !values_.insert(result.answer->registers.at(0)).second) there_ = true;
     if (kind == Try_Kind::Refusal) {
         there_ = true;

@@ -19,10 +19,15 @@ enum class Try_Kind {
     Stranger, ///< a whole answer of another unit
     Damaged,  ///< bytes that are no whole answer
 };
-[[nodiscard]] Try_Kind kindOf(const Try_Result& result);
+/// Of a read over the port of the settings.
+[[nodiscard]] Try_Kind kindOf(const Try_Result& result, const Port_Settings& port);
 
-/// From the request's last byte on the line to the answer's end. REQUIRES: an answer.
-[[nodiscard]] Micros answerTimeOf(const Try_Result& result, const Line_Settings& line);
+/// Whether it says that a gateway can't reach the unit.
+[[nodiscard]] bool isGatewayException(std::uint8_t code) noexcept;
+
+/// From the request's last byte on the line to the answer's end; of Modbus TCP from the request on.
+/// REQUIRES: an answer.
+[[nodiscard]] Micros answerTimeOf(const Try_Result& result, const Port_Settings& port);
 
 /// One unit asked again and again. It is there once it refused, or gave the same answer twice: noise and
 /// chance don't do that.
@@ -37,7 +42,7 @@ class Unit_Trial {
     /// tried `patience` times.
     explicit Unit_Trial(int reads, int patience = usualPatience) : reads_(reads), patience_(patience) {}
 
-    [[nodiscard]] Next take(const Try_Result& result, const Line_Settings& line);
+    [[nodiscard]] Next take(const Try_Result& result, const Port_Settings& port);
     /// So many answers came beside those that were taken.
     void answeredAgain(std::int32_t times) { damaged_ += times; }
 

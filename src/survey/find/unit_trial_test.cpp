@@ -11,7 +11,7 @@ using Next = Unit_Trial::Next;
 using zorvane::testing::bytesOf;
 using zorvane::testing::withCrc;
 
-constexpr Line_Settings line{9600, 'N', 8, 1};
+const Port_Settings port{};
 
 Try_Result tryWith(const Byte_Array& received, Micros took = 20000) {
     Try_Result result;
@@ -31,43 +31,43 @@ Try_Result damaged() { return tryWith(bytesOf("01 03 02 00 07 00 00")); }
 
 TEST(KindOfTry, TellsWhatCameBack) {
     const Byte_Array request = encodeRequest(readRequest(1, 0, 1));
-    EXPECT_EQ(kindOf(silent()), Try_Kind::Silence);
-    EXPECT_EQ(kindOf(tryWith(request)), Try_Kind::Silence);
-    EXPECT_EQ(kindOf(tryWith(bytesOf("FF 00"))), Try_Kind::Silence);
-    EXPECT_EQ(kindOf(value("01 03 02 00 07")), Try_Kind::Answer);
-    EXPECT_EQ(kindOf(value("01 83 02")), Try_Kind::Refusal);
-    EXPECT_EQ(kindOf(value("01 83 06")), Try_Kind::Refusal);
-    EXPECT_EQ(kindOf(value("01 83 0A")), Try_Kind::Gateway);
-    EXPECT_EQ(kindOf(value("01 83 0B")), Try_Kind::Gateway);
-    EXPECT_EQ(kindOf(value("02 03 02 00 07")), Try_Kind::Stranger);
-    EXPECT_EQ(kindOf(damaged()), Try_Kind::Damaged);
+    EXPECT_EQ(kindOf(silent(), port), Try_Kind::Silence);
+    EXPECT_EQ(kindOf(tryWith(request), port), Try_Kind::Silence);
+    EXPECT_EQ(kindOf(tryWith(bytesOf("FF 00")), port), Try_Kind::Silence);
+    EXPECT_EQ(kindOf(value("01 03 02 00 07"), port), Try_Kind::Answer);
+    EXPECT_EQ(kindOf(value("01 83 02"), port), Try_Kind::Refusal);
+    EXPECT_EQ(kindOf(value("01 83 06"), port), Try_Kind::Refusal);
+    EXPECT_EQ(kindOf(value("01 83 0A"), port), Try_Kind::Gateway);
+    EXPECT_EQ(kindOf(value("01 83 0B"), port), Try_Kind::Gateway);
+    EXPECT_EQ(kindOf(value("02 03 02 00 07"), port), Try_Kind::Stranger);
+    EXPECT_EQ(kindOf(damaged(), port), Try_Kind::Damaged);
 }
 
 TEST(UnitTrial, EndsAtSilence) {
     Unit_Trial trial(10);
-    EXPECT_EQ(trial.take(silent(), line), Next::NotThere);
+    EXPECT_EQ(trial.take(silent(), port), Next::NotThere);
     EXPECT_FALSE(trial.isThere());
 }
 
 TEST(UnitTrial, NeedsTwoEqualAnswers) {
     Unit_Trial trial(3);
-    EXPECT_EQ(trial.take(value("01 03 02 00 07"), line), Next::Ask);
+    EXPECT_EQ(trial.take(value("01 03 02 00 07"), port), Next::Ask);
     EXPECT_FALSE(trial.isThere());
-    EXPECT_EQ(trial.take(value("01 03 02 00 08"), line), Next::Ask);
+    EXPECT_EQ(trial.take(value("01 03 02 00 08"), port), Next::Ask);
     EXPECT_FALSE(trial.isThere());
-    EXPECT_EQ(trial.take(value("01 03 02 00 07"), line), Next::Found);
+    EXPECT_EQ(trial.take(value("01 03 02 00 07"), port), Next::Found);
     EXPECT_TRUE(trial.isThere());
     EXPECT_EQ(trial.times().count(), 3U);
 }
 
 TEST(UnitTrial, NeedsOneRefusal) {
     Unit_Trial trial(1);
-    EXPECT_EQ(trial.take(value("01 83 02"), line), Next::Found);
+    EXPECT_EQ(trial.take(value("01 83 02"), port), Next::Found);
 }
 
 TEST(UnitTrial, TakesNoGatewayForAUnit) {
     Unit_Trial trial(10);
-    EXPECT_EQ(trial.take(value("01 83 0B"), line), Next::NotThere);
+    EXPECT_EQ(trial.take(value("01 83 0B"), port), Next::NotThere);
     EXPECT_FALSE(trial.isThere());
 }
 
@@ -75,31 +75,31 @@ TEST(UnitTrial, GivesUpAValueThatNeverStandsStill) {
     Unit_Trial trial(10);
     for (int i = 1; i < Unit_Trial::usualPatience; ++i) {
         const auto low = static_cast<std::uint8_t>(i);
-        EXPECT_EQ(trial.take(tryWith(withCrc({1, 3, 2, 0, low})), line), Next::Ask);
+        EXPECT_EQ(trial.take(tryWith(withCrc({1, 3, 2, 0, low})), port), Next::Ask);
     }
-    EXPECT_EQ(trial.take(value("01 03 02 00 FF"), line), Next::NotThere);
+    EXPECT_EQ(trial.take(value("01 03 02 00 FF"), port), Next::NotThere);
 }
 
 TEST(UnitTrial, AsksAgainAfterDamage) {
     Unit_Trial trial(2);
-    EXPECT_EQ(trial.take(damaged(), line), Next::Ask);
-    EXPECT_EQ(trial.take(value("01 03 02 00 07"), line), Next::Ask);
-    EXPECT_EQ(trial.take(value("01 03 02 00 07"), line), Next::Found);
+    EXPECT_EQ(trial.take(damaged(), port), Next::Ask);
+    EXPECT_EQ(trial.take(value("01 03 02 00 07"), port), Next::Ask);
+    EXPECT_EQ(trial.take(value("01 03 02 00 07"), port), Next::Found);
     EXPECT_EQ(trial.damaged(), 1);
     EXPECT_FALSE(trial.mostlyDamaged());
 }
 
 TEST(UnitTrial, GivesUpWhereAllIsDamaged) {
     Unit_Trial trial(10, 3);
-    EXPECT_EQ(trial.take(damaged(), line), Next::Ask);
-    EXPECT_EQ(trial.take(damaged(), line), Next::Ask);
-    EXPECT_EQ(trial.take(damaged(), line), Next::NotThere);
+    EXPECT_EQ(trial.take(damaged(), port), Next::Ask);
+    EXPECT_EQ(trial.take(damaged(), port), Next::Ask);
+    EXPECT_EQ(trial.take(damaged(), port), Next::NotThere);
     EXPECT_TRUE(trial.mostlyDamaged());
 }
 
 TEST(UnitTrial, MeasuresFromTheRequestsLastByte) {
     // Eight characters of ten bits at 9600 baud take 8334 us.
-    EXPECT_EQ(answerTimeOf(tryWith({}, 20000), line), 20000 - 8334);
+    EXPECT_EQ(answerTimeOf(tryWith({}, 20000), port), 20000 - 8334);
 }
 
 } // namespace

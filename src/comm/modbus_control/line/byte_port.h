@@ -16,6 +16,14 @@ struct Port_Opening {
     std::string reason;                ///< in plain words, with what to do: "Busy: another program ..."
     std::vector<std::string> warnings; ///< things that the port can't do and that don't stop it
     bool goesOn = false;               ///< neither opened nor failed yet: the listener will hear of the end
+    bool lineRefused = false;          ///< the port is there, and only doesn't take these settings
+};
+
+/// What became of the wish to change the line of an open port.
+enum class Line_Change {
+    Refused, ///< it can't, or won't take these settings: it is to be closed and opened with them
+    Done,
+    GoesOn, ///< it isn't open until the listener hears of the end, as of that of an opening
 };
 
 /// Who hears of a port's bytes and of its end.
@@ -39,9 +47,10 @@ class Byte_Port {
     /// Opens the port of that name or path with the line settings. A port on a network only begins to; until
     /// the end is told it isn't open, and `close` gives the opening up. REQUIRES: it is closed.
     [[nodiscard]] virtual Port_Opening open(const std::string& name, const Port_Settings& settings) = 0;
-    /// Changes the line of an open port in place. False where the port can't, or won't take these settings;
-    /// it is then to be closed and opened with them.
-    [[nodiscard]] virtual bool changeLine(const Line_Settings& /*line*/) { return false; }
+    /// Changes the line of an open port in place.
+    [[nodiscard]] virtual Line_Change changeLine(const Line_Settings& /*line*/) {
+        return Line_Change::Refused;
+    }
     virtual void close() = 0;
     [[nodiscard]] virtual bool isOpen() const = 0;
 

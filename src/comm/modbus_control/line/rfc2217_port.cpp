@@ -47,6 +47,14 @@ Port_Opening Rfc2217_Port::open(const std::string& name, const Port_Settings& se
     return {false, {}, {}, true};
 }
 
+Line_Change Rfc2217_Port::changeLine(const Line_Settings& line) {
+    if (!isOpen()) return Line_Change::Refused;
+    settings_.line = line;
+    confirmed_.clear();
+    setLine();
+    return Line_Change::GoesOn;
+}
+
 void Rfc2217_Port::close() {
     stage_ = Stage::Closed;
     alarm_->disarm();
@@ -121,8 +129,9 @@ void Rfc2217_Port::noteSetting(const Com_Port_Setting& setting) {
     if (stage_ != Stage::Setting) return;
     if (setting.value != valueOf(settings_.line, setting.part))
         return fail("The server " + server() + " doesn't take the line's settings: asked for " +
-                    settingText({setting.part, valueOf(settings_.line, setting.part)}) + ", it set " +
-                    settingText(setting) + ". Choose other settings, or change what the server allows.");
+                        settingText({setting.part, valueOf(settings_.line, setting.part)}) + ", it set " +
+                        settingText(setting) + ". Choose other settings, or change what the server allows.",
+                    true);
     confirmed_.insert(setting.part);
     if (confirmed_.size() == 4) beOpen();
 }
@@ -155,9 +164,9 @@ void Rfc2217_Port::ring() {
     }
 }
 
-void Rfc2217_Port::fail(const std::string& reason) {
+void Rfc2217_Port::fail(const std::string& reason, bool lineRefused) {
     close();
-    if (listener_ != nullptr) listener_->openingEnded({false, reason, {}});
+    if (listener_ != nullptr) listener_->openingEnded({false, reason, {}, false, lineRefused});
 }
 
 void Rfc2217_Port::portLost(const std::string& reason) {

@@ -23,6 +23,7 @@ class Rfc2217_Port final : public Byte_Port, private Byte_Port_Listener {
 
     void setListener(Byte_Port_Listener* listener) override { listener_ = listener; }
     [[nodiscard]] Port_Opening open(const std::string& name, const Port_Settings& settings) override;
+    [[nodiscard]] Line_Change changeLine(const Line_Settings& line) override;
     void close() override;
     [[nodiscard]] bool isOpen() const override { return stage_ == Stage::Open; }
     [[nodiscard]] bool write(Byte_View bytes) override;
@@ -46,7 +47,7 @@ class Rfc2217_Port final : public Byte_Port, private Byte_Port_Listener {
     void noteSetting(const Com_Port_Setting& setting);
     void beOpen();
     void ring();
-    void fail(const std::string& reason);
+    void fail(const std::string& reason, bool lineRefused = false);
     [[nodiscard]] std::string server() const;
 
     Byte_Port& connection_;

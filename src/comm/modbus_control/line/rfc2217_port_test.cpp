@@ -100,6 +100,30 @@ TEST_F(Rfc2217Port, AServerThatSetsSomethingElseIsNamed) {
               "9600 baud. Choose other settings, or change what the server allows.");
 }
 
+TEST_F(Rfc2217Port, TheLineIsChangedOnTheSameConnection) {
+    ASSERT_TRUE(open().opened);
+    EXPECT_EQ(port.changeLine({2400, 'O', 8, 1}), Line_Change::GoesOn);
+    EXPECT_FALSE(port.isOpen());
+    clock.runFor(microsPerSecond);
+    ASSERT_EQ(ear.openings.size(), 2U);
+    EXPECT_TRUE(ear.openings[1].opened);
+    EXPECT_TRUE(port.isOpen());
+    EXPECT_EQ(server.line, (Line_Settings{2400, 'O', 8, 1}));
+    EXPECT_EQ(connection.attempts.size(), 1U);
+}
+
+TEST_F(Rfc2217Port, ASettingThatTheServerRefusesIsToldFromAServerThatIsNotThere) {
+    ASSERT_TRUE(open().opened);
+    server.onlyBaud = 9600;
+    EXPECT_EQ(port.changeLine({2400, 'N', 8, 1}), Line_Change::GoesOn);
+    clock.runFor(microsPerSecond);
+    EXPECT_FALSE(ear.openings.back().opened);
+    EXPECT_TRUE(ear.openings.back().lineRefused);
+    EXPECT_EQ(port.changeLine({9600, 'N', 8, 1}), Line_Change::Refused); // closed by now
+    server.refuses = true;
+    EXPECT_FALSE(open().lineRefused);
+}
+
 TEST_F(Rfc2217Port, AServerThatDoesNotConfirmIsNamed) {
     server.confirms = false;
     EXPECT_EQ(open().reason,

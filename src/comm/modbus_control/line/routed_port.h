@@ -14,7 +14,9 @@ class Routed_Port final : public Byte_Port {
 
     void setListener(Byte_Port_Listener* listener) override;
     [[nodiscard]] Port_Opening open(const std::string& name, const Port_Settings& settings) override;
-    [[nodiscard]] bool changeLine(const Line_Settings& line) override { return chosen_->changeLine(line); }
+    [[nodiscard]] Line_Change changeLine(const Line_Settings& line) override {
+        return chosen_->changeLine(line);
+    }
     void close() override { chosen_->close(); }
     [[nodiscard]] bool isOpen() const override { return chosen_->isOpen(); }
     [[nodiscard]] bool write(Byte_View bytes) override { return chosen_->write(bytes); }

@@ -45,7 +45,9 @@ class Simulated_Port final : public Byte_Port {
 
     void setListener(Byte_Port_Listener* listener) override { port_.setListener(listener); }
     [[nodiscard]] Port_Opening open(const std::string& name, const Port_Settings& settings) override;
-    [[nodiscard]] bool changeLine(const Line_Settings& line) override { return port_.changeLine(line); }
+    [[nodiscard]] Line_Change changeLine(const Line_Settings& line) override {
+        return port_.changeLine(line);
+    }
     void close() override { port_.close(); }
     [[nodiscard]] bool isOpen() const override { return port_.isOpen(); }
     [[nodiscard]] bool write(Byte_View bytes) override { return port_.write(bytes); }

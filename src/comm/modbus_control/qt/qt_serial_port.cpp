@@ -93,10 +93,10 @@ std::string Qt_Serial_Port::applyLine(const Line_Settings& line, bool pseudoTerm
     return applied || pseudoTerminal ? std::string() : lineRefusal(line);
 }
 
-bool Qt_Serial_Port::changeLine(const Line_Settings& line) {
-    if (!port_->isOpen()) return false;
+Line_Change Qt_Serial_Port::changeLine(const Line_Settings& line) {
+    if (!port_->isOpen()) return Line_Change::Refused;
     const Flag_Scope call(inCall_);
-    return applyLine(line, isPseudoTerminal(name_)).empty();
+    return applyLine(line, isPseudoTerminal(name_)).empty() ? Line_Change::Done : Line_Change::Refused;
 }
 
 void Qt_Serial_Port::applyRts(const Port_Settings& settings, Port_Opening& opening) {

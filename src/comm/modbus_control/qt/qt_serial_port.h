@@ -19,7 +19,7 @@ class Qt_Serial_Port final : public Byte_Port {
 
     void setListener(Byte_Port_Listener* listener) override { listener_ = listener; }
     [[nodiscard]] Port_Opening open(const std::string& name, const Port_Settings& settings) override;
-    [[nodiscard]] bool changeLine(const Line_Settings& line) override;
+    [[nodiscard]] Line_Change changeLine(const Line_Settings& line) override;
     void close() override;
     [[nodiscard]] bool isOpen() const override;
     [[nodiscard]] bool write(Byte_View bytes) override;

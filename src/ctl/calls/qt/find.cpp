@@ -6,6 +6,7 @@
 #include "ctl/document/notices.h"
 #include "ctl/line/port_arguments.h"
 #include "ctl/survey/find_report.h"
+#include "ctl/survey/number_complaints.h"
 #include "ctl/text/status_line.h"
 #include "ctl/text/terminal.h"
 
@@ -27,7 +28,11 @@ std::string unitsComplaint(const std::string& text) {
 class Find_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
-        arguments.add_option("--port", port_, "Serial port: a name such as ttyUSB0, or a path")->required();
+        arguments
+            .add_option("--port", port_,
+                        "Port: a name such as ttyUSB0, a path, or tcp:HOST:PORT, rtu+tcp:HOST:PORT, "
+                        "rfc2217:HOST:PORT")
+            ->required();
         arguments
             .add_option("--template", templates_,
                         "A template (.ZTP) whose controllers are looked for; may be given more than once")
@@ -42,7 +47,8 @@ class Find_Subcommand : public Subcommand {
             ->check(lineComplaint, "LINE");
         arguments
             .add_option("--listen", seconds_, "Seconds to listen before the first request (default 1.5)")
-            ->check(CLI::Range(0.0, 3600.0));
+            ->type_name("SECONDS")
+            ->check([](const std::string& text) { return secondsComplaint(text, 3600); }, "");
         arguments.add_option("--rts", rts_, "What switches an RS-485 driver to sending (default none)")
             ->check(rtsComplaint, "none|rts|rs485");
     }

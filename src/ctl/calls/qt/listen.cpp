@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "comm/modbus_control/line/network_port.h"
 #include "comm/modbus_control/qt/qt_link_clock.h"
 #include "ctl/calls/qt/port_calls.h"
 #include "ctl/calls/qt/stop_signals.h"
@@ -6,6 +7,7 @@
 #include "ctl/line/port_arguments.h"
 #include "ctl/survey/capture_file.h"
 #include "ctl/survey/listen_report.h"
+#include "ctl/survey/number_complaints.h"
 #include "survey/qt/qt_listening_port.h"
 
 #include <QDateTime>
@@ -34,10 +36,11 @@ class Listen_Subcommand : public Subcommand {
                         "Baud, parity, data bits, stop bits (default the template's, or 9600,n,8,1)")
             ->check(lineComplaint, "LINE");
         arguments.add_option("--seconds", seconds_, "End after so many seconds (default: at Ctrl+C)")
-            ->check(CLI::Range(0.0, 1e9));
+            ->type_name("SECONDS")
+            ->check([](const std::string& text) { return secondsComplaint(text, 1000000000); }, "");
         arguments.add_option("--frames", frames_, "End after so many frames")
             ->type_name("N")
-            ->check(CLI::PositiveNumber);
+            ->check(framesComplaint, "");
         arguments.add_option("--out", out_, "Write the frames to a file for Wireshark and tshark (pcapng)")
             ->type_name("FILE");
     }
@@ -49,6 +52,13 @@ class Listen_Subcommand : public Subcommand {
         if (const std::string wrong = settingsFault(settings); !wrong.empty()) {
             tell(context.err, wrong);
             return Exit_Usage;
+        }
+        if (onNetwork(port_)) {
+            tell(context.err,
+                 "The port " + printablePath(port_) +
+                     ": only a serial port can be listened to, since a connection over a network "
+                     "brings the answers to its own requests alone. Name a serial port.");
+            return failed(context);
         }
         auto templates = readKnownTemplates(context, templates_);
         if (!templates) return failed(context);

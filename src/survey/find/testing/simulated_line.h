@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "comm/modbus_control/frame/mbap_frame.h"
 #include "comm/modbus_control/line/byte_port.h"
+#include "comm/modbus_control/line/network_port.h"
 #include "comm/modbus_control/testing/hand_clock.h"
 #include "comm/modbus_control/testing/toy_slave.h"
 
@@ -48,32 +50,47 @@ class Simulated_Line final : public Byte_Port {
     double noise = 0;    ///< bytes a second that nobody sent
     bool opens = true;
     std::uint8_t gateway = 0; ///< the exception for units that aren't there; 0: silence
+    Micros network = 0;       ///< a way over a network takes so long; opening then goes on
+    int refusedBaud = 0;      ///< that a server on the network doesn't take
+    Micros gatewayDelay = 5 * microsPerMs;
+    int opened = 0; ///< so often
 
     std::vector<Byte_Array> written;      ///< all that was sent
     std::vector<Line_Settings> linesUsed; ///< in order
 
     void setListener(Byte_Port_Listener* listener) override { listener_ = listener; }
     Port_Opening open(const std::string& name, const Port_Settings& settings) override {
-        if (!opens) return {false, "No such port: " + name, {}};
+        numbered_ = framingOf(name).numbersRequests();
+        ++opened;
+        if (!opens && network == 0) return {false, "No such port: " + name, {}};
+        begin();
+        if (network > 0) return goOn(settings.line);
         open_ = true;
         use(settings.line);
-        if (std::exchange(begun_, true)) return {true, {}, {}};
-        for (const Line_Master& master : masters)
-            clock_.in(master.firstAt, [this, master] { masterAsks(master); });
-        if (noise > 0) planNoise();
         return {true, {}, {}};
     }
-    bool changeLine(const Line_Settings& line) override {
+    Line_Change changeLine(const Line_Settings& line) override {
+        if (network > 0) {
+            static_cast<void>(goOn(line));
+            return Line_Change::GoesOn;
+        }
         use(line);
-        return true;
+        return Line_Change::Done;
     }
-    void close() override { open_ = false; }
+    void close() override {
+        open_ = false;
+        ++closings_;
+    }
     [[nodiscard]] bool isOpen() const override { return open_; }
     void setRts(bool /*on*/) override {}
     Byte_Array discardInput() override { return {}; }
 
     bool write(Byte_View bytes) override {
         written.emplace_back(bytes.begin(), bytes.end());
+        if (numbered_) {
+            answerNumbered(bytes);
+            return true;
+        }
         const Byte_Array request = written.back();
         const Micros begin = clock_.now();
         const Micros end = begin + wireTime(ours_, request.size());
@@ -97,6 +114,52 @@ class Simulated_Line final : public Byte_Port {
     }
 
   private:
+    void begin() {
+        if (std::exchange(begun_, true)) return;
+        for (const Line_Master& master : masters)
+            clock_.in(master.firstAt, [this, master] { masterAsks(master); });
+        if (noise > 0) planNoise();
+    }
+
+    /// The end of an opening comes over the network, unless the port is closed before.
+    Port_Opening goOn(const Line_Settings& line) {
+        open_ = false;
+        clock_.in(network, [this, line, closings = closings_] {
+            if (closings != closings_ || listener_ == nullptr) return;
+            const bool refused = line.baud == refusedBaud;
+            open_ = opens && !refused;
+            if (open_) use(line);
+            const std::string reason = !opens ? "Refused." : refused ? "The server has no such rate." : "";
+            listener_->openingEnded({open_, reason, {}, false, opens && refused});
+        });
+        return {false, {}, {}, true};
+    }
+
+    /// Frames of Modbus TCP: a server, or a gateway that knows its units.
+    void answerNumbered(Byte_View frame) {
+        const Byte_Array request(frame.begin() + mbapHead, frame.end());
+        const auto send = [&](Byte_Array body, Micros delay) {
+            Byte_Array answer = {frame[0], frame[1], 0, 0, 0, static_cast<std::uint8_t>(body.size())};
+            answer.insert(answer.end(), body.begin(), body.end());
+            clock_.in(network + behindOthers(delay), [this, answer] {
+                if (open_ && listener_ != nullptr) listener_->bytesArrived(answer);
+            });
+        };
+        for (Line_Controller& controller : controllers) {
+            if (controller.unit != request[0]) continue;
+            Byte_Array body = answerOf(controller, request);
+            if (body.empty()) return;
+            body.resize(body.size() - 2);
+            return send(std::move(body), between(controller.shortestDelay, controller.longestDelay));
+        }
+        if (gateway != 0) send({request[0], 0x83, gateway}, gatewayDelay);
+    }
+    /// It asks its line for one after the other.
+    [[nodiscard]] Micros behindOthers(Micros delay) {
+        gatewayFreeAt_ = std::max(gatewayFreeAt_, clock_.now()) + delay;
+        return gatewayFreeAt_ - clock_.now();
+    }
+
     struct Transmission {
         Micros begin;
         Micros end;
@@ -183,6 +246,9 @@ class Simulated_Line final : public Byte_Port {
     Byte_Port_Listener* listener_ = nullptr;
     bool open_ = false;
     bool begun_ = false;
+    bool numbered_ = false;
+    int closings_ = 0;
+    Micros gatewayFreeAt_ = 0;
     std::vector<std::shared_ptr<Transmission>> passing_;
 };
 
