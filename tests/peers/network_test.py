@@ -160,6 +160,25 @@ class NetworkTest(unittest.TestCase):
     def test_rfc_2217_with_ser2net(self):
         self.goes_both_ways("rfc2217:" + self.ser2net("telnet(rfc2217),tcp"))
 
+    def find(self, port, *options):
+        """The units that are found, with their settings."""
+        run = subprocess.run([os.path.join(self.programs, "zorvanectl"), "find", "--port", port, "--listen", "0.2", "--json",
+                              *options], capture_output=True, text=True, timeout=60, check=False)
+        self.assertEqual(run.returncode, 0, run.stderr)
+        return [(each["unit"], each["settings"]) for each in json.loads(run.stdout)["found"]]
+
+    def test_units_are_found_at_pymodbus(self):
+        held = self.file("held.json", json.dumps(REGISTERS))
+        port = self.ready_at("/usr/bin/python3", os.path.join(HERE, "pymodbus_tcp_slave.py"), "--registers", held)
+        self.assertIn((1, None), self.find(port, "--units", "1-3"))
+
+    def test_units_are_found_behind_ser2net(self):
+        self.assertEqual(self.find("rtu+tcp:" + self.ser2net("tcp"), "--units", "1-5"), [(1, None)])
+
+    def test_units_and_settings_are_found_by_rfc_2217(self):
+        port = "rfc2217:" + self.ser2net("telnet(rfc2217),tcp")
+        self.assertEqual(self.find(port, "--units", "1-5", "--settings", "38400,e,8,1"), [(1, "38400,e,8,1")])
+
     def test_a_server_that_refuses_rfc_2217_is_named(self):
         server = self.ser2net("telnet,tcp")
         run = self.ctl("rfc2217:" + server, "upload")

@@ -11,7 +11,7 @@ using namespace survey::testing;
 using zorvane::testing::Hand_Clock;
 using zorvane::testing::withCrc;
 
-/// A line behind a server on a network.
+/// A line that a server on a network hands out.
 struct Network_Rig {
     explicit Network_Rig(const char* port, int lastUnit = 20) {
         line.network = 3 * ms;
