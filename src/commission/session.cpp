@@ -209,7 +209,7 @@ Session_End Session::send(const Plan& plan, const Controller_Look& look) {
     if (!plan.unread.empty()) {
         end.step = Step::Cant_Tell;
         end.why = "Nothing is sent, since these registers couldn't be read and a write needs them: " +
-                  rangeText(plan.unread) + ". Leave their values out by naming others with --only.";
+                  rangeText(plan.unread) + ". Leave their values out; on a terminal --only names others.";
         return end;
     }
     if (plan.writes.empty()) {
@@ -264,6 +264,12 @@ Session_End Session::resume(const std::string& name, const Kept_Run& run, const 
     return perform({*writes, plannedCells(*writes, document_.document), run.paper.before,
                     presentOf(*writes, look.registers), further.done},
                    *opened.folder, look);
+}
+
+Further_Writes Session::continuation(const Kept_Run& run, const Controller_Look& look) const {
+    const auto writes = completed(run.paper);
+    if (!writes) return {};
+    return furtherWrites(run, *writes, look.registers, document_.section);
 }
 
 Further_Writes Session::restoration(const Kept_Run& run, const Controller_Look& look) const {

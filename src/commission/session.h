@@ -109,7 +109,9 @@ class Session {
     /// Puts back what was there before a run, as a run of its own.
     [[nodiscard]] Session_End restore(const std::string& name, const Kept_Run& run,
                                       const Controller_Look& look);
-    /// The registers that a restoration can't put back, listed before it begins.
+    /// The writes with which a run would go on.
+    [[nodiscard]] Further_Writes continuation(const Kept_Run& run, const Controller_Look& look) const;
+    /// The writes of a restoration, and what it can't put back.
     [[nodiscard]] Further_Writes restoration(const Kept_Run& run, const Controller_Look& look) const;
 
     [[nodiscard]] const Session_Document& document() const { return document_; }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace zorvane::commission {
 
@@ -23,6 +24,21 @@ std::optional<Cell_Pattern> parsePattern(std::string_view text) {
     return Cell_Pattern{numbers[0], numbers[1], numbers[2]};
 }
 
+Chosen_Cells Chosen_Cells::allByName() {
+    Chosen_Cells all;
+    all.byName_ = true;
+    return all;
+}
+
+Chosen_Cells Chosen_Cells::these(const std::vector<Cell_Place>& places) {
+    constexpr std::int32_t nowhere = -1;
+    std::vector<Cell_Pattern> patterns;
+    for (const Cell_Place& place : places)
+        patterns.push_back({place.field, place.row, place.column});
+    if (patterns.empty()) patterns.push_back({nowhere, nowhere, nowhere});
+    return Chosen_Cells(std::move(patterns));
+}
+
 bool Chosen_Cells::holds(const Cell_Place& place) const noexcept {
     return patterns_.empty() ||
            std::any_of(patterns_.begin(), patterns_.end(),
@@ -30,8 +46,9 @@ bool Chosen_Cells::holds(const Cell_Place& place) const noexcept {
 }
 
 bool Chosen_Cells::names(const Cell_Place& place) const noexcept {
-    return std::any_of(patterns_.begin(), patterns_.end(),
-                       [&](const Cell_Pattern& pattern) { return pattern.row != 0 && pattern.holds(place); });
+    return byName_ || std::any_of(patterns_.begin(), patterns_.end(), [&](const Cell_Pattern& pattern) {
+               return pattern.row != 0 && pattern.holds(place);
+           });
 }
 
 } // namespace zorvane::commission

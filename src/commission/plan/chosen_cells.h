@@ -33,6 +33,10 @@ class Chosen_Cells {
     Chosen_Cells() = default;
     /// Those of the patterns; all when there is none.
     explicit Chosen_Cells(std::vector<Cell_Pattern> patterns) : patterns_(std::move(patterns)) {}
+    /// Each of them by its name.
+    [[nodiscard]] static Chosen_Cells allByName();
+    /// Just these, each by its name; none at all where there is none.
+    [[nodiscard]] static Chosen_Cells these(const std::vector<Cell_Place>& places);
 
     [[nodiscard]] bool holds(const Cell_Place& place) const noexcept;
     /// Whether the cell is chosen by its own row, or closer. What needs a special wish (a value outside its
@@ -42,6 +46,7 @@ class Chosen_Cells {
 
   private:
     std::vector<Cell_Pattern> patterns_;
+    bool byName_ = false; ///< all of them
 };
 
 } // namespace zorvane::commission

@@ -66,7 +66,7 @@ class Toy_Controller final : public Unit_Writer {
     [[nodiscard]] bool openAgain() override { return open_ = true; }
     void pause(Micros span) override { now_ += span; }
     [[nodiscard]] Micros now() const override { return now_; }
-    [[nodiscard]] bool cancelled() const override { return false; }
+    [[nodiscard]] bool cancelled() const override { return isCancelled && isCancelled(); }
 
     /// Strikes at the request with this number, counted from 0 over all.
     void strikeAt(std::size_t request, Strike strike) {
@@ -85,6 +85,8 @@ class Toy_Controller final : public Unit_Writer {
     std::set<std::int32_t> unreadable;
     std::set<std::int32_t> refusing;
     std::function<std::uint16_t(std::int32_t, std::uint16_t)> onStore; ///< what it keeps; may be empty
+    std::function<bool()> isCancelled;                                 ///< may be empty
+    std::function<void()> onRequest; ///< while one is under way; may be empty
     std::set<std::int32_t> units{1};
     Line_Settings settings;
     int writes = 0;
@@ -96,6 +98,7 @@ class Toy_Controller final : public Unit_Writer {
 
     Unit_Answer begin(std::int32_t unit) {
         now_ += 10 * microsPerMs;
+        if (onRequest) onRequest();
         struck_ = requests_++ == strikeAt_ ? strike_ : Strike::None;
         if (struck_ == Strike::Kill_Before) throw Killed{};
         if (struck_ == Strike::Exchange) exchanged_ = true;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "commission/desk/session_parts.h"
+#include "commission/folder/serial_memory.h"
 #include "ctl/calls/qt/commission/commission_calls.h"
 #include "ctl/calls/qt/commission/only_argument.h"
-#include "ctl/calls/qt/commission/serial_memory.h"
 #include "ctl/calls/qt/commission/session_call.h"
 #include "ctl/document/notices.h"
 #include "ctl/text/terminal.h"
@@ -31,17 +32,6 @@ Session_End ended(const Controller_Look& look) {
     end.identity = look.identity;
     end.requests.reads = look.requests;
     return end;
-}
-
-bool sameName(const std::string& a, const std::string& b) {
-    return !a.empty() && upperCase(a) == upperCase(b);
-}
-
-/// The model that stands in a look's evidence, as far as one does.
-bool isFoundModel(const compare::Identity& identity, const std::string& model) {
-    for (const compare::Evidence& each : identity.evidence)
-        if (sameName(each.found, model)) return true;
-    return sameName(identity.model, model);
 }
 
 class Send_Subcommand : public Subcommand {
@@ -106,7 +96,7 @@ class Send_Subcommand : public Subcommand {
             if (!paper) return end;
         }
         Controller_Look look = work.session.look();
-        if (look.step == Step::Wrong_Controller && isFoundModel(look.identity, although_)) {
+        if (look.step == Step::Wrong_Controller && commission::isFoundModel(look.identity, although_)) {
             work.session.allow(although_);
             look.step = Step::Good;
             look.why.clear();
@@ -140,35 +130,36 @@ class Send_Subcommand : public Subcommand {
         }
         work.line.beginSending();
         end = work.session.send(plan, look);
-        if (!end.run.empty() && look.identity.serial)
-            rememberSerial(work.context, serialKey(work), toUtf8(*look.identity.serial));
+        if (!end.run.empty() && look.identity.serial) {
+            commission::Native_Serials serials(work.context.stateFolder);
+            const std::string why = serials.remember(serialKey(work), toUtf8(*look.identity.serial));
+            if (!why.empty()) tell(work.context.err, why);
+        }
         return end;
     }
 
     /// The cells of the kept plan, by name; those of `--only` where it is given too.
     [[nodiscard]] Chosen_Cells cellsOf(const Plan_Paper& paper) const {
-        std::vector<commission::Cell_Pattern> patterns;
+        std::vector<Cell_Place> places;
         const Chosen_Cells only = only_.cells();
         for (const Plan_Write& write : paper.writes)
             for (const Cell_Place& place : write.cells)
-                if (only.holds(place)) patterns.push_back({place.field, place.row, place.column});
-        if (patterns.empty()) patterns.push_back({-1, -1, -1}); // a plan without writes chooses nothing
-        return Chosen_Cells(std::move(patterns));
+                if (only.holds(place)) places.push_back(place);
+        return Chosen_Cells::these(places);
     }
 
     [[nodiscard]] static std::string serialKey(const Session_Work& work) {
         const commission::Session_Document& document = work.session.document();
-        return document.documentFile.path + " " + document.port + " " + std::to_string(document.unit);
+        return commission::serialKey(document.documentFile.path, document.port, document.unit);
     }
 
     /// Why the serial number stops the send; empty when it doesn't.
     [[nodiscard]] std::string anotherSerial(Session_Work& work, const Controller_Look& look) const {
         if (althoughSerial_ || !look.identity.serial) return {};
-        const auto known = knownSerial(work.context, serialKey(work));
-        const std::string found = toUtf8(*look.identity.serial);
-        if (!known || *known == found) return {};
-        const std::string why = "Another controller answers: its serial number is \"" + found +
-                                "\", and the last one's was \"" + *known + "\".";
+        const commission::Native_Serials serials(work.context.stateFolder);
+        const std::string why = commission::anotherSerial(serials.known(serialKey(work)).value_or(""),
+                                                          toUtf8(*look.identity.serial));
+        if (why.empty()) return {};
         const bool asks = standardInputIsTerminal() && !yes_ && planPath_.empty();
         if (asks &&
             work.line.confirm(work.context, why + " Send to this one?", look.identity.unit, watched(work)))

@@ -1,17 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/calls/qt/commission/session_call.h"
 
-#include "cells/cell_reading.h"
+#include "commission/desk/desk_words.h"
+#include "commission/desk/session_parts.h"
 #include "commission/folder/digests.h"
 #include "ctl/document/notices.h"
-#include "ctl/document/rehearsal.h"
 #include "ctl/text/text_table.h"
-#include "grids/rules/value_findings.h"
-#include "recovery/recovery.h"
 #include "template/services/file_names.h"
 #include "template/services/native_files.h"
 #include "values/code_page.h"
-#include "values/numbers.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -27,54 +24,8 @@ using commission::Session_End;
 using commission::Step;
 using commission::Value_State;
 
-std::map<Cell_Place, std::string> strayReasons(const Declara_Zorvane& document) {
-    std::map<Cell_Place, std::string> reasons;
-    for (const Stray_Value& stray : strayValues(document))
-        reasons.emplace(stray.place, stray.outside ? "its value " + stray.text + " is outside its limits"
-                                                   : "its list has no " + stray.text);
-    return reasons;
-}
-
-/// A text's registers stay together.
-void keepTextsTogether(const Declara_Zorvane& document, Unit_Exchanges& line) {
-    for (std::int32_t field = 1; field <= document.Field_Count; ++field) {
-        const Cell_Table& cells = document.Fields(field).Cells;
-        for (std::int32_t row = 1; cells.dimensioned() && row <= cells.rows(); ++row)
-            for (std::int32_t column = 1; column <= cells.lastWrittenColumn(row); ++column) {
-                const Cell_Rec& cell = cells(row, column);
-                if (cell.Is_Ascii_Range && isNumeric(cell.Address) && isNumeric(cell.Address_End))
-                    line.keepTogether(longValue(cell.Address), longValue(cell.Address_End));
-            }
-    }
-}
-
-/// The document with what the controller has, where it was read.
-std::string controllerText(const Call_Context& context, const Document_Arguments& files,
-                           const Declara_Zorvane& own, const compare::Controller_Registers& registers) {
-    Opened_Document copy = files.openQuietly(context);
-    (void)applyRegisters(copy.document, registers.values());
-    for (std::int32_t f = 1; f <= copy.document.Field_Count; ++f) {
-        Cell_Table& cells = copy.document.Fields(f).Cells;
-        for (std::int32_t row = 1; cells.dimensioned() && row <= cells.rows(); ++row)
-            for (std::int32_t column = 1; column <= cells.lastWrittenColumn(row); ++column) {
-                const auto range =
-                    cellRegisters(std::as_const(cells)(0, column), std::as_const(cells)(row, column));
-                if (range && !registers.holds(*range))
-                    cells(row, column).Value = own.Fields(f).Cells(row, column).Value;
-            }
-    }
-    return recoveryText(copy.document);
-}
-
 std::string stemOf(const Opened_Document& opened) {
     return upperCase(splitName(splitPath(opened.ztp.path).name).first);
-}
-
-/// "stored otherwise"
-std::string spoken(Value_State state) {
-    std::string word(commission::valueStateWord(state));
-    std::replace(word.begin(), word.end(), '_', ' ');
-    return word;
 }
 
 /// The numbers of a value's registers, "?" for one that isn't known.
@@ -93,16 +44,11 @@ void printForPeople(const Call_Context& context, const Session_End& end) {
         if (row.state == Value_State::Verified) continue;
         some = true;
         table.add({std::to_string(row.place.field), std::to_string(row.place.row),
-                   std::to_string(row.place.column), printable(row.address), spoken(row.state),
+                   std::to_string(row.place.column), printable(row.address), commission::stateName(row.state),
                    spoken(row.before), spoken(row.sent), spoken(row.readBack), printable(row.answer)});
     }
     if (some) table.print(context.out, 0);
-    const auto& counts = end.report.counts;
-    context.out << counts.of(Value_State::Verified) << " of " << counts.rows() << " values verified";
-    for (const Value_State state :
-         {Value_State::Refused, Value_State::Stored_Otherwise, Value_State::Unknown, Value_State::Not_Sent})
-        if (counts.of(state) > 0) context.out << ", " << counts.of(state) << ' ' << spoken(state);
-    context.out << ".\n";
+    context.out << commission::countsText(end.report.counts) << "\n";
     if (!end.run.empty()) context.out << "Run " << end.run << "\n";
 }
 
@@ -148,7 +94,7 @@ Session_Document Session_Opener::documentOf(const Opened_Document& opened,
                               {},
                               3,
                               "zorvanectl",
-                              strayReasons(opened.document)};
+                              commission::strayReasons(opened.document)};
     if (opened.configuration) document.documentFile = namedFile(context_, opened.configuration->path);
     document.controllerFileName = "controller." + toUtf8(stemOf(opened));
     document.port = settings_.port;
@@ -171,7 +117,7 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
     };
     if (!opened.readToTheEnd()) return fail({});
     const Identity_Section section = readIdentity(context_.files.bytes(opened.ztp.path).value_or(""));
-    keepTextsTogether(opened.document, line.exchanges());
+    commission::keepTextsTogether(opened.document, line.exchanges());
     if (const std::string why = line.open(context_); !why.empty()) return fail(why);
     commission::Native_Runs runs(runsFolder(context_));
     const commission::System_Wall_Clock clock;
@@ -181,7 +127,7 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
                      [&] { return line.stopAsked(); },
                      {},
                      [&](const compare::Controller_Registers& registers) {
-                         return controllerText(context_, files_, opened.document, registers);
+                         return commission::controllerFile(opened.document, registers);
                      }},
                     documentOf(opened, section));
     Session_Work session_work{context_, opened, section, line, runs, session};
