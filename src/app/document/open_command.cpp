@@ -100,8 +100,9 @@ void showFields(const App_Context& app) {
 
 void nameDocument(const App_Context& app, const File_To_Open& opening) {
     Declara_Zorvane& document = app.document();
-    takeName(document, opening.recoveredName.value_or(opening.path));
-    document.No_Place = opening.recoveredName.has_value();
+    const std::optional<std::string>& other = opening.newName ? opening.newName : opening.recoveredName;
+    takeName(document, other.value_or(opening.path));
+    document.No_Place = other.has_value();
 }
 
 /// Rewrites a file of the older generation and reads the result over the model that the first reading left.
@@ -122,13 +123,14 @@ Reading_End updateDocument(const App_Context& app, bool& ok) {
 /// written by this generation.
 Reading_End readDocument(const App_Context& app, const File_To_Open& opening, bool& ok) {
     Declara_Zorvane& document = app.document();
-    Reading_End end = readConfiguration(app, opening.path, ok);
+    const bool templateOnly = opening.newName && !app.files.exists(opening.path);
+    Reading_End end = templateOnly ? Reading_End{opening.path, true, 0, {}, false} : readConfiguration(app, opening.path, ok);
     if (ok) {
         PRO_Titulo_Limpio(document, app.form(), app.mainForm);
         app.mainForm.setPanel(Panel::Message, "");
         return end;
     }
-    if (opening.recoveredName || lastExtension(opening.path).find("KVRT") == std::string::npos) {
+    if (opening.recoveredName || opening.newName || lastExtension(opening.path).find("KVRT") == std::string::npos) {
         app.mainForm.setPanel(Panel::Message, "This file fit on the template.");
         return end;
     }

@@ -15,6 +15,9 @@ struct File_To_Open {
     bool readOnly = false;
     std::vector<std::string> items; ///< the file types that were on offer, for remembering the chosen one
     std::optional<std::string> recoveredName; ///< of a recovery copy: the name that the document itself had
+    /// Of a new document: its name until it is saved. `path` is the model's factory file, which need not be
+    /// there.
+    std::optional<std::string> newName{};
 };
 
 /// The Open command from the chosen file on. False when the user kept the document at hand; its model is

@@ -25,6 +25,8 @@ class Memory_Files : public Files {
 
     /// Puts a file, and its folder, as they stand.
     void put(const std::string& path, std::string text);
+    /// Somebody removes a file, by its exact path.
+    void remove(const std::string& path) { files_.erase(path); }
     void addFolder(const std::string& folder) { folders_.insert(folder); }
     /// The text of a file by its exact path; nothing when there is none.
     [[nodiscard]] std::optional<std::string> text(const std::string& path) const;

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "app/files/file_watch.h"
+
+#include "app/files/document_place.h"
+
+namespace zorvane::app {
+
+namespace {
+
+const std::string changedTopic = "changed on disk";
+
+} // namespace
+
+void File_Watch::settle() {
+    path_ = documentPlace(app_);
+    settled_ = path_ ? app_.files.bytes(*path_) : std::nullopt;
+    seen_ = settled_;
+    app_.mainForm.messageBar().withdraw(changedTopic);
+}
+
+void File_Watch::look(const Changed_File_Offers& offers) {
+    if (!path_) return;
+    const std::optional<std::string> now = app_.files.bytes(*path_);
+    if (now == seen_) return;
+    seen_ = now;
+    if (now == settled_) return app_.mainForm.messageBar().withdraw(changedTopic);
+    const std::string at = " at " + app_.mainForm.timeOfDay() + ".";
+    if (now)
+        tell(*path_ + " was changed on disk by another program" + at +
+                 " The window shows what it held before, and Save would write over it.",
+             offers);
+    else
+        tell(*path_ + " is no longer on disk, or can't be read any more: seen" + at +
+                 " Save would write it again from what the window shows.",
+             {});
+}
+
+void File_Watch::tell(const std::string& text, const Changed_File_Offers& offers) {
+    std::vector<Bar_Button> buttons;
+    if (offers.compare) buttons.push_back({"Compare", offers.compare});
+    if (offers.reload) buttons.push_back({"Reload", offers.reload});
+    app_.mainForm.messageBar().tell({changedTopic, Bar_Kind::Warning, text, std::move(buttons), true});
+}
+
+} // namespace zorvane::app
