@@ -124,13 +124,15 @@ Reading_End updateDocument(const App_Context& app, bool& ok) {
 Reading_End readDocument(const App_Context& app, const File_To_Open& opening, bool& ok) {
     Declara_Zorvane& document = app.document();
     const bool templateOnly = opening.newName && !app.files.exists(opening.path);
-    Reading_End end = templateOnly ? Reading_End{opening.path, true, 0, {}, false} : readConfiguration(app, opening.path, ok);
+    Reading_End end = templateOnly ? Reading_End{opening.path, true, 0, {}, false}
+                                   : readConfiguration(app, opening.path, ok);
     if (ok) {
         PRO_Titulo_Limpio(document, app.form(), app.mainForm);
         app.mainForm.setPanel(Panel::Message, "");
         return end;
     }
-    if (opening.recoveredName || opening.newName || lastExtension(opening.path).find("KVRT") == std::string::npos) {
+    if (opening.recoveredName || opening.newName ||
+        lastExtension(opening.path).find("KVRT") == std::string::npos) {
         app.mainForm.setPanel(Panel::Message, "This file fit on the template.");
         return end;
     }
