@@ -2,7 +2,7 @@
 // One refresh of the lower grid while online: a field of 1,000 rows, every polled value another one than
 // before, from the register image to the painted screen.
 
-#include "app/window/window_grids.h"
+#include "app/window/form/window_grids.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "comm/transfer/registers_to_cells.h"
 #include "ctl/document/held_form.h"

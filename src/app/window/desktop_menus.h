@@ -3,7 +3,7 @@
 
 #include "app/help.h"
 #include "app/tray.h"
-#include "app/window/form_commands.h"
+#include "app/window/form/menu_context.h"
 #include "ui/forms/font_dialog.h"
 
 #include <QPointer>

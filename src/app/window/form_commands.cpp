@@ -59,10 +59,6 @@ void openDropped(const Menu_Context& menu, const QString& file) {
 
 } // namespace
 
-void Menu_Context::onChosen(const QString& entry, const std::function<void()>& handler) const {
-    window().menu().onChosen(entry, [&edge = edge, handler] { edge.run(handler); });
-}
-
 void connectDocumentCommands(const Menu_Context& menu) {
     menu.onChosen("MNU_Open", [menu] { openAnother(menu, [&] { MNU_Open_Click(menu.app); }); });
     menu.onChosen("MNU_Close", [menu] {

@@ -5,6 +5,7 @@
 #include "app/document/recovery_keeper.h"
 #include "app/form/port_store.h"
 #include "app/form_life.h"
+#include "app/window/form_commands.h"
 #include "app/window/grid_events.h"
 #include "app/window/message_bar_buttons.h"
 #include "comm/main_form/monitor.h"

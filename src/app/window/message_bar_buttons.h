@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/window/window_form.h"
+#include "app/window/form/window_form.h"
 
 namespace zorvane::app {
 

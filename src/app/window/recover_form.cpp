@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/window/recover_form.h"
 
-#include "app/window/window_form.h"
+#include "app/window/form/window_form.h"
 #include "template/services/asker.h"
 #include "ui/base/text.h"
 

@@ -4,8 +4,8 @@
 #include "app/desktop/busy_run.h"
 #include "app/print_commands.h"
 #include "app/print_log_command.h"
-#include "app/window/form_commands.h"
-#include "app/window/window_dialog.h"
+#include "app/window/form/menu_context.h"
+#include "app/window/form/window_dialog.h"
 #include "reports/qt/qt_page_exporters.h"
 #include "reports/qt/qt_report_fonts.h"
 

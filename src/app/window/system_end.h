@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/form/app_context.h"
-#include "app/window/window_form.h"
+#include "app/window/form/window_form.h"
 
 #include <QElapsedTimer>
 #include <QTimer>

@@ -3,8 +3,8 @@
 
 #include "app/desktop/qt_settings_store.h"
 #include "app/desktop/qt_text_widths.h"
-#include "app/window/form_timers.h"
-#include "app/window/window_form.h"
+#include "app/window/form/form_timers.h"
+#include "app/window/form/window_form.h"
 #include "template/services/native_files.h"
 #include "template/testing/temporary_folder.h"
 

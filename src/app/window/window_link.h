@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/window/form_commands.h"
+#include "app/window/form/menu_context.h"
 #include "comm/modbus_control/qt/qt_link.h"
 #include "comm/modbus_control/qt/qt_simulator.h"
 #include "ui/forms/transfer_status_window.h"

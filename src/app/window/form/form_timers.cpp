@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/window/form_timers.h"
+#include "app/window/form/form_timers.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/window/window_dialog.h"
+#include "app/window/form/window_dialog.h"
 
 #include "template/services/native_files.h"
 #include "ui/base/dialog_filter.h"

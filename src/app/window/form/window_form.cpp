@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/window/window_form.h"
+#include "app/window/form/window_form.h"
 
 #include "template/services/native_files.h"
 #include "ui/base/text.h"

@@ -3,10 +3,10 @@
 
 #include "app/desktop/event_edge.h"
 #include "app/form/document_form.h"
-#include "app/window/form_timers.h"
-#include "app/window/window_dialog.h"
-#include "app/window/window_grids.h"
-#include "app/window/window_progress.h"
+#include "app/window/form/form_timers.h"
+#include "app/window/form/window_dialog.h"
+#include "app/window/form/window_grids.h"
+#include "app/window/form/window_progress.h"
 #include "commission/plan/chosen_cells.h"
 #include "ui/main/main_window.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/window/window_progress.h"
+#include "app/window/form/window_progress.h"
 
 #include "ui/base/text.h"
 
