@@ -73,6 +73,11 @@ def check_simulator(programs, pages):
     return wrong
 
 
+def check_open(programs, pages):
+    page, told = read(pages, "zorvane-open"), help_of(programs, "zorvane-open")
+    return differences("zorvane-open", options_of_page(page), options_of_help(told))
+
+
 def check_terminal(programs, pages):
     page, told = read(pages, "zorvanectl"), help_of(programs, "zorvanectl")
     parts, calls = sections(page, "SH"), sections(page, "SS")
@@ -87,7 +92,7 @@ def check_terminal(programs, pages):
 
 
 def main(programs, pages):
-    wrong = check_simulator(programs, pages) + check_terminal(programs, pages)
+    wrong = check_open(programs, pages) + check_simulator(programs, pages) + check_terminal(programs, pages)
     if options_of_page(read(pages, "zorvane")):
         wrong.append("zorvane takes no argument, but its page has options")
     print("\n".join(wrong) or "The pages and the programs agree.")

@@ -18,6 +18,12 @@ void File_Watch::settle() {
     app_.mainForm.messageBar().withdraw(changedTopic);
 }
 
+void File_Watch::saved() {
+    const auto place = documentPlace(app_);
+    if (place == path_ && (!place || app_.files.bytes(*place) == seen_)) return;
+    settle();
+}
+
 void File_Watch::look(const Changed_File_Offers& offers) {
     if (!path_) return;
     const std::optional<std::string> now = app_.files.bytes(*path_);

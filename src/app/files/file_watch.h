@@ -22,6 +22,9 @@ class File_Watch {
 
     /// What the file holds now is what the document was read from or written to.
     void settle();
+    /// A save has ended: what it wrote is what the document holds. One that wrote nothing leaves all as it
+    /// was.
+    void saved();
     /// Looks at the file: a line of the bar says that it holds something else than the program knows of, or
     /// is gone. What was told isn't told again, and the line goes once the file is as it was.
     void look(const Changed_File_Offers& offers);

@@ -74,9 +74,30 @@ TEST_F(FileWatch, SaysThatTheFileIsGone) {
 TEST_F(FileWatch, ASaveOfOurOwnIsNoChange) {
     edit(1, "42");
     MNU_Save_Click(app);
-    watch.settle();
+    watch.saved();
     look();
     EXPECT_EQ(line(), nullptr);
+}
+
+TEST_F(FileWatch, ASaveAsThatWasCancelledLeavesTheLine) {
+    files.put("/home/site7.abc", smallDocument("11", "20"));
+    look();
+    ASSERT_NE(line(), nullptr);
+    MNU_Saveas_Click(app);
+    watch.saved();
+    EXPECT_NE(line(), nullptr);
+}
+
+TEST_F(FileWatch, AfterSaveAsTheNewFileIsWatched) {
+    choose("/home/site8.abc");
+    MNU_Saveas_Click(app);
+    watch.saved();
+    files.put("/home/site7.abc", smallDocument("11", "20"));
+    look();
+    EXPECT_EQ(line(), nullptr);
+    files.put("/home/site8.abc", smallDocument("11", "20"));
+    look();
+    ASSERT_NE(line(), nullptr);
 }
 
 TEST_F(FileWatch, ADocumentWithoutAPlaceIsNotWatched) {

@@ -5,6 +5,7 @@
 #include "app/document/document_lines.h"
 #include "app/document/recover_command.h"
 #include "app/form_life.h"
+#include "app/window/form/opening.h"
 #include "app/window/recover_form.h"
 #include "comm/main_form/monitor.h"
 #include "comm/transfer/download.h"
@@ -14,30 +15,12 @@
 
 #include <QFile>
 
-#include <utility>
-
 namespace zorvane::app {
 
 namespace {
 
-/// Mouse positions over the upper grid aren't recorded while a document opens or closes.
-class Mouse_Track_Held {
-  public:
-    explicit Mouse_Track_Held(Navigation_State& state)
-        : state_(state), before_(std::exchange(state.Mouse_Track_Off, true)) {}
-    ~Mouse_Track_Held() { state_.Mouse_Track_Off = before_; }
-    Mouse_Track_Held(const Mouse_Track_Held&) = delete;
-    Mouse_Track_Held& operator=(const Mouse_Track_Held&) = delete;
-
-  private:
-    Navigation_State& state_;
-    bool before_;
-};
-
-template <class Open> void openAnother(const Menu_Context& menu, Open&& open) {
-    const Mouse_Track_Held held(menu.app.grids.navigation);
-    std::forward<Open>(open)();
-    menu.mainForm.timers().setInterval(Timer_Name::TMR_Forza_analogas, menu.app.document().Forza_Analogas_Ms);
+void tell(const std::function<void()>& extra) {
+    if (extra) extra();
 }
 
 void recover(const Menu_Context& menu) {
@@ -64,9 +47,16 @@ void connectDocumentCommands(const Menu_Context& menu) {
     menu.onChosen("MNU_Close", [menu] {
         const Mouse_Track_Held held(menu.app.grids.navigation);
         MNU_Close_Click(menu.app);
+        tell(menu.mainForm.extras.documentOpened);
     });
-    menu.onChosen("MNU_Save", [menu] { MNU_Save_Click(menu.app); });
-    menu.onChosen("MNU_Saveas", [menu] { MNU_Saveas_Click(menu.app); });
+    menu.onChosen("MNU_Save", [menu] {
+        MNU_Save_Click(menu.app);
+        tell(menu.mainForm.extras.documentSaved);
+    });
+    menu.onChosen("MNU_Saveas", [menu] {
+        MNU_Saveas_Click(menu.app);
+        tell(menu.mainForm.extras.documentSaved);
+    });
     menu.onChosen("MNU_Recover", [menu] { recover(menu); });
     menu.onChosen("MNU_Exit", [menu] { MNU_Exit_Click(menu.app); });
     menu.window().events.fileDropped = [menu](const QString& file) {

@@ -44,11 +44,13 @@ Program_Places programPlaces() {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     return {pathFromNative(QFile::encodeName(QFileInfo(program).path()).toStdString()),
             QFile::encodeName(data + QStringLiteral("/Zorvane/Recovery")).toStdString(),
-            {}};
+            {},
+            handoverPlace()};
 }
 
 KVRT_Principal::KVRT_Principal(const Program_Places& places)
-    : recoveryFolder_(places.recoveryFolder), savedFolder_(filesFolder(places.recoveryFolder)),
+    : places_(places), recoveryFolder_(places.recoveryFolder),
+      savedFolder_(filesFolder(places.recoveryFolder)),
       recovery_(recoveryFolder_, timeOfDay, std::to_string(QCoreApplication::applicationPid()),
                 &savedFolder_),
       mainForm_(window_, edge_), line_(app_, mainForm_, pathToNative(places.applicationFolder),
@@ -68,7 +70,7 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
            recovery_,
            state_,
            places.applicationFolder},
-      menu_{app_, mainForm_, edge_}, reports_(app_, mainForm_, edge_), desktop_(menu_),
+      menu_{app_, mainForm_, edge_}, reports_(app_, mainForm_, edge_), desktop_(menu_), ways_(menu_),
       systemEnd_(app_, mainForm_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
@@ -115,7 +117,10 @@ void KVRT_Principal::connectTimers() {
         mainForm_.timers().setInterval(Timer_Name::TMR_Forza_analogas, document_.Forza_Analogas_Ms);
         mainForm_.timers().setEnabled(Timer_Name::TMR_Forza_analogas, true);
     });
-    onTick(Timer_Name::TMR_Inicial_ZTP, [this] { TMR_Inicial_ZTP_Timer(app_); });
+    onTick(Timer_Name::TMR_Inicial_ZTP, [this] {
+        TMR_Inicial_ZTP_Timer(app_);
+        if (!places_.handoverPlace.isEmpty()) ways_.listen(places_.handoverPlace);
+    });
     onTick(Timer_Name::TMR_Verifica_monitor, [&comm] { TMR_Verifica_monitor_Timer(comm); });
     onTick(Timer_Name::TMR_Actualiza_valores, [this, &comm] {
         const bool uploading = form_.Upload_Active;

@@ -5,6 +5,7 @@
 #include "app/desktop/qt_text_widths.h"
 #include "app/form/app_context.h"
 #include "app/window/desktop_menus.h"
+#include "app/window/files/document_ways.h"
 #include "app/window/form/menu_context.h"
 #include "app/window/form/window_form.h"
 #include "app/window/report_windows.h"
@@ -26,6 +27,7 @@ struct Program_Places {
     std::string applicationFolder; ///< of the templates; the system's text, no separator at its end
     std::string recoveryFolder;    ///< of the recovery copies; UTF-8, no separator at its end
     QString settingsFile;          ///< empty for the desktop's own place
+    QString handoverPlace{};       ///< where files are handed over; empty for nowhere
 };
 
 /// The places of this program for this user. REQUIRES: a QCoreApplication.
@@ -55,6 +57,7 @@ class KVRT_Principal {
     [[nodiscard]] Event_Edge& edge() { return edge_; }
     [[nodiscard]] Report_Windows& reports() { return reports_; }
     [[nodiscard]] Desktop_Menus& desktop() { return desktop_; }
+    [[nodiscard]] Document_Ways& ways() { return ways_; }
     /// An edit in progress brings the recovery copy up to date this often.
     [[nodiscard]] QTimer& TMR_Copia() { return copyTimer_; }
 
@@ -77,6 +80,7 @@ class KVRT_Principal {
     void connectLink();
     void stopOnFailure(const Run_Time_Failure& failure);
 
+    Program_Places places_;
     Event_Edge edge_;
     Declara_Zorvane document_;
     Main_Form_State form_;
@@ -97,6 +101,7 @@ class KVRT_Principal {
     Menu_Context menu_;
     Report_Windows reports_;
     Desktop_Menus desktop_;
+    Document_Ways ways_;
     System_End systemEnd_;
     QTimer copyTimer_;
     QElapsedTimer clock_;

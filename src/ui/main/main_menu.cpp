@@ -40,6 +40,9 @@ constexpr std::array fileLines = {
     Menu_Line{"MNU_Grid", "&Show grid  in report", "", true},
     separator,
     Menu_Line{"MNU_Exit", "E&xit", "Ctrl+Q"},
+    separator,
+    Menu_Line{"MNU_New", "&New from Model", ""},
+    Menu_Line{"MNU_Recent", "Recent Fi&les", ""},
 };
 
 constexpr std::array communicationLines = {
@@ -129,7 +132,10 @@ QAction& Main_Menu::action(const QString& name) const {
 }
 
 void Main_Menu::onChosen(const QString& name, std::function<void()> handler) {
-    QAction& entry = action(name);
+    onChosen(action(name), std::move(handler));
+}
+
+void Main_Menu::onChosen(QAction& entry, std::function<void()> handler) {
     QObject::connect(&entry, &QAction::triggered, &entry, [this, handler = std::move(handler)] {
         if (before_) before_();
         handler();

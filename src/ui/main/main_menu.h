@@ -29,6 +29,8 @@ class Main_Menu final {
     [[nodiscard]] QAction& action(const QString& name) const;
     /// What the entry does when it is chosen. Its check mark is as it was; only its owner changes it.
     void onChosen(const QString& name, std::function<void()> handler);
+    /// The same for an entry that its owner put into one of the menus.
+    void onChosen(QAction& entry, std::function<void()> handler);
     /// Runs before whatever an entry does.
     void beforeAny(std::function<void()> handler) { before_ = std::move(handler); }
 

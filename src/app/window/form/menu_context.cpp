@@ -7,4 +7,8 @@ void Menu_Context::onChosen(const QString& entry, const std::function<void()>& h
     window().menu().onChosen(entry, [&edge = edge, handler] { edge.run(handler); });
 }
 
+void Menu_Context::onChosen(QAction& entry, const std::function<void()>& handler) const {
+    window().menu().onChosen(entry, [&edge = edge, handler] { edge.run(handler); });
+}
+
 } // namespace zorvane::app

@@ -18,6 +18,7 @@ struct Menu_Context {
     [[nodiscard]] ui::Main_Window& window() const { return mainForm.window(); }
     /// What an entry of the menu does.
     void onChosen(const QString& entry, const std::function<void()>& handler) const;
+    void onChosen(QAction& entry, const std::function<void()>& handler) const;
 };
 
 } // namespace zorvane::app

@@ -30,6 +30,8 @@ struct Window_Extras {
     std::function<void(bool isUpload)> showFrmStatus;
     std::function<void()> unloadFrmStatus;
     std::function<void()> formEnabledSet; ///< the form was enabled or disabled
+    std::function<void()> documentOpened; ///< another document is in the window, or none
+    std::function<void()> documentSaved;  ///< Save or Save As has ended, well or not
     std::function<void(const std::string& path)> openAsText;
     /// Opens "Send Changes" with these cells ticked; with all that differ when none is named.
     std::function<void(const commission::Chosen_Cells& chosen)> sendChanges;
