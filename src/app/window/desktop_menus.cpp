@@ -8,12 +8,15 @@
 #include "ui/base/text.h"
 #include "ui/forms/acercade.h"
 #include "ui/grid/column_tip.h"
+#include "ui/main/command_list.h"
 #include "ui/main/iconic.h"
 
 #include <QAction>
 #include <QCursor>
 #include <QMenu>
+#include <QMenuBar>
 #include <QSystemTrayIcon>
+#include <QTimer>
 
 namespace zorvane::app {
 
@@ -94,6 +97,7 @@ void Desktop_Menus::openAsText(const std::string& path) {
 
 void Desktop_Menus::connectViewCommands() {
     menu_.onChosen("MNU_FontSize", [this] { MNU_FontSize_Click(); });
+    menu_.onChosen("MNU_Commands", [this] { MNU_Commands_Click(); });
     // A transfer goes by the grids' rows, which a new size moves.
     menu_.window().events.formEnabledSet = [this](bool enabled) {
         if (fontDialog_ != nullptr) fontDialog_->setEnabled(enabled);
@@ -118,6 +122,14 @@ void Desktop_Menus::MNU_FontSize_Click() {
     shown->show();
     shown->raise();
     shown->activateWindow();
+}
+
+/// The chosen command goes its own way, once nothing is in front of the window any more.
+void Desktop_Menus::MNU_Commands_Click() {
+    ui::Command_List list(ui::commandsOf(*menu_.window().menuBar()), &menu_.window());
+    if (list.exec() != QDialog::Accepted) return;
+    if (QAction* const chosen = list.chosen())
+        QTimer::singleShot(0, chosen, [chosen] { chosen->trigger(); });
 }
 
 void Desktop_Menus::connectWindowCommands() {

@@ -76,6 +76,7 @@ class Desktop_Menus {
     void connectColumnTip();
     void openAsText(const std::string& path);
     void MNU_FontSize_Click();
+    void MNU_Commands_Click();
     void MNU_About_Click();
 
     Menu_Context menu_;

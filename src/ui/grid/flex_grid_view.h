@@ -13,6 +13,8 @@
 #include <optional>
 #include <string>
 
+class QMenu;
+
 namespace zorvane::ui {
 
 class Flex_Grid_Delegate;
@@ -39,6 +41,7 @@ struct Flex_Grid_Events {
     std::function<void()> RowColChange; ///< the user moved to another cell
     std::function<void()> SelChange;    ///< the user selected something else; a move comes before it
     std::function<void(std::int16_t keyCode, std::int16_t shift)> KeyUp;
+    std::function<void(QMenu& menu)> ContextMenu; ///< the grid's menu opens: the owner adds entries
 
     using Mouse = std::function<void(std::int16_t button, std::int16_t shift, float x, float y)>;
     Mouse MouseDown;
@@ -92,6 +95,8 @@ class Flex_Grid_View final : public QTableView {
     void copySelection() const;
     /// Commits the clipboard's text into the current cell.
     void paste();
+    /// Commits an empty text into the current cell. A cell with a list stays as it is.
+    void clearCell();
 
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     void commitData(QWidget* editor) override;
@@ -100,6 +105,7 @@ class Flex_Grid_View final : public QTableView {
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -120,6 +126,7 @@ class Flex_Grid_View final : public QTableView {
     };
     enum class Edit_Start { All, AtEnd, Empty };
 
+    void fillMenu(QMenu& menu);
     void scheduleFlush();
     void flushSizes();
     void flushColumns();

@@ -54,7 +54,11 @@ constexpr std::array communicationLines = {
     Menu_Line{"separador4", "&Modbus Monitor", ""},
 };
 
-constexpr std::array viewLines = {Menu_Line{"MNU_FontSize", "&Font size...", ""}};
+constexpr std::array viewLines = {
+    Menu_Line{"MNU_FontSize", "&Font size...", ""},
+    separator,
+    Menu_Line{"MNU_Commands", "Commands by &Name...", "Ctrl+K"},
+};
 
 constexpr std::array windowLines = {
     Menu_Line{"MNU_Minimize", "&Minimize", ""},

@@ -92,11 +92,11 @@ TEST_F(Main_Window_Test, HasTheMenus) {
     EXPECT_EQ(titles, (std::vector<std::string>{"&File", "&Communication", "&View", "&Windows", "&Help"}));
     EXPECT_EQ(captionsOf(menuCalled("MNU_File")),
               "&Open... | &Close | Sa&ve | Save &As... | &Recover... | - | Pa&ge Setup... | &Print... | "
-              "&Show grid  in report | - | E&xit");
+              "&Show grid  in report | - | E&xit | - | &New from Model | Recent Fi&les");
     EXPECT_EQ(captionsOf(*window.menu().action("MNU_Print").menu()), "Print Pag&e | P&rint All...");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Communication")),
               "&Upload to PC | &Download to Device | D&isconnect | - | &Port Settings... | &Modbus Monitor");
-    EXPECT_EQ(captionsOf(menuCalled("MNU_View")), "&Font size...");
+    EXPECT_EQ(captionsOf(menuCalled("MNU_View")), "&Font size... | - | Commands by &Name...");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Windows")), "&Minimize | Ma&ximize | Minimize to &tray");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Help")), "&Index | &Brevik Online | Contact &Us  | &About");
     EXPECT_EQ(window.menu().trayMenu().title(), "Tray");

@@ -202,3 +202,33 @@ def the_focus_can_be_seen(program):
             _seen(program, without, button.rectangle, f"focus of {name}")
         program.hands.keys("Escape")
         dialog.wait_until_gone()
+
+
+def a_command_is_done_by_a_part_of_its_name(program):
+    program.start()
+    with Only_Keyboard(program):
+        program.hands.chord(["ctrl"], "k")
+        found = program.dialog("CommandList")
+        program.hands.write("page set")
+        wait_for("the one command", lambda: [item.name for item in found.part.named("LST_Commands").children]
+                 == ["File > Page Setup..."])
+        program.hands.keys("Return")
+        program.dialog("PageSetup")
+        program.hands.keys("Escape")
+
+
+def a_cell_is_cleared_by_the_menu_of_its_grid(program):
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.select_field(OUTPUTS)
+    program.settle_on(0, 2)
+    assert program.settings.texts()[0][2] != "", "there is nothing to clear"
+    with Only_Keyboard(program):
+        before = program.windows_on_screen()
+        program.hands.keys("Menu")
+        wait_for("the menu", lambda: program.windows_on_screen() - before)
+        program.hands.keys("l")
+        program.expect_cell(0, 2, "")
+        program.expect_title("* site7.kvrt207d - Zorvane")
