@@ -128,8 +128,7 @@ void Desktop_Menus::MNU_FontSize_Click() {
 void Desktop_Menus::MNU_Commands_Click() {
     ui::Command_List list(ui::commandsOf(*menu_.window().menuBar()), &menu_.window());
     if (list.exec() != QDialog::Accepted) return;
-    if (QAction* const chosen = list.chosen())
-        QTimer::singleShot(0, chosen, [chosen] { chosen->trigger(); });
+    if (QAction* const chosen = list.chosen()) QTimer::singleShot(0, chosen, [chosen] { chosen->trigger(); });
 }
 
 void Desktop_Menus::connectWindowCommands() {
