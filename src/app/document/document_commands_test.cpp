@@ -15,7 +15,6 @@ namespace {
 
 using doubles::App_Bench;
 using doubles::smallDocument;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -14,7 +14,6 @@ namespace {
 
 using doubles::App_Bench;
 using doubles::fileText;
-using doubles::smallDocument;
 using testing::ElementsAre;
 using testing::IsEmpty;
 

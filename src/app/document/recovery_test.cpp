@@ -429,16 +429,16 @@ TEST_F(RecoveryTimer, WhatPollingOrTheFillOfAPagePutThereIsNoChange) {
     Cell_Rec& cell = document.Fields(1).Cells(1, 2);
     document.Passing.put(cell, {1, 1, 2}, "4711");
     for (int tick = 0; tick < 100; ++tick)
-        TMR_Copia_Timer(app, tick * recoveryLookMs);
+        TMR_Copia_Timer(app, std::int64_t{tick} * recoveryLookMs);
     EXPECT_THAT(folder.texts, IsEmpty());
     edit(2, "21");
-    TMR_Copia_Timer(app, 100 * recoveryLookMs);
+    TMR_Copia_Timer(app, std::int64_t{100} * recoveryLookMs);
     const std::string both = smallDocument("4711", "21");
     EXPECT_EQ(withoutHeader(onlyCopy()), both) << "a copy is what Save would write";
     const int writes = folder.writes;
     document.Passing.put(cell, {1, 1, 2}, "4712");
     for (int tick = 200; tick < 300; ++tick)
-        TMR_Copia_Timer(app, tick * recoveryLookMs);
+        TMR_Copia_Timer(app, std::int64_t{tick} * recoveryLookMs);
     EXPECT_EQ(folder.writes, writes);
 }
 

@@ -52,7 +52,7 @@ struct Probe_Point {
     std::uint8_t unit = 1;
     std::uint16_t address = 0;
 
-    auto operator<=>(const Probe_Point&) const = default;
+    auto operator<=>(const Probe_Point&) const = default; // NOLINT(modernize-use-nullptr): a false alarm
 };
 
 /// The order in which a plan's points are tried. Few units are numbered above 20, so the first of them are

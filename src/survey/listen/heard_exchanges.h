@@ -16,7 +16,7 @@ struct Asked {
     std::uint16_t address = 0; ///< on the wire
     std::uint16_t count = 0;
 
-    auto operator<=>(const Asked&) const = default;
+    auto operator<=>(const Asked&) const = default; // NOLINT(modernize-use-nullptr): a false alarm
 };
 
 /// The request's own words. REQUIRES: a whole request.

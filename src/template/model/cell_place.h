@@ -12,7 +12,7 @@ struct Cell_Place {
     std::int32_t field = 0;
     std::int32_t row = 0;
     std::int32_t column = 0;
-    auto operator<=>(const Cell_Place&) const = default;
+    auto operator<=>(const Cell_Place&) const = default; // NOLINT(modernize-use-nullptr): a false alarm
 };
 
 /// A text that a file has for a list cell, and that isn't in the list.
