@@ -24,7 +24,7 @@ def said(page, path="docs/page.md"):
 
 class CheckPages(unittest.TestCase):
     def test_a_page_that_names_what_is_there_has_no_faults(self):
-        self.assertEqual(said("`rule.h`, `checker/rule.h` and `src/checker/`; `tools/build dev`, `Show_Rows`, `Rule::check`\n"
+        self.assertEqual(said("`rule.h`, `checker/rule.h` and `src/checker/`; `tools/build dev`, `Show_Rows`,\n`Rule::check`\n"
                               "[names](naming.md), [the window](manual/window.md#its-parts), [Qt](https://www.qt.io/)"), [])
 
     def test_a_file_that_is_gone_is_named_with_its_line(self):
@@ -35,7 +35,7 @@ class CheckPages(unittest.TestCase):
         self.assertEqual(said("`ctl/rule.h`"), ["1: no file ctl/rule.h"])
 
     def test_a_pattern_needs_one_file_and_each_name_in_braces_its_own(self):
-        self.assertEqual(said("`src/checker/rules_*.cpp`, `rules_{lines,words}.cpp`, `src/ctl/calls/NAME.cpp`, `rules_….cpp`"), [])
+        self.assertEqual(said("`src/checker/rules_*.cpp`, `rules_{lines,words}.cpp`, `src/ctl/calls/NAME.cpp`,\n`rules_….cpp`"), [])
         self.assertEqual(said("`src/checker/rule_*.cpp`, `rules_{lines,pages}.cpp`, `src/ctl/NAME.cpp`"),
                          ["1: no file src/checker/rule_*.cpp", "1: no file rules_pages.cpp", "1: no file src/ctl/NAME.cpp"])
 
@@ -50,8 +50,10 @@ class CheckPages(unittest.TestCase):
     def test_a_link_that_leads_nowhere_is_told(self):
         self.assertEqual(said("[here](naming.md)\n[there](../naming.md#words)"), ["2: the link leads nowhere: ../naming.md"])
 
-    def test_blocks_of_code_are_passed_over(self):
-        self.assertEqual(said("```\n`gone.h` [x](gone.md)\n```\n`rule.h`"), [])
+    def test_in_a_block_only_what_looks_like_a_name_of_ours_counts(self):
+        page = "```\nwhat a rule.h says -> Show_Rows, [x](gone)\nShow_Row, oldName in rules.h\n```\n`rule.h`"
+        self.assertEqual(said(page), ["3: no Show_Row in the code", "3: no oldName in the code", "3: no file rules.h"])
+        self.assertEqual(said(page, "docs/manual/window.md"), [])
 
 
 unittest.main()
