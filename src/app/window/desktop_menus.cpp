@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/window/desktop_menus.h"
 
+#include "app/desktop/desktop_note.h"
 #include "app/desktop/desktop_shell.h"
 #include "app/form/font_size.h"
 #include "template/services/file_names.h"
@@ -12,6 +13,7 @@
 #include "ui/main/iconic.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QCursor>
 #include <QMenu>
 #include <QMenuBar>
@@ -72,16 +74,19 @@ void Window_Tray_Form::setEntryChecked(bool checked) {
 }
 
 Desktop_Menus::Desktop_Menus(const Menu_Context& menu)
-    : shell(openOnDesktop), menu_(menu),
+    : shell(openOnDesktop), note(showDesktopNote), menu_(menu),
       icon_(menu.window(),
             [this](Tray_Message message) {
                 menu_.edge.run([&] { tray_.Form_MouseMove(static_cast<int>(message), 0); });
             }),
-      form_(menu.window()), tray_(menu.app, icon_, form_) {
+      form_(menu.window()), tray_(menu.app, icon_, form_),
+      attention_({[this](bool on) { keepAwake(on); }, [this] { return menu_.window().isActiveWindow(); },
+                  [this](const std::string& text) { tellOnDesktop(text); }}) {
     connectViewCommands();
     connectWindowCommands();
     connectHelpCommands();
     connectColumnTip();
+    connectAttention();
     menu_.mainForm.extras.removeTrayIcon = [this] { tray_.unload(); };
     menu_.mainForm.extras.openAsText = [this](const std::string& path) { openAsText(path); };
 }
@@ -98,10 +103,28 @@ void Desktop_Menus::openAsText(const std::string& path) {
 void Desktop_Menus::connectViewCommands() {
     menu_.onChosen("MNU_FontSize", [this] { MNU_FontSize_Click(); });
     menu_.onChosen("MNU_Commands", [this] { MNU_Commands_Click(); });
-    // A transfer goes by the grids' rows, which a new size moves.
+}
+
+void Desktop_Menus::connectAttention() {
+    menu_.mainForm.Porcentaje().shown = [this] { attention_.progressShown(); };
     menu_.window().events.formEnabledSet = [this](bool enabled) {
+        // A transfer goes by the grids' rows, which a new size moves.
         if (fontDialog_ != nullptr) fontDialog_->setEnabled(enabled);
+        const QString message = menu_.window().StatusBar1().text(static_cast<int>(Panel::Message));
+        attention_.formEnabled(enabled, ui::toCore(message));
     };
+}
+
+void Desktop_Menus::keepAwake(bool on) {
+    if (on)
+        awake_.hold(QStringLiteral("A transfer with a controller is running"));
+    else
+        awake_.release();
+}
+
+void Desktop_Menus::tellOnDesktop(const std::string& text) {
+    QApplication::alert(&menu_.window());
+    note(menu_.window().windowTitle(), ui::fromCore(text));
 }
 
 void Desktop_Menus::MNU_FontSize_Click() {

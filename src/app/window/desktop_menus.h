@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/desktop/keep_awake.h"
+#include "app/form/transfer_attention.h"
 #include "app/help.h"
 #include "app/tray.h"
 #include "app/window/form/menu_context.h"
@@ -64,6 +66,8 @@ class Desktop_Menus {
 
     /// Opens files and addresses outside the program; whatever drives it in a test replaces this.
     Shell_Execute shell;
+    /// Shows a note of the desktop; likewise.
+    std::function<void(const QString& summary, const QString& text)> note;
 
     [[nodiscard]] Tray& tray() { return tray_; }
     /// While it is there.
@@ -74,6 +78,9 @@ class Desktop_Menus {
     void connectWindowCommands();
     void connectHelpCommands();
     void connectColumnTip();
+    void connectAttention();
+    void keepAwake(bool on);
+    void tellOnDesktop(const std::string& text);
     void openAsText(const std::string& path);
     void MNU_FontSize_Click();
     void MNU_Commands_Click();
@@ -83,6 +90,8 @@ class Desktop_Menus {
     Desktop_Tray_Icon icon_;
     Window_Tray_Form form_;
     Tray tray_;
+    Keep_Awake awake_;
+    Transfer_Attention attention_;
     QPointer<ui::Font_Dialog> fontDialog_;
     QPointer<ui::Acercade> about_;
 };

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "template/services/asker.h"
 #include "ui/base/wrapped_label.h"
 #include "ui/forms/acercade.h"
 #include "ui/forms/frm_debug.h"
@@ -7,8 +8,12 @@
 #include "ui/forms/msgb.h"
 #include "ui/forms/porcentaje.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
@@ -43,6 +48,21 @@ void whenShown(const std::function<void(Msgb&)>& act) {
         ASSERT_NE(box, nullptr);
         act(*box);
     });
+}
+
+TEST(Msgb_Test, ItsTextIsCopiedByKeyAndByMenu) {
+    Msgb box(QStringLiteral("Do you want to save?\nIt has changes."), Msgb_Question + Msgb_YesNoCancel,
+             QStringLiteral("Zorvane"), nullptr);
+    box.show();
+    QApplication::clipboard()->clear();
+    QTest::keyClick(&named<QPushButton>(box, "BOT_1"), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "Zorvane\n\nDo you want to save?\nIt has changes.");
+    QApplication::clipboard()->clear();
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), box.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&box, &event);
+    named<QMenu>(box, "COPY_Menu").actions().constFirst()->trigger();
+    EXPECT_EQ(QApplication::clipboard()->text(), "Zorvane\n\nDo you want to save?\nIt has changes.");
+    EXPECT_TRUE(box.isVisible());
 }
 
 TEST(Msgb_Test, HasTheDesignSizesAndNames) {

@@ -2,6 +2,7 @@
 #include "ui/forms/msgb.h"
 
 #include "template/services/asker.h"
+#include "ui/base/copyable.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
 #include "ui/base/wrapped_label.h"
@@ -24,6 +25,7 @@ constexpr Twips_Rect messageIconPlace{135, 360, 480, 480};
 Msgb::Msgb(const QString& prompt, int style, const QString& title, QWidget* parent)
     : Fixed_Dialog(QStringLiteral("Msgb"), title, boxWidth, boxHeight, parent), result_(Msgb_Code_Cancel) {
     setModal(true);
+    makeCopyable(*this, [title, prompt] { return title + QStringLiteral("\n\n") + prompt; });
     const Msgb_Look look = msgbLook(style);
     addIcons(look);
     addMessage(prompt);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/message_line.h"
 
+#include "ui/base/copyable.h"
 #include "ui/base/icons.h"
 #include "ui/base/roles.h"
 #include "ui/base/text.h"
@@ -32,6 +33,7 @@ bool isEnter(const QKeyEvent& key) { return key.key() == Qt::Key_Return || key.k
 } // namespace
 
 Message_Line::Message_Line(QWidget* parent) : QFrame(parent) {
+    makeCopyable(*this, [this] { return line_.text; });
     giveRole(*this, QAccessible::AlertMessage);
     icon_ = new QLabel(this);
     word_ = new Wrapped_Label(this);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main/status_bar.h"
 
+#include "ui/base/copyable.h"
 #include "ui/base/text.h"
 
 #include <QHelpEvent>
@@ -39,6 +40,7 @@ Status_Panel::Status_Panel(int number, QWidget* parent) : QLabel(parent) {
     QFont small = font();
     small.setPointSizeF(panelPoints);
     setFont(small);
+    makeCopyable(*this, [this] { return text(); });
 }
 
 void Status_Panel::setOwnToolTip(const QString& text) {

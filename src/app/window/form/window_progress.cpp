@@ -31,6 +31,7 @@ void Window_Progress::setValue(std::int32_t value) {
 void Window_Progress::show() {
     if (form().isHidden()) form().load();
     form().show();
+    if (shown) shown();
 }
 
 void Window_Progress::unload() {

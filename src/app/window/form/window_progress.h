@@ -16,6 +16,7 @@ class Window_Progress final : public Progress_Form {
 
     /// What its Cancel button does. Set before the form is first used.
     ui::Porcentaje_Hooks hooks;
+    std::function<void()> shown; ///< it came on the screen; may be empty
 
     void setLabel(const std::string& text) override;
     void setRange(std::int32_t maximum) override;
