@@ -114,3 +114,17 @@ class Pymodbus_Slave(Peer):
         self.stop()
         with open(self._dump, encoding="utf-8") as file:
             return {int(address): value for address, value in json.load(file).items()}
+
+
+class Desktop_Services(Peer):
+    """The services of a desktop that the program may ask, and what they were asked."""
+
+    def __init__(self, desktop):
+        super().__init__(desktop, "desktop_services.py", name="services")
+        os.set_blocking(self.process.stdout.fileno(), False)
+        self._lines = []
+
+    def said(self):
+        """All lines so far."""
+        self._lines += [line.decode().rstrip("\n") for line in self.process.stdout.readlines()]
+        return self._lines

@@ -3,6 +3,7 @@
 import os
 import shutil
 
+from driver.programs import Desktop_Services
 from driver.waiting import expect, wait_for
 
 OUTPUTS, CHANNELS, REGULATION, TIMERS, MEASUREMENTS = 1, 2, 3, 4, 5
@@ -100,6 +101,21 @@ def upload_shows_its_progress(program):
     progress.wait_until_gone()
     program.expect_panel(2, "Online")
     expect("the menu bar is enabled", lambda: program.window.find(role="menu bar").is_enabled, True)
+
+
+def an_upload_keeps_awake_and_its_end_is_told(program):
+    program.desktop.environment["DBUS_SYSTEM_BUS_ADDRESS"] = program.desktop.environment["DBUS_SESSION_BUS_ADDRESS"]
+    services = Desktop_Services(program.desktop)
+    progress, question = _uploading_slowly(program)
+    expect("what the desktop was asked", services.said,
+           ["inhibit sleep:idle: A transfer with a controller is running"])
+    question.answer("No")
+    for number in program.windows_on_screen():
+        program.desktop.run("xdotool", "windowminimize", number)
+    progress.wait_until_gone()
+    expect("the end", lambda: [line.split(":")[0] for line in services.said()[1:]],
+           ["released", "note * site7.kvrt207d - Zorvane"])
+    assert services.said()[2].startswith("note * site7.kvrt207d - Zorvane: The transfer has ended"), services.said()
 
 
 def upload_is_cancelled(program):
