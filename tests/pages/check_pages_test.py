@@ -15,7 +15,7 @@ LOADER.exec_module(CHECK)
 
 FILES = {"src/checker/rules_lines.cpp", "src/checker/rules_words.cpp", "src/checker/rule.h", "src/ctl/calls/dump.cpp",
          "docs/naming.md", "docs/manual/window.md", "tools/build"}
-TREE = CHECK.Tree(FILES, {"Rule", "check", "Show_Rows", "dev"})
+TREE = CHECK.Tree(FILES, {"tools/build"}, {"Rule", "check", "Show_Rows", "dev"})
 
 
 def said(page, path="docs/page.md"):
@@ -46,6 +46,10 @@ class CheckPages(unittest.TestCase):
     def test_the_manual_may_name_files_of_its_readers(self):
         page = "`site7.cpp` in `Documents/site7`, and `src/gone.h`"
         self.assertEqual(said(page, "docs/manual/window.md"), ["1: no file src/gone.h"])
+
+    def test_a_command_names_a_file_that_can_be_run(self):
+        self.assertEqual(said("`tools/build dev`\n`docs/naming.md dev`\n```\ndocs/naming.md dev\n```\n`docs/naming.md`"),
+                         ["4: docs/naming.md can't be run", "2: docs/naming.md can't be run"])
 
     def test_a_link_that_leads_nowhere_is_told(self):
         self.assertEqual(said("[here](naming.md)\n[there](../naming.md#words)"), ["2: the link leads nowhere: ../naming.md"])
