@@ -4,6 +4,7 @@
 #include "app/desktop/desktop_note.h"
 #include "app/desktop/desktop_shell.h"
 #include "app/form/font_size.h"
+#include "app/form/view_switches.h"
 #include "template/services/file_names.h"
 #include "ui/base/icons.h"
 #include "ui/base/text.h"
@@ -87,6 +88,7 @@ Desktop_Menus::Desktop_Menus(const Menu_Context& menu)
     connectHelpCommands();
     connectColumnTip();
     connectAttention();
+    connectLooks();
     menu_.mainForm.extras.removeTrayIcon = [this] { tray_.unload(); };
     menu_.mainForm.extras.openAsText = [this](const std::string& path) { openAsText(path); };
 }
@@ -113,6 +115,28 @@ void Desktop_Menus::connectAttention() {
         const QString message = menu_.window().StatusBar1().text(static_cast<int>(Panel::Message));
         attention_.formEnabled(enabled, ui::toCore(message));
     };
+}
+
+void Desktop_Menus::connectLooks() {
+    ui::Main_Window& window = menu_.window();
+    const auto forBoth = [&window](void (ui::Flex_Grid_View::*look)(bool), bool on) {
+        for (ui::Flex_Grid* grid : {&window.FLX_Configuration(), &window.FLX_Settings()})
+            (grid->view().*look)(on);
+    };
+    const auto connect = [&](const QString& entry, const std::string& name,
+                             void (ui::Flex_Grid_View::*look)(bool)) {
+        QAction& action = window.menu().action(entry);
+        const bool stored = viewSwitch(menu_.app.settings, name);
+        action.setChecked(stored);
+        forBoth(look, stored);
+        menu_.onChosen(entry, [this, &action, name, look, forBoth] {
+            action.setChecked(!action.isChecked());
+            storeViewSwitch(menu_.app.settings, name, action.isChecked());
+            forBoth(look, action.isChecked());
+        });
+    };
+    connect(QStringLiteral("MNU_FillsRoom"), fillsRoomSwitch, &ui::Flex_Grid_View::setFillsRoom);
+    connect(QStringLiteral("MNU_DarkGrounds"), darkGroundsSwitch, &ui::Flex_Grid_View::setDarkGrounds);
 }
 
 void Desktop_Menus::keepAwake(bool on) {

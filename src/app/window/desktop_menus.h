@@ -79,6 +79,7 @@ class Desktop_Menus {
     void connectHelpCommands();
     void connectColumnTip();
     void connectAttention();
+    void connectLooks();
     void keepAwake(bool on);
     void tellOnDesktop(const std::string& text);
     void openAsText(const std::string& path);

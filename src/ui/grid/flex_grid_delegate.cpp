@@ -2,6 +2,7 @@
 #include "ui/grid/flex_grid_delegate.h"
 
 #include "ui/base/text.h"
+#include "ui/grid/cell_colours.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
@@ -14,11 +15,6 @@ namespace {
 
 constexpr int textMargin = 3;
 constexpr double tint = 0.35; // of the selection's colour over a cell's own
-
-struct Cell_Look {
-    QColor back;
-    QColor fore;
-};
 
 QColor mixed(const QColor& base, const QColor& over, double share) {
     const auto channel = [&](int below, int above) {
@@ -34,16 +30,19 @@ QPalette::ColorGroup groupOf(const QStyleOptionViewItem& option) {
 }
 
 /// `selected` is the look of a selection on the desktop's own ground.
-Cell_Look lookOf(const QStyleOptionViewItem& option, const QModelIndex& index, bool selected) {
+Cell_Colours lookOf(const QStyleOptionViewItem& option, const QModelIndex& index, bool selected,
+                    bool darkGrounds) {
     const QPalette::ColorGroup group = groupOf(option);
     const QVariant back = index.data(Qt::BackgroundRole);
     const QVariant fore = index.data(Qt::ForegroundRole);
     const QColor highlight = option.palette.color(group, QPalette::Highlight);
-    Cell_Look look{option.palette.color(group, QPalette::Base), option.palette.color(group, QPalette::Text)};
+    const QColor base = option.palette.color(group, QPalette::Base);
+    Cell_Colours look{base, option.palette.color(group, QPalette::Text)};
     if (selected && !back.isValid())
         return {highlight, option.palette.color(group, QPalette::HighlightedText)};
     if (back.isValid()) look = {back.value<QBrush>().color(), QColor(Qt::black)};
     if (fore.isValid()) look.fore = fore.value<QBrush>().color();
+    if (darkGrounds && back.isValid()) look = fittedTo(base, look);
     if (selected) look.back = mixed(look.back, highlight, tint);
     return look;
 }
@@ -80,7 +79,7 @@ void Flex_Grid_Delegate::paint(QPainter* painter, const QStyleOptionViewItem& gi
                                const QModelIndex& index) const {
     const bool current = !rows_ && isCurrent(given, index);
     const bool selected = given.state.testFlag(QStyle::State_Selected) && !current;
-    const Cell_Look look = lookOf(given, index, selected);
+    const Cell_Colours look = lookOf(given, index, selected, darkGrounds_);
     painter->save();
     painter->fillRect(given.rect, look.back);
     painter->setPen(look.fore);

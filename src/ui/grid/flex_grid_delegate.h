@@ -19,6 +19,8 @@ class Flex_Grid_Delegate final : public QStyledItemDelegate {
 
     /// Whole rows are selected: no cell of them stands out.
     void setRowsSelected(bool rows) { rows_ = rows; }
+    /// On a dark desktop pale grounds of cells are painted dark.
+    void setDarkGrounds(bool on) { darkGrounds_ = on; }
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -43,6 +45,7 @@ class Flex_Grid_Delegate final : public QStyledItemDelegate {
   private:
     Make_Editor makeEditor_;
     bool rows_ = false;
+    bool darkGrounds_ = false;
 };
 
 } // namespace zorvane::ui

@@ -148,7 +148,36 @@ void Flex_Grid_View::flushColumns() {
     const Twips_Scale scale = scaleOf(*this);
     for (int col = 0; col < model_.columnCount(); ++col)
         horizontalHeader()->resizeSection(col, std::max(0, scale.pixelsX(store().ColWidth(col))));
+    widenLast();
     model_.takeCells(0, 0, model_.rowCount(), model_.columnCount() - 1);
+}
+
+/// Its own width again, or more where there is room.
+void Flex_Grid_View::widenLast() {
+    int last = std::min(model_.columnCount(), store().Cols()) - 1;
+    while (last >= 0 && store().ColWidth(last) <= 0)
+        --last;
+    if (!fillsRoom_ || last < 0) return;
+    const int own = scaleOf(*this).pixelsX(store().ColWidth(last));
+    const int others = horizontalHeader()->length() - horizontalHeader()->sectionSize(last);
+    const bool flushing = std::exchange(flushing_, true); // no drag of the user's
+    horizontalHeader()->resizeSection(last, std::max(own, viewport()->width() - others));
+    flushing_ = flushing;
+}
+
+void Flex_Grid_View::setFillsRoom(bool on) {
+    fillsRoom_ = on;
+    columnsChanged();
+}
+
+void Flex_Grid_View::setDarkGrounds(bool on) {
+    delegate_->setDarkGrounds(on);
+    viewport()->update();
+}
+
+void Flex_Grid_View::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    widenLast();
 }
 
 void Flex_Grid_View::flushCells() {
@@ -200,6 +229,7 @@ void Flex_Grid_View::sectionDragged(int column, int pixels) {
 
 void Flex_Grid_View::tellUserResize() {
     const int column = std::exchange(resizedColumn_, -1);
+    if (column >= 0) widenLast();
     if (column >= 0 && events.AfterUserResize) events.AfterUserResize(-1, column);
 }
 

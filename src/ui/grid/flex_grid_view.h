@@ -67,6 +67,11 @@ class Flex_Grid_View final : public QTableView {
     /// A double click on a heading's border gives the column the width of its widest text, as if the user had
     /// dragged it.
     void setFitsColumns();
+    /// The last column that is seen is painted over the room that is left. Its width in the store stays, and
+    /// is what the user drags.
+    void setFillsRoom(bool on);
+    /// On a dark desktop pale grounds of cells are painted dark. The store's colours stay.
+    void setDarkGrounds(bool on);
 
     [[nodiscard]] Flex_Grid_Model& cells() { return model_; }
     [[nodiscard]] const Flex_Grid_Model& cells() const { return model_; }
@@ -110,6 +115,7 @@ class Flex_Grid_View final : public QTableView {
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void updateGeometries() override;
+    void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     bool focusNextPrevChild(bool next) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -130,6 +136,7 @@ class Flex_Grid_View final : public QTableView {
     void scheduleFlush();
     void flushSizes();
     void flushColumns();
+    void widenLast();
     void flushRowHeights();
     void flushCells();
     void flushCurrent();
@@ -184,6 +191,7 @@ class Flex_Grid_View final : public QTableView {
     int coveredBelow_ = 0;
     int handlingDepth_ = 0;
     bool editable_ = false;
+    bool fillsRoom_ = false;
     bool selectsRows_ = false;
     bool flushPending_ = false;
     bool flushing_ = false;

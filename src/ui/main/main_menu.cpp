@@ -58,6 +58,8 @@ constexpr std::array viewLines = {
     Menu_Line{"MNU_FontSize", "&Font size...", ""},
     separator,
     Menu_Line{"MNU_Commands", "Commands by &Name...", "Ctrl+K"},
+    Menu_Line{"MNU_FillsRoom", "&Last column takes the room", "", true},
+    Menu_Line{"MNU_DarkGrounds", "&Dark grounds in the dark", "", true},
 };
 
 constexpr std::array windowLines = {

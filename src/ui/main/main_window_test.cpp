@@ -96,7 +96,9 @@ TEST_F(Main_Window_Test, HasTheMenus) {
     EXPECT_EQ(captionsOf(*window.menu().action("MNU_Print").menu()), "Print Pag&e | P&rint All...");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Communication")),
               "&Upload to PC | &Download to Device | D&isconnect | - | &Port Settings... | &Modbus Monitor");
-    EXPECT_EQ(captionsOf(menuCalled("MNU_View")), "&Font size... | - | Commands by &Name...");
+    EXPECT_EQ(
+        captionsOf(menuCalled("MNU_View")),
+        "&Font size... | - | Commands by &Name... | &Last column takes the room | &Dark grounds in the dark");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Windows")), "&Minimize | Ma&ximize | Minimize to &tray");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Help")), "&Index | &Brevik Online | Contact &Us  | &About");
     EXPECT_EQ(window.menu().trayMenu().title(), "Tray");
