@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include "commission/folder/state_folder.h"
 #include "ctl/calls/document_calls.h"
 #include "ctl/calls/qt/commission/commission_calls.h"
 #include "ctl/calls/qt/painted_calls.h"
 #include "ctl/calls/qt/port_calls.h"
-#include "ctl/calls/qt/run_folder.h"
 #include "ctl/program.h"
 #include "recovery/native_recovery_folder.h"
 #include "recovery/recovery.h"
@@ -78,9 +78,13 @@ int main(int argc, char* argv[]) {
     Native_Recovery_Folder unsaved(copies);
     Native_Recovery_Folder saved(filesFolder(copies));
     Recovery recovery(unsaved, timeOfDay, std::to_string(QCoreApplication::applicationPid()), &saved);
-    const Call_Context context{
-        files, std::cout, std::cerr,        withoutEndSeparator(pathFromNative(folder.toStdString())),
-        false, &recovery, userStateFolder()};
+    const Call_Context context{files,
+                               std::cout,
+                               std::cerr,
+                               withoutEndSeparator(pathFromNative(folder.toStdString())),
+                               false,
+                               &recovery,
+                               commission::userStateFolder()};
     std::vector<Subcommand_Entry> calls = documentCalls();
     for (const Subcommand_Entry& call : portCalls())
         calls.push_back(call);

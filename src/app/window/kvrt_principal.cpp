@@ -5,6 +5,7 @@
 #include "app/document/recovery_keeper.h"
 #include "app/form/port_store.h"
 #include "app/form_life.h"
+#include "app/sending/send_changes.h"
 #include "app/window/form_commands.h"
 #include "app/window/grid_events.h"
 #include "app/window/message_bar_buttons.h"
@@ -81,6 +82,7 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
     connectTimers();
     connectLink();
     reports_.connect(menu_);
+    connectSending();
     line_.connect(menu_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); });
 }
 
@@ -145,6 +147,16 @@ void KVRT_Principal::connectLink() {
             modbus_control_Event10(form_, debug, line1, line2);
         });
     });
+}
+
+void KVRT_Principal::connectSending() {
+    mainForm_.extras.sendChanges = [this](const commission::Chosen_Cells& chosen) {
+        sendChanges({app_, edge_, line_.link(), line_.simulator(), [this] { window_.finishEdit(); },
+                     [this](bool enabled) { mainForm_.setFormEnabled(enabled); },
+                     [this] { return mainForm_.dialogParent(); }, mainForm_.ask},
+                    chosen);
+    };
+    menu_.onChosen("MNU_SendChanges", [this] { mainForm_.extras.sendChanges({}); });
 }
 
 void KVRT_Principal::start() {

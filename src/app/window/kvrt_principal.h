@@ -78,6 +78,7 @@ class KVRT_Principal {
     void connectForm();
     void connectTimers();
     void connectLink();
+    void connectSending();
     void stopOnFailure(const Run_Time_Failure& failure);
 
     Program_Places places_;

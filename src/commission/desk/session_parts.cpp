@@ -3,12 +3,16 @@
 
 #include "cells/cell_reading.h"
 #include "comm/modbus_control/dry_run_link.h"
+#include "commission/folder/digests.h"
 #include "grids/rules/value_findings.h"
 #include "recovery/recovery.h"
+#include "template/services/native_files.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 #include "values/run_time_failure.h"
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -52,6 +56,13 @@ bool sameName(const std::string& a, const std::string& b) {
 }
 
 } // namespace
+
+Named_File namedFile(Files& files, const std::string& path) {
+    const auto bytes = files.bytes(path);
+    std::error_code error;
+    const std::filesystem::path whole = std::filesystem::absolute(pathToNative(path), error);
+    return {error ? pathToNative(path) : whole.lexically_normal().string(), bytes ? sha256(*bytes) : ""};
+}
 
 std::map<Cell_Place, std::string> strayReasons(const Declara_Zorvane& document) {
     std::map<Cell_Place, std::string> reasons;

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "comm/modbus_control/units/unit_exchanges.h"
+#include "commission/plan/plan_paper.h"
 #include "compare/controller_registers.h"
 #include "compare/identity.h"
 #include "template/model/declara_zorvane.h"
+#include "template/services/files.h"
 
 #include <map>
 #include <string>
@@ -12,6 +14,9 @@
 namespace zorvane::commission {
 
 // What every session needs of its document, whoever holds it.
+
+/// Path and hash of a file; an empty hash where there is none.
+[[nodiscard]] Named_File namedFile(Files& files, const std::string& path);
 
 /// Why values aren't sent unless they are named: they are outside their limits, or in no list.
 [[nodiscard]] std::map<Cell_Place, std::string> strayReasons(const Declara_Zorvane& document);

@@ -52,6 +52,8 @@ constexpr std::array communicationLines = {
     separator,
     Menu_Line{"MNU_Port_Settings", "&Port Settings...", ""},
     Menu_Line{"separador4", "&Modbus Monitor", ""},
+    separator,
+    Menu_Line{"MNU_SendChanges", "&Send Changes...", ""},
 };
 
 constexpr std::array viewLines = {

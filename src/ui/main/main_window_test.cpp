@@ -94,8 +94,10 @@ TEST_F(Main_Window_Test, HasTheMenus) {
               "&Open... | &Close | Sa&ve | Save &As... | &Recover... | - | Pa&ge Setup... | &Print... | "
               "&Show grid  in report | - | E&xit | - | &New from Model | Recent Fi&les");
     EXPECT_EQ(captionsOf(*window.menu().action("MNU_Print").menu()), "Print Pag&e | P&rint All...");
-    EXPECT_EQ(captionsOf(menuCalled("MNU_Communication")),
-              "&Upload to PC | &Download to Device | D&isconnect | - | &Port Settings... | &Modbus Monitor");
+    EXPECT_EQ(
+        captionsOf(menuCalled("MNU_Communication")),
+        "&Upload to PC | &Download to Device | D&isconnect | - | &Port Settings... | &Modbus Monitor | - | "
+        "&Send Changes...");
     EXPECT_EQ(
         captionsOf(menuCalled("MNU_View")),
         "&Font size... | - | Commands by &Name... | &Last column takes the room | &Dark grounds in the dark");

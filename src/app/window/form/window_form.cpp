@@ -115,6 +115,7 @@ void Window_Form::setMenuEnabled(Menu_Entry entry, bool enabled) {
         printPageEnabled_ = enabled;
     else
         menu.action(nameOf(entry)).setEnabled(enabled);
+    if (entry == Menu_Entry::MNU_Download) menu.action(QStringLiteral("MNU_SendChanges")).setEnabled(enabled);
     menu.action(nameOf(Menu_Entry::MNU_PrintPage))
         .setEnabled(printPageEnabled_ && menu.action(nameOf(Menu_Entry::MNU_Print)).isEnabled());
 }

@@ -3,9 +3,6 @@
 
 #include "commission/folder/native_runs.h"
 
-#include <QDir>
-#include <QFile>
-
 #include <nlohmann/json.hpp>
 
 #include <cstdint>
@@ -42,13 +39,6 @@ Run_Folder_Name runFolderOf(const std::string& state, const std::string& given) 
     if (!path.has_filename()) path = path.parent_path();
     const std::string parent = path.parent_path().string();
     return {parent.empty() ? "." : parent, path.filename().string()};
-}
-
-std::string userStateFolder() {
-    const QString given = qEnvironmentVariable("XDG_STATE_HOME");
-    const bool usable = given.startsWith(QLatin1Char('/'));
-    const QString base = usable ? given : QDir::homePath() + QStringLiteral("/.local/state");
-    return QFile::encodeName(base + QStringLiteral("/zorvane")).toStdString();
 }
 
 } // namespace zorvane::ctl

@@ -15,8 +15,4 @@ struct Run_Folder_Name {
 /// system keeps for the user.
 [[nodiscard]] Run_Folder_Name runFolderOf(const std::string& state, const std::string& given);
 
-/// $XDG_STATE_HOME/zorvane, else ~/.local/state/zorvane (XDG Base Directory Specification). UTF-8, without a
-/// separator at its end.
-[[nodiscard]] std::string userStateFolder();
-
 } // namespace zorvane::ctl

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The plan of a send, beside that of a download on a register file.
+#include "commission/desk/session_parts.h"
 #include "commission/plan/comparison_json.h"
 #include "ctl/calls/plan.h"
 #include "ctl/calls/qt/commission/commission_calls.h"
@@ -57,8 +58,8 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
     [[nodiscard]] commission::Plan_Paper unread(const Call_Context& context,
                                                 const Document_Arguments& files) const {
         commission::Plan_Paper paper;
-        paper.templateFile = namedFile(context, files.templatePath);
-        paper.document = namedFile(context, files.configurationPath);
+        paper.templateFile = commission::namedFile(context.files, files.templatePath);
+        paper.document = commission::namedFile(context.files, files.configurationPath);
         paper.port = port_.settings().port;
         paper.unit = port_.settings().slave;
         paper.settings = formatLineSettings(port_.settings().line);

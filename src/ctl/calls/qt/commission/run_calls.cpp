@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Calls that work on a run that is there: resume, restore, verify, runs.
 #include "commission/folder/json_fields.h"
+#include "commission/folder/state_folder.h"
 #include "commission/taking_back.h"
 #include "ctl/calls/qt/commission/commission_calls.h"
 #include "ctl/calls/qt/commission/session_call.h"
@@ -209,7 +210,8 @@ class Runs_Subcommand : public Subcommand {
     void addArguments(CLI::App& /*arguments*/) override {}
 
     int run(const Call_Context& context) override {
-        const auto runs = commission::listRuns(commission::Native_Runs(runsFolder(context)));
+        const auto runs =
+            commission::listRuns(commission::Native_Runs(commission::runsFolder(context.stateFolder)));
         if (context.json)
             printList(context, runs);
         else

@@ -3,7 +3,7 @@
 
 #include "commission/desk/desk_words.h"
 #include "commission/desk/session_parts.h"
-#include "commission/folder/digests.h"
+#include "commission/folder/state_folder.h"
 #include "ctl/document/notices.h"
 #include "ctl/text/text_table.h"
 #include "template/services/file_names.h"
@@ -11,7 +11,6 @@
 #include "values/code_page.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <ostream>
 
 namespace zorvane::ctl {
@@ -72,21 +71,11 @@ int exitOf(Step step) noexcept {
     return Exit_Failed;
 }
 
-std::string runsFolder(const Call_Context& context) { return context.stateFolder + "/runs"; }
-
-commission::Named_File namedFile(const Call_Context& context, const std::string& path) {
-    const auto bytes = context.files.bytes(path);
-    std::error_code error;
-    const std::filesystem::path whole = std::filesystem::absolute(pathToNative(path), error);
-    return {error ? pathToNative(path) : whole.lexically_normal().string(),
-            bytes ? commission::sha256(*bytes) : ""};
-}
-
 Session_Document Session_Opener::documentOf(const Opened_Document& opened,
                                             const Identity_Section& section) const {
     Session_Document document{opened.document,
                               section,
-                              namedFile(context_, opened.ztp.path),
+                              commission::namedFile(context_.files, opened.ztp.path),
                               {},
                               {},
                               {},
@@ -95,7 +84,8 @@ Session_Document Session_Opener::documentOf(const Opened_Document& opened,
                               3,
                               "zorvanectl",
                               commission::strayReasons(opened.document)};
-    if (opened.configuration) document.documentFile = namedFile(context_, opened.configuration->path);
+    if (opened.configuration)
+        document.documentFile = commission::namedFile(context_.files, opened.configuration->path);
     document.controllerFileName = "controller." + toUtf8(stemOf(opened));
     document.port = settings_.port;
     document.unit = settings_.slave;
@@ -119,7 +109,7 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
     const Identity_Section section = readIdentity(context_.files.bytes(opened.ztp.path).value_or(""));
     commission::keepTextsTogether(opened.document, line.exchanges());
     if (const std::string why = line.open(context_); !why.empty()) return fail(why);
-    commission::Native_Runs runs(runsFolder(context_));
+    commission::Native_Runs runs(commission::runsFolder(context_.stateFolder));
     const commission::System_Wall_Clock clock;
     Session session({line.exchanges(),
                      runs,

@@ -47,13 +47,7 @@ class Session_Opener {
     bool ownTimeOut_;
 };
 
-/// The folder of all runs.
-[[nodiscard]] std::string runsFolder(const Call_Context& context);
-
 /// Prints what came of a run: one object, or a few lines for people.
 void printEnd(const Call_Context& context, const commission::Session_End& end);
-
-/// Path and hash of a file; an empty hash where there is none.
-[[nodiscard]] commission::Named_File namedFile(const Call_Context& context, const std::string& path);
 
 } // namespace zorvane::ctl

@@ -1,0 +1,370 @@
+// SPDX-License-Identifier: MIT
+#include "app/sending/send_window.h"
+
+#include "commission/desk/desk_words.h"
+#include "ui/base/text.h"
+#include "ui/base/twips_scale.h"
+
+#include <QAccessible>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+namespace zorvane::app {
+
+using commission::Desk_Row;
+using commission::Desk_Stage;
+using commission::Desk_State;
+using commission::Desk_Task;
+
+namespace {
+
+constexpr double windowWidth = 13500; // twips
+constexpr double windowHeight = 8400;
+constexpr int evidenceLines = 3;
+
+enum Column { State, Page, Setting, Heading, Present, Wanted, Read_Back, Note, Column_Count };
+
+QString shown(const std::string& utf8) { return QString::fromStdString(utf8); }
+
+QLabel& addLabel(QVBoxLayout& layout, QWidget& parent, const char* name) {
+    auto* label = new QLabel(&parent);
+    ui::giveName(*label, QString::fromLatin1(name));
+    label->setWordWrap(true);
+    label->setTextFormat(Qt::PlainText);
+    layout.addWidget(label);
+    return *label;
+}
+
+} // namespace
+
+Send_Window::Send_Window(commission::Send_Desk& desk, Send_Window_Hooks hooks, QWidget* parent)
+    : QDialog(parent), desk_(desk), hooks_(std::move(hooks)) {
+    ui::giveName(*this, QStringLiteral("FrmSend"));
+    setWindowTitle(QStringLiteral("Send Changes"));
+    new QVBoxLayout(this);
+    addWords();
+    addQuestion();
+    addTable();
+    addButtons();
+    resize(ui::scaleOf(*this).size(windowWidth, windowHeight));
+    refresh();
+}
+
+// Its parts.
+
+void Send_Window::addWords() {
+    auto& column = static_cast<QVBoxLayout&>(*layout());
+    headline_ = &addLabel(column, *this, "LBL_Headline");
+    QFont strong = headline_->font();
+    strong.setBold(true);
+    headline_->setFont(strong);
+    identity_ = &addLabel(column, *this, "LBL_Identity");
+    evidence_ = new QListWidget(this);
+    ui::giveName(*evidence_, QStringLiteral("LST_Evidence"));
+    evidence_->setAccessibleName(QStringLiteral("What speaks for and against it"));
+    evidence_->setWordWrap(true);
+    column.addWidget(evidence_);
+    notice_ = &addLabel(column, *this, "LBL_Notice");
+}
+
+void Send_Window::addQuestion() {
+    auto* line = new QHBoxLayout;
+    modelWords_ = new QLabel(QStringLiteral("&Model:"), this);
+    ui::giveName(*modelWords_, QStringLiteral("LBL_Model"));
+    model_ = new QLineEdit(this);
+    ui::giveName(*model_, QStringLiteral("TXT_Model"));
+    model_->setAccessibleName(QStringLiteral("Model"));
+    modelWords_->setBuddy(model_);
+    goOn_ = new QPushButton(QStringLiteral("&Go on"), this);
+    ui::giveName(*goOn_, QStringLiteral("BOT_GoOn"));
+    goOn_->setAutoDefault(false);
+    line->addWidget(modelWords_);
+    line->addWidget(model_, 1);
+    line->addWidget(goOn_);
+    line->addStretch(1);
+    static_cast<QVBoxLayout*>(layout())->addLayout(line);
+    connect(model_, &QLineEdit::textChanged, this, [this] { showQuestion(); });
+    connect(goOn_, &QPushButton::clicked, this, [this] { goOn(); });
+    model_->installEventFilter(this);
+}
+
+void Send_Window::addTable() {
+    table_ = new QTableWidget(0, Column_Count, this);
+    ui::giveName(*table_, QStringLiteral("LST_Values"));
+    table_->setAccessibleName(QStringLiteral("Values"));
+    table_->verticalHeader()->hide();
+    table_->horizontalHeader()->setStretchLastSection(true);
+    table_->horizontalHeader()->setHighlightSections(false);
+    table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setSelectionMode(QAbstractItemView::SingleSelection);
+    table_->setTabKeyNavigation(false);
+    table_->setWordWrap(false);
+    table_->installEventFilter(this);
+    connect(table_, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* item) {
+        if (filling_ || item->column() != State) return;
+        const auto row = static_cast<std::size_t>(item->row());
+        const bool ticked = item->checkState() == Qt::Checked;
+        press([this, row, ticked] { desk_.tick(row, ticked); });
+    });
+    auto& column = static_cast<QVBoxLayout&>(*layout());
+    column.addWidget(table_, 1);
+    sum_ = &addLabel(column, *this, "LBL_Sum");
+    progress_ = new QProgressBar(this);
+    ui::giveName(*progress_, QStringLiteral("PGB_Progress"));
+    progress_->setAccessibleName(QStringLiteral("Progress"));
+    column.addWidget(progress_);
+}
+
+void Send_Window::addButtons() {
+    auto* row = new QHBoxLayout;
+    const auto add = [&](const char* name, const char* text, std::function<void()> handler) {
+        auto* button = new QPushButton(QString::fromLatin1(text), this);
+        ui::giveName(*button, QString::fromLatin1(name));
+        button->setAutoDefault(false);
+        row->addWidget(button);
+        connect(button, &QPushButton::clicked, this,
+                [this, handler = std::move(handler)] { press(handler); });
+        return button;
+    };
+    all_ = add("BOT_All", "Tick &all", [this] { desk_.tickAll(true); });
+    none_ = add("BOT_None", "Tick &none", [this] { desk_.tickAll(false); });
+    row->addStretch(1);
+    retry_ = add("BOT_Retry", "Retry &failed", [this] { desk_.retryFailed(); });
+    resume_ = add("BOT_Resume", "Res&ume", [this] { desk_.resumeInterrupted(); });
+    restore_ = add("BOT_Restore", "Res&tore...", [this] { desk_.restoreLast(); });
+    record_ = add("BOT_Record", "Re&cord...", [this] { hooks_.record(); });
+    row->addStretch(1);
+    act_ = add("BOT_Send", "&Send", [this] { desk_.act(); });
+    close_ = add("BOT_Close", "C&lose", [this] { reject(); });
+    static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+// What it shows.
+
+void Send_Window::refresh() {
+    showWords();
+    showQuestion();
+    showRows();
+    showProgress();
+    showButtons();
+    settleFocus();
+    if (closesAfter_ && !desk_.atWork()) QDialog::reject();
+}
+
+void Send_Window::showWords() {
+    const Desk_State& state = desk_.state();
+    const QString headline = shown(commission::headline(state));
+    if (headline != headline_->text()) {
+        headline_->setText(headline);
+        if (state.stage != Desk_Stage::Sending) {
+            QAccessibleEvent told(headline_, QAccessible::Alert);
+            QAccessible::updateAccessibility(&told);
+        }
+    }
+    const QString notice = shown(commission::notice(state));
+    notice_->setText(notice);
+    notice_->setVisible(!notice.isEmpty());
+    identity_->setVisible(state.identity.has_value());
+    QStringList evidence;
+    if (state.identity) {
+        identity_->setText(shown(commission::identityText(*state.identity)));
+        for (const std::string& text : commission::evidenceTexts(*state.identity))
+            evidence << shown(text);
+    }
+    evidence_->setVisible(!evidence.isEmpty());
+    QStringList there;
+    for (int i = 0; i < evidence_->count(); ++i)
+        there << evidence_->item(i)->text();
+    if (there == evidence) return;
+    evidence_->clear();
+    evidence_->addItems(evidence);
+    const int lines = std::clamp(static_cast<int>(evidence.size()), 1, evidenceLines);
+    evidence_->setFixedHeight(evidence_->sizeHintForRow(0) * lines + 2 * evidence_->frameWidth());
+}
+
+void Send_Window::showQuestion() {
+    const Desk_Stage stage = desk_.state().stage;
+    const bool asksModel = stage == Desk_Stage::Model_Asked;
+    modelWords_->setVisible(asksModel);
+    model_->setVisible(asksModel);
+    goOn_->setVisible(asksModel || stage == Desk_Stage::Serial_Asked);
+    goOn_->setEnabled(!asksModel || !model_->text().trimmed().isEmpty());
+}
+
+void Send_Window::setCell(int row, int column, const QString& text) {
+    if (QTableWidgetItem* item = table_->item(row, column)) {
+        if (item->text() != text) item->setText(text);
+        return;
+    }
+    auto* item = new QTableWidgetItem(text);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    table_->setItem(row, column, item);
+}
+
+/// A tick before the values go out; after it a sign and a word.
+void Send_Window::setState(int row, const Desk_Row& shownRow) {
+    const bool ticks = desk_.state().task == Desk_Task::Send && !shownRow.state && shownRow.tickable;
+    QString text;
+    if (shownRow.state)
+        text = shown(std::string(commission::stateMark(*shownRow.state)) + " " +
+                     commission::stateName(*shownRow.state));
+    else if (!shownRow.tickable)
+        text = QStringLiteral("can't be sent");
+    else if (!ticks)
+        text = QStringLiteral("goes out");
+    setCell(row, State, text);
+    QTableWidgetItem& item = *table_->item(row, State);
+    if (ticks) {
+        const Qt::CheckState wanted = shownRow.ticked ? Qt::Checked : Qt::Unchecked;
+        item.setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        if (item.checkState() != wanted || item.data(Qt::CheckStateRole).isNull()) item.setCheckState(wanted);
+    } else if (!item.data(Qt::CheckStateRole).isNull()) {
+        item.setData(Qt::CheckStateRole, {});
+        item.setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    }
+}
+
+void Send_Window::showRows() {
+    const Desk_State& state = desk_.state();
+    const bool ended = state.stage == Desk_Stage::Ended;
+    filling_ = true;
+    static constexpr std::array<const char*, Column_Count> before = {
+        "Send", "Page", "Setting", "Column", "Controller has", "Document has", "Read back", "Note"};
+    for (int column = 0; column < Column_Count; ++column)
+        table_->setHorizontalHeaderItem(
+            column, new QTableWidgetItem(QString::fromLatin1(before[static_cast<std::size_t>(column)])));
+    if (ended || state.task == Desk_Task::Resume)
+        table_->horizontalHeaderItem(State)->setText(QStringLiteral("State"));
+    if (ended) table_->horizontalHeaderItem(Present)->setText(QStringLiteral("Before"));
+    if (state.task == Desk_Task::Restore)
+        table_->horizontalHeaderItem(Wanted)->setText(QStringLiteral("Is put back"));
+    table_->setColumnHidden(Read_Back, !ended);
+    const bool other =
+        table_->rowCount() != static_cast<int>(state.rows.size()) || shownStage_ != state.stage;
+    table_->setRowCount(static_cast<int>(state.rows.size()));
+    for (std::size_t i = 0; i < state.rows.size(); ++i) {
+        const Desk_Row& row = state.rows[i];
+        const int at = static_cast<int>(i);
+        setState(at, row);
+        setCell(at, Page, ui::fromCore(row.page));
+        setCell(at, Setting, ui::fromCore(row.name));
+        setCell(at, Heading, ui::fromCore(row.heading));
+        setCell(at, Present, ui::fromCore(row.present));
+        setCell(at, Wanted, ui::fromCore(row.wanted));
+        setCell(at, Read_Back, ui::fromCore(row.readBack));
+        setCell(at, Note, ui::fromCore(row.note));
+    }
+    if (other) table_->resizeColumnsToContents();
+    if (other && !state.rows.empty() && table_->currentRow() < 0) table_->setCurrentCell(0, State);
+    const bool shows = state.stage == Desk_Stage::Ready || state.stage == Desk_Stage::Sending || ended;
+    table_->setEnabled(shows);
+    filling_ = false;
+    sum_->setText(shown(commission::sumLine(state)));
+}
+
+void Send_Window::showProgress() {
+    const Desk_State& state = desk_.state();
+    const bool sends = state.stage == Desk_Stage::Sending;
+    progress_->setVisible(sends || state.stage == Desk_Stage::Looking);
+    progress_->setRange(0, sends ? std::max(1, static_cast<int>(state.writes)) : 0);
+    if (sends) progress_->setValue(static_cast<int>(state.done));
+    progress_->setFormat(QStringLiteral("%v of %m writes"));
+}
+
+void Send_Window::showButtons() {
+    const Desk_State& state = desk_.state();
+    const bool ready = state.stage == Desk_Stage::Ready;
+    const bool sends = ready && state.task == Desk_Task::Send;
+    const bool ended = state.stage == Desk_Stage::Ended || state.stage == Desk_Stage::Stopped;
+    const bool interrupted = !state.interrupted.empty() && (sends || ended);
+    all_->setVisible(state.task == Desk_Task::Send && !ended);
+    none_->setVisible(all_->isVisibleTo(this));
+    all_->setEnabled(sends);
+    none_->setEnabled(sends);
+    retry_->setVisible(ended);
+    retry_->setEnabled(desk_.canRetry());
+    resume_->setVisible(interrupted);
+    restore_->setVisible(interrupted || ended);
+    restore_->setEnabled(interrupted || !state.restorable.empty());
+    record_->setVisible(ended);
+    record_->setEnabled(!state.run.empty());
+    act_->setText(QStringLiteral("&") + QString::fromLatin1(commission::actCaption(state.task).data()));
+    act_->setVisible(!ended);
+    act_->setEnabled(commission::canAct(state));
+    const bool working = state.stage == Desk_Stage::Looking || state.stage == Desk_Stage::Sending;
+    close_->setText(working ? QStringLiteral("Cance&l") : QStringLiteral("C&lose"));
+    close_->setEnabled(!state.stopping);
+}
+
+/// Where the keyboard is when something new is shown.
+void Send_Window::settleFocus() {
+    const Desk_Stage stage = desk_.state().stage;
+    if (shownStage_ == stage) return;
+    shownStage_ = stage;
+    switch (stage) {
+    case Desk_Stage::Model_Asked:
+        model_->clear();
+        return model_->setFocus();
+    case Desk_Stage::Ready:
+    case Desk_Stage::Ended:
+        return desk_.state().rows.empty() ? close_->setFocus() : table_->setFocus();
+    case Desk_Stage::Looking:
+    case Desk_Stage::Stopped:
+    case Desk_Stage::Serial_Asked:
+    case Desk_Stage::Sending:
+        break;
+    }
+    close_->setFocus();
+}
+
+// What is pressed.
+
+void Send_Window::press(const std::function<void()>& handler) { hooks_.run(handler); }
+
+void Send_Window::goOn() {
+    if (desk_.state().stage == Desk_Stage::Serial_Asked) return press([this] { desk_.agreeToSerial(); });
+    press([this] {
+        if (!desk_.agreeToModel(ui::toCore(model_->text()))) model_->selectAll();
+    });
+}
+
+void Send_Window::toggleCurrent() {
+    QTableWidgetItem* item = table_->currentRow() < 0 ? nullptr : table_->item(table_->currentRow(), State);
+    if (item == nullptr || !item->flags().testFlag(Qt::ItemIsUserCheckable)) return;
+    item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+}
+
+void Send_Window::reject() {
+    if (!desk_.atWork()) return QDialog::reject();
+    closesAfter_ = desk_.state().stage != Desk_Stage::Sending;
+    desk_.stop();
+}
+
+bool Send_Window::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (watched == table_ && key == Qt::Key_Space) {
+        toggleCurrent();
+        return true;
+    }
+    if (watched == model_ && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+        if (goOn_->isEnabled()) goOn();
+        return true;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+} // namespace zorvane::app
