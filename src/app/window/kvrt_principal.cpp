@@ -9,6 +9,7 @@
 #include "app/window/form_commands.h"
 #include "app/window/grid_events.h"
 #include "app/window/message_bar_buttons.h"
+#include "app/window/support_command.h"
 #include "comm/main_form/monitor.h"
 #include "comm/transfer/cancel.h"
 #include "comm/transfer/online.h"
@@ -82,6 +83,7 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
     connectTimers();
     connectLink();
     reports_.connect(menu_);
+    connectSupportReport(menu_, line_.link(), line_.windows().lastTraffic());
     connectSending();
     line_.connect(menu_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); });
 }

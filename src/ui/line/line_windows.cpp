@@ -32,6 +32,7 @@ void Line_Windows::attach(Modbus_Link& link, Port_Finder& finder, Link_Clock& cl
     link_ = &link;
     finder_ = &finder;
     clock_ = &clock;
+    link.setObserver(&lastTraffic_);
 }
 
 Port_Dialog_Services Line_Windows::dialogParts() {
@@ -82,7 +83,7 @@ bool Line_Windows::monitorVisible() const {
 void Line_Windows::showMonitor(const Window_Place& place) {
     if (!monitor_) {
         monitor_ = new Monitor_Window(midnightOf(*clock_), hooks_.ask, owner_);
-        link_->setObserver(&monitor_->feed());
+        lastTraffic_.setNext(&monitor_->feed());
     }
     monitor_->setPlace(place);
     monitor_->show();
@@ -104,7 +105,7 @@ Window_Place Line_Windows::monitorPlace() const {
 void Line_Windows::unloadMonitor() {
     if (!monitor_) return;
     monitorPlace_ = monitor_->place();
-    link_->setObserver(nullptr);
+    lastTraffic_.setNext(nullptr);
     delete monitor_.data();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "comm/modbus_control/exchange/last_traffic.h"
 #include "comm/modbus_control/line/simulated_port.h"
 #include "comm/modbus_control/modbus_link.h"
 #include "comm/modbus_control/qt/qt_any_port.h"
@@ -49,6 +50,9 @@ class Line_Windows final : public Link_Windows {
     void restoreMonitor() override;
     void minimizeMonitor() override;
 
+    /// The newest traffic, whether the monitor is open or not.
+    [[nodiscard]] const Last_Traffic& lastTraffic() const { return lastTraffic_; }
+
     /// While they are there.
     [[nodiscard]] Port_Dialog* portDialog() const { return dialog_; }
     [[nodiscard]] Monitor_Window* monitor() const { return monitor_; }
@@ -60,6 +64,7 @@ class Line_Windows final : public Link_Windows {
     QWidget* owner_;
     Simulator& simulator_;
     Line_Windows_Hooks hooks_;
+    Last_Traffic lastTraffic_{200};
     Modbus_Link* link_ = nullptr;
     Port_Finder* finder_ = nullptr;
     Link_Clock* clock_ = nullptr;

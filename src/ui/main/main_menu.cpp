@@ -75,6 +75,8 @@ constexpr std::array helpLines = {
     Menu_Line{"MNU_OnLine", "&Brevik Online", ""},
     Menu_Line{"MNU_ContactUs", "Contact &Us ", ""},
     Menu_Line{"MNU_About", "&About", ""},
+    separator,
+    Menu_Line{"MNU_Support", "Copy &Report for Support", ""},
 };
 
 constexpr std::array trayLines = {

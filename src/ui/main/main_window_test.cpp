@@ -102,7 +102,8 @@ TEST_F(Main_Window_Test, HasTheMenus) {
         captionsOf(menuCalled("MNU_View")),
         "&Font size... | - | Commands by &Name... | &Last column takes the room | &Dark grounds in the dark");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Windows")), "&Minimize | Ma&ximize | Minimize to &tray");
-    EXPECT_EQ(captionsOf(menuCalled("MNU_Help")), "&Index | &Brevik Online | Contact &Us  | &About");
+    EXPECT_EQ(captionsOf(menuCalled("MNU_Help")),
+              "&Index | &Brevik Online | Contact &Us  | &About | - | Copy &Report for Support");
     EXPECT_EQ(window.menu().trayMenu().title(), "Tray");
     EXPECT_EQ(captionsOf(window.menu().trayMenu()), "All | Application Window | Monitor Window");
 }

@@ -139,3 +139,22 @@ def a_double_click_on_a_heading_s_border_fits_the_column(program):
     document = program.terminal.ask("dump", program.template("KVRT207D"), other)
     width = document["Fields"]["1"]["Cells"][0][0]["Width"]
     assert abs(width - pixels * 15) <= 15, f"{width} twips in the file, {pixels} pixels on the screen"
+
+
+def the_report_for_support_is_in_the_clipboard(program):
+    controller = program.simulator()
+    program.use_port(controller)
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.go_online()
+    program.choose("Help", "Copy Report for Support")
+    wait_for("the bar", lambda: program.shows("BAR_1"))
+    report = program.desktop.run("xclip", "-selection", "clipboard", "-o").decode()
+    lines = report.split("\n")
+    assert lines[0].startswith("Program: Zorvane "), lines[0]
+    assert lines[4] == "Model: KVRT207D", lines[4]
+    assert lines[5] == "Port: controller, 115200,n,8,1, unit 1", lines[5]
+    assert sum("Tx: 01 03 " in line for line in lines) > 5, "no traffic is told"
+    assert "site7" not in report and program.desktop.folder not in report, "a name is told"
