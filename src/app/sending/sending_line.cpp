@@ -23,9 +23,9 @@ std::string Sending_Line::open(std::int32_t unit, const Line_Settings& line) {
     if (setup_.prepare) setup_.prepare(*exchanges_);
     const Port_Opening opening = exchanges_->open();
     if (opening.opened) return {};
-    const std::string why = settings.port.empty()
-                                ? "No port is chosen. Choose one in Communication > Port Settings."
-                                : "The port " + settings.port + " can't be opened. " + opening.reason;
+    std::string why = settings.port.empty()
+                          ? "No port is chosen. Choose one in Communication > Port Settings."
+                          : "The port " + settings.port + " can't be opened. " + opening.reason;
     close();
     return why;
 }

@@ -120,8 +120,8 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
                          return commission::controllerFile(opened.document, registers);
                      }},
                     documentOf(opened, section));
-    Session_Work session_work{context_, opened, section, line, runs, session};
-    return work(session_work);
+    Session_Work sessionWork{context_, opened, section, line, runs, session};
+    return work(sessionWork);
 }
 
 void printEnd(const Call_Context& context, const Session_End& end) {
