@@ -37,7 +37,7 @@ std::optional<Json> parsed(const std::optional<std::string>& text) {
 
 Run_State stateOf(const Run_Store& store, const std::string& name, const std::optional<Json>& result) {
     if (store.read(name, restoredFile)) return Run_State::Restored;
-    const bool finished = result && textOf(memberOf(*result, "state")) == "finished";
+    const bool finished = result && stringOf(memberOf(*result, "state")) == "finished";
     return finished ? Run_State::Finished : Run_State::Interrupted;
 }
 
@@ -91,8 +91,8 @@ std::optional<Run_Head> parseHead(std::string_view text) {
         json.at("started_local").get_to(head.startedLocal);
         json.at("model").get_to(head.model);
         json.at("unit").get_to(head.unit);
-        head.although = textOf(json.at("although"));
-        head.restores = textOf(json.at("restores"));
+        head.although = stringOf(json.at("although"));
+        head.restores = stringOf(json.at("restores"));
         json.at("program").get_to(head.program);
         return head;
     } catch (const Json::exception&) {

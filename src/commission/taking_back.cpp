@@ -169,7 +169,7 @@ std::int32_t unitOf(const Kept_Run& run) {
 std::string settingsOf(const Kept_Run& run) {
     std::string settings = run.paper.settings;
     for (const Json& record : run.journal.records)
-        if (isEvent(record, "line")) settings = textOf(memberOf(record, "line")).value_or(settings);
+        if (isEvent(record, "line")) settings = stringOf(memberOf(record, "line")).value_or(settings);
     return settings;
 }
 

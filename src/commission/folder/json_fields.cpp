@@ -10,7 +10,7 @@ const Json& memberOf(const Json& json, const char* name) noexcept {
     return found == json.end() ? nothing : *found;
 }
 
-std::optional<std::string> textOf(const Json& value) {
+std::optional<std::string> stringOf(const Json& value) {
     if (!value.is_string()) return std::nullopt;
     return value.get<std::string>();
 }

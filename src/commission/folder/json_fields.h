@@ -19,7 +19,7 @@ namespace zorvane::commission {
 [[nodiscard]] const Json& memberOf(const Json& json, const char* name) noexcept;
 
 /// A text; nothing for any other kind of value.
-[[nodiscard]] std::optional<std::string> textOf(const Json& value);
+[[nodiscard]] std::optional<std::string> stringOf(const Json& value);
 
 /// A whole number within the range of the type; nothing for any other value.
 template <std::integral Number> [[nodiscard]] std::optional<Number> numberOf(const Json& value) {

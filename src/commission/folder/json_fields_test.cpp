@@ -15,10 +15,10 @@ TEST(JsonFields, AMemberThatIsNotThereAndAMemberOfNoObjectAreNull) {
 }
 
 TEST(JsonFields, ATextIsATextOnly) {
-    EXPECT_EQ(textOf(Json("PUMP")), "PUMP");
-    EXPECT_EQ(textOf(Json("")), "");
-    EXPECT_EQ(textOf(Json(5)), std::nullopt);
-    EXPECT_EQ(textOf(Json()), std::nullopt);
+    EXPECT_EQ(stringOf(Json("PUMP")), "PUMP");
+    EXPECT_EQ(stringOf(Json("")), "");
+    EXPECT_EQ(stringOf(Json(5)), std::nullopt);
+    EXPECT_EQ(stringOf(Json()), std::nullopt);
 }
 
 TEST(JsonFields, ANumberIsWholeAndWithinTheTypesRange) {

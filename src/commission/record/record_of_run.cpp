@@ -25,7 +25,7 @@ Json parsed(const std::optional<std::string>& text) {
 }
 
 std::string textAt(const Json& json, const char* name) {
-    return fromUtf8(textOf(memberOf(json, name)).value_or(""));
+    return fromUtf8(stringOf(memberOf(json, name)).value_or(""));
 }
 
 std::int32_t numberAt(const Json& json, const char* name) {
