@@ -3,7 +3,6 @@
 
 #include "app/document/document_rows.h"
 #include "app/document/recovery_keeper.h"
-#include "app/form/port_store.h"
 #include "app/form_life.h"
 #include "app/sending/send_changes.h"
 #include "app/window/form_commands.h"
@@ -35,8 +34,9 @@ std::string timeOfDay() {
     return QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")).toStdString();
 }
 
-Qt_Settings_Store& openStore(std::optional<Qt_Settings_Store>& store, const QString& file) {
-    return file.isEmpty() ? store.emplace() : store.emplace(file);
+Qt_Settings_Store openStore(const QString& file) {
+    if (file.isEmpty()) return Qt_Settings_Store();
+    return Qt_Settings_Store(file);
 }
 
 } // namespace
@@ -51,12 +51,11 @@ Program_Places programPlaces() {
 }
 
 KVRT_Principal::KVRT_Principal(const Program_Places& places)
-    : places_(places), recoveryFolder_(places.recoveryFolder),
+    : places_(places), settings_(openStore(places.settingsFile)), recoveryFolder_(places.recoveryFolder),
       savedFolder_(filesFolder(places.recoveryFolder)),
       recovery_(recoveryFolder_, timeOfDay, std::to_string(QCoreApplication::applicationPid()),
                 &savedFolder_),
-      mainForm_(window_, edge_), line_(app_, mainForm_, pathToNative(places.applicationFolder),
-                                       storedPortSettings(openStore(settings_, places.settingsFile))),
+      mainForm_(window_, edge_), line_({document_, state_, settings_, places.applicationFolder}, mainForm_),
       formWindows_(mainForm_), widths_([this] { return window_.FLX_Settings().view().font(); },
                                        [this] { return window_.scale().perPixelX; }),
       app_{{{document_, form_, line_.link(), mainForm_},
@@ -67,13 +66,14 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
             formWindows_},
            mainForm_,
            files_,
-           *settings_,
+           settings_,
            widths_,
            recovery_,
            state_,
            places.applicationFolder},
-      menu_{app_, mainForm_, edge_}, reports_(app_, mainForm_, edge_), desktop_(menu_), ways_(menu_),
-      systemEnd_(app_, mainForm_, edge_) {
+      menu_{app_, mainForm_, edge_}, reports_(app_, mainForm_, edge_),
+      transferLog_(menu_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); }),
+      desktop_(menu_), ways_(menu_), systemEnd_(app_, mainForm_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
     connectMessageBar(mainForm_, edge_);
@@ -85,7 +85,6 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
     reports_.connect(menu_);
     connectSupportReport(menu_, line_.link(), line_.windows().lastTraffic());
     connectSending();
-    line_.connect(menu_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); });
 }
 
 /// The grids' handlers live on what is destroyed before the window is.

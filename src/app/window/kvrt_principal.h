@@ -17,7 +17,6 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
-#include <optional>
 #include <string>
 
 namespace zorvane::app {
@@ -54,6 +53,7 @@ class KVRT_Principal {
     [[nodiscard]] Window_Form& mainForm() { return mainForm_; }
     [[nodiscard]] Modbus_Link& link() { return line_.link(); }
     [[nodiscard]] Window_Link& line() { return line_; }
+    [[nodiscard]] Transfer_Log_Form& transferLog() { return transferLog_; }
     [[nodiscard]] Event_Edge& edge() { return edge_; }
     [[nodiscard]] Report_Windows& reports() { return reports_; }
     [[nodiscard]] Desktop_Menus& desktop() { return desktop_; }
@@ -89,7 +89,7 @@ class KVRT_Principal {
     Hidden_Editors editors_;
     App_State state_;
     Native_Files files_;
-    std::optional<Qt_Settings_Store> settings_;
+    Qt_Settings_Store settings_;
     Native_Recovery_Folder recoveryFolder_;
     Native_Recovery_Folder savedFolder_; ///< of files as they were before a save
     Recovery recovery_;
@@ -101,6 +101,7 @@ class KVRT_Principal {
     App_Context app_;
     Menu_Context menu_;
     Report_Windows reports_;
+    Transfer_Log_Form transferLog_;
     Desktop_Menus desktop_;
     Document_Ways ways_;
     System_End systemEnd_;

@@ -82,19 +82,19 @@ TEST_F(Window_Line, AfterAFailedUploadThePanelKeepsItsTextAndTheLogIsOffered) {
     QApplication::processEvents();
     EXPECT_TRUE(logButton().isVisible());
     EXPECT_EQ(panel(4), "Error. The controller does not respond.");
-    EXPECT_EQ(program->line().status().Status(), nullptr); // nothing opens by itself
+    EXPECT_EQ(program->transferLog().status().Status(), nullptr); // nothing opens by itself
     QTest::mouseClick(&logButton(), Qt::LeftButton);
-    ui::Frm_Status* form = program->line().status().Status();
+    ui::Frm_Status* form = program->transferLog().status().Status();
     ASSERT_NE(form, nullptr);
     EXPECT_THAT(form->findChild<QTextEdit*>(QStringLiteral("RtbStatus"))->toPlainText().toStdString(),
                 StartsWith("Transfer Method: Upload to PC\n"));
     QTest::mouseClick(form->findChild<QPushButton*>(QStringLiteral("BtnCancel")), Qt::LeftButton);
-    EXPECT_EQ(program->line().status().Status(), nullptr);
+    EXPECT_EQ(program->transferLog().status().Status(), nullptr);
     EXPECT_TRUE(program->window().formEnabled());
 }
 
 TEST_F(Window_Line, TheLogTakesNoInputDuringATransfer) {
-    ui::Frm_Status& form = program->line().status().PRO_Muestra_Status(true);
+    ui::Frm_Status& form = program->transferLog().status().PRO_Muestra_Status(true);
     use(simulatedPortName);
     choose("MNU_Upload");
     EXPECT_FALSE(form.isEnabled());
@@ -105,12 +105,12 @@ TEST_F(Window_Line, TheLogTakesNoInputDuringATransfer) {
     ASSERT_TRUE(transferOver());
     EXPECT_TRUE(form.isEnabled());
     form.close();
-    EXPECT_EQ(program->line().status().Status(), nullptr);
+    EXPECT_EQ(program->transferLog().status().Status(), nullptr);
 }
 
 TEST_F(Window_Line, TheReportOfATransferTakesNoInputWhileTheFormTakesNone) {
     program->app().form().Transfer_Errors.resize(1);
-    ui::Frm_Status& form = program->line().status().PRO_Muestra_Status(true);
+    ui::Frm_Status& form = program->transferLog().status().PRO_Muestra_Status(true);
     program->mainForm().setFormEnabled(false);
     QApplication::processEvents();
     EXPECT_FALSE(form.isEnabled()) << "its Connect and Retry would cut into a transfer";

@@ -13,14 +13,17 @@ struct Window_Place {
     std::int32_t height = 0;
 };
 
-/// The link's own windows: the port dialog and the monitor.
+class Modbus_Link;
+
+/// The link's own windows: the port dialog and the monitor. They are there before the link, which outlives
+/// what it shows.
 class Link_Windows {
   public:
     virtual ~Link_Windows() = default;
-    virtual void showPortSettings(bool modal) = 0;
+    virtual void showPortSettings(Modbus_Link& link, bool modal) = 0;
     [[nodiscard]] virtual bool monitorLoaded() const = 0;
     [[nodiscard]] virtual bool monitorVisible() const = 0;
-    virtual void showMonitor(const Window_Place& place) = 0;
+    virtual void showMonitor(Modbus_Link& link, const Window_Place& place) = 0;
     virtual void activateMonitor() = 0;
     [[nodiscard]] virtual Window_Place monitorPlace() const = 0;
     virtual void unloadMonitor() = 0;
@@ -32,10 +35,10 @@ class Link_Windows {
 /// For a program without windows.
 class No_Link_Windows final : public Link_Windows {
   public:
-    void showPortSettings(bool) override {}
+    void showPortSettings(Modbus_Link&, bool) override {}
     [[nodiscard]] bool monitorLoaded() const override { return false; }
     [[nodiscard]] bool monitorVisible() const override { return false; }
-    void showMonitor(const Window_Place&) override {}
+    void showMonitor(Modbus_Link&, const Window_Place&) override {}
     void activateMonitor() override {}
     [[nodiscard]] Window_Place monitorPlace() const override { return {}; }
     void unloadMonitor() override {}

@@ -412,10 +412,12 @@ TEST(ModbusLink, WhoIsToldOfAnExchangeMayStopTheLink) {
 
 /// Windows that write down what they are asked, at 1, 2 with a size of 3 by 4.
 struct Recording_Windows final : Link_Windows {
-    void showPortSettings(bool modal) override { asked.push_back(modal ? "settings, modal" : "settings"); }
+    void showPortSettings(Modbus_Link&, bool modal) override {
+        asked.push_back(modal ? "settings, modal" : "settings");
+    }
     [[nodiscard]] bool monitorLoaded() const override { return true; }
     [[nodiscard]] bool monitorVisible() const override { return false; }
-    void showMonitor(const Window_Place& place) override {
+    void showMonitor(Modbus_Link&, const Window_Place& place) override {
         asked.push_back("show at " + std::to_string(place.left) + ", " + std::to_string(place.top) + ": " +
                         std::to_string(place.width) + " by " + std::to_string(place.height));
     }

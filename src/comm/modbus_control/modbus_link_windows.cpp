@@ -4,12 +4,12 @@
 
 namespace zorvane {
 
-void Modbus_Link::ShowPortSettings(bool modal) { windows_.showPortSettings(modal); }
+void Modbus_Link::ShowPortSettings(bool modal) { windows_.showPortSettings(*this, modal); }
 bool Modbus_Link::MonitorLoaded() const { return windows_.monitorLoaded(); }
 bool Modbus_Link::MonitorVisible() const { return windows_.monitorVisible(); }
 
 void Modbus_Link::ShowMonitor(std::int32_t left, std::int32_t top, std::int32_t width, std::int32_t height) {
-    windows_.showMonitor({left, top, width, height});
+    windows_.showMonitor(*this, {left, top, width, height});
 }
 
 void Modbus_Link::ActivateMonitor() { windows_.activateMonitor(); }

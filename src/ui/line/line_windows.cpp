@@ -28,17 +28,10 @@ Line_Windows::~Line_Windows() {
     delete dialog_.data();
 }
 
-void Line_Windows::attach(Modbus_Link& link, Port_Finder& finder, Link_Clock& clock) {
-    link_ = &link;
-    finder_ = &finder;
-    clock_ = &clock;
-    link.setObserver(&lastTraffic_);
-}
-
 Port_Dialog_Services Line_Windows::dialogParts() {
-    return {*finder_,
+    return {finder_,
             testPort_,
-            *clock_,
+            clock_,
             {link_->templatePauseMs(), link_->templateTimeOutMs()},
             hooks_.testRegister ? hooks_.testRegister() : 0,
             link_->addressBase(),
@@ -55,7 +48,8 @@ void Line_Windows::take(const Port_Settings& settings) {
     if (hooks_.keep) hooks_.keep(settings);
 }
 
-void Line_Windows::showPortSettings(bool modal) {
+void Line_Windows::showPortSettings(Modbus_Link& link, bool modal) {
+    link_ = &link;
     if (dialog_) {
         dialog_->raise();
         return dialog_->activateWindow();
@@ -80,9 +74,10 @@ bool Line_Windows::monitorVisible() const {
     return window != nullptr && window->isVisible();
 }
 
-void Line_Windows::showMonitor(const Window_Place& place) {
+void Line_Windows::showMonitor(Modbus_Link& link, const Window_Place& place) {
+    link_ = &link;
     if (!monitor_) {
-        monitor_ = new Monitor_Window(midnightOf(*clock_), hooks_.ask, owner_);
+        monitor_ = new Monitor_Window(midnightOf(clock_), hooks_.ask, owner_);
         lastTraffic_.setNext(&monitor_->feed());
     }
     monitor_->setPlace(place);

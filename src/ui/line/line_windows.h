@@ -5,6 +5,7 @@
 #include "comm/modbus_control/line/simulated_port.h"
 #include "comm/modbus_control/modbus_link.h"
 #include "comm/modbus_control/qt/qt_any_port.h"
+#include "comm/modbus_control/qt/qt_port_finder.h"
 #include "ui/line/monitor_window.h"
 #include "ui/line/port_dialog.h"
 
@@ -19,12 +20,11 @@ struct Line_Windows_Hooks {
     Ask_User ask;
 };
 
-/// The windows of the link: the port dialog and the monitor. They are made before the link, which is handed
-/// to them by `attach`.
+/// The windows of the link: the port dialog and the monitor.
 ///
 ///     Line_Windows windows(mainWindow, simulator, hooks);
 ///     Qt_Link assembly(settings, asker, &windows, &simulator);
-///     windows.attach(assembly.link(), assembly.finder(), assembly.clock());
+///     assembly.link().setObserver(&windows.traffic());
 class Line_Windows final : public Link_Windows {
   public:
     /// Owner and simulator must outlive it.
@@ -33,13 +33,10 @@ class Line_Windows final : public Link_Windows {
     Line_Windows(const Line_Windows&) = delete;
     Line_Windows& operator=(const Line_Windows&) = delete;
 
-    /// All three must outlive its use.
-    void attach(Modbus_Link& link, Port_Finder& finder, Link_Clock& clock);
-
-    void showPortSettings(bool modal) override;
+    void showPortSettings(Modbus_Link& link, bool modal) override;
     [[nodiscard]] bool monitorLoaded() const override { return !monitor_.isNull(); }
     [[nodiscard]] bool monitorVisible() const override;
-    void showMonitor(const Window_Place& place) override;
+    void showMonitor(Modbus_Link& link, const Window_Place& place) override;
     void activateMonitor() override;
     /// Where it stands, or where it stood last.
     [[nodiscard]] Window_Place monitorPlace() const override;
@@ -50,6 +47,8 @@ class Line_Windows final : public Link_Windows {
     void restoreMonitor() override;
     void minimizeMonitor() override;
 
+    /// What the link tells its traffic to; the monitor shows what comes here.
+    [[nodiscard]] Traffic_Observer& traffic() { return lastTraffic_; }
     /// The newest traffic, whether the monitor is open or not.
     [[nodiscard]] const Last_Traffic& lastTraffic() const { return lastTraffic_; }
 
@@ -65,9 +64,9 @@ class Line_Windows final : public Link_Windows {
     Simulator& simulator_;
     Line_Windows_Hooks hooks_;
     Last_Traffic lastTraffic_{200};
-    Modbus_Link* link_ = nullptr;
-    Port_Finder* finder_ = nullptr;
-    Link_Clock* clock_ = nullptr;
+    Modbus_Link* link_ = nullptr; ///< that of the windows shown
+    Qt_Port_Finder finder_;
+    Qt_Link_Clock clock_; ///< counts from where the link's own does
     Qt_Any_Port testAnyPort_;
     Simulated_Port testPort_;
     QPointer<Port_Dialog> dialog_;

@@ -40,7 +40,7 @@ struct Line_Windows_Test : ::testing::Test {
         std::ofstream(ztp)
             << "[PORT_CONFIGURATION]\r\nHOLDINGREGISTERS=400\r\nHOLDINGREGISTERSBLOCK_1=100-103\r\n"
                "HOLDINGREQUESTBLOCK_1=ALWAYS\r\n";
-        windows.attach(assembly.link(), assembly.finder(), assembly.clock());
+        assembly.link().setObserver(&windows.traffic());
     }
     ~Line_Windows_Test() override { stopController(); }
 
@@ -63,7 +63,7 @@ struct Line_Windows_Test : ::testing::Test {
         return *widget;
     }
     void openDialog(const QString& port, int slave = 1) {
-        windows.showPortSettings(false);
+        windows.showPortSettings(assembly.link(), false);
         at<QComboBox>("CMB_Port").setEditText(port);
         at<QSpinBox>("NUM_Slave").setValue(slave);
         at<QSpinBox>("NUM_TimeOut").setValue(200);

@@ -20,8 +20,6 @@ class Qt_Link {
             Simulator* simulator = nullptr);
 
     [[nodiscard]] Modbus_Link& link() { return link_; }
-    [[nodiscard]] Port_Finder& finder() { return finder_; }
-    [[nodiscard]] Link_Clock& clock() { return clock_; }
 
   private:
     Qt_Link_Clock clock_;
