@@ -211,7 +211,7 @@ def outcome(case):
     for step in case["steps"]:
         session.faults = [dict(fault) for fault in step["faults"]]
         session.records = False
-        session.lost = False  # a link whose port is opened anew is judged anew
+        session.lost = False  # a port that is opened again starts with a clean slate
         for f, r, c, text in step["set"]:
             session.values[f - 1][r - 1][c - 1] = text
         panel, online, failure = "", False, 0
