@@ -37,11 +37,12 @@ std::vector<Recent_File> recentFiles(const App_Context& app) {
 void noteRecentFile(const App_Context& app) {
     const auto place = documentPlace(app);
     if (!place) return;
-    std::vector<std::string> paths = storedPaths(app);
-    if (!paths.empty() && paths.front() == *place) return;
-    std::erase(paths, *place);
-    paths.insert(paths.begin(), *place);
-    paths.resize(std::min(paths.size(), mostRecentFiles));
+    const std::vector<std::string> before = storedPaths(app);
+    if (!before.empty() && before.front() == *place) return;
+    std::vector<std::string> paths;
+    paths.push_back(*place);
+    for (const std::string& path : before)
+        if (path != *place && paths.size() < mostRecentFiles) paths.push_back(path);
     for (std::size_t i = 0; i < paths.size(); ++i)
         app.settings.SaveSetting(applicationTitle, recentSection, keyOf(i), paths[i]);
 }

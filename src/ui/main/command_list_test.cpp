@@ -3,6 +3,7 @@
 #include "ui/testing/control_walk.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
