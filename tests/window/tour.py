@@ -312,7 +312,45 @@ def long_report(program, visit):
         file.write(text)
 
 
-PARTS = (at_rest, menus, long_report, recovering, on_the_line, with_records, without_answer)
+def sending(program, visit):
+    """Send Changes: its question, its rows, its end and the head of the record."""
+    registers = program.desktop.path("sending_registers.json")
+    with open(registers, "w", encoding="ascii") as file:
+        file.write('{"112": 100, "205": 0, "226": 5, "250": 1200}')
+    with_controller(program, "--registers", registers, "--quirk", "not-above=114@112", "--quirk", "forgets:1@205",
+                    name="differing")
+    opened(program)
+    dialog = _send_window(program)
+    wait_for("the rows", lambda: dialog.part.named("LBL_Sum").name)
+    visit("send", dialog.part)
+    dialog.press("Send")
+    wait_for("the end", lambda: " of " in dialog.part.named("LBL_Sum").name)
+    visit("send_end", dialog.part)
+    dialog.press("Record...")
+    record = program.dialog("FrmRecord")
+    visit("record", record.part)
+    record.answer("Cancel")
+    dialog.answer("Close")
+    finish(program)
+
+    other = program.simulator("KVRT100", name="other")
+    program.use_port(other)
+    opened(program)
+    dialog = _send_window(program)
+    wait_for("the question", lambda: "type the name" in dialog.part.named("LBL_Headline").name)
+    visit("send_model", dialog.part)
+    dialog.answer("Close")
+    finish(program)
+
+
+def _send_window(program):
+    program.choose("Communication", "Send Changes...")
+    dialog = program.dialog("FrmSend")
+    resize(program, 820, 420, dialog.part)
+    return dialog
+
+
+PARTS = (at_rest, menus, long_report, recovering, on_the_line, with_records, without_answer, sending)
 
 
 def take_all(program, visit):

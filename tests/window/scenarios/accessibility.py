@@ -56,6 +56,10 @@ def windows_of_recovery(program):
     _tell_all(program, tour.recovering, ["recover", "recover_question"])
 
 
+def windows_of_sending(program):
+    _tell_all(program, tour.sending, ["send", "send_end", "record", "send_model"])
+
+
 def windows_of_the_line(program):
     _tell_all(program, tour.on_the_line,
               ["progress", "abort", "online", "monitor", "port_test", "written", "failed", "lost_notice", "lost"])
