@@ -15,7 +15,7 @@ namespace zorvane::bench {
 
 /// Zorvane's own transaction on Qt's serial port, driven by this thread's event loop. REQUIRES: a
 /// QCoreApplication.
-class Zorvane_Engine final : public Engine, private Transaction_Owner {
+class Zorvane_Engine final : public Engine, private Transaction_Listener {
   public:
     Zorvane_Engine(const std::string& device, const Wire& wire);
 

@@ -19,7 +19,7 @@ Window_Link::Window_Link(Link_Sources sources, Window_Form& mainForm)
                     return mainForm.ask(prompt, style, title);
                 }}),
       link_(storedPortSettings(sources_.settings), mainForm, &windows_, &simulator_) {
-    link_.link().setObserver(&windows_.traffic());
+    link_.link().setTrafficListener(&windows_.traffic());
 }
 
 /// The template that the model was read from, as the platform names it; letter case doesn't matter.

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "comm/modbus_control/exchange/rtu_transaction.h"
-#include "comm/modbus_control/exchange/traffic_observer.h"
+#include "comm/modbus_control/exchange/traffic_listener.h"
 #include "comm/modbus_control/line/port_session.h"
 #include "comm/modbus_control/link_windows.h"
 #include "comm/modbus_control/modbus_control.h"
@@ -34,7 +34,7 @@ struct Exchange_Status {
 /// The link itself: one exchange at a time on one port, writes before the scan, each with its tries. It is
 /// driven by its port and clock alone and never blocks. Whoever is told of an exchange is told last, when the
 /// next request is on its way, and may call any operation from there.
-class Modbus_Link final : public modbus_control, private Transaction_Owner {
+class Modbus_Link final : public modbus_control, private Transaction_Listener {
   public:
     /// All parts must outlive the link.
     struct Parts {
@@ -65,7 +65,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     /// Closes the port for somebody else's use; `takePortBack` opens it again if it is still wanted.
     void lendPort();
     void takePortBack();
-    void setObserver(Traffic_Observer* observer) { observer_ = observer; }
+    void setTrafficListener(Traffic_Listener* listener) { traffic_ = listener; }
 
     void SetTimings(std::int32_t requestMs, std::int32_t outMs) override;
     void SetHoldingRegisters(std::int16_t first, double count, bool flag, std::int16_t last) override;
@@ -219,7 +219,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Owner {
     Link_Clock& clock_;
     Asker& asker_;
     Link_Windows& windows_;
-    Traffic_Observer* observer_ = nullptr;
+    Traffic_Listener* traffic_ = nullptr;
     Exchange_Handler handler_;
 
     Port_Settings settings_;

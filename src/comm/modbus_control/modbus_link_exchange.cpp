@@ -241,7 +241,7 @@ void Modbus_Link::endWrite(Write_Outcome outcome) {
 void Modbus_Link::tell(const Current& current, const Try_Result& result) {
     const std::string line1 = transmitLine(result);
     const std::string line2 = receiveLine(result);
-    if (observer_ != nullptr) {
+    if (traffic_ != nullptr) {
         Exchange_Record record;
         record.at = result.startedAt;
         record.duration = result.endedAt - result.startedAt;
@@ -256,7 +256,7 @@ void Modbus_Link::tell(const Current& current, const Try_Result& result) {
         record.result = resultText(result);
         record.sent = result.sent;
         record.received = result.received;
-        observer_->exchangeSeen(record);
+        traffic_->exchangeSeen(record);
     }
     if (handler_) handler_(line1, line2);
 }
@@ -268,7 +268,7 @@ void Modbus_Link::otherMasterHeard(Micros at, const Foreign_Request& foreign) {
 }
 
 void Modbus_Link::strayReceived(Micros at, const Byte_Array& bytes, const std::string& what) {
-    if (observer_ != nullptr) observer_->straySeen({at, bytes, what});
+    if (traffic_ != nullptr) traffic_->straySeen({at, bytes, what});
 }
 
 } // namespace zorvane

@@ -94,7 +94,7 @@ void Modbus_Link::takePortBack() {
 }
 
 void Modbus_Link::note(const std::string& text) {
-    if (observer_ != nullptr) observer_->portNoted(clock_.now(), text);
+    if (traffic_ != nullptr) traffic_->portNoted(clock_.now(), text);
 }
 
 } // namespace zorvane

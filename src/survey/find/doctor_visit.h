@@ -14,7 +14,7 @@ namespace zorvane::survey {
 
 /// Finds out on a port of its own why a controller doesn't answer well: listens, then goes through the steps
 /// of a `Link_Doctor`, by reads alone. It never blocks: it is driven by port and clock.
-class Doctor_Visit final : private Probe_Owner {
+class Doctor_Visit final : private Probe_Listener {
   public:
     using Done = std::function<void(const Diagnosis&)>;
 

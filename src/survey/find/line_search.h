@@ -65,7 +65,7 @@ struct Search_Progress {
 /// Searches a line for controllers by reads alone. It listens first and all the time: once another master is
 /// heard, nothing is sent any more. It never blocks: it is driven by port and clock. On a network a port that
 /// can't be reached ends it; one that only refuses a line's settings goes on with the next.
-class Line_Search final : private Probe_Owner {
+class Line_Search final : private Probe_Listener {
   public:
     using Told = std::function<void(const Search_Progress&)>;
     using Done = std::function<void(const Search_Report&)>;

@@ -5,8 +5,8 @@
 
 namespace zorvane::survey {
 
-Read_Probe::Read_Probe(Byte_Port& port, Link_Clock& clock, Probe_Owner& owner)
-    : port_(port), clock_(clock), owner_(owner), transaction_(port, clock, *this),
+Read_Probe::Read_Probe(Byte_Port& port, Link_Clock& clock, Probe_Listener& listener)
+    : port_(port), clock_(clock), listener_(listener), transaction_(port, clock, *this),
       alarm_(clock.makeAlarm([this] { used(opening_); })) {}
 
 void Read_Probe::use(const Port_Settings& settings, Used then) {
@@ -53,17 +53,17 @@ void Read_Probe::read(std::uint8_t unit, std::uint16_t address, Micros timeOut) 
 
 /// A try that the port's end cut short is told by that end.
 void Read_Probe::tryFinished(const Try_Result& result) {
-    if (!result.portLost) owner_.readEnded(result);
+    if (!result.portLost) listener_.readEnded(result);
 }
 
 void Read_Probe::strayReceived(Micros at, const Byte_Array& bytes, const std::string& /*what*/) {
-    owner_.bytesHeard(at, bytes);
+    listener_.bytesHeard(at, bytes);
 }
 
 void Read_Probe::otherMasterHeard(Micros /*at*/, const Foreign_Request& foreign) {
-    owner_.otherMasterHeard(foreign);
+    listener_.otherMasterHeard(foreign);
 }
 
-void Read_Probe::lineLost(const std::string& reason) { owner_.portLost(reason); }
+void Read_Probe::lineLost(const std::string& reason) { listener_.portLost(reason); }
 
 } // namespace zorvane::survey

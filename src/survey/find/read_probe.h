@@ -12,9 +12,9 @@
 namespace zorvane::survey {
 
 /// Who hears of the reads of a probe, always from the event loop.
-class Probe_Owner {
+class Probe_Listener {
   public:
-    virtual ~Probe_Owner() = default;
+    virtual ~Probe_Listener() = default;
     /// The probe is free for the next read, which may begin from within.
     virtual void readEnded(const Try_Result& result) = 0;
     /// Bytes that belong to no read.
@@ -25,12 +25,12 @@ class Probe_Owner {
 
 /// Reads of one register, one at a time, on a line whose settings may change in between. It has no operation
 /// that writes to a controller.
-class Read_Probe final : private Transaction_Owner {
+class Read_Probe final : private Transaction_Listener {
   public:
     using Used = std::function<void(const Port_Opening&)>;
 
     /// All must outlive it.
-    Read_Probe(Byte_Port& port, Link_Clock& clock, Probe_Owner& owner);
+    Read_Probe(Byte_Port& port, Link_Clock& clock, Probe_Listener& listener);
 
     /// Opens the port with the settings, or changes its line if it is open. `then` is called once, from
     /// within or from the event loop, unless `close` comes first. When it fails the port is closed.
@@ -58,7 +58,7 @@ class Read_Probe final : private Transaction_Owner {
 
     Byte_Port& port_;
     Link_Clock& clock_;
-    Probe_Owner& owner_;
+    Probe_Listener& listener_;
     Rtu_Transaction transaction_;
     std::unique_ptr<Alarm> alarm_; ///< tells the end of an opening that went on
     Port_Opening opening_;

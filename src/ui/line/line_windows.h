@@ -24,7 +24,7 @@ struct Line_Windows_Hooks {
 ///
 ///     Line_Windows windows(mainWindow, simulator, hooks);
 ///     Qt_Link assembly(settings, asker, &windows, &simulator);
-///     assembly.link().setObserver(&windows.traffic());
+///     assembly.link().setTrafficListener(&windows.traffic());
 class Line_Windows final : public Link_Windows {
   public:
     /// Owner and simulator must outlive it.
@@ -48,7 +48,7 @@ class Line_Windows final : public Link_Windows {
     void minimizeMonitor() override;
 
     /// What the link tells its traffic to; the monitor shows what comes here.
-    [[nodiscard]] Traffic_Observer& traffic() { return lastTraffic_; }
+    [[nodiscard]] Traffic_Listener& traffic() { return lastTraffic_; }
     /// The newest traffic, whether the monitor is open or not.
     [[nodiscard]] const Last_Traffic& lastTraffic() const { return lastTraffic_; }
 

@@ -40,7 +40,7 @@ struct Line_Windows_Test : ::testing::Test {
         std::ofstream(ztp)
             << "[PORT_CONFIGURATION]\r\nHOLDINGREGISTERS=400\r\nHOLDINGREGISTERSBLOCK_1=100-103\r\n"
                "HOLDINGREQUESTBLOCK_1=ALWAYS\r\n";
-        assembly.link().setObserver(&windows.traffic());
+        assembly.link().setTrafficListener(&windows.traffic());
     }
     ~Line_Windows_Test() override { stopController(); }
 

@@ -13,7 +13,7 @@ namespace zorvane::ui {
 /// Collects what the link reports and hands it on in one go, at most five times a second, since the whole
 /// table is painted each time; no timer runs while nothing comes. Held back, or while nobody watches, it
 /// keeps the newest entries only.
-class Traffic_Feed final : public Traffic_Observer {
+class Traffic_Feed final : public Traffic_Listener {
   public:
     using Show = std::function<void(std::vector<Traffic_Entry> entries)>;
     static constexpr int leastPauseMs = 200;

@@ -8,13 +8,13 @@
 
 namespace zorvane {
 
-/// Keeps the newest entries of the traffic, and hands each on to another observer.
-class Last_Traffic final : public Traffic_Observer {
+/// Keeps the newest entries of the traffic, and hands each on to another listener.
+class Last_Traffic final : public Traffic_Listener {
   public:
     explicit Last_Traffic(std::size_t limit) : limit_(limit) {}
 
     /// Who sees the traffic next; null for nobody. It outlives its use.
-    void setNext(Traffic_Observer* next) { next_ = next; }
+    void setNext(Traffic_Listener* next) { next_ = next; }
     /// The oldest first.
     [[nodiscard]] const std::deque<Traffic_Entry>& entries() const { return entries_; }
 
@@ -26,7 +26,7 @@ class Last_Traffic final : public Traffic_Observer {
     void keep(Traffic_Entry entry);
 
     std::size_t limit_;
-    Traffic_Observer* next_ = nullptr;
+    Traffic_Listener* next_ = nullptr;
     std::deque<Traffic_Entry> entries_;
 };
 

@@ -25,8 +25,8 @@ constexpr std::size_t receivedLimit = 4096;
 
 } // namespace
 
-Rtu_Transaction::Rtu_Transaction(Byte_Port& port, Link_Clock& clock, Transaction_Owner& owner)
-    : port_(port), clock_(clock), owner_(owner), alarm_(clock.makeAlarm([this] { ring(); })) {
+Rtu_Transaction::Rtu_Transaction(Byte_Port& port, Link_Clock& clock, Transaction_Listener& listener)
+    : port_(port), clock_(clock), listener_(listener), alarm_(clock.makeAlarm([this] { ring(); })) {
     port_.setListener(this);
     setLine(settings_);
 }
@@ -246,7 +246,7 @@ void Rtu_Transaction::send() {
     lastActivity_ = txEnd_;
     state_ = State::Wait;
     armForState();
-    owner_.requestSent();
+    listener_.requestSent();
 }
 
 void Rtu_Transaction::lowerRts() {
@@ -405,7 +405,7 @@ void Rtu_Transaction::finish() {
     result_.endedAt = clock_.now();
     state_ = State::Idle;
     const Try_Result finished = std::exchange(result_, Try_Result{});
-    owner_.tryFinished(finished);
+    listener_.tryFinished(finished);
     if (state_ == State::Idle) armForState();
 }
 
@@ -417,7 +417,7 @@ void Rtu_Transaction::portLost(const std::string& reason) {
         if (!result_.sent.empty()) late_.expect(result_.request, deadline_ + timeOut_, whenOver());
         finish();
     }
-    owner_.lineLost(reason);
+    listener_.lineLost(reason);
 }
 
 } // namespace zorvane

@@ -31,9 +31,9 @@ struct Try_Result {
 };
 
 /// Who asked for the exchanges.
-class Transaction_Owner {
+class Transaction_Listener {
   public:
-    virtual ~Transaction_Owner() = default;
+    virtual ~Transaction_Listener() = default;
     virtual void requestSent() = 0;
     /// The transaction is free again: the next request may be submitted from within.
     virtual void tryFinished(const Try_Result& result) = 0;
@@ -67,7 +67,7 @@ enum class Line_Care {
 /// numbers: then nothing waits for an outstanding answer, and there is neither silence nor echo.
 class Rtu_Transaction final : private Byte_Port_Listener {
   public:
-    Rtu_Transaction(Byte_Port& port, Link_Clock& clock, Transaction_Owner& owner);
+    Rtu_Transaction(Byte_Port& port, Link_Clock& clock, Transaction_Listener& listener);
     Rtu_Transaction(const Rtu_Transaction&) = delete;
     Rtu_Transaction& operator=(const Rtu_Transaction&) = delete;
     ~Rtu_Transaction() override;
@@ -103,7 +103,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
 
     void bytesArrived(Byte_View bytes) override;
     void portLost(const std::string& reason) override;
-    void openingEnded(const Port_Opening& opening) override { owner_.openingEnded(opening); }
+    void openingEnded(const Port_Opening& opening) override { listener_.openingEnded(opening); }
 
     void ring();
     void ringInGap(Micros now);
@@ -160,7 +160,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
 
     Byte_Port& port_;
     Link_Clock& clock_;
-    Transaction_Owner& owner_;
+    Transaction_Listener& listener_;
     std::unique_ptr<Alarm> alarm_;
 
     Port_Settings settings_;

@@ -153,7 +153,7 @@ void Rtu_Transaction::noteOtherMaster(const Foreign_Request& foreign) {
     const bool inTry = state_ == State::Wait || state_ == State::Settle;
     if (inTry && !foreignAt_ && foreign.request.unit == result_.request.unit)
         foreignAt_ = foreign.offset - std::min(foreign.offset, ahead_.size());
-    owner_.otherMasterHeard(now, foreign);
+    listener_.otherMasterHeard(now, foreign);
 }
 
 /// Its request may have begun before ours went out.
@@ -194,7 +194,7 @@ void Rtu_Transaction::tellUnexplained() {
 void Rtu_Transaction::tellStray(const std::string& what) {
     const Byte_Array bytes = std::exchange(stray_, {});
     strayFrom_ = 0;
-    owner_.strayReceived(lastActivity_, bytes, what);
+    listener_.strayReceived(lastActivity_, bytes, what);
 }
 
 } // namespace zorvane

@@ -27,7 +27,7 @@ struct Trial_Report {
 
 /// One read of one register on a port of its own. It never blocks: it is driven by port and clock, and tells
 /// its end from the event loop.
-class Trial_Exchange final : private Transaction_Owner {
+class Trial_Exchange final : private Transaction_Listener {
   public:
     using Done = std::function<void(const Trial_Report&)>;
 

@@ -151,7 +151,7 @@ TEST_F(QtLink, ALineThatGoesAndComesBackIsFoundAgain) {
 /// bytes before they are told.
 TEST_F(QtLink, StrayBytesAtAnyMomentLoseNoLine) {
     testing::Traffic_Log log;
-    link().setObserver(&log);
+    link().setTrafficListener(&log);
     std::mt19937 random(14);
     QTimer noise;
     noise.setTimerType(Qt::PreciseTimer);
@@ -173,7 +173,7 @@ TEST_F(QtLink, StrayBytesAtAnyMomentLoseNoLine) {
     link().ClosePort();
     EXPECT_EQ(log.notes, std::vector<std::string>{"The port is open."});
     EXPECT_FALSE(log.strays.empty());
-    link().setObserver(nullptr);
+    link().setTrafficListener(nullptr);
 }
 
 TEST_F(QtLink, ALineThatIsNotThereIsTold) {

@@ -28,7 +28,7 @@ class Scripted_Asker final : public Asker {
     std::vector<Message_Shown> messages;
 };
 
-class Traffic_Log final : public Traffic_Observer {
+class Traffic_Log final : public Traffic_Listener {
   public:
     void exchangeSeen(const Exchange_Record& exchange) override { exchanges.push_back(exchange); }
     void straySeen(const Stray_Record& stray) override { strays.push_back(stray); }
@@ -47,7 +47,7 @@ struct Link_Rig {
 
     explicit Link_Rig(const Port_Settings& settings = defaults())
         : link({port, clock, finder, asker, windows}, settings) {
-        link.setObserver(&log);
+        link.setTrafficListener(&log);
         port.onWrite = [this](const Byte_Array& request) { requested(request); };
     }
 

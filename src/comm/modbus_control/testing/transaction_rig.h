@@ -19,7 +19,7 @@ inline constexpr Micros silence = 3646;     ///< between frames at 9600 baud
 inline constexpr Micros requestTime = 8334; ///< eight characters at 9600 baud
 
 /// Keeps what the transaction tells.
-struct Recorder final : Transaction_Owner {
+struct Recorder final : Transaction_Listener {
     void requestSent() override { ++sent; }
     void tryFinished(const Try_Result& result) override {
         results.push_back(result);

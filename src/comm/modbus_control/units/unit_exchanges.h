@@ -19,7 +19,7 @@ namespace zorvane {
 ///
 /// A write is tried once: whoever sends it again knows what became of the first. A read has the tries of the
 /// port settings. REQUIRES: not called from within the port's or the clock's calls.
-class Unit_Exchanges final : public Unit_Writer, public Link_Notice, private Transaction_Owner {
+class Unit_Exchanges final : public Unit_Writer, public Link_Notice, private Transaction_Listener {
   public:
     /// Serves events until the condition holds; it is asked again after each event.
     using Wait = std::function<void(const std::function<bool()>& condition)>;

@@ -34,9 +34,9 @@ struct Stray_Record {
 };
 
 /// Sees all traffic of the link, in the order in which it happens. The next request is on its way already.
-class Traffic_Observer {
+class Traffic_Listener {
   public:
-    virtual ~Traffic_Observer() = default;
+    virtual ~Traffic_Listener() = default;
     virtual void exchangeSeen(const Exchange_Record& exchange) = 0;
     virtual void straySeen(const Stray_Record& stray) = 0;
     /// The port was opened, lost or found again, or can't do something.
