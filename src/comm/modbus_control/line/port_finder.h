@@ -23,6 +23,9 @@ class Port_Finder {
   public:
     virtual ~Port_Finder() = default;
     [[nodiscard]] virtual std::vector<Port_Entry> ports() = 0;
+    /// Those of USB adapters, without their descriptions; quick enough to be asked twice a second, where
+    /// `ports` may take tens of ms.
+    [[nodiscard]] virtual std::vector<Port_Entry> adapters() { return ports(); }
     /// The port of that name or path; none for one that the system doesn't list. Unlike `ports`, which may
     /// take tens of ms, this is quick enough for every opening.
     [[nodiscard]] virtual std::optional<Port_Entry> port(const std::string& name) = 0;

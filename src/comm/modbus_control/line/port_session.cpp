@@ -8,7 +8,7 @@ namespace zorvane {
 std::string Port_Session::presentName(const std::string& chosen) {
     if (chosen == chosen_ && identity_) {
         if (const auto same = finder_.port(name_); identityOf(same) == identity_) return same->path;
-        if (auto path = pathOf(finder_.ports(), *identity_, name_)) return *path;
+        if (auto path = pathOf(finder_.adapters(), *identity_, name_)) return *path;
     }
     chosen_ = chosen;
     identity_ = identityOf(finder_.port(chosen));
@@ -32,7 +32,7 @@ Port_Opening Port_Session::reopen(const Port_Settings& settings) {
         identity_ = identityOf(finder_.port(name_));
         return port_.open(name_, settings);
     }
-    const auto path = pathOf(finder_.ports(), *identity_, name_);
+    const auto path = pathOf(finder_.adapters(), *identity_, name_);
     if (!path) return {};
     Port_Opening opening = port_.open(*path, settings);
     if (opening.opened) name_ = *path; // an adapter's opening never goes on

@@ -22,6 +22,8 @@ Port_Entry entryOf(const QSerialPortInfo& info) {
 
 } // namespace
 
+std::vector<Port_Entry> Qt_Port_Finder::adapters() { return listedAdapters(*this); }
+
 std::optional<Port_Entry> Qt_Port_Finder::port(const std::string& name) { return portOfDevice(*this, name); }
 
 std::vector<Port_Entry> Qt_Port_Finder::ports() {

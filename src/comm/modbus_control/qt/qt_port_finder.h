@@ -9,6 +9,7 @@ namespace zorvane {
 class Qt_Port_Finder final : public Port_Finder {
   public:
     [[nodiscard]] std::vector<Port_Entry> ports() override;
+    [[nodiscard]] std::vector<Port_Entry> adapters() override;
     [[nodiscard]] std::optional<Port_Entry> port(const std::string& name) override;
 };
 
