@@ -179,7 +179,9 @@ void Qt_Serial_Port::failed(bool mayBeNothing) {
     callFailed_ = true;
     if (inCall_ || !port_->isOpen()) return;
     if (mayBeNothing && lineStands(port_->handle(), name_)) return readNothing();
-    lose();
+    // A read that found the end comes with the system's text of whatever failed last.
+    lose(mayBeNothing ? "The adapter was unplugged, or the line hung up"
+                      : port_->errorString().toStdString());
 }
 
 /// The event loop had announced bytes that were taken before it came to tell them. QSerialPort takes a read
@@ -191,9 +193,8 @@ void Qt_Serial_Port::readNothing() {
     listenAlarm_->armAt(notBefore_);
 }
 
-void Qt_Serial_Port::lose() {
+void Qt_Serial_Port::lose(const std::string& reason) {
     // The error comes again for ever until the port is closed.
-    const std::string reason = port_->errorString().toStdString();
     qCDebug(portLog) << "lost" << name_.c_str() << port_->error() << reason.c_str();
     close();
     if (listener_ != nullptr) listener_->portLost(reason);

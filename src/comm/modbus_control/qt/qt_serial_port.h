@@ -34,7 +34,7 @@ class Qt_Serial_Port final : public Byte_Port {
     void listenAgain();
     void failed(bool mayBeNothing);
     void readNothing();
-    void lose();
+    void lose(const std::string& reason);
     [[nodiscard]] std::string applyLine(const Line_Settings& line, bool pseudoTerminal);
     void applyRts(const Port_Settings& settings, Port_Opening& opening);
 

@@ -147,6 +147,16 @@ TEST_F(QtLink, ALineThatGoesAndComesBackIsFoundAgain) {
     EXPECT_FALSE(link().CommLost());
 }
 
+TEST_F(QtLink, ALineThatGoesIsToldInPlainWords) {
+    testing::Traffic_Log log;
+    link().setObserver(&log);
+    link().PrepareScan();
+    unplug();
+    ASSERT_TRUE(serveUntil([&] { return log.notes.size() > 1; }));
+    EXPECT_EQ(log.notes[1], "The port is lost. The adapter was unplugged, or the line hung up");
+    link().setObserver(nullptr);
+}
+
 /// The event loop hears of bytes and of the time for the next request at once, and the request takes the
 /// bytes before they are told.
 TEST_F(QtLink, StrayBytesAtAnyMomentLoseNoLine) {
