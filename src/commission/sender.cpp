@@ -14,7 +14,6 @@ constexpr Micros storingTime = 2 * microsPerSecond; ///< a controller may store 
 constexpr Micros betweenReadings = 200 * microsPerMs;
 constexpr Micros questionPeriod = 5 * microsPerSecond;
 constexpr std::size_t questionWrites = 50;
-constexpr Micros comeBackTime = 10 * microsPerSecond; ///< a controller that starts again may take so long
 constexpr Micros comeBackPause = 500 * microsPerMs;
 constexpr std::uint8_t exceptionAcknowledge = 5; ///< taken, and at work on it
 constexpr std::uint8_t exceptionBusy = 6;
@@ -26,8 +25,8 @@ class Sender {
   public:
     Sender(const Send_Services& services, const Send_Order& order)
         : line_(services.line), question_(services.question), journal_(services.journal),
-          stopWanted_(services.stopWanted), told_(services.told), order_(order), unit_(order.unit),
-          present_(order.before) {
+          stopWanted_(services.stopWanted), told_(services.told), waits_(services.waits), order_(order),
+          unit_(order.unit), present_(order.before) {
         outcome_.writes.resize(order.writes.size());
         for (const std::size_t number : order.done)
             takeDone(number);
@@ -106,7 +105,11 @@ class Sender {
         Question_Answer answer = question_.ask(unit_);
         outcome_.requests.reads += static_cast<std::size_t>(answer.requests);
         const Micros until = line_.now() + comeBackTime;
-        while (answer.end == Question_End::Silent || answer.end == Question_End::Lost) {
+        const auto isAway = [&] {
+            return answer.end == Question_End::Silent || answer.end == Question_End::Lost;
+        };
+        if (waits_ && isAway() && !isStopped()) waits_(answer.why);
+        while (isAway()) {
             if (line_.now() >= until || isStopped()) break;
             line_.pause(comeBackPause);
             if (!line_.openAgain()) continue;
@@ -476,6 +479,7 @@ class Sender {
     Run_Journal& journal_;
     std::function<bool()> stopWanted_;
     std::function<void(std::size_t, std::size_t)> told_;
+    std::function<void(const std::string&)> waits_;
     const Send_Order& order_;
     std::int32_t unit_;
     std::optional<Line_Settings> settings_;         ///< once the line was changed

@@ -71,7 +71,13 @@ struct Send_Services {
     Run_Journal& journal;
     std::function<bool()> stopWanted{}; ///< no further value is to be sent; may be empty
     std::function<void(std::size_t done, std::size_t all)> told{}; ///< after each write; may be empty
+    /// A controller that doesn't answer is waited for, for `comeBackTime` at most; with the reason. May be
+    /// empty.
+    std::function<void(const std::string& why)> waits{};
 };
+
+inline constexpr Micros comeBackTime =
+    10 * microsPerSecond; ///< a controller that starts again may take so long
 
 /// What is to be sent.
 struct Send_Order {

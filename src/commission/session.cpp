@@ -158,8 +158,8 @@ Session_End Session::perform(const Task& task, Run_Folder& folder, const Control
                            document_.line,
                            document_.retries,
                            task.done};
-    const Send_Outcome outcome =
-        commission::send({services_.line, question, journal, services_.stopWanted, services_.told}, order);
+    const Send_Outcome outcome = commission::send(
+        {services_.line, question, journal, services_.stopWanted, services_.told, services_.waits}, order);
     Session_End end;
     end.run = folder.name();
     end.identity = look.identity;

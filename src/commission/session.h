@@ -29,6 +29,7 @@ struct Session_Services {
     std::function<void(std::size_t done, std::size_t all)> told{}; ///< may be empty
     /// The controller's values as a configuration file; may be empty.
     std::function<std::string(const compare::Controller_Registers&)> controllerFile{};
+    std::function<void(const std::string& why)> waits{}; ///< as of `Send_Services`; may be empty
 };
 
 /// The document of a session, and the line to its controller.

@@ -8,6 +8,7 @@ namespace zorvane::commission {
 namespace {
 
 using doubles::Session_Bench;
+using Strike = doubles::Toy_Controller::Strike;
 using ::testing::HasSubstr;
 
 std::vector<std::string> statesOf(const Session_End& end) {
@@ -91,6 +92,17 @@ TEST(Session, WhatIsAcknowledgedAndNotKeptIsStoredOtherwise) {
     EXPECT_EQ(row.state, Value_State::Stored_Otherwise);
     EXPECT_EQ(row.sent, (Known_Registers{50}));
     EXPECT_EQ(row.readBack, (Known_Registers{40}));
+}
+
+TEST(Session, AControllerThatIsWaitedForIsToldOnceAndTheSendGoesOnWhenItIsBack) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "50");
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    const Plan plan = session.plan(look, {});
+    bench.toy.strikeAt(bench.toy.requests() + 1, Strike::Unplug_Before); // the write, after the question
+    EXPECT_EQ(session.send(plan, look).step, Step::Good);
+    EXPECT_EQ(bench.waited, (std::vector<std::string>{"The controller doesn't answer: port lost."}));
 }
 
 TEST(Session, AValueOutsideItsLimitsNeedsItsName) {

@@ -8,6 +8,7 @@
 #include "template/testing/reading_bench.h"
 
 #include <string>
+#include <vector>
 
 namespace zorvane::commission::doubles {
 
@@ -29,7 +30,9 @@ struct Session_Bench {
         Session_Document document{
             bench.document, section, {"/t", "aa"}, {"/d", "bb"}, "controller.PUMP", "line", 1, {}, 2, "test"};
         document.stray = stray;
-        return Session({toy, runs, clock, {}, {}, {}}, std::move(document));
+        return Session(
+            {toy, runs, clock, {}, {}, {}, [this](const std::string& why) { waited.push_back(why); }},
+            std::move(document));
     }
     void set(std::int32_t field, std::int32_t row, std::int32_t column, const std::string& value) {
         bench.cell(field, row, column).Value = value;
@@ -71,6 +74,7 @@ struct Session_Bench {
     Memory_Runs runs;
     Standing_Clock clock;
     std::map<Cell_Place, std::string> stray;
+    std::vector<std::string> waited; ///< why a controller was waited for
 };
 
 } // namespace zorvane::commission::doubles

@@ -51,6 +51,11 @@ void printForPeople(const Call_Context& context, const Session_End& end) {
     if (!end.run.empty()) context.out << "Run " << end.run << "\n";
 }
 
+std::string waitText(const std::string& why) {
+    return why + " It is waited for, for " + std::to_string(commission::comeBackTime / microsPerSecond) +
+           " seconds at most.";
+}
+
 } // namespace
 
 int exitOf(Step step) noexcept {
@@ -118,7 +123,8 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
                      {},
                      [&](const compare::Controller_Registers& registers) {
                          return commission::controllerFile(opened.document, registers);
-                     }},
+                     },
+                     [&](const std::string& why) { tell(context_.err, printable(waitText(why))); }},
                     documentOf(opened, section));
     Session_Work sessionWork{context_, opened, section, line, runs, session};
     return work(sessionWork);
