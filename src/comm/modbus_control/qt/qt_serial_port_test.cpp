@@ -149,12 +149,12 @@ TEST_F(QtLink, ALineThatGoesAndComesBackIsFoundAgain) {
 
 TEST_F(QtLink, ALineThatGoesIsToldInPlainWords) {
     testing::Traffic_Log log;
-    link().setObserver(&log);
+    link().setTrafficListener(&log);
     link().PrepareScan();
     unplug();
     ASSERT_TRUE(serveUntil([&] { return log.notes.size() > 1; }));
     EXPECT_EQ(log.notes[1], "The port is lost. The adapter was unplugged, or the line hung up");
-    link().setObserver(nullptr);
+    link().setTrafficListener(nullptr);
 }
 
 /// The event loop hears of bytes and of the time for the next request at once, and the request takes the
