@@ -5,7 +5,7 @@
 #include "comm/main_form/testing/recording_form.h"
 #include "comm/modbus_control/dry_run_link.h"
 #include "comm/transfer/registers_to_cells.h"
-#include "ctl/document/register_file.h"
+#include "compare/register_file.h"
 #include "fuzz/fuzz_document.h"
 #include "fuzz/require.h"
 #include "fuzz/rich_template.h"
@@ -21,29 +21,29 @@ namespace {
 using namespace zorvane;
 using fuzz::require;
 
-std::optional<ctl::Register_Values> readByTerminal(const std::string& json) {
+std::optional<compare::Register_Values> readByTerminal(const std::string& json) {
     try {
-        return ctl::parseRegisters(json);
-    } catch (const ctl::Bad_Register_File& reason) {
+        return compare::parseRegisters(json);
+    } catch (const compare::Bad_Register_File& reason) {
         require(*reason.what() != '\0', "a refusal has a reason");
         return std::nullopt;
     }
 }
 
-std::optional<ctl::Register_Values> readBySimulator(const std::string& json) {
+std::optional<compare::Register_Values> readBySimulator(const std::string& json) {
     simulator::Register_Map map;
     map.values = {{7, 77}};
     try {
         simulator::applyRegisterJson(json, map);
     } catch (const std::runtime_error& reason) {
         require(*reason.what() != '\0', "a refusal has a reason");
-        require(map.values == ctl::Register_Values{{7, 77}}, "a refused file changes nothing");
+        require(map.values == compare::Register_Values{{7, 77}}, "a refused file changes nothing");
         return std::nullopt;
     }
     return map.values;
 }
 
-bool onWire(const ctl::Register_Values& registers) {
+bool onWire(const compare::Register_Values& registers) {
     return registers.empty() || (registers.begin()->first >= 0 && registers.rbegin()->first <= 0xFFFF);
 }
 
@@ -58,7 +58,7 @@ bool hasSeparators(const Declara_Zorvane& document) {
 }
 
 /// What an upload does at its end.
-void applyToDocument(const ctl::Register_Values& registers) {
+void applyToDocument(const compare::Register_Values& registers) {
     fuzz::Fuzz_Document reader;
     reader.readTemplate(fuzz::richTemplate);
     Main_Form_State form;
@@ -83,7 +83,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(simulated.has_value() == (taken.has_value() && onWire(*taken)),
             "both programs take the same files");
     if (!taken) return 0;
-    require(ctl::parseRegisters(ctl::registersText(*taken)) == *taken,
+    require(compare::parseRegisters(compare::registersText(*taken)) == *taken,
             "registers are read as they were written");
     if (simulated)
         for (const auto& [number, value] : *taken)

@@ -25,6 +25,11 @@ std::string addressOf(const Cell_Rec& definition, const Cell_Rec& cell) {
                                              : first;
 }
 
+/// Of a file's cell: a code that no list has shows nothing, and is a value all the same.
+bool saysNothing(const Cell_Side& side) {
+    return trimBlanks(side.shown).empty() && trimBlanks(side.text).empty();
+}
+
 /// Whether both sides stand for the same, as far as registers can tell it, else as texts.
 bool same(const Cell_Rec& definition, const Cell_Rec& cell, const Row& row) {
     if (row.left.held && row.right.held) return sameHeld(definition, cell, *row.left.held, *row.right.held);
@@ -57,7 +62,7 @@ class Comparer {
         if (controller && !row.registers) return;
         row.left = compared_.left.at(place);
         row.right = compared_.right.at(place);
-        if (!controller && trimBlanks(row.left.shown).empty() && trimBlanks(row.right.shown).empty()) return;
+        if (!controller && saysNothing(row.left) && saysNothing(row.right)) return;
         row.place = place;
         row.page = pageName(compared_.shape, place.field);
         row.name = rowName(compared_.shape, place.field, place.row, place.column);
@@ -111,6 +116,7 @@ Cell_Side Document_Side::at(const Cell_Place& place) const {
     side.value = !isBlankValue(definition, cell);
     if (!side.value) return side;
     side.shown = shownText(cell);
+    side.text = cell.Value;
     side.held = heldOf(definition, cell);
     return side;
 }
@@ -134,7 +140,10 @@ Cell_Side Controller_Side::at(const Cell_Place& place) const {
     const Register_Image image(link_, 0);
     side.value = true;
     (void)ignoringFailure([&] {
-        if (const auto reading = readCell(definition, cell, image)) side.shown = reading->shown();
+        const auto reading = readCell(definition, cell, image);
+        if (!reading) return;
+        side.shown = reading->shown();
+        side.text = reading->value;
     });
     side.held = heldIn(definition, cell, image);
     side.changing = earlierLink_ && earlier_->holds(*range) &&

@@ -41,6 +41,7 @@ struct Cell_Side {
     bool read = true;           ///< false: a register of it has no value that was read
     bool value = false;         ///< it has a value
     std::string shown{};        ///< as the grids show it; empty without a value
+    std::string text{};         ///< as a document keeps it; of a list the code
     std::optional<Held> held{}; ///< nothing without a register, and for a text that doesn't fit there
     bool changing = false;      ///< differed between two readings
 };

@@ -275,5 +275,19 @@ TEST(Comparison, PassesOverAddressesThatNoWireHas) {
     EXPECT_EQ(textOf(comparisonOf({bench.document, none, left, left})), "equal 5 of 5");
 }
 
+TEST_F(ComparisonTest, CodesThatNoListHasAreValuesThoughTheyShowNothing) {
+    ours.document.Fields(1).Cells(1, 2).Value = "77";
+    const Comparison comparison = withFile("");
+    theirs.document.Fields(1).Cells(1, 2).Value = "78";
+    const Document_Side left(ours.document);
+    const Document_Side right(theirs.document);
+    const Comparison codes = comparisonOf({ours.document, identity, left, right});
+    EXPECT_EQ(codes.counts.rows(), comparison.counts.rows());
+    EXPECT_EQ(codes.rows[1].sign, Sign::Differs);
+    EXPECT_EQ(codes.rows[1].left.shown, "");
+    EXPECT_EQ(codes.rows[1].left.text, "77");
+    EXPECT_EQ(codes.rows[1].right.held, Held{78});
+}
+
 } // namespace
 } // namespace zorvane::compare

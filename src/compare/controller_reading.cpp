@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "compare/controller_reading.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zorvane::compare {
@@ -45,6 +46,39 @@ void addTo(Controller_Registers& registers, const Controller_Registers& more,
 Identity_Result answerOf(Reading_Result reading, Identity identity) {
     return {std::move(identity), reading.end, std::move(reading.fault)};
 }
+
+/// Tells of each request before it goes out.
+class Counted_Reader final : public Unit_Reader {
+  public:
+    Counted_Reader(Unit_Reader& reader, std::size_t all, const On_Request& told)
+        : reader_(reader), all_(all), told_(told) {}
+
+    [[nodiscard]] Unit_Answer read(std::int32_t unit, std::int32_t first, std::int32_t count) override {
+        tell();
+        ++done_;
+        return reader_.read(unit, first, count);
+    }
+    void pause(Micros span) override {
+        tell();
+        reader_.pause(span);
+    }
+    [[nodiscard]] Micros now() const override { return reader_.now(); }
+    [[nodiscard]] bool cancelled() const override { return reader_.cancelled(); }
+    void end() {
+        done_ = all_;
+        tell();
+    }
+
+  private:
+    void tell() const {
+        if (told_) told_(std::min(done_, all_), all_);
+    }
+
+    Unit_Reader& reader_;
+    std::size_t all_;
+    const On_Request& told_;
+    std::size_t done_ = 0;
+};
 
 } // namespace
 
@@ -105,6 +139,25 @@ Identity_Result askWhoIsThere(const Identity_Question& question) {
     addTo(blocks.registers, reading.registers, marks);
     identity = identityOf(question.document, question.section, question.unit, {blocks.registers});
     return answerOf(std::move(blocks), std::move(identity));
+}
+
+Looked_At lookAt(const Identity_Question& question, const On_Request& told) {
+    const std::vector<Register_Range> blocks = blocksOf(question.document);
+    const std::size_t marks = identityReads(question.document, question.section).size();
+    Counted_Reader reader(question.reader, marks + 2 * blocks.size(), told);
+    Identity_Result asked = askForMarks({question.document, question.section, reader, question.unit});
+    Looked_At seen;
+    seen.identity = std::move(asked.identity);
+    seen.read.latest.end = asked.end;
+    seen.read.latest.fault = std::move(asked.fault);
+    if (!seen.read.latest.done()) return seen;
+    seen.read = readTwice(reader, question.unit, blocks);
+    if (!seen.read.latest.done()) return seen;
+    if (seen.identity.verdict == Verdict::Cant_Tell)
+        seen.identity.verdict =
+            identityByCells(question.document, question.unit, seen.read.latest.registers).verdict;
+    reader.end();
+    return seen;
 }
 
 } // namespace zorvane::compare

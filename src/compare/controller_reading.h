@@ -4,7 +4,9 @@
 #include "comm/modbus_control/units/unit_access.h"
 #include "compare/identity.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -66,5 +68,18 @@ struct Identity_Result {
 
 /// Asks for the marks and, where these can't tell, for all blocks.
 [[nodiscard]] Identity_Result askWhoIsThere(const Identity_Question& question);
+
+/// All that a comparison learns of a controller.
+struct Looked_At {
+    Twice_Read read;
+    Identity identity; ///< by the marks, and where these can't tell by what was read
+};
+
+/// How far a look at a controller is: so many of so many requests.
+using On_Request = std::function<void(std::size_t done, std::size_t all)>;
+
+/// Asks a controller who it is, and reads all its blocks twice. `told` is called before each request and
+/// after the last one; may be empty.
+[[nodiscard]] Looked_At lookAt(const Identity_Question& question, const On_Request& told = {});
 
 } // namespace zorvane::compare

@@ -87,6 +87,35 @@ TEST_F(ControllerReading, KeepsTheEarlierValuesOfWhatTheSecondReadingDidntBring)
     EXPECT_EQ(twice.latest.registers.values(), pumpRegisters());
 }
 
+TEST_F(ControllerReading, ALookTellsHowFarItIs) {
+    section = readIdentity("[IDENTITY]\nREGISTER_1=19\nVALUE_1=1\n");
+    std::string told;
+    const Looked_At seen = lookAt(question(), [&](std::size_t done, std::size_t all) {
+        told += std::to_string(done) + "/" + std::to_string(all) + " ";
+    });
+    EXPECT_EQ(told, "0/5 1/5 2/5 3/5 3/5 4/5 5/5 ");
+    EXPECT_EQ(seen.identity.verdict, Verdict::Is);
+    EXPECT_TRUE(seen.read.latest.done());
+    EXPECT_EQ(reader.requests.front(), "1: 19-19");
+}
+
+TEST_F(ControllerReading, ALookWithoutMarksJudgesByTheCells) {
+    EXPECT_EQ(lookAt(question()).identity.verdict, Verdict::Cant_Tell);
+    reader.registers[10] = 9;
+    reader.registers[11] = 91;
+    reader.registers[12] = 40000;
+    EXPECT_EQ(lookAt(question()).identity.verdict, Verdict::Isnt);
+}
+
+TEST_F(ControllerReading, ALookEndsWithThePort) {
+    section = readIdentity("[IDENTITY]\nREGISTER_1=19\nVALUE_1=1\n");
+    reader.ends[19] = Unit_End::PortLost;
+    const Looked_At seen = lookAt(question());
+    EXPECT_EQ(seen.read.latest.end, Reading_End::Port_Lost);
+    EXPECT_EQ(seen.read.latest.fault, "told so");
+    EXPECT_THAT(reader.requests, ElementsAre("1: 19-19"));
+}
+
 TEST_F(ControllerReading, EndsBetweenTheTwoReadingsWhenSomebodyWantsTheEnd) {
     reader.wantsEnd = true;
     EXPECT_EQ(readTwice(reader, 1, blocksOf(bench.document)).latest.end, Reading_End::Cancelled);

@@ -59,7 +59,7 @@ std::optional<Register_Range> plainRange(std::string_view text) {
     const std::size_t dash = text.find('-');
     const auto first = plainNumber(text.substr(0, dash));
     const auto last = dash == std::string_view::npos ? first : plainNumber(text.substr(dash + 1));
-    if (!first || !last) return std::nullopt;
+    if (!first || !last || *last < *first) return std::nullopt;
     return Register_Range{*first, *last};
 }
 
@@ -70,7 +70,7 @@ std::optional<std::string_view> after(std::string_view prefix, std::string_view 
 }
 
 bool contains(const std::string& text, const std::string& part) {
-    return upperCase(text).find(part) != std::string::npos;
+    return text.find(part) != std::string::npos;
 }
 
 template <class Wanted, class Fits> bool oneFits(const std::vector<Wanted>& wanted, Fits&& fits) {
@@ -78,6 +78,13 @@ template <class Wanted, class Fits> bool oneFits(const std::vector<Wanted>& want
 }
 
 } // namespace
+
+/// A NUL, which no word holds, keeps the texts apart.
+Row_Texts::Row_Texts(const Row& row) : page(upperCase(row.page)) {
+    all = page;
+    for (const std::string* text : {&row.name, &row.heading, &row.left.shown, &row.right.shown})
+        (all += '\0') += upperCase(*text);
+}
 
 std::string Filter::fault(std::string_view text) {
     Filter filter;
@@ -112,16 +119,13 @@ std::string Filter::take(std::string_view word) {
     return {};
 }
 
-bool Filter::lets(const Row& row) const {
+bool Filter::lets(const Row& row, const Row_Texts& texts) const {
     const auto hasSign = [&](Sign sign) { return sign == row.sign; };
     const auto hasRegister = [&](const Register_Range& range) {
         return row.registers && range.first <= row.registers->last && row.registers->first <= range.last;
     };
-    const auto onPage = [&](const std::string& name) { return contains(row.page, name); };
-    const auto saidSomewhere = [&](const std::string& text) {
-        return contains(row.page, text) || contains(row.name, text) || contains(row.heading, text) ||
-               contains(row.left.shown, text) || contains(row.right.shown, text);
-    };
+    const auto onPage = [&](const std::string& name) { return contains(texts.page, name); };
+    const auto saidSomewhere = [&](const std::string& text) { return contains(texts.all, text); };
     return oneFits(signs_, hasSign) && oneFits(registers_, hasRegister) && oneFits(pages_, onPage) &&
            std::all_of(texts_.begin(), texts_.end(), saidSomewhere);
 }

@@ -10,6 +10,15 @@
 
 namespace zorvane::compare {
 
+/// What a filter searches in a row, in upper case. Made once where a filter is typed over many rows.
+struct Row_Texts {
+    std::string page;
+    std::string all; ///< page, names and shown texts, apart from each other
+
+    Row_Texts() = default;
+    explicit Row_Texts(const Row& row);
+};
+
 /// Which rows of a comparison are listed. Words stand between blanks; a text in quotation marks is one word.
 /// `is:SIGN`, `reg:FIRST-LAST` and `page:NAME` choose by sign, register and page; of several of one kind one
 /// has to fit. Any other word has to occur in the row's names or texts. Letter case doesn't matter.
@@ -23,7 +32,9 @@ class Filter {
     /// REQUIRES: `fault` is empty.
     explicit Filter(std::string_view text);
 
-    [[nodiscard]] bool lets(const Row& row) const;
+    [[nodiscard]] bool lets(const Row& row) const { return lets(row, Row_Texts(row)); }
+    /// The same with the row's texts at hand.
+    [[nodiscard]] bool lets(const Row& row, const Row_Texts& texts) const;
     /// Whether it says which signs it wants.
     [[nodiscard]] bool choosesSigns() const { return !signs_.empty(); }
 

@@ -96,6 +96,8 @@ TEST(Filter, SaysWhatIsWrongWithAWord) {
                                          "readonly, equal, changing, not_read or left_out.");
     EXPECT_EQ(Filter::fault("reg:abc"),
               "\"reg:abc\" names no registers. Write reg:40010 or reg:40010-40020.");
+    EXPECT_EQ(Filter::fault("reg:20-10"),
+              "\"reg:20-10\" names no registers. Write reg:40010 or reg:40010-40020.");
     EXPECT_EQ(Filter::fault("point reg:1-"),
               "\"reg:1-\" names no registers. Write reg:40010 or reg:40010-40020.");
 }

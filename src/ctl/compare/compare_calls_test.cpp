@@ -195,6 +195,29 @@ TEST_F(CompareCalls, WhatStopsAComparisonEndsWith1AndStillPrintsAnObject) {
     EXPECT_THAT(compareJson({"--factory"}, 1)["failure"], HasSubstr("none.ZTP"));
 }
 
+TEST_F(CompareCalls, WhatIsMissingIsSaidOnce) {
+    const std::string none = bench.path("none.PUMP");
+    EXPECT_EQ(compare({"--with", none}).err,
+              "zorvanectl: " + none + ": there is no such configuration file. Check the path.\n");
+    const std::string json = bench.path("none.json");
+    EXPECT_EQ(compare({"--registers", json}).err,
+              "zorvanectl: " + json + ": File not found (failure 53). Check the path.\n");
+    EXPECT_EQ(compareJson({"--registers", json}, 1)["failure"],
+              json + ": File not found (failure 53). Check the path.");
+    const std::string wide = bench.file("wide.PUMP", "[Field_1_Default]\r\nROW_2=Level,7,in %,too,many\r\n");
+    EXPECT_EQ(compare({"--with", wide}).err,
+              "zorvanectl: " + wide +
+                  ", line 2: more values than the template has columns. The file was "
+                  "written for another template; this line's other values and the lines "
+                  "after it were not read. Choose the template that fits, or try "
+                  "zorvanectl update.\n");
+    ztp = bench.path("none.ZTP");
+    const std::string missing = "zorvanectl: " + ztp + ": there is no such template. Check the path.\n";
+    EXPECT_EQ(compare({"--factory"}).err, missing);
+    EXPECT_EQ(compare({"--port", "ttyS9"}).err, missing);
+    EXPECT_EQ(run({"identify", ztp, "--port", "ttyS9"}).err, missing);
+}
+
 TEST_F(CompareCalls, AnythingElseThanOneOtherSideEndsWith2) {
     EXPECT_EQ(compare({}).code, 2);
     EXPECT_EQ(compare({"--factory", "--port", "ttyS9"}).code, 2);

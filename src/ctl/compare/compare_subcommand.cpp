@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/compare/compare_subcommand.h"
 
+#include "compare/comparison_words.h"
 #include "ctl/compare/comparison_text.h"
-#include "ctl/compare/identity_text.h"
 #include "ctl/compare/looked_at.h"
 #include "ctl/document/notices.h"
 #include "ctl/document/register_argument.h"
@@ -92,7 +92,7 @@ class Compare_Subcommand : public Subcommand {
         other.configurationPath = with_;
         sides.names.right = factory_ ? "factory values" : pathFromNative(with_);
         if (!sides.fault.empty()) return;
-        const Opened_Document theirs = other.open(context);
+        const Opened_Document theirs = other.openQuietly(context);
         sides.fault = documentFault(theirs);
         if (!sides.fault.empty()) return;
         const compare::Document_Side left(opened.document);
@@ -104,12 +104,10 @@ class Compare_Subcommand : public Subcommand {
                               const Identity_Section& section, Compared_Sides& sides) const {
         sides.names.right = pathFromNative(registers_);
         if (!sides.fault.empty()) return;
-        const auto values = readRegisterFile(context, registers_);
-        if (!values) {
-            sides.fault = printablePath(sides.names.right) + " could not be read.";
-            return;
-        }
-        const compare::Controller_Registers registers(*values);
+        const Register_File file = registerFile(context, registers_);
+        sides.fault = file.fault;
+        if (!sides.fault.empty()) return;
+        const compare::Controller_Registers registers(file.values);
         const compare::Document_Side left(opened.document);
         const compare::Controller_Side right(opened.document, section, registers);
         sides.comparison = compare::comparisonOf({opened.document, section, left, right});
@@ -119,33 +117,20 @@ class Compare_Subcommand : public Subcommand {
                                const Identity_Section& section, Controller_Line& line,
                                Compared_Sides& sides) const {
         const Port_Settings settings = port_.settings();
-        sides.names.right =
-            "controller on " + fromUtf8(settings.port) + ", unit " + std::to_string(settings.slave);
+        sides.names.right = compare::controllerText(fromUtf8(settings.port), settings.slave);
         if (sides.fault.empty()) sides.fault = line.open();
         if (!sides.fault.empty()) return;
-        const auto marks = compare::askForMarks({opened.document, section, line.reader(), settings.slave});
-        compare::Twice_Read read;
-        read.latest.end = marks.end;
-        read.latest.fault = marks.fault;
-        if (marks.end == compare::Reading_End::Done)
-            read = compare::readTwice(line.reader(), settings.slave, compare::blocksOf(opened.document));
+        const compare::Looked_At seen =
+            compare::lookAt({opened.document, section, line.reader(), settings.slave});
+        const compare::Twice_Read& read = seen.read;
         if (!read.latest.done()) {
             sides.fault = readingFault(read.latest.end, read.latest.fault);
             return;
         }
-        tellIdentity(context, opened, marks.identity, read.latest.registers);
+        tell(context.err, printable(compare::identitySentence(seen.identity))); // a note, whatever it is
         const compare::Document_Side left(opened.document);
         const compare::Controller_Side right(opened.document, section, read.latest.registers, &read.earlier);
         sides.comparison = compare::comparisonOf({opened.document, section, left, right});
-    }
-
-    /// Who was compared with is a note, whatever it is.
-    static void tellIdentity(const Call_Context& context, const Opened_Document& opened,
-                             const compare::Identity& marks, const compare::Controller_Registers& registers) {
-        compare::Identity identity = marks;
-        if (marks.verdict == compare::Verdict::Cant_Tell)
-            identity.verdict = compare::identityByCells(opened.document, marks.unit, registers).verdict;
-        tell(context.err, identitySentence(identity));
     }
 
     void print(const Call_Context& context, const Compared_Sides& sides) const {

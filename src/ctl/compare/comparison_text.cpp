@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/compare/comparison_text.h"
 
+#include "compare/comparison_words.h"
 #include "ctl/document/notices.h"
 #include "ctl/document/subcommand.h"
 #include "ctl/text/text_table.h"
@@ -21,34 +22,6 @@ Json rawJson(const compare::Row& row, const compare::Cell_Side& side) {
 }
 
 Json shownJson(const compare::Cell_Side& side) { return side.value ? jsonText(side.shown) : Json(); }
-
-/// What people see of a side: also a code that no list has.
-std::string sideText(const compare::Cell_Side& side) {
-    if (!side.read) return "not read";
-    if (!side.value) return "-";
-    if (side.shown.empty() && side.held && side.held->size() == 1)
-        return "(code " + std::to_string(side.held->front()) + ")";
-    return printable(side.shown);
-}
-
-/// "3 differ", "1 on one side only": a count with its words; nothing for none of them.
-void addCount(std::string& text, std::size_t count, const char* words) {
-    if (count == 0) return;
-    text += (text.empty() ? "" : ", ") + std::to_string(count) + words;
-}
-
-std::string countsText(const compare::Counts& counts) {
-    std::string text;
-    addCount(text, counts.of(Sign::Differs), counts.of(Sign::Differs) == 1 ? " differs" : " differ");
-    addCount(text, counts.of(Sign::One_Side), " on one side only");
-    addCount(text, counts.of(Sign::Read_Only), " read only");
-    addCount(text, counts.of(Sign::Changing), " changing");
-    addCount(text, counts.of(Sign::Not_Read), " not read");
-    addCount(text, counts.of(Sign::Left_Out), " left out");
-    addCount(text, counts.of(Sign::Equal), " equal");
-    const std::string rows = std::to_string(counts.rows()) + (counts.rows() == 1 ? " value" : " values");
-    return text.empty() ? rows : rows + ": " + text;
-}
 
 } // namespace
 
@@ -101,10 +74,11 @@ void printComparison(std::ostream& out, const compare::Comparison& comparison, c
         if (!listed.has(row)) continue;
         some = true;
         table.add({std::string(signMark(row.sign)), printable(row.page), printable(row.name),
-                   printable(row.heading), printable(row.address), sideText(row.left), sideText(row.right)});
+                   printable(row.heading), printable(row.address), printable(compare::sideText(row.left)),
+                   printable(compare::sideText(row.right))});
     }
     if (some) table.print(out, 0);
-    out << countsText(comparison.counts) << '\n';
+    out << compare::countsText(comparison.counts) << '\n';
 }
 
 int comparisonExit(const compare::Counts& counts) {

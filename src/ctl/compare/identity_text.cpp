@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/compare/identity_text.h"
 
+#include "compare/comparison_words.h"
 #include "ctl/document/notices.h"
 #include "ctl/document/subcommand.h"
 #include "ctl/text/text_table.h"
@@ -44,23 +45,8 @@ Json identityJson(const compare::Identity& identity) {
             {"evidence", std::move(evidence)}};
 }
 
-std::string identitySentence(const compare::Identity& identity) {
-    const std::string model = printable(identity.model);
-    const std::string unit = "The controller at unit " + std::to_string(identity.unit);
-    switch (identity.verdict) {
-    case Verdict::Is:
-        return unit + " is a " + model + ".";
-    case Verdict::Isnt:
-        return unit + " isn't a " + model + ".";
-    case Verdict::Cant_Tell:
-        break;
-    }
-    return "It can't be told whether the controller at unit " + std::to_string(identity.unit) + " is a " +
-           model + ".";
-}
-
 void printIdentity(std::ostream& out, const compare::Identity& identity) {
-    out << identitySentence(identity) << '\n';
+    out << printable(compare::identitySentence(identity)) << '\n';
     if (identity.serial) out << "Serial number: " << printable(*identity.serial) << '\n';
     if (identity.firmware) out << "Firmware: " << printable(*identity.firmware) << '\n';
     if (identity.evidence.empty()) return;

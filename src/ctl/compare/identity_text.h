@@ -15,9 +15,6 @@ namespace zorvane::ctl {
 /// The same for people.
 void printIdentity(std::ostream& out, const compare::Identity& identity);
 
-/// The verdict as a sentence: "The controller is a KVRT207D (serial number 4417)." UTF-8.
-[[nodiscard]] std::string identitySentence(const compare::Identity& identity);
-
 /// 0 for is, 5 for isn't, 7 for can't tell.
 [[nodiscard]] int identityExit(compare::Verdict verdict);
 

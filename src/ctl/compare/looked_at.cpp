@@ -11,16 +11,15 @@ Identity_Section identitySectionOf(const Call_Context& context, const Opened_Doc
 
 Opened_Document openFor(const Call_Context& context, const Document_Arguments& files,
                         const Port_Arguments& port, Controller_Line* line) {
-    if (line == nullptr) return files.open(context);
-    if (!port.ownTimeOut()) return files.open(context, &line->notices());
+    const auto open = [&](Link_Notice* notices) {
+        Opened_Document opened = files.openQuietly(context, notices);
+        if (opened.readToTheEnd()) tellReadings(context.err, opened);
+        return opened;
+    };
+    if (line == nullptr) return open(nullptr);
+    if (!port.ownTimeOut()) return open(&line->notices());
     Own_Time_Out ownTimeOut(line->notices());
-    return files.open(context, &ownTimeOut);
-}
-
-std::string documentFault(const Opened_Document& opened) {
-    if (opened.readToTheEnd()) return {};
-    const std::string& path = opened.ztp.toTheEnd() ? opened.configuration->path : opened.ztp.path;
-    return printablePath(path) + " was not read to its end. Correct it, or choose another file.";
+    return open(&ownTimeOut);
 }
 
 std::string readingFault(compare::Reading_End end, const std::string& fault) {

@@ -15,14 +15,11 @@ namespace zorvane::ctl {
 /// What the opened template says in [IDENTITY]; an empty section when its file can't be read any more.
 [[nodiscard]] Identity_Section identitySectionOf(const Call_Context& context, const Opened_Document& opened);
 
-/// Opens a document whose template is told to the line, which may be null. A time-out of the command line
-/// wins over the template's.
+/// Opens a document whose template is told to the line, which may be null. What is wrong with it is told
+/// only where it can be worked with all the same: else `documentFault` says it. A time-out of the command
+/// line wins over the template's.
 [[nodiscard]] Opened_Document openFor(const Call_Context& context, const Document_Arguments& files,
                                       const Port_Arguments& port, Controller_Line* line);
-
-/// Why a document can't be worked with, whole sentences; empty when it can. What is wrong with its files was
-/// told before.
-[[nodiscard]] std::string documentFault(const Opened_Document& opened);
 
 /// Why a reading didn't come to its end, whole sentences.
 [[nodiscard]] std::string readingFault(compare::Reading_End end, const std::string& fault);

@@ -12,7 +12,7 @@ namespace {
 /// A register image behind a link that may be lost.
 class Scene_Link final : public Dry_Run_Link {
   public:
-    Scene_Link(const Register_Values& registers, bool lost) : Dry_Run_Link(registers), lost_(lost) {}
+    Scene_Link(const compare::Register_Values& registers, bool lost) : Dry_Run_Link(registers), lost_(lost) {}
     [[nodiscard]] bool CommLost() const override { return lost_; }
 
   private:
@@ -56,7 +56,7 @@ bool isSortedOut(const Declara_Zorvane& document, const Cell_Place& place, const
 
 Shown_Grid showField(Declara_Zorvane& document, std::int32_t field,
                      const std::optional<Online_Scene>& scene) {
-    Scene_Link link(scene ? scene->registers : Register_Values{}, scene && scene->lost);
+    Scene_Link link(scene ? scene->registers : compare::Register_Values{}, scene && scene->lost);
     Main_Form_State form;
     form.Online = scene.has_value();
     if (scene) form.Current_Request = scene->request;

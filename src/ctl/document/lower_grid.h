@@ -2,8 +2,8 @@
 #pragma once
 
 #include "comm/transfer/requests/download_request.h"
+#include "compare/register_file.h"
 #include "ctl/document/opened_document.h"
-#include "ctl/document/register_file.h"
 #include "grids/terminal_grids.h"
 
 #include <cstdint>
@@ -15,7 +15,7 @@ namespace zorvane::ctl {
 
 /// A link that is up, as a fill of the lower grid sees it.
 struct Online_Scene {
-    Register_Values registers;
+    compare::Register_Values registers;
     std::string request; ///< the request word of the blocks now scanned
     bool lost = false;
 };

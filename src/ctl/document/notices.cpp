@@ -47,19 +47,27 @@ std::string place(const Reading_Note& note) {
     return note.line > 0 ? file + ", line " + std::to_string(note.line) : file;
 }
 
+constexpr const char* linesAfter = "The lines after it were not read.";
+
+/// Why a file that isn't there, or has a line too many values, wasn't read; not of a failure.
+std::string plainFault(const Reading_Note& note, const std::string& kind) {
+    if (!note.loaded) return printablePath(note.path) + ": there is no such " + kind + ". Check the path.";
+    return place(note) + ": more values than the template has columns. The file was written for another "
+                         "template; this line's other values and the lines after it were not read. "
+                         "Choose the template that fits, or try zorvanectl update.";
+}
+
 void tellReading(std::ostream& err, const Reading_Note& note, const std::string& kind) {
-    if (!note.loaded) {
-        tell(err, printablePath(note.path) + ": there is no such " + kind + ". Check the path.");
-    } else if (note.failure) {
+    if (note.loaded && note.failure) {
         tellFailure(err, place(note), *note.failure);
-        if (note.line > 0) tell(err, "The lines after it were not read.");
-    } else if (!note.ok) {
-        tell(err, place(note) +
-                      ": more values than the template has columns. The file was written for another "
-                      "template; this line's other values and the lines after it were not read. "
-                      "Choose the template that fits, or try zorvanectl update.");
+        if (note.line > 0) tell(err, linesAfter);
+    } else if (!note.loaded || !note.ok) {
+        tell(err, plainFault(note, kind));
     }
 }
+
+const std::string templateKind = "template";
+const std::string configurationKind = "configuration file";
 
 } // namespace
 
@@ -75,9 +83,13 @@ std::string advice(int failure) {
     return "";
 }
 
+std::string failureNotice(const std::string& what, const Failure_Note& failure) {
+    return what + ": " + printable(failure.description) + " (failure " + std::to_string(failure.number) +
+           "). " + advice(failure.number);
+}
+
 void tellFailure(std::ostream& err, const std::string& what, const Failure_Note& failure) {
-    tell(err, what + ": " + printable(failure.description) + " (failure " + std::to_string(failure.number) +
-                  "). " + advice(failure.number));
+    tell(err, failureNotice(what, failure));
 }
 
 bool hasField(const Opened_Document& opened, std::int32_t field) {
@@ -96,8 +108,16 @@ void tellMissingField(std::ostream& err, const Opened_Document& opened, std::int
 }
 
 void tellReadings(std::ostream& err, const Opened_Document& opened) {
-    tellReading(err, opened.ztp, "template");
-    if (opened.configuration) tellReading(err, *opened.configuration, "configuration file");
+    tellReading(err, opened.ztp, templateKind);
+    if (opened.configuration) tellReading(err, *opened.configuration, configurationKind);
+}
+
+std::string documentFault(const Opened_Document& opened) {
+    if (opened.readToTheEnd()) return {};
+    const bool ofTemplate = !opened.ztp.toTheEnd();
+    const Reading_Note& note = ofTemplate ? opened.ztp : *opened.configuration;
+    if (!note.loaded || !note.failure) return plainFault(note, ofTemplate ? templateKind : configurationKind);
+    return failureNotice(place(note), *note.failure) + (note.line > 0 ? std::string(" ") + linesAfter : "");
 }
 
 } // namespace zorvane::ctl

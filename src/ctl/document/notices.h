@@ -22,6 +22,10 @@ void tell(std::ostream& err, const std::string& text);
 /// all is well.
 void tellReadings(std::ostream& err, const Opened_Document& opened);
 
+/// Why a document can't be worked with, in one text of whole sentences: what stopped the reading of its
+/// first file that wasn't read to its end. Empty when it can.
+[[nodiscard]] std::string documentFault(const Opened_Document& opened);
+
 /// Whether the template has that field (from 1).
 [[nodiscard]] bool hasField(const Opened_Document& opened, std::int32_t field);
 
@@ -30,6 +34,9 @@ void tellMissingField(std::ostream& err, const Opened_Document& opened, std::int
 
 /// Tells of a failure of an operation.
 void tellFailure(std::ostream& err, const std::string& what, const Failure_Note& failure);
+
+/// The same as a text, without the program's name.
+[[nodiscard]] std::string failureNotice(const std::string& what, const Failure_Note& failure);
 
 /// What to do about a failure of that number.
 [[nodiscard]] std::string advice(int failure);

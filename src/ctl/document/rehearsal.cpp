@@ -7,7 +7,8 @@
 
 namespace zorvane::ctl {
 
-std::optional<Failure_Note> applyRegisters(Declara_Zorvane& document, const Register_Values& registers) {
+std::optional<Failure_Note> applyRegisters(Declara_Zorvane& document,
+                                           const compare::Register_Values& registers) {
     Dry_Run_Link link(registers);
     Main_Form_State form;
     Held_Form mainForm(document.Field_Count, freshSelection(document));
@@ -18,7 +19,7 @@ std::optional<Failure_Note> applyRegisters(Declara_Zorvane& document, const Regi
     });
 }
 
-Download_Plan planDownload(Declara_Zorvane& document, const Register_Values& registers,
+Download_Plan planDownload(Declara_Zorvane& document, const compare::Register_Values& registers,
                            const Grid_Selection& selection) {
     Dry_Run_Link link(registers);
     Main_Form_State form;

@@ -3,9 +3,9 @@
 
 #include "comm/main_form/main_form_state.h"
 #include "comm/modbus_control/dry_run_link.h"
+#include "compare/register_file.h"
 #include "ctl/document/held_form.h"
 #include "ctl/document/opened_document.h"
-#include "ctl/document/register_file.h"
 
 #include <optional>
 #include <set>
@@ -17,7 +17,7 @@ namespace zorvane::ctl {
 /// Fills the cells of every field from a register image, as a finished upload does. The failure that ended
 /// it, if any; the cells before it keep their new values.
 [[nodiscard]] std::optional<Failure_Note> applyRegisters(Declara_Zorvane& document,
-                                                         const Register_Values& registers);
+                                                         const compare::Register_Values& registers);
 
 /// What a download would do.
 struct Download_Plan {
@@ -29,7 +29,7 @@ struct Download_Plan {
 };
 
 /// Runs a download over a register image in which each write succeeds at once.
-[[nodiscard]] Download_Plan planDownload(Declara_Zorvane& document, const Register_Values& registers,
+[[nodiscard]] Download_Plan planDownload(Declara_Zorvane& document, const compare::Register_Values& registers,
                                          const Grid_Selection& selection);
 
 /// Where the current cells stand after the grids were filled: the lower grid's on its last cell.

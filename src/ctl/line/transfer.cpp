@@ -193,8 +193,8 @@ Transfer_Report runDownload(const Comm_Context& asked, Held_Form& mainForm, cons
     return report;
 }
 
-Register_Values scannedRegisters(const Comm_Context& comm) {
-    Register_Values registers;
+compare::Register_Values scannedRegisters(const Comm_Context& comm) {
+    compare::Register_Values registers;
     const auto& blocks = comm.document.Holding_Blocks;
     if (!blocks.dimensioned()) return registers;
     for (std::int32_t i = 1; i <= blocks.upperBound(); ++i)

@@ -3,9 +3,9 @@
 
 #include "comm/main_form/comm_context.h"
 #include "comm/modbus_control/dry_run_link.h"
+#include "compare/register_file.h"
 #include "ctl/document/held_form.h"
 #include "ctl/document/opened_document.h"
-#include "ctl/document/register_file.h"
 #include "ctl/line/block_results.h"
 #include "ctl/line/guarded_link.h"
 #include "ctl/line/stop_wish.h"
@@ -91,6 +91,6 @@ bool stopTransfer(const Comm_Context& comm, bool atOnce);
 void readWholePass(const Comm_Context& comm, const std::string& request);
 
 /// The registers of the document's blocks that were read, as the link last saw them.
-[[nodiscard]] Register_Values scannedRegisters(const Comm_Context& comm);
+[[nodiscard]] compare::Register_Values scannedRegisters(const Comm_Context& comm);
 
 } // namespace zorvane::ctl

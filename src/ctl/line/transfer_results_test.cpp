@@ -58,7 +58,7 @@ TEST_F(Results, ABlockThatCantBeAskedForIsNeitherRefusedNorUnanswered) {
 }
 
 TEST_F(Results, RegistersThatWereNotReadAreNoZeros) {
-    EXPECT_EQ(scannedRegisters(comm), (Register_Values{{100, 7}, {101, 0}, {110, 0}}));
+    EXPECT_EQ(scannedRegisters(comm), (compare::Register_Values{{100, 7}, {101, 0}, {110, 0}}));
 }
 
 TEST_F(Results, ACellWhoseRegistersWereNotReadKeepsItsValue) {

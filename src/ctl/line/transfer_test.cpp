@@ -86,7 +86,7 @@ TEST_F(Transfer, AFinishedUploadFillsTheDocumentAndEndsTheSession) {
     EXPECT_FALSE(bench.form.Online);
     EXPECT_EQ(mainForm.panel(Panel::LinkState), "Offline");
     EXPECT_THAT(told("Upload", report), IsEmpty());
-    EXPECT_EQ(scannedRegisters(comm), (Register_Values{{100, 65535}, {101, 0}, {110, 0}, {111, 7}}));
+    EXPECT_EQ(scannedRegisters(comm), (compare::Register_Values{{100, 65535}, {101, 0}, {110, 0}, {111, 7}}));
 }
 
 TEST_F(Transfer, ARefusedBlockIsToldThoughTheUploadFinishes) {

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace zorvane::ctl {
+namespace zorvane::compare {
 
 /// Registers by number, each 0 to 65535.
 using Register_Values = std::map<std::int32_t, std::uint16_t>;
@@ -23,4 +23,4 @@ class Bad_Register_File : public std::runtime_error {
 /// The same text, one register a line.
 [[nodiscard]] std::string registersText(const Register_Values& registers);
 
-} // namespace zorvane::ctl
+} // namespace zorvane::compare

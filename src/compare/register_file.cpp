@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ctl/document/register_file.h"
+#include "compare/register_file.h"
 
 #include <nlohmann/json.hpp>
 
 #include <charconv>
 
-namespace zorvane::ctl {
+namespace zorvane::compare {
 
 namespace {
 
@@ -48,4 +48,4 @@ std::string registersText(const Register_Values& registers) {
     return text + "\n}\n";
 }
 
-} // namespace zorvane::ctl
+} // namespace zorvane::compare
