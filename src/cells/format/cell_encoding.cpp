@@ -74,11 +74,10 @@ std::optional<std::int32_t> negativeWord(const Writing_Path& path, const Cell_Re
     if (!hasNegativeFormat(definition)) return std::nullopt;
     const double written = Val(definition.Bits_Negative_Format);
     const double bits = path.roundsBitCount ? toLong(written) : written;
-    const bool complement = bits >= wholeRegister;
-    const std::int32_t count = complement ? 0 : path.roundsBitCount ? toLong(bits) : toInteger(bits);
-    if (number >= 0.0) return std::nullopt;
-    if (complement) return toLong(registerSpan + number);
-    if (count < 1 && !path.encodesWithoutABit) return std::nullopt;
+    if (bits >= wholeRegister)
+        return number < 0.0 ? std::optional(toLong(registerSpan + number)) : std::nullopt;
+    const std::int32_t count = path.roundsBitCount ? toLong(bits) : toInteger(bits);
+    if (number >= 0.0 || (count < 1 && !path.encodesWithoutABit)) return std::nullopt;
     return toLong(std::exp2(count - 1.0) - number);
 }
 

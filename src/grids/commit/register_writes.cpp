@@ -38,6 +38,7 @@ void Number_Write::show(Write_Progress progress) const {
 void Number_Write::start() {
     if (!isNumeric(cell().Address)) return;
     const Comm_Context& comm = grids_.comm;
+    static_assert(paths::liveWrite.otherPart == Other_Part::Own_Register);
     if (isTimePart(formatOf(cell()))) {
         const std::int32_t value = comm.link.RegisterValue(comm.form.Unit_Id, strictLong(cell().Address));
         number_.text = joinedTime(cell(), number_.text, value);
