@@ -161,6 +161,8 @@ def blocks(random):
 def fault(random, reads, first, last, tries):
     kind = random.choice(["lost", "silent", "damaged", "cut", "noise", "exception"])
     times = random.choice([1, tries - 1, -1 if random.random() < 0.3 else 1])
+    if reads and kind == "exception":
+        times = -1  # a block that is refused in parts is asked for as a whole, so one refusal alone decides nothing
     return {"first": first, "last": last, "reads": reads, "kind": kind,
             "times": times if kind == "exception" else max(times, 1) if times > 0 else times,
             "exception": random.choice([2, 3, 4])}
