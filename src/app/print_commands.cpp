@@ -65,6 +65,8 @@ std::string failedExport(const std::string& path, const Run_Time_Failure& failur
            exportAdvice(failure.number());
 }
 
+std::string exportedText(const std::string& path) { return "The report was exported to " + path; }
+
 bool hasPages(const MainRepKVRT* report) { return report != nullptr && report->Pages.Count() > 0; }
 
 } // namespace
@@ -212,17 +214,21 @@ void Print_Commands::SaveConfig(const Twips_Rect& window) {
 
 /// The dialog is cancelled by a failure, which ends the export quietly. So does each failure of the export,
 /// for the boxes; the bar tells of it.
-void Print_Commands::exportReport(MainRepKVRT& report) {
+void Print_Commands::exportReport(MainRepKVRT& report) { (void)exportOther(report); }
+
+std::string Print_Commands::exportOther(ActiveReport& report) {
     std::optional<Export_Choice> choice;
     ignoringFailure([&] { choice = chosenExport(); });
-    if (!choice) return;
+    if (!choice) return {};
     const Busy busy(mainForm_);
     try {
         writeExport(report, *choice);
+        return report.Canceled() ? "" : exportedText(choice->path);
     } catch (const Run_Time_Failure& failure) {
-        if (!mainForm_.keepsRunning()) return; // the user has ended it
-        app_.mainForm.messageBar().tell(
-            {exportTopic, Bar_Kind::Warning, failedExport(choice->path, failure), {}, false});
+        if (!mainForm_.keepsRunning()) return {}; // the user has ended it
+        const std::string told = failedExport(choice->path, failure);
+        app_.mainForm.messageBar().tell({exportTopic, Bar_Kind::Warning, told, {}, false});
+        return told;
     }
 }
 
@@ -242,7 +248,7 @@ std::optional<Print_Commands::Export_Choice> Print_Commands::chosenExport() {
     return Export_Choice{dialog.FileName, *format};
 }
 
-void Print_Commands::writeExport(MainRepKVRT& report, const Export_Choice& choice) {
+void Print_Commands::writeExport(ActiveReport& report, const Export_Choice& choice) {
     const std::string bytes = zorvane::exportReport(report, choice.format, services_.painted);
     if (report.Canceled()) return;
     services_.writeFile(choice.path, bytes);
@@ -252,7 +258,7 @@ void Print_Commands::writeExport(MainRepKVRT& report, const Export_Choice& choic
 void Print_Commands::tellExported(const std::string& path) {
     Bar_Button folder{"Open folder", [&mainForm = mainForm_, path] { mainForm.openFolderOf(path); }};
     app_.mainForm.messageBar().tell(
-        {exportTopic, Bar_Kind::Note, "The report was exported to " + path, {std::move(folder)}, false});
+        {exportTopic, Bar_Kind::Note, exportedText(path), {std::move(folder)}, false});
 }
 
 } // namespace zorvane::app

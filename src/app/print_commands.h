@@ -54,6 +54,10 @@ class Print_Commands : private Main_Report_Host {
     /// Gives the previews that have pages a text size in points, and makes them again.
     void applyFontSize(double size);
 
+    /// Runs a report that has no preview and exports it as the user wants it. What became of it, a sentence
+    /// that stands on the message bar too; "" when the user cancelled.
+    std::string exportOther(ActiveReport& report);
+
     /// The open previews, or none.
     [[nodiscard]] MainRepKVRT* PrintAll() const { return PrintAll_.get(); }
     [[nodiscard]] MainRepKVRT* PrintGrid() const { return PrintGrid_.get(); }
@@ -84,7 +88,7 @@ class Print_Commands : private Main_Report_Host {
         Export_Format format;
     };
     [[nodiscard]] std::optional<Export_Choice> chosenExport();
-    void writeExport(MainRepKVRT& report, const Export_Choice& choice);
+    void writeExport(ActiveReport& report, const Export_Choice& choice);
     void tellExported(const std::string& path);
 
     const App_Context& app_;

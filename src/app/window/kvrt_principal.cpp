@@ -14,9 +14,11 @@
 #include "comm/transfer/online.h"
 #include "comm/transfer/transfer_records.h"
 #include "comm/transfer/upload.h"
+#include "commission/folder/state_folder.h"
 #include "grids/fill/fill_settings.h"
 #include "grids/fill/stopping_on_failure.h"
 #include "ui/base/text.h"
+#include "ui/compare/compare_window.h"
 #include "ui/forms/frm_debug.h"
 #include "values/numbers.h"
 
@@ -73,7 +75,8 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
            places.applicationFolder},
       menu_{app_, mainForm_, edge_}, reports_(app_, mainForm_, edge_),
       transferLog_(menu_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); }),
-      desktop_(menu_), ways_(menu_), systemEnd_(app_, mainForm_, edge_) {
+      desktop_(menu_), ways_(menu_), runs_(commission::runsFolder(commission::userStateFolder())),
+      comparing_(comparingServices()), systemEnd_(app_, mainForm_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
     connectMessageBar(mainForm_, edge_);
@@ -82,6 +85,7 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
     connectGrids(window_, app_.grids, edge_);
     connectTimers();
     connectLink();
+    connectComparing();
     reports_.connect(menu_);
     connectSupportReport(menu_, line_.link(), line_.windows().lastTraffic());
     connectSending();
@@ -158,6 +162,35 @@ void KVRT_Principal::connectSending() {
                     chosen);
     };
     menu_.onChosen("MNU_SendChanges", [this] { mainForm_.extras.sendChanges({}); });
+}
+
+Comparing_Services KVRT_Principal::comparingServices() {
+    return {app_,
+            edge_,
+            line_.link(),
+            line_.simulator(),
+            runs_,
+            reports_.metrics(),
+            [this] { window_.finishEdit(); },
+            [this] { return mainForm_.dialogParent(); },
+            [this](const commission::Chosen_Cells& chosen) {
+                if (mainForm_.extras.sendChanges) mainForm_.extras.sendChanges(chosen);
+            },
+            [this](ActiveReport& report, const std::string& title) {
+                reports_.printOther(report, shownText(title));
+            },
+            [this](ActiveReport& report) { return reports_.commands().exportOther(report); },
+            [](ui::Compare_Window& window) { window.exec(); }};
+}
+
+void KVRT_Principal::connectComparing() {
+    menu_.onChosen("MNU_Compare", [this] { compareDocument(comparing_); });
+    mainForm_.extras.compare = [this](const std::string& path) {
+        if (path.empty())
+            compareDocument(comparing_, Side_Choice{Side_Kind::Controller});
+        else
+            compareDocument(comparing_, Side_Choice{Side_Kind::File, path});
+    };
 }
 
 void KVRT_Principal::start() {

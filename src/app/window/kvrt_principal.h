@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/comparing/compare_command.h"
 #include "app/desktop/qt_settings_store.h"
 #include "app/desktop/qt_text_widths.h"
 #include "app/form/app_context.h"
@@ -11,6 +12,7 @@
 #include "app/window/report_windows.h"
 #include "app/window/system_end.h"
 #include "app/window/window_link.h"
+#include "commission/folder/native_runs.h"
 #include "recovery/native_recovery_folder.h"
 #include "template/services/native_files.h"
 
@@ -56,6 +58,8 @@ class KVRT_Principal {
     [[nodiscard]] Transfer_Log_Form& transferLog() { return transferLog_; }
     [[nodiscard]] Event_Edge& edge() { return edge_; }
     [[nodiscard]] Report_Windows& reports() { return reports_; }
+    /// What "Compare..." works on.
+    [[nodiscard]] Comparing_Services& comparing() { return comparing_; }
     [[nodiscard]] Desktop_Menus& desktop() { return desktop_; }
     [[nodiscard]] Document_Ways& ways() { return ways_; }
     /// An edit in progress brings the recovery copy up to date this often.
@@ -79,6 +83,8 @@ class KVRT_Principal {
     void connectTimers();
     void connectLink();
     void connectSending();
+    [[nodiscard]] Comparing_Services comparingServices();
+    void connectComparing();
     void stopOnFailure(const Run_Time_Failure& failure);
 
     Program_Places places_;
@@ -104,6 +110,8 @@ class KVRT_Principal {
     Transfer_Log_Form transferLog_;
     Desktop_Menus desktop_;
     Document_Ways ways_;
+    commission::Native_Runs runs_;
+    Comparing_Services comparing_;
     System_End systemEnd_;
     QTimer copyTimer_;
     QElapsedTimer clock_;

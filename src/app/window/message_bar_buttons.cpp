@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/window/message_bar_buttons.h"
 
+#include "comm/main_form/bar_topics.h"
 #include "template/services/native_files.h"
 #include "ui/main/message_bar_view.h"
 
@@ -10,7 +11,12 @@ namespace {
 
 const std::string cutMessageTopic = "panel 4";
 
-ui::Shown_Line shownLine(const Bar_Line& line, Event_Edge& edge) {
+/// After a transfer that left something open, what the controller has is worth a look.
+bool wantsComparison(const std::string& topic) {
+    return topic == bar_topic::downloadEnd || topic == bar_topic::uploadGaps;
+}
+
+ui::Shown_Line shownLine(const Bar_Line& line, Window_Form& mainForm, Event_Edge& edge) {
     ui::Shown_Line shown{
         QString::fromStdString(line.topic), line.kind == Bar_Kind::Warning, shownText(line.text), {}};
     for (const Bar_Button& button : line.buttons)
@@ -18,6 +24,10 @@ ui::Shown_Line shownLine(const Bar_Line& line, Event_Edge& edge) {
                                      edge.run([&] {
                                          if (press) press();
                                      });
+                                 }});
+    if (wantsComparison(line.topic))
+        shown.buttons.push_back({QStringLiteral("Compare"), [&mainForm, &edge] {
+                                     edge.run([&mainForm] { mainForm.compareWith({}); });
                                  }});
     return shown;
 }
@@ -36,7 +46,7 @@ void connectMessageBar(Window_Form& mainForm, Event_Edge& edge) {
     mainForm.messageBar().changed = [&mainForm, &view, &edge] {
         std::vector<ui::Shown_Line> lines;
         for (const Bar_Line& line : mainForm.messageBar().lines())
-            lines.push_back(shownLine(line, edge));
+            lines.push_back(shownLine(line, mainForm, edge));
         view.setLines(lines);
     };
     mainForm.window().StatusBar1().messageCut = [&mainForm](const QString& text) {

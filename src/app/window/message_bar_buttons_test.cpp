@@ -3,6 +3,7 @@
 
 #include "app/document/document_rows.h"
 #include "app/window/testing/program_fixture.h"
+#include "comm/main_form/bar_topics.h"
 #include "ui/main/message_bar_view.h"
 
 #include <QLabel>
@@ -39,6 +40,18 @@ TEST_F(Message_Bar_Buttons, its_cross_takes_a_line_away) {
     QTest::mouseClick(&named<QPushButton>("BAR_1_Close"), Qt::LeftButton);
     EXPECT_TRUE(bar().lines().empty());
     EXPECT_FALSE(view().isVisible());
+}
+
+TEST_F(Message_Bar_Buttons, after_a_transfer_a_line_offers_to_compare) {
+    putModels();
+    startWith("app/EXAMPLE.KVRT100");
+    std::vector<std::string> compared;
+    program->mainForm().extras.compare = [&](const std::string& path) { compared.push_back(path); };
+    bar().tell({bar_topic::downloadEnd, Bar_Kind::Note, "Download of 3 values", {{"Log...", {}}}});
+    QPushButton& button = named<QPushButton>("BAR_1_Button2");
+    EXPECT_EQ(button.text(), "Compare");
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(compared, std::vector<std::string>{""}) << "with the controller";
 }
 
 TEST_F(Message_Bar_Buttons, a_button_that_fails_ends_as_every_command_does) {

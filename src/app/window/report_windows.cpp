@@ -233,6 +233,13 @@ void Report_Windows::printReport(rptPrintLog& report, bool prompt) {
     printPages(report, shownText(report.LogFileName), 0, prompt);
 }
 
+void Report_Windows::printOther(ActiveReport& report, const QString& title) {
+    run([&] {
+        report.Run();
+        printPages(report, title, 0, true);
+    });
+}
+
 void Report_Windows::printPages(ActiveReport& report, const QString& title, int shown, bool prompt) {
     const Page_Document& pages = report.Pages.document;
     QPrinter printer(QPrinter::HighResolution);

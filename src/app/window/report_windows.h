@@ -52,7 +52,12 @@ class Report_Windows final : private Print_Form {
     /// "&Print Log..." of the transfer status form: the whole log, whatever is selected in it.
     void printLog(const QTextEdit& RtbStatus, const QString& logFile);
 
+    /// Runs a report that has no preview and prints it; the user chooses the printer first, and may cancel.
+    void printOther(ActiveReport& report, const QString& title);
+
     [[nodiscard]] Print_Commands& commands() { return commands_; }
+    /// What texts measure on paper.
+    [[nodiscard]] const Text_Metrics& metrics() const { return metrics_; }
     [[nodiscard]] Print_Log_Command& log() { return log_; }
     /// The window of a report, or none.
     [[nodiscard]] ui::Preview_Window* window(const MainRepKVRT* report) const;

@@ -53,6 +53,7 @@ constexpr std::array communicationLines = {
     Menu_Line{"MNU_Port_Settings", "&Port Settings...", ""},
     Menu_Line{"separador4", "&Modbus Monitor", ""},
     separator,
+    Menu_Line{"MNU_Compare", "&Compare...", ""},
     Menu_Line{"MNU_SendChanges", "&Send Changes...", ""},
 };
 

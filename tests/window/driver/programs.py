@@ -18,11 +18,11 @@ class Terminal:
         self._programs = programs
         self._data = desktop.environment["XDG_DATA_HOME"]  # the recovery copies are the window's
 
-    def ask(self, call, *arguments):
+    def ask(self, call, *arguments, exits=0):
         command = [os.path.join(self._programs, "zorvanectl"), call, *map(str, arguments), "--json"]
         done = subprocess.run(command, capture_output=True, timeout=60,
                               env={**os.environ, "XDG_DATA_HOME": self._data})
-        assert done.returncode == 0, f"{' '.join(command)}: {done.stdout} {done.stderr}"
+        assert done.returncode == exits, f"{' '.join(command)}: {done.stdout} {done.stderr}"
         return json.loads(done.stdout)
 
     def headings(self, template, config, field):

@@ -136,7 +136,8 @@ void Document_Ways::look() {
     const std::string path = *watch_.path();
     const QString file = QFile::decodeName(pathToNative(path).c_str());
     if (!watcher_.files().contains(file) && QFileInfo::exists(file)) watcher_.addPath(file);
-    watch_.look({[this, path] { open(path, menu_.app.document().Read_Only); }, {}});
+    watch_.look({[this, path] { open(path, menu_.app.document().Read_Only); },
+                 [this, path] { menu_.mainForm.compareWith(path); }});
 }
 
 QString Document_Ways::whyNotNow() const {

@@ -115,7 +115,9 @@ void Window_Form::setMenuEnabled(Menu_Entry entry, bool enabled) {
         printPageEnabled_ = enabled;
     else
         menu.action(nameOf(entry)).setEnabled(enabled);
-    if (entry == Menu_Entry::MNU_Download) menu.action(QStringLiteral("MNU_SendChanges")).setEnabled(enabled);
+    if (entry == Menu_Entry::MNU_Download)
+        for (const QString& other : {QStringLiteral("MNU_Compare"), QStringLiteral("MNU_SendChanges")})
+            menu.action(other).setEnabled(enabled);
     menu.action(nameOf(Menu_Entry::MNU_PrintPage))
         .setEnabled(printPageEnabled_ && menu.action(nameOf(Menu_Entry::MNU_Print)).isEnabled());
 }
@@ -147,6 +149,11 @@ void Window_Form::setLostComShown(bool shown) {
 
 void Window_Form::showFrmStatus(bool isUpload) {
     if (extras.showFrmStatus) extras.showFrmStatus(isUpload);
+}
+
+void Window_Form::compareWith(const std::string& path) {
+    if (extras.compare && window_.menu().action(QStringLiteral("MNU_Compare")).isEnabled())
+        extras.compare(path);
 }
 
 void Window_Form::openAsText(const std::string& path) {

@@ -35,6 +35,8 @@ struct Window_Extras {
     std::function<void(const std::string& path)> openAsText;
     /// Opens "Send Changes" with these cells ticked; with all that differ when none is named.
     std::function<void(const commission::Chosen_Cells& chosen)> sendChanges;
+    /// Opens "Compare" with that file; with the controller when the path is empty.
+    std::function<void(const std::string& path)> compare;
 };
 
 /// The main form on the screen, as the logic knows it.
@@ -59,6 +61,9 @@ class Window_Form final : public Document_Form {
     [[nodiscard]] Window_Grids& grids() override { return grids_; }
     void setLostComShown(bool shown) override;
     void showFrmStatus(bool isUpload) override;
+    /// Opens the comparison of the document with a file, or with the controller where the path is empty.
+    /// Nothing while the menu's entry is disabled.
+    void compareWith(const std::string& path);
     void unloadFrmStatus() override;
     [[nodiscard]] Bar_Lines& messageBar() override { return bar_; }
     [[nodiscard]] std::string timeOfDay() const override;

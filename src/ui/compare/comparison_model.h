@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "compare/row_list.h"
+
+#include <QAbstractTableModel>
+
+#include <functional>
+
+namespace zorvane::ui {
+
+enum class Comparison_Column { Page, Setting, Left, Right, Sign, Register };
+
+/// The listed rows of a comparison as a table of Qt. The first column carries the tick.
+class Comparison_Model final : public QAbstractTableModel {
+  public:
+    [[nodiscard]] const compare::Row_List& rows() const { return rows_; }
+    void setRows(compare::Row_List rows, const compare::Filter& filter, bool all);
+    void list(const compare::Filter& filter, bool all);
+    void tickDifferences();
+    void tickNothing();
+    void setTicked(int row, bool on);
+
+    std::function<void()> ticksChanged; ///< may be empty
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  private:
+    template <class Change> void reset(Change&& change);
+    template <class Change> void tick(Change&& change);
+    void tellTicks() const;
+
+    compare::Row_List rows_;
+};
+
+} // namespace zorvane::ui
