@@ -25,6 +25,10 @@ TEST_F(CellNames, FirstColumnThatHoldsSettingsNamesNoRow) {
     EXPECT_EQ(cellName(document, 1, 1, 1), "Regulation, row 1");
 }
 
+TEST_F(CellNames, CellOfTheFirstColumnHasItsRowsNumber) {
+    EXPECT_EQ(cellName(document, 1, 1, 1), "Regulation, row 1");
+}
+
 TEST_F(CellNames, PageWithoutATextByItsNumber) {
     field.Description.clear();
     EXPECT_EQ(pageName(document, 1), "page 1");

@@ -427,5 +427,14 @@ TEST_F(RtuTransaction, APortThatTakesNoBytesIsLost) {
               std::vector<std::string>{"The port took no bytes: the adapter is gone or doesn't work."});
 }
 
+TEST_F(RtuTransaction, BytesAfterAnotherMastersRequestAreToldToo) {
+    Byte_Array bytes = withCrc(bytesOf("05 03 00 00 00 02"));
+    bytes.insert(bytes.end(), {0xAA, 0xBB, 0xCC});
+    port.deliver(bytes);
+    clock.runFor(microsPerSecond);
+    EXPECT_EQ(recorder.strays,
+              (std::vector<std::string>{"request of another master (8)", "stray bytes (3)"}));
+}
+
 } // namespace
 } // namespace zorvane
