@@ -164,8 +164,11 @@ void Rtu_Transaction::hearOtherMasterInTry() {
     if (end != 0) foreignEnd_ = end - std::min(end, ahead_.size());
 }
 
+/// An answer that begins where a request was heard and goes on beyond it is no answer to that request: what
+/// was heard was its own beginning, whose values look like a check sum.
 bool Rtu_Transaction::afterOtherMaster(const Finding& finding) const {
-    return foreignAt_ && finding.offset >= *foreignAt_;
+    return foreignAt_ && (finding.offset > *foreignAt_ ||
+                          (finding.offset == *foreignAt_ && finding.offset + finding.length <= foreignEnd_));
 }
 
 // Bytes that no request waits for.

@@ -436,5 +436,21 @@ TEST_F(RtuTransaction, BytesAfterAnotherMastersRequestAreToldToo) {
               (std::vector<std::string>{"request of another master (8)", "stray bytes (3)"}));
 }
 
+/// Its first eight bytes are a whole request for 34 registers, check sum and all: the ninth shows what it is.
+TEST_F(RtuTransaction, AnAnswerThatBeginsAsARequestIsTaken) {
+    const Byte_Array odd = withCrc(bytesOf("01 03 04 F3 00 22 34"));
+    const Byte_Array head(odd.begin(), odd.begin() + 8);
+    ASSERT_EQ(head, withCrc(bytesOf("01 03 04 F3 00 22")));
+    begin(read);
+    clock.runFor(requestTime + 20 * ms);
+    port.deliver(head);
+    clock.runFor(1 * ms);
+    port.deliver({odd.back()});
+    clock.runFor(100 * ms);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    ASSERT_TRUE(recorder.results[0].answer.has_value()) << fault();
+    EXPECT_EQ(recorder.results[0].answer->registers, (std::vector<std::uint16_t>{0xF300, 0x2234}));
+}
+
 } // namespace
 } // namespace zorvane
