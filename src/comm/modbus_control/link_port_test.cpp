@@ -428,5 +428,20 @@ TEST(LinkPort, AClosedPortIsNotLookedFor) {
     EXPECT_EQ(rig.port.attempts.size(), 1U);
 }
 
+/// As the monitor proposes one in the midst of polling.
+TEST(LinkPort, AnotherTimeOutCountsFromTheNextRequestAndLeavesThePortOpen) {
+    Link_Rig rig;
+    rig.block(1, 5);
+    rig.link.StartScan();
+    rig.clock.runFor(microsPerSecond);
+    const std::size_t openings = rig.port.attempts.size();
+    rig.link.setTimeOutMs(350);
+    EXPECT_EQ(rig.link.portSettings().timeOutMs, 350);
+    EXPECT_TRUE(rig.port.isOpen());
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_EQ(rig.port.attempts.size(), openings);
+    EXPECT_EQ(rig.link.PortParameters().at(4), "350");
+}
+
 } // namespace
 } // namespace zorvane

@@ -33,6 +33,11 @@ void Modbus_Link::setPortSettings(const Port_Settings& settings) {
     if (reopen) PrepareScan();
 }
 
+void Modbus_Link::setTimeOutMs(std::int32_t timeOutMs) {
+    settings_.timeOutMs = timeOutMs;
+    applyWaits();
+}
+
 std::int32_t Modbus_Link::pauseMs() const { return requestMs_ > 0 ? requestMs_ : 0; }
 
 std::int32_t Modbus_Link::timeOutMs() const { return outMs_ > 0 ? outMs_ : settings_.timeOutMs; }

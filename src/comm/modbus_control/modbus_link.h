@@ -52,6 +52,8 @@ class Modbus_Link final : public modbus_control, private Transaction_Listener {
 
     /// Takes effect at once: an open port is closed and opened again with the new settings.
     void setPortSettings(const Port_Settings& settings);
+    /// Another time-out from the next request on; the port stays open.
+    void setTimeOutMs(std::int32_t timeOutMs);
     [[nodiscard]] const Port_Settings& portSettings() const { return settings_; }
     /// The pause between exchanges and the time-out in force, in ms.
     [[nodiscard]] std::int32_t pauseMs() const;

@@ -2,7 +2,6 @@
 #include "ctl/survey/answer_text.h"
 
 #include <cmath>
-#include <cstdio>
 
 namespace zorvane::ctl {
 
@@ -17,11 +16,5 @@ Json answerTimesJson(const survey::Answer_Times& times) {
 }
 
 Json msJson(Micros time) { return jsonNumber(inMs(time)); }
-
-std::string msText(Micros time) {
-    char text[32];
-    std::snprintf(text, sizeof text, "%.1f ms", inMs(time));
-    return text;
-}
 
 } // namespace zorvane::ctl

@@ -4,15 +4,11 @@
 #include "ctl/text/json_text.h"
 #include "survey/listen/answer_times.h"
 
-#include <string>
-
 namespace zorvane::ctl {
 
 /// {"median","p99"} in ms, to a tenth of one.
 [[nodiscard]] Json answerTimesJson(const survey::Answer_Times& times);
 /// A time in ms, to a tenth of one.
 [[nodiscard]] Json msJson(Micros time);
-/// "12.3 ms"
-[[nodiscard]] std::string msText(Micros time);
 
 } // namespace zorvane::ctl

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/survey/find_report.h"
+#include "ctl/survey/known_template.h"
 #include "template/testing/memory_files.h"
 
 #include <gtest/gtest.h>
@@ -9,8 +10,12 @@
 namespace zorvane::ctl {
 namespace {
 
+using survey::Find_Wishes;
+using survey::findNotes;
+using survey::progressText;
 using survey::Search_End;
 using survey::Search_Report;
+using survey::searchPlan;
 
 survey::Found_Unit foundUnit(std::uint8_t unit, std::int32_t damaged) {
     survey::Found_Unit found{unit, {9600, 'N', 8, 1}, {}, damaged};
@@ -123,12 +128,17 @@ TEST(FindPlan, TakesSettingsUnitAndRegisterOfATemplate) {
     rig.files.put("/app/ABC.ZTP", templateText());
     const auto templates = readKnownTemplates(rig.context, {"/app/ABC.ZTP"});
     ASSERT_TRUE(templates) << rig.err.str();
-    const survey::Search_Plan plan = searchPlan({{}, {}, {1, 2, 16, 17}, 1500000}, *templates);
+    const survey::Search_Plan plan = searchPlan({{}, {}, {1, 2, 16, 17}, 1500000}, templates->known);
     EXPECT_EQ(formatLineSettings(plan.lines[0].line), "4800,e,8,1");
     EXPECT_EQ(plan.lines.size(), 24U);
     EXPECT_EQ(plan.units, (std::vector<std::uint8_t>{16, 1, 2, 17}));
     EXPECT_EQ(plan.addresses, std::vector<std::uint16_t>{200});
     EXPECT_EQ(plan.listen, 1500000);
+}
+
+TEST(FindPlan, BeginsWithTheSettingsThatWereGoodLast) {
+    Find_Wishes wishes{{}, {}, {1}, 0, Line_Settings{2400, 'O', 8, 1}};
+    EXPECT_EQ(formatLineSettings(searchPlan(wishes, {}).lines[0].line), "2400,o,8,1");
 }
 
 TEST(FindPlan, TakesTheNamedSettingsAlone) {

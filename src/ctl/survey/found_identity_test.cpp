@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ctl/survey/found_identity.h"
+#include "ctl/survey/known_template.h"
+#include "survey/desk/found_identity.h"
 #include "template/testing/memory_files.h"
 
 #include <gtest/gtest.h>
@@ -9,6 +10,10 @@
 
 namespace zorvane::ctl {
 namespace {
+
+using survey::Found_Identity;
+using survey::identityOfFound;
+using survey::Known_Template;
 
 /// A controller by its registers; it has no others.
 class Held_Registers final : public Unit_Reader {
@@ -43,7 +48,7 @@ struct Identity_Rig {
     }
     [[nodiscard]] Found_Identity ask(const std::vector<std::string>& names) {
         const auto templates = readKnownTemplates(context, names).value();
-        return identityOfFound(5, templates,
+        return identityOfFound(5, templates.known,
                                [this](const Known_Template&, const auto& question) { question(controller); });
     }
 
@@ -74,7 +79,8 @@ TEST(FoundIdentity, CannotBeToldWithoutATemplateOrAnAnswer) {
     Identity_Rig rig;
     EXPECT_EQ(rig.ask({}).verdict, "can't tell");
     const auto templates = readKnownTemplates(rig.context, {"/app/ONE.ZTP"}).value();
-    EXPECT_EQ(identityOfFound(5, templates, [](const Known_Template&, const auto&) {}).verdict, "can't tell");
+    EXPECT_EQ(identityOfFound(5, templates.known, [](const Known_Template&, const auto&) {}).verdict,
+              "can't tell");
 }
 
 } // namespace

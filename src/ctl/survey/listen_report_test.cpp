@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "comm/modbus_control/testing/toy_slave.h"
+#include "ctl/survey/known_template.h"
 #include "ctl/survey/listen_report.h"
 #include "template/testing/memory_files.h"
 
@@ -11,7 +12,10 @@ namespace zorvane::ctl {
 namespace {
 
 using survey::Heard_Frame;
+using survey::lineToListenTo;
 using survey::Listening_Report;
+using survey::namesAsked;
+using survey::registersAsked;
 
 constexpr Line_Settings line{9600, 'N', 8, 1};
 
@@ -45,19 +49,20 @@ struct Template_Rig {
                   "[CONFIGURATION_FIELDS]\r\nFIELD_1_DESC=Outputs\r\nFIELD_1_RC=2,2\r\n[FIELD_1_COLUMNS]\r\n"
                   "COL_1_DESC=Name\r\nCOL_2_DESC=Level\r\n[FIELD_1_CONFIGURATION]\r\nROWADDRESS_1=,40101\r\n"
                   "ROWADDRESS_2=,40102\r\n");
-        templates = readKnownTemplates(context, {"/app/ABC.ZTP"}).value();
+        read.emplace(readKnownTemplates(context, {"/app/ABC.ZTP"}).value());
+        templates = read->known;
     }
     doubles::Memory_Files files;
     std::ostringstream out;
     std::ostringstream err;
     Call_Context context{files, out, err, "/app", false, nullptr};
-    std::vector<Known_Template> templates;
+    std::optional<Known_Templates> read;
+    std::vector<survey::Known_Template> templates;
 };
 
 TEST(ListenReport, PrintsItsJson) {
-    std::vector<Known_Template> none;
     EXPECT_EQ(
-        compactJson(listenJson(twoPolls(), line, none)),
+        compactJson(listenJson(twoPolls(), line, {})),
         R"({"frames":5,"requests":2,"answers":3,"unpaired":1,"load_percent":4.1,"units":[)"
         R"({"unit":1,"requests":2,"answers":2,"refusals":0,"unpaired":0,"answer_ms":{"median":12.3,"p99":12.3},)"
         R"("asks":[{"function":3,"address":100,"count":2,"registers":"100-101","names":[],"times":2,)"
@@ -100,23 +105,23 @@ TEST(ListenReport, PrintsATableForPeople) {
 TEST(ListenReport, SaysWhatToDo) {
     Listening_Report report;
     report.reason = "No such port: plug the adapter in, or choose another port.";
-    EXPECT_EQ(listenNotes(report, "ttyUSB9", line),
+    EXPECT_EQ(survey::listenNotes(report, "ttyUSB9", line, "--settings gives others."),
               std::vector<std::string>{
                   "The port ttyUSB9: No such port: plug the adapter in, or choose another port."});
     report = {};
     report.opened = true;
-    EXPECT_EQ(listenNotes(report, "p", line),
+    EXPECT_EQ(survey::listenNotes(report, "p", line, "--settings gives others."),
               std::vector<std::string>{
                   "Nothing came in at 9600,n,8,1. Does a master ask on this line, and is its cable "
                   "in this port?"});
     report.bytes = report.noiseBytes = 40;
-    EXPECT_EQ(listenNotes(report, "p", line),
+    EXPECT_EQ(survey::listenNotes(report, "p", line, "--settings gives others."),
               std::vector<std::string>{
                   "40 bytes came in, and no frame was among them. Are 9600,n,8,1 the settings of "
                   "this line? --settings gives others."});
     report.frames = 2;
     report.noiseBytes = 3;
-    EXPECT_EQ(listenNotes(report, "p", line),
+    EXPECT_EQ(survey::listenNotes(report, "p", line, "--settings gives others."),
               std::vector<std::string>{"3 of 40 bytes belong to no whole frame."});
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "survey/find/doctor_visit.h"
 
+#include "comm/modbus_control/line/network_port.h"
+
 #include <utility>
 
 namespace zorvane::survey {
@@ -13,8 +15,8 @@ constexpr int patience = 3;
 } // namespace
 
 Doctor_Visit::Doctor_Visit(Byte_Port& port, Link_Clock& clock, const Port_Settings& settings,
-                           std::uint16_t address)
-    : clock_(clock), settings_(settings), address_(address), doctor_(settings),
+                           std::uint16_t address, Told told)
+    : clock_(clock), settings_(settings), address_(address), doctor_(settings), told_(std::move(told)),
       alarm_(clock.makeAlarm([this] { ring(); })),
       ear_([this](const Heard_Frame& frame) { frameHeard(frame); }), probe_(port, clock, *this),
       line_(settings.line) {}
@@ -32,6 +34,7 @@ void Doctor_Visit::cancel() {
 }
 
 void Doctor_Visit::ring() {
+    if (phase_ != Phase::Ended && probe_.opening()) return;
     switch (phase_) {
     case Phase::Idle:
         return open();
@@ -48,9 +51,13 @@ void Doctor_Visit::ring() {
 
 void Doctor_Visit::open() {
     probe_.use(settings_, [this](const Port_Opening& opening) {
+        if (phase_ == Phase::Ended) return;
         if (!opening.opened) return end(Link_Doctor::portFailed(opening.reason));
         phase_ = Phase::Listening;
-        alarm_->armAt(clock_.now() + listening);
+        if (told_) told_("listening");
+        // Over Modbus TCP nobody else is heard.
+        const bool mayHear = !framingOf(settings_.port).numbersRequests();
+        alarm_->armAt(clock_.now() + (mayHear ? listening : 0));
     });
 }
 
@@ -65,6 +72,7 @@ void Doctor_Visit::beginStep() {
     const Doctor_Step& step = doctor_.step();
     outcome_ = {};
     asked_ = false;
+    if (told_) told_(stepWords(step, takesLineSettings(settings_.port)));
     trial_.emplace(step.reads, patience);
     next_ = Unit_Trial::Next::Ask;
     // Answers to the step before may still come, and would pass for quick ones.
@@ -73,9 +81,18 @@ void Doctor_Visit::beginStep() {
     Port_Settings settings = settings_;
     settings.line = line_ = step.line;
     probe_.use(settings, [this, pause](const Port_Opening& opening) {
+        if (phase_ == Phase::Ended) return;
+        if (opening.lineRefused) return lineRefused();
         if (!opening.opened) return end(Link_Doctor::portFailed(opening.reason));
         alarm_->armAt(clock_.now() + pause);
     });
+}
+
+/// The server on the network has no such line, so no controller can have it either.
+void Doctor_Visit::lineRefused() {
+    outcome_.lineRefused = true;
+    next_ = Unit_Trial::Next::NotThere;
+    alarm_->armAt(clock_.now());
 }
 
 void Doctor_Visit::ask() {
@@ -105,7 +122,9 @@ void Doctor_Visit::endOfStep() {
     beginStep();
 }
 
-void Doctor_Visit::bytesHeard(Micros at, Byte_View bytes) { ear_.take(bytes, at); }
+void Doctor_Visit::bytesHeard(Micros at, Byte_View bytes) {
+    if (!framingOf(settings_.port).numbersRequests()) ear_.take(bytes, at);
+}
 
 /// Outside the reads nobody should speak but the unit that was asked, once more.
 void Doctor_Visit::frameHeard(const Heard_Frame& frame) {

@@ -17,9 +17,12 @@ namespace zorvane::survey {
 class Doctor_Visit final : private Probe_Listener {
   public:
     using Done = std::function<void(const Diagnosis&)>;
+    /// What is tried now, in words.
+    using Told = std::function<void(const std::string&)>;
 
     /// Both must outlive it. `address` is the register to read, on the wire.
-    Doctor_Visit(Byte_Port& port, Link_Clock& clock, const Port_Settings& settings, std::uint16_t address);
+    Doctor_Visit(Byte_Port& port, Link_Clock& clock, const Port_Settings& settings, std::uint16_t address,
+                 Told told = {});
     Doctor_Visit(const Doctor_Visit&) = delete;
     Doctor_Visit& operator=(const Doctor_Visit&) = delete;
 
@@ -40,6 +43,7 @@ class Doctor_Visit final : private Probe_Listener {
     void open();
     void endOfListening();
     void beginStep();
+    void lineRefused();
     void ask();
     void endOfStep();
     void frameHeard(const Heard_Frame& frame);
@@ -49,6 +53,7 @@ class Doctor_Visit final : private Probe_Listener {
     Port_Settings settings_;
     std::uint16_t address_;
     Link_Doctor doctor_;
+    Told told_;
     Done done_;
     std::unique_ptr<Alarm> alarm_;
     Frame_Finder ear_;

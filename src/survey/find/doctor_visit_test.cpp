@@ -24,7 +24,10 @@ struct Visit_Rig {
         settings.timeOutMs = 200;
     }
 
-    Diagnosis visit() {
+    Diagnosis visit() { return visit(1); }
+    /// The function stands after the head that a network's frames have.
+    Diagnosis visitNetwork() { return visit(mbapHead + 1); }
+    Diagnosis visit(std::size_t function) {
         Doctor_Visit doctor(line, clock, settings, 0);
         std::vector<Diagnosis> told;
         doctor.start([&told](const Diagnosis& diagnosis) { told.push_back(diagnosis); });
@@ -32,7 +35,7 @@ struct Visit_Rig {
         EXPECT_EQ(told.size(), 1U);
         EXPECT_FALSE(line.isOpen());
         for (const Byte_Array& frame : line.written)
-            EXPECT_EQ(frame[1], 3); // a read
+            EXPECT_EQ(frame[function], 3); // a read
         return told.empty() ? Diagnosis{} : told[0];
     }
 
@@ -180,6 +183,79 @@ TEST(DoctorVisit, SaysWhyThePortCannotBeOpened) {
     Visit_Rig rig;
     rig.line.opens = false;
     EXPECT_EQ(rig.visit().sentence, "No such port: ttyUSB0");
+}
+
+TEST(DoctorVisit, TellsWhatIsTried) {
+    Visit_Rig rig;
+    rig.line.controllers[0].unit = 2;
+    std::vector<std::string> tried;
+    Doctor_Visit doctor(rig.line, rig.clock, rig.settings, 0,
+                        [&tried](const std::string& what) { tried.push_back(what); });
+    std::vector<Diagnosis> told;
+    doctor.start([&told](const Diagnosis& diagnosis) { told.push_back(diagnosis); });
+    rig.clock.runUntilTrue([&told] { return !told.empty(); }, 600 * microsPerSecond);
+    EXPECT_EQ(tried, (std::vector<std::string>{"listening", "9600,n,8,1, unit 3, 200 ms",
+                                               "9600,n,8,1, unit 3, 3000 ms", "9600,e,8,2, unit 3, 300 ms",
+                                               "9600,o,8,2, unit 3, 300 ms", "9600,n,8,2, unit 3, 300 ms",
+                                               "9600,n,8,1, unit 2, 300 ms"}));
+    EXPECT_EQ(reportText(rig.settings, told.at(0)),
+              "Port ttyUSB0, 9600,n,8,1, unit 3, time-out 200 ms\n"
+              "9600,n,8,1, unit 3, 200 ms: silence\n"
+              "9600,n,8,1, unit 3, 3000 ms: silence\n"
+              "9600,e,8,2, unit 3, 300 ms: silence\n"
+              "9600,o,8,2, unit 3, 300 ms: silence\n"
+              "9600,n,8,2, unit 3, 300 ms: silence\n"
+              "9600,n,8,1, unit 2, 300 ms: an answer\n"
+              "The controller's number is 2 and not 3: set that as the slave number.\n");
+}
+
+/// A port on a network.
+struct Network_Visit : Visit_Rig {
+    explicit Network_Visit(const char* port, Line_Settings ofController = {9600, 'N', 8, 1})
+        : Visit_Rig(ofController) {
+        settings.port = port;
+        line.network = 3 * ms;
+    }
+};
+
+TEST(DoctorVisit, TriesNoSettingsOfALineThatNobodySetsFromHere) {
+    Network_Visit silent("tcp:gate:502");
+    silent.line.controllers.clear();
+    const Diagnosis diagnosis = silent.visitNetwork();
+    EXPECT_EQ(diagnosis.ailment, Ailment::Silence);
+    EXPECT_EQ(
+        diagnosis.sentence,
+        "Unit 3 is silent, though gate:502 takes the connection: check the slave number, the controller's "
+        "supply, and the settings of its line there.");
+    EXPECT_EQ(diagnosis.report.front(), "unit 3, 200 ms: silence");
+    EXPECT_EQ(diagnosis.report.size(), 10U); // as set, long, seven numbers
+    EXPECT_EQ(silent.line.opened, 1);
+}
+
+TEST(DoctorVisit, FindsTheNumberBehindAGateway) {
+    Network_Visit other("tcp:gate:502");
+    other.line.controllers[0].unit = 4;
+    EXPECT_EQ(other.visitNetwork().ailment, Ailment::Unit);
+    Network_Visit gateway("tcp:gate:502");
+    gateway.line.controllers.clear();
+    gateway.line.gateway = 10;
+    EXPECT_EQ(gateway.visitNetwork().ailment, Ailment::Gateway);
+    Network_Visit good("tcp:gate:502");
+    EXPECT_EQ(good.visitNetwork().sentence,
+              "The line is good: Unit 3 answered 50 reads, 99 % of them within 8 ms; a time-out of 100 ms is "
+              "enough.");
+}
+
+TEST(DoctorVisit, FindsTheSpeedBehindAServerThatSetsItsLine) {
+    Network_Visit rig("rfc2217:gate:2217", {38400, 'N', 8, 1});
+    rig.settings.line.baud = 19200;
+    rig.line.refusedBaud = 9600;
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.sentence, "Unit 3 has 38400 baud: set it here too.");
+    EXPECT_EQ(diagnosis.report.at(12), "9600,n,8,2, unit 3, 300 ms: the server doesn't take these settings");
+    Network_Visit unreachable("rfc2217:gate:2217");
+    unreachable.line.opens = false;
+    EXPECT_EQ(unreachable.visit().sentence, "Refused.");
 }
 
 TEST(DoctorVisit, EndsWhenItIsCancelled) {

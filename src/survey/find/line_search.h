@@ -80,6 +80,8 @@ class Line_Search final : private Probe_Listener {
     void start(Done done);
     /// Ends the search; `done` is called with what was found so far.
     void stop() { end(Search_End::Stopped); }
+    /// What was found so far.
+    [[nodiscard]] const std::vector<Found_Unit>& foundSoFar() const { return report_.found; }
 
   private:
     enum class Phase { Idle, Listening, Searching, Ended };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "survey/find/link_doctor.h"
 
+#include "comm/modbus_control/line/network_port.h"
+
 #include <algorithm>
 #include <array>
 
@@ -26,6 +28,7 @@ std::string countText(std::int32_t count, const std::string& what) {
 
 std::string kindText(const Step_Outcome& outcome) {
     if (outcome.answered) return "an answer";
+    if (outcome.lineRefused) return "the server doesn't take these settings";
     switch (outcome.first) {
     case Try_Kind::Silence:
         return outcome.echoed ? "only the adapter's echo" : "silence";
@@ -38,38 +41,60 @@ std::string kindText(const Step_Outcome& outcome) {
     }
 }
 
-std::string stepText(const Doctor_Step& step, const Step_Outcome& outcome) {
-    return formatLineSettings(step.line) + ", unit " + std::to_string(step.unit) + ", " +
-           std::to_string(step.timeOut / microsPerMs) + " ms: " + kindText(outcome);
-}
-
 } // namespace
 
+std::string stepWords(const Doctor_Step& step, bool lineCounts) {
+    return (lineCounts ? formatLineSettings(step.line) + ", " : "") + "unit " + std::to_string(step.unit) +
+           ", " + std::to_string(step.timeOut / microsPerMs) + " ms";
+}
+
+std::string reportText(const Port_Settings& settings, const Diagnosis& diagnosis) {
+    std::string text = "Port " + settings.port;
+    if (takesLineSettings(settings.port)) text += ", " + formatLineSettings(settings.line);
+    text += ", unit " + std::to_string(settings.slave) + ", time-out " + std::to_string(settings.timeOutMs) +
+            " ms\n";
+    for (const std::string& line : diagnosis.report)
+        text += line + "\n";
+    return text;
+}
+
 Link_Doctor::Link_Doctor(const Port_Settings& settings) : settings_(settings) { planSteps(); }
+
+bool Link_Doctor::lineCounts() const { return takesLineSettings(settings_.port); }
 
 void Link_Doctor::planSteps() {
     const Line_Settings& line = settings_.line;
     const auto unit = static_cast<std::uint8_t>(settings_.slave);
     const Micros timeOut = settings_.timeOutMs * microsPerMs;
-    const auto add = [this](Ailment shows, const Line_Settings& tried, int number, Micros wait) {
-        steps_.push_back({shows, tried, static_cast<std::uint8_t>(number), wait, 3});
-    };
-    add(Ailment::None, line, unit, timeOut);
-    steps_.front().reads = readsAsSet;
-    if (timeOut < longTimeOut) add(Ailment::TimeOut, line, unit, longTimeOut);
+    steps_.push_back({Ailment::None, line, unit, timeOut, readsAsSet});
+    if (timeOut < longTimeOut) steps_.push_back({Ailment::TimeOut, line, unit, longTimeOut});
     const Micros wait = std::max(timeOut, shortTimeOut);
-    for (const char parity : {'N', 'E', 'O'})
-        if (parity != line.parity) add(Ailment::Parity, {line.baud, parity, line.dataBits, 2}, unit, wait);
-    add(Ailment::StopBits, {line.baud, line.parity, line.dataBits, line.stopBits == 1 ? 2 : 1}, unit, wait);
+    if (lineCounts()) planOtherLines(unit, wait);
     for (int away = 1; away <= nearBy; ++away)
         for (const int other : {unit - away, unit + away})
-            if (other >= 1 && other <= lastUnitNear) add(Ailment::Unit, line, other, wait);
+            if (other >= 1 && other <= lastUnitNear)
+                steps_.push_back({Ailment::Unit, line, static_cast<std::uint8_t>(other), wait});
+    if (lineCounts()) planOtherSpeeds(unit, wait);
+}
+
+void Link_Doctor::planOtherLines(std::uint8_t unit, Micros wait) {
+    const Line_Settings& line = settings_.line;
+    for (const char parity : {'N', 'E', 'O'})
+        if (parity != line.parity)
+            steps_.push_back({Ailment::Parity, {line.baud, parity, line.dataBits, 2}, unit, wait});
+    const std::int32_t otherStopBits = line.stopBits == 1 ? 2 : 1;
+    steps_.push_back({Ailment::StopBits, {line.baud, line.parity, line.dataBits, otherStopBits}, unit, wait});
+}
+
+void Link_Doctor::planOtherSpeeds(std::uint8_t unit, Micros wait) {
+    const Line_Settings& line = settings_.line;
     for (const std::int32_t baud : speeds)
-        if (baud != line.baud) add(Ailment::Speed, {baud, line.parity, line.dataBits, 2}, unit, wait);
+        if (baud != line.baud)
+            steps_.push_back({Ailment::Speed, {baud, line.parity, line.dataBits, 2}, unit, wait});
 }
 
 void Link_Doctor::take(const Step_Outcome& outcome) {
-    report_.push_back(stepText(step(), outcome));
+    report_.push_back(stepWords(step(), lineCounts()) + ": " + kindText(outcome));
     outcomes_.push_back(outcome);
     // A gateway that speaks for the unit tells all that there is to know.
     const bool tells = outcome.answered || (at_ == 0 && outcome.first == Try_Kind::Gateway);
@@ -187,12 +212,19 @@ Diagnosis Link_Doctor::ofNothing() const {
                        "controller's supply.",
                 {},
                 0};
-    return {Ailment::Silence,
-            unit + " is silent at all usual settings: check its supply and its cable, exchange the wires A "
-                   "and B, and try "
-                   "another RTS mode.",
-            {},
-            0};
+    return {Ailment::Silence, silenceText(), {}, 0};
+}
+
+std::string Link_Doctor::silenceText() const {
+    const std::string unit = unitText(static_cast<std::uint8_t>(settings_.slave));
+    const auto network = networkPort(settings_.port);
+    if (network && !lineCounts())
+        return unit + " is silent, though " + hostAndPort(*network) +
+               " takes the connection: check the slave number, the controller's supply, and the settings of "
+               "its line there.";
+    return unit + " is silent at all usual settings: check its supply and its cable, exchange the wires A "
+                  "and B, and "
+                  "try another RTS mode.";
 }
 
 Diagnosis Link_Doctor::portFailed(const std::string& reason) {

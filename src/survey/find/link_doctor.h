@@ -46,6 +46,7 @@ struct Step_Outcome {
     bool answered = false; ///< the unit is there for certain
     Try_Kind first = Try_Kind::Silence;
     bool echoed = false;
+    bool lineRefused = false; ///< nothing was asked: a server on the network doesn't take the settings
     std::int32_t damaged = 0; ///< answers that came damaged
     std::int32_t again = 0;   ///< answers that came twice
     Answer_Times times;
@@ -59,8 +60,15 @@ struct Diagnosis {
     std::int32_t proposedTimeOutMs = 0; ///< 0: none
 };
 
+/// "9600,n,8,1, unit 3, 200 ms"; without the line at a port that takes none.
+[[nodiscard]] std::string stepWords(const Doctor_Step& step, bool lineCounts);
+
+/// All that is known, to be copied: the settings, what was tried, and the sentence, a line each.
+[[nodiscard]] std::string reportText(const Port_Settings& settings, const Diagnosis& diagnosis);
+
 /// The questions that one read can't answer, in the order of what is wrong most often: as set, with a long
-/// time-out, other parities, stop bits, the numbers near by, other speeds. It decides and sends nothing.
+/// time-out, other parities, stop bits, the numbers near by, other speeds. A port that takes no settings of a
+/// line is asked with other time-outs and numbers alone. It decides and sends nothing.
 class Link_Doctor {
   public:
     explicit Link_Doctor(const Port_Settings& settings);
@@ -79,6 +87,10 @@ class Link_Doctor {
 
   private:
     void planSteps();
+    void planOtherLines(std::uint8_t unit, Micros wait);
+    void planOtherSpeeds(std::uint8_t unit, Micros wait);
+    [[nodiscard]] bool lineCounts() const;
+    [[nodiscard]] std::string silenceText() const;
     [[nodiscard]] Diagnosis ofAnswer(const Doctor_Step& step, const Step_Outcome& outcome) const;
     [[nodiscard]] Diagnosis ofAnswerAsSet(const Step_Outcome& outcome) const;
     [[nodiscard]] Diagnosis ofNothing() const;

@@ -66,11 +66,20 @@ void Line_Listener::finish() {
     if (report_.opened) port_.close();
     finder_.flush();
     exchanges_.end();
+    count();
+    alarm_->disarm();
+    if (const Done done = std::exchange(done_, nullptr)) done(report_);
+}
+
+void Line_Listener::count() {
     report_.bytes = finder_.bytesTaken();
     report_.noiseBytes = finder_.noiseBytes();
     report_.duration = clock_.now() - startedAt_;
-    alarm_->disarm();
-    if (const Done done = std::exchange(done_, nullptr)) done(report_);
+}
+
+const Listening_Report& Line_Listener::reportSoFar() {
+    if (!ended_) count();
+    return report_;
 }
 
 void Line_Listener::bytesArrived(Byte_View bytes) {

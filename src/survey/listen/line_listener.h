@@ -46,6 +46,8 @@ class Line_Listener final : private Byte_Port_Listener {
     /// Opens the port; `done` is called once, from the event loop, after the port was closed again.
     void start(Done done);
     void stop();
+    /// What was heard so far.
+    [[nodiscard]] const Listening_Report& reportSoFar();
 
   private:
     void bytesArrived(Byte_View bytes) override;
@@ -53,6 +55,7 @@ class Line_Listener final : private Byte_Port_Listener {
 
     void ring();
     void finish();
+    void count();
     void take(Byte_View bytes);
     void frameHeard(const Heard_Frame& frame);
     [[nodiscard]] Micros endTime() const;

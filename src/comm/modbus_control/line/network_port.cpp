@@ -116,6 +116,13 @@ const Framing& framingOf(std::string_view name) {
     return rtu;
 }
 
+Counting_Settings countingSettings(std::string_view name) {
+    const Prefix* prefix = prefixOf(name);
+    if (prefix == nullptr) return {};
+    const bool serialFrames = prefix->protocol != Network_Protocol::ModbusTcp;
+    return {serialFrames, prefix->protocol == Network_Protocol::Rfc2217, serialFrames};
+}
+
 bool takesLineSettings(std::string_view name) {
     const Prefix* prefix = prefixOf(name);
     return prefix == nullptr || prefix->protocol == Network_Protocol::Rfc2217;

@@ -46,4 +46,12 @@ struct Network_Port {
 /// Whether the settings of the line (baud, parity, data and stop bits) are set at the port of that name.
 [[nodiscard]] bool takesLineSettings(std::string_view name);
 
+/// Which settings mean something at the port of that name.
+struct Counting_Settings {
+    bool line = true; ///< baud, parity, data and stop bits: set there, or telling how long frames take
+    bool rts = true;  ///< RTS mode and the delay before sending
+    bool echo = true;
+};
+[[nodiscard]] Counting_Settings countingSettings(std::string_view name);
+
 } // namespace zorvane

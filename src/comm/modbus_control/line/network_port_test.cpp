@@ -63,5 +63,17 @@ TEST(NetworkPort, TheLineIsSetWhereItCanBe) {
         EXPECT_FALSE(takesLineSettings(name)) << name;
 }
 
+TEST(NetworkPort, SaysWhichSettingsCountThere) {
+    const auto counting = [](const char* name) {
+        const Counting_Settings counts = countingSettings(name);
+        return std::string(counts.line ? "line " : "") + (counts.rts ? "rts " : "") +
+               (counts.echo ? "echo" : "");
+    };
+    EXPECT_EQ(counting("ttyUSB0"), "line rts echo");
+    EXPECT_EQ(counting("tcp:gate:502"), "");
+    EXPECT_EQ(counting("rtu+tcp:gate:4001"), "line echo");
+    EXPECT_EQ(counting("rfc2217:gate:2217"), "line rts echo");
+}
+
 } // namespace
 } // namespace zorvane

@@ -6,6 +6,7 @@
 #include "ctl/document/notices.h"
 #include "ctl/line/port_arguments.h"
 #include "ctl/survey/find_report.h"
+#include "ctl/survey/known_template.h"
 #include "ctl/survey/number_complaints.h"
 #include "ctl/text/status_line.h"
 #include "ctl/text/terminal.h"
@@ -54,7 +55,7 @@ class Find_Subcommand : public Subcommand {
     }
 
     [[nodiscard]] int run(const Call_Context& context) override {
-        const Find_Wishes wishes = this->wishes();
+        const survey::Find_Wishes wishes = this->wishes();
         if (const std::string wrong = fault(wishes); !wrong.empty()) {
             tell(context.err, wrong);
             return Exit_Usage;
@@ -64,14 +65,15 @@ class Find_Subcommand : public Subcommand {
             if (context.json) printJson(context.out, findJson({}, {}));
             return Exit_Failed;
         }
-        survey::Search_Report report = search(context, searchPlan(wishes, *templates));
-        const std::vector<Found_Identity> identities = identify(report, wishes.port, *templates);
+        survey::Search_Report report = search(context, survey::searchPlan(wishes, templates->known));
+        const std::vector<survey::Found_Identity> identities =
+            identify(report, wishes.port, templates->known);
         return tellAll(context, report, identities);
     }
 
   private:
-    [[nodiscard]] Find_Wishes wishes() const {
-        Find_Wishes wishes;
+    [[nodiscard]] survey::Find_Wishes wishes() const {
+        survey::Find_Wishes wishes;
         wishes.port.port = port_;
         wishes.port.rts = parseRtsMode(rts_).value_or(Rts_Mode::None);
         for (const std::string& line : lines_)
@@ -81,7 +83,7 @@ class Find_Subcommand : public Subcommand {
         return wishes;
     }
 
-    [[nodiscard]] static std::string fault(const Find_Wishes& wishes) {
+    [[nodiscard]] static std::string fault(const survey::Find_Wishes& wishes) {
         for (const Line_Settings& line : wishes.lines) {
             Port_Settings port = wishes.port;
             port.line = line;
@@ -96,9 +98,10 @@ class Find_Subcommand : public Subcommand {
         Qt_Any_Port any;
         const bool terminal = standardErrorIsTerminal();
         Status_Line status(context.err, terminal);
-        survey::Line_Search search(
-            any.port(), clock, plan,
-            [&status](const survey::Search_Progress& progress) { status.show(progressText(progress)); });
+        survey::Line_Search search(any.port(), clock, plan,
+                                   [&status](const survey::Search_Progress& progress) {
+                                       status.show(survey::progressText(progress));
+                                   });
         survey::Search_Report report;
         QEventLoop loop;
         const Stop_Signals stop([&search](bool) { search.stop(); });
@@ -111,16 +114,16 @@ class Find_Subcommand : public Subcommand {
     }
 
     /// Asks each controller whose it is, unless somebody wants the end or the line isn't ours alone.
-    [[nodiscard]] static std::vector<Found_Identity> identify(survey::Search_Report& report,
-                                                              Port_Settings port,
-                                                              const std::vector<Known_Template>& templates) {
-        std::vector<Found_Identity> identities;
+    [[nodiscard]] static std::vector<survey::Found_Identity>
+    identify(survey::Search_Report& report, Port_Settings port,
+             const std::vector<survey::Known_Template>& templates) {
+        std::vector<survey::Found_Identity> identities;
         const bool mayAsk = report.end == survey::Search_End::Searched;
         for (const survey::Found_Unit& found : report.found) {
             port.line = found.line;
             port.slave = found.unit;
             port.timeOutMs = std::max(port.timeOutMs, survey::proposedTimeOutMs(found.times));
-            const With_Reader withReader = [&](const Known_Template& known, const auto& ask) {
+            const survey::With_Reader withReader = [&](const survey::Known_Template& known, const auto& ask) {
                 if (!mayAsk) return;
                 Qt_Unit_Exchanges exchanges(port);
                 exchanges.line().SetAddressBase(known.addressBase);
@@ -129,18 +132,18 @@ class Find_Subcommand : public Subcommand {
                 });
                 if (exchanges.line().open().opened) ask(exchanges.line());
             };
-            identities.push_back(identityOfFound(found.unit, templates, withReader));
+            identities.push_back(survey::identityOfFound(found.unit, templates, withReader));
         }
         return identities;
     }
 
     [[nodiscard]] int tellAll(const Call_Context& context, const survey::Search_Report& report,
-                              const std::vector<Found_Identity>& identities) const {
+                              const std::vector<survey::Found_Identity>& identities) const {
         if (context.json)
             printJson(context.out, findJson(report, identities));
         else
             printFound(context.out, report, identities);
-        for (const std::string& note : findNotes(report, printablePath(port_)))
+        for (const std::string& note : survey::findNotes(report, printablePath(port_)))
             tell(context.err, note);
         return findExit(report);
     }

@@ -5,9 +5,10 @@
 #include "ctl/calls/qt/stop_signals.h"
 #include "ctl/document/notices.h"
 #include "ctl/line/port_arguments.h"
-#include "ctl/survey/capture_file.h"
+#include "ctl/survey/known_template.h"
 #include "ctl/survey/listen_report.h"
 #include "ctl/survey/number_complaints.h"
+#include "survey/desk/capture_file.h"
 #include "survey/qt/qt_listening_port.h"
 
 #include <QDateTime>
@@ -60,16 +61,18 @@ class Listen_Subcommand : public Subcommand {
                      "brings the answers to its own requests alone. Name a serial port.");
             return failed(context);
         }
-        auto templates = readKnownTemplates(context, templates_);
+        const auto templates = readKnownTemplates(context, templates_);
         if (!templates) return failed(context);
-        const survey::Listening_Plan plan = this->plan(lineToListenTo(line_, *templates));
-        std::optional<Capture_File> capture;
+        const survey::Listening_Plan plan = this->plan(survey::lineToListenTo(line_, templates->known));
+        std::optional<survey::Capture_File> capture;
         if (!out_.empty()) capture.emplace(out_, port_, sinceEpoch());
         if (capture && !capture->good()) {
             tellUnwritten(context);
             return failed(context);
         }
-        return report(context, listen(plan, capture), plan, *templates, !capture || capture->end());
+        const Heard_All heard = listen(plan, capture);
+        const bool written = !capture || capture->end();
+        return report(context, heard, plan, templates->known, written);
     }
 
   private:
@@ -90,7 +93,7 @@ class Listen_Subcommand : public Subcommand {
     }
 
     [[nodiscard]] static Heard_All listen(const survey::Listening_Plan& plan,
-                                          std::optional<Capture_File>& capture) {
+                                          std::optional<survey::Capture_File>& capture) {
         Qt_Link_Clock clock;
         survey::Qt_Listening_Port port;
         survey::Line_Listener listener(port, clock, plan, [&](const survey::Heard_Frame& frame) {
@@ -111,13 +114,14 @@ class Listen_Subcommand : public Subcommand {
     }
 
     [[nodiscard]] int report(const Call_Context& context, const Heard_All& heard,
-                             const survey::Listening_Plan& plan, std::vector<Known_Template>& templates,
-                             bool written) const {
+                             const survey::Listening_Plan& plan,
+                             const std::vector<survey::Known_Template>& templates, bool written) const {
         if (context.json)
             printJson(context.out, listenJson(heard.report, plan.line, templates));
         else if (heard.report.opened)
             printHeard(context.out, heard.report, plan.line, templates);
-        for (const std::string& note : listenNotes(heard.report, printablePath(port_), plan.line))
+        for (const std::string& note :
+             survey::listenNotes(heard.report, printablePath(port_), plan.line, "--settings gives others."))
             tell(context.err, note);
         if (!written) tellUnwritten(context);
         return heard.ended && written && heard.report.reason.empty() ? Exit_Success : Exit_Failed;
@@ -129,8 +133,7 @@ class Listen_Subcommand : public Subcommand {
     }
 
     [[nodiscard]] static int failed(const Call_Context& context) {
-        std::vector<Known_Template> none;
-        if (context.json) printJson(context.out, listenJson({}, {}, none));
+        if (context.json) printJson(context.out, listenJson({}, {}, {}));
         return Exit_Failed;
     }
 

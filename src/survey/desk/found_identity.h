@@ -2,7 +2,7 @@
 #pragma once
 
 #include "comm/modbus_control/units/unit_access.h"
-#include "ctl/survey/known_template.h"
+#include "survey/desk/known_template.h"
 
 #include <cstdint>
 #include <functional>
@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace zorvane::ctl {
+namespace zorvane::survey {
 
 /// What the templates make of a controller that was found.
 struct Found_Identity {
@@ -29,4 +29,4 @@ using With_Reader =
 [[nodiscard]] Found_Identity identityOfFound(std::int32_t unit, const std::vector<Known_Template>& templates,
                                              const With_Reader& withReader);
 
-} // namespace zorvane::ctl
+} // namespace zorvane::survey

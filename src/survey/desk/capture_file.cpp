@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "ctl/survey/capture_file.h"
+#include "survey/desk/capture_file.h"
 
 #include "survey/listen/pcapng.h"
 
-namespace zorvane::ctl {
+namespace zorvane::survey {
 
 Capture_File::Capture_File(const std::string& path, std::string_view line, std::int64_t sinceEpoch)
     : file_(path, std::ios::binary | std::ios::trunc), sinceEpoch_(sinceEpoch) {
-    file_ << survey::pcapngBeginning(line) << std::flush;
+    file_ << pcapngBeginning(line) << std::flush;
 }
 
-void Capture_File::add(const survey::Heard_Frame& frame) {
-    file_ << survey::pcapngPacket(frame.firstAt + sinceEpoch_, frame.bytes) << std::flush;
+void Capture_File::add(const Heard_Frame& frame) {
+    file_ << pcapngPacket(frame.firstAt + sinceEpoch_, frame.bytes) << std::flush;
 }
 
 bool Capture_File::end() {
@@ -19,4 +19,4 @@ bool Capture_File::end() {
     return file_.good();
 }
 
-} // namespace zorvane::ctl
+} // namespace zorvane::survey

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ctl/survey/found_identity.h"
+#include "survey/desk/found_identity.h"
 
 #include "compare/controller_reading.h"
 
 #include <algorithm>
 
-namespace zorvane::ctl {
+namespace zorvane::survey {
 
 Found_Identity identityOfFound(std::int32_t unit, const std::vector<Known_Template>& templates,
                                const With_Reader& withReader) {
@@ -15,13 +15,13 @@ Found_Identity identityOfFound(std::int32_t unit, const std::vector<Known_Templa
         const Identity_Section section = readIdentity(known.text);
         Verdict verdict = Verdict::Cant_Tell;
         withReader(known, [&](Unit_Reader& reader) {
-            verdict = compare::askWhoIsThere({known.opened.document, section, reader, unit}).identity.verdict;
+            verdict = compare::askWhoIsThere({*known.document, section, reader, unit}).identity.verdict;
         });
-        if (verdict == Verdict::Is) return {verdictWord(verdict), known.opened.document.Controller_Model};
+        if (verdict == Verdict::Is) return {verdictWord(verdict), known.document->Controller_Model};
         if (verdict == Verdict::Isnt) ++others;
     }
     const bool isNone = !templates.empty() && others == templates.size();
     return {verdictWord(isNone ? Verdict::Isnt : Verdict::Cant_Tell), {}};
 }
 
-} // namespace zorvane::ctl
+} // namespace zorvane::survey

@@ -7,7 +7,7 @@
 #include <fstream>
 #include <string>
 
-namespace zorvane::ctl {
+namespace zorvane::survey {
 
 /// A file of frames for Wireshark and tshark, each handed to the system as it comes, so that a crash
 /// loses none.
@@ -19,7 +19,7 @@ class Capture_File {
 
     /// False once something couldn't be written.
     [[nodiscard]] bool good() const { return file_.good(); }
-    void add(const survey::Heard_Frame& frame);
+    void add(const Heard_Frame& frame);
     /// Writes what is left; false when that fails, or failed before.
     [[nodiscard]] bool end();
 
@@ -28,4 +28,4 @@ class Capture_File {
     std::int64_t sinceEpoch_;
 };
 
-} // namespace zorvane::ctl
+} // namespace zorvane::survey

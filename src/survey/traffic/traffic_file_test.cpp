@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "survey/traffic/native_traffic_files.h"
+#include "template/testing/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace zorvane::survey {
+namespace {
+
+Exchange_Record exchange(Micros at) {
+    Exchange_Record record;
+    record.at = at;
+    record.duration = 20000;
+    record.unit = 1;
+    record.firstRegister = 40101;
+    record.wireAddress = 100;
+    record.count = 1;
+    record.values = {7};
+    record.good = true;
+    record.result = "good";
+    record.sent = {1, 3, 0, 100, 0, 1, 0xC5, 0xD5};
+    record.received = {1, 3, 2, 0, 7, 0xF9, 0x86};
+    return record;
+}
+
+/// Files in memory; one that is full takes nothing more.
+class Memory_Sink final : public Traffic_Sink {
+  public:
+    [[nodiscard]] bool exists(const std::string& name) const override { return files.contains(name); }
+    bool begin(const std::string& name) override {
+        present = name;
+        files[name].clear();
+        return !full;
+    }
+    bool write(std::string_view text) override {
+        if (full) return false;
+        files[present] += text;
+        return true;
+    }
+    std::map<std::string, std::string> files;
+    std::string present;
+    bool full = false;
+};
+
+std::size_t rowsIn(const std::string& text) { return Traffic_Reader().take(text).size(); }
+
+TEST(TrafficFile, HasEachFrameAsItComes) {
+    Memory_Sink sink;
+    Traffic_File file(sink, "line.jsonl", 1000000);
+    file.write(exchange(1000));
+    EXPECT_EQ(sink.files["line.jsonl"], trafficJsonLine(exchange(1000), 1000000));
+    file.write(Stray_Record{5, {0xFF}, "stray bytes"});
+    file.write(Port_Note{6, "The port was opened."});
+    EXPECT_EQ(rowsIn(sink.files["line.jsonl"]), 3U);
+}
+
+TEST(TrafficFile, IsFollowedByTheNextAtItsLimit) {
+    Memory_Sink sink;
+    Traffic_File file(sink, "/a.b/line.jsonl", 1000000, 2 * trafficJsonLine(exchange(1000), 1000000).size());
+    for (int i = 0; i < 5; ++i)
+        file.write(exchange(1000));
+    ASSERT_EQ(sink.files.size(), 3U);
+    EXPECT_EQ(rowsIn(sink.files["/a.b/line.jsonl"]), 2U);
+    EXPECT_EQ(rowsIn(sink.files["/a.b/line-2.jsonl"]), 2U);
+    EXPECT_EQ(rowsIn(sink.files["/a.b/line-3.jsonl"]), 1U);
+}
+
+/// Files of an earlier day stay.
+TEST(TrafficFile, PassesOverNamesThatAreTaken) {
+    Memory_Sink sink;
+    sink.files["line-2.jsonl"] = "older";
+    Traffic_File file(sink, "line.jsonl", 0, 1);
+    file.write(Port_Note{6, "one"});
+    file.write(Port_Note{7, "two"});
+    EXPECT_EQ(file.present(), "line-3.jsonl");
+    EXPECT_EQ(sink.files["line-2.jsonl"], "older");
+    EXPECT_EQ(rowsIn(sink.files["line-3.jsonl"]), 1U);
+}
+
+TEST(TrafficFile, EndsWhenItsDiskIsFull) {
+    Memory_Sink sink;
+    Traffic_File file(sink, "line", 0);
+    EXPECT_TRUE(file.good());
+    sink.full = true;
+    file.write(exchange(1));
+    EXPECT_FALSE(file.good());
+    sink.full = false;
+    file.write(exchange(2));
+    EXPECT_EQ(sink.files["line"], "");
+}
+
+TEST(TrafficFile, IsWithTheSystemAsSoonAsItIsWritten) {
+    const zorvane::doubles::Temporary_Folder folder;
+    const std::string name = folder.path() + "/line.jsonl";
+    Native_Traffic_Files sink;
+    Traffic_File file(sink, name, 0);
+    EXPECT_TRUE(sink.exists(name));
+    file.write(exchange(1));
+    std::ifstream written(name);
+    std::string line;
+    std::getline(written, line);
+    EXPECT_EQ(line + "\n", trafficJsonLine(exchange(1), 0));
+}
+
+TEST(TrafficFile, SaysThatAFolderThatIsNotThereTakesNoFile) {
+    Native_Traffic_Files sink;
+    EXPECT_FALSE(Traffic_File(sink, "/nowhere/at/all.jsonl", 0).good());
+}
+
+} // namespace
+} // namespace zorvane::survey

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "survey/traffic/traffic_lines.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace zorvane::survey {
+namespace {
+
+Exchange_Record exchange(Micros at) {
+    Exchange_Record record;
+    record.at = at;
+    record.duration = 20000;
+    record.unit = 1;
+    record.firstRegister = 40101;
+    record.wireAddress = 100;
+    record.count = 1;
+    record.values = {7};
+    record.good = true;
+    record.result = "good";
+    record.sent = {1, 3, 0, 100, 0, 1, 0xC5, 0xD5};
+    record.received = {1, 3, 2, 0, 7, 0xF9, 0x86};
+    return record;
+}
+
+constexpr const char* exchangeLine =
+    R"({"kind":"exchange","time_us":1001000,"duration_us":20000,"unit":1,"function":3,"first":40101,"address":100,)"
+    R"("count":1,"values":[7],"good":true,"result":"good","sent":"01 03 00 64 00 01 C5 D5",)"
+    R"("received":"01 03 02 00 07 F9 86"})"
+    "\n";
+
+TEST(TrafficLines, AreJson) {
+    EXPECT_EQ(trafficJsonLine(exchange(1000), 1000000), exchangeLine);
+    EXPECT_EQ(trafficJsonLine(Stray_Record{5, {0xFF, 0}, "stray bytes"}, 0),
+              "{\"kind\":\"stray\",\"time_us\":5,\"bytes\":\"FF 00\",\"what\":\"stray bytes\"}\n");
+    EXPECT_EQ(trafficJsonLine(Port_Note{5, "caf\xE9"}, 0),
+              "{\"kind\":\"note\",\"time_us\":5,\"text\":\"caf\xC3\xA9\"}\n");
+}
+
+TEST(TrafficLines, AreReadAgain) {
+    const std::vector<Traffic_Entry> entries = {exchange(1001000), Stray_Record{5, {0xFF, 0}, "stray bytes"},
+                                                Port_Note{6, "caf\xE9"}};
+    std::string text;
+    for (const Traffic_Entry& entry : entries)
+        text += trafficJsonLine(entry, 0);
+    for (std::size_t piece = 1; piece < 300; piece += 37) {
+        Traffic_Reader reader;
+        std::vector<Traffic_Entry> read;
+        for (std::size_t at = 0; at < text.size(); at += piece)
+            for (Traffic_Entry& entry : reader.take(std::string_view(text).substr(at, piece)))
+                read.push_back(std::move(entry));
+        EXPECT_TRUE(reader.end().empty());
+        EXPECT_EQ(reader.unread(), 0U);
+        ASSERT_EQ(read.size(), 3U);
+        for (std::size_t i = 0; i < 3; ++i)
+            EXPECT_EQ(trafficJsonLine(read[i], 0), trafficJsonLine(entries[i], 0));
+    }
+}
+
+TEST(TrafficLines, OfACrashLoseTheLastAtMost) {
+    const std::string text = std::string(exchangeLine) + exchangeLine;
+    for (std::size_t length = 0; length < text.size(); ++length) {
+        Traffic_Reader reader;
+        const std::size_t read = reader.take(std::string_view(text).substr(0, length)).size();
+        EXPECT_EQ(read + reader.end().size(), (length + 1) / (text.size() / 2)) << length;
+        EXPECT_LE(reader.unread(), 1U);
+    }
+}
+
+TEST(TrafficLines, ThatAreNoneArePassedOver) {
+    for (const char* line :
+         {"{}", "[]", "no", "{\"kind\":\"other\",\"time_us\":1}", "{\"kind\":\"note\",\"time_us\":\"1\"}",
+          "{\"kind\":\"stray\",\"time_us\":1,\"bytes\":\"F\",\"what\":\"\"}",
+          "{\"kind\":\"stray\",\"time_us\":1,\"bytes\":\"FF-00\",\"what\":\"\"}"})
+        EXPECT_FALSE(parseTrafficLine(line)) << line;
+    Traffic_Reader reader;
+    EXPECT_TRUE(reader.take("no\n\n\r\n{}").empty());
+    EXPECT_TRUE(reader.end().empty());
+    EXPECT_EQ(reader.unread(), 2U);
+}
+
+} // namespace
+} // namespace zorvane::survey
