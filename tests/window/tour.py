@@ -99,6 +99,8 @@ def at_rest(program, visit):
             ("font", ("View", "Font size..."), "FontDialog", "Cancel"),
             ("about", ("Help", "About"), "Acercade", "Close"),
             ("recover_empty", ("File", "Recover..."), "FrmRecover", "Cancel"),
+            ("find", ("Communication", "Find Controllers..."), "FindControllers", "Close"),
+            ("listen", ("Communication", "Listen..."), "Listen", "Close"),
             ("port", ("Communication", "Port Settings..."), "PortSettings", "Cancel")):
         program.choose(*entry)
         dialog = program.dialog(given_name)

@@ -76,7 +76,8 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
       menu_{app_, mainForm_, edge_}, reports_(app_, mainForm_, edge_),
       transferLog_(menu_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); }),
       desktop_(menu_), ways_(menu_), runs_(commission::runsFolder(commission::userStateFolder())),
-      comparing_(comparingServices()), systemEnd_(app_, mainForm_, edge_) {
+      comparing_(comparingServices()), survey_(menu_, line_.link(), line_.windows(), line_.simulator()),
+      systemEnd_(app_, mainForm_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
     connectMessageBar(mainForm_, edge_);

@@ -10,6 +10,7 @@
 #include "app/window/form/menu_context.h"
 #include "app/window/form/window_form.h"
 #include "app/window/report_windows.h"
+#include "app/window/survey/survey_commands.h"
 #include "app/window/system_end.h"
 #include "app/window/window_link.h"
 #include "commission/folder/native_runs.h"
@@ -112,6 +113,7 @@ class KVRT_Principal {
     Document_Ways ways_;
     commission::Native_Runs runs_;
     Comparing_Services comparing_;
+    Survey_Commands survey_;
     System_End systemEnd_;
     QTimer copyTimer_;
     QElapsedTimer clock_;

@@ -43,8 +43,8 @@ Port_Dialog_Services Line_Windows::dialogParts() {
 
 /// The simulated controller stays while its port is the chosen one: what was written to it is not lost when
 /// the link closes the port between two transfers.
-void Line_Windows::take(const Port_Settings& settings) {
-    link_->setPortSettings(settings);
+void Line_Windows::use(Modbus_Link& link, const Port_Settings& settings) const {
+    link.setPortSettings(settings);
     if (hooks_.keep) hooks_.keep(settings);
 }
 
@@ -60,13 +60,21 @@ void Line_Windows::showPortSettings(Modbus_Link& link, bool modal) {
         if (dialog) dialog->refreshPorts();
     });
     QObject::connect(dialog_, &QDialog::finished, dialog_, [this, watch](int result) {
-        if (result == QDialog::Accepted) take(dialog_->settings());
+        if (result == QDialog::Accepted) use(*link_, dialog_->settings());
         if (link_->portSettings().port != simulatedPortName) simulator_.stop();
     });
     if (modal)
         dialog_->exec();
     else
         dialog_->show();
+}
+
+Monitor_Line Line_Windows::monitorLine() {
+    return {[this] { return link_->portSettings(); }, [this] { return link_->templateTimeOutMs() > 0; },
+            [this](std::int32_t timeOutMs) {
+                link_->setTimeOutMs(timeOutMs);
+                if (hooks_.keep) hooks_.keep(link_->portSettings());
+            }};
 }
 
 bool Line_Windows::monitorVisible() const {
@@ -77,7 +85,7 @@ bool Line_Windows::monitorVisible() const {
 void Line_Windows::showMonitor(Modbus_Link& link, const Window_Place& place) {
     link_ = &link;
     if (!monitor_) {
-        monitor_ = new Monitor_Window(midnightOf(clock_), hooks_.ask, owner_);
+        monitor_ = new Monitor_Window(midnightOf(clock_), hooks_.ask, owner_, monitorLine());
         lastTraffic_.setNext(&monitor_->feed());
     }
     monitor_->setPlace(place);

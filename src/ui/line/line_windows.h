@@ -51,6 +51,8 @@ class Line_Windows final : public Link_Windows {
     [[nodiscard]] Traffic_Listener& traffic() { return lastTraffic_; }
     /// The newest traffic, whether the monitor is open or not.
     [[nodiscard]] const Last_Traffic& lastTraffic() const { return lastTraffic_; }
+    /// Settings that the user has chosen, in the port dialog or elsewhere, count from now on and are kept.
+    void use(Modbus_Link& link, const Port_Settings& settings) const;
 
     /// While they are there.
     [[nodiscard]] Port_Dialog* portDialog() const { return dialog_; }
@@ -58,7 +60,7 @@ class Line_Windows final : public Link_Windows {
 
   private:
     [[nodiscard]] Port_Dialog_Services dialogParts();
-    void take(const Port_Settings& settings);
+    [[nodiscard]] Monitor_Line monitorLine();
 
     QWidget* owner_;
     Simulator& simulator_;

@@ -4,70 +4,54 @@
 #include "template/services/asker.h"
 #include "ui/base/roles.h"
 #include "ui/base/text.h"
-#include "ui/line/traffic_delegate.h"
+#include "ui/line/traffic_file_window.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
-#include <QFontDatabase>
+#include <QDateTime>
+#include <QFileInfo>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSaveFile>
 #include <QScreen>
-#include <QScrollBar>
-#include <QSplitter>
 #include <QTableView>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 namespace zorvane::ui {
 
 namespace {
 
-/// Column widths in characters.
-constexpr std::array columnWidths = {13, 8, 5, 14, 13, 13, 34, 34};
-constexpr int byteLines = 4;
 constexpr int startWidth = 980;
 constexpr int startHeight = 480;
+const QString trafficFilter = QStringLiteral("Traffic, a line of JSON a row (*.jsonl)|*.jsonl|");
 
 } // namespace
 
-Monitor_Window::Monitor_Window(Micros midnight, Ask_User ask, QWidget* owner)
-    : QWidget(owner, Qt::Window), ask_(std::move(ask)), model_(midnight),
+Monitor_Window::Monitor_Window(Micros midnight, Ask_User ask, QWidget* owner, Monitor_Line line)
+    : QWidget(owner, Qt::Window), ask_(std::move(ask)), line_(std::move(line)), model_(midnight),
+      sinceEpoch_(QDate::currentDate().startOfDay().toMSecsSinceEpoch() * microsPerMs - midnight),
       feed_([this](std::vector<Traffic_Entry> entries) { showNew(std::move(entries)); }) {
     giveRole(*this, QAccessible::Window);
     giveName(*this, QStringLiteral("ModbusMonitor"));
     setWindowTitle(QStringLiteral("Modbus Monitor"));
+    feed_.entrySeen = [this](const Traffic_Entry& entry) { take(entry); };
     auto* whole = new QVBoxLayout(this);
     whole->addWidget(makeButtons());
-    auto* splitter = new QSplitter(Qt::Vertical);
-    whole->addWidget(splitter, 1);
-    makeTable();
-    splitter->addWidget(table_);
-    bytes_ = new QPlainTextEdit;
-    giveName(*bytes_, QStringLiteral("TXT_Bytes"));
-    bytes_->setAccessibleName(QStringLiteral("Raw bytes"));
-    bytes_->setReadOnly(true);
-    bytes_->setTabChangesFocus(true);
-    bytes_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    bytes_->setPlaceholderText(QStringLiteral("Select a row to see its bytes."));
-    splitter->addWidget(bytes_);
-    splitter->setStretchFactor(0, 1);
-    splitter->setStretchFactor(1, 0);
-    splitter->setSizes({startHeight, bytes_->fontMetrics().lineSpacing() * byteLines});
+    view_ = new Traffic_View(model_);
+    whole->addWidget(view_, 1);
+    whole->addWidget(makeTimes());
     resize(startWidth, startHeight);
     auto* escape = new QAction(this);
     escape->setShortcut(Qt::Key_Escape);
     connect(escape, &QAction::triggered, this, &QWidget::close);
     addAction(escape);
-    table_->setFocus(); // not a button, which a key would press at once
+    view_->table().setFocus(); // not a button, which a key would press at once
     showCount();
+    showTimes();
 }
 
 void Monitor_Window::showEvent(QShowEvent* event) {
@@ -84,20 +68,33 @@ QWidget* Monitor_Window::makeButtons() {
     auto* row = new QWidget;
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    pause_ = &addButton(*row, "BOT_Pause", QStringLiteral("&Pause"), nullptr);
-    pause_->setCheckable(true);
-    // Not clicked: a screen reader toggles without a click.
-    connect(pause_, &QPushButton::toggled, this, [this](bool held) {
+    addSwitch(*row, "BOT_Pause", QStringLiteral("&Pause"), [this](bool held) {
         feed_.setHeld(held);
         showCount();
     });
     addButton(*row, "BOT_Clear", QStringLiteral("C&lear"), [this] { clear(); });
-    addButton(*row, "BOT_Copy", QStringLiteral("&Copy"), [this] { copy(); });
+    addButton(*row, "BOT_Copy", QStringLiteral("&Copy"), [this] { view_->copy(); });
     addButton(*row, "BOT_Save", QStringLiteral("&Save..."), [this] { saveAs(); });
+    toFile_ =
+        &addSwitch(*row, "BOT_To_File", QStringLiteral("To &File..."), [this](bool on) { setFileOn(on); });
+    toFile_->setToolTip(QStringLiteral("Writes all traffic to a file as it comes"));
+    addButton(*row, "BOT_Open", QStringLiteral("&Open..."), [this] { openFile(); });
     count_ = new QLabel;
     giveName(*count_, QStringLiteral("LBL_Count"));
     layout->addStretch();
     layout->addWidget(count_);
+    return row;
+}
+
+QWidget* Monitor_Window::makeTimes() {
+    auto* row = new QWidget;
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    timesText_ = new QLabel;
+    giveName(*timesText_, QStringLiteral("LBL_Times"));
+    timesText_->setTextFormat(Qt::PlainText);
+    layout->addWidget(timesText_, 1);
+    timeOut_ = &addButton(*row, "BOT_TimeOut", QStringLiteral("&Take Time-out"), [this] { takeTimeOut(); });
     return row;
 }
 
@@ -110,55 +107,59 @@ QPushButton& Monitor_Window::addButton(QWidget& row, const char* name, const QSt
     return *button;
 }
 
-void Monitor_Window::makeTable() {
-    table_ = new QTableView;
-    giveName(*table_, QStringLiteral("TBL_Exchanges"));
-    table_->setAccessibleName(QStringLiteral("Exchanges"));
-    table_->setModel(&model_);
-    table_->setItemDelegate(new Traffic_Delegate(table_));
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setTabKeyNavigation(false);
-    table_->setWordWrap(false);
-    table_->setShowGrid(false);
-    table_->setAlternatingRowColors(true);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 4);
-    table_->horizontalHeader()->setStretchLastSection(true);
-    table_->horizontalHeader()->setHighlightSections(false);
-    const int character = table_->fontMetrics().averageCharWidth();
-    for (std::size_t i = 0; i < columnWidths.size(); ++i)
-        table_->setColumnWidth(static_cast<int>(i), columnWidths[i] * character + 12);
-    connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] { showBytes(); });
-    connect(&model_, &QAbstractItemModel::modelReset, this, [this] { showBytes(); });
-    auto* copyKey = new QAction(table_);
-    copyKey->setShortcut(QKeySequence::Copy);
-    copyKey->setShortcutContext(Qt::WidgetShortcut);
-    connect(copyKey, &QAction::triggered, this, [this] { copy(); });
-    table_->addAction(copyKey);
+/// Not clicked: a screen reader toggles without a click.
+QPushButton& Monitor_Window::addSwitch(QWidget& row, const char* name, const QString& text,
+                                       std::function<void(bool)> toggled) {
+    QPushButton& button = addButton(row, name, text, nullptr);
+    button.setCheckable(true);
+    connect(&button, &QPushButton::toggled, this, std::move(toggled));
+    return button;
 }
 
-/// Whoever looks at the end goes on seeing the newest row; whoever has scrolled away stays there.
+/// The link is at work when it tells this.
+void Monitor_Window::take(const Traffic_Entry& entry) {
+    if (const auto* exchange = std::get_if<Exchange_Record>(&entry); exchange != nullptr && line_.settings)
+        times_.add(*exchange, line_.settings());
+    if (!file_) return;
+    file_->write(entry);
+    if (file_->good()) return;
+    fileFailed_ = true;
+    QMetaObject::invokeMethod(
+        this, [this] { toFile_->setChecked(false); }, Qt::QueuedConnection);
+}
+
 void Monitor_Window::showNew(std::vector<Traffic_Entry> entries) {
-    const QScrollBar& bar = *table_->verticalScrollBar();
-    const bool atEnd = bar.value() == bar.maximum();
-    model_.add(std::move(entries));
-    if (atEnd) table_->scrollToBottom();
+    view_->add(std::move(entries));
     showCount();
-}
-
-void Monitor_Window::showBytes() {
-    const int row = table_->currentIndex().row();
-    bytes_->setPlainText(row < 0 ? QString()
-                                 : fromCore(rawBytes(model_.rows().at(static_cast<std::size_t>(row)))));
+    showTimes();
 }
 
 void Monitor_Window::showCount() {
     QString text = QStringLiteral("%1 rows").arg(model_.rowCount());
     if (feed_.held()) text += QStringLiteral(", paused");
+    if (file_)
+        text += QStringLiteral(", to ") + QFileInfo(QString::fromStdString(file_->present())).fileName();
+    if (fileFailed_) text += QStringLiteral(", the file can't be written any more");
     count_->setText(text);
+}
+
+void Monitor_Window::showTimes() {
+    timesText_->setText(QString::fromStdString(times_.text()));
+    const std::int32_t proposed = times_.proposedTimeOutMs();
+    const bool counts = line_.takeTimeOut && !line_.timeOutOfTemplate();
+    const bool other = proposed > 0 && line_.takeTimeOut && line_.settings().timeOutMs != proposed;
+    timeOut_->setText(proposed > 0 ? QStringLiteral("&Take a Time-out of %1 ms").arg(proposed)
+                                   : QStringLiteral("&Take Time-out"));
+    timeOut_->setToolTip(!counts ? QStringLiteral("The template's time-out is in force")
+                         : proposed > 0
+                             ? QStringLiteral("What the answer times suggest")
+                             : QStringLiteral("Proposed after %1 reads").arg(survey::readsForProposal));
+    timeOut_->setEnabled(counts && other);
+}
+
+void Monitor_Window::takeTimeOut() {
+    line_.takeTimeOut(times_.proposedTimeOutMs());
+    showTimes();
 }
 
 void Monitor_Window::clear() {
@@ -167,31 +168,60 @@ void Monitor_Window::clear() {
     showCount();
 }
 
-QString Monitor_Window::text() const {
-    std::vector<int> rows;
-    for (const QModelIndex& index : table_->selectionModel()->selectedRows())
-        rows.push_back(index.row());
-    std::sort(rows.begin(), rows.end());
-    if (rows.empty())
-        for (int row = 0; row < model_.rowCount(); ++row)
-            rows.push_back(row);
-    std::string text = trafficHeadingLine() + "\n";
-    for (const int row : rows)
-        text += trafficLine(model_.rows().at(static_cast<std::size_t>(row)), model_.midnight()) + "\n";
-    return fromCore(text);
+QString Monitor_Window::text() const { return view_->text(); }
+
+bool Monitor_Window::askForFile(bool save, const QString& title, const QString& filter,
+                                const QString& ending) {
+    OpenFile.FileName.clear();
+    OpenFile.DialogTitle = title;
+    OpenFile.Filter = filter;
+    OpenFile.DefaultExt = ending;
+    OpenFile.Flags = save ? File_Dialog::OverwritePrompt : File_Dialog::HideReadOnly;
+    return save ? OpenFile.ShowSave(this) : OpenFile.ShowOpen(this);
 }
 
-void Monitor_Window::copy() const { QApplication::clipboard()->setText(text()); }
-
 void Monitor_Window::saveAs() {
-    OpenFile.FileName.clear();
-    OpenFile.DialogTitle = QStringLiteral("Save the monitor as...");
-    OpenFile.Filter = QStringLiteral("Text with tabs (*.txt)|*.txt|");
-    OpenFile.DefaultExt = QStringLiteral("txt");
-    OpenFile.Flags = File_Dialog::OverwritePrompt;
-    if (!OpenFile.ShowSave(this) || save(OpenFile.FileName)) return;
+    if (!askForFile(true, QStringLiteral("Save the monitor as..."),
+                    QStringLiteral("Text with tabs (*.txt)|*.txt|"), QStringLiteral("txt")) ||
+        save(OpenFile.FileName))
+        return;
     ask_(QStringLiteral("The file can't be written:\n%1\n\nChoose another folder or name.")
              .arg(OpenFile.FileName),
+         Msgb_Critical, QStringLiteral("Zorvane"));
+}
+
+bool Monitor_Window::startFile(const QString& path) {
+    fileFailed_ = false;
+    file_.emplace(files_, path.toStdString(), sinceEpoch_);
+    if (!file_->good()) file_.reset();
+    showCount();
+    return file_.has_value();
+}
+
+void Monitor_Window::setFileOn(bool on) {
+    if (!on) {
+        file_.reset();
+        files_.end();
+        return showCount();
+    }
+    const bool chosen =
+        askForFile(true, QStringLiteral("Write all traffic to..."), trafficFilter, QStringLiteral("jsonl"));
+    if (chosen && startFile(OpenFile.FileName)) return;
+    toFile_->setChecked(false);
+    if (!chosen) return;
+    ask_(QStringLiteral("The file can't be written:\n%1\n\nChoose another folder or name.")
+             .arg(OpenFile.FileName),
+         Msgb_Critical, QStringLiteral("Zorvane"));
+}
+
+/// A window of its own: what this one has collected stays.
+void Monitor_Window::openFile() {
+    if (!askForFile(false, QStringLiteral("Open traffic..."), trafficFilter, QStringLiteral("jsonl"))) return;
+    auto* window = new Traffic_File_Window(OpenFile.FileName, parentWidget());
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    if (window->opened()) return window->show();
+    delete window;
+    ask_(QStringLiteral("The file can't be read:\n%1\n\nChoose another one.").arg(OpenFile.FileName),
          Msgb_Critical, QStringLiteral("Zorvane"));
 }
 

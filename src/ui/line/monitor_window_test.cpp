@@ -77,7 +77,10 @@ TEST_F(Monitor_Window_Test, IsUsableByKeyboardAndScreenReader) {
 
 TEST_F(Monitor_Window_Test, SaysWhatItsPartsAre) {
     EXPECT_EQ(doubles::captions(window),
-              (std::vector<std::string>{"&Pause", "C&lear", "&Copy", "&Save...", "0 rows"}));
+              (std::vector<std::string>{"&Pause", "C&lear", "&Copy", "&Save...",
+                                        "To &File...|Writes all traffic to a file as it comes", "&Open...",
+                                        "0 rows", "No read was answered yet.",
+                                        "&Take Time-out|The template's time-out is in force"}));
     EXPECT_EQ(at<QPlainTextEdit>("TXT_Bytes").accessibleName(), "Raw bytes");
     EXPECT_EQ(at<QPlainTextEdit>("TXT_Bytes").placeholderText(), "Select a row to see its bytes.");
 }
@@ -194,6 +197,67 @@ TEST_F(Monitor_Window_Test, AFileThatCantBeWrittenIsTold) {
     press("BOT_Save");
     EXPECT_EQ(asked,
               QStringList{"The file can't be written:\n" + path + "\n\nChoose another folder or name."});
+}
+
+TEST_F(Monitor_Window_Test, WritesAllTrafficToAFileAsItComes) {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("line.jsonl");
+    window.OpenFile.run = [&path](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Write all traffic to...");
+        dialog.show();
+        auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+        name->setText(path);
+        QTest::keyClick(name, Qt::Key_Return);
+        return true;
+    };
+    press("BOT_To_File");
+    EXPECT_EQ(at<QLabel>("LBL_Count").text(), "0 rows, to line.jsonl");
+    window.feed().setHeld(true);
+    window.feed().exchangeSeen(exchangeOf(1));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll().count('\n'), 1) << "with the system at once, paused or not";
+    press("BOT_To_File");
+    window.feed().exchangeSeen(exchangeOf(2));
+    EXPECT_EQ(file.size(), file.pos());
+    EXPECT_EQ(at<QLabel>("LBL_Count").text(), "0 rows, paused");
+}
+
+TEST_F(Monitor_Window_Test, TheSwitchGoesBackWhenNoFileIsChosenOrItCantBeWritten) {
+    window.OpenFile.run = [](QFileDialog&) { return false; };
+    press("BOT_To_File");
+    EXPECT_FALSE(at<QPushButton>("BOT_To_File").isChecked());
+    EXPECT_TRUE(asked.isEmpty());
+    EXPECT_FALSE(window.startFile("/nowhere/line.jsonl"));
+    EXPECT_EQ(at<QLabel>("LBL_Count").text(), "0 rows");
+}
+
+TEST_F(Monitor_Window_Test, ProposesATimeOutFromTheReadsAndTakesItAtOneClick) {
+    Port_Settings settings;
+    settings.port = "tcp:gate:502";
+    settings.slave = 7;
+    bool ofTemplate = true;
+    Monitor_Window own(0, {}, nullptr,
+                       {[&] { return settings; }, [&] { return ofTemplate; },
+                        [&](std::int32_t timeOutMs) { settings.timeOutMs = timeOutMs; }});
+    own.show();
+    auto& button = *own.findChild<QPushButton*>("BOT_TimeOut");
+    const auto report50 = [&] {
+        for (std::int32_t i = 0; i < 50; ++i)
+            own.feed().exchangeSeen(exchangeOf(i));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return own.feed().waiting() == 0; }));
+    };
+    EXPECT_FALSE(button.isEnabled());
+    report50();
+    EXPECT_FALSE(button.isEnabled()) << "the template's counts";
+    ofTemplate = false;
+    report50();
+    EXPECT_EQ(own.findChild<QLabel*>("LBL_Times")->text(),
+              "100 reads of unit 7: half answered within 12.3 ms, 99 % within 12.3 ms.");
+    EXPECT_EQ(button.text(), "&Take a Time-out of 100 ms");
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(settings.timeOutMs, 100);
+    EXPECT_FALSE(button.isEnabled());
 }
 
 TEST_F(Monitor_Window_Test, FollowsTheEndUnlessTheUserScrolledAway) {

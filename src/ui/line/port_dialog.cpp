@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ui/line/port_dialog.h"
 
+#include "comm/modbus_control/line/network_port.h"
 #include "comm/modbus_control/line/simulated_port.h"
 #include "ui/base/text.h"
+#include "ui/line/network_form.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -13,7 +15,6 @@
 #include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QStandardItemModel>
@@ -97,7 +98,7 @@ QFormLayout& group(QBoxLayout& column, const QString& title, const char* given) 
 } // namespace
 
 Port_Dialog::Port_Dialog(Port_Dialog_Services parts, const Port_Settings& settings, QWidget* parent)
-    : QDialog(parent), parts_(std::move(parts)), test_(parts_.testPort, parts_.clock) {
+    : QDialog(parent), parts_(std::move(parts)) {
     giveName(*this, QStringLiteral("PortSettings"));
     setWindowTitle(QStringLiteral("Port Settings"));
     auto* whole = new QVBoxLayout(this);
@@ -126,9 +127,7 @@ Port_Dialog::Port_Dialog(Port_Dialog_Services parts, const Port_Settings& settin
     port_->setFocus();
 }
 
-Port_Dialog::~Port_Dialog() {
-    if (test_.running()) testEnded();
-}
+Port_Dialog::~Port_Dialog() { delete test_; } // which gives the port back
 
 void Port_Dialog::addPort(QFormLayout& form) {
     port_ = &editableChoice();
@@ -142,6 +141,12 @@ void Port_Dialog::addPort(QFormLayout& form) {
     hint_->setTextFormat(Qt::PlainText);
     hint_->setWordWrap(true);
     form.addRow(QString(), hint_);
+    auto* network = new QPushButton(QStringLiteral("&Network..."));
+    giveName(*network, QStringLiteral("BOT_Network"));
+    network->setToolTip(QStringLiteral("A port on a network, by host and port"));
+    network->setAutoDefault(false);
+    connect(network, &QPushButton::clicked, this, [this] { enterNetworkPort(); });
+    form.addRow(QString(), network);
     slave_ = &number(1, 247, {});
     addRow(form, QStringLiteral("&Slave number:"), *slave_, "NUM_Slave");
     connect(port_, &QComboBox::editTextChanged, this, [this] { showHint(); });
@@ -189,20 +194,11 @@ void Port_Dialog::addDirection(QFormLayout& form) {
 }
 
 void Port_Dialog::addTest() {
-    auto* row = new QHBoxLayout;
-    testButton_ = new QPushButton(QStringLiteral("&Test"));
-    giveName(*testButton_, QStringLiteral("BOT_Test"));
-    testButton_->setToolTip(QStringLiteral("Reads one register with what is entered"));
-    testButton_->setAutoDefault(false);
-    connect(testButton_, &QPushButton::clicked, this, [this] { startOrStopTest(); });
-    verdict_ = new QPlainTextEdit;
-    name(*verdict_, "TXT_Verdict", QStringLiteral("Result of the test"));
-    verdict_->setReadOnly(true);
-    verdict_->setTabChangesFocus(true);
-    verdict_->setMinimumHeight(verdict_->fontMetrics().lineSpacing() * 8);
-    row->addWidget(testButton_, 0, Qt::AlignTop);
-    row->addWidget(verdict_, 1);
-    static_cast<QBoxLayout*>(layout())->addLayout(row, 1);
+    test_ = new Port_Test_Box({parts_.testPort, parts_.clock, [this] { return testRequest(); },
+                               [this] { return fault(); }, parts_.lendPort, parts_.takePortBack,
+                               parts_.timings.timeOutMs,
+                               [this](std::int32_t timeOutMs) { timeOut_->setValue(timeOutMs); }});
+    static_cast<QBoxLayout*>(layout())->addWidget(test_, 1);
 }
 
 void Port_Dialog::fill(const Port_Settings& settings) {
@@ -248,7 +244,26 @@ void Port_Dialog::refreshPorts() {
     showHint();
 }
 
-void Port_Dialog::showHint() { hint_->setText(fromPort(portHint(ports_, chosenPort()))); }
+void Port_Dialog::showHint() {
+    hint_->setText(fromPort(portHint(ports_, chosenPort())));
+    enableWhatCounts();
+}
+
+/// What means nothing at the port is greyed, and kept.
+void Port_Dialog::enableWhatCounts() {
+    if (echo_ == nullptr) return;
+    const Counting_Settings counts = countingSettings(chosenPort());
+    for (QComboBox* box : {baud_, parity_, dataBits_, stopBits_})
+        box->setEnabled(counts.line);
+    rts_->setEnabled(counts.rts);
+    delay_->setEnabled(counts.rts);
+    echo_->setEnabled(counts.echo);
+}
+
+void Port_Dialog::enterNetworkPort() {
+    Network_Form form(chosenPort(), this);
+    if (form.exec() == QDialog::Accepted) port_->setEditText(fromPort(form.port()));
+}
 
 void Port_Dialog::showTimings() {
     timings_->setText(fromCore(timingsText(parts_.timings, timeOut_->value())));
@@ -270,37 +285,15 @@ Trial_Request Port_Dialog::testRequest() const {
     return request;
 }
 
-void Port_Dialog::startOrStopTest() {
-    if (test_.running()) {
-        testEnded();
-        return verdict_->setPlainText(QStringLiteral("The test was stopped."));
-    }
-    if (const std::string wrong = fault(); !wrong.empty()) return verdict_->setPlainText(fromPort(wrong));
-    const Trial_Request request = testRequest();
-    testButton_->setText(QStringLiteral("S&top"));
-    verdict_->setPlainText(QStringLiteral("Testing..."));
-    if (parts_.lendPort) parts_.lendPort();
-    test_.start(request, [this, request](const Trial_Report& report) {
-        testEnded();
-        verdict_->setPlainText(fromPort(verdictText(trialVerdict(request, report))));
-    });
-}
-
-void Port_Dialog::testEnded() {
-    test_.cancel();
-    if (parts_.takePortBack) parts_.takePortBack();
-    testButton_->setText(QStringLiteral("&Test"));
-}
-
 void Port_Dialog::done(int result) {
-    if (test_.running()) testEnded();
+    if (test_->running()) test_->stop();
     QDialog::done(result);
 }
 
 void Port_Dialog::accept() {
     const std::string wrong = settingsFault(settings());
     if (wrong.empty()) return QDialog::accept();
-    verdict_->setPlainText(fromPort(wrong));
+    test_->say(wrong);
 }
 
 } // namespace zorvane::ui

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "comm/modbus_control/exchange/trial_verdict.h"
 #include "comm/modbus_control/line/port_texts.h"
+#include "ui/line/port_test_box.h"
 
 #include <QDialog>
 
@@ -12,8 +12,6 @@ class QCheckBox;
 class QComboBox;
 class QFormLayout;
 class QLabel;
-class QPlainTextEdit;
-class QPushButton;
 class QSpinBox;
 
 namespace zorvane::ui {
@@ -51,16 +49,15 @@ class Port_Dialog final : public QDialog {
     void addTest();
     void fill(const Port_Settings& settings);
     void showHint();
+    void enableWhatCounts();
+    void enterNetworkPort();
     void showTimings();
     [[nodiscard]] std::string chosenPort() const;
     [[nodiscard]] Trial_Request testRequest() const;
     /// What is wrong with what is entered; empty when it is usable.
     [[nodiscard]] std::string fault() const;
-    void startOrStopTest();
-    void testEnded();
 
     Port_Dialog_Services parts_;
-    Trial_Exchange test_;
     std::vector<Port_Entry> ports_;
     QComboBox* port_ = nullptr;
     QLabel* hint_ = nullptr;
@@ -75,8 +72,7 @@ class Port_Dialog final : public QDialog {
     QSpinBox* delay_ = nullptr;
     QCheckBox* echo_ = nullptr;
     QLabel* timings_ = nullptr;
-    QPushButton* testButton_ = nullptr;
-    QPlainTextEdit* verdict_ = nullptr;
+    Port_Test_Box* test_ = nullptr;
 };
 
 } // namespace zorvane::ui

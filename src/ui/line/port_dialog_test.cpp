@@ -6,7 +6,9 @@
 #include "ui/line/port_dialog.h"
 #include "ui/testing/control_walk.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,6 +16,7 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -53,6 +56,7 @@ struct Port_Dialog_Test : ::testing::Test {
         return *widget;
     }
     QString verdict() { return at<QPlainTextEdit>("TXT_Verdict").toPlainText(); }
+    QString diagnosis() { return at<QPlainTextEdit>("TXT_Diagnosis").toPlainText(); }
     void press(const char* name) { QTest::mouseClick(&at<QPushButton>(name), Qt::LeftButton); }
 
     Scripted_Finder finder;
@@ -78,6 +82,7 @@ TEST_F(Port_Dialog_Test, SaysWhatEachSettingIs) {
                   "Port",
                   "&Port:",
                   "FT232R USB UART",
+                  "&Network...|A port on a network, by host and port",
                   "&Slave number:",
                   "Line, as the controller has it",
                   "&Baud:",
@@ -94,6 +99,9 @@ TEST_F(Port_Dialog_Test, SaysWhatEachSettingIs) {
                   "Dela&y before sending:",
                   "Adapter &echoes|The adapter repeats what is sent",
                   "&Test|Reads one register with what is entered",
+                  "Ans&wer Times|Reads one register fifty times and proposes a time-out",
+                  "Ta&ke Time-out|Enters the time-out that the answer times suggest",
+                  "&Copy Report|Copies what was tried and what came of it",
                   "OK",
                   "Cancel"}));
     std::vector<std::string> modes;
@@ -230,6 +238,121 @@ TEST_F(Port_Dialog_Test, ClosingTheDialogEndsTheTest) {
     press("BOT_Test");
     dialog.reset();
     EXPECT_FALSE(port.isOpen());
+}
+
+TEST_F(Port_Dialog_Test, LooksFurtherWhereOneReadCannotTell) {
+    chosen.adapterEchoes = false;
+    chosen.slave = 9;
+    timings = {};
+    make();
+    Toy_Slave slave(7); // not the number that is entered
+    port.onWrite = [&](const Byte_Array& request) {
+        clock.in(20 * microsPerMs, [this, answer = slave.answer(request)] { port.deliver(answer); });
+    };
+    press("BOT_Test");
+    clock.runFor(microsPerSecond);
+    EXPECT_TRUE(verdict().startsWith("Silence: nothing came back within 750 ms."));
+    EXPECT_EQ(at<QPushButton>("BOT_Test").text(), "S&top");
+    EXPECT_EQ(diagnosis(), "Looking further: listening");
+    clock.runFor(2 * microsPerSecond);
+    EXPECT_EQ(diagnosis(), "Looking further: 19200,e,7,2, unit 9, 750 ms");
+    clock.runFor(60 * microsPerSecond);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return at<QPushButton>("BOT_Test").text() == "&Test"; }));
+    EXPECT_TRUE(
+        diagnosis().startsWith("The controller's number is 7 and not 9: set that as the slave number.\n\n"
+                               "Port ttyUSB0, 19200,e,7,2, unit 9, time-out 750 ms\n"
+                               "19200,e,7,2, unit 9, 750 ms: silence\n"))
+        << diagnosis().toStdString();
+    EXPECT_EQ(told, "lent back lent back ");
+    EXPECT_FALSE(port.isOpen());
+    press("BOT_Copy");
+    EXPECT_TRUE(QApplication::clipboard()->text().contains("The controller's number is 7 and not 9"));
+    for (const Byte_Array& frame : port.written)
+        EXPECT_EQ(frame.at(1), 3);
+}
+
+TEST_F(Port_Dialog_Test, TheFurtherReadsCanBeStopped) {
+    timings = {};
+    make();
+    press("BOT_Test");
+    clock.runFor(3 * microsPerSecond);
+    press("BOT_Test");
+    EXPECT_EQ(diagnosis(), "The further reads were stopped.");
+    EXPECT_EQ(told, "lent back lent back ");
+    EXPECT_FALSE(port.isOpen());
+}
+
+TEST_F(Port_Dialog_Test, ProposesATimeOutAndEntersItAtOneClick) {
+    chosen.adapterEchoes = false;
+    chosen.slave = 7;
+    timings = {};
+    make();
+    Toy_Slave slave(7);
+    port.onWrite = [&](const Byte_Array& request) {
+        clock.in(20 * microsPerMs, [this, answer = slave.answer(request)] { port.deliver(answer); });
+    };
+    EXPECT_FALSE(at<QPushButton>("BOT_TimeOut").isEnabled());
+    press("BOT_Times");
+    clock.runFor(60 * microsPerSecond);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return at<QPushButton>("BOT_TimeOut").isEnabled(); }));
+    EXPECT_EQ(at<QPushButton>("BOT_TimeOut").text(), "Ta&ke 100 ms");
+    press("BOT_TimeOut");
+    EXPECT_EQ(at<QSpinBox>("NUM_TimeOut").value(), 100);
+    press("BOT_Test"); // which hears the port again
+    clock.runFor(microsPerSecond);
+    EXPECT_EQ(verdict(), "Good: Unit 7 answered after 20 ms.");
+}
+
+TEST_F(Port_Dialog_Test, ProposesNoTimeOutWhereTheTemplatesIsInForce) {
+    chosen.adapterEchoes = false;
+    chosen.slave = 7;
+    make();
+    Toy_Slave slave(7);
+    port.onWrite = [&](const Byte_Array& request) {
+        clock.in(20 * microsPerMs, [this, answer = slave.answer(request)] { port.deliver(answer); });
+    };
+    press("BOT_Times");
+    clock.runFor(60 * microsPerSecond);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return at<QPushButton>("BOT_Copy").isEnabled(); }));
+    EXPECT_TRUE(diagnosis().contains("The template's time-out of 600 ms is in force."));
+    EXPECT_FALSE(at<QPushButton>("BOT_TimeOut").isEnabled());
+}
+
+TEST_F(Port_Dialog_Test, GreysWhatMeansNothingAtThePort) {
+    make();
+    const auto enabled = [this] {
+        return std::vector<bool>{at<QComboBox>("CMB_Baud").isEnabled(),
+                                 at<QComboBox>("CMB_StopBits").isEnabled(),
+                                 at<QComboBox>("CMB_Rts").isEnabled(), at<QSpinBox>("NUM_Delay").isEnabled(),
+                                 at<QCheckBox>("CHK_Echo").isEnabled()};
+    };
+    at<QComboBox>("CMB_Port").setEditText("tcp:gate:502");
+    EXPECT_EQ(enabled(), std::vector<bool>(5, false));
+    at<QComboBox>("CMB_Port").setEditText("rtu+tcp:gate:4001");
+    EXPECT_EQ(enabled(), (std::vector<bool>{true, true, false, false, true}));
+    at<QComboBox>("CMB_Port").setEditText("ttyS0");
+    EXPECT_EQ(enabled(), std::vector<bool>(5, true));
+}
+
+TEST_F(Port_Dialog_Test, APortOnANetworkIsEnteredByAForm) {
+    make();
+    QTimer::singleShot(0, [] {
+        auto* form = QApplication::activeModalWidget();
+        ASSERT_NE(form, nullptr);
+        EXPECT_EQ(doubles::controlFaults(*form), std::vector<std::string>{});
+        EXPECT_EQ(doubles::keyClashes(*form), std::vector<std::string>{});
+        form->findChild<QComboBox*>("CMB_Protocol")->setCurrentIndex(2);
+        QTest::keyClick(form, Qt::Key_Return);
+        EXPECT_TRUE(form->isVisible());
+        EXPECT_EQ(
+            form->findChild<QLabel*>("LBL_Fault")->text(),
+            "The port rfc2217::502 names no host. Write host and port, as in rfc2217:192.168.0.7:2217.");
+        QTest::keyClicks(form->findChild<QLineEdit*>("EDT_Host"), "gate");
+        form->findChild<QSpinBox*>("NUM_Port")->setValue(2217);
+        QTest::keyClick(form, Qt::Key_Return);
+    });
+    press("BOT_Network");
+    EXPECT_EQ(at<QComboBox>("CMB_Port").currentText(), "rfc2217:gate:2217");
 }
 
 TEST_F(Port_Dialog_Test, EnterInAnyFieldAcceptsWhatStandsThere) {

@@ -23,6 +23,7 @@ void Traffic_Feed::setWatched(bool watched) {
 }
 
 void Traffic_Feed::take(Traffic_Entry entry) {
+    if (entrySeen) entrySeen(entry);
     if (pending_.size() == limit_) pending_.pop_front();
     pending_.push_back(std::move(entry));
     if (flows() && !timer_.isActive()) timer_.start();

@@ -24,6 +24,9 @@ class Traffic_Feed final : public Traffic_Listener {
     void straySeen(const Stray_Record& stray) override { take(stray); }
     void portNoted(Micros at, const std::string& text) override { take(Port_Note{at, text}); }
 
+    /// Called with each entry as it comes, whoever watches; may be empty.
+    std::function<void(const Traffic_Entry& entry)> entrySeen;
+
     void setHeld(bool held);
     /// Whether the window is on the screen; at first it is.
     void setWatched(bool watched);

@@ -55,6 +55,8 @@ constexpr std::array communicationLines = {
     separator,
     Menu_Line{"MNU_Compare", "&Compare...", ""},
     Menu_Line{"MNU_SendChanges", "&Send Changes...", ""},
+    Menu_Line{"MNU_Find_Controllers", "&Find Controllers...", ""},
+    Menu_Line{"MNU_Listen", "&Listen...", ""},
 };
 
 constexpr std::array viewLines = {

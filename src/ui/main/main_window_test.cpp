@@ -97,7 +97,7 @@ TEST_F(Main_Window_Test, HasTheMenus) {
     EXPECT_EQ(
         captionsOf(menuCalled("MNU_Communication")),
         "&Upload to PC | &Download to Device | D&isconnect | - | &Port Settings... | &Modbus Monitor | - | "
-        "&Compare... | &Send Changes...");
+        "&Compare... | &Send Changes... | &Find Controllers... | &Listen...");
     EXPECT_EQ(
         captionsOf(menuCalled("MNU_View")),
         "&Font size... | - | Commands by &Name... | &Last column takes the room | &Dark grounds in the dark");

@@ -3,6 +3,8 @@
 #include "comm/modbus_control/line/simulated_port.h"
 #include "comm/modbus_control/testing/hand_clock.h"
 #include "comm/modbus_control/testing/scripted_port.h"
+#include "survey/find/testing/simulated_line.h"
+#include "survey/listen/testing/scripted_listening_port.h"
 #include "ui/base/file_dialog.h"
 #include "ui/forms/acercade.h"
 #include "ui/forms/font_dialog.h"
@@ -13,8 +15,11 @@
 #include "ui/forms/porcentaje.h"
 #include "ui/grid/column_tip.h"
 #include "ui/line/monitor_window.h"
+#include "ui/line/network_form.h"
 #include "ui/line/port_dialog.h"
 #include "ui/main/message_bar_view.h"
+#include "ui/survey/find_window.h"
+#include "ui/survey/listen_window.h"
 #include "ui/testing/dark_palette.h"
 #include "ui/testing/sample_window.h"
 
@@ -168,6 +173,64 @@ void takeMonitor(Pictures& pictures) {
     pictures.take(monitor, QStringLiteral("monitor"));
 }
 
+/// Lets simulated time pass, and events be served.
+void pass(testing::Hand_Clock& clock, Micros span) {
+    clock.runFor(span);
+    QTest::qWait(20);
+}
+
+void takeFurtherReads(Pictures& pictures) {
+    testing::Hand_Clock clock;
+    survey::testing::Simulated_Line line(clock, {9600, 'E', 8, 1});
+    line.controllers = {{.unit = 3}};
+    testing::Scripted_Finder finder;
+    Port_Settings settings;
+    settings.port = "ttyUSB0";
+    settings.slave = 3;
+    Port_Dialog dialog({finder, line, clock, {}, 0, 0, {}, {}}, settings, nullptr);
+    dialog.show();
+    QTest::mouseClick(dialog.findChild<QPushButton*>(QStringLiteral("BOT_Test")), Qt::LeftButton);
+    pass(clock, 60 * microsPerSecond);
+    pictures.take(dialog, QStringLiteral("port_further"));
+    Network_Form form("tcp:192.168.0.7:502", &dialog);
+    pictures.take(form, QStringLiteral("network_form"));
+}
+
+void takeFind(Pictures& pictures) {
+    testing::Hand_Clock clock;
+    survey::testing::Simulated_Line line(clock, {9600, 'N', 8, 1});
+    line.controllers = {{.unit = 3}, {.unit = 17, .damaged = 0.3}};
+    testing::Scripted_Finder finder;
+    Port_Settings settings;
+    settings.port = "ttyUSB0";
+    Find_Window window({finder, line, clock, {}, {}}, settings, nullptr);
+    window.show();
+    QTest::mouseClick(window.findChild<QPushButton*>(QStringLiteral("BOT_Find")), Qt::LeftButton);
+    pass(clock, 9 * microsPerSecond);
+    pictures.take(window, QStringLiteral("find_running"));
+    pass(clock, 120 * microsPerSecond);
+    pictures.take(window, QStringLiteral("find"));
+}
+
+void takeListen(Pictures& pictures) {
+    testing::Hand_Clock clock;
+    survey::testing::Scripted_Listening_Port port;
+    testing::Scripted_Finder finder;
+    Port_Settings settings;
+    settings.port = "ttyUSB0";
+    Listen_Window window({finder, port, clock, {}, 0, {}}, settings, nullptr);
+    window.show();
+    QTest::mouseClick(window.findChild<QPushButton*>(QStringLiteral("BOT_Listen")), Qt::LeftButton);
+    for (std::uint8_t block = 0; block < 12; ++block) {
+        port.deliver(testing::withCrc({1, 3, 0, block, 0, 1}));
+        pass(clock, 20 * microsPerMs);
+        port.deliver(testing::withCrc({1, 3, 2, 0, block}));
+        pass(clock, 300 * microsPerMs);
+    }
+    QTest::qWait(600);
+    pictures.take(window, QStringLiteral("listen"));
+}
+
 void takeMessageBar(Pictures& pictures) {
     Main_Window window;
     samples::fillWindow(window);
@@ -234,6 +297,9 @@ int main(int argc, char** argv) {
     takeDialogs(pictures);
     takePortDialog(pictures);
     takeMonitor(pictures);
+    takeFurtherReads(pictures);
+    takeFind(pictures);
+    takeListen(pictures);
     takeFrmStatus(pictures);
     takeMessageBar(pictures);
     return 0;

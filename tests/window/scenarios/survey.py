@@ -1,0 +1,207 @@
+# SPDX-License-Identifier: MIT
+"""Find Controllers, Listen, the test that goes on, and traffic in a file, by keyboard alone."""
+import json
+import os
+import pty
+import tty
+
+from driver.accessible import Table
+from driver.keyboard import Only_Keyboard
+from driver.waiting import expect, wait_for
+
+READ = bytes.fromhex("01030064000285d4")
+ANSWER = bytes.fromhex("010304000100022a32")
+
+
+def _opened(program):
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.expect_title("site7.kvrt207d - Zorvane")
+
+
+def _menu(program, letter):
+    """Alt and the menu's letter, then the letter of an entry."""
+    wait_for("the main window", lambda: "active" in program.window.states)
+    program.hands.chord(["alt"], "c")
+    wait_for("the menu", lambda: program.entry("Communication").children[0].is_shown)
+    program.hands.keys(letter)
+
+
+def _type_into(program, key, text):
+    program.hands.chord(["alt"], key)
+    program.hands.keys("ctrl+a")
+    program.hands.write(text)
+
+
+def a_controller_is_found_and_used(program):
+    controller = program.simulator("KVRT207D", "--slave", "3")
+    program.use_port(controller)
+    _opened(program)
+    with Only_Keyboard(program):
+        _menu(program, "f")
+        dialog = program.dialog("FindControllers")
+        _type_into(program, "n", "1-5")
+        program.hands.keys("Return")
+        rows = Table(dialog.part.named("TBL_Found"))
+        wait_for("the controller", lambda: rows.row_count == 1)
+        expect("its row", lambda: [rows.cell(0, column).name for column in range(3)], ["3", "9600,n,8,1", "KVRT207D"])
+        wait_for("the end of the search", lambda: dialog.part.named("BOT_Use").is_enabled)
+        program.hands.chord(["alt"], "u")
+        dialog.wait_until_gone()
+        program.expect_panel(3, "RTU: 3")
+    expect("the stored number", lambda: program.stored("ModbusPort", "Slave"), "3")
+    expect("the stored settings", lambda: program.stored("ModbusPort", "Settings").strip('"'), "9600,n,8,1")
+    expect("the settings that were good", lambda: program.stored("Find", "LastSettings").strip('"'), "9600,n,8,1")
+    asked = {frame["function"] for frame in controller.frames() if frame["direction"] == "in"}
+    assert asked == {3}, f"the search asked {asked}"
+    program.go_online()
+
+
+def a_search_is_stopped_and_closed(program):
+    controller = program.simulator("KVRT207D", "--fault", "silent")
+    program.use_port(controller)
+    _opened(program)
+    with Only_Keyboard(program):
+        _menu(program, "f")
+        dialog = program.dialog("FindControllers")
+        program.hands.keys("Return")
+        tried = dialog.part.named("LBL_Tried")
+        wait_for("a unit that is tried", lambda: ", unit " in tried.name)
+        program.hands.chord(["alt"], "t")
+        notes = dialog.part.named("TXT_Notes")
+        expect("what is said", lambda: notes.text, "The search was stopped before its end.")
+        program.hands.keys("Escape")
+        dialog.wait_until_gone()
+    expect("the stored number", lambda: program.stored("ModbusPort", "Slave"), "1")
+
+
+def both_are_off_while_online(program):
+    controller = program.simulator()
+    program.use_port(controller)
+    _opened(program)
+    entries = ("Find Controllers...", "Listen...")
+    assert all(program.is_enabled("Communication", entry) for entry in entries)
+    program.go_online()
+    assert not any(program.is_enabled("Communication", entry) for entry in entries)
+    program.choose("Communication", "Disconnect")
+    expect("they can be chosen again", lambda: [program.is_enabled("Communication", entry) for entry in entries],
+           [True, True])
+
+
+def a_line_is_listened_to(program):
+    far, near = pty.openpty()
+    tty.setraw(near)
+    program.store("ModbusPort", Port=os.ttyname(near), Settings='"9600,n,8,1"')
+    _opened(program)
+    with Only_Keyboard(program):
+        _menu(program, "l")
+        dialog = program.dialog("Listen")
+        program.hands.keys("Return")
+        wait_for("the word Stop", lambda: dialog.part.named("BOT_Listen").name == "Stop")
+        for _ in range(5):
+            os.write(far, READ + ANSWER)
+        rows = Table(dialog.part.named("TBL_Asked"))
+        wait_for("what is asked", lambda: rows.row_count == 1 and rows.cell(0, 3).name == "5")
+        expect("the registers", lambda: rows.cell(0, 2).name, "100-101")
+        program.hands.chord(["alt"], "t")
+        sums = dialog.part.named("LBL_Sums")
+        wait_for("the sums", lambda: sums.name.startswith("10 frames: 5 requests and 5 answers, 0 of them"))
+        program.hands.chord(["alt"], "s")
+        files = program.dialog("CommonDialog")
+        program.hands.chord(["alt"], "n")
+        path = program.desktop.path("documents", "site.pcapng")
+        program.hands.write(path)
+        program.hands.keys("Return")
+        files.wait_until_gone()
+        expect("what is said", lambda: dialog.part.named("TXT_Notes").text, f"Saved: {path}")
+        program.hands.keys("Escape")
+        dialog.wait_until_gone()
+    with open(path, "rb") as file:
+        assert file.read(4) == b"\x0a\x0d\x0d\x0a", "no pcapng"
+    os.set_blocking(far, False)
+    try:
+        sent = os.read(far, 100)
+    except BlockingIOError:
+        sent = b""
+    assert sent == b"", f"{sent.hex()} was sent while listening"
+    os.close(near)
+    os.close(far)
+
+
+def the_test_goes_on_to_one_sentence(program):
+    """The controller has another number than the settings."""
+    controller = program.simulator("KVRT207D", "--slave", "2")
+    program.use_port(controller)
+    _opened(program)
+    with Only_Keyboard(program):
+        _menu(program, "p")
+        dialog = program.dialog("PortSettings")
+        program.hands.chord(["alt"], "t")
+        verdict, diagnosis = dialog.part.named("TXT_Verdict"), dialog.part.named("TXT_Diagnosis")
+        wait_for("the verdict", lambda: verdict.text.startswith("Silence: nothing came back within 600 ms."))
+        wait_for("what is tried", lambda: diagnosis.text.startswith("Looking further: "))
+        wait_for("the sentence", lambda: diagnosis.text.startswith(
+            "The controller's number is 2 and not 1: set that as the slave number."), deadline=60)
+        program.hands.keys("Escape")
+        dialog.wait_until_gone()
+    asked = {frame["function"] for frame in controller.frames() if frame["direction"] == "in"}
+    assert asked <= {3}, f"the test asked {asked}"
+
+
+def a_port_on_a_network_is_entered_by_its_form(program):
+    _opened(program)
+    with Only_Keyboard(program):
+        _menu(program, "p")
+        dialog = program.dialog("PortSettings")
+        program.hands.chord(["alt"], "n")
+        form = program.dialog("NetworkPort")
+        _type_into(program, "h", "localhost")
+        _type_into(program, "p", "1502")
+        program.hands.keys("Return")
+        form.wait_until_gone()
+        expect("the baud rate is enabled", lambda: dialog.part.named("CMB_Baud").is_enabled, False)
+        program.hands.keys("Return")
+        dialog.wait_until_gone()
+    expect("the stored port", lambda: program.stored("ModbusPort", "Port"), "tcp:localhost:1502")
+
+
+def traffic_goes_to_a_file_and_is_read_again(program):
+    controller = program.simulator("KVRT207D", "--turnaround", "50")
+    program.use_port(controller)
+    _opened(program)
+    path = program.desktop.path("documents", "line.jsonl")
+    with Only_Keyboard(program):
+        _menu(program, "m")
+        monitor = program.dialog("ModbusMonitor")
+        program.hands.chord(["alt"], "f")
+        program.dialog("CommonDialog")
+        program.hands.chord(["alt"], "n")
+        program.hands.write(path)
+        program.hands.keys("Return")
+        count = monitor.part.named("LBL_Count")
+        wait_for("the file's name", lambda: count.name.endswith(", to line.jsonl"))
+        program.hands.keys("Escape")
+        monitor.wait_until_gone()
+        _menu(program, "u")
+        program.expect_panel(2, "Online")
+        _menu(program, "m")
+        monitor = program.dialog("ModbusMonitor")
+        program.hands.chord(["alt"], "f")
+        wait_for("the end of the file", lambda: not count.name.endswith("line.jsonl"))
+        program.hands.chord(["alt"], "o")
+        program.dialog("CommonDialog")
+        program.hands.chord(["alt"], "n")
+        program.hands.write(path)
+        program.hands.keys("Return")
+        shown = program.dialog("TrafficFile")
+        rows = Table(shown.part.named("TBL_Exchanges"))
+        wait_for("rows", lambda: rows.row_count > 10)
+        expect("what follows the time", lambda: [rows.cell(1, column).name for column in (2, 3)], ["1", "3 read"])
+        program.hands.keys("Escape")
+        shown.wait_until_gone()
+    with open(path, encoding="utf-8") as file:
+        lines = [json.loads(line) for line in file]
+    written = [line["sent"] for line in lines if line["kind"] == "exchange"]
+    seen = [frame["hex"] for frame in controller.frames() if frame["direction"] == "in"]
+    assert written == seen[:len(written)] and len(written) > 10, "the file hasn't what the controller saw"
