@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "comm/modbus_control/exchange/traffic_observer.h"
+#include "comm/modbus_control/exchange/traffic_listener.h"
 #include "comm/modbus_control/line/port_settings.h"
 #include "survey/listen/answer_times.h"
 
