@@ -54,7 +54,7 @@ TEST(TrafficFileWindow, ReadsALargeFileInPieces) {
         told += countOf(window);
     }
     told.removeDuplicates();
-    EXPECT_GT(told.size(), 5);
+    EXPECT_GE(told.size(), 3);
     EXPECT_TRUE(told.front().startsWith("Reading: "));
     EXPECT_EQ(countOf(window), "20000 rows");
 }

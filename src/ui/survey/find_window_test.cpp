@@ -79,7 +79,7 @@ TEST_F(Find_Window_Test, ShowsWhatIsTriedAndWhatWasFound) {
     run(2 * microsPerSecond);
     EXPECT_EQ(at<QLabel>("LBL_Tried").text().left(19), "19200,e,8,2, unit 5");
     EXPECT_GT(at<QProgressBar>("BAR_Progress").value(), 0);
-    run(2 * microsPerSecond);
+    run(microsPerSecond);
     EXPECT_EQ(rows().rowCount(), 1) << "as soon as it is found";
     EXPECT_FALSE(at<QPushButton>("BOT_Use").isEnabled());
     run(60 * microsPerSecond);
