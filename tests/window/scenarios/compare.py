@@ -47,13 +47,16 @@ def _compare_with_the_factory(program):
 
 
 def the_entry_is_enabled_where_download_is(program):
+    def both():
+        return [program.is_enabled("Communication", entry) for entry in ("Download to Device", "Compare...")]
+    path = program.document()
     program.start()
-    wait_for("the fields", lambda: program.fields.row_count)
-    expect("both entries", lambda: [program.is_enabled("Communication", entry)
-                                    for entry in ("Download to Device", "Compare...")], [True, True])
+    expect("both entries without a document", both, [False, False])
+    program.open(path)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    expect("both entries with one", both, [True, True])
     program.choose("File", "Close")
-    expect("both entries", lambda: [program.is_enabled("Communication", entry)
-                                    for entry in ("Download to Device", "Compare...")], [False, False])
+    expect("both entries after it", both, [False, False])
 
 
 def a_document_is_compared_with_the_factory_values(program):
