@@ -76,7 +76,8 @@ std::string headText(const Run_Head& head) {
                     {"unit", head.unit},
                     {"although", textOrNull(head.although)},
                     {"restores", textOrNull(head.restores)},
-                    {"program", head.program}};
+                    {"program", head.program},
+                    {"adapter", head.adapter.empty() ? Json() : Json(head.adapter)}};
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
@@ -94,6 +95,7 @@ std::optional<Run_Head> parseHead(std::string_view text) {
         head.although = stringOf(json.at("although"));
         head.restores = stringOf(json.at("restores"));
         json.at("program").get_to(head.program);
+        head.adapter = stringOf(memberOf(json, "adapter")).value_or("");
         return head;
     } catch (const Json::exception&) {
         return std::nullopt;
@@ -127,7 +129,8 @@ std::vector<Run_Entry> listRuns(const Run_Store& store) {
     std::vector<Run_Entry> entries;
     for (const std::string& name : store.names())
         if (const auto run = readRun(store, name))
-            entries.push_back({name, run->head, run->paper.document.path, run->state, countsOf(*run)});
+            entries.push_back({name, run->head, run->paper.document.path, run->state,
+                               kindOf(run->head.restores.has_value(), run->journal), countsOf(*run)});
     std::sort(entries.begin(), entries.end(), [](const Run_Entry& a, const Run_Entry& b) {
         return std::pair(a.head.sequence, a.name) > std::pair(b.head.sequence, b.name);
     });

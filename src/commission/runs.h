@@ -25,6 +25,7 @@ struct Run_Head {
     std::optional<std::string> although; ///< somebody went on with another controller, by this model's name
     std::optional<std::string> restores; ///< the run whose values it puts back
     std::string program;                 ///< "zorvanectl 0.1.0"
+    std::string adapter{};               ///< what the system calls that of the port; empty: not known
 };
 
 [[nodiscard]] std::string headText(const Run_Head& head);
@@ -41,6 +42,7 @@ struct Run_Entry {
     Run_Head head;
     std::string document; ///< its path
     Run_State state = Run_State::Interrupted;
+    Run_Kind kind = Run_Kind::Send;
     Json counts;
 };
 

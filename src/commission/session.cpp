@@ -223,6 +223,7 @@ Session_End Session::send(const Plan& plan, const Controller_Look& look) {
     head.unit = document_.unit;
     head.although = although_;
     head.program = document_.program;
+    head.adapter = document_.adapter;
     Opened_Run run = beginRun(services_.runs, services_.clock,
                               {head, paper, document_.controllerFileName,
                                services_.controllerFile ? services_.controllerFile(look.registers) : ""});
@@ -310,6 +311,7 @@ Session_End Session::restore(const std::string& name, const Kept_Run& run, const
     head.although = although_;
     head.restores = name;
     head.program = document_.program;
+    head.adapter = document_.adapter;
     Opened_Run opened = beginRun(services_.runs, services_.clock,
                                  {head, paper, document_.controllerFileName,
                                   services_.controllerFile ? services_.controllerFile(look.registers) : ""});

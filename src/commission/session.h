@@ -45,6 +45,7 @@ struct Session_Document {
     std::int32_t retries = 3;
     std::string program;                       ///< which program it is, for the run's head
     std::map<Cell_Place, std::string> stray{}; ///< values that aren't sent unless they are named, and why
+    std::string adapter{};                     ///< what the system calls that of the port; UTF-8
 };
 
 /// How a step of a session ended, in the order in which a program tells of it by its exit.

@@ -106,7 +106,8 @@ class Sending {
                 settings.line,
                 settings.retries,
                 "zorvane",
-                commission::strayReasons(app().document())};
+                commission::strayReasons(app().document()),
+                line_.adapter()};
     }
 
     void record() {

@@ -30,6 +30,8 @@ class Sending_Line final : public commission::Desk_Line {
     [[nodiscard]] std::string open(std::int32_t unit, const Line_Settings& line) override;
     void close() override;
     [[nodiscard]] Unit_Writer& exchanges() override { return *exchanges_; }
+    /// What the system calls the port's adapter; empty when it isn't listed.
+    [[nodiscard]] std::string adapter() { return adapterName(finder_.port(setup_.settings.port)); }
 
   private:
     Sending_Setup setup_;

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 namespace zorvane::commission {
 namespace {
 
@@ -169,8 +171,9 @@ TEST(SendDesk, WhatIsPressedDuringARequestComesAfterIt) {
     Desk_Bench bench;
     bench.set(1, 2, 2, "50");
     bench.desk().begin();
+    bool pressed = false;
     bench.toy.onRequest = [&] {
-        bench.toy.onRequest = {};
+        if (std::exchange(pressed, true)) return;
         bench.desk().act();
         EXPECT_EQ(bench.stage(), Desk_Stage::Ready);
     };
@@ -329,6 +332,7 @@ TEST(SendDesk, AnInterruptedRunIsOfferedAndGoneOnWith) {
     EXPECT_EQ(bench.desk().state().counts.of(Value_State::Verified), 8U);
     EXPECT_EQ(listRuns(bench.runs).size(), 1U);
     EXPECT_EQ(listRuns(bench.runs).front().state, Run_State::Finished);
+    EXPECT_EQ(listRuns(bench.runs).front().kind, Run_Kind::Resumed);
     EXPECT_EQ(bench.desk().state().interrupted, "");
 }
 

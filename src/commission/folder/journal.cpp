@@ -2,6 +2,10 @@
 #include "commission/folder/journal.h"
 
 #include "commission/folder/digests.h"
+#include "commission/folder/json_fields.h"
+
+#include <algorithm>
+#include <array>
 
 namespace zorvane::commission {
 
@@ -40,6 +44,18 @@ Journal readJournal(std::string_view bytes) {
         bytes.remove_prefix(end + 1);
     }
     return journal;
+}
+
+std::string_view runKindWord(Run_Kind kind) noexcept {
+    static constexpr std::array<std::string_view, 3> words = {"send", "resume", "restore"};
+    return words[static_cast<std::size_t>(kind)];
+}
+
+Run_Kind kindOf(bool restores, const Journal& journal) noexcept {
+    if (restores) return Run_Kind::Restore;
+    const auto begun = std::count_if(journal.records.begin(), journal.records.end(),
+                                     [](const Json& record) { return isEvent(record, "begin"); });
+    return begun > 1 ? Run_Kind::Resumed : Run_Kind::Send;
 }
 
 } // namespace zorvane::commission

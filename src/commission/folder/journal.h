@@ -25,4 +25,16 @@ struct Journal {
 /// The records up to the first line that isn't whole.
 [[nodiscard]] Journal readJournal(std::string_view bytes);
 
+/// How a run came about.
+enum class Run_Kind {
+    Send,
+    Resumed, ///< a send that was interrupted, and gone on with
+    Restore
+};
+
+/// "send", "resume" or "restore".
+[[nodiscard]] std::string_view runKindWord(Run_Kind kind) noexcept;
+/// `restores`: it puts back the values of another run. A run that began twice was gone on with.
+[[nodiscard]] Run_Kind kindOf(bool restores, const Journal& journal) noexcept;
+
 } // namespace zorvane::commission

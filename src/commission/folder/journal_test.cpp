@@ -69,5 +69,14 @@ TEST(Journal, AFullDiskIsToldAndNothingFollows) {
     EXPECT_FALSE(journal.note("write"));
 }
 
+TEST(RunKind, ARunThatBeganTwiceWasGoneOnWith) {
+    Journal journal;
+    journal.records = {{{"event", "begin"}}, {{"event", "write"}}};
+    EXPECT_EQ(runKindWord(kindOf(false, journal)), "send");
+    EXPECT_EQ(runKindWord(kindOf(true, journal)), "restore");
+    journal.records.push_back({{"event", "begin"}});
+    EXPECT_EQ(runKindWord(kindOf(false, journal)), "resume");
+}
+
 } // namespace
 } // namespace zorvane::commission

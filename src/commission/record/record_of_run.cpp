@@ -134,7 +134,8 @@ class Run_Files {
 Record Run_Files::record() const {
     Record record;
     record.run = name_;
-    record.kind = memberOf(head_, "restores").is_string() ? "restore" : "send";
+    record.kind = runKindWord(kindOf(memberOf(head_, "restores").is_string(), journal_));
+    record.adapter = fromUtf8(stringOf(memberOf(head_, "adapter")).value_or(""));
     record.state = state();
     addController(record);
     addTimes(record);

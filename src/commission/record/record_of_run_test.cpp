@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 const char* const head =
     R"j({"version": 1, "sequence": 3, "started_ms": 1, "started": "2026-11-22T07:40:05.123Z",
   "started_local": "2026-11-22T08:40:05+01:00", "model": "KVRT207D", "unit": 1, "although": null,
-  "restores": null, "program": "zorvanectl"})j";
+  "restores": null, "program": "zorvanectl", "adapter": "FT232R USB UART"})j";
 const char* const plan = R"j({"version": 1,
   "template": {"path": "/t/KVRT207D.ZTP", "sha256": "aa"}, "document": {"path": "/d/SITE.KVRT207D", "sha256": "bb"},
   "identity": {"verdict": "is", "model": "KVRT207D", "unit": 1, "serial": "S-12", "firmware": null,
@@ -72,6 +72,7 @@ TEST_F(Record_Of_Run, TellsWhoAndWhereAndWhen) {
     finish();
     const Record told = record();
     EXPECT_EQ(told.kind, "send");
+    EXPECT_EQ(told.adapter, "FT232R USB UART");
     EXPECT_EQ(told.state, "finished");
     EXPECT_EQ(told.controller.verdict, "is");
     EXPECT_EQ(told.controller.serial, "S-12");

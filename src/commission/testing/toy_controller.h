@@ -89,6 +89,8 @@ class Toy_Controller final : public Unit_Writer {
     std::function<void()> onRequest; ///< while one is under way; may be empty
     std::set<std::int32_t> units{1};
     Line_Settings settings;
+    Micros requestTime = 10 * microsPerMs;
+    std::vector<std::int32_t> askedUnits; ///< by each request
     int writes = 0;
     int writesToOther = 0;
     bool takesAtPowerCut = false;
@@ -97,7 +99,8 @@ class Toy_Controller final : public Unit_Writer {
     [[nodiscard]] std::map<std::int32_t, std::uint16_t>& held() { return exchanged_ ? other : registers; }
 
     Unit_Answer begin(std::int32_t unit) {
-        now_ += 10 * microsPerMs;
+        now_ += requestTime;
+        askedUnits.push_back(unit);
         if (onRequest) onRequest();
         struck_ = requests_++ == strikeAt_ ? strike_ : Strike::None;
         if (struck_ == Strike::Kill_Before) throw Killed{};

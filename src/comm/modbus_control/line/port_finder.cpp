@@ -18,6 +18,13 @@ std::optional<Port_Identity> identityOf(const std::optional<Port_Entry>& port) {
     return Port_Identity{port->serialNumber, *port->vendor, *port->product};
 }
 
+std::string adapterName(const std::optional<Port_Entry>& port) {
+    if (!port) return {};
+    if (port->serialNumber.empty()) return port->description;
+    return port->description + (port->description.empty() ? "" : ", ") + "serial number " +
+           port->serialNumber;
+}
+
 std::optional<Port_Entry> entryNamed(const std::vector<Port_Entry>& ports, const std::string& name) {
     const auto found =
         std::find_if(ports.begin(), ports.end(), [&](const Port_Entry& entry) { return named(entry, name); });

@@ -43,6 +43,10 @@ struct Port_Identity {
 /// None for a port that isn't listed or isn't a USB adapter.
 [[nodiscard]] std::optional<Port_Identity> identityOf(const std::optional<Port_Entry>& port);
 
+/// What the system calls an adapter: "FT232R USB UART, serial number A17"; empty for a port that isn't
+/// listed.
+[[nodiscard]] std::string adapterName(const std::optional<Port_Entry>& port);
+
 /// The entry of that name or path.
 [[nodiscard]] std::optional<Port_Entry> entryNamed(const std::vector<Port_Entry>& ports,
                                                    const std::string& name);

@@ -11,6 +11,13 @@ Port_Entry usb(const std::string& name, const std::string& serial) {
 }
 Port_Entry plain(const std::string& name) { return {name, "/dev/" + name, "", "", {}, {}}; }
 
+TEST(PortFinder, AnAdapterIsNamedAsTheSystemDoes) {
+    EXPECT_EQ(adapterName(Port_Entry{"ttyUSB0", "/dev/ttyUSB0", "FT232R USB UART", "A17", {}, {}}),
+              "FT232R USB UART, serial number A17");
+    EXPECT_EQ(adapterName(Port_Entry{"ttyS0", "/dev/ttyS0", "16550A", "", {}, {}}), "16550A");
+    EXPECT_EQ(adapterName(std::nullopt), "");
+}
+
 TEST(PortFinder, KnowsAnAdapterByNameOrPath) {
     const std::vector<Port_Entry> ports{plain("ttyS0"), usb("ttyUSB0", "A1")};
     const Port_Identity expected{"A1", 0x0403, 0x6001};

@@ -6,6 +6,7 @@
 #include "comm/modbus_control/units/unit_exchanges.h"
 
 #include <functional>
+#include <string>
 
 namespace zorvane {
 
@@ -17,6 +18,8 @@ class Qt_Unit_Exchanges {
     explicit Qt_Unit_Exchanges(const Port_Settings& settings, std::function<bool()> cancelled = {});
 
     [[nodiscard]] Unit_Exchanges& line() { return line_; }
+    /// What the system calls the adapter of the port; empty when it doesn't list it.
+    [[nodiscard]] std::string adapter() { return adapterName(finder_.port(line_.settings().port)); }
 
   private:
     Qt_Link_Clock clock_;

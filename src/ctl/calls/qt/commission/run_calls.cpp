@@ -240,10 +240,11 @@ class Runs_Subcommand : public Subcommand {
 
     static void printTable(const Call_Context& context, const std::vector<commission::Run_Entry>& runs) {
         Text_Table table;
-        table.add({"Run", "Started", "State", "Verified", "Values"});
+        table.add({"Run", "Started", "Kind", "State", "Verified", "Values"});
         for (const commission::Run_Entry& run : runs)
-            table.add({run.name, run.head.startedLocal, std::string(commission::runStateWord(run.state)),
-                       countOf(run, "verified"), countOf(run, "rows")});
+            table.add({run.name, run.head.startedLocal, std::string(commission::runKindWord(run.kind)),
+                       std::string(commission::runStateWord(run.state)), countOf(run, "verified"),
+                       countOf(run, "rows")});
         if (!runs.empty()) table.print(context.out, 0);
         context.out << runs.size() << (runs.size() == 1 ? " run\n" : " runs\n");
     }

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <utility>
 
 namespace zorvane::ctl {
 
@@ -116,6 +117,8 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
     if (const std::string why = line.open(context_); !why.empty()) return fail(why);
     commission::Native_Runs runs(commission::runsFolder(context_.stateFolder));
     const commission::System_Wall_Clock clock;
+    Session_Document document = documentOf(opened, section);
+    document.adapter = line.adapter();
     Session session({line.exchanges(),
                      runs,
                      clock,
@@ -125,7 +128,7 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
                          return commission::controllerFile(opened.document, registers);
                      },
                      [&](const std::string& why) { tell(context_.err, printable(waitText(why))); }},
-                    documentOf(opened, section));
+                    std::move(document));
     Session_Work sessionWork{context_, opened, section, line, runs, session};
     return work(sessionWork);
 }

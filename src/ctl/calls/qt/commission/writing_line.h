@@ -21,6 +21,8 @@ class Writing_Line {
     /// Locks the port and opens it. What is wrong, for people; empty when all is well.
     [[nodiscard]] std::string open(const Call_Context& context);
     [[nodiscard]] Unit_Exchanges& exchanges() { return exchanges_.line(); }
+    /// What the system calls the port's adapter; empty when it isn't listed.
+    [[nodiscard]] std::string adapter() { return exchanges_.adapter(); }
     /// From here on a signal lets the present value end.
     void beginSending() { sending_ = true; }
     [[nodiscard]] bool stopAsked() const { return stop_.asked(); }

@@ -1,0 +1,304 @@
+// SPDX-License-Identifier: MIT
+// When a send asks who is there, what it does about blocks and the line, and what it says of values that
+// change after they were read back.
+#include "commission/testing/session_bench.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+namespace zorvane::commission {
+namespace {
+
+using doubles::Memory_Runs;
+using doubles::Session_Bench;
+using doubles::Standing_Clock;
+using doubles::Toy_Controller;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using Strike = Toy_Controller::Strike;
+
+constexpr std::int32_t firstRegister = 100;
+constexpr std::int32_t mark = 90; ///< the register that tells the model
+
+/// A template of so many numbers in a row, with their controller. All values of the document differ.
+struct Row_Bench {
+    explicit Row_Bench(std::int32_t count) {
+        const std::string last = std::to_string(firstRegister + count - 1);
+        std::string text = "[HARDWARE]\nCONTROLLER=ROW\n[PORT_CONFIGURATION]\nHOLDINGREGISTERSBLOCK_1=100-" +
+                           last +
+                           "\nHOLDINGREQUESTBLOCK_1=CONFIG\n[CONFIGURATION_FIELDS]\nFIELD_1_DESC=Numbers\n"
+                           "FIELD_1_RC=" +
+                           std::to_string(count) +
+                           ",2\n[FIELD_1_COLUMNS]\nCOL_1_DESC=Name\nCOL_2_DESC=Value\nCOL_2_TYPE=NUMERIC\n"
+                           "COL_2_MODIFIABLE=YES\nCOL_2_MDBUSREQUEST=CONFIG\n[FIELD_1_CONFIGURATION]\n";
+        for (std::int32_t row = 1; row <= count; ++row)
+            text +=
+                "ROWADDRESS_" + std::to_string(row) + "=," + std::to_string(firstRegister + row - 1) + "\n";
+        text += "[IDENTITY]\nREGISTER_1=90\nVALUE_1=7\n";
+        bench.readTemplate(text);
+        section = readIdentity(text);
+        toy.registers[mark] = 7;
+        for (std::int32_t row = 1; row <= count; ++row) {
+            toy.registers[firstRegister + row - 1] = 0;
+            bench.cell(1, row, 2).Value = std::to_string(row);
+        }
+    }
+
+    [[nodiscard]] Session_End send() {
+        Session session({toy, runs, clock, {}, {}, {}}, {bench.document,
+                                                         section,
+                                                         {"/t", "aa"},
+                                                         {"/d", "bb"},
+                                                         "controller.ROW",
+                                                         "line",
+                                                         1,
+                                                         {},
+                                                         2,
+                                                         "test"});
+        const Controller_Look look = session.look();
+        return session.send(session.plan(look, {}), look);
+    }
+    /// The events of the journal, "w" for a write's intent and "i" for the question who is there.
+    [[nodiscard]] std::string story() {
+        std::string told;
+        const auto bytes = runs.read(listRuns(runs).front().name, journalFile).value_or("");
+        for (const Json& record : readJournal(bytes).records) {
+            if (record.at("event") == "write") told += 'w';
+            if (record.at("event") == "identity") told += 'i';
+        }
+        return told;
+    }
+
+    zorvane::doubles::Reading_Bench bench;
+    Identity_Section section;
+    Toy_Controller toy;
+    Memory_Runs runs;
+    Standing_Clock clock;
+};
+
+std::string writes(std::size_t count) { return std::string(count, 'w'); }
+
+TEST(SendingRules, WhoIsThereIsAskedEveryFiftyWrites) {
+    Row_Bench bench(120);
+    EXPECT_EQ(bench.send().step, Step::Good);
+    EXPECT_EQ(bench.story(), "i" + writes(50) + "i" + writes(50) + "i" + writes(20) + "i");
+}
+
+TEST(SendingRules, WhoIsThereIsAskedEveryFiveSeconds) {
+    Row_Bench bench(12);
+    bench.toy.requestTime = microsPerSecond;
+    EXPECT_EQ(bench.send().step, Step::Good);
+    EXPECT_EQ(bench.story(), "i" + writes(5) + "i" + writes(5) + "i" + writes(2) + "i");
+}
+
+TEST(SendingRules, WhoIsThereIsAskedAfterAWriteWithoutAnAnswer) {
+    for (const Strike strike :
+         {Strike::Lose_Request, Strike::Lose_Answer, Strike::Unplug_Before, Strike::Unplug_After}) {
+        SCOPED_TRACE(static_cast<int>(strike));
+        Row_Bench calm(3);
+        std::size_t firstWrite = 0;
+        calm.toy.onRequest = [&] {
+            if (calm.toy.writes == 1 && firstWrite == 0) firstWrite = calm.toy.requests();
+        };
+        ASSERT_EQ(calm.send().step, Step::Good);
+        ASSERT_GT(firstWrite, 0U);
+
+        Row_Bench bench(3);
+        bench.toy.strikeAt(firstWrite, strike);
+        const Session_End end = bench.send();
+        EXPECT_EQ(end.step, Step::Good) << end.why;
+        EXPECT_EQ(bench.story().substr(0, 3), "iwi");
+    }
+}
+
+TEST(SendingRules, AnotherControllerAfterAReconnectGetsNoFurtherWrite) {
+    Row_Bench bench(5);
+    bench.toy.other = bench.toy.registers;
+    bench.toy.other[mark] = 8;
+    std::size_t struck = 0;
+    bench.toy.onRequest =
+        [&] { // the adapter goes with the second write, and comes back with another controller
+            if (bench.toy.writes < 2 || struck == 2) return;
+            bench.toy.strikeAt(bench.toy.requests(),
+                               struck++ == 0 ? Strike::Unplug_Before : Strike::Exchange);
+        };
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Wrong_Controller);
+    EXPECT_EQ(bench.toy.writes, 2);
+    EXPECT_EQ(bench.toy.writesToOther, 0);
+    EXPECT_EQ(end.report.counts.of(Value_State::Verified), 0U);
+}
+
+// What changes after it was read back.
+
+TEST(SendingRules, AVerifiedValueThatChangesBeforeTheEndIsTold) {
+    Row_Bench bench(60);
+    bench.toy.onRequest = [&] {
+        if (bench.toy.writes == 55) bench.toy.registers[firstRegister + 3] = 999;
+    };
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Incomplete);
+    const Sent_Row& row = end.report.rows.at(3);
+    EXPECT_EQ(row.state, Value_State::Stored_Otherwise);
+    EXPECT_EQ(row.readBack, (Known_Registers{999}));
+    EXPECT_EQ(row.answer, "it was there, and has changed since");
+    EXPECT_EQ(end.report.counts.of(Value_State::Verified), 59U);
+}
+
+TEST(SendingRules, AControllerThatStoresLateIsReadForTwoSeconds) {
+    Row_Bench bench(2);
+    Micros written = 0;
+    bench.toy.onStore = [&](std::int32_t, std::uint16_t) {
+        written = bench.toy.now();
+        return std::uint16_t{0};
+    };
+    bench.toy.onRequest = [&] {
+        if (written != 0 && bench.toy.now() > written + 1500 * microsPerMs) {
+            bench.toy.registers[firstRegister] = 1;
+            bench.toy.registers[firstRegister + 1] = 2;
+        }
+    };
+    EXPECT_EQ(bench.send().step, Step::Good);
+}
+
+// The line.
+
+TEST(SendingRules, TheNewUnitNumberIsAskedBeforeTheFirstWriteAndTheLinkGoesLast) {
+    Session_Bench bench(doubles::pumpIdentity + "LINK=unit:19\n");
+    bench.set(1, 2, 2, "50");
+    bench.set(1, 10, 2, "7");
+    std::size_t firstWrite = 0;
+    bench.toy.onRequest = [&] {
+        if (bench.toy.writes == 1 && firstWrite == 0) firstWrite = bench.toy.askedUnits.size() - 1;
+    };
+    std::vector<std::int32_t> stored;
+    bench.toy.onStore = [&](std::int32_t number, std::uint16_t value) {
+        stored.push_back(number);
+        if (number == 19) bench.toy.units = {value};
+        return value;
+    };
+    EXPECT_EQ(bench.send(Chosen_Cells::these({{1, 2, 2}, {1, 10, 2}})).step, Step::Good);
+    EXPECT_THAT(stored, ElementsAre(11, 19));
+    EXPECT_EQ(bench.toy.askedUnits.at(firstWrite - 1), 7);
+}
+
+TEST(SendingRules, AfterTheNewUnitNumberNewAndOldAreAskedInTurnForTenSeconds) {
+    Session_Bench bench(doubles::pumpIdentity + "LINK=unit:19\n");
+    bench.set(1, 10, 2, "7");
+    std::size_t written = 0;
+    bench.toy.onStore = [&](std::int32_t number, std::uint16_t value) {
+        if (number == 19) {
+            bench.toy.units = {};
+            written = bench.toy.askedUnits.size();
+        }
+        return value;
+    };
+    const Session_End end = bench.send(Chosen_Cells::these({{1, 10, 2}}));
+    EXPECT_EQ(end.step, Step::Incomplete);
+    EXPECT_THAT(end.why, HasSubstr("answers neither in the new way nor in the old one"));
+    const auto& asked = bench.toy.askedUnits;
+    EXPECT_EQ(std::vector<std::int32_t>(asked.begin() + static_cast<std::ptrdiff_t>(written),
+                                        asked.begin() + static_cast<std::ptrdiff_t>(written) + 4),
+              (std::vector<std::int32_t>{7, 1, 7, 1}));
+}
+
+TEST(SendingRules, ANumberThatCountsOnlyAfterSwitchingOffAndOnIsVerifiedUnderTheOldOne) {
+    Session_Bench bench(doubles::pumpIdentity + "LINK=unit:19\n");
+    bench.set(1, 10, 2, "7");
+    const Session_End end = bench.send(Chosen_Cells::these({{1, 10, 2}}));
+    EXPECT_EQ(end.step, Step::Good) << end.why;
+    EXPECT_EQ(end.report.rows.at(0).answer,
+              "the controller still answers in the old way: switch it off and on");
+}
+
+// Blocks.
+
+/// A board, whose numbers 10 to 13 go out in one block.
+const std::string boardTemplate = "[HARDWARE]\n"
+                                  "CONTROLLER=R7702-16\n"
+                                  "DOWNLOAD_1_MULTIPLEREGISTERBLOCKNUMERIC=10-13\n"
+                                  "[PORT_CONFIGURATION]\n"
+                                  "HOLDINGREGISTERSBLOCK_1=10-13\n"
+                                  "HOLDINGREQUESTBLOCK_1=CONFIG\n"
+                                  "[CONFIGURATION_FIELDS]\n"
+                                  "FIELD_1_DESC=Alarms\n"
+                                  "FIELD_1_RC=4,2\n"
+                                  "[FIELD_1_COLUMNS]\n"
+                                  "COL_2_DESC=Value\n"
+                                  "COL_2_TYPE=NUMERIC\n"
+                                  "COL_2_MODIFIABLE=YES\n"
+                                  "COL_2_MDBUSREQUEST=CONFIG\n"
+                                  "[FIELD_1_CONFIGURATION]\n"
+                                  "ROWADDRESS_1=,10\n"
+                                  "ROWADDRESS_2=,11\n"
+                                  "ROWADDRESS_3=,12\n"
+                                  "ROWADDRESS_4=,13\n"
+                                  "[IDENTITY]\nREGISTER_1=13\nLOW_1=0\nHIGH_1=1000\n";
+
+struct Board_Bench {
+    Board_Bench() {
+        bench.readTemplate(boardTemplate);
+        section = readIdentity(boardTemplate);
+        toy.registers = {{10, 1}, {11, 2}, {12, 3}, {13, 4}};
+        for (std::int32_t row = 1; row <= 4; ++row)
+            bench.cell(1, row, 2).Value = std::to_string(row);
+        bench.cell(1, 2, 2).Value = "20";
+    }
+    [[nodiscard]] Session session() {
+        return Session({toy, runs, clock, {}, {}, {}}, {bench.document,
+                                                        section,
+                                                        {"/t", "aa"},
+                                                        {"/d", "bb"},
+                                                        "controller.R7702-16",
+                                                        "line",
+                                                        1,
+                                                        {},
+                                                        2,
+                                                        "test"});
+    }
+
+    zorvane::doubles::Reading_Bench bench;
+    Identity_Section section;
+    Toy_Controller toy;
+    Memory_Runs runs;
+    Standing_Clock clock;
+};
+
+TEST(SendingRules, ABlockGoesOutInOneWriteWithTheControllersOwnRest) {
+    Board_Bench bench;
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    const Session_End end = session.send(session.plan(look, {}), look);
+    EXPECT_EQ(end.step, Step::Good) << end.why;
+    EXPECT_EQ(bench.toy.writes, 1);
+    EXPECT_EQ(bench.toy.registers,
+              (std::map<std::int32_t, std::uint16_t>{{10, 1}, {11, 20}, {12, 3}, {13, 4}}));
+}
+
+TEST(SendingRules, ABlockOfWhichAnotherRegisterChangedSinceThePlanIsntSent) {
+    Board_Bench bench;
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    bench.toy.registers[12] = 33;
+    const Session_End end = session.send(session.plan(look, {}), look);
+    EXPECT_EQ(end.step, Step::Incomplete);
+    EXPECT_EQ(end.report.counts.of(Value_State::Not_Sent), 1U);
+    EXPECT_EQ(end.report.rows.at(0).answer, "register 12 of its block was 3 and is 33 now");
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(SendingRules, ABlockWithARegisterThatChangesByItselfIsntSent) {
+    Board_Bench bench;
+    bench.toy.onRequest = [&] { ++bench.toy.registers[10]; };
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    const Session_End end = session.send(session.plan(look, Chosen_Cells::these({{1, 2, 2}})), look);
+    EXPECT_EQ(end.step, Step::Incomplete);
+    EXPECT_THAT(end.report.rows.at(0).answer, HasSubstr("register 10 of its block was "));
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+} // namespace
+} // namespace zorvane::commission
