@@ -22,8 +22,10 @@ class Sending:
     def __init__(self, program):
         self._program = program
         wait_for("the main window", lambda: "active" in program.window.states)
-        wait_for("a grid with the keyboard", lambda: any("focused" in grid.table.states
-                                                         for grid in (program.fields, program.settings)))
+        # The grids are hidden and shown again after the title; until then no menu answers.
+        wait_for("the document's title", lambda: program.title.lstrip("* ").lower().startswith("site7."))
+        wait_for("the focus in a grid", lambda: any("focused" in grid.table.states
+                                                    for grid in (program.fields, program.settings)))
         self._open_menu()
         program.hands.keys("s")
         self.dialog = program.dialog("FrmSend")
