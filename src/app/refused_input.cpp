@@ -3,6 +3,8 @@
 
 #include "grids/rules/typed_entry.h"
 
+#include <utility>
+
 namespace zorvane::app {
 
 namespace {
@@ -17,8 +19,8 @@ bool takesBlock(const Grid_Context& grids, std::int32_t row, std::int32_t col) {
     return takes;
 }
 
-void tellRefused(const Grid_Context& grids, std::int32_t row, std::int32_t col,
-                 const std::string& character) {
+void tellRefused(const Grid_Context& grids, std::int32_t row, std::int32_t col, const std::string& character,
+                 std::vector<Bar_Button> buttons) {
     const VSFlexGrid& grid = grids.FLX_Settings;
     const std::string place =
         "Row " + std::to_string(row) + ", \"" + grid.TextMatrix(0, col) + "\": nothing was taken. ";
@@ -26,7 +28,7 @@ void tellRefused(const Grid_Context& grids, std::int32_t row, std::int32_t col,
         character.empty()
             ? "The clipboard holds several cells or lines; this cell takes one value. Copy a single cell."
             : "A file can't hold the character " + character + "; it holds those of Windows-1252.";
-    grids.comm.mainForm.messageBar().tell({topic, Bar_Kind::Note, place + why, {}, true});
+    grids.comm.mainForm.messageBar().tell({topic, Bar_Kind::Note, place + why, std::move(buttons), true});
 }
 
 void withdrawRefused(const Grid_Context& grids) { grids.comm.mainForm.messageBar().withdraw(topic); }

@@ -217,18 +217,22 @@ Verdict judged(const Declara_Zorvane& document, const Cell_Place& place, std::st
 }
 
 std::int32_t apply(Declara_Zorvane& document, const std::vector<Taken_Value>& values) {
-    std::int32_t changed = 0;
+    return static_cast<std::int32_t>(applyNoting(document, values).size());
+}
+
+std::vector<Value_Change> applyNoting(Declara_Zorvane& document, const std::vector<Taken_Value>& values) {
+    std::vector<Value_Change> changes;
     for (const Taken_Value& taken : values) {
         if (!taken.changes) continue;
         Cell_Rec& cell = document.Fields(taken.place.field).Cells(taken.place.row, taken.place.column);
+        changes.push_back({taken.place, cell.Value, taken.value});
         cell.Value = taken.value;
         if (taken.limits) {
             cell.Min_Value = taken.limits->low;
             cell.Max_Value = taken.limits->high;
         }
-        ++changed;
     }
-    return changed;
+    return changes;
 }
 
 } // namespace zorvane::edit

@@ -3,6 +3,7 @@
 
 #include "cells/format/cell_limits.h"
 #include "template/model/declara_zorvane.h"
+#include "template/model/value_change.h"
 
 #include <cstdint>
 #include <optional>
@@ -51,6 +52,10 @@ using Verdict = std::variant<Taken_Value, Refusal>;
 /// Puts the values that change something into their cells, with the limits that a number fills in. How many
 /// there were.
 std::int32_t apply(Declara_Zorvane& document, const std::vector<Taken_Value>& values);
+
+/// The same, with what became of each value.
+[[nodiscard]] std::vector<Value_Change> applyNoting(Declara_Zorvane& document,
+                                                    const std::vector<Taken_Value>& values);
 
 /// A cell's value as people see it: of a list the text of its entry, or the code that no entry has.
 [[nodiscard]] std::string valueText(const Cell_Rec& cell);

@@ -294,7 +294,8 @@ def pull_down(program, letter, entry):
 def menus(program, visit):
     """Each menu of an open document, pulled down."""
     opened(program)
-    for letter, caption in (("f", "File"), ("c", "Communication"), ("v", "View"), ("w", "Windows"), ("h", "Help")):
+    for letter, caption in (("f", "File"), ("e", "Edit"), ("c", "Communication"), ("v", "View"), ("w", "Windows"),
+                            ("h", "Help")):
         entry = program.window.find(role="menu bar").find(role="menu item", name=caption)
         pull_down(program, letter, entry)
         visit("menu_" + caption.lower(), entry.children[0])

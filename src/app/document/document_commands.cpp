@@ -117,6 +117,8 @@ void PRO_Limpia_Documento(const App_Context& app) {
     app.form().Dirty = false;
     app.state.Filter_Text.clear();
     app.state.modelEmptied = false;
+    app.state.history.clear();
+    app.state.changed.forget();
     app.mainForm.messageBar().documentGone();
 }
 

@@ -36,6 +36,8 @@ bool keepFailedSave(const App_Context& app, std::string_view why) {
 
 void settleDocument(const App_Context& app) {
     app.recovery.settle(app.document());
+    app.state.changed.take(app.document());
+    app.state.history.noteWritten();
     app.state.lastCopyMs.reset();
 }
 

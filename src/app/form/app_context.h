@@ -4,6 +4,8 @@
 #include "app/form/document_form.h"
 #include "app/form/settings_store.h"
 #include "app/form/text_widths.h"
+#include "edit/history/changed_cells.h"
+#include "edit/history/history.h"
 #include "grids/fill/grid_context.h"
 #include "recovery/recovery.h"
 #include "template/pro_leer_archivo.h"
@@ -33,6 +35,9 @@ struct App_State {
     Leave_Outcome left = Leave_Outcome::NotAsked; ///< of the document that was last to be closed
     /// When the document's recovery copy was last brought up to date, in ms; nothing while it has no changes.
     std::optional<std::int64_t> lastCopyMs;
+    edit::History history;              ///< of the document; it watches the values
+    edit::Changed_Cells changed;        ///< what of the document its file doesn't say
+    std::optional<bool> marksChanged{}; ///< whether changed cells are marked; nothing until somebody asked
 };
 
 /// The main form's commands and what they work on. Nothing in it is owned.

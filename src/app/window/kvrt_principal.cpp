@@ -3,6 +3,7 @@
 
 #include "app/document/document_rows.h"
 #include "app/document/recovery_keeper.h"
+#include "app/edit/history_commands.h"
 #include "app/form_life.h"
 #include "app/sending/send_changes.h"
 #include "app/window/form_commands.h"
@@ -65,7 +66,8 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
             window_.FLX_Settings(),
             navigation_,
             editors_,
-            formWindows_},
+            formWindows_,
+            &state_.history},
            mainForm_,
            files_,
            settings_,
@@ -77,13 +79,15 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
       transferLog_(menu_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); }),
       desktop_(menu_), ways_(menu_), runs_(commission::runsFolder(commission::userStateFolder())),
       comparing_(comparingServices()), survey_(menu_, line_.link(), line_.windows(), line_.simulator()),
-      systemEnd_(app_, mainForm_, edge_) {
+      edit_(window_, app_, edge_), systemEnd_(app_, mainForm_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
     connectMessageBar(mainForm_, edge_);
     connectDocumentCommands(menu_);
     connectCommunicationCommands(menu_);
     connectGrids(window_, app_.grids, edge_);
+    edit_.connectGrid();
+    mainForm_.extras.stateChanged = [this] { edit_.scheduleRefresh(); };
     connectTimers();
     connectLink();
     connectComparing();
@@ -96,6 +100,7 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
 KVRT_Principal::~KVRT_Principal() {
     edge_.end();
     window_.events = {};
+    mainForm_.extras.stateChanged = {};
     mainForm_.messageBar().changed = {};
 }
 
@@ -133,7 +138,11 @@ void KVRT_Principal::connectTimers() {
     onTick(Timer_Name::TMR_Actualiza_valores, [this, &comm] {
         const bool uploading = form_.Upload_Active;
         TMR_Actualiza_valores_Timer(comm);
-        if (uploading && !form_.Upload_Active && form_.Last_Upload.finished()) tellUploaded(app_);
+        if (uploading && !form_.Upload_Active && form_.Last_Upload.finished()) {
+            noteUpload(app_);
+            tellUploaded(app_);
+            edit_.scheduleRefresh();
+        }
     });
     onTick(Timer_Name::TMR_Actualiza_online, [&comm] { TMR_Actualiza_online_Timer(comm); });
     onTick(Timer_Name::TMR_TxRx, [&comm] { TMR_TxRx_Timer(comm); });

@@ -6,6 +6,7 @@
 #include "app/desktop/qt_text_widths.h"
 #include "app/form/app_context.h"
 #include "app/window/desktop_menus.h"
+#include "app/window/edit/edit_windows.h"
 #include "app/window/files/document_ways.h"
 #include "app/window/form/menu_context.h"
 #include "app/window/form/window_form.h"
@@ -63,6 +64,7 @@ class KVRT_Principal {
     [[nodiscard]] Comparing_Services& comparing() { return comparing_; }
     [[nodiscard]] Desktop_Menus& desktop() { return desktop_; }
     [[nodiscard]] Document_Ways& ways() { return ways_; }
+    [[nodiscard]] Edit_Windows& edit() { return edit_; }
     /// An edit in progress brings the recovery copy up to date this often.
     [[nodiscard]] QTimer& TMR_Copia() { return copyTimer_; }
 
@@ -114,6 +116,7 @@ class KVRT_Principal {
     commission::Native_Runs runs_;
     Comparing_Services comparing_;
     Survey_Commands survey_;
+    Edit_Windows edit_;
     System_End systemEnd_;
     QTimer copyTimer_;
     QElapsedTimer clock_;

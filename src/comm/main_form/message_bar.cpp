@@ -12,6 +12,14 @@ void Bar_Lines::tell(Bar_Line line) {
     if (changed) changed();
 }
 
+void Bar_Lines::amend(Bar_Line line) {
+    const auto old = std::find_if(lines_.begin(), lines_.end(),
+                                  [&](const Bar_Line& each) { return each.topic == line.topic; });
+    if (old == lines_.end() || old->text == line.text) return;
+    *old = std::move(line);
+    if (changed) changed();
+}
+
 void Bar_Lines::withdraw(const std::string& topic) {
     const auto taken = std::erase_if(lines_, [&](const Bar_Line& line) { return line.topic == topic; });
     if (taken > 0 && changed) changed();

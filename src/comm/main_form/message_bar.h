@@ -31,6 +31,10 @@ class Message_Bar {
     virtual ~Message_Bar() = default;
     /// The line becomes the first.
     virtual void tell(Bar_Line line) = 0;
+    /// The line of that topic, if there is one, says this from now on, and stays where it is.
+    virtual void amend(Bar_Line line) = 0;
+    /// Whether there is a line of that topic.
+    [[nodiscard]] virtual bool holds(const std::string& topic) const = 0;
     /// Takes back the line of that topic, if there is one.
     virtual void withdraw(const std::string& topic) = 0;
     /// Takes back every line that belongs to the document.
@@ -41,6 +45,8 @@ class Message_Bar {
 class Bar_Lines final : public Message_Bar {
   public:
     void tell(Bar_Line line) override;
+    void amend(Bar_Line line) override;
+    [[nodiscard]] bool holds(const std::string& topic) const override { return find(topic) != nullptr; }
     void withdraw(const std::string& topic) override;
     void documentGone() override;
 

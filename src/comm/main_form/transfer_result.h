@@ -2,6 +2,7 @@
 #pragma once
 
 #include "comm/modbus_control/link_roles.h"
+#include "template/model/value_change.h"
 
 #include <cstdint>
 #include <string>
@@ -58,9 +59,10 @@ struct Block_Result {
 /// What an upload came to.
 struct Upload_Result {
     Transfer_End end = Transfer_End::None;
-    std::int32_t passes = 0;            ///< whole passes over all blocks
-    std::int32_t values = 0;            ///< cells that took what the registers hold
-    std::vector<Block_Result> blocks{}; ///< of an upload that finished: every scan block of the document
+    std::int32_t passes = 0;             ///< whole passes over all blocks
+    std::int32_t values = 0;             ///< cells that took what the registers hold
+    std::vector<Value_Change> changes{}; ///< those of them that had another value before
+    std::vector<Block_Result> blocks{};  ///< of an upload that finished: every scan block of the document
 
     [[nodiscard]] bool finished() const { return end == Transfer_End::Finished; }
 };

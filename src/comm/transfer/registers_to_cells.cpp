@@ -52,7 +52,10 @@ std::int32_t PRO_Aplica_Registros(const Comm_Context& comm, std::int32_t field) 
     forEachCell(cells, [&](std::int32_t row, std::int32_t column) {
         const auto reading = readCell(cells(0, column), cells(row, column), image);
         if (!reading) return;
-        record.Cells(row, column).Value = reading->value;
+        std::string& value = record.Cells(row, column).Value;
+        if (value != reading->value)
+            comm.form.Last_Upload.changes.push_back({{field, row, column}, value, reading->value});
+        value = reading->value;
         ++taken;
         comm.document.Passing.settle({field, row, column});
         if (shown && reading->message) grids.setSettingsText(row, column - 1, *reading->message);

@@ -7,6 +7,7 @@
 #include "values/numbers.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zorvane {
 
@@ -66,16 +67,19 @@ void tellSavedTexts(const Grid_Context& grids) {
 void replaceByBlanks(const Grid_Context& grids, const std::vector<Cell_Place>& places) {
     if (!canReplace(grids)) return;
     const Comm_Context& comm = grids.comm;
+    std::vector<Value_Change> changes;
     for (const Cell_Place& place : places) {
         if (!hasCell(comm.document, place)) continue;
         Cell_Rec& cell = comm.document.Fields(place.field).Cells(place.row, place.column);
         if (cell.Has_Messages) continue;
-        cell.Value = withBlanks(cell.Value);
+        changes.push_back({place, cell.Value, withBlanks(cell.Value)});
+        cell.Value = changes.back().after;
         VSFlexGrid& grid = grids.FLX_Settings;
         const bool shown =
             grids.fieldNumber() == place.field && place.row < grid.Rows() && place.column <= grid.Cols();
         if (shown) grid.setTextMatrix(place.row, place.column - 1, cell.Value);
     }
+    if (grids.watcher != nullptr) grids.watcher->changed("replacing by blanks", std::move(changes));
     PRO_Titulo_Modificado(comm.document, comm.form, comm.mainForm);
     applySaveRule(comm.document, comm.mainForm);
     comm.mainForm.messageBar().withdraw(unholdableTopic);

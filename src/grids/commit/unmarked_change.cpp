@@ -34,6 +34,9 @@ struct Put_Back {
         Cell_Rec& cell = grids.comm.document.Fields(field).Cells(row, col + 1);
         if (cell.Value != put) return;
         cell.Value = before;
+        if (grids.watcher != nullptr)
+            grids.watcher->changed("return of " + cellName(grids.comm.document, field, row, col + 1),
+                                   {{{field, row, col + 1}, put, before}});
         if (grids.fieldNumber() != field) return;
         ignoringFailure([&] {
             if (const auto shown = offlineFill(cell).shown)

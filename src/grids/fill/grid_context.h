@@ -4,6 +4,7 @@
 #include "comm/main_form/comm_context.h"
 #include "grids/fill/grid_windows.h"
 #include "grids/fill/hidden_editors.h"
+#include "grids/fill/value_watcher.h"
 #include "grids/rules/vsflexgrid.h"
 
 #include <cstdint>
@@ -28,6 +29,7 @@ struct Grid_Context {
     Navigation_State& navigation;
     Hidden_Editors& editors;
     Grid_Windows& windows;
+    Value_Watcher* watcher = nullptr; ///< told of what the user's commands did to values; may be null
 
     /// The field selected in the upper grid. It is asked again at each use, since events served while a write
     /// waits can select another.

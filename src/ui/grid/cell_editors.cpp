@@ -30,6 +30,20 @@ bool comesBack(Qt::FocusReason reason) {
 
 } // namespace
 
+bool belongsToEditor(const QKeyEvent& key) {
+    const Qt::KeyboardModifiers held = key.modifiers() & ~Qt::KeypadModifier;
+    switch (key.key()) {
+    case Qt::Key_Z:
+        return held == Qt::ControlModifier || held == (Qt::ControlModifier | Qt::ShiftModifier);
+    case Qt::Key_Y:
+    case Qt::Key_K:
+    case Qt::Key_F:
+        return held == Qt::ControlModifier;
+    default:
+        return false;
+    }
+}
+
 QValidator::State Code_Page_Validator::validate(QString& text, int&) const {
     text = asOneLine(text);
     if (fitsCodePage(text)) return Acceptable;
@@ -96,6 +110,8 @@ void Text_Cell_Editor::insertPasted(const QString& clipboard) {
 void Text_Cell_Editor::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Paste))
         pasteFrom(QClipboard::Clipboard);
+    else if (event->key() == Qt::Key_Y && belongsToEditor(*event))
+        redo();
     else
         QLineEdit::keyPressEvent(event);
 }
@@ -129,6 +145,10 @@ void Text_Cell_Editor::dropEvent(QDropEvent* event) {
 }
 
 bool Text_Cell_Editor::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && belongsToEditor(static_cast<QKeyEvent&>(*event))) {
+        event->accept();
+        return true;
+    }
     if (event->type() == QEvent::KeyPress) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
         if (const std::optional<Edit_End> how = editEndOf(key)) {
@@ -197,6 +217,13 @@ void List_Cell_Editor::hidePopup() {
         this, [this] { end(Edit_End::Escape); }, Qt::QueuedConnection);
 }
 
+bool List_Cell_Editor::event(QEvent* event) {
+    if (event->type() != QEvent::ShortcutOverride || !belongsToEditor(static_cast<QKeyEvent&>(*event)))
+        return QComboBox::event(event);
+    event->accept();
+    return true;
+}
+
 void List_Cell_Editor::keyPressEvent(QKeyEvent* event) {
     const std::optional<Edit_End> how = editEndOf(*event);
     if (how && *how != Edit_End::Up && *how != Edit_End::Down)
@@ -211,6 +238,11 @@ void List_Cell_Editor::focusOutEvent(QFocusEvent* event) {
 }
 
 bool List_Cell_Editor::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == view() && event->type() == QEvent::ShortcutOverride &&
+        belongsToEditor(static_cast<QKeyEvent&>(*event))) {
+        event->accept();
+        return true;
+    }
     if (watched == view() && event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Tab || key == Qt::Key_Backtab) {

@@ -38,6 +38,10 @@ enum class Edit_End { Enter, Next, Previous, Up, Down, Stay, Escape };
 /// The way out that a key in a text editor means, if any.
 [[nodiscard]] std::optional<Edit_End> editEndOf(const QKeyEvent& key);
 
+/// Whether a key is the editor's own while one is open, though the menu has it, too: Ctrl+Z, Ctrl+Shift+Z,
+/// Ctrl+Y, Ctrl+K, Ctrl+F.
+[[nodiscard]] bool belongsToEditor(const QKeyEvent& key);
+
 /// The in-cell editor for free text.
 class Text_Cell_Editor final : public QLineEdit {
   public:
@@ -86,6 +90,7 @@ class List_Cell_Editor final : public QComboBox {
     void hidePopup() override;
 
   protected:
+    bool event(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;

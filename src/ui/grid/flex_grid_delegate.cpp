@@ -3,11 +3,14 @@
 
 #include "ui/base/text.h"
 #include "ui/grid/cell_colours.h"
+#include "ui/grid/flex_grid_model.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QToolTip>
+
+#include <algorithm>
 
 namespace zorvane::ui {
 
@@ -58,6 +61,16 @@ void drawCellText(QPainter* painter, const QStyleOptionViewItem& option, const Q
                       fits ? text : option.fontMetrics.elidedText(text, Qt::ElideRight, place.width()));
 }
 
+/// A triangle in the colour of the text, so that it is seen on any ground.
+void drawCorners(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
+    if ((index.data(cornerRole).toInt() & Corner_Changed) == 0) return;
+    const int side = std::max(5, option.rect.height() * 2 / 5);
+    const QPoint corner(option.rect.right() + 1, option.rect.top());
+    painter->setBrush(painter->pen().color());
+    painter->setPen(Qt::NoPen);
+    painter->drawPolygon(QPolygon({corner, corner - QPoint(side, 0), corner + QPoint(0, side)}));
+}
+
 void drawCurrentBorder(QPainter* painter, const QStyleOptionViewItem& option) {
     const QPalette::ColorGroup group = groupOf(option);
     const bool focused = option.state.testFlag(QStyle::State_HasFocus);
@@ -84,6 +97,7 @@ void Flex_Grid_Delegate::paint(QPainter* painter, const QStyleOptionViewItem& gi
     painter->fillRect(given.rect, look.back);
     painter->setPen(look.fore);
     drawCellText(painter, given, index);
+    drawCorners(painter, given, index);
     if (current) drawCurrentBorder(painter, given);
     painter->restore();
 }

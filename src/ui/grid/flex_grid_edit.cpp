@@ -9,6 +9,7 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace zorvane::ui {
@@ -156,13 +157,26 @@ void Flex_Grid_View::copySelection() const {
     if (selection.isEmpty() || !selection.first().isValid()) return;
     const QItemSelectionRange range = selection.first();
     QStringList lines;
+    std::vector<std::vector<std::string>> rows;
     for (int row = range.top(); row <= range.bottom(); ++row) {
         QStringList texts;
-        for (int col = range.left(); col <= range.right(); ++col)
+        rows.emplace_back();
+        for (int col = range.left(); col <= range.right(); ++col) {
             texts << model_.index(row, col).data().toString();
+            rows.back().push_back(store().TextMatrix(row + 1, col));
+        }
         lines << texts.join(u'\t');
     }
-    QGuiApplication::clipboard()->setText(lines.join(u'\n'));
+    auto data = std::make_unique<QMimeData>();
+    data->setText(lines.join(u'\n'));
+    if (events.CopiedTable) data->setHtml(QString::fromStdString(events.CopiedTable(rows)));
+    QGuiApplication::clipboard()->setMimeData(data.release());
+}
+
+bool Flex_Grid_View::severalSelected() const {
+    const QItemSelection selection = selectionModel()->selection();
+    return selection.size() > 1 ||
+           (selection.size() == 1 && selection.first().width() * selection.first().height() > 1);
 }
 
 void Flex_Grid_View::paste() {
@@ -170,8 +184,10 @@ void Flex_Grid_View::paste() {
     const std::int32_t col = store().Col();
     const bool hasText = QGuiApplication::clipboard()->mimeData()->hasText();
     if (!editable_ || isEditing() || row < 1 || col < 0 || !hasText) return;
-    if (!askEdit(row, col)) return;
     const Pasted_Text pasted = pastedText(QGuiApplication::clipboard()->text());
+    const bool fills = !pasted.severalCells && severalSelected() && events.PasteIntoSelection;
+    if (fills && events.PasteIntoSelection(pasted.line)) return;
+    if (!askEdit(row, col)) return;
     const std::vector<Combo_Entry> entries = comboEntries(store().ComboList());
     if (pasted.severalCells && (!entries.empty() || !takesBlock(row, col))) return refuse(row, col, {});
     if (!fitsCodePage(pasted.line)) return refuse(row, col, {missingCharacter(pasted.line)});

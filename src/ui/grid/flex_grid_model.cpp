@@ -78,6 +78,8 @@ QVariant Flex_Grid_Model::data(const QModelIndex& index, int role) const {
         return describe ? fromCore(describe(row, col)) : QVariant();
     case Qt::ToolTipRole:
         return explain ? fromCore(explain(row, col)) : QVariant();
+    case cornerRole:
+        return corners ? QVariant(corners(row, col)) : QVariant();
     default:
         return {};
     }

@@ -9,6 +9,13 @@
 
 namespace zorvane::ui {
 
+/// What a cell carries in its corners beside its text; a sum of these.
+enum Cell_Corner : int {
+    Corner_Changed = 1, ///< a triangle in the upper right one: the value isn't the file's
+};
+/// The role under which a view gets it.
+inline constexpr int cornerRole = Qt::UserRole + 1;
+
 /// The cells of a grid as Qt's views see them. The cells themselves are a `Memory_Grid`; nothing is made for
 /// a single cell. Grid row 0 is the horizontal header, so row 0 of the model is grid row 1.
 ///
@@ -25,6 +32,8 @@ class Flex_Grid_Model final : public QAbstractTableModel {
     Describe_Cell describe;
     /// What the tool tip of a cell says; empty for none.
     Describe_Cell explain;
+    /// What is in the corners of a cell.
+    std::function<int(std::int32_t row, std::int32_t col)> corners;
 
     [[nodiscard]] bool sizesDiffer() const;
     /// Takes the sizes of the store over; views start again.

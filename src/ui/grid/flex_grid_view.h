@@ -12,6 +12,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QMenu;
 
@@ -32,6 +33,11 @@ struct Flex_Grid_Events {
     std::function<void(std::int32_t row, std::int32_t col)> AfterEdit;
     /// Whether a cell takes a pasted text of several cells or lines as one line; without it each does.
     std::function<bool(std::int32_t row, std::int32_t col)> TakesBlock;
+    /// One text is pasted while several cells are selected. True when that was dealt with; else, and without
+    /// it, the current cell takes the text.
+    std::function<bool(const QString& text)> PasteIntoSelection;
+    /// The cells that are copied as an HTML table, row by row; without it they are copied as text only.
+    std::function<std::string(const std::vector<std::vector<std::string>>& rows)> CopiedTable;
     /// Something that was typed or pasted isn't taken.
     std::function<void(std::int32_t row, std::int32_t col, const Refused_Input& what)> Refused;
     /// The user drags a column's border; the column is that wide now, in twips.
@@ -96,7 +102,8 @@ class Flex_Grid_View final : public QTableView {
     [[nodiscard]] bool isEditing() const { return editor_ != nullptr; }
     /// Takes the text of an edit in progress, as if the user had clicked elsewhere.
     void finishEdit();
-    /// Copies the selected cells: a tab between columns, a line feed between rows.
+    /// Copies the selected cells: a tab between columns, a line feed between rows; as a table, too, where the
+    /// owner makes one.
     void copySelection() const;
     /// Commits the clipboard's text into the current cell.
     void paste();
@@ -167,6 +174,7 @@ class Flex_Grid_View final : public QTableView {
     void acceptEntry(std::int32_t row, std::int32_t col, const Combo_Entry& entry);
     void tellAfterEdit(std::int32_t row, std::int32_t col);
     [[nodiscard]] bool takesBlock(std::int32_t row, std::int32_t col) const;
+    [[nodiscard]] bool severalSelected() const;
     void refuse(std::int32_t row, std::int32_t col, const Refused_Input& what) const;
 
     void tellMouse(const Flex_Grid_Events::Mouse& handler, const QMouseEvent& event, const QWidget& source,

@@ -12,7 +12,8 @@
 
 namespace zorvane::ui {
 
-/// An entry as designed: its name, "" for a separator; its caption; its keys, "" for none; whether it carries
+/// An entry as designed: its name, "" for a separator; its caption; its keys with blanks between them, "" for
+/// none; whether it carries
 /// a check mark; the name of the menu inside which it stands, "" for the menu itself.
 struct Menu_Line {
     std::string_view name{};
@@ -43,6 +44,20 @@ constexpr std::array fileLines = {
     separator,
     Menu_Line{"MNU_New", "&New from Model", ""},
     Menu_Line{"MNU_Recent", "Recent Fi&les", ""},
+    Menu_Line{"MNU_ExportValues", "&Export values...", ""},
+    Menu_Line{"MNU_ImportValues", "&Import values...", ""},
+};
+
+constexpr std::array editLines = {
+    Menu_Line{"MNU_Undo", "&Undo", "Ctrl+Z"},
+    Menu_Line{"MNU_Redo", "&Redo", "Ctrl+Shift+Z Ctrl+Y"},
+    separator,
+    Menu_Line{"MNU_Copy", "&Copy", ""},
+    Menu_Line{"MNU_PasteBlock", "Paste &block", "Ctrl+Shift+V"},
+    separator,
+    Menu_Line{"MNU_Find", "&Find...", "Ctrl+F"},
+    Menu_Line{"MNU_FindNext", "Find &next", "F3"},
+    Menu_Line{"MNU_FindPrevious", "Find &previous", "Shift+F3"},
 };
 
 constexpr std::array communicationLines = {
@@ -65,6 +80,7 @@ constexpr std::array viewLines = {
     Menu_Line{"MNU_Commands", "Commands by &Name...", "Ctrl+K"},
     Menu_Line{"MNU_FillsRoom", "&Last column takes the room", "", true},
     Menu_Line{"MNU_DarkGrounds", "&Dark grounds in the dark", "", true},
+    Menu_Line{"MNU_MarkChanged", "Mark &changed cells", "", true},
 };
 
 constexpr std::array windowLines = {
@@ -101,6 +117,7 @@ Main_Menu::Main_Menu(QMenuBar& bar) : tray_(std::make_unique<QMenu>(QStringLiter
         fill(menu, lines.data(), lines.data() + lines.size());
     };
     addMenu("&File", "MNU_File", fileLines);
+    addMenu("&Edit", "MNU_Edit", editLines);
     addMenu("&Communication", "MNU_Communication", communicationLines);
     addMenu("&View", "MNU_View", viewLines);
     addMenu("&Windows", "MNU_Windows", windowLines);
@@ -130,7 +147,10 @@ void Main_Menu::fill(QMenu& menu, const Menu_Line* first, const Menu_Line* last)
 void Main_Menu::add(QMenu& menu, const Menu_Line& line) {
     QAction& entry = *menu.addAction(text(line.caption));
     entry.setObjectName(text(line.name));
-    if (!line.keys.empty()) entry.setShortcut(QKeySequence(text(line.keys)));
+    QList<QKeySequence> keys;
+    for (const QString& each : text(line.keys).split(u' ', Qt::SkipEmptyParts))
+        keys << QKeySequence(each);
+    entry.setShortcuts(keys);
     entry.setCheckable(line.checkable);
     // Choosing an entry leaves its mark alone: its owner sets it.
     if (line.checkable)

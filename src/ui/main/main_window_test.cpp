@@ -89,18 +89,22 @@ TEST_F(Main_Window_Test, HasTheMenus) {
     std::vector<std::string> titles;
     for (const QAction* entry : window.menuBar()->actions())
         titles.push_back(entry->text().toStdString());
-    EXPECT_EQ(titles, (std::vector<std::string>{"&File", "&Communication", "&View", "&Windows", "&Help"}));
+    EXPECT_EQ(titles,
+              (std::vector<std::string>{"&File", "&Edit", "&Communication", "&View", "&Windows", "&Help"}));
     EXPECT_EQ(captionsOf(menuCalled("MNU_File")),
               "&Open... | &Close | Sa&ve | Save &As... | &Recover... | - | Pa&ge Setup... | &Print... | "
-              "&Show grid  in report | - | E&xit | - | &New from Model | Recent Fi&les");
+              "&Show grid  in report | - | E&xit | - | &New from Model | Recent Fi&les | &Export values... | "
+              "&Import values...");
     EXPECT_EQ(captionsOf(*window.menu().action("MNU_Print").menu()), "Print Pag&e | P&rint All...");
     EXPECT_EQ(
         captionsOf(menuCalled("MNU_Communication")),
         "&Upload to PC | &Download to Device | D&isconnect | - | &Port Settings... | &Modbus Monitor | - | "
         "&Compare... | &Send Changes... | &Find Controllers... | &Listen...");
-    EXPECT_EQ(
-        captionsOf(menuCalled("MNU_View")),
-        "&Font size... | - | Commands by &Name... | &Last column takes the room | &Dark grounds in the dark");
+    EXPECT_EQ(captionsOf(menuCalled("MNU_View")), "&Font size... | - | Commands by &Name... | &Last column "
+                                                  "takes the room | &Dark grounds in the dark | "
+                                                  "Mark &changed cells");
+    EXPECT_EQ(captionsOf(menuCalled("MNU_Edit")),
+              "&Undo | &Redo | - | &Copy | Paste &block | - | &Find... | Find &next | Find &previous");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Windows")), "&Minimize | Ma&ximize | Minimize to &tray");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Help")),
               "&Index | &Brevik Online | Contact &Us  | &About | - | Copy &Report for Support");

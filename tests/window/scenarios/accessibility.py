@@ -95,7 +95,8 @@ def an_unreachable_cell_tells_its_text_too(program):
 
 
 def menus_and_the_busy_form(program):
-    _tell_all(program, tour.menus, ["menu_file", "menu_communication", "menu_view", "menu_windows", "menu_help"])
+    _tell_all(program, tour.menus, ["menu_file", "menu_edit", "menu_communication", "menu_view", "menu_windows",
+                                   "menu_help"])
     listener = Listener(program)
     tour.long_report(program, listener)
     assert listener.faults == [], listener.faults

@@ -102,6 +102,7 @@ void Window_Form::endQuestions() {
 
 void Window_Form::setPanel(Panel panel, const std::string& text) {
     window_.StatusBar1().setText(static_cast<int>(panel), shownText(text));
+    if (panel == Panel::ReadOnly || panel == Panel::LinkState) callIfAny(extras.stateChanged);
 }
 
 std::string Window_Form::panel(Panel panel) const {
@@ -120,6 +121,7 @@ void Window_Form::setMenuEnabled(Menu_Entry entry, bool enabled) {
             menu.action(other).setEnabled(enabled);
     menu.action(nameOf(Menu_Entry::MNU_PrintPage))
         .setEnabled(printPageEnabled_ && menu.action(nameOf(Menu_Entry::MNU_Print)).isEnabled());
+    callIfAny(extras.stateChanged);
 }
 
 bool Window_Form::menuEnabled(Menu_Entry entry) const {
@@ -135,11 +137,15 @@ bool Window_Form::menuChecked(Menu_Entry entry) const {
     return window_.menu().action(nameOf(entry)).isChecked();
 }
 
-void Window_Form::setCaption(const std::string& text) { window_.setWindowTitle(shownText(text)); }
+void Window_Form::setCaption(const std::string& text) {
+    window_.setWindowTitle(shownText(text));
+    callIfAny(extras.stateChanged);
+}
 
 void Window_Form::setFormEnabled(bool enabled) {
     window_.setFormEnabled(enabled);
     callIfAny(extras.formEnabledSet);
+    callIfAny(extras.stateChanged);
 }
 
 void Window_Form::setLostComShown(bool shown) {

@@ -29,6 +29,7 @@ struct Window_Extras {
     std::function<void(double fontSize)> restartPreviews;
     std::function<void(bool isUpload)> showFrmStatus;
     std::function<void()> unloadFrmStatus;
+    std::function<void()> stateChanged;   ///< the title or an entry of the menu may stand differently
     std::function<void()> formEnabledSet; ///< the form was enabled or disabled
     std::function<void()> documentOpened; ///< another document is in the window, or none
     std::function<void()> documentSaved;  ///< Save or Save As has ended, well or not

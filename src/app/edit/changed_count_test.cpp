@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "app/document/document_commands.h"
+#include "app/edit/changed_count.h"
+#include "app/testing/app_bench.h"
+#include "grids/fill/fill_settings.h"
+
+#include <gtest/gtest.h>
+
+namespace zorvane::app {
+namespace {
+
+struct Changed_Count : testing::Test, doubles::App_Bench {
+    Changed_Count() {
+        openFile(app, "/home/site7.abc", false);
+        upper.setRow(1);
+        document.Selected_Field = 1;
+        PRO_Llena_Settings(app.grids, 1, true);
+    }
+    [[nodiscard]] std::string told() const {
+        return mainForm.base.bar.lines().empty() ? "" : mainForm.base.bar.lines().front().text;
+    }
+};
+
+TEST_F(Changed_Count, IsToldWhenAskedForAndKeptUpToDate) {
+    edit(1, "11");
+    refreshChangedCount(app);
+    EXPECT_EQ(told(), "") << "nobody asked";
+    tellChangedCount(app);
+    EXPECT_EQ(told(), "1 value differs from the file.");
+    edit(2, "21");
+    refreshChangedCount(app);
+    EXPECT_EQ(told(), "2 values differ from the file.");
+    edit(1, "10");
+    edit(2, "20");
+    refreshChangedCount(app);
+    EXPECT_EQ(told(), "");
+}
+
+TEST_F(Changed_Count, NewerLinesStayInFrontOfIt) {
+    edit(1, "11");
+    tellChangedCount(app);
+    mainForm.base.bar.tell({"other", Bar_Kind::Warning, "Something else.", {}});
+    edit(2, "21");
+    refreshChangedCount(app);
+    EXPECT_EQ(told(), "Something else.");
+}
+
+TEST_F(Changed_Count, TheMarkIsThatOfTheShownPage) {
+    edit(1, "11");
+    EXPECT_TRUE(isMarkedChanged(app, 1, 1));
+    EXPECT_FALSE(isMarkedChanged(app, 2, 1));
+    upper.setRow(2);
+    EXPECT_FALSE(isMarkedChanged(app, 1, 1));
+}
+
+TEST_F(Changed_Count, WhileOnlineTheValuesAreTheControllersAndCarryNoMark) {
+    edit(1, "11");
+    form.Online = true;
+    EXPECT_FALSE(isMarkedChanged(app, 1, 1));
+    form.Online = false;
+    EXPECT_TRUE(isMarkedChanged(app, 1, 1));
+}
+
+TEST_F(Changed_Count, ASaveTakesAllMarksAway) {
+    edit(1, "11");
+    MNU_Save_Click(app);
+    EXPECT_FALSE(isMarkedChanged(app, 1, 1));
+}
+
+TEST_F(Changed_Count, TheSwitchTurnsTheMarksOffForTheNextStartToo) {
+    edit(1, "11");
+    EXPECT_TRUE(marksChangedCells(app));
+    MNU_MarkChanged_Click(app);
+    EXPECT_FALSE(isMarkedChanged(app, 1, 1));
+    EXPECT_EQ(told(), "");
+    state.marksChanged.reset();
+    EXPECT_FALSE(marksChangedCells(app));
+    MNU_MarkChanged_Click(app);
+    EXPECT_TRUE(isMarkedChanged(app, 1, 1));
+    EXPECT_EQ(told(), "1 value differs from the file.");
+}
+
+} // namespace
+} // namespace zorvane::app
