@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Find Controllers, Listen, and the port dialog's test that goes on, by keyboard alone."""
+"""Find Controllers, Listen, and the port dialog's test that goes on: by keyboard alone once they are open."""
 import os
 import pty
 import tty
@@ -17,17 +17,6 @@ def _opened(program):
     program.start()
     program.open(path)
     program.expect_title("site7.kvrt207d - Zorvane")
-    # The grids are hidden and shown again after the title; until then no menu answers.
-    program.expect_field(4)  # applying the font size moves on by three, at the end of opening
-    wait_for("the focus in the upper grid", lambda: "focused" in program.fields.table.states)
-
-
-def _menu(program, letter):
-    """Alt and the menu's letter, then the letter of an entry."""
-    wait_for("the main window", lambda: "active" in program.window.states)
-    program.hands.chord(["alt"], "c")
-    wait_for("the menu", lambda: program.entry("Communication").children[0].is_shown)
-    program.hands.keys(letter)
 
 
 def _type_into(program, key, text):
@@ -40,8 +29,8 @@ def a_controller_is_found_and_used(program):
     controller = program.simulator("KVRT207D", "--slave", "3")
     program.use_port(controller)
     _opened(program)
+    program.choose("Communication", "Find Controllers...")
     with Only_Keyboard(program):
-        _menu(program, "f")
         dialog = program.dialog("FindControllers")
         _type_into(program, "n", "1-5")
         program.hands.keys("Return")
@@ -64,8 +53,8 @@ def a_search_is_stopped_and_closed(program):
     controller = program.simulator("KVRT207D", "--fault", "silent")
     program.use_port(controller)
     _opened(program)
+    program.choose("Communication", "Find Controllers...")
     with Only_Keyboard(program):
-        _menu(program, "f")
         dialog = program.dialog("FindControllers")
         program.hands.keys("Return")
         tried = dialog.part.named("LBL_Tried")
@@ -96,8 +85,8 @@ def a_line_is_listened_to(program):
     tty.setraw(near)
     program.store("ModbusPort", Port=os.ttyname(near), Settings='"9600,n,8,1"')
     _opened(program)
+    program.choose("Communication", "Listen...")
     with Only_Keyboard(program):
-        _menu(program, "l")
         dialog = program.dialog("Listen")
         program.hands.keys("Return")
         wait_for("the word Stop", lambda: dialog.part.named("BOT_Listen").name == "Stop")
@@ -136,8 +125,8 @@ def the_test_goes_on_to_one_sentence(program):
     controller = program.simulator("KVRT207D", "--slave", "2")
     program.use_port(controller)
     _opened(program)
+    program.choose("Communication", "Port Settings...")
     with Only_Keyboard(program):
-        _menu(program, "p")
         dialog = program.dialog("PortSettings")
         program.hands.chord(["alt"], "t")
         verdict, diagnosis = dialog.part.named("TXT_Verdict"), dialog.part.named("TXT_Diagnosis")
@@ -153,8 +142,8 @@ def the_test_goes_on_to_one_sentence(program):
 
 def a_port_on_a_network_is_entered_by_its_form(program):
     _opened(program)
+    program.choose("Communication", "Port Settings...")
     with Only_Keyboard(program):
-        _menu(program, "p")
         dialog = program.dialog("PortSettings")
         program.hands.chord(["alt"], "n")
         form = program.dialog("NetworkPort")
