@@ -6,7 +6,7 @@
 #include "template/sections/messages.h"
 #include "values/numbers.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace zorvane::edit {
 
@@ -23,42 +23,36 @@ std::string writtenText(const Declara_Zorvane& document, const Cell_Place& place
 } // namespace
 
 void Changed_Cells::take(const Declara_Zorvane& document) {
-    pages_.clear();
-    if (!document.Fields.dimensioned()) return;
-    const std::int32_t last = std::min<std::int32_t>(document.Field_Count, document.Fields.upperBound());
-    for (std::int32_t f = 1; f <= last; ++f)
-        pages_.push_back({std::max<std::int32_t>(document.Fields(f).Columns, 0), {}});
+    texts_.clear();
+    known_ = true;
     forEachCell(document, [&](const Cell_Place& place, const Cell_Rec&, const Cell_Rec& cell) {
-        Page& page = pages_[static_cast<std::size_t>(place.field) - 1];
-        const auto at = static_cast<std::size_t>((place.row - 1) * page.columns + place.column - 1);
-        if (page.texts.size() <= at) page.texts.resize(at + 1);
-        page.texts[at] = writtenText(document, place, cell);
+        std::string text = writtenText(document, place, cell);
+        if (!text.empty()) texts_.emplace_hint(texts_.end(), place, std::move(text));
     });
 }
 
-/// Cells that nobody wrote to are blank.
-const std::string* Changed_Cells::textOf(const Cell_Place& place) const {
+void Changed_Cells::forget() {
+    texts_.clear();
+    known_ = false;
+}
+
+const std::string& Changed_Cells::textOf(const Cell_Place& place) const {
     static const std::string blank;
-    if (place.field < 1 || static_cast<std::size_t>(place.field) > pages_.size()) return nullptr;
-    const Page& page = pages_[static_cast<std::size_t>(place.field) - 1];
-    if (place.row < 1 || place.column < 1 || place.column > page.columns) return nullptr;
-    const auto at = static_cast<std::size_t>((place.row - 1) * page.columns + place.column - 1);
-    return at < page.texts.size() ? &page.texts[at] : &blank;
+    const auto text = texts_.find(place);
+    return text == texts_.end() ? blank : text->second;
 }
 
 bool Changed_Cells::isChanged(const Declara_Zorvane& document, const Cell_Place& place) const {
-    const std::string* const base = textOf(place);
-    if (base == nullptr || !hasCell(document, place)) return false;
+    if (!known_ || !hasCell(document, place)) return false;
     const Cell_Table& cells = document.Fields(place.field).Cells;
-    return writtenText(document, place, cells(place.row, place.column)) != *base;
+    return writtenText(document, place, cells(place.row, place.column)) != textOf(place);
 }
 
 std::vector<Cell_Place> Changed_Cells::all(const Declara_Zorvane& document) const {
     std::vector<Cell_Place> changed;
-    if (pages_.empty()) return changed;
+    if (!known_) return changed;
     forEachCell(document, [&](const Cell_Place& place, const Cell_Rec&, const Cell_Rec& cell) {
-        const std::string* const base = textOf(place);
-        if (base != nullptr && writtenText(document, place, cell) != *base) changed.push_back(place);
+        if (writtenText(document, place, cell) != textOf(place)) changed.push_back(place);
     });
     return changed;
 }

@@ -3,7 +3,7 @@
 
 #include "template/model/declara_zorvane.h"
 
-#include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -16,22 +16,17 @@ class Changed_Cells {
     /// The document is as its file says: it was opened or saved just now.
     void take(const Declara_Zorvane& document);
     /// No file says what it holds; then no cell counts as changed.
-    void forget() { pages_.clear(); }
+    void forget();
 
     [[nodiscard]] bool isChanged(const Declara_Zorvane& document, const Cell_Place& place) const;
     /// The changed cells, by page, row and column.
     [[nodiscard]] std::vector<Cell_Place> all(const Declara_Zorvane& document) const;
 
   private:
-    /// The texts of a field's cells, row by row.
-    struct Page {
-        std::int32_t columns = 0;
-        std::vector<std::string> texts;
-    };
+    [[nodiscard]] const std::string& textOf(const Cell_Place& place) const;
 
-    [[nodiscard]] const std::string* textOf(const Cell_Place& place) const;
-
-    std::vector<Page> pages_; ///< by field, from 0 for field 1
+    bool known_ = false;
+    std::map<Cell_Place, std::string> texts_; ///< of the cells that weren't blank
 };
 
 } // namespace zorvane::edit
