@@ -187,7 +187,7 @@ class Machine:
     """REQUIRES: `folder` is empty and stays until `stop`."""
 
     def __init__(self, folder, kernel, image, lines):
-        """`lines`: host and port of what is behind each adapter, by the adapter's name; nothing for a silent one."""
+        """`lines`: host and port of what is at each adapter, by the adapter's name; nothing for a silent one."""
         self.trace_file = os.path.join(folder, "trace")
         self.console_file = os.path.join(folder, "console")
         command = ["qemu-system-x86_64", "-nic", "none", "-cpu", "max", "-m", "512", "-display", "none", "-no-reboot",
@@ -197,8 +197,8 @@ class Machine:
                    "-device", "pci-serial,chardev=agent",
                    "-qmp", f"unix:{folder}/monitor,server=on,wait=off", "-trace", "usb_serial_*", "-D", self.trace_file]
         for name, address in lines.items():
-            behind = f"socket,host={address[0]},port={address[1]}" if address else "null"
-            command += ["-chardev", f"{behind},id=line-{name}"]
+            backend = f"socket,host={address[0]},port={address[1]}" if address else "null"
+            command += ["-chardev", f"{backend},id=line-{name}"]
         with open(os.path.join(folder, "errors"), "wb") as errors:
             self.process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=errors, stderr=errors)
         self.connections = []

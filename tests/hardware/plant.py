@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The controllers behind the adapters, simulated on this side, and the documents of them."""
+"""The controllers at the adapters, simulated on this side, and the documents of them."""
 import json
 import os
 import subprocess

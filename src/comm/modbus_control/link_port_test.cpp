@@ -432,6 +432,7 @@ TEST(LinkPort, AClosedPortIsNotLookedFor) {
 TEST(LinkPort, AnotherTimeOutCountsFromTheNextRequestAndLeavesThePortOpen) {
     Link_Rig rig;
     rig.block(1, 5);
+    rig.link.PrepareScan();
     rig.link.StartScan();
     rig.clock.runFor(microsPerSecond);
     const std::size_t openings = rig.port.attempts.size();

@@ -163,10 +163,11 @@ void Edit_Windows::refresh() {
         allow("MNU_ExportValues", open ? "" : why);
         window_.menu().action(QStringLiteral("MNU_MarkChanged")).setChecked(marksChangedCells(app_));
         refreshChangedCount(app_);
-        if (findWindow_ == nullptr || !findWindow_->isVisible()) return;
+        Find_Window* const find = findWindow_.data();
+        if (find == nullptr || !find->isVisible()) return;
         // A transfer goes by the grids' rows, which a found cell would move.
-        findWindow_->setEnabled(window_.formEnabled());
-        findWindow_->refresh();
+        find->setEnabled(window_.formEnabled());
+        find->refresh();
     });
     window_.FLX_Settings().view().viewport()->update();
 }
