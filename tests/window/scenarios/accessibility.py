@@ -48,8 +48,9 @@ def _tell_all(program, part, stops):
 
 def windows_at_rest(program):
     _tell_all(program, tour.at_rest,
-              ["start", "open", "document", "save_as", "page_setup", "font", "about", "recover_empty", "port", "credits",
-               "debug", "editing", "refused", "list", "message_bar", "question", "preview", "export"])
+              ["start", "open", "document", "save_as", "page_setup", "font", "about", "recover_empty", "find",
+               "listen", "port", "compare", "credits", "debug", "editing", "refused", "list", "message_bar",
+               "question", "preview", "export"])
 
 
 def windows_of_recovery(program):

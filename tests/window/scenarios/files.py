@@ -125,7 +125,9 @@ def a_change_on_disk_is_told_and_read_again(program):
     os.replace(beside, path)  # as editors save
     word, said = _bar(program)
     assert word == "Warning" and said.startswith(f"{path} was changed on disk by another program at "), said
-    program.hands.click(program.window.named("BAR_1_Button1"))
+    offered = [program.window.named(f"BAR_1_Button{number}") for number in (1, 2)]
+    assert [button.name for button in offered] == ["Compare", "Reload"], offered
+    program.hands.click(offered[1])
     program.select_field(1)
     wait_for("the new value", lambda: any("Breaker Q7" in row for row in program.settings.texts()))
     wait_for("no bar", lambda: not program.shows("BAR_1"))
