@@ -51,6 +51,8 @@ def a_recent_file_that_is_gone_is_greyed(program):
         program.open(path)
         program.expect_title(f"{os.path.basename(path)} - Zorvane")
     os.remove(first)
+    # The grids are hidden and shown again after the title; until then no menu answers.
+    wait_for("the focus in the upper grid", lambda: "focused" in program.fields.table.states)
     program.hands.chord(["alt"], "f")
     program.hands.keys("l")
     expect("which are enabled", lambda: [entry.is_enabled for entry in _entries(program, "Recent Files")],
