@@ -278,26 +278,13 @@ def in_the_tray(program, visit):
     finish(program)
 
 
-def pull_down(program, letter, entry):
-    """Alt and the letter; on a busy machine the keys may come while the window still takes its new size, and shut the
-    menu again. A person would press them once more."""
-    for last in (False, False, True):
-        program.hands.chord(["alt"], letter)
-        try:
-            return wait_for(f"the menu {entry.name}", lambda: entry.children[0].is_shown, 30 if last else 5)
-        except AssertionError:
-            if last:
-                raise
-            program.hands.keys("Escape", "Escape")
-
-
 def menus(program, visit):
     """Each menu of an open document, pulled down."""
     opened(program)
     for letter, caption in (("f", "File"), ("e", "Edit"), ("c", "Communication"), ("v", "View"), ("w", "Windows"),
                             ("h", "Help")):
         entry = program.window.find(role="menu bar").find(role="menu item", name=caption)
-        pull_down(program, letter, entry)
+        program.pull_down(caption, letter)
         visit("menu_" + caption.lower(), entry.children[0])
         program.hands.keys("Escape", "Escape")
     finish(program)

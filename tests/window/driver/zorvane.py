@@ -10,7 +10,7 @@ from .desktop import end
 from .hands import Hands
 from .picture import Picture
 from .programs import Simulator, Terminal
-from .waiting import Vanished, expect, wait_for
+from .waiting import DEADLINE, Vanished, expect, wait_for
 
 SETTINGS_FILE = "Zorvane/Zorvane.conf"
 SAVED_FOLDER = "Saved"  # files as they were before a save
@@ -194,6 +194,36 @@ class Zorvane:
         entry = self.entry(*captions)
         assert entry.is_enabled, f"the menu entry {' > '.join(captions)} is disabled"
         entry.press()
+
+    def pull_down(self, caption, letter=None):
+        """Alt and the menu's letter, pressed once more where the menu doesn't stay open, as a person would: Qt sends
+        each key to the registry of accessible programs and takes it up again when that has answered, but opens the
+        menu at once; on a busy machine the Alt comes back to an open menu, and closes it as any Alt does."""
+        wait_for("the main window", lambda: "active" in self.window.states)
+        wait_for("menus that answer", lambda: self.is_enabled(caption))
+        menu = self.entry(caption)
+        for patience in (5, 5, DEADLINE):
+            self.hands.chord(["alt"], letter or caption[0].lower())
+            try:
+                return wait_for(f"the menu {caption}", lambda: menu.children[0].is_shown, patience)
+            except AssertionError:
+                if patience == DEADLINE:
+                    raise
+
+    def type_into(self, key, text):
+        """Goes to a field of a dialog by Alt and its key, and types over what it holds. The text is waited for: the
+        next field's key would overtake its last letters on their way by the registry of accessible programs."""
+        self.hands.chord(["alt"], key)
+        self.hands.keys("ctrl+a")
+        self.hands.write(text)
+        wait_for(f"the typed text {text}", lambda: self._has_field_with(text))
+
+    def _has_field_with(self, text):
+        """Whether a field of the window with the keyboard holds that text. The owner of the focus isn't asked: the
+        one of a list that can be typed into is replaced while it is typed into."""
+        window = next_of((child for child in self.root.children if "active" in child.states), "a window")
+        fields = (part for part in window.walk() if part.role in ("text", "spin box") and part.is_shown)
+        return any(field.text.removesuffix(" ms") == text for field in fields)
 
     # Dialogs.
 

@@ -82,11 +82,7 @@ def all_of_it_by_keyboard(program):
         file.write(text.replace(b"ROW_12=R6 pulse,2:00,", b"ROW_12=R6 pulse,2:05,"))
     program.without_leak_check()
     with Only_Keyboard(program):
-        wait_for("the main window", lambda: "active" in program.window.states)
-        # The grids are hidden and shown again after the title; until then no menu answers.
-        wait_for("the focus in the upper grid", lambda: "focused" in program.fields.table.states)
-        program.hands.chord(["alt"], "c")
-        wait_for("the menu", lambda: program.entry("Communication").children[0].is_shown)
+        program.pull_down("Communication")
         program.hands.keys("c")
         window = _window(program)
         _choose_side(program, window, "g", "Right", "Another file")

@@ -38,8 +38,7 @@ def a_key_chord_shows_the_debug_form(program):
 def the_menu_opens_by_keyboard(program):
     program.start()
     program.select_field(2)
-    program.hands.chord(["alt"], "f")
-    expect("the open menu", lambda: program.entry("File", "Open...").is_shown, True)
+    program.pull_down("File")
     program.hands.keys("o")
     program.dialog("CommonDialog").answer("Cancel")
     program.hands.keys("ctrl+o")

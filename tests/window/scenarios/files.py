@@ -36,8 +36,7 @@ def recent_files_open_again_by_keyboard(program):
     expect("the recent files",
            lambda: [entry.name for entry in _entries(program, "Recent Files")], [f"1 {second}", f"2 {first}"])
     with Only_Keyboard(program):
-        wait_for("the focus in the upper grid", lambda: "focused" in program.fields.table.states)
-        program.hands.chord(["alt"], "f")
+        program.pull_down("File")
         program.hands.keys("l", "2")
         program.expect_title("first.kvrt207d - Zorvane")
     program.expect_panel(1, "")
@@ -51,9 +50,7 @@ def a_recent_file_that_is_gone_is_greyed(program):
         program.open(path)
         program.expect_title(f"{os.path.basename(path)} - Zorvane")
     os.remove(first)
-    # The grids are hidden and shown again after the title; until then no menu answers.
-    wait_for("the focus in the upper grid", lambda: "focused" in program.fields.table.states)
-    program.hands.chord(["alt"], "f")
+    program.pull_down("File")
     program.hands.keys("l")
     expect("which are enabled", lambda: [entry.is_enabled for entry in _entries(program, "Recent Files")],
            [True, False])
@@ -62,7 +59,7 @@ def a_recent_file_that_is_gone_is_greyed(program):
 def a_new_document_has_factory_values_and_no_place(program):
     program.start()
     with Only_Keyboard(program):
-        program.hands.chord(["alt"], "f")
+        program.pull_down("File")
         program.hands.keys("n")
         expect("the models", lambda: [entry.name for entry in _entries(program, "New from Model")],
                ["1 KVRT", "2 KVRT100", "3 KVRT207D", "4 R7702-16"])

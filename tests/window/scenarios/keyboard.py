@@ -14,9 +14,7 @@ SEEN_PIXELS = 20  # a focus of fewer different pixels would hardly be noticed
 
 def _menu(program, menu, letter):
     """Alt and the menu's letter, then the letter of an entry."""
-    wait_for("the main window", lambda: "active" in program.window.states)
-    program.hands.chord(["alt"], menu[0].lower())
-    wait_for(f"the menu {menu}", lambda: program.entry(menu).children[0].is_shown)
+    program.pull_down(menu)
     program.hands.keys(letter)
 
 
@@ -183,9 +181,8 @@ def the_focus_can_be_seen(program):
         _seen(program, upper_has_it, upper, "selected row of the upper grid")
 
         before = Picture(program.desktop)
-        program.hands.chord(["alt"], "f")
+        program.pull_down("File")
         entry = program.entry("File", "Open...")
-        wait_for("the open menu", lambda: entry.is_shown)
         opened = Picture(program.desktop)
         assert opened.difference(before, entry.rectangle) >= SEEN_PIXELS, "the menu doesn't show"
         close = program.entry("File", "Close").rectangle

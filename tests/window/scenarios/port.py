@@ -13,20 +13,13 @@ def _settings(program):
     return program.dialog("PortSettings")
 
 
-def _type_into(program, key, text):
-    """Goes to a field by its key and types over what it holds."""
-    program.hands.chord(["alt"], key)
-    program.hands.keys("ctrl+a")
-    program.hands.write(text)
-
-
 def _enter_line(program, port, baud="115200"):
     """Without a template's own time-out 300 ms would count."""
     dialog = _settings(program)
-    _type_into(program, "p", port)
-    _type_into(program, "s", "1")
-    _type_into(program, "b", baud)
-    _type_into(program, "u", "300")
+    program.type_into("p", port)
+    program.type_into("s", "1")
+    program.type_into("b", baud)
+    program.type_into("u", "300")
     return dialog
 
 
@@ -41,9 +34,9 @@ def a_typed_path_is_the_port(program):
     controller = program.simulator("KVRT207D", "--slave", "17")
     _opened(program)
     dialog = _settings(program)
-    _type_into(program, "p", controller.port)
-    _type_into(program, "s", "17")
-    _type_into(program, "b", "115200")
+    program.type_into("p", controller.port)
+    program.type_into("s", "17")
+    program.type_into("b", "115200")
     program.hands.keys("Return")
     dialog.wait_until_gone()
     program.expect_panel(3, "RTU: 17")
@@ -57,8 +50,8 @@ def a_cancelled_dialog_changes_nothing(program):
     program.use_port(controller)
     _opened(program)
     dialog = _settings(program)
-    _type_into(program, "p", "/dev/nowhere")
-    _type_into(program, "s", "99")
+    program.type_into("p", "/dev/nowhere")
+    program.type_into("s", "99")
     program.hands.keys("Escape")
     dialog.wait_until_gone()
     program.go_online()
@@ -159,7 +152,7 @@ def the_simulated_controller_needs_no_other_program(program):
     program.open(path)
     program.expect_title("site7.kvrt207d - Zorvane")
     dialog = _settings(program)
-    _type_into(program, "p", "Simulated controller")
+    program.type_into("p", "Simulated controller")
     program.hands.keys("Return")
     dialog.wait_until_gone()
     program.go_online()

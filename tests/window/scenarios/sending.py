@@ -22,26 +22,10 @@ class Sending:
     def __init__(self, program):
         self._program = program
         wait_for("the main window", lambda: "active" in program.window.states)
-        # The grids are hidden and shown again after the title; until then no menu answers.
         wait_for("the document's title", lambda: program.title.lstrip("* ").lower().startswith("site7."))
-        wait_for("the focus in a grid", lambda: any("focused" in grid.table.states
-                                                    for grid in (program.fields, program.settings)))
-        self._open_menu()
+        program.pull_down("Communication")
         program.hands.keys("s")
         self.dialog = program.dialog("FrmSend")
-
-    def _open_menu(self):
-        """While the window arranges itself it may take the letter and not the menu: then once more."""
-        menu = self._program.entry("Communication").children[0]
-        for last in (False, False, True):
-            self._program.hands.chord(["alt"], "c")
-            try:
-                wait_for("the menu", lambda: menu.is_shown, deadline=4)
-                return
-            except AssertionError:
-                if last:
-                    raise
-                self._program.hands.keys("Escape")
 
     def words(self, label):
         return self.dialog.part.named(label).name

@@ -19,12 +19,6 @@ def _opened(program):
     program.expect_title("site7.kvrt207d - Zorvane")
 
 
-def _type_into(program, key, text):
-    program.hands.chord(["alt"], key)
-    program.hands.keys("ctrl+a")
-    program.hands.write(text)
-
-
 def a_controller_is_found_and_used(program):
     controller = program.simulator("KVRT207D", "--slave", "3")
     program.use_port(controller)
@@ -32,7 +26,7 @@ def a_controller_is_found_and_used(program):
     program.choose("Communication", "Find Controllers...")
     with Only_Keyboard(program):
         dialog = program.dialog("FindControllers")
-        _type_into(program, "n", "1-5")
+        program.type_into("n", "1-5")
         program.hands.keys("Return")
         rows = Table(dialog.part.named("TBL_Found"))
         wait_for("the controller", lambda: rows.row_count == 1)
@@ -147,8 +141,8 @@ def a_port_on_a_network_is_entered_by_its_form(program):
         dialog = program.dialog("PortSettings")
         program.hands.chord(["alt"], "n")
         form = program.dialog("NetworkPort")
-        _type_into(program, "h", "localhost")
-        _type_into(program, "p", "1502")
+        program.type_into("h", "localhost")
+        program.type_into("p", "1502")
         program.hands.keys("Return")
         form.wait_until_gone()
         expect("the baud rate is enabled", lambda: dialog.part.named("CMB_Baud").is_enabled, False)
