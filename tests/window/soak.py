@@ -2,14 +2,15 @@
 # SPDX-License-Identifier: MIT
 """Polls a controller with faults for a long time, through the real window.
 
-    soak.py PROGRAMS [--minutes N] [--seed N]
+    soak.py PROGRAMS [--minutes N] [--seed N] [--monitor]
 
 One of ten exchanges goes wrong in some way, at about ten times the usual pace. Every value that the window shows must
 be one that the controller sent for that very register a moment ago, or "???" while the line is lost. Every few seconds
 a value is typed: one that the window calls written must be what the controller has, and after a failure the old one
 must stand in the cell again. Each minute a line tells the resident memory of the window. Exit code 1 when a value was
 wrong, the window stopped following the controller, or memory grew by more than a twentieth after the first three
-minutes.
+minutes. With --monitor the monitor is open all the time and writes the traffic to a file, which must hold every request
+that the controller saw since then.
 """
 import argparse
 import collections
@@ -102,7 +103,30 @@ class Soak:
         self.longest_still = 0.0
         self.written = self.failed = self.interrupted = self.tries = 0
         self.wrote_at = 0.0
+        self.requests_before = 0
         program.enlarge()
+
+    def record_traffic(self):
+        """Opens the monitor, and has it write to a file."""
+        program = self.program
+        program.choose("Communication", "Modbus Monitor")
+        monitor = program.dialog("ModbusMonitor")
+        program.hands.place_window(40, 950, 900, 60)  # below the main window, whose cells are clicked on
+        path = program.desktop.path("traffic", "line.jsonl")
+        monitor.part.named("BOT_To_File").toggle()
+        program.dialog("CommonDialog").choose_file(path, "Save")
+        wait_for("traffic in the file", lambda: os.path.exists(path) and os.path.getsize(path))
+        self.sent.follow()
+        self.traffic, self.requests_before = os.path.dirname(path), self.sent.requests
+
+    def recorded(self):
+        """Exchanges in the files of the traffic; every line must be one of them, stray bytes or a note."""
+        kinds = collections.Counter()
+        for name in os.listdir(self.traffic):
+            with open(os.path.join(self.traffic, name), encoding="utf-8") as file:
+                kinds.update(json.loads(line)["kind"] for line in file)
+        assert set(kinds) <= {"exchange", "stray", "note"}, kinds
+        return kinds["exchange"]
 
     def _go_online(self):
         """An upload that met a fault stays offline; a clean one goes online."""
@@ -233,18 +257,27 @@ def main():
     parser.add_argument("programs")
     parser.add_argument("--minutes", type=float, default=60)
     parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--monitor", action="store_true")
     options = parser.parse_args()
     with Desktop() as desktop:
         soak = Soak(Zorvane(desktop, os.path.abspath(options.programs)), options.seed)
+        if options.monitor:
+            soak.record_traffic()
         first, last = run(soak, options.minutes)
+        soak.program.stop()
+        soak.sent.follow()
+        asked = soak.sent.requests - soak.requests_before if options.monitor else 0
+        told = soak.recorded() if options.monitor else 0
     growth = last / first - 1
     print("faults:", ", ".join(f"{name} {count}" for name, count in sorted(soak.sent.faults.items())))
     print(f"memory: {first:.1f} MB after the start, {last:.1f} MB at the end, {100 * growth:+.1f} %")
     print(f"longest time that a cell kept its text: {soak.longest_still:.1f} s; "
           f"{soak.interrupted} edits cut short by another window")
+    if options.monitor:
+        print(f"traffic: {told} exchanges in the file, {asked} requests at the controller")
     for address, text, sent in soak.wrong[:20]:
         print(f"wrong: register {address} showed {text!r}, sent were {sent}")
-    good = not soak.wrong and growth <= MOST_GROWTH and soak.longest_still < LONGEST_STILL_S
+    good = told >= asked and not soak.wrong and growth <= MOST_GROWTH and soak.longest_still < LONGEST_STILL_S
     return 0 if good else 1
 
 
