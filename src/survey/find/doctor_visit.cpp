@@ -11,6 +11,10 @@ namespace {
 
 constexpr Micros listening = 1500 * microsPerMs;
 constexpr int patience = 3;
+/// After the first reads the line is listened to for a while: of two controllers with one number the slower
+/// one would else pass for a quick answer to the next read.
+constexpr int readsListenedAfter = 3;
+constexpr Micros listeningAfterRead = 300 * microsPerMs;
 
 } // namespace
 
@@ -71,7 +75,7 @@ void Doctor_Visit::endOfListening() {
 void Doctor_Visit::beginStep() {
     const Doctor_Step& step = doctor_.step();
     outcome_ = {};
-    asked_ = false;
+    ended_ = 0;
     if (told_) told_(stepWords(step, takesLineSettings(settings_.port)));
     trial_.emplace(step.reads, patience);
     next_ = Unit_Trial::Next::Ask;
@@ -103,12 +107,14 @@ void Doctor_Visit::ask() {
 /// The port is still at work when it tells this, so whatever comes next waits for the event loop.
 void Doctor_Visit::readEnded(const Try_Result& result) {
     if (phase_ != Phase::Asking) return;
-    if (!std::exchange(asked_, true)) outcome_.first = kindOf(result, settings_);
+    if (ended_++ == 0) outcome_.first = kindOf(result, settings_);
     outcome_.echoed = outcome_.echoed || result.echoed;
     Port_Settings port = settings_;
     port.line = line_;
     next_ = trial_->take(result, port);
-    alarm_->armAt(clock_.now());
+    const bool listens = doctor_.step().shows == Ailment::None && trial_->times().count() > 0 &&
+                         ended_ <= readsListenedAfter && !framingOf(settings_.port).numbersRequests();
+    alarm_->armAt(clock_.now() + (listens ? listeningAfterRead : 0));
 }
 
 void Doctor_Visit::endOfStep() {

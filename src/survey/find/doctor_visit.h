@@ -64,7 +64,7 @@ class Doctor_Visit final : private Probe_Listener {
     std::optional<Unit_Trial> trial_;
     Unit_Trial::Next next_ = Unit_Trial::Next::Ask;
     Step_Outcome outcome_;
-    bool asked_ = false; ///< the step has had its first read
+    int ended_ = 0; ///< reads of the step
     Diagnosis diagnosis_;
 };
 

@@ -99,26 +99,52 @@ TEST(DoctorVisit, FindsAnotherNumberNearBy) {
 TEST(DoctorVisit, FindsTwoControllersOfOneNumber) {
     Visit_Rig rig;
     rig.line.controllers.push_back(
-        {.unit = 3, .shortestDelay = 40 * ms, .longestDelay = 45 * ms, .registers = {{0, 8}}});
+        {.unit = 3, .shortestDelay = 40 * ms, .longestDelay = 40 * ms, .registers = {{0, 8}}});
     const Diagnosis diagnosis = rig.visit();
     EXPECT_EQ(diagnosis.ailment, Ailment::Twins);
-    EXPECT_EQ(diagnosis.sentence.substr(0, 22), "Unit 3 answered twice ");
+    EXPECT_EQ(diagnosis.sentence,
+              "Unit 3 answered twice 3 times in 50 reads: two controllers have this number; give one of "
+              "them another.");
+    EXPECT_EQ(diagnosis.report,
+              (std::vector<std::string>{"9600,n,8,1, unit 3, 200 ms: an answer", diagnosis.sentence}));
 }
 
 TEST(DoctorVisit, FindsDamagedAnswers) {
     Visit_Rig rig;
-    rig.line.controllers[0].damaged = 0.2;
+    rig.line.controllers[0].damagedFirst = 2;
     const Diagnosis diagnosis = rig.visit();
     EXPECT_EQ(diagnosis.ailment, Ailment::Noise);
-    EXPECT_NE(diagnosis.sentence.find("answers of Unit 3 came damaged beside 50 reads: terminate both ends"),
-              std::string::npos)
-        << diagnosis.sentence;
+    EXPECT_EQ(diagnosis.sentence,
+              "2 answers of Unit 3 came damaged beside 50 reads: terminate both ends of the line, bias it in "
+              "one place, and join the grounds.");
+    Visit_Rig once;
+    once.line.controllers[0].damagedFirst = 1;
+    EXPECT_EQ(once.visit().sentence.substr(0, 43), "1 answer of Unit 3 came damaged beside 50 r");
 }
 
 TEST(DoctorVisit, FindsRubbish) {
     Visit_Rig rig;
-    rig.line.controllers[0].damaged = 1;
-    EXPECT_EQ(rig.visit().ailment, Ailment::Rubbish);
+    rig.line.controllers[0].damagedFirst = 1000;
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::Rubbish);
+    EXPECT_EQ(diagnosis.sentence,
+              "Something answers, but never whole: two controllers have the number 3, or the line is "
+              "disturbed; leave one controller on it and test again.");
+    EXPECT_EQ(diagnosis.report.front(), "9600,n,8,1, unit 3, 200 ms: no whole answer");
+}
+
+/// An adapter or a gateway that mixes up its answers: each comes under the number 9.
+TEST(DoctorVisit, FindsAStranger) {
+    Visit_Rig rig;
+    rig.line.controllers[0].answersAs = 9;
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::Stranger);
+    EXPECT_EQ(diagnosis.sentence,
+              "Another unit answers in place of 3: look for a gateway or an adapter that mixes up its "
+              "answers, or set that unit's number.");
+    EXPECT_EQ(diagnosis.report.front(), "9600,n,8,1, unit 3, 200 ms: an answer of another unit");
+    EXPECT_EQ(diagnosis.report.at(5), "9600,n,8,1, unit 2, 300 ms: silence");
+    EXPECT_EQ(diagnosis.report.back(), diagnosis.sentence);
 }
 
 TEST(DoctorVisit, FindsAGateway) {
@@ -152,7 +178,12 @@ TEST(DoctorVisit, FindsNothingButTheEcho) {
     Visit_Rig rig;
     rig.line.echoes = true;
     rig.line.controllers.clear();
-    EXPECT_EQ(rig.visit().ailment, Ailment::OnlyEcho);
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::OnlyEcho);
+    EXPECT_EQ(diagnosis.sentence,
+              "Unit 3 is silent, though the adapter repeats what is sent: exchange the wires A and B, and "
+              "check the controller's supply.");
+    EXPECT_EQ(diagnosis.report.front(), "9600,n,8,1, unit 3, 200 ms: only the adapter's echo");
 }
 
 TEST(DoctorVisit, FindsSilence) {
@@ -179,10 +210,45 @@ TEST(DoctorVisit, FindsAnotherMaster) {
     EXPECT_TRUE(rig.line.written.empty());
 }
 
+/// Its requests may go over wires that this adapter doesn't hear.
+TEST(DoctorVisit, FindsAnotherMasterByTheAnswersAlone) {
+    Visit_Rig rig;
+    rig.line.masters = {{.firstAt = 100 * ms, .request = zorvane::testing::withCrc({7, 3, 4, 0, 1, 0, 2})}};
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::OtherMaster);
+    EXPECT_EQ(diagnosis.sentence,
+              "Another master is on the line: unit 7 answers it. Let only one master use it.");
+    EXPECT_TRUE(rig.line.written.empty());
+}
+
+/// It was quiet while the line was listened to.
+TEST(DoctorVisit, FindsAnotherMasterThatComesLater) {
+    Visit_Rig rig;
+    rig.line.controllers.clear();
+    rig.line.masters = {{.firstAt = 2000 * ms, .request = zorvane::testing::withCrc({7, 3, 0, 0, 0, 10})}};
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::OtherMaster);
+    EXPECT_EQ(diagnosis.sentence,
+              "Another master is on the line: it asks unit 7, 10 registers from address 0 on (function "
+              "3). Let only one master use it.");
+    EXPECT_EQ(rig.line.written.size(), 1U); // as set
+}
+
+TEST(DoctorVisit, SaysThatTheAdapterWasTakenAway) {
+    Visit_Rig rig;
+    rig.line.controllers.clear();
+    rig.clock.in(2 * microsPerSecond, [&rig] { rig.line.unplug(); });
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::PortFailed);
+    EXPECT_EQ(diagnosis.sentence, "Input/output error");
+}
+
 TEST(DoctorVisit, SaysWhyThePortCannotBeOpened) {
     Visit_Rig rig;
     rig.line.opens = false;
-    EXPECT_EQ(rig.visit().sentence, "No such port: ttyUSB0");
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, Ailment::PortFailed);
+    EXPECT_EQ(diagnosis.sentence, "No such port: ttyUSB0");
 }
 
 TEST(DoctorVisit, TellsWhatIsTried) {

@@ -26,6 +26,8 @@ struct Line_Controller {
     std::map<std::uint16_t, std::uint16_t> registers{{0, 7}}; ///< others are refused with exception 2
     bool silentWhereNone = false;                             ///< and not even that
     double damaged = 0;                                       ///< so many of its answers lose a bit
+    int damagedFirst = 0;                                     ///< and so many of the first ones for certain
+    std::uint8_t answersAs = 0;                               ///< the number in its answers; 0: its own
     bool counts = false;                                      ///< its registers go up with each reading
 };
 
@@ -188,15 +190,20 @@ class Simulated_Line final : public Byte_Port {
     [[nodiscard]] Byte_Array answerOf(Line_Controller& controller, const Byte_Array& request) {
         const auto address = static_cast<std::uint16_t>(request[2] * 256U + request[3]);
         const auto held = controller.registers.find(address);
+        const std::uint8_t unit = controller.answersAs != 0 ? controller.answersAs : controller.unit;
         Byte_Array bytes;
         if (held == controller.registers.end()) {
             if (controller.silentWhereNone) return {};
-            bytes = zorvane::testing::withCrc({controller.unit, 0x83, 2});
+            bytes = zorvane::testing::withCrc({unit, 0x83, 2});
         } else {
             if (controller.counts) ++held->second;
             const std::uint16_t value = held->second;
-            bytes = zorvane::testing::withCrc({controller.unit, 3, 2, static_cast<std::uint8_t>(value >> 8U),
+            bytes = zorvane::testing::withCrc({unit, 3, 2, static_cast<std::uint8_t>(value >> 8U),
                                                static_cast<std::uint8_t>(value & 0xFFU)});
+        }
+        if (controller.damagedFirst > 0) {
+            --controller.damagedFirst;
+            bytes.back() ^= 0x10U;
         }
         if (happens(controller.damaged)) bytes[static_cast<std::size_t>(between(0, 4))] ^= 0x10U;
         return bytes;
