@@ -65,6 +65,7 @@ class FindTest(unittest.TestCase):
     def setUp(self):
         self.folder = tempfile.TemporaryDirectory()
         self.port = os.path.join(self.folder.name, "port")
+        self.kept = os.path.join(self.folder.name, "config", "Zorvane", "Zorvane.conf")
         self.running = None
 
     def tearDown(self):
@@ -88,7 +89,8 @@ class FindTest(unittest.TestCase):
 
     def find(self, *options, port=None):
         done = subprocess.run([os.path.join(self.programs, "zorvanectl"), "find", "--port", port or self.port, "--json",
-                               *options], capture_output=True, text=True, timeout=120, check=False)
+                               *options], capture_output=True, text=True, timeout=120, check=False,
+                              env=dict(os.environ, XDG_CONFIG_HOME=os.path.join(self.folder.name, "config")))
         return done, json.loads(done.stdout) if done.stdout else None
 
     def functions_asked(self):
@@ -153,6 +155,18 @@ class FindTest(unittest.TestCase):
         done, told = self.find("--units", "1-5", "--listen", "0", port=self.running.stdout.readline().split()[1])
         self.assertEqual(done.returncode, 0, done.stderr)
         self.assertEqual([(each["unit"], each["settings"]) for each in told["found"]], [(3, None)])
+
+    def test_the_settings_that_were_good_last_come_first(self):
+        self.simulator("--slave", "3")
+        self.find("--units", "3", "--listen", "0", "--settings", "2400,o,8,1")
+        with open(self.kept, encoding="utf-8") as file:
+            self.assertEqual(file.read(), '[Find]\nLastSettings="2400,o,8,1"\n')
+        _, told = self.find("--units", "3", "--listen", "0")
+        self.assertEqual([(each["unit"], each["settings"]) for each in told["found"]], [(3, "2400,o,8,1")])
+        _, told = self.find("--units", "4", "--listen", "0", "--settings", "9600,n,8,1")
+        self.assertEqual(told["found"], [])
+        with open(self.kept, encoding="utf-8") as file:
+            self.assertEqual(file.read(), '[Find]\nLastSettings="2400,o,8,1"\n', "a search in vain")
 
     def test_nobody_on_the_line_is_three(self):
         line = Line(lambda *_: b"")

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "app/form/document_form.h"
-#include "app/form/settings_store.h"
 #include "app/form/text_widths.h"
 #include "edit/history/changed_cells.h"
 #include "edit/history/history.h"
@@ -10,6 +9,7 @@
 #include "recovery/recovery.h"
 #include "template/pro_leer_archivo.h"
 #include "template/services/files.h"
+#include "template/services/settings_store.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/form/settings_store.h"
 #include "comm/modbus_control/line/port_settings.h"
+#include "template/services/settings_store.h"
 
 namespace zorvane::app {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/form/settings_store.h"
+#include "template/services/settings_store.h"
 
 #include <string>
 

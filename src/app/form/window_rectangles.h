@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/form/document_form.h"
-#include "app/form/settings_store.h"
+#include "template/services/settings_store.h"
 
 #include <string>
 

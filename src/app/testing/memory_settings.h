@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/form/settings_store.h"
 #include "comm/modbus_control/testing/journal.h"
+#include "template/services/settings_store.h"
 
 #include <map>
 #include <string>
@@ -10,7 +10,7 @@
 namespace zorvane::doubles {
 
 /// Settings in memory, by "Application/Section/Key". What is written goes to the journal.
-class Memory_Settings : public app::Settings_Store {
+class Memory_Settings : public Settings_Store {
   public:
     explicit Memory_Settings(Journal& journal) : journal_(journal) {}
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "app/comparing/compare_command.h"
-#include "app/desktop/qt_settings_store.h"
 #include "app/desktop/qt_text_widths.h"
 #include "app/form/app_context.h"
 #include "app/window/desktop_menus.h"
@@ -17,6 +16,7 @@
 #include "commission/folder/native_runs.h"
 #include "recovery/native_recovery_folder.h"
 #include "template/services/native_files.h"
+#include "template/services/qt/qt_settings_store.h"
 
 #include <QElapsedTimer>
 #include <QTimer>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The parts that the window is put together from: settings, timers, the progress form, places.
 
-#include "app/desktop/qt_settings_store.h"
 #include "app/desktop/qt_text_widths.h"
 #include "app/window/form/form_timers.h"
 #include "app/window/form/window_form.h"
 #include "template/services/native_files.h"
+#include "template/services/qt/qt_settings_store.h"
 #include "template/testing/temporary_folder.h"
 
 #include <QAction>

@@ -168,8 +168,7 @@ void Find_Window::showProgress(const survey::Search_Progress& progress) {
 void Find_Window::searchEnded(const survey::Search_Report& report) {
     search_.reset();
     report_ = report;
-    const bool good = !report_.found.empty() && report_.linesCount;
-    if (good && services_.keepLastGood) services_.keepLastGood(report_.found.front().line);
+    if (services_.keepLastGood) services_.keepLastGood(report_);
     identities_.assign(report_.found.size(), {});
     showFound();
     identifyAll();

@@ -27,8 +27,8 @@ struct Find_Services {
     Byte_Port& port; ///< closed, and nobody else's
     Link_Clock& clock;
     std::vector<survey::Known_Template> templates;
-    std::optional<Line_Settings> lastGood;                    ///< with which one was found last
-    std::function<void(const Line_Settings&)> keepLastGood{}; ///< may be empty
+    std::optional<Line_Settings> lastGood;                            ///< with which one was found last
+    std::function<void(const survey::Search_Report&)> keepLastGood{}; ///< told each end; may be empty
     /// Asks a controller whose it is, over `port`; it ends early once `cancelled` says so.
     std::function<survey::Found_Identity(const Port_Settings& settings,
                                          const std::function<bool()>& cancelled)>

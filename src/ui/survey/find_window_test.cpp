@@ -31,7 +31,9 @@ struct Find_Window_Test : ::testing::Test {
 
     Find_Window& make() {
         Find_Services services{finder, line, clock, {}, lastGood};
-        services.keepLastGood = [this](const Line_Settings& good) { lastGood = good; };
+        services.keepLastGood = [this](const survey::Search_Report& report) {
+            if (!report.found.empty()) lastGood = report.found.front().line;
+        };
         services.identify = identify;
         if (identify) services.templates = {{&document, "", 0}};
         window = std::make_unique<Find_Window>(std::move(services), present, nullptr);

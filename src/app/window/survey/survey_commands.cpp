@@ -2,6 +2,7 @@
 #include "app/window/survey/survey_commands.h"
 
 #include "comm/modbus_control/units/qt/qt_unit_exchanges.h"
+#include "survey/desk/last_good.h"
 #include "template/services/native_files.h"
 #include "ui/survey/find_window.h"
 #include "ui/survey/listen_window.h"
@@ -12,9 +13,6 @@
 namespace zorvane::app {
 
 namespace {
-
-const std::string findSection = "Find";
-const std::string lastSettings = "LastSettings";
 
 /// The link's port is the window's while this lives.
 class Lent_Port {
@@ -58,11 +56,9 @@ std::vector<survey::Known_Template> Survey_Commands::templates() const {
 void Survey_Commands::find() {
     const Lent_Port lent(link_);
     Settings_Store& settings = menu_.app.settings;
-    ui::Find_Services services{
-        finder_, port_, clock_, templates(),
-        parseLineSettings(settings.GetSetting(applicationTitle, findSection, lastSettings, ""))};
-    services.keepLastGood = [&settings](const Line_Settings& line) {
-        settings.SaveSetting(applicationTitle, findSection, lastSettings, formatLineSettings(line));
+    ui::Find_Services services{finder_, port_, clock_, templates(), survey::lastGoodLine(settings)};
+    services.keepLastGood = [&settings](const survey::Search_Report& report) {
+        survey::keepLastGoodLine(settings, report);
     };
     services.identify = [this, known = services.templates](const Port_Settings& port,
                                                            const std::function<bool()>& cancelled) {

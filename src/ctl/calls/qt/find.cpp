@@ -10,6 +10,8 @@
 #include "ctl/survey/number_complaints.h"
 #include "ctl/text/status_line.h"
 #include "ctl/text/terminal.h"
+#include "survey/desk/last_good.h"
+#include "template/services/qt/qt_settings_store.h"
 
 #include <QEventLoop>
 
@@ -55,7 +57,8 @@ class Find_Subcommand : public Subcommand {
     }
 
     [[nodiscard]] int run(const Call_Context& context) override {
-        const survey::Find_Wishes wishes = this->wishes();
+        Qt_Settings_Store settings;
+        survey::Find_Wishes wishes = this->wishes();
         if (const std::string wrong = fault(wishes); !wrong.empty()) {
             tell(context.err, wrong);
             return Exit_Usage;
@@ -65,7 +68,9 @@ class Find_Subcommand : public Subcommand {
             if (context.json) printJson(context.out, findJson({}, {}));
             return Exit_Failed;
         }
+        wishes.lastGood = survey::lastGoodLine(settings);
         survey::Search_Report report = search(context, survey::searchPlan(wishes, templates->known));
+        survey::keepLastGoodLine(settings, report);
         const std::vector<survey::Found_Identity> identities =
             identify(report, wishes.port, templates->known);
         return tellAll(context, report, identities);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/form/settings_store.h"
+#include "template/services/settings_store.h"
 
 #include <QSettings>
 
-namespace zorvane::app {
+namespace zorvane {
 
 /// The user's settings of this desktop: a section is a group, and all values are text.
 class Qt_Settings_Store final : public Settings_Store {
@@ -24,4 +24,4 @@ class Qt_Settings_Store final : public Settings_Store {
     QSettings settings_;
 };
 
-} // namespace zorvane::app
+} // namespace zorvane

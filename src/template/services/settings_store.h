@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace zorvane::app {
+namespace zorvane {
 
 /// The per-user settings store. All values are text; a store never fails visibly.
 class Settings_Store {
@@ -15,4 +15,4 @@ class Settings_Store {
                              const std::string& text) = 0;
 };
 
-} // namespace zorvane::app
+} // namespace zorvane
