@@ -7,7 +7,7 @@ write is in doubt, going on reaches the registers of an undisturbed send, and ta
     sending_storm.py PROGRAMS [ROUNDS [FIRST]]
 
 Half of the rounds are against zorvane-sim, half against a slave by pymodbus; what the controller holds is read by pymodbus.
-ROUNDS is 8 unless given, here or by ZORVANE_STORM. A round's seed is its number, from FIRST on, so one that failed can be
+ROUNDS is 8 unless given, here or by ZORVANE_STORM; several storms may run beside each other. A round's seed is its number, from FIRST on, so one that failed can be
 run again.
 """
 import collections
@@ -71,6 +71,9 @@ class Controller:
         assert line.startswith(b"ready"), line
 
     def stop(self):
+        """Its name goes first: the pseudo-terminal behind it may be another round's at once."""
+        if self._dies == signal.SIGKILL:
+            os.unlink(self.port)
         self.process.send_signal(self._dies)
         self.process.wait()
         self.process.stdout.close()
@@ -80,9 +83,12 @@ class Controller:
         client = ModbusSerialClient(port=self.port, baudrate=115200, timeout=2, retries=3)
         assert client.connect(), "pymodbus can't open the line"
         try:
-            answer = client.read_holding_registers(FIRST, COUNT, slave=1)
-            assert not answer.isError(), answer
-            return dict(zip(range(FIRST, FIRST + COUNT), answer.registers))
+            for _ in range(5):
+                answer = client.read_holding_registers(FIRST, COUNT, slave=1)
+                if hasattr(answer, "registers"):
+                    return dict(zip(range(FIRST, FIRST + COUNT), answer.registers))
+                assert not answer.isError(), answer  # else the late answer to a program that was killed
+            raise AssertionError(f"no answer to the reading: {answer}")
         finally:
             client.close()
 
