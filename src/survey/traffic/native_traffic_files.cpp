@@ -11,14 +11,27 @@ bool Native_Traffic_Files::exists(const std::string& name) const {
 }
 
 bool Native_Traffic_Files::begin(const std::string& name) {
-    file_ = std::ofstream(name, std::ios::binary | std::ios::trunc);
-    return file_.good();
+    sync();
+    file_.reset(std::fopen(name.c_str(), "wb"));
+    if (!file_) return false;
+    if (!disk_ || disk_->failed()) disk_.emplace();
+    disk_->beginFolderOf(name);
+    return true;
 }
 
 bool Native_Traffic_Files::write(std::string_view text) {
-    file_.write(text.data(), static_cast<std::streamsize>(text.size()));
-    file_.flush();
-    return file_.good();
+    return file_ && !disk_->failed() &&
+           std::fwrite(text.data(), 1, text.size(), file_.get()) == text.size() &&
+           std::fflush(file_.get()) == 0;
+}
+
+void Native_Traffic_Files::sync() {
+    if (file_) disk_->begin(file_.get());
+}
+
+void Native_Traffic_Files::end() {
+    sync();
+    file_.reset();
 }
 
 } // namespace zorvane::survey

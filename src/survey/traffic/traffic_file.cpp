@@ -5,9 +5,16 @@
 
 namespace zorvane::survey {
 
-Traffic_File::Traffic_File(Traffic_Sink& sink, std::string name, std::int64_t sinceEpoch, std::size_t limit)
-    : sink_(sink), name_(std::move(name)), present_(name_), sinceEpoch_(sinceEpoch), limit_(limit) {
+Traffic_File::Traffic_File(Traffic_Sink& sink, Link_Clock& clock, std::string name, std::int64_t sinceEpoch,
+                           std::size_t limit)
+    : sink_(sink), clock_(clock), alarm_(clock.makeAlarm([this] { sync(); })), name_(std::move(name)),
+      present_(name_), sinceEpoch_(sinceEpoch), limit_(limit) {
     good_ = sink_.begin(present_);
+}
+
+void Traffic_File::sync() {
+    unsynced_ = false;
+    sink_.sync();
 }
 
 std::string Traffic_File::nextName() {
@@ -32,6 +39,7 @@ void Traffic_File::write(const Traffic_Entry& entry) {
     }
     good_ = good_ && sink_.write(line);
     written_ += line.size();
+    if (good_ && !std::exchange(unsynced_, true)) alarm_->armAt(clock_.now() + syncedAfter);
 }
 
 } // namespace zorvane::survey

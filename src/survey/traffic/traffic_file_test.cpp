@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "comm/modbus_control/testing/hand_clock.h"
 #include "survey/traffic/native_traffic_files.h"
 #include "template/testing/temporary_folder.h"
 
@@ -11,6 +12,8 @@
 
 namespace zorvane::survey {
 namespace {
+
+using zorvane::testing::Hand_Clock;
 
 Exchange_Record exchange(Micros at) {
     Exchange_Record record;
@@ -42,7 +45,10 @@ class Memory_Sink final : public Traffic_Sink {
         files[present] += text;
         return true;
     }
+    void sync() override { onDisk.push_back(files[present].size()); }
+
     std::map<std::string, std::string> files;
+    std::vector<std::size_t> onDisk; ///< so much of the present file, at each sync
     std::string present;
     bool full = false;
 };
@@ -51,7 +57,8 @@ std::size_t rowsIn(const std::string& text) { return Traffic_Reader().take(text)
 
 TEST(TrafficFile, HasEachFrameAsItComes) {
     Memory_Sink sink;
-    Traffic_File file(sink, "line.jsonl", 1000000);
+    Hand_Clock clock;
+    Traffic_File file(sink, clock, "line.jsonl", 1000000);
     file.write(exchange(1000));
     EXPECT_EQ(sink.files["line.jsonl"], trafficJsonLine(exchange(1000), 1000000));
     file.write(Stray_Record{5, {0xFF}, "stray bytes"});
@@ -61,7 +68,9 @@ TEST(TrafficFile, HasEachFrameAsItComes) {
 
 TEST(TrafficFile, IsFollowedByTheNextAtItsLimit) {
     Memory_Sink sink;
-    Traffic_File file(sink, "/a.b/line.jsonl", 1000000, 2 * trafficJsonLine(exchange(1000), 1000000).size());
+    Hand_Clock clock;
+    Traffic_File file(sink, clock, "/a.b/line.jsonl", 1000000,
+                      2 * trafficJsonLine(exchange(1000), 1000000).size());
     for (int i = 0; i < 5; ++i)
         file.write(exchange(1000));
     ASSERT_EQ(sink.files.size(), 3U);
@@ -74,7 +83,8 @@ TEST(TrafficFile, IsFollowedByTheNextAtItsLimit) {
 TEST(TrafficFile, PassesOverNamesThatAreTaken) {
     Memory_Sink sink;
     sink.files["line-2.jsonl"] = "older";
-    Traffic_File file(sink, "line.jsonl", 0, 1);
+    Hand_Clock clock;
+    Traffic_File file(sink, clock, "line.jsonl", 0, 1);
     file.write(Port_Note{6, "one"});
     file.write(Port_Note{7, "two"});
     EXPECT_EQ(file.present(), "line-3.jsonl");
@@ -84,7 +94,8 @@ TEST(TrafficFile, PassesOverNamesThatAreTaken) {
 
 TEST(TrafficFile, EndsWhenItsDiskIsFull) {
     Memory_Sink sink;
-    Traffic_File file(sink, "line", 0);
+    Hand_Clock clock;
+    Traffic_File file(sink, clock, "line", 0);
     EXPECT_TRUE(file.good());
     sink.full = true;
     file.write(exchange(1));
@@ -98,7 +109,8 @@ TEST(TrafficFile, IsWithTheSystemAsSoonAsItIsWritten) {
     const zorvane::doubles::Temporary_Folder folder;
     const std::string name = folder.path() + "/line.jsonl";
     Native_Traffic_Files sink;
-    Traffic_File file(sink, name, 0);
+    Hand_Clock clock;
+    Traffic_File file(sink, clock, name, 0);
     EXPECT_TRUE(sink.exists(name));
     file.write(exchange(1));
     std::ifstream written(name);
@@ -107,9 +119,42 @@ TEST(TrafficFile, IsWithTheSystemAsSoonAsItIsWritten) {
     EXPECT_EQ(line + "\n", trafficJsonLine(exchange(1), 0));
 }
 
+/// A power cut loses a second at most, and the disk isn't asked for each frame.
+TEST(TrafficFile, IsOnTheDiskASecondLaterAtMost) {
+    Memory_Sink sink;
+    Hand_Clock clock;
+    Traffic_File file(sink, clock, "line", 0);
+    const std::size_t row = trafficJsonLine(exchange(1), 0).size();
+    for (int tenth = 0; tenth < 25; ++tenth) {
+        file.write(exchange(1));
+        clock.runFor(100 * microsPerMs);
+    }
+    EXPECT_EQ(sink.onDisk, (std::vector<std::size_t>{10 * row, 20 * row}));
+    clock.runFor(500 * microsPerMs);
+    EXPECT_EQ(sink.onDisk, (std::vector<std::size_t>{10 * row, 20 * row, 25 * row}));
+    clock.runFor(60 * microsPerSecond);
+    EXPECT_EQ(sink.onDisk.size(), 3U) << "while nothing comes, nothing is to be brought there";
+    file.write(exchange(1));
+    clock.runFor(999 * microsPerMs);
+    EXPECT_EQ(sink.onDisk.size(), 3U);
+    clock.runFor(microsPerMs);
+    EXPECT_EQ(sink.onDisk.back(), 26 * row);
+}
+
+TEST(TrafficFile, AsksAFullDiskForNothing) {
+    Memory_Sink sink;
+    Hand_Clock clock;
+    Traffic_File file(sink, clock, "line", 0);
+    sink.full = true;
+    file.write(exchange(1));
+    clock.runFor(10 * microsPerSecond);
+    EXPECT_TRUE(sink.onDisk.empty());
+}
+
 TEST(TrafficFile, SaysThatAFolderThatIsNotThereTakesNoFile) {
     Native_Traffic_Files sink;
-    EXPECT_FALSE(Traffic_File(sink, "/nowhere/at/all.jsonl", 0).good());
+    Hand_Clock clock;
+    EXPECT_FALSE(Traffic_File(sink, clock, "/nowhere/at/all.jsonl", 0).good());
 }
 
 } // namespace

@@ -85,7 +85,7 @@ bool Line_Windows::monitorVisible() const {
 void Line_Windows::showMonitor(Modbus_Link& link, const Window_Place& place) {
     link_ = &link;
     if (!monitor_) {
-        monitor_ = new Monitor_Window(midnightOf(clock_), hooks_.ask, owner_, monitorLine());
+        monitor_ = new Monitor_Window(clock_, midnightOf(clock_), hooks_.ask, owner_, monitorLine());
         lastTraffic_.setNext(&monitor_->feed());
     }
     monitor_->setPlace(place);

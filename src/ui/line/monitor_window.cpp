@@ -31,8 +31,10 @@ const QString trafficFilter = QStringLiteral("Traffic, a line of JSON a row (*.j
 
 } // namespace
 
-Monitor_Window::Monitor_Window(Micros midnight, Ask_User ask, QWidget* owner, Monitor_Line line)
-    : QWidget(owner, Qt::Window), ask_(std::move(ask)), line_(std::move(line)), model_(midnight),
+Monitor_Window::Monitor_Window(Link_Clock& clock, Micros midnight, Ask_User ask, QWidget* owner,
+                               Monitor_Line line)
+    : QWidget(owner, Qt::Window), clock_(clock), ask_(std::move(ask)), line_(std::move(line)),
+      model_(midnight),
       sinceEpoch_(QDate::currentDate().startOfDay().toMSecsSinceEpoch() * microsPerMs - midnight),
       feed_([this](std::vector<Traffic_Entry> entries) { showNew(std::move(entries)); }) {
     giveRole(*this, QAccessible::Window);
@@ -192,7 +194,7 @@ void Monitor_Window::saveAs() {
 
 bool Monitor_Window::startFile(const QString& path) {
     fileFailed_ = false;
-    file_.emplace(files_, path.toStdString(), sinceEpoch_);
+    file_.emplace(files_, clock_, path.toStdString(), sinceEpoch_);
     if (!file_->good()) file_.reset();
     showCount();
     return file_.has_value();

@@ -31,8 +31,9 @@ struct Monitor_Line {
 /// traffic can go to a file as well, whether the window is shown, paused or neither.
 class Monitor_Window final : public QWidget {
   public:
-    /// `midnight` is the time of the link's clock at the last local midnight.
-    Monitor_Window(Micros midnight, Ask_User ask, QWidget* owner, Monitor_Line line = {});
+    /// `midnight` is the time of the clock, the link's, at the last local midnight. The clock must outlive
+    /// it.
+    Monitor_Window(Link_Clock& clock, Micros midnight, Ask_User ask, QWidget* owner, Monitor_Line line = {});
 
     [[nodiscard]] Traffic_Feed& feed() { return feed_; }
     [[nodiscard]] Traffic_Model& model() { return model_; }
@@ -72,6 +73,7 @@ class Monitor_Window final : public QWidget {
     [[nodiscard]] bool askForFile(bool save, const QString& title, const QString& filter,
                                   const QString& ending);
 
+    Link_Clock& clock_;
     Ask_User ask_;
     Monitor_Line line_;
     Traffic_Model model_;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "comm/modbus_control/qt/qt_link_clock.h"
 #include "ui/line/monitor_window.h"
 #include "ui/line/traffic_delegate.h"
 #include "ui/testing/control_walk.h"
@@ -62,7 +63,8 @@ struct Monitor_Window_Test : ::testing::Test {
 
     QStringList asked;
     std::int32_t last = 0;
-    Monitor_Window window{0,
+    Qt_Link_Clock clock;
+    Monitor_Window window{clock, 0,
                           [this](const QString& prompt, int, const QString&) {
                               asked += prompt;
                               return 1;
@@ -237,7 +239,7 @@ TEST_F(Monitor_Window_Test, ProposesATimeOutFromTheReadsAndTakesItAtOneClick) {
     settings.port = "tcp:gate:502";
     settings.slave = 7;
     bool ofTemplate = true;
-    Monitor_Window own(0, {}, nullptr,
+    Monitor_Window own(clock, 0, {}, nullptr,
                        {[&] { return settings; }, [&] { return ofTemplate; },
                         [&](std::int32_t timeOutMs) { settings.timeOutMs = timeOutMs; }});
     own.show();

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "comm/modbus_control/qt/qt_link_clock.h"
 #include "survey/traffic/native_traffic_files.h"
 #include "ui/line/traffic_file_window.h"
 #include "ui/testing/control_walk.h"
@@ -20,7 +21,8 @@ QString fileOf(const QTemporaryDir& folder, int rows) {
     const QString path = folder.filePath("line.jsonl");
     const QDateTime begin(QDate::currentDate(), QTime(13, 5, 7));
     survey::Native_Traffic_Files files;
-    survey::Traffic_File file(files, path.toStdString(), begin.toMSecsSinceEpoch() * microsPerMs,
+    Qt_Link_Clock clock;
+    survey::Traffic_File file(files, clock, path.toStdString(), begin.toMSecsSinceEpoch() * microsPerMs,
                               1'000'000'000);
     for (int i = 0; i < rows; ++i)
         file.write(Stray_Record{i * 100 * microsPerMs, {0xFF, 0x01}, "noise " + std::to_string(i)});

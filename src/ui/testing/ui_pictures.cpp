@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Writes pictures of the window and its dialogs, for people to look at: ui_pictures FOLDER [dark]
 #include "comm/modbus_control/line/simulated_port.h"
+#include "comm/modbus_control/qt/qt_link_clock.h"
 #include "comm/modbus_control/testing/hand_clock.h"
 #include "comm/modbus_control/testing/scripted_port.h"
 #include "survey/find/testing/simulated_line.h"
@@ -161,7 +162,8 @@ Exchange_Record sampleExchange(int number) {
 }
 
 void takeMonitor(Pictures& pictures) {
-    Monitor_Window monitor(0, {}, nullptr);
+    Qt_Link_Clock clock;
+    Monitor_Window monitor(clock, 0, {}, nullptr);
     monitor.feed().portNoted(50700 * microsPerSecond, "The port is open.");
     constexpr int rows = 40;
     for (int i = 1; i < rows; ++i)
