@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -27,6 +28,7 @@ namespace {
 
 constexpr double compareWidth = 14400; // twips
 constexpr double compareHeight = 8400;
+constexpr double widestPart = 0.95; // of the screen
 /// Column widths in characters.
 constexpr std::array compareColumns = {20, 26, 22, 22, 20, 12};
 
@@ -63,7 +65,8 @@ Compare_Window::Compare_Window(QWidget* parent) : QDialog(parent) {
     note_->hide();
     layout->addWidget(note_);
     layout->addWidget(makeButtons());
-    resize(scaleOf(*this).size(compareWidth, compareHeight));
+    const QSize room = screen()->availableSize();
+    resize(scaleOf(*this).size(compareWidth, compareHeight).boundedTo(room * widestPart));
     model_.ticksChanged = [this] { showAbilities(); };
     setNothing(QString());
     table_->setFocus();
@@ -166,6 +169,17 @@ QWidget* Compare_Window::makeStateLine() {
     layout->addWidget(counts_, 1);
     layout->addWidget(progress_, 1);
     layout->addWidget(position_);
+    previous_ = &addButton(*row, "BOT_Previous", QStringLiteral("Pre&vious"), nullptr);
+    next_ = &addButton(*row, "BOT_Next", QStringLiteral("&Next"), nullptr);
+    tick_ = &addButton(*row, "BOT_Tick", QStringLiteral("Tic&k differences"), nullptr);
+    connect(previous_, &QPushButton::clicked, this, [this] { previous(); });
+    connect(next_, &QPushButton::clicked, this, [this] { next(); });
+    connect(tick_, &QPushButton::clicked, this, [this] {
+        if (model_.rows().tickedRows().empty())
+            model_.tickDifferences();
+        else
+            model_.tickNothing();
+    });
     return row;
 }
 
@@ -187,23 +201,12 @@ QWidget* Compare_Window::makeButtons() {
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     read_ = &addButton(*row, "BOT_Read", QStringLiteral("&Read controller"), &Compare_Events::readController);
-    previous_ = &addButton(*row, "BOT_Previous", QStringLiteral("Pre&vious"), nullptr);
-    next_ = &addButton(*row, "BOT_Next", QStringLiteral("&Next"), nullptr);
-    tick_ = &addButton(*row, "BOT_Tick", QStringLiteral("Tic&k differences"), nullptr);
     layout->addStretch(1);
     take_ = &addButton(*row, "BOT_Take", QStringLiteral("&Take into document"), &Compare_Events::take);
     send_ = &addButton(*row, "BOT_Send", QStringLiteral("&Send ticked..."), &Compare_Events::send);
     print_ = &addButton(*row, "BOT_Print", QStringLiteral("&Print..."), &Compare_Events::print);
     export_ = &addButton(*row, "BOT_Export", QStringLiteral("&Export..."), &Compare_Events::exportTo);
     close_ = &addButton(*row, "BOT_Close", QStringLiteral("&Close"), nullptr);
-    connect(previous_, &QPushButton::clicked, this, [this] { previous(); });
-    connect(next_, &QPushButton::clicked, this, [this] { next(); });
-    connect(tick_, &QPushButton::clicked, this, [this] {
-        if (model_.rows().tickedRows().empty())
-            model_.tickDifferences();
-        else
-            model_.tickNothing();
-    });
     connect(close_, &QPushButton::clicked, this, [this] {
         if (!reading_)
             reject();
