@@ -2,10 +2,12 @@
 #include "app/compare/comparison_desk.h"
 
 #include "app/compare/other_document.h"
-#include "comm/main_form/title.h"
+#include "app/edit/edit_state.h"
+#include "app/edit/history_commands.h"
 #include "compare/comparison_words.h"
 #include "compare/other_version.h"
 #include "compare/register_file.h"
+#include "edit/history/history.h"
 #include "template/services/file_names.h"
 #include "values/code_page.h"
 
@@ -171,9 +173,7 @@ std::optional<compare::Taken_Side> Comparison_Desk::takenSide() const {
 
 std::string Comparison_Desk::whyNotTake() const {
     if (!takenSide()) return "One of the sides has to be the document, and the other one something else.";
-    if (app_.document().Read_Only) return "The document is read only.";
-    if (app_.form().Online) return "Disconnect first: the controller's values are shown.";
-    return "";
+    return whyNoEditing(app_);
 }
 
 std::string Comparison_Desk::whyNotSend() const {
@@ -190,11 +190,7 @@ compare::Comparison_Head Comparison_Desk::head(const std::string& filter) const 
 }
 
 void takeIntoDocument(const App_Context& app, const compare::Taking& taking) {
-    if (edit::apply(app.document(), taking.taken) == 0) return;
-    Grid_View& grids = app.mainForm.grids();
-    grids.refillSettings(grids.configurationRow());
-    PRO_Titulo_Modificado(app.document(), app.form(), app.mainForm);
-    applySaveRule(app.document(), app.mainForm);
+    takeValues(app, taking.taken, edit::stepName("take", taking.changes()));
 }
 
 } // namespace zorvane::app

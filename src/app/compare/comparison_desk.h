@@ -104,8 +104,8 @@ class Comparison_Desk {
     std::optional<Controller_Look> look_;
 };
 
-/// Puts judged values into the document as one step: the page is filled again, the title says that there are
-/// changes, and Save is offered. Nothing where no value changes anything.
+/// Puts judged values into the document as one step of its history, "take of 3 values": the cells show them,
+/// the title says that there are changes, and Save is offered. Nothing where no value changes anything.
 void takeIntoDocument(const App_Context& app, const compare::Taking& taking);
 
 } // namespace zorvane::app

@@ -2,6 +2,7 @@
 // The sides of a comparison in the program, what they are called, and what the document takes over.
 
 #include "app/compare/comparison_desk.h"
+#include "app/edit/history_commands.h"
 #include "app/testing/app_bench.h"
 #include "commission/folder/testing/memory_runs.h"
 #include "compare/comparison_words.h"
@@ -23,9 +24,7 @@ using compare::doubles::pumpRegisters;
 using compare::doubles::pumpTemplate;
 using compare::doubles::Scripted_Reader;
 using doubles::App_Bench;
-using ::testing::Contains;
 using ::testing::HasSubstr;
-using ::testing::Not;
 
 class ComparisonDesk : public ::testing::Test, protected App_Bench {
   protected:
@@ -35,6 +34,7 @@ class ComparisonDesk : public ::testing::Test, protected App_Bench {
         PRO_Leer_INIFIle(document, app.reading(), "/app/PUMP.ZTP");
         takeName(document, "/home/site.pump");
         state.documentType = "PUMP";
+        form.Document_Open = true;
     }
     void addRun(const std::string& name, const std::string& model, std::int64_t sequence) {
         commission::Run_Head head;
@@ -54,6 +54,17 @@ class ComparisonDesk : public ::testing::Test, protected App_Bench {
     }
     void read(Comparison_Desk& desk, Scripted_Reader& reader) {
         desk.takeLook({lookAt(desk.question(reader, 3)), "controller on ttyS9, unit 3", "10:00:00"});
+    }
+
+    /// What the document would take of the right side's differences.
+    compare::Taking differencesFrom(const Comparison_Desk& desk) {
+        const compare::Comparison comparison = *desk.compare().comparison;
+        std::vector<const compare::Row*> rows;
+        for (const compare::Row& row : comparison.rows)
+            if (row.sign == compare::Sign::Differs) rows.push_back(&row);
+        compare::Taking taking = judgedTaking(document, rows, compare::Taken_Side::Right);
+        EXPECT_TRUE(taking.leftOut.empty());
+        return taking;
     }
 
     Memory_Runs runs;
@@ -158,29 +169,56 @@ TEST_F(ComparisonDesk, TheDocumentTakesFromTheOtherSide) {
 TEST_F(ComparisonDesk, AReadOnlyDocumentTakesNothingAndMaySend) {
     Comparison_Desk desk(app, runs);
     document.Read_Only = true;
-    EXPECT_EQ(desk.whyNotTake(), "The document is read only.");
+    EXPECT_EQ(desk.whyNotTake(), "The document is read-only.");
     EXPECT_EQ(desk.whyNotSend(), "");
 }
 
-TEST_F(ComparisonDesk, TakingEndsWithTheTitleAndTheSaveRule) {
+TEST_F(ComparisonDesk, NothingIsTakenWhileOnlineOrInATransfer) {
     Comparison_Desk desk(app, runs);
-    (void)compared(desk, {Side_Kind::File, "/home/other.pump"});
-    const compare::Comparison comparison = *desk.compare().comparison;
-    std::vector<const compare::Row*> rows;
-    for (const compare::Row& row : comparison.rows)
-        if (row.sign == compare::Sign::Differs) rows.push_back(&row);
-    const compare::Taking taking = judgedTaking(document, rows, compare::Taken_Side::Right);
-    journal.clear();
-    takeIntoDocument(app, taking);
+    form.Online = true;
+    EXPECT_EQ(desk.whyNotTake(), "The window is online: disconnect first.");
+    form.Online = false;
+    form.Upload_Active = true;
+    EXPECT_EQ(desk.whyNotTake(), "A transfer is going on.");
+}
+
+TEST_F(ComparisonDesk, TakingIsOneStepWithTheTitleAndTheSaveRule) {
+    files.put("/home/two.pump", "[Field_1_Default]\r\nROW_2=Level,7,in %\r\nROW_5=Upper,9,\r\n");
+    Comparison_Desk desk(app, runs);
+    EXPECT_EQ(compared(desk, {Side_Kind::File, "/home/two.pump"}), "24 values: 2 differ, 22 equal");
+    upper.setRows(3);
+    upper.setRow(1);
+    lower.setRows(11);
+    lower.setCols(3);
+    EXPECT_FALSE(undoEntry(app).enabled);
+    takeIntoDocument(app, differencesFrom(desk));
     EXPECT_EQ(value(2), "7");
+    EXPECT_EQ(lower.TextMatrix(2, 1), "7") << "the page shows it";
     EXPECT_TRUE(form.Dirty);
     EXPECT_TRUE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
-    EXPECT_THAT(journal.beginningWith("FLX_Settings filled"), Not(::testing::IsEmpty()));
-    journal.clear();
+    EXPECT_EQ(compared(desk, {Side_Kind::File, "/home/two.pump"}), "24 values: 24 equal");
+    EXPECT_EQ(undoEntry(app).caption, "Undo take of 2 values");
+    MNU_Undo_Click(app);
+    EXPECT_EQ(compared(desk, {Side_Kind::File, "/home/two.pump"}), "24 values: 2 differ, 22 equal");
+    EXPECT_FALSE(form.Dirty) << "as the file says";
+    EXPECT_FALSE(mainForm.menuEnabled(Menu_Entry::MNU_Save));
+    EXPECT_EQ(redoEntry(app).caption, "Redo take of 2 values");
+    MNU_Redo_Click(app);
+    EXPECT_EQ(compared(desk, {Side_Kind::File, "/home/two.pump"}), "24 values: 24 equal");
+}
+
+TEST_F(ComparisonDesk, TakingWhatIsThereAlreadyIsNoStep) {
+    Comparison_Desk desk(app, runs);
+    (void)compared(desk, {Side_Kind::File, "/home/other.pump"});
+    compare::Comparison comparison = *desk.compare().comparison;
+    takeIntoDocument(app, differencesFrom(desk));
     form.Dirty = false;
+    std::vector<const compare::Row*> rows;
+    for (const compare::Row& row : comparison.rows)
+        rows.push_back(&row);
     takeIntoDocument(app, judgedTaking(document, rows, compare::Taken_Side::Right));
-    EXPECT_FALSE(form.Dirty) << "nothing that changes anything";
-    EXPECT_TRUE(journal.beginningWith("FLX_Settings filled").empty());
+    EXPECT_FALSE(form.Dirty);
+    EXPECT_EQ(undoEntry(app).caption, "Undo take of 1 value") << "still the first one";
 }
 
 TEST_F(ComparisonDesk, TheHeadOnPaperNamesTheSides) {

@@ -118,6 +118,30 @@ def all_of_it_by_keyboard(program):
         assert b"R6 pulse,2:05," in file.read(), "the value isn't in the file"
 
 
+def what_was_taken_is_undone_as_one_step(program):
+    """Taken, undone by Ctrl+Z: the title is clean again, and the comparison shows the differences again."""
+    _opened(program)
+    window = _compare_with_the_factory(program)
+    before = _label(window, "LBL_Counts")
+    window.press("Tick differences")
+    wait_for("what can be done with ticks", lambda: window.part.named("BOT_Take").is_enabled)
+    window.press("Take into document")
+    wait_for("what was taken", lambda: " taken." in _label(window, "LBL_Note"))
+    taken = _label(window, "LBL_Note").split(" ")[0]
+    expect("no row that differs", lambda: "differ" not in _label(window, "LBL_Counts"), True)
+    window.answer("Close")
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    step = next(entry for entry in program.entry("Edit").children[0].children if entry.name.startswith("Undo"))
+    expect("the step's name", lambda: step.name, f"Undo take of {taken} values")
+    program.hands.keys("ctrl+z")
+    program.expect_title("site7.kvrt207d - Zorvane")
+    window = _compare_with_the_factory(program)
+    expect("the counts as before", lambda: _label(window, "LBL_Counts"), before)
+    window.answer("Close")
+    program.hands.keys("ctrl+y")
+    program.expect_title("* site7.kvrt207d - Zorvane")
+
+
 def f8_goes_from_difference_to_difference(program):
     _opened(program)
     window = _compare_with_the_factory(program)
