@@ -46,31 +46,36 @@ class Comparer {
             const Cell_Table& cells = shape.Fields(field).Cells;
             for (std::int32_t row = 1; cells.dimensioned() && row <= cells.rows(); ++row)
                 for (std::int32_t column = 1; column <= cells.lastWrittenColumn(row); ++column)
-                    add({field, row, column});
+                    add(cell({field, row, column}));
         }
         return std::move(comparison_);
     }
 
-  private:
-    void add(const Cell_Place& place) {
+    [[nodiscard]] std::optional<Row> cell(const Cell_Place& place) const {
         const Cell_Table& cells = compared_.shape.Fields(place.field).Cells;
         const Cell_Rec& definition = cells(0, place.column);
         const Cell_Rec& cell = cells(place.row, place.column);
         Row row;
         row.registers = registersOf(definition, cell);
         const bool controller = compared_.left.isController() || compared_.right.isController();
-        if (controller && !row.registers) return;
+        if (controller && !row.registers) return std::nullopt;
         row.left = compared_.left.at(place);
         row.right = compared_.right.at(place);
-        if (!controller && saysNothing(row.left) && saysNothing(row.right)) return;
+        if (!controller && saysNothing(row.left) && saysNothing(row.right)) return std::nullopt;
         row.place = place;
         row.page = pageName(compared_.shape, place.field);
         row.name = rowName(compared_.shape, place.field, place.row, place.column);
         row.heading = definition.Value;
         if (row.registers) row.address = addressOf(definition, cell);
         row.sign = signOf(definition, cell, row);
-        comparison_.counts.add(row.sign);
-        comparison_.rows.push_back(std::move(row));
+        return row;
+    }
+
+  private:
+    void add(std::optional<Row> row) {
+        if (!row) return;
+        comparison_.counts.add(row->sign);
+        comparison_.rows.push_back(std::move(*row));
     }
 
     [[nodiscard]] Sign signOf(const Cell_Rec& definition, const Cell_Rec& cell, const Row& row) const {
@@ -152,5 +157,9 @@ Cell_Side Controller_Side::at(const Cell_Place& place) const {
 }
 
 Comparison comparisonOf(const Compared& compared) { return Comparer(compared).run(); }
+
+std::optional<Row> comparedCell(const Compared& compared, const Cell_Place& place) {
+    return Comparer(compared).cell(place);
+}
 
 } // namespace zorvane::compare

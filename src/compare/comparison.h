@@ -127,4 +127,7 @@ struct Comparison {
 
 [[nodiscard]] Comparison comparisonOf(const Compared& compared);
 
+/// The row of one cell; nothing where it is none. REQUIRES: the template has the cell.
+[[nodiscard]] std::optional<Row> comparedCell(const Compared& compared, const Cell_Place& place);
+
 } // namespace zorvane::compare

@@ -180,6 +180,17 @@ std::string Comparison_Desk::whyNotSend() const {
     return chosen(Side_Kind::Document) ? "" : "One of the sides has to be the document: its values are sent.";
 }
 
+std::optional<Compared_With> Comparison_Desk::comparedWith() const {
+    const auto side = takenSide();
+    if (!side) return std::nullopt;
+    const Place_Of_Side place =
+        side == compare::Taken_Side::Left ? Place_Of_Side::Left : Place_Of_Side::Right;
+    const Made_Side made = make(choice(place));
+    if (made.side == nullptr) return std::nullopt;
+    return Compared_With{nameOf(place), section_, compare::Kept_Side(app_.document(), *made.side),
+                         Document_Mark(app_.document())};
+}
+
 compare::Comparison_Head Comparison_Desk::head(const std::string& filter) const {
     return {openName(app_.document()),
             nameOf(Place_Of_Side::Left),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/compare/difference_marks.h"
 #include "app/form/app_context.h"
 #include "commission/runs.h"
 #include "compare/comparison.h"
@@ -75,6 +76,9 @@ class Comparison_Desk {
     [[nodiscard]] std::string whyNotTake() const;
     /// Why ticked values can't be sent from here, a sentence; empty when they can.
     [[nodiscard]] std::string whyNotSend() const;
+
+    /// The side that the document is compared with, for the marks in the grid. Nothing where there is none.
+    [[nodiscard]] std::optional<Compared_With> comparedWith() const;
 
     [[nodiscard]] compare::Comparison_Head head(const std::string& filter) const;
 

@@ -64,6 +64,7 @@ class Comparing {
     void run() {
         services_.run(window_);
         services_.edge.throwIfEnded();
+        if (auto with = desk_.comparedWith()) services_.marks.holdAgainst(std::move(*with));
         if (toSend_) services_.sendChanges(*toSend_);
     }
 

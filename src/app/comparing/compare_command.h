@@ -28,6 +28,7 @@ struct Comparing_Services {
     const Modbus_Link& link;
     Simulator& simulator;
     const commission::Run_Store& runs;
+    Difference_Marks& marks;
     const Text_Metrics& metrics;
     std::function<void()> finishEdit; ///< takes the text of an edit in progress
     std::function<QWidget*()> dialogParent;

@@ -78,8 +78,9 @@ KVRT_Principal::KVRT_Principal(const Program_Places& places)
       menu_{app_, mainForm_, edge_}, reports_(app_, mainForm_, edge_),
       transferLog_(menu_, [this](QTextEdit& log, const QString& file) { reports_.printLog(log, file); }),
       desktop_(menu_), ways_(menu_), runs_(commission::runsFolder(commission::userStateFolder())),
-      comparing_(comparingServices()), survey_(menu_, line_.link(), line_.windows(), line_.simulator()),
-      edit_(window_, app_, edge_), systemEnd_(app_, mainForm_, edge_) {
+      marks_(app_), comparing_(comparingServices()),
+      survey_(menu_, line_.link(), line_.windows(), line_.simulator()), edit_(window_, app_, edge_, marks_),
+      systemEnd_(app_, mainForm_, edge_) {
     edge_.onFailure = [this](const Run_Time_Failure& failure) { stopOnFailure(failure); };
     connectForm();
     connectMessageBar(mainForm_, edge_);
@@ -180,6 +181,7 @@ Comparing_Services KVRT_Principal::comparingServices() {
             line_.link(),
             line_.simulator(),
             runs_,
+            marks_,
             reports_.metrics(),
             [this] { window_.finishEdit(); },
             [this] { return mainForm_.dialogParent(); },
@@ -194,12 +196,13 @@ Comparing_Services KVRT_Principal::comparingServices() {
 }
 
 void KVRT_Principal::connectComparing() {
-    menu_.onChosen("MNU_Compare", [this] { compareDocument(comparing_); });
-    mainForm_.extras.compare = [this](const std::string& path) {
-        if (path.empty())
-            compareDocument(comparing_, Side_Choice{Side_Kind::Controller});
-        else
-            compareDocument(comparing_, Side_Choice{Side_Kind::File, path});
+    const auto compare = [this](const std::optional<Side_Choice>& right) {
+        compareDocument(comparing_, right);
+        edit_.scheduleRefresh();
+    };
+    menu_.onChosen("MNU_Compare", [compare] { compare(std::nullopt); });
+    mainForm_.extras.compare = [compare](const std::string& path) {
+        compare(path.empty() ? Side_Choice{Side_Kind::Controller} : Side_Choice{Side_Kind::File, path});
     };
 }
 

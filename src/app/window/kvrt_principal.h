@@ -114,6 +114,7 @@ class KVRT_Principal {
     Desktop_Menus desktop_;
     Document_Ways ways_;
     commission::Native_Runs runs_;
+    Difference_Marks marks_;
     Comparing_Services comparing_;
     Survey_Commands survey_;
     Edit_Windows edit_;

@@ -62,13 +62,29 @@ void drawCellText(QPainter* painter, const QStyleOptionViewItem& option, const Q
 }
 
 /// A triangle in the colour of the text, so that it is seen on any ground.
-void drawCorners(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) {
-    if ((index.data(cornerRole).toInt() & Corner_Changed) == 0) return;
-    const int side = std::max(5, option.rect.height() * 2 / 5);
-    const QPoint corner(option.rect.right() + 1, option.rect.top());
-    painter->setBrush(painter->pen().color());
+void drawChanged(QPainter* painter, const QRect& place, const Cell_Colours& look, int side) {
+    const QPoint corner(place.right() + 1, place.top());
+    painter->setBrush(look.fore);
     painter->setPen(Qt::NoPen);
     painter->drawPolygon(QPolygon({corner, corner - QPoint(side, 0), corner + QPoint(0, side)}));
+}
+
+/// Another corner and no filling tell it from a change, not a colour. The text stays readable.
+void drawDiffers(QPainter* painter, const QRect& place, const Cell_Colours& look, int side, bool left) {
+    const QPoint corner = left ? place.bottomLeft() : place.bottomRight();
+    painter->setBrush(look.back);
+    painter->setPen(QPen(look.fore, 1));
+    painter->drawPolygon(
+        QPolygon({corner, corner + QPoint(left ? side : -side, 0), corner - QPoint(0, side)}));
+}
+
+void drawCorners(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                 const Cell_Colours& look) {
+    const int corners = index.data(cornerRole).toInt();
+    const int side = std::max(5, option.rect.height() * 2 / 5);
+    const bool rightText = (index.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight) != 0;
+    if ((corners & Corner_Changed) != 0) drawChanged(painter, option.rect, look, side);
+    if ((corners & Corner_Differs) != 0) drawDiffers(painter, option.rect, look, side, rightText);
 }
 
 void drawCurrentBorder(QPainter* painter, const QStyleOptionViewItem& option) {
@@ -97,7 +113,7 @@ void Flex_Grid_Delegate::paint(QPainter* painter, const QStyleOptionViewItem& gi
     painter->fillRect(given.rect, look.back);
     painter->setPen(look.fore);
     drawCellText(painter, given, index);
-    drawCorners(painter, given, index);
+    drawCorners(painter, given, index, look);
     if (current) drawCurrentBorder(painter, given);
     painter->restore();
 }

@@ -12,6 +12,7 @@ namespace zorvane::ui {
 /// What a cell carries in its corners beside its text; a sum of these.
 enum Cell_Corner : int {
     Corner_Changed = 1, ///< a triangle in the upper right one: the value isn't the file's
+    Corner_Differs = 2, ///< an empty one in the lower corner that the text leaves free: another side differs
 };
 /// The role under which a view gets it.
 inline constexpr int cornerRole = Qt::UserRole + 1;

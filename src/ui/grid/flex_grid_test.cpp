@@ -61,6 +61,35 @@ TEST_F(Flex_Grid_View_Test, PaintsEachCellInItsOwnColours) {
     EXPECT_EQ(view->model()->index(1, 1).data(Qt::ForegroundRole).value<QBrush>().color(), QColor(255, 0, 0));
 }
 
+TEST_F(Flex_Grid_View_Test, TellsTheTwoMarksOfACellApartByCornerAndFilling) {
+    view->cells().corners = [](std::int32_t row, std::int32_t) {
+        return row == 2 ? int{Corner_Changed} : row == 3 ? int{Corner_Differs} : 0;
+    };
+    stand(1, 0);
+    show();
+    const auto upperRight = [&](int row) {
+        return pixelIn(*view->viewport(),
+                       view->visualRect(view->model()->index(row - 1, 1)).topRight() + QPoint(-1, 1));
+    };
+    const auto lowerRight = [&](int row, int inside) {
+        return pixelIn(*view->viewport(), view->visualRect(view->model()->index(row - 1, 1)).bottomRight() -
+                                              QPoint(inside, inside));
+    };
+    const QColor text = view->palette().color(QPalette::Text);
+    const QColor ground = view->palette().color(QPalette::Base);
+    EXPECT_EQ(upperRight(2), text);
+    EXPECT_EQ(lowerRight(2, 0), ground);
+    EXPECT_EQ(upperRight(3), ground);
+    EXPECT_EQ(lowerRight(3, 0), text);
+    EXPECT_EQ(lowerRight(3, 2), ground) << "it is empty";
+    EXPECT_EQ(upperRight(4), ground);
+    EXPECT_EQ(lowerRight(4, 0), ground);
+    grid->setColAlignment(1, Align_Right_Top);
+    view->flush();
+    EXPECT_EQ(lowerRight(3, 0), ground) << "the text is there";
+    EXPECT_EQ(pixelIn(*view->viewport(), view->visualRect(view->model()->index(2, 1)).bottomLeft()), text);
+}
+
 TEST_F(Flex_Grid_View_Test, ShowsACellsColoursAlsoWhileItIsTheCurrentOne) {
     stand(2, 1);
     grid->setCellBackColor(0x80C0FF);

@@ -81,6 +81,7 @@ constexpr std::array viewLines = {
     Menu_Line{"MNU_FillsRoom", "&Last column takes the room", "", true},
     Menu_Line{"MNU_DarkGrounds", "&Dark grounds in the dark", "", true},
     Menu_Line{"MNU_MarkChanged", "Mark &changed cells", "", true},
+    Menu_Line{"MNU_MarkDifferences", "&Mark differences", "", true},
 };
 
 constexpr std::array windowLines = {

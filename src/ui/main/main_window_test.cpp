@@ -102,7 +102,7 @@ TEST_F(Main_Window_Test, HasTheMenus) {
         "&Compare... | &Send Changes... | &Find Controllers... | &Listen...");
     EXPECT_EQ(captionsOf(menuCalled("MNU_View")), "&Font size... | - | Commands by &Name... | &Last column "
                                                   "takes the room | &Dark grounds in the dark | "
-                                                  "Mark &changed cells");
+                                                  "Mark &changed cells | &Mark differences");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Edit")),
               "&Undo | &Redo | - | &Copy | Paste &block | - | &Find... | Find &next | Find &previous");
     EXPECT_EQ(captionsOf(menuCalled("MNU_Windows")), "&Minimize | Ma&ximize | Minimize to &tray");

@@ -142,6 +142,27 @@ def what_was_taken_is_undone_as_one_step(program):
     program.expect_title("* site7.kvrt207d - Zorvane")
 
 
+def differences_are_marked_in_the_grid(program):
+    """The switch in View says what it needs, a comparison says what the cells are held against."""
+    regulation, value = 3, 1
+    _opened(program)
+    program.enlarge()
+    program.select_field(regulation)
+    program.choose("View", "Mark differences")
+    expect("the bar", lambda: program.window.named("BAR_1_Text").name.split(":")[0], "No cell is marked yet")
+    window = _compare_with_the_factory(program)
+    window.answer("Close")
+    expect("the bar", lambda: program.window.named("BAR_1_Text").name, "Cells that differ from factory values are marked.")
+    program.expect_state(0, value, "Modifiable, differs from factory values: 1150")
+    program.enter(0, value, "1150")
+    program.expect_state(0, value, "Modifiable, changed")
+    program.hands.keys("ctrl+z")
+    program.expect_state(0, value, "Modifiable, differs from factory values: 1150")
+    assert program.stored("View", "Differences") == "1", program.stored("View", "Differences")
+    program.choose("View", "Mark differences")
+    wait_for("no line", lambda: not program.shows("BAR_1"))
+
+
 def f8_goes_from_difference_to_difference(program):
     _opened(program)
     window = _compare_with_the_factory(program)

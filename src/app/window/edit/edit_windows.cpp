@@ -33,8 +33,9 @@ QString menuCaption(const std::string& caption) {
 
 } // namespace
 
-Edit_Windows::Edit_Windows(ui::Main_Window& window, const App_Context& app, Event_Edge& edge)
-    : window_(window), app_(app), edge_(edge), find_(app) {
+Edit_Windows::Edit_Windows(ui::Main_Window& window, const App_Context& app, Event_Edge& edge,
+                           Difference_Marks& marks)
+    : window_(window), app_(app), edge_(edge), marks_(marks), find_(app) {
     onChosen("MNU_Undo", [this] { MNU_Undo_Click(app_); });
     onChosen("MNU_Redo", [this] { MNU_Redo_Click(app_); });
     askFit = [this](const Fit_Question& question) { return ask(question); };
@@ -43,6 +44,7 @@ Edit_Windows::Edit_Windows(ui::Main_Window& window, const App_Context& app, Even
     connectFind();
     connectFiles();
     onChosen("MNU_MarkChanged", [this] { MNU_MarkChanged_Click(app_); });
+    onChosen("MNU_MarkDifferences", [this] { marks_.MNU_MarkDifferences_Click(); });
     QMenu& menu = *qobject_cast<QMenu*>(window_.menu().action(QStringLiteral("MNU_Undo")).parent());
     menu.setToolTipsVisible(true);
     QObject::connect(&menu, &QMenu::aboutToShow, &window_, [this] { refresh(); });
@@ -98,19 +100,34 @@ void Edit_Windows::onChosen(const char* entry, const std::function<void()>& hand
 
 /// The cells carry their mark, and tell of it.
 void Edit_Windows::connectGrid() {
+    connectMarks();
     ui::Flex_Grid_View& view = window_.FLX_Settings().view();
-    view.cells().corners = [this](std::int32_t row, std::int32_t col) {
-        return isMarkedChanged(app_, row, col) ? int{ui::Corner_Changed} : 0;
-    };
-    view.cells().describe = [this, describe = view.cells().describe](std::int32_t row, std::int32_t col) {
-        const std::string words = describe ? describe(row, col) : std::string();
-        return isMarkedChanged(app_, row, col) ? words + (words.empty() ? "Changed" : ", changed") : words;
-    };
     view.events.AfterEdit = [this, after = view.events.AfterEdit](std::int32_t row, std::int32_t col) {
         if (after) after(row, col);
         scheduleRefresh();
     };
     connectClipboard();
+}
+
+void Edit_Windows::connectMarks() {
+    ui::Flex_Grid_Model& cells = window_.FLX_Settings().view().cells();
+    cells.corners = [this](std::int32_t row, std::int32_t col) {
+        return (isMarkedChanged(app_, row, col) ? ui::Corner_Changed : 0) |
+               (marks_.at(row, col) ? ui::Corner_Differs : 0);
+    };
+    cells.describe = [this, describe = cells.describe](std::int32_t row, std::int32_t col) {
+        std::string words = describe ? describe(row, col) : std::string();
+        if (isMarkedChanged(app_, row, col)) words += words.empty() ? "Changed" : ", changed";
+        if (const auto other = marks_.at(row, col))
+            words += (words.empty() ? "Differs from " : ", differs from ") + *other;
+        return words;
+    };
+    cells.explain = [this, explain = cells.explain](std::int32_t row, std::int32_t col) {
+        std::string words = explain ? explain(row, col) : std::string();
+        if (const auto other = marks_.at(row, col))
+            words += (words.empty() ? "Differs from " : "\nDiffers from ") + *other;
+        return words;
+    };
 }
 
 void Edit_Windows::connectClipboard() {
@@ -162,6 +179,7 @@ void Edit_Windows::refresh() {
         const bool open = app_.form().Document_Open && !app_.state.modelEmptied;
         allow("MNU_ExportValues", open ? "" : why);
         window_.menu().action(QStringLiteral("MNU_MarkChanged")).setChecked(marksChangedCells(app_));
+        window_.menu().action(QStringLiteral("MNU_MarkDifferences")).setChecked(marks_.on());
         refreshChangedCount(app_);
         Find_Window* const find = findWindow_.data();
         if (find == nullptr || !find->isVisible()) return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/compare/difference_marks.h"
 #include "app/desktop/event_edge.h"
 #include "app/edit/fit_question.h"
 #include "app/form/app_context.h"
@@ -18,10 +19,10 @@ namespace zorvane::app {
 
 struct Step_Entry;
 
-/// The window's menu "Edit", and what the lower grid shows of changes. All three outlive it.
+/// The window's menu "Edit", and what the lower grid shows of changes and differences. All four outlive it.
 class Edit_Windows {
   public:
-    Edit_Windows(ui::Main_Window& window, const App_Context& app, Event_Edge& edge);
+    Edit_Windows(ui::Main_Window& window, const App_Context& app, Event_Edge& edge, Difference_Marks& marks);
     Edit_Windows(const Edit_Windows&) = delete;
     Edit_Windows& operator=(const Edit_Windows&) = delete;
 
@@ -49,12 +50,14 @@ class Edit_Windows {
     [[nodiscard]] bool ask(const Fit_Question& question) const;
     void onChosen(const char* entry, const std::function<void()>& handler);
     void refresh();
+    void connectMarks();
     void showEntry(const char* name, const Step_Entry& entry);
     void allow(const char* name, const std::string& why);
 
     ui::Main_Window& window_;
     const App_Context& app_;
     Event_Edge& edge_;
+    Difference_Marks& marks_;
     Find_Session find_;
     QPointer<Find_Window> findWindow_;
     bool refreshPending_ = false;

@@ -5,6 +5,7 @@
 #include "app/window/edit/find_window.h"
 #include "app/window/edit/fit_dialog.h"
 #include "app/window/testing/program_fixture.h"
+#include "ui/compare/compare_window.h"
 #include "ui/testing/control_walk.h"
 
 #include <QCheckBox>
@@ -89,6 +90,27 @@ TEST_F(Edit_Menu, MarksChangedCellsUntilTheyAreSaved) {
     choose("MNU_MarkChanged");
     choose("MNU_Save");
     EXPECT_EQ(corners(1, 1), 0);
+}
+
+TEST_F(Edit_Menu, MarksWhatDiffersFromTheSideThatWasCompared) {
+    program->comparing().run = [](ui::Compare_Window& window) { window.events.sideChosen(1, 2); };
+    choose("MNU_Compare");
+    const QModelIndex index = lower().view().model()->index(0, 1);
+    EXPECT_FALSE(entry("MNU_MarkDifferences").isChecked());
+    EXPECT_EQ(corners(1, 1), 0);
+    choose("MNU_MarkDifferences");
+    EXPECT_TRUE(entry("MNU_MarkDifferences").isChecked());
+    EXPECT_EQ(corners(1, 1), int{ui::Corner_Differs});
+    EXPECT_EQ(index.data(Qt::AccessibleDescriptionRole).toString().toStdString(),
+              "Modifiable, differs from factory values: 1150");
+    EXPECT_EQ(index.data(Qt::ToolTipRole).toString().toStdString(), "Differs from factory values: 1150");
+    type(1, 1, "1160");
+    EXPECT_EQ(corners(1, 1), ui::Corner_Changed | ui::Corner_Differs);
+    EXPECT_EQ(index.data(Qt::AccessibleDescriptionRole).toString().toStdString(),
+              "Modifiable, changed, differs from factory values: 1150");
+    type(1, 1, "1150");
+    EXPECT_EQ(corners(1, 1), int{ui::Corner_Changed});
+    EXPECT_EQ(index.data(Qt::ToolTipRole).toString().toStdString(), "");
 }
 
 TEST_F(Edit_Menu, PastesABlockOrAsks) {

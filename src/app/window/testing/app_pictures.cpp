@@ -9,6 +9,7 @@
 #include "app/window/kvrt_principal.h"
 #include "template/testing/temporary_folder.h"
 #include "ui/base/text.h"
+#include "ui/compare/compare_window.h"
 #include "ui/testing/dark_palette.h"
 
 #include <QAction>
@@ -54,6 +55,8 @@ void takeEditing(const QDir& folder) {
     program.mainForm().timers().fire(Timer_Name::TMR_Inicial_ZTP);
     openFile(program.app(), std::string(ZORVANE_MODELS) + "/EXAMPLE.KVRT207D", false);
     program.window().resize(560, 600);
+    program.window().activateWindow();
+    QTest::qWait(150);
     ui::Flex_Grid& lower = program.window().FLX_Settings();
     lower.view().setFocus();
     for (const std::int32_t row : {1, 2}) {
@@ -63,7 +66,9 @@ void takeEditing(const QDir& folder) {
         QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("1"));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     }
-    program.window().menu().action(QStringLiteral("MNU_Find")).trigger();
+    program.comparing().run = [](ui::Compare_Window& window) { window.events.sideChosen(1, 2); };
+    for (const char* entry : {"MNU_Compare", "MNU_MarkDifferences", "MNU_Find"})
+        program.window().menu().action(QString::fromLatin1(entry)).trigger();
     save(program.window(), folder, "changed");
     save(*program.edit().findWindow(), folder, "find");
     Fit_Dialog question({"Import values",
