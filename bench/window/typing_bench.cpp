@@ -41,8 +41,8 @@ class Typing_Scene {
         QApplication::processEvents();
     }
 
-    [[nodiscard]] Flex_Grid& grid() { return program_->window().FLX_Settings(); }
-    [[nodiscard]] Flex_Grid_View& view() { return grid().view(); }
+    [[nodiscard]] ui::Flex_Grid& grid() { return program_->window().FLX_Settings(); }
+    [[nodiscard]] ui::Flex_Grid_View& view() { return grid().view(); }
 
     void press(int key, const QString& text = {}) {
         QWidget* target = QApplication::focusWidget();

@@ -19,7 +19,7 @@ int main(int argc, char* argv[]) {
     QApplication::setQuitOnLastWindowClosed(false);
     const std::string folder = argv[3];
     app::KVRT_Principal principal({argv[2], folder, QString::fromStdString(folder + "/settings.conf")});
-    Flex_Grid& grid = principal.window().FLX_Settings();
+    ui::Flex_Grid& grid = principal.window().FLX_Settings();
     bench::First_Paint painted(*grid.view().viewport(), [&] {
         const auto spent = std::chrono::steady_clock::now().time_since_epoch() - started;
         const bool whole = grid.Rows() > 1 && principal.window().isVisible();
