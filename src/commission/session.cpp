@@ -85,7 +85,9 @@ Controller_Look Session::look(const std::set<std::int32_t>& more) {
         compare::identityOf(document_.document, document_.section, document_.unit, {look.registers, {}});
     if (reading.cancelled || !reading.answered) {
         look.step = Step::Failed;
-        look.why = reading.cancelled ? "Stopped." : "The controller doesn't answer: " + reading.why + ".";
+        look.why = reading.cancelled       ? "Stopped."
+                   : reading.requests == 0 ? "The template has no register that can be read."
+                                           : "The controller doesn't answer: " + reading.why + ".";
     } else if (look.identity.verdict == compare::Verdict::Isnt && !although_) {
         look.step = Step::Wrong_Controller;
         look.why = whyNot(look.identity);
