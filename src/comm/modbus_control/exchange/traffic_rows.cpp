@@ -38,7 +38,7 @@ std::string functionText(Function_Code function) {
 
 std::string rangeText(std::int32_t first, std::int32_t count) {
     std::string text = std::to_string(first);
-    if (count > 1) text += "-" + std::to_string(first + count - 1);
+    if (count > 1) text += "-" + std::to_string(std::int64_t{first} + count - 1);
     return text;
 }
 
