@@ -3,6 +3,7 @@
 
 #include "commission/identity_question.h"
 #include "commission/plan/comparison_json.h"
+#include "compare/controller_reading.h"
 #include "values/code_page.h"
 
 #include <algorithm>
@@ -31,7 +32,7 @@ std::string whyNot(const compare::Identity& identity) {
     std::string why = "The controller isn't a " + identity.model;
     for (const compare::Evidence& each : identity.evidence)
         if (each.result == compare::Fit::Doesnt_Fit) {
-            why += ": register " + each.registers + " holds \"" + each.found + "\" and not \"" +
+            why += ": " + compare::placeText(each) + " holds \"" + each.found + "\" and not \"" +
                    each.expected + "\"";
             break;
         }
@@ -81,8 +82,13 @@ Controller_Look Session::look(const std::set<std::int32_t>& more) {
     Controller_Look look;
     look.requests = reading.requests;
     look.registers = std::move(reading.registers);
-    look.identity =
-        compare::identityOf(document_.document, document_.section, document_.unit, {look.registers, {}});
+    compare::Objects_Reading objects;
+    if (reading.answered && !reading.cancelled)
+        objects = compare::readObjects(services_.line, document_.unit, document_.section);
+    look.requests += static_cast<std::size_t>(objects.answer.requests);
+    reading.cancelled = reading.cancelled || objects.answer.end == Unit_End::Cancelled;
+    look.identity = compare::identityOf(document_.document, document_.section, document_.unit,
+                                        {look.registers, std::move(objects.objects), objects.unread});
     if (reading.cancelled || !reading.answered) {
         look.step = Step::Failed;
         look.why = reading.cancelled       ? "Stopped."

@@ -190,6 +190,52 @@ TEST(Session, AnotherControllerStopsBeforeTheFirstWrite) {
     EXPECT_EQ(bench.toy.writes, 0);
 }
 
+const std::string objectsIdentity = "[IDENTITY]\nOBJECTS=YES\nOBJECT_1=PUMP\n";
+
+TEST(Session, AControllerIsToldByItsObjectsToo) {
+    Session_Bench bench(objectsIdentity);
+    bench.changeMuch();
+    bench.toy.objects = {{0, "ACME"}, {1, "FAN"}};
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Wrong_Controller);
+    EXPECT_EQ(end.why, "The controller isn't a PUMP: object 1 holds \"FAN\" and not \"PUMP\".");
+    EXPECT_EQ(bench.toy.writes, 0);
+    bench.toy.objects = {{1, "Pump"}};
+    EXPECT_EQ(bench.send().step, Step::Good);
+}
+
+TEST(Session, OneWithOtherObjectsInItsPlaceStopsTheSend) {
+    for (const auto& [objects, why] :
+         {std::pair(std::map<std::int32_t, std::string>{{1, "FAN"}},
+                    "object 1 holds \"FAN\" instead of \"PUMP\""),
+          std::pair(std::map<std::int32_t, std::string>{},
+                    "object 1 holds \"Illegal function (exception 1)\" instead of \"PUMP\"")}) {
+        Session_Bench bench(objectsIdentity);
+        bench.changeMuch();
+        bench.toy.objects = {{1, "PUMP"}};
+        bench.toy.other = bench.toy.registers;
+        bench.toy.otherObjects = objects;
+        Session session = bench.session();
+        const Controller_Look look = session.look();
+        ASSERT_EQ(look.step, Step::Good);
+        bench.toy.strikeAt(bench.toy.requests(), Strike::Exchange);
+        const Session_End end = session.send(session.plan(look, {}), look);
+        EXPECT_EQ(end.step, Step::Wrong_Controller);
+        EXPECT_THAT(end.why, HasSubstr(why));
+        EXPECT_EQ(bench.toy.writesToOther, 0);
+    }
+}
+
+TEST(Session, OneThatKnowsNoObjectsIsAskedOnceAndTheSendGoesOn) {
+    Session_Bench bench(objectsIdentity + "REGISTER_1=30\nLOW_1=20\nHIGH_1=30\n");
+    bench.changeMuch();
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    EXPECT_EQ(look.identity.verdict, compare::Verdict::Cant_Tell);
+    EXPECT_EQ(session.send(session.plan(look, {}), look).step, Step::Good);
+    EXPECT_EQ(bench.toy.objectRequests, 1);
+}
+
 TEST(Session, NoFolderNoWrite) {
     Session_Bench bench;
     bench.changeMuch();

@@ -15,7 +15,7 @@ std::string counted(std::size_t count, const char* one, const char* more) {
 }
 
 std::string evidenceText(const compare::Evidence& evidence) {
-    std::string text = evidence.registers.find("object") == 0 ? "" : "Register ";
+    std::string text = compare::isObject(evidence) ? "" : "Register ";
     text += toUtf8(evidence.registers);
     if (!evidence.what.empty()) text += " (" + toUtf8(evidence.what) + ")";
     switch (evidence.result) {

@@ -32,6 +32,8 @@ std::string functionText(Function_Code function) {
         return "6 write";
     case Function_Code::PresetMultipleRegisters:
         return "16 write block";
+    case Function_Code::ReadDeviceIdentification:
+        return "43 read identification";
     }
     return std::to_string(static_cast<int>(function));
 }
