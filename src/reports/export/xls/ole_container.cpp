@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "reports/export/ole_container.h"
+#include "reports/export/xls/ole_container.h"
 
 #include "values/run_time_failure.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "reports/bands/text_style.h"
-#include "reports/export/biff_records.h"
+#include "reports/export/xls/biff_records.h"
 
 #include <cstdint>
 #include <string>

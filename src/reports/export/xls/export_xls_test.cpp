@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "reports/documents/main_rep_kvrt.h"
-#include "reports/export/biff_records.h"
-#include "reports/export/export_xls.h"
+#include "reports/export/xls/biff_records.h"
+#include "reports/export/xls/export_xls.h"
 #include "reports/testing/report_bench.h"
 
 #include <gmock/gmock.h>

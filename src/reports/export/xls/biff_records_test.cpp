@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "reports/export/biff_records.h"
+#include "reports/export/xls/biff_records.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "reports/export/biff_styles.h"
+#include "reports/export/xls/biff_styles.h"
 
 #include <algorithm>
 #include <cmath>

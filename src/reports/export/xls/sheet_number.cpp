@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "reports/export/sheet_number.h"
+#include "reports/export/xls/sheet_number.h"
 
 #include "values/code_page.h"
 #include "values/numbers.h"

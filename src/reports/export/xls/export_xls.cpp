@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "reports/export/export_xls.h"
+#include "reports/export/xls/export_xls.h"
 
 #include "reports/bands/paper_kinds.h"
-#include "reports/export/biff_records.h"
-#include "reports/export/biff_styles.h"
-#include "reports/export/sheet_number.h"
+#include "reports/export/xls/biff_records.h"
+#include "reports/export/xls/biff_styles.h"
+#include "reports/export/xls/sheet_number.h"
 #include "values/twips.h"
 
 #include <algorithm>
