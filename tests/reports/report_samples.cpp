@@ -150,7 +150,7 @@ int main(int argc, char* argv[]) {
     const Qt_Page_Exporters painted;
     MainRepKVRT report({bench.document, metrics}, bench.clock, bench.host);
     report.HaveGrid = true;
-    for (const char* name : {"xls", "pdf", "rtf", "txt", "tif", "html"})
+    for (const std::string& name : formatNames())
         writeByteFile(folder + "/sample." + name, exportReport(report, formatOfName(name).value(), painted));
     writeCutNumbers(folder + "/cut.pdf", painted);
     writeLargeWorkbook(folder + "/large.xls");
