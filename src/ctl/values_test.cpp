@@ -216,6 +216,14 @@ TEST_F(Import, TakesAllAndSaves) {
               json::parse(R"({"taken":3,"left_out":[]})"));
 }
 
+TEST_F(Import, AnEmptyNameOfTheFileToSaveIsAnErrorOfTheCommandLine) {
+    const std::string values = bench.file("v.csv", headings + "1,1,2,,,,,1200\r\n");
+    const Ctl_Run import = run("import", {values, "--save", "", "--json"});
+    EXPECT_EQ(import.code, 2);
+    EXPECT_EQ(import.out, "");
+    EXPECT_THAT(import.err, HasSubstr("--save: the value is empty"));
+}
+
 TEST_F(Import, NothingIsSavedWhereOneIsLeftOut) {
     const std::string csv = bench.file("v.csv", headings + "1,1,2,,,,,1401\r\n1,4,2,,,,,Trip\r\n");
     const Ctl_Run imported = run("import", {csv, "--save", out});

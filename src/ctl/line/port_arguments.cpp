@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/line/port_arguments.h"
 
+#include "ctl/document/given_value.h"
+
 #include <CLI/CLI.hpp>
 
 namespace zorvane::ctl {
@@ -21,15 +23,19 @@ void Port_Arguments::add(CLI::App& arguments, bool required) {
                     "Port: a name such as ttyUSB0, a path, or tcp:HOST:PORT, rtu+tcp:HOST:PORT, "
                     "rfc2217:HOST:PORT")
         ->required(required);
-    arguments.add_option("--slave", slave_, "Slave number of the controller (default 1)");
+    arguments.add_option("--slave", slave_, "Slave number of the controller (default 1)")
+        ->check(givenValue());
     arguments.add_option("--settings", line_, "Baud, parity, data bits, stop bits (default 9600,n,8,1)")
         ->check(lineComplaint, "LINE");
-    arguments.add_option("--retries", retries_, "Further tries of a request without an answer (default 3)");
-    arguments.add_option("--timeout", timeOutMs_,
-                         "Ms to wait for an answer (default the template's, or 1000)");
+    arguments.add_option("--retries", retries_, "Further tries of a request without an answer (default 3)")
+        ->check(givenValue());
+    arguments
+        .add_option("--timeout", timeOutMs_, "Ms to wait for an answer (default the template's, or 1000)")
+        ->check(givenValue());
     arguments.add_option("--rts", rts_, "What switches an RS-485 driver to sending (default none)")
         ->check(rtsComplaint, "none|rts|rs485");
-    arguments.add_option("--tx-delay", txDelayMs_, "Ms between RTS and the first byte (default 0)");
+    arguments.add_option("--tx-delay", txDelayMs_, "Ms between RTS and the first byte (default 0)")
+        ->check(givenValue());
     arguments.add_flag("--echo", echo_, "The adapter gives back every byte that it sends");
 }
 

@@ -3,6 +3,7 @@
 #include "comm/modbus_control/qt/qt_link_clock.h"
 #include "ctl/calls/qt/port_calls.h"
 #include "ctl/calls/qt/stop_signals.h"
+#include "ctl/document/given_value.h"
 #include "ctl/document/notices.h"
 #include "ctl/line/port_arguments.h"
 #include "ctl/survey/known_template.h"
@@ -43,7 +44,8 @@ class Listen_Subcommand : public Subcommand {
             ->type_name("N")
             ->check(framesComplaint, "");
         arguments.add_option("--out", out_, "Write the frames to a file for Wireshark and tshark (pcapng)")
-            ->type_name("FILE");
+            ->type_name("FILE")
+            ->check(givenValue());
     }
 
     [[nodiscard]] int run(const Call_Context& context) override {

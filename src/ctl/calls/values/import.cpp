@@ -2,6 +2,7 @@
 #include "ctl/calls/document_calls.h"
 #include "ctl/calls/values/commit_values.h"
 #include "ctl/document/document_arguments.h"
+#include "ctl/document/given_value.h"
 #include "ctl/document/text_file.h"
 #include "template/services/native_files.h"
 
@@ -19,6 +20,7 @@ class Import_Subcommand : public Subcommand {
         arguments.add_option("F.csv", values_, "The file of values")->required();
         arguments.add_option("--save", out_, "Write the document with them to this file")
             ->type_name("OUT")
+            ->check(givenValue())
             ->required();
         arguments.add_flag("--all-that-fit", allThatFit_, "Write it also where some values are left out");
     }
