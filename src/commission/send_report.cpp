@@ -103,6 +103,28 @@ Send_Report reportOf(const std::vector<Planned_Cell>& cells, const std::vector<P
     return report;
 }
 
+Send_Report strangeReport(const std::vector<Planned_Cell>& cells,
+                          const std::map<std::int32_t, std::uint16_t>& before,
+                          const std::vector<Strange_Register>& strange) {
+    Send_Report report;
+    for (const Planned_Cell& cell : cells) {
+        const auto found = std::find_if(strange.begin(), strange.end(), [&](const Strange_Register& each) {
+            return cell.registers.first <= each.number && each.number <= cell.registers.last;
+        });
+        if (found == strange.end()) continue;
+        Sent_Row row{cell.place, cell.address, {}, {}, {}, Value_State::Not_Sent, {}};
+        for (std::int32_t at = cell.registers.first; at <= cell.registers.last; ++at) {
+            const auto was = before.find(at);
+            row.before.push_back(was == before.end() ? std::nullopt : std::optional(was->second));
+        }
+        row.answer = "register " + std::to_string(found->number) + " holds " + std::to_string(found->now) +
+                     ", which is neither what was there nor what was to be left";
+        report.rows.push_back(std::move(row));
+        report.counts.add(Value_State::Not_Sent);
+    }
+    return report;
+}
+
 Json rowsJson(const Send_Report& report) {
     Json rows = Json::array();
     for (const Sent_Row& row : report.rows)

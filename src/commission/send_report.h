@@ -3,6 +3,7 @@
 
 #include "commission/folder/journal.h"
 #include "commission/sender.h"
+#include "commission/taking_back.h"
 
 #include <array>
 #include <cstdint>
@@ -65,6 +66,12 @@ struct Send_Report {
                                    const std::vector<Plan_Write>& writes,
                                    const std::map<std::int32_t, std::uint16_t>& before,
                                    const Send_Outcome& outcome);
+
+/// The values that stop a plan or a run, each as not sent: their registers hold neither what was there nor
+/// what was to be left.
+[[nodiscard]] Send_Report strangeReport(const std::vector<Planned_Cell>& cells,
+                                        const std::map<std::int32_t, std::uint16_t>& before,
+                                        const std::vector<Strange_Register>& strange);
 
 /// One object a value. A value of several registers is a list of numbers.
 [[nodiscard]] Json rowsJson(const Send_Report& report);

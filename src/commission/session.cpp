@@ -3,7 +3,6 @@
 
 #include "commission/identity_question.h"
 #include "commission/plan/comparison_json.h"
-#include "compare/controller_reading.h"
 #include "values/code_page.h"
 
 #include <algorithm>
@@ -32,7 +31,7 @@ std::string whyNot(const compare::Identity& identity) {
     std::string why = "The controller isn't a " + identity.model;
     for (const compare::Evidence& each : identity.evidence)
         if (each.result == compare::Fit::Doesnt_Fit) {
-            why += ": " + compare::placeText(each) + " holds \"" + each.found + "\" and not \"" +
+            why += ": register " + each.registers + " holds \"" + each.found + "\" and not \"" +
                    each.expected + "\"";
             break;
         }
@@ -55,6 +54,28 @@ std::map<std::int32_t, std::uint16_t> presentOf(const std::vector<Plan_Write>& w
     return present;
 }
 
+/// What the registers of a plan's writes hold; of those that a write only carries along what the kept plan
+/// found there, so that one which is otherwise now holds its block back.
+std::map<std::int32_t, std::uint16_t> plannedPresent(const Plan& plan) {
+    std::map<std::int32_t, std::uint16_t> present = plan.before;
+    for (const Plan_Write& write : plan.writes)
+        for (std::size_t i = 0; i < write.parts.size(); ++i) {
+            const auto was = plan.planned.find(write.address + static_cast<std::int32_t>(i));
+            if (write.parts[i] == Part::Kept && was != plan.planned.end()) present[was->first] = was->second;
+        }
+    return present;
+}
+
+/// What the registers of all its cells held, of those that aren't sent too.
+std::map<std::int32_t, std::uint16_t> rowsBefore(const Plan& plan,
+                                                 const compare::Controller_Registers& registers) {
+    std::map<std::int32_t, std::uint16_t> before = plan.before;
+    for (const Planned_Cell& cell : plan.cells)
+        for (std::int32_t number = cell.registers.first; number <= cell.registers.last; ++number)
+            if (const auto value = registers.valueAt(number)) before.emplace(number, *value);
+    return before;
+}
+
 std::string strangeText(const std::vector<Strange_Register>& strange) {
     std::string text = "Nothing is written, since these registers hold neither what was there nor what the "
                        "run left:";
@@ -62,6 +83,16 @@ std::string strangeText(const std::vector<Strange_Register>& strange) {
         text += " " + std::to_string(each.number) + " (" +
                 (each.before ? "was " + std::to_string(*each.before) + ", " : "") + "left " +
                 std::to_string(each.left) + ", now " + std::to_string(each.now) + ")";
+    return text + ".";
+}
+
+std::string stalePlanText(const std::vector<Strange_Register>& strange) {
+    std::string text = "The plan is stale. Nothing is written, since these registers hold neither what was "
+                       "there nor what the plan writes:";
+    for (const Strange_Register& each : strange)
+        text += " " + std::to_string(each.number) + " (" +
+                (each.before ? "was " + std::to_string(*each.before) + ", " : "") + "now " +
+                std::to_string(each.now) + ")";
     return text + ".";
 }
 
@@ -82,18 +113,12 @@ Controller_Look Session::look(const std::set<std::int32_t>& more) {
     Controller_Look look;
     look.requests = reading.requests;
     look.registers = std::move(reading.registers);
-    compare::Objects_Reading objects;
-    if (reading.answered && !reading.cancelled)
-        objects = compare::readObjects(services_.line, document_.unit, document_.section);
-    look.requests += static_cast<std::size_t>(objects.answer.requests);
-    reading.cancelled = reading.cancelled || objects.answer.end == Unit_End::Cancelled;
-    look.identity = compare::identityOf(document_.document, document_.section, document_.unit,
-                                        {look.registers, std::move(objects.objects), objects.unread});
+    look.identity =
+        compare::identityOf(document_.document, document_.section, document_.unit, {look.registers, {}});
     if (reading.cancelled || !reading.answered) {
         look.step = Step::Failed;
-        look.why = reading.cancelled       ? "Stopped."
-                   : reading.requests == 0 ? "The template has no register that can be read."
-                                           : "The controller doesn't answer: " + reading.why + ".";
+        look.silent = !reading.cancelled && !reading.lost;
+        look.why = reading.cancelled ? "Stopped." : "The controller doesn't answer: " + reading.why + ".";
     } else if (look.identity.verdict == compare::Verdict::Isnt && !although_) {
         look.step = Step::Wrong_Controller;
         look.why = whyNot(look.identity);
@@ -139,8 +164,9 @@ Session_End Session::checkRegisters(const Plan_Paper& paper, const std::vector<P
                                     const Controller_Look& look) const {
     const Further_Writes further = furtherWrites(unsent(paper), writes, look.registers, document_.section);
     if (further.strange.empty()) return {};
-    Session_End end = failed(Step::Stale, "The plan is stale. " + strangeText(further.strange));
+    Session_End end = failed(Step::Stale, stalePlanText(further.strange));
     end.strange = further.strange;
+    end.report = strangeReport(plannedCells(writes, document_.document), paper.before, further.strange);
     end.identity = look.identity;
     return end;
 }
@@ -220,8 +246,9 @@ Session_End Session::send(const Plan& plan, const Controller_Look& look) {
                   rangeText(plan.unread) + ". Leave their values out; on a terminal --only names others.";
         return end;
     }
+    const std::map<std::int32_t, std::uint16_t> before = rowsBefore(plan, look.registers);
     if (plan.writes.empty()) {
-        end.report = reportOf(plan.cells, plan.writes, plan.before, {});
+        end.report = reportOf(plan.cells, plan.writes, before, {});
         if (end.report.counts.rows() > 0) end.step = Step::Incomplete;
         return end;
     }
@@ -241,7 +268,7 @@ Session_End Session::send(const Plan& plan, const Controller_Look& look) {
             "No run folder can be made in " + services_.runs.place() + ": " + run.why + ". Nothing was sent.";
         return end;
     }
-    return perform({plan.writes, plan.cells, plan.before, plan.before, {}}, *run.folder, look);
+    return perform({plan.writes, plan.cells, before, plannedPresent(plan), {}}, *run.folder, look);
 }
 
 Session_End Session::resume(const std::string& name, const Kept_Run& run, const Controller_Look& look) {
@@ -256,6 +283,8 @@ Session_End Session::resume(const std::string& name, const Kept_Run& run, const 
     if (!further.strange.empty()) {
         end.step = Step::Stale;
         end.why = strangeText(further.strange);
+        end.report =
+            strangeReport(plannedCells(*writes, document_.document), run.paper.before, further.strange);
         return end;
     }
     if (!further.unread.empty()) {
@@ -289,7 +318,8 @@ Further_Writes Session::restoration(const Kept_Run& run, const Controller_Look& 
 }
 
 Session_End Session::restore(const std::string& name, const Kept_Run& run, const Controller_Look& look) {
-    if (!completed(run.paper)) return failed(Step::Stale, "The template has other cells than the run's.");
+    const auto writes = completed(run.paper);
+    if (!writes) return failed(Step::Stale, "The template has other cells than the run's.");
     const Further_Writes back = restoration(run, look);
     Session_End end;
     end.identity = look.identity;
@@ -298,6 +328,7 @@ Session_End Session::restore(const std::string& name, const Kept_Run& run, const
     if (!back.strange.empty()) {
         end.step = Step::Stale;
         end.why = strangeText(back.strange);
+        end.report = strangeReport(plannedCells(*writes, document_.document), run.paper.before, back.strange);
         return end;
     }
     if (!back.unread.empty()) {

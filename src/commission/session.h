@@ -65,6 +65,7 @@ struct Controller_Look {
     compare::Identity identity;
     compare::Controller_Registers registers;
     std::size_t requests = 0;
+    bool silent = false; ///< failed, since nobody answered on a port that is there
 };
 
 /// What came of a send, a resumption or a restoration.

@@ -42,7 +42,8 @@ Whole_Reading readWhole(Unit_Reader& line, std::int32_t unit, const Declara_Zorv
             reading.requests += static_cast<std::size_t>(answer.requests);
             reading.answered = reading.answered || answer.good() || answer.end == Unit_End::Refused;
             reading.cancelled = answer.end == Unit_End::Cancelled;
-            gone = reading.cancelled || answer.end == Unit_End::PortLost || !reading.answered;
+            reading.lost = answer.end == Unit_End::PortLost;
+            gone = reading.cancelled || reading.lost || !reading.answered;
             if (gone) reading.why = answer.fault;
             return answer;
         });

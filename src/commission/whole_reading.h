@@ -19,7 +19,8 @@ struct Whole_Reading {
     std::size_t requests = 0;
     bool answered = false; ///< somebody answered something
     bool cancelled = false;
-    std::string why; ///< why nobody answered
+    bool lost = false; ///< the port is gone
+    std::string why;   ///< why nobody answered
 };
 
 /// The blocks that the template reads.

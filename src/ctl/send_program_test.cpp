@@ -186,6 +186,94 @@ TEST_F(SendProgram, OnlyWhatIsNamedIsSent) {
     EXPECT_EQ(writes(), 1);
 }
 
+TEST_F(SendProgram, AnotherControllerComesBeforeAStalePlan) {
+    start();
+    EXPECT_EQ(call("plan", {"--out", bench.path("p.json")}).code, 3);
+    json paper = json::parse(bench.bytes("p.json"));
+    paper["document"]["sha256"] = "0";
+    std::ofstream(bench.path("q.json")) << paper;
+    const Ctl_Run stale = call("send", {"--plan", bench.path("q.json")});
+    EXPECT_EQ(stale.code, 6);
+    EXPECT_EQ(json::parse(stale.out)["identity"]["verdict"], "is");
+    start("KVRT100.ZTP");
+    EXPECT_EQ(call("send", {"--plan", bench.path("q.json")}).code, 5);
+    EXPECT_EQ(writes(), 0);
+}
+
+TEST_F(SendProgram, WhatNamesNoCellIsToldAndSendsNothing) {
+    start();
+    for (const std::string& call : {std::string("plan"), std::string("send")})
+        for (const char* only : {"99", "3,99", "3,1,99"}) {
+            std::vector<std::string> more = {"--only", "3,1,2", "--only", only};
+            if (call == "send") more.emplace_back("--yes");
+            const Ctl_Run wrong = this->call(call, more);
+            EXPECT_EQ(wrong.code, 1) << call << only;
+            EXPECT_EQ(wrong.err, "zorvanectl: --only " + std::string(only) +
+                                     " names no cell: the template has no such field, row or column. Nothing "
+                                     "was sent.\n");
+            EXPECT_EQ(json::parse(wrong.out)["counts"]["rows"], 0);
+        }
+    EXPECT_EQ(writes(), 0);
+}
+
+TEST_F(SendProgram, APlanThatCantBeKeptIsOneObjectAllTheSame) {
+    start();
+    const Ctl_Run plan = call("plan", {"--out", bench.path("nowhere/p.json")});
+    EXPECT_EQ(plan.code, 1);
+    EXPECT_GT(json::parse(plan.out)["writes"].size(), 0U);
+    EXPECT_THAT(plan.err, HasSubstr("nowhere/p.json could not be written"));
+}
+
+TEST_F(SendProgram, AnEmptyValueIsAnErrorOfTheCommandLine) {
+    start();
+    for (const char* option : {"--plan", "--although", "--slave", "--timeout", "--retries", "--tx-delay"}) {
+        const Ctl_Run sent = call("send", {"--yes", option, ""});
+        EXPECT_EQ(sent.code, 2) << option;
+        EXPECT_THAT(sent.err, HasSubstr(std::string(option) + ": the value is empty"));
+    }
+    EXPECT_EQ(call("plan", {"--out", ""}).code, 2);
+    EXPECT_EQ(writes(), 0);
+}
+
+TEST_F(SendProgram, AVerificationSaysNotReadWhenNobodyAnswers) {
+    start();
+    EXPECT_EQ(call("send", {"--yes", "--only", "3,1,2"}).code, 0);
+    const Ctl_Run verified = run(
+        {"verify", "last", "--port", port, "--slave", "9", "--timeout", "100", "--retries", "0", "--json"});
+    EXPECT_EQ(verified.code, 7);
+    const json result = json::parse(verified.out);
+    EXPECT_EQ(result["counts"], (json{{"as_left", 0}, {"changed", 0}, {"not_read", 1}, {"rows", 1}}));
+    EXPECT_EQ(result["rows"][0]["now"], nullptr);
+    EXPECT_THAT(verified.err, HasSubstr("doesn't answer"));
+}
+
+TEST_F(SendProgram, AVerificationByAChangedTemplateFails) {
+    start();
+    const std::string ztp = bench.path("KVRT207D.ZTP");
+    std::filesystem::copy_file(model("KVRT207D.ZTP"), ztp);
+    EXPECT_EQ(run({"send", ztp, model("EXAMPLE.KVRT207D"), "--port", port, "--yes", "--only", "3,1,2"}).code,
+              0);
+    std::ofstream(ztp, std::ios::app) << "; a note\r\n";
+    EXPECT_EQ(onRun("verify").code, 1);
+    EXPECT_EQ(onRun("resume").code, 6);
+    EXPECT_EQ(onRun("restore").code, 6);
+}
+
+TEST_F(SendProgram, ARecordNamesItsRunAndOneWithoutAUnitIsNone) {
+    start();
+    const json sent = json::parse(call("send", {"--yes", "--only", "3,1,2"}).out);
+    const Ctl_Run record = run({"record", "last", "--out", bench.path("r.json"), "--json"});
+    EXPECT_EQ(record.code, 0) << record.err;
+    EXPECT_EQ(json::parse(record.out)["run"], sent["run"]);
+    json paper = json::parse(bench.bytes("r.json"));
+    paper["controller"]["unit"] = 0;
+    std::ofstream(bench.path("q.json")) << paper;
+    const Ctl_Run verified = run({"verify-record", bench.path("q.json"), "--port", port, "--json"});
+    EXPECT_EQ(verified.code, 1);
+    EXPECT_EQ(json::parse(verified.out)["counts"]["rows"], 0);
+    EXPECT_THAT(verified.err, HasSubstr("is not the JSON of a record"));
+}
+
 TEST_F(SendProgram, ARegisterFileAndAPortExcludeEachOther) {
     start();
     EXPECT_EQ(run({"plan", model("KVRT207D.ZTP"), model("EXAMPLE.KVRT207D")}).code, 2);

@@ -10,6 +10,7 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using testing::Link_Rig;
 
 constexpr Micros ms = microsPerMs;

@@ -81,6 +81,8 @@ struct Plan {
     std::vector<Plan_Write> writes;
     std::vector<Planned_Cell> cells;
     std::map<std::int32_t, std::uint16_t> before; ///< of every register that the writes touch
+    /// The same of the kept plan that this one is sent for; empty where there is none.
+    std::map<std::int32_t, std::uint16_t> planned;
     /// Registers that weren't read and that a write needs: nothing may be sent.
     std::vector<Register_Range> unread;
     std::optional<Plan_Failure> failure;

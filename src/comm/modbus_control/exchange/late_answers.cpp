@@ -20,15 +20,13 @@ bool sameShape(const Rtu_Request& a, const Rtu_Request& b) {
 /// count only, that of a write its address, and its value or count.
 bool sameAnswer(const Rtu_Request& a, const Rtu_Request& b) {
     if (!sameFunction(a, b) || a.count != b.count) return false;
-    if (!isWrite(a.function)) return true;
+    if (a.function == Function_Code::ReadHoldingRegisters) return true;
     return a.address == b.address &&
            (a.function == Function_Code::PresetMultipleRegisters || a.values == b.values);
 }
 
 bool overlap(const Rtu_Request& a, const Rtu_Request& b) {
-    const Function_Code objects = Function_Code::ReadDeviceIdentification;
-    return a.function != objects && b.function != objects && a.unit == b.unit &&
-           a.address < b.address + b.count && b.address < a.address + a.count;
+    return a.unit == b.unit && a.address < b.address + b.count && b.address < a.address + a.count;
 }
 
 } // namespace
@@ -53,7 +51,7 @@ void Late_Answers::forgetPast(Micros now) {
 }
 
 void Late_Answers::sent(const Rtu_Request& request) {
-    if (!isWrite(request.function)) return;
+    if (request.function == Function_Code::ReadHoldingRegisters) return;
     for (Expected& entry : expected_) {
         if (overlap(entry.request, request) && !(entry.request == request)) entry.outOfDate = true;
     }

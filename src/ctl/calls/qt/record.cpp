@@ -67,6 +67,7 @@ class Record_Subcommand : public Subcommand {
             tell(context.err, "There is no run \"" + run_ + "\" in " + named.folder + ".");
             return std::nullopt;
         }
+        name_ = named.name;
         if (!addChecks(context, *record)) return std::nullopt;
         record->head = headFor(context, place, named.name);
         return record;
@@ -98,7 +99,7 @@ class Record_Subcommand : public Subcommand {
     int finish(const Call_Context& context, const std::string& hash) const {
         const bool done = !hash.empty();
         if (context.json)
-            printJson(context.out, {{"run", run_},
+            printJson(context.out, {{"run", name_.empty() ? run_ : name_},
                                     {"output", done ? jsonPath(pathFromNative(out_)) : Json()},
                                     {"record", done ? Json(hash) : Json()}});
         else if (done)
@@ -107,6 +108,7 @@ class Record_Subcommand : public Subcommand {
     }
 
     std::string run_;
+    std::string name_; ///< of the folder that it means
     std::string out_;
     std::string checks_;
     Head_Arguments head_;

@@ -54,6 +54,8 @@ std::vector<Register_Range> rangesOf(const Record& record, const Identity_Sectio
     return ranges;
 }
 
+bool isUnit(std::int32_t number) { return number >= 1 && number <= 247; }
+
 class Verify_Record_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
@@ -65,7 +67,8 @@ class Verify_Record_Subcommand : public Subcommand {
     int run(const Call_Context& context) override {
         const auto text = context.files.bytes(pathFromNative(file_));
         const auto record = text ? commission::recordOfJson(*text) : std::nullopt;
-        if (!record || record->files.empty())
+        const bool ownUnit = given_->count("--slave") > 0;
+        if (!record || record->files.empty() || !(ownUnit || isUnit(record->controller.unit)))
             return refuse(context, printablePath(pathFromNative(file_)) + " is not the JSON of a record.");
         const Port_Settings settings = settingsFor(*record);
         if (const std::string wrong = settingsFault(settings); !wrong.empty()) {

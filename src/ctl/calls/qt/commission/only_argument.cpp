@@ -11,6 +11,14 @@ std::string patternComplaint(const std::string& text) {
     return commission::parsePattern(text) ? "" : "\"" + text + "\" is not FIELD[,ROW[,COLUMN]], as in 3,1,2";
 }
 
+bool namesCells(const Declara_Zorvane& document, const commission::Cell_Pattern& pattern) {
+    if (pattern.field > document.Field_Count || !document.Fields.dimensioned() ||
+        pattern.field > document.Fields.upperBound())
+        return false;
+    const Cell_Table& cells = document.Fields(pattern.field).Cells;
+    return cells.dimensioned() && pattern.row <= cells.rows() && pattern.column <= cells.columns();
+}
+
 } // namespace
 
 void Only_Argument::add(CLI::App& arguments) {
@@ -25,6 +33,16 @@ commission::Chosen_Cells Only_Argument::cells() const {
     for (const std::string& text : patterns_)
         if (const auto pattern = commission::parsePattern(text)) patterns.push_back(*pattern);
     return commission::Chosen_Cells(std::move(patterns));
+}
+
+std::string Only_Argument::fault(const Declara_Zorvane& document) const {
+    for (const std::string& text : patterns_) {
+        const auto pattern = commission::parsePattern(text);
+        if (pattern && !namesCells(document, *pattern))
+            return "--only " + text +
+                   " names no cell: the template has no such field, row or column. Nothing was sent.";
+    }
+    return {};
 }
 
 } // namespace zorvane::ctl

@@ -6,6 +6,7 @@
 #include "ctl/calls/qt/commission/commission_calls.h"
 #include "ctl/calls/qt/commission/only_argument.h"
 #include "ctl/calls/qt/commission/session_call.h"
+#include "ctl/document/given_value.h"
 #include "ctl/document/notices.h"
 #include "ctl/text/text_table.h"
 #include "template/services/native_files.h"
@@ -32,7 +33,8 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
         port_.add(arguments, false);
         only_.add(arguments);
         arguments.add_option("--out", out_, "Keep the plan in this file, for \"send --plan\"")
-            ->type_name("PLAN");
+            ->type_name("PLAN")
+            ->check(givenValue());
     }
 
   protected:
@@ -69,6 +71,13 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
     }
 
     [[nodiscard]] int plan(Session_Work& work) const {
+        if (const std::string wrong = only_.fault(work.opened.document); !wrong.empty()) {
+            tell(work.context.err, wrong);
+            commission::Plan_Paper paper = work.session.paper({}, {});
+            paper.identity = Json();
+            print(work.context, nullptr, {}, commission::paperJson(paper));
+            return Exit_Failed;
+        }
         const Controller_Look earlier = work.session.look();
         if (earlier.step != Step::Good) return refuse(work, earlier);
         work.line.exchanges().pause(secondLookAfter);
@@ -84,7 +93,7 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
             print(work.context, &plan, look, paper);
             return Exit_Failed;
         }
-        if (!keep(work.context, paper)) return Exit_Failed;
+        const bool kept = keep(work.context, paper);
         for (const commission::Planned_Cell& cell : plan.cells)
             if (!cell.write)
                 tell(work.context.err, "Not sent: field " + std::to_string(cell.place.field) + ", row " +
@@ -92,6 +101,7 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
                                            std::to_string(cell.place.column) + ": " + printable(cell.why) +
                                            ".");
         print(work.context, &plan, look, paper);
+        if (!kept) return Exit_Failed;
         if (!plan.writes.empty()) return Exit_Differs;
         return plan.comparison.counts.of(compare::Sign::Not_Read) > 0 ? static_cast<int>(Exit_Cant_Tell)
                                                                       : static_cast<int>(Exit_Success);

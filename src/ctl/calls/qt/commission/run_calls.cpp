@@ -59,7 +59,7 @@ class Run_Subcommand : public Subcommand {
                 tell(context.err,
                      "The template was changed since the run: " + kept->paper.templateFile.path + ".");
                 refuse(context);
-                return static_cast<int>(Exit_Stale);
+                return changedTemplateExit(work);
             },
             [&] { refuse(context); });
     }
@@ -67,6 +67,13 @@ class Run_Subcommand : public Subcommand {
   protected:
     [[nodiscard]] virtual int perform(Session_Work& work, const std::string& name,
                                       const Kept_Run& run) const = 0;
+    /// The exit when the run's template isn't what it was. Another controller, or none, comes first.
+    [[nodiscard]] virtual int changedTemplateExit(Session_Work& work) const {
+        const Controller_Look look = work.session.look();
+        if (look.step == Step::Good) return Exit_Stale;
+        tell(work.context.err, printable(look.why));
+        return exitOf(look.step);
+    }
     /// Prints the result of a call that did nothing.
     virtual void refuse(const Call_Context& context) const = 0;
 
@@ -145,6 +152,7 @@ class Restore_Subcommand : public Further_Subcommand {
 class Verify_Subcommand : public Run_Subcommand {
   protected:
     void refuse(const Call_Context& context) const override { print(context, {}, {}); }
+    [[nodiscard]] int changedTemplateExit(Session_Work& /*work*/) const override { return Exit_Failed; }
 
     [[nodiscard]] int perform(Session_Work& work, const std::string& name,
                               const Kept_Run& run) const override {
@@ -153,10 +161,11 @@ class Verify_Subcommand : public Run_Subcommand {
         if (!commission::completeWrites(writes, work.opened.document, work.section)) {
             tell(work.context.err, "The template has other cells than the run's.");
             refuse(work.context);
-            return Exit_Stale;
+            return changedTemplateExit(work);
         }
         const Controller_Look look = work.session.look();
-        if (look.step != Step::Good) {
+        if (look.silent) tell(work.context.err, printable(look.why));
+        if (look.step != Step::Good && !look.silent) {
             tell(work.context.err, printable(look.why));
             print(work.context, name, {});
             return exitOf(look.step);

@@ -4,6 +4,7 @@
 #include "ctl/calls/qt/commission/commission_calls.h"
 #include "ctl/calls/qt/commission/only_argument.h"
 #include "ctl/calls/qt/commission/session_call.h"
+#include "ctl/document/given_value.h"
 #include "ctl/document/notices.h"
 #include "ctl/text/terminal.h"
 #include "template/services/native_files.h"
@@ -40,12 +41,15 @@ class Send_Subcommand : public Subcommand {
         files_.addTemplate(arguments);
         files_.addConfiguration(arguments);
         port_.add(arguments);
-        arguments.add_option("--plan", planPath_,
-                             "A plan that \"plan --out\" has kept: sends that and nothing else");
+        arguments
+            .add_option("--plan", planPath_,
+                        "A plan that \"plan --out\" has kept: sends that and nothing else")
+            ->check(givenValue());
         only_.add(arguments);
         arguments.add_flag("--yes", yes_, "Send without asking");
         arguments.add_option("--although", although_, "Go on though the controller isn't a MODEL")
-            ->type_name("MODEL");
+            ->type_name("MODEL")
+            ->check(givenValue());
         arguments.add_flag("--although-serial", althoughSerial_,
                            "Go on though the controller has another serial number than before");
     }
@@ -90,10 +94,14 @@ class Send_Subcommand : public Subcommand {
 
     [[nodiscard]] Session_End send(Session_Work& work) const {
         Session_End end;
+        if (end.why = only_.fault(work.opened.document); !end.why.empty()) {
+            end.step = Step::Failed;
+            return end;
+        }
         std::optional<Plan_Paper> paper;
         if (!planPath_.empty()) {
             paper = readPaper(work, end);
-            if (!paper) return end;
+            if (!paper && end.step != Step::Stale) return end;
         }
         Controller_Look look = work.session.look();
         if (look.step == Step::Wrong_Controller && commission::isFoundModel(look.identity, although_)) {
@@ -107,6 +115,11 @@ class Send_Subcommand : public Subcommand {
             look.why = why;
             return ended(look);
         }
+        if (end.step == Step::Stale) {
+            end.identity = look.identity;
+            end.requests.reads = look.requests;
+            return end;
+        }
         if (paper) {
             end = work.session.checkRegisters(*paper, paper->writes, look);
             if (end.step != Step::Good) {
@@ -115,7 +128,8 @@ class Send_Subcommand : public Subcommand {
             }
         }
         const Chosen_Cells chosen = paper ? cellsOf(*paper) : only_.cells();
-        const Plan plan = work.session.plan(look, chosen);
+        Plan plan = work.session.plan(look, chosen);
+        if (paper) plan.planned = paper->before;
         if (look.identity.verdict == compare::Verdict::Cant_Tell)
             tell(work.context.err, "Whether the controller is a " + printable(look.identity.model) +
                                        " can't be told; the run notes it.");
