@@ -2,7 +2,7 @@
 #include "fuzz/biff_reader.h"
 
 #include "fuzz/require.h"
-#include "reports/export/biff_records.h"
+#include "reports/export/xls/biff_records.h"
 
 #include <algorithm>
 #include <bit>

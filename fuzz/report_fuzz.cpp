@@ -9,7 +9,7 @@
 #include "reports/export/export_html.h"
 #include "reports/export/export_rtf.h"
 #include "reports/export/export_txt.h"
-#include "reports/export/export_xls.h"
+#include "reports/export/xls/export_xls.h"
 #include "reports/testing/report_bench.h"
 #include "values/font_sizes.h"
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Any bytes as a file of values, as lines of values and as a spreadsheet's clipboard: each value is taken or
-// left out, what was taken comes back from an export without a difference, and goes back by the history to
-// the byte.
+// left out, records are read as they were written, what was taken comes back from an export without a
+// difference, and goes back by the history to the byte.
 
 #include "edit/block_paste.h"
+#include "edit/csv_text.h"
 #include "edit/history/history.h"
 #include "edit/testing/relay.h"
 #include "edit/value_export.h"
@@ -58,6 +59,24 @@ void checkRoundTrip(const Declara_Zorvane& document) {
     }
 }
 
+std::vector<std::vector<std::string>> fieldsOf(const std::string& text, char separator) {
+    std::vector<std::vector<std::string>> all;
+    for (const edit::Csv_Record& record : edit::csvRecords(text, separator))
+        all.push_back(record.fields);
+    return all;
+}
+
+void checkRecords(const std::string& text, char separator) {
+    const auto records = fieldsOf(text, separator);
+    std::string again;
+    for (const std::vector<std::string>& record : records) {
+        again += edit::csvLine(record, separator) + "\r\n";
+        for (const std::string& field : record)
+            fuzz::requireSame(edit::unguarded(edit::guarded(field)), field, "a guard comes off again");
+    }
+    require(fieldsOf(again, separator) == records, "records are read as they were written");
+}
+
 void tryFile(const edit::Value_File& file) {
     if (!file.problem.empty()) return;
     doubles::Relay relay;
@@ -91,6 +110,8 @@ void tryClipboard(const std::string& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
+    for (const char separator : {',', ';', '\t'})
+        checkRecords(text, separator);
     tryFile(edit::readValueFile(text));
     const doubles::Relay relay;
     tryFile(edit::readValueLines(relay.document, text));

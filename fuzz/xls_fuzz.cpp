@@ -4,7 +4,7 @@
 #include "fuzz/biff_reader.h"
 #include "fuzz/fuzz_report.h"
 #include "fuzz/require.h"
-#include "reports/export/export_xls.h"
+#include "reports/export/xls/export_xls.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 

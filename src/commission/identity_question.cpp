@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "commission/identity_question.h"
 
-#include <map>
+#include "compare/controller_reading.h"
+
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -26,9 +28,17 @@ std::optional<Question_End> endOf(const Unit_Answer& answer) {
     return Question_End::Silent;
 }
 
+Question_Answer ended(Question_Answer answer, Question_End end, const std::string& fault) {
+    answer.end = end;
+    answer.word = compare::verdictWord(compare::Verdict::Cant_Tell);
+    answer.why =
+        end == Question_End::Cancelled ? "Stopped." : "The controller doesn't answer: " + fault + ".";
+    return answer;
+}
+
 /// "register 320-327 (model) holds KVRT100 instead of KVRT207D".
 std::string misfitText(const compare::Evidence& evidence) {
-    std::string text = "register " + evidence.registers;
+    std::string text = compare::placeText(evidence);
     if (!evidence.what.empty()) text += " (" + evidence.what + ")";
     return text + " holds \"" + evidence.found + "\" instead of \"" + evidence.expected + "\"";
 }
@@ -50,23 +60,30 @@ Question_Answer Identity_Question::ask(std::int32_t unit) {
     for (const Register_Range& range : reads()) {
         const Unit_Answer read = setup_.line.read(unit, range.first, range.last - range.first + 1);
         answer.requests += read.requests;
-        if (const auto end = endOf(read)) {
-            answer.end = *end;
-            answer.word = compare::verdictWord(compare::Verdict::Cant_Tell);
-            answer.why = *end == Question_End::Cancelled
-                             ? "Stopped."
-                             : "The controller doesn't answer: " + read.fault + ".";
-            return answer;
-        }
+        if (const auto end = endOf(read)) return ended(answer, *end, read.fault);
         if (read.good())
             registers.take(range.first, read.values);
         else
             registers.fail(range, {read.exception});
     }
-    if (!identityReads(setup_.document, setup_.section).empty())
+    compare::Objects_Reading objects;
+    if (toldByObjects()) {
+        objects = compare::readObjects(setup_.line, unit, setup_.section);
+        answer.requests += objects.answer.requests;
+        if (const auto end = endOf(objects.answer)) return ended(answer, *end, objects.answer.fault);
+    }
+    if (objects.objects || !identityReads(setup_.document, setup_.section).empty())
         judge(answer, compare::identityByMarks(setup_.section, setup_.document.Controller_Model, unit,
-                                               {registers, {}}));
+                                               {registers, std::move(objects.objects), objects.unread}));
     return answer;
+}
+
+/// A controller that gave no objects at first isn't asked for them again and again.
+bool Identity_Question::toldByObjects() const {
+    const auto& evidence = setup_.first.evidence;
+    return std::any_of(evidence.begin(), evidence.end(), [](const compare::Evidence& each) {
+        return compare::isObject(each) && each.result != compare::Fit::Not_Read;
+    });
 }
 
 void Identity_Question::judge(Question_Answer& answer, compare::Identity now) const {

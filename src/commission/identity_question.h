@@ -26,6 +26,7 @@ class Identity_Question final : public Controller_Question {
 
   private:
     [[nodiscard]] std::vector<Register_Range> reads() const;
+    [[nodiscard]] bool toldByObjects() const;
     void judge(Question_Answer& answer, compare::Identity now) const;
 
     Setup setup_;

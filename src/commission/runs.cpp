@@ -35,6 +35,13 @@ std::optional<Json> parsed(const std::optional<std::string>& text) {
     return json;
 }
 
+/// A number from 0 up that still is one when it grows, and that every reader of JSON keeps.
+std::optional<std::int64_t> countIn(const Json& json, const char* name) {
+    constexpr std::int64_t most = (std::int64_t{1} << 53) - 1;
+    const auto number = numberOf<std::int64_t>(memberOf(json, name));
+    return number && *number >= 0 && *number <= most ? number : std::nullopt;
+}
+
 Run_State stateOf(const Run_Store& store, const std::string& name, const std::optional<Json>& result) {
     if (store.read(name, restoredFile)) return Run_State::Restored;
     const bool finished = result && stringOf(memberOf(*result, "state")) == "finished";
@@ -85,13 +92,17 @@ std::optional<Run_Head> parseHead(std::string_view text) {
     try {
         const Json json = Json::parse(text);
         if (json.at("version") != headVersion) return std::nullopt;
+        const auto sequence = countIn(json, "sequence");
+        const auto startedMs = countIn(json, "started_ms");
+        const auto unit = numberOf<std::int32_t>(memberOf(json, "unit"));
+        if (!sequence || !startedMs || !unit) return std::nullopt;
         Run_Head head;
-        json.at("sequence").get_to(head.sequence);
-        json.at("started_ms").get_to(head.startedMs);
+        head.sequence = *sequence;
+        head.startedMs = *startedMs;
+        head.unit = *unit;
         json.at("started").get_to(head.started);
         json.at("started_local").get_to(head.startedLocal);
         json.at("model").get_to(head.model);
-        json.at("unit").get_to(head.unit);
         head.although = stringOf(json.at("although"));
         head.restores = stringOf(json.at("restores"));
         json.at("program").get_to(head.program);

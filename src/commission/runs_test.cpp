@@ -161,6 +161,23 @@ TEST_F(Damaged_Run, RecordsOfTheJournalWithOtherKindsOfValuesAreNone) {
     EXPECT_EQ(listRuns(bench.runs).front().counts.at("not_sent"), 1);
 }
 
+TEST_F(Damaged_Run, AHeadWhoseNumbersAreBeyondTheirRangeIsNoHead) {
+    const std::string head = file("run.json");
+    const auto changed = [&head](const char* member, const Json& value) {
+        Json json = Json::parse(head);
+        json[member] = value;
+        return parseHead(json.dump()).has_value();
+    };
+    EXPECT_TRUE(changed("sequence", 9007199254740991));
+    EXPECT_FALSE(changed("sequence", 9007199254740992)); // the next run counts on from here
+    EXPECT_FALSE(changed("sequence", -1));
+    EXPECT_FALSE(changed("sequence", 1.5));
+    EXPECT_FALSE(changed("started_ms", 1e300));
+    EXPECT_FALSE(changed("started_ms", true));
+    EXPECT_FALSE(changed("unit", 4294967297)); // not unit 1
+    EXPECT_FALSE(changed("unit", Json()));
+}
+
 TEST_F(Damaged_Run, APlanWhoseNumbersAreNoRegistersIsNoPlan) {
     const std::string plan = file("plan.json");
     const auto changed = [&plan](const char* member, const Json& value) {
@@ -176,6 +193,7 @@ TEST_F(Damaged_Run, APlanWhoseNumbersAreNoRegistersIsNoPlan) {
     EXPECT_FALSE(changed("values", Json(std::vector<int>(124, 0))));
     EXPECT_FALSE(changed("function", 3));
     EXPECT_FALSE(changed("address", 4294967296));
+    EXPECT_FALSE(changed("address", 2147483647));
     EXPECT_FALSE(changed("cells", Json::array({Json::array({1, 2})})));
 }
 

@@ -3,6 +3,7 @@
 
 #include "commission/identity_question.h"
 #include "commission/plan/comparison_json.h"
+#include "compare/controller_reading.h"
 #include "values/code_page.h"
 
 #include <algorithm>
@@ -31,7 +32,7 @@ std::string whyNot(const compare::Identity& identity) {
     std::string why = "The controller isn't a " + identity.model;
     for (const compare::Evidence& each : identity.evidence)
         if (each.result == compare::Fit::Doesnt_Fit) {
-            why += ": register " + each.registers + " holds \"" + each.found + "\" and not \"" +
+            why += ": " + compare::placeText(each) + " holds \"" + each.found + "\" and not \"" +
                    each.expected + "\"";
             break;
         }
@@ -113,12 +114,19 @@ Controller_Look Session::look(const std::set<std::int32_t>& more) {
     Controller_Look look;
     look.requests = reading.requests;
     look.registers = std::move(reading.registers);
-    look.identity =
-        compare::identityOf(document_.document, document_.section, document_.unit, {look.registers, {}});
+    compare::Objects_Reading objects;
+    if (reading.answered && !reading.cancelled)
+        objects = compare::readObjects(services_.line, document_.unit, document_.section);
+    look.requests += static_cast<std::size_t>(objects.answer.requests);
+    reading.cancelled = reading.cancelled || objects.answer.end == Unit_End::Cancelled;
+    look.identity = compare::identityOf(document_.document, document_.section, document_.unit,
+                                        {look.registers, std::move(objects.objects), objects.unread});
     if (reading.cancelled || !reading.answered) {
         look.step = Step::Failed;
-        look.silent = !reading.cancelled && !reading.lost;
-        look.why = reading.cancelled ? "Stopped." : "The controller doesn't answer: " + reading.why + ".";
+        look.silent = !reading.cancelled && !reading.lost && reading.requests > 0;
+        look.why = reading.cancelled       ? "Stopped."
+                   : reading.requests == 0 ? "The template has no register that can be read."
+                                           : "The controller doesn't answer: " + reading.why + ".";
     } else if (look.identity.verdict == compare::Verdict::Isnt && !although_) {
         look.step = Step::Wrong_Controller;
         look.why = whyNot(look.identity);

@@ -120,6 +120,49 @@ TEST(Session, AValueOutsideItsLimitsNeedsItsName) {
     EXPECT_EQ(bench.toy.registers.at(11), 95);
 }
 
+TEST(Session, ANamedBlankWhoseRegisterHoldsZeroIsDone) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "");
+    bench.toy.registers[11] = 0;
+    const Session_End there = bench.send(Chosen_Cells({{1, 2, 2}}));
+    EXPECT_EQ(there.step, Step::Good);
+    EXPECT_EQ(there.report.rows.size(), 0U);
+    EXPECT_EQ(bench.toy.writes, 0);
+    bench.toy.registers[11] = 7;
+    EXPECT_EQ(statesOf(bench.send(Chosen_Cells({{1, 2, 2}}))), (std::vector<std::string>{"11 verified"}));
+    EXPECT_EQ(bench.toy.registers.at(11), 0);
+}
+
+TEST(Session, ASharedTimeBelowZeroIsReplacedAsAWholeOrNotAtAll) {
+    Session_Bench bench;
+    bench.toy.registers[17] = 55226; // -171 minutes and -50 seconds
+    bench.set(1, 8, 2, "12");
+    const Session_End half = bench.send(Chosen_Cells({{1, 8, 2}}));
+    EXPECT_EQ(statesOf(half), (std::vector<std::string>{"17 not_sent"}));
+    EXPECT_EQ(half.report.rows.at(0).answer, "its register holds a time below 0");
+    EXPECT_EQ(bench.toy.writes, 0);
+    bench.set(1, 7, 2, "5");
+    const Session_End whole = bench.send(Chosen_Cells({{1, 7, 2}, {1, 8, 2}}));
+    EXPECT_EQ(statesOf(whole), (std::vector<std::string>{"17 verified", "17 verified"}));
+    EXPECT_EQ(bench.toy.registers.at(17), 5 * 60 + 12);
+}
+
+TEST(Session, MinutesThatWouldReadBackBelowZeroArentSent) {
+    Session_Bench bench;
+    bench.set(1, 7, 2, "546");
+    const Session_End end = bench.send(Chosen_Cells({{1, 7, 2}}));
+    ASSERT_EQ(statesOf(end), (std::vector<std::string>{"17 not_sent"}));
+    EXPECT_EQ(end.report.rows.at(0).answer, "minutes go from 0 to 545");
+}
+
+TEST(Session, ATemplateWithoutAReadableRegisterSaysSo) {
+    Session_Bench bench("[IDENTITY]\nWRITEONLY=10-30\n");
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Failed);
+    EXPECT_EQ(end.why, "The template has no register that can be read.");
+    EXPECT_EQ(bench.toy.requests(), 0);
+}
+
 TEST(Session, AnUnreadBlockStopsTheSend) {
     Session_Bench bench;
     bench.set(1, 2, 2, "50");
@@ -147,6 +190,52 @@ TEST(Session, AnotherControllerStopsBeforeTheFirstWrite) {
     const Session_End end = bench.send();
     EXPECT_EQ(end.step, Step::Wrong_Controller);
     EXPECT_EQ(bench.toy.writes, 0);
+}
+
+const std::string objectsIdentity = "[IDENTITY]\nOBJECTS=YES\nOBJECT_1=PUMP\n";
+
+TEST(Session, AControllerIsToldByItsObjectsToo) {
+    Session_Bench bench(objectsIdentity);
+    bench.changeMuch();
+    bench.toy.objects = {{0, "ACME"}, {1, "FAN"}};
+    const Session_End end = bench.send();
+    EXPECT_EQ(end.step, Step::Wrong_Controller);
+    EXPECT_EQ(end.why, "The controller isn't a PUMP: object 1 holds \"FAN\" and not \"PUMP\".");
+    EXPECT_EQ(bench.toy.writes, 0);
+    bench.toy.objects = {{1, "Pump"}};
+    EXPECT_EQ(bench.send().step, Step::Good);
+}
+
+TEST(Session, OneWithOtherObjectsInItsPlaceStopsTheSend) {
+    for (const auto& [objects, why] :
+         {std::pair(std::map<std::int32_t, std::string>{{1, "FAN"}},
+                    "object 1 holds \"FAN\" instead of \"PUMP\""),
+          std::pair(std::map<std::int32_t, std::string>{},
+                    "object 1 holds \"Illegal function (exception 1)\" instead of \"PUMP\"")}) {
+        Session_Bench bench(objectsIdentity);
+        bench.changeMuch();
+        bench.toy.objects = {{1, "PUMP"}};
+        bench.toy.other = bench.toy.registers;
+        bench.toy.otherObjects = objects;
+        Session session = bench.session();
+        const Controller_Look look = session.look();
+        ASSERT_EQ(look.step, Step::Good);
+        bench.toy.strikeAt(bench.toy.requests(), Strike::Exchange);
+        const Session_End end = session.send(session.plan(look, {}), look);
+        EXPECT_EQ(end.step, Step::Wrong_Controller);
+        EXPECT_THAT(end.why, HasSubstr(why));
+        EXPECT_EQ(bench.toy.writesToOther, 0);
+    }
+}
+
+TEST(Session, OneThatKnowsNoObjectsIsAskedOnceAndTheSendGoesOn) {
+    Session_Bench bench(objectsIdentity + "REGISTER_1=30\nLOW_1=20\nHIGH_1=30\n");
+    bench.changeMuch();
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    EXPECT_EQ(look.identity.verdict, compare::Verdict::Cant_Tell);
+    EXPECT_EQ(session.send(session.plan(look, {}), look).step, Step::Good);
+    EXPECT_EQ(bench.toy.objectRequests, 1);
 }
 
 TEST(Session, NoFolderNoWrite) {
@@ -179,6 +268,18 @@ TEST(Session, WriteOnlyRegistersEndUnknown) {
     EXPECT_EQ(end.step, Step::Incomplete);
     EXPECT_EQ(statesOf(end), (std::vector<std::string>{"12 unknown"}));
     EXPECT_EQ(bench.toy.registers.at(12), 45);
+}
+
+TEST(Session, ATextOfWhichOnlyAPartIsWriteOnlyNeedsItsOtherRegisters) {
+    Session_Bench bench(doubles::pumpIdentity + "WRITEONLY=14\n");
+    bench.toy.unreadable = {14, 15};
+    bench.set(1, 4, 2, "FAN 2");
+    const Session_End end = bench.send(Chosen_Cells({{1, 4, 2}}));
+    EXPECT_EQ(end.step, Step::Cant_Tell);
+    EXPECT_THAT(end.why, HasSubstr("a write needs them: 15. "));
+    EXPECT_EQ(bench.toy.writes, 0);
+    bench.toy.unreadable = {14};
+    EXPECT_EQ(statesOf(bench.send()), (std::vector<std::string>{"13-15 unknown"}));
 }
 
 TEST(Session, WhatStopsAProcessGoesOutLast) {

@@ -47,6 +47,28 @@ Identity_Result answerOf(Reading_Result reading, Identity identity) {
     return {std::move(identity), reading.end, std::move(reading.fault)};
 }
 
+/// What the marks are judged by: their registers, and the objects.
+struct Marks_Reading {
+    Reading_Result reading;
+    Objects_Reading objects;
+};
+
+Marks_Reading readMarks(const Identity_Question& question, const std::vector<Register_Range>& marks) {
+    Marks_Reading read{readRanges(question.reader, question.unit, marks), {}};
+    if (!read.reading.done()) return read;
+    read.objects = readObjects(question.reader, question.unit, question.section);
+    const Unit_Answer& answer = read.objects.answer;
+    if (answer.end == Unit_End::PortLost) read.reading.end = Reading_End::Port_Lost;
+    if (answer.end == Unit_End::Cancelled) read.reading.end = Reading_End::Cancelled;
+    if (!read.reading.done()) read.reading.fault = answer.fault;
+    return read;
+}
+
+Identity judgedMarks(const Identity_Question& question, const Marks_Reading& read) {
+    return identityByMarks(question.section, question.document.Controller_Model, question.unit,
+                           {read.reading.registers, read.objects.objects, read.objects.unread});
+}
+
 /// Tells of each request before it goes out.
 class Counted_Reader final : public Unit_Reader {
   public:
@@ -57,6 +79,11 @@ class Counted_Reader final : public Unit_Reader {
         tell();
         ++done_;
         return reader_.read(unit, first, count);
+    }
+    [[nodiscard]] Unit_Answer readObjects(std::int32_t unit, std::int32_t highest) override {
+        tell();
+        ++done_;
+        return reader_.readObjects(unit, highest);
     }
     void pause(Micros span) override {
         tell();
@@ -143,32 +170,43 @@ Twice_Read readTwice(Unit_Reader& reader, std::int32_t unit, const std::vector<R
     return twice;
 }
 
+Objects_Reading readObjects(Unit_Reader& reader, std::int32_t unit, const Identity_Section& section) {
+    Objects_Reading reading;
+    if (!section.objects || section.objectTexts.empty()) return reading;
+    reading.answer = reader.readObjects(unit, section.objectTexts.rbegin()->first);
+    reading.objects = reading.answer.objects;
+    if (reading.answer.end == Unit_End::Refused)
+        reading.unread = Unread{reading.answer.exception};
+    else if (!reading.answer.good())
+        reading.unread = Unread{};
+    return reading;
+}
+
 Identity_Result askForMarks(const Identity_Question& question) {
-    Reading_Result reading =
-        readRanges(question.reader, question.unit, identityReads(question.document, question.section));
-    Identity identity = identityByMarks(question.section, question.document.Controller_Model, question.unit,
-                                        {reading.registers});
-    return answerOf(std::move(reading), std::move(identity));
+    Marks_Reading read = readMarks(question, identityReads(question.document, question.section));
+    Identity identity = judgedMarks(question, read);
+    return answerOf(std::move(read.reading), std::move(identity));
 }
 
 Identity_Result askWhoIsThere(const Identity_Question& question) {
     const std::vector<Register_Range> marks = identityReads(question.document, question.section);
-    Reading_Result reading = readRanges(question.reader, question.unit, marks);
-    Identity identity = identityByMarks(question.section, question.document.Controller_Model, question.unit,
-                                        {reading.registers});
-    if (!reading.done() || identity.verdict != Verdict::Cant_Tell)
-        return answerOf(std::move(reading), std::move(identity));
+    Marks_Reading read = readMarks(question, marks);
+    Identity identity = judgedMarks(question, read);
+    if (!read.reading.done() || identity.verdict != Verdict::Cant_Tell)
+        return answerOf(std::move(read.reading), std::move(identity));
     Reading_Result blocks =
         readRanges(question.reader, question.unit, readableBlocks(question.document, question.section));
-    addTo(blocks.registers, reading.registers, marks);
-    identity = identityOf(question.document, question.section, question.unit, {blocks.registers});
+    addTo(blocks.registers, read.reading.registers, marks);
+    identity = identityOf(question.document, question.section, question.unit,
+                          {blocks.registers, read.objects.objects, read.objects.unread});
     return answerOf(std::move(blocks), std::move(identity));
 }
 
 Looked_At lookAt(const Identity_Question& question, const On_Request& told) {
     const std::vector<Register_Range> blocks = readableBlocks(question.document, question.section);
     const std::size_t marks = identityReads(question.document, question.section).size();
-    Counted_Reader reader(question.reader, marks + 2 * blocks.size(), told);
+    const std::size_t objects = question.section.objects && !question.section.objectTexts.empty() ? 1 : 0;
+    Counted_Reader reader(question.reader, marks + objects + 2 * blocks.size(), told);
     Identity_Result asked = askForMarks({question.document, question.section, reader, question.unit});
     Looked_At seen;
     seen.identity = std::move(asked.identity);

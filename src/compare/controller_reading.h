@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -59,6 +61,19 @@ struct Identity_Question {
     Unit_Reader& reader;
     std::int32_t unit = 0;
 };
+
+/// What came of asking for the objects of function 43/14.
+struct Objects_Reading {
+    /// By number; empty when the controller refuses the function or is silent. Nothing when none was asked
+    /// for.
+    std::optional<std::map<std::int32_t, std::string>> objects{};
+    std::optional<Unread> unread{}; ///< why it gave none; nothing where it gave some
+    Unit_Answer answer{};           ///< how the request ended, once there was one
+};
+
+/// Asks for the objects that the section names, with one request, where it allows that.
+[[nodiscard]] Objects_Reading readObjects(Unit_Reader& reader, std::int32_t unit,
+                                          const Identity_Section& section);
 
 /// The answer, or how the reading for it ended.
 struct Identity_Result {

@@ -152,6 +152,57 @@ TEST_F(ControllerReading, AsksForAllBlocksWhereTheMarksCantTell) {
     EXPECT_EQ(askForMarks(question()).identity.verdict, Verdict::Cant_Tell);
 }
 
+TEST_F(ControllerReading, AsksForObjectsOnlyWhereTheTemplateAllowsIt) {
+    section = readIdentity("[IDENTITY]\nREGISTER_1=10\nVALUE_1=2\nOBJECT_1=PUMP\n");
+    EXPECT_EQ(askWhoIsThere(question()).identity.verdict, Verdict::Is);
+    EXPECT_THAT(reader.requests, ElementsAre("1: 10-10"));
+    section = readIdentity("[IDENTITY]\nOBJECTS=YES\n");
+    (void)askForMarks(question());
+    EXPECT_THAT(reader.requests, ElementsAre("1: 10-10")) << "none is named";
+}
+
+TEST_F(ControllerReading, ObjectsSpeakBesideTheMarks) {
+    section =
+        readIdentity("[IDENTITY]\nREGISTER_1=10\nVALUE_1=2\nOBJECTS=YES\nOBJECT_0=ACME\nOBJECT_1=PUMP\n");
+    reader.objectsEnd = Unit_End::Answered;
+    reader.objects = {{0, "Acme"}, {1, "PUMP"}, {2, "1"}};
+    EXPECT_EQ(askWhoIsThere(question()).identity.verdict, Verdict::Is);
+    EXPECT_THAT(reader.requests, ElementsAre("1: 10-10", "1: objects to 1"));
+    reader.objects[1] = "FAN";
+    const Identity other = askForMarks(question()).identity;
+    EXPECT_EQ(other.verdict, Verdict::Isnt);
+    EXPECT_EQ(other.evidence.back().found, "FAN");
+    EXPECT_EQ(placeText(other.evidence.back()), "object 1");
+}
+
+TEST_F(ControllerReading, ObjectsThatAreRefusedOrNotAnsweredAreNotRead) {
+    section = readIdentity("[IDENTITY]\nREGISTER_1=10\nVALUE_1=2\nOBJECTS=YES\nOBJECT_1=PUMP\n");
+    Identity_Result result = askForMarks(question());
+    EXPECT_EQ(result.end, Reading_End::Done);
+    EXPECT_EQ(result.identity.verdict, Verdict::Cant_Tell);
+    EXPECT_EQ(result.identity.evidence.back().result, Fit::Not_Read);
+    EXPECT_EQ(result.identity.evidence.back().unread, Unread{1});
+    reader.objectsEnd = Unit_End::Silent;
+    EXPECT_EQ(askForMarks(question()).identity.evidence.back().unread, Unread{});
+    reader.objectsEnd = Unit_End::PortLost;
+    EXPECT_EQ(askForMarks(question()).end, Reading_End::Port_Lost);
+    reader.objectsEnd = Unit_End::Cancelled;
+    EXPECT_EQ(askWhoIsThere(question()).end, Reading_End::Cancelled);
+}
+
+TEST_F(ControllerReading, ALookCountsTheRequestForObjects) {
+    section = readIdentity("[IDENTITY]\nOBJECTS=YES\nOBJECT_1=PUMP\n");
+    reader.objectsEnd = Unit_End::Answered;
+    reader.objects = {{1, "PUMP"}};
+    std::vector<std::string> told;
+    const Looked_At seen = lookAt(question(), [&](std::size_t done, std::size_t all) {
+        told.push_back(std::to_string(done) + "/" + std::to_string(all));
+    });
+    EXPECT_EQ(seen.identity.verdict, Verdict::Is);
+    EXPECT_EQ(told.front(), "0/5");
+    EXPECT_EQ(told.back(), "5/5");
+}
+
 TEST_F(ControllerReading, ALostPortIsNoAnswer) {
     section = readIdentity("[IDENTITY]\nREGISTER_1=10\nVALUE_1=2\n");
     reader.ends[10] = Unit_End::PortLost;

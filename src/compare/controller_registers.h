@@ -11,6 +11,8 @@
 
 namespace zorvane::compare {
 
+/// The exception of a function that the controller doesn't know.
+constexpr std::uint8_t illegalFunction = 1;
 /// The exception of a register that the controller doesn't have.
 constexpr std::uint8_t illegalAddress = 2;
 

@@ -13,6 +13,7 @@ namespace zorvane::compare {
 namespace {
 
 constexpr std::int32_t registersInNumber = 4;
+const std::string objectWord = "object ";
 
 std::string rangeText(const Register_Range& range) {
     const std::string first = numberText(range.first);
@@ -128,13 +129,16 @@ Evidence textEvidence(const Identity_Mark& mark, const Controller_Registers& reg
     return evidence;
 }
 
-Evidence objectEvidence(std::int32_t number, const std::string& expected,
-                        const std::map<std::int32_t, std::string>& objects) {
+Evidence objectEvidence(std::int32_t number, const std::string& expected, const Identity_Readings& readings) {
+    const std::map<std::int32_t, std::string>& objects = *readings.objects;
     Evidence evidence;
-    evidence.registers = "object " + numberText(number);
+    evidence.registers = objectWord + numberText(number);
     evidence.expected = expected;
     const auto found = objects.find(number);
-    if (found == objects.end()) return evidence;
+    if (found == objects.end()) {
+        evidence.unread = readings.objectsUnread;
+        return evidence;
+    }
     evidence.found = withoutFillers(found->second);
     evidence.result = sameText(found->second, expected) ? Fit::Fits : Fit::Doesnt_Fit;
     return evidence;
@@ -162,6 +166,12 @@ std::string verdictWord(Verdict verdict) {
         break;
     }
     return "can't tell";
+}
+
+bool isObject(const Evidence& evidence) { return evidence.registers.rfind(objectWord, 0) == 0; }
+
+std::string placeText(const Evidence& evidence) {
+    return isObject(evidence) ? evidence.registers : "register " + evidence.registers;
 }
 
 std::string fitWord(Fit fit) {
@@ -207,7 +217,7 @@ Identity identityByMarks(const Identity_Section& section, const std::string& mod
     }
     if (section.objects && readings.objects)
         for (const auto& [number, text] : section.objectTexts)
-            identity.evidence.push_back(objectEvidence(number, text, *readings.objects));
+            identity.evidence.push_back(objectEvidence(number, text, readings));
     identity.verdict = verdictOf(identity.evidence);
     return identity;
 }
@@ -219,7 +229,8 @@ Identity identityAgain(const Identity& first, Identity now) {
                 return was.registers == each.registers && was.expected == each.expected &&
                        was.result == Fit::Fits;
             });
-        if (!fitted || !each.unread || each.unread->exception != illegalAddress) continue;
+        const std::uint8_t hasNone = isObject(each) ? illegalFunction : illegalAddress;
+        if (!fitted || !each.unread || each.unread->exception != hasNone) continue;
         each.found = each.unread->text();
         each.result = Fit::Doesnt_Fit;
     }

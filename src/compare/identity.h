@@ -38,6 +38,11 @@ struct Evidence {
     bool operator==(const Evidence&) const = default;
 };
 
+/// Whether it is about an object of function 43/14.
+[[nodiscard]] bool isObject(const Evidence& evidence);
+/// "register 320-327" or "object 1": where a piece of evidence stands.
+[[nodiscard]] std::string placeText(const Evidence& evidence);
+
 /// The answer to the question who is at the other end.
 struct Identity {
     Verdict verdict = Verdict::Cant_Tell;
@@ -55,6 +60,7 @@ struct Identity_Readings {
     const Controller_Registers& registers;
     /// Of function 43/14, by number; nothing where it wasn't asked, so that objects tell nothing.
     std::optional<std::map<std::int32_t, std::string>> objects{};
+    std::optional<Unread> objectsUnread{}; ///< why it gave none; nothing where it gave some
 };
 
 /// The answer by the section: it is the controller when all marks were read and fit, and isn't when one of
@@ -63,7 +69,7 @@ struct Identity_Readings {
                                        std::int32_t unit, const Identity_Readings& readings);
 
 /// A later answer by marks beside the first one: a mark that fitted and that the controller now says it
-/// doesn't have (exception 2) doesn't fit any more.
+/// doesn't have (exception 2; of an object 1) doesn't fit any more.
 [[nodiscard]] Identity identityAgain(const Identity& first, Identity now);
 
 /// The answer for a template whose section tells nothing, from a reading of all its blocks: blocks refused

@@ -33,7 +33,7 @@ std::string matchOf(const Declara_Zorvane& document, const Cell_Place& place) {
     return match;
 }
 
-template <class Take> void forEachCell(const Declara_Zorvane& document, Take&& take) {
+template <class Take> void forEachPlace(const Declara_Zorvane& document, Take&& take) {
     for (std::int32_t field = 1; field <= document.Field_Count; ++field) {
         const Cell_Table& cells = document.Fields(field).Cells;
         for (std::int32_t row = 1; cells.dimensioned() && row <= cells.rows(); ++row)
@@ -47,7 +47,7 @@ template <class Take> void forEachCell(const Declara_Zorvane& document, Take&& t
 /// Of several cells with one register the first one counts.
 Other_Version_Side::Other_Version_Side(const Declara_Zorvane& shape, const Declara_Zorvane& other)
     : shape_(shape), other_(other) {
-    forEachCell(other_, [this](const Cell_Place& place) { places_.emplace(matchOf(other_, place), place); });
+    forEachPlace(other_, [this](const Cell_Place& place) { places_.emplace(matchOf(other_, place), place); });
 }
 
 Cell_Side Other_Version_Side::at(const Cell_Place& place) const {

@@ -105,6 +105,47 @@ TEST(CompareProgram, TheRightControllerIsAskedAtMostThreeTimes) {
     }
 }
 
+/// Two registers, and objects that tell who it is.
+std::string objectsTemplate(const std::string& marks) {
+    return "[HARDWARE]\nCONTROLLER=PUMP\n[PORT_CONFIGURATION]\nHOLDINGREGISTERSBLOCK_1=10-11\n"
+           "HOLDINGREQUESTBLOCK_1=ALWAYS\n[IDENTITY]\nOBJECTS=YES\n" +
+           marks;
+}
+
+TEST(CompareProgram, ObjectsOfFunction43TellWhoItIs) {
+    Ctl_Bench bench;
+    const std::string told = bench.file("PUMP.ZTP", objectsTemplate("OBJECT_0=ACME\nOBJECT_1=PUMP\n"));
+    Simulated controller(bench, told, {"--object", "0=Acme", "--object", "1=FAN"});
+    ASSERT_TRUE(controller.started);
+    const Ctl_Run result = run({"identify", told, "--port", controller.port, "--json"});
+    EXPECT_EQ(result.code, 5);
+    EXPECT_EQ(json::parse(result.out), json::parse(R"({"verdict": "isn't", "model": "PUMP", "unit": 1,
+        "serial": null, "firmware": null, "evidence": [
+        {"register": "object 0", "what": "", "expected": "ACME", "found": "Acme", "result": "fits"},
+        {"register": "object 1", "what": "", "expected": "PUMP", "found": "FAN", "result": "doesn't fit"}]})"));
+    const std::string other = bench.file("FAN.ZTP", objectsTemplate("OBJECT_1=Fan\n"));
+    EXPECT_EQ(run({"identify", other, "--port", controller.port}).code, 0);
+    controller.end();
+    EXPECT_EQ(controller.others, 2) << "one request for objects each";
+}
+
+TEST(CompareProgram, AControllerWithoutObjectsCantBeTold) {
+    Ctl_Bench bench;
+    const std::string bare = bench.file("BARE.ZTP", "[HARDWARE]\nCONTROLLER=PUMP\n[PORT_CONFIGURATION]\n"
+                                                    "HOLDINGREGISTERSBLOCK_1=10-11\n"
+                                                    "HOLDINGREQUESTBLOCK_1=ALWAYS\n");
+    const std::string told = bench.file("PUMP.ZTP", objectsTemplate("OBJECT_1=PUMP\n"));
+    Simulated controller(bench, bare);
+    ASSERT_TRUE(controller.started);
+    const Ctl_Run result = run({"identify", told, "--port", controller.port, "--json"});
+    EXPECT_EQ(result.code, 7);
+    EXPECT_EQ(json::parse(result.out)["evidence"],
+              json::parse(R"([{"register": "object 1", "what": "", "expected": "PUMP", "found": null,
+                               "result": "not read"}])"));
+    EXPECT_THAT(run({"identify", told, "--port", controller.port}).out,
+                HasSubstr("Illegal function (exception 1)"));
+}
+
 TEST(CompareProgram, AControllerWithItsOwnFactoryValuesHasNoDifferenceThatCouldBeSent) {
     for (const std::string& name :
          {std::string("KVRT"), std::string("KVRT100"), std::string("KVRT207D"), std::string("R7702-16")}) {

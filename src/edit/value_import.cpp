@@ -166,13 +166,15 @@ char decimalSignOf(const Declara_Zorvane& document, const std::vector<Wanted_Val
     return provenDecimalSign(numbers);
 }
 
+/// A cell by its name, and one that isn't there by its numbers.
+std::string cellText(const Declara_Zorvane& document, const Cell_Place& place) {
+    if (hasCell(document, place)) return cellPath(document, place);
+    return "field " + numberText(place.field) + ", row " + numberText(place.row) + ", column " +
+           numberText(place.column);
+}
+
 std::string whyNot(const Declara_Zorvane& document, const Wanted_Value& wanted, const Refusal& refusal) {
-    const std::string cell = hasCell(document, wanted.place)
-                                 ? cellPath(document, wanted.place)
-                                 : "field " + numberText(wanted.place.field) + ", row " +
-                                       numberText(wanted.place.row) + ", column " +
-                                       numberText(wanted.place.column);
-    return cell + ": \"" + wanted.text + "\" is " + refusal.why;
+    return cellText(document, wanted.place) + ": \"" + wanted.text + "\" is " + refusal.why;
 }
 
 /// Sorts the values of a file, each cell once.
@@ -185,7 +187,7 @@ class Import_Checker {
         if (!wanted.problem.empty()) return leaveOut(wanted, wanted.problem);
         const auto [earlier, first] = texts_.try_emplace(wanted.place, wanted);
         if (!first && earlier->second.text != wanted.text)
-            return leaveOut(wanted, cellPath(document_, wanted.place) + ": line " +
+            return leaveOut(wanted, cellText(document_, wanted.place) + ": line " +
                                         numberText(earlier->second.line) + " has another value for it, \"" +
                                         earlier->second.text + "\"");
         Verdict verdict = judged(document_, wanted.place, wanted.text, style_);

@@ -96,6 +96,12 @@ TEST_F(Value_Import, ACellThatStandsTwiceTakesTheFirstValue) {
               "line 4: Regulation/Set point/Value: line 2 has another value for it, \"1200\"\n");
 }
 
+TEST_F(Value_Import, ACellThatIsntThereIsToldByItsNumbersEachTime) {
+    EXPECT_EQ(toldOfRows("1,1,77,,,,,1200\r\n1,1,77,,,,,1300\r\n"),
+              "line 2: field 1, row 1, column 77: \"1200\" is for a cell that the template doesn't have\n"
+              "line 3: field 1, row 1, column 77: line 2 has another value for it, \"1200\"\n");
+}
+
 TEST_F(Value_Import, TextInWindows1252IsKnownByItsBytes) {
     EXPECT_EQ(toldOfRows("1,1,3,,,,,caf\xE9\r\n"), "1 1 3 = caf\xE9\n");
     EXPECT_EQ(toldOfRows("1,1,3,,,,,caf\xC3\xA9\r\n"), "1 1 3 = caf\xE9\n");

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """A Modbus RTU slave by pymodbus, on a pseudo-terminal or a serial device.
 
-    pymodbus_slave.py LINE --registers FILE [--dump FILE] [--slave N] [--address-base N]
+    pymodbus_slave.py LINE --registers FILE [--dump FILE] [--slave N] [--address-base N] [--object N=TEXT]...
 
 LINE is an existing terminal device, or else the name of a link that is made to a new pseudo-terminal and removed at
 the end. FILE is {"address": value, ...}, addresses being register numbers; the address on the wire is the number less
@@ -20,6 +20,7 @@ import sys
 import tty
 
 from pymodbus.datastore import ModbusSlaveContext, ModbusSparseDataBlock
+from pymodbus.device import ModbusControlBlock, ModbusDeviceIdentification
 from pymodbus.exceptions import ModbusException
 from pymodbus.factory import ServerDecoder
 from pymodbus.framer.rtu_framer import ModbusRtuFramer
@@ -36,6 +37,7 @@ def parse_arguments():
     parser.add_argument("--dump")
     parser.add_argument("--slave", type=int, default=1)
     parser.add_argument("--address-base", type=int, default=0)
+    parser.add_argument("--object", action="append", default=[], help="of function 43/14")
     return parser.parse_args()
 
 
@@ -127,6 +129,10 @@ def main():
     arguments = parse_arguments()
     with open(arguments.registers, encoding="utf-8") as file:
         registers = json.load(file)
+    objects = dict(text.split("=", 1) for text in arguments.object)
+    # The class knows the identity of one controller only, and copies what it is given into it.
+    ModbusControlBlock().Identity.update(
+        ModbusDeviceIdentification({int(number): text for number, text in objects.items()}))
     slave = Slave(arguments.slave, registers, arguments.address_base)
     end = end_signals()
     line = Line(arguments.line)

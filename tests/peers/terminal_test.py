@@ -78,10 +78,10 @@ class TerminalTest(unittest.TestCase):
     def path(self, name):
         return os.path.join(self.folder.name, name)
 
-    def start(self, registers):
+    def start(self, registers, *options):
         """A controller with these registers and no others."""
         held = self.file("held.json", json.dumps(registers))
-        self.slave = subprocess.Popen([sys.executable, SLAVE, self.port, "--registers", held],
+        self.slave = subprocess.Popen([sys.executable, SLAVE, self.port, "--registers", held, *options],
                                       stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self.assertEqual(self.slave.stdout.readline().decode(), f"ready {self.port}\n")
 
@@ -145,6 +145,16 @@ class TerminalTest(unittest.TestCase):
                              ("???", f"Registers 110-111 were not read: {REFUSED}"))
         self.assertTrue(run.stderr.endswith("zorvanectl: The watch has ended after 2 refreshes, as many as were asked "
                                             "for.\n"), run.stderr)
+
+    def test_a_controller_is_told_by_its_objects(self):
+        self.start({"100": 1}, "--object", "0=Acme", "--object", "1=TWO", "--object", "2=" + "7" * 100)
+        for expected, code, result in (("two", 0, "fits"), ("THREE", 5, "doesn't fit")):
+            template = self.file("TOLD.ZTP", TEMPLATE + f"[IDENTITY]\nOBJECTS=YES\nOBJECT_1={expected}\n")
+            ran = subprocess.run([os.path.join(self.programs, "zorvanectl"), "identify", template, "--port", self.port,
+                                  "--json"], capture_output=True, text=True, timeout=60, check=False)
+            self.assertEqual(ran.returncode, code, ran.stderr)
+            self.assertEqual(json.loads(ran.stdout)["evidence"], [
+                {"register": "object 1", "what": "", "expected": expected, "found": "TWO", "result": result}])
 
     def test_a_watch_for_people_tells_time_and_reason(self):
         self.start({"100": 17, "101": 0})

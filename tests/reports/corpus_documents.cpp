@@ -8,8 +8,8 @@
 #include "reports/export/byte_file.h"
 #include "reports/export/export_html.h"
 #include "reports/export/export_rtf.h"
-#include "reports/export/export_xls.h"
-#include "reports/export/ole_container.h"
+#include "reports/export/xls/export_xls.h"
+#include "reports/export/xls/ole_container.h"
 
 #include <filesystem>
 #include <fstream>

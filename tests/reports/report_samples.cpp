@@ -6,8 +6,8 @@
 #include "reports/documents/main_rep_kvrt.h"
 #include "reports/export/byte_file.h"
 #include "reports/export/export_format.h"
-#include "reports/export/export_xls.h"
-#include "reports/export/ole_container.h"
+#include "reports/export/xls/export_xls.h"
+#include "reports/export/xls/ole_container.h"
 #include "reports/qt/qt_page_exporters.h"
 #include "reports/qt/qt_report_fonts.h"
 #include "reports/testing/report_bench.h"
@@ -150,7 +150,7 @@ int main(int argc, char* argv[]) {
     const Qt_Page_Exporters painted;
     MainRepKVRT report({bench.document, metrics}, bench.clock, bench.host);
     report.HaveGrid = true;
-    for (const char* name : {"xls", "pdf", "rtf", "txt", "tif", "html"})
+    for (const std::string& name : formatNames())
         writeByteFile(folder + "/sample." + name, exportReport(report, formatOfName(name).value(), painted));
     writeCutNumbers(folder + "/cut.pdf", painted);
     writeLargeWorkbook(folder + "/large.xls");

@@ -78,6 +78,7 @@ void saveChosen(const App_Context& app, const std::string& path, Failed_Save& sa
     save.fileKept = keepFileBefore(app, path, recoveryText(document));
     std::string result;
     PRO_Escribe_Archivo(document, app.files, path, result);
+    app.state.written = {path, app.files.bytes(path)};
     if (!result.empty()) throw Run_Time_Failure(saveFailure, result);
     app.recovery.drop();
     settleDocument(app);
@@ -171,6 +172,7 @@ void MNU_Save_Click(const App_Context& app) {
     Failed_Save save{path, {}, app.files.bytes(path), false, false, false};
     save.fileKept = keepFileBefore(app, path, recoveryText(document));
     PRO_Escribe_Archivo(document, app.files, path, save.reason);
+    app.state.written = {path, app.files.bytes(path)};
     const bool good = save.reason.empty();
     if (good) {
         settleDocument(app);

@@ -2,6 +2,9 @@
 #include "app/files/file_watch.h"
 
 #include "app/files/document_place.h"
+#include "values/code_page.h"
+
+#include <utility>
 
 namespace zorvane::app {
 
@@ -12,6 +15,7 @@ const std::string changedTopic = "changed on disk";
 } // namespace
 
 void File_Watch::settle() {
+    app_.state.written.reset();
     path_ = documentPlace(app_);
     settled_ = path_ ? app_.files.bytes(*path_) : std::nullopt;
     seen_ = settled_;
@@ -19,15 +23,25 @@ void File_Watch::settle() {
 }
 
 void File_Watch::saved() {
-    const auto place = documentPlace(app_);
-    if (place == path_ && (!place || app_.files.bytes(*place) == seen_)) return;
-    settle();
+    if (documentPlace(app_) != path_) return settle();
+    takeOwnWrite();
+    if (!path_ || app_.files.bytes(*path_) != settled_) return;
+    seen_ = settled_;
+    app_.mainForm.messageBar().withdraw(changedTopic);
+}
+
+void File_Watch::takeOwnWrite() {
+    std::optional<Written_File>& written = app_.state.written;
+    if (!written || !path_ || upperCase(written->path) != upperCase(*path_)) return;
+    settled_ = std::move(written->bytes);
+    written.reset();
 }
 
 void File_Watch::look(const Changed_File_Offers& offers) {
     if (!path_) return;
+    takeOwnWrite();
     const std::optional<std::string> now = app_.files.bytes(*path_);
-    if (now == seen_) return;
+    if (now == seen_ && now != settled_) return;
     seen_ = now;
     if (now == settled_) return app_.mainForm.messageBar().withdraw(changedTopic);
     const std::string at = " at " + app_.mainForm.timeOfDay() + ".";

@@ -26,13 +26,15 @@ class File_Watch {
     /// was.
     void saved();
     /// Looks at the file: a line of the bar says that it holds something else than the program knows of, or
-    /// is gone. What was told isn't told again, and the line goes once the file is as it was.
+    /// is gone. What was told isn't told again, and the line goes once the file is as it was. What a save of
+    /// this program wrote is known from that moment on, though the save itself goes on for a second.
     void look(const Changed_File_Offers& offers);
 
     /// The file that is watched; nothing for a document without one.
     [[nodiscard]] const std::optional<std::string>& path() const { return path_; }
 
   private:
+    void takeOwnWrite();
     void tell(const std::string& text, const Changed_File_Offers& offers);
 
     const App_Context& app_;

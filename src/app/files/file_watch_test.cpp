@@ -79,6 +79,44 @@ TEST_F(FileWatch, ASaveOfOurOwnIsNoChange) {
     EXPECT_EQ(line(), nullptr);
 }
 
+/// The system tells of the write at once, while the save still shows its panel for a second.
+TEST_F(FileWatch, ASaveOfOurOwnIsNoChangeEvenBeforeItHasEnded) {
+    edit(1, "42");
+    int looked = 0;
+    mainForm.base.duringPause = [&](std::int32_t) {
+        ++looked;
+        look();
+    };
+    MNU_Save_Click(app);
+    EXPECT_EQ(looked, 1);
+    EXPECT_EQ(line(), nullptr);
+    watch.saved();
+    look();
+    EXPECT_EQ(line(), nullptr);
+}
+
+TEST_F(FileWatch, AnotherProgramsChangeRightAfterASaveIsTold) {
+    edit(1, "42");
+    mainForm.base.duringPause = [&](std::int32_t) {
+        files.put("/home/site7.abc", smallDocument("11", "20"));
+        look();
+    };
+    MNU_Save_Click(app);
+    watch.saved();
+    EXPECT_NE(line(), nullptr);
+}
+
+TEST_F(FileWatch, ASaveOverAnotherProgramsChangeEndsTheLine) {
+    files.put("/home/site7.abc", smallDocument("11", "20"));
+    look();
+    ASSERT_NE(line(), nullptr);
+    MNU_Save_Click(app);
+    watch.saved();
+    EXPECT_EQ(line(), nullptr);
+    look();
+    EXPECT_EQ(line(), nullptr);
+}
+
 TEST_F(FileWatch, ASaveAsThatWasCancelledLeavesTheLine) {
     files.put("/home/site7.abc", smallDocument("11", "20"));
     look();

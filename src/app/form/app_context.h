@@ -25,6 +25,12 @@ inline const std::string defaultType = "KVRT";
 enum class Leave_Outcome { NotAsked, Cancelled, Dropped, Saved, NotSaved };
 
 /// Members of the main form that only its own commands use.
+/// A file as a save left it, well or not; no bytes where it can't be read again.
+struct Written_File {
+    std::string path;
+    std::optional<std::string> bytes;
+};
+
 struct App_State {
     std::string Filter_Text;  ///< filter built by the Open command
     double Font_Size = 8.25;  ///< of both grids and the reports, in points
@@ -38,6 +44,8 @@ struct App_State {
     edit::History history;              ///< of the document; it watches the values
     edit::Changed_Cells changed;        ///< what of the document its file doesn't say
     std::optional<bool> marksChanged{}; ///< whether changed cells are marked; nothing until somebody asked
+    /// What the latest save wrote, until whoever watches the file has seen it.
+    std::optional<Written_File> written{};
 };
 
 /// The main form's commands and what they work on. Nothing in it is owned.

@@ -37,6 +37,12 @@ enum Column { State, Page, Setting, Heading, Present, Wanted, Read_Back, Note, C
 
 QString shown(const std::string& utf8) { return QString::fromStdString(utf8); }
 
+/// A screen reader is told of it at once.
+void tellAlert(QLabel& label) {
+    QAccessibleEvent told(&label, QAccessible::Alert);
+    QAccessible::updateAccessibility(&told);
+}
+
 QLabel& addLabel(QVBoxLayout& layout, QWidget& parent, const char* name) {
     auto* label = new QLabel(&parent);
     ui::giveName(*label, QString::fromLatin1(name));
@@ -169,14 +175,13 @@ void Send_Window::showWords() {
     const QString headline = shown(commission::headline(state));
     if (headline != headline_->text()) {
         headline_->setText(headline);
-        if (state.stage != Desk_Stage::Sending) {
-            QAccessibleEvent told(headline_, QAccessible::Alert);
-            QAccessible::updateAccessibility(&told);
-        }
+        if (state.stage != Desk_Stage::Sending) tellAlert(*headline_);
     }
     const QString notice = shown(commission::notice(state));
+    const bool otherNotice = notice != notice_->text();
     notice_->setText(notice);
     notice_->setVisible(!notice.isEmpty());
+    if (otherNotice && !notice.isEmpty()) tellAlert(*notice_);
     identity_->setVisible(state.identity.has_value());
     QStringList evidence;
     if (state.identity) {

@@ -10,7 +10,6 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using testing::Link_Rig;
 
 constexpr Micros ms = microsPerMs;

@@ -15,7 +15,7 @@ std::string counted(std::size_t count, const char* one, const char* more) {
 }
 
 std::string evidenceText(const compare::Evidence& evidence) {
-    std::string text = evidence.registers.find("object") == 0 ? "" : "Register ";
+    std::string text = compare::isObject(evidence) ? "" : "Register ";
     text += toUtf8(evidence.registers);
     if (!evidence.what.empty()) text += " (" + toUtf8(evidence.what) + ")";
     switch (evidence.result) {
@@ -110,6 +110,11 @@ std::vector<std::string> evidenceTexts(const compare::Identity& identity) {
     return texts;
 }
 
+std::string waitText(const std::string& why) {
+    return why + " It is waited for, for " + std::to_string(comeBackTime / microsPerSecond) +
+           " seconds at most.";
+}
+
 std::string headline(const Desk_State& state) {
     switch (state.stage) {
     case Desk_Stage::Looking:
@@ -144,6 +149,10 @@ std::string notice(const Desk_State& state) {
                 " was interrupted. Resume goes on with it, Restore takes it "
                 "back.");
     }
+    const bool asks = state.stage == Desk_Stage::Model_Asked || state.stage == Desk_Stage::Serial_Asked ||
+                      state.stage == Desk_Stage::Ready;
+    if (asks && state.silent) add("The controller doesn't answer now.");
+    if (state.stage == Desk_Stage::Sending && !state.waiting.empty()) add(waitText(state.waiting));
     if (state.stage == Desk_Stage::Ended && state.step != Step::Good && !state.restorable.empty())
         add("The controller works with what it has now; it takes nothing back by itself.");
     return text;

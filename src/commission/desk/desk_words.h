@@ -16,6 +16,9 @@ namespace zorvane::commission {
 /// One line for each thing that speaks for or against it.
 [[nodiscard]] std::vector<std::string> evidenceTexts(const compare::Identity& identity);
 
+/// "The controller doesn't answer: no answer. It is waited for, for 10 seconds at most."
+[[nodiscard]] std::string waitText(const std::string& why);
+
 /// What is going on, or what somebody is asked.
 [[nodiscard]] std::string headline(const Desk_State& state);
 /// What somebody should know before the rows go out, or what else can be done; may be empty.

@@ -40,6 +40,7 @@ class Send_Desk::Work {
     ~Work() {
         desk_.atWork_ = false;
         desk_.state_.stopping = false;
+        desk_.state_.waiting.clear();
         if (desk_.services_.busy) desk_.services_.busy(false);
     }
     Work(const Work&) = delete;
@@ -109,6 +110,9 @@ void Send_Desk::watch() {
     const Unit_Answer answer = services_.line.exchanges().read(document_.unit, blocks.front().first, 1);
     if (answer.end == Unit_End::PortLost) (void)services_.line.exchanges().openAgain();
     atWork_ = false;
+    const bool silent = !answer.good() && answer.end != Unit_End::Refused;
+    const bool other = std::exchange(state_.silent, silent) != silent;
+    if (other && services_.changed) services_.changed();
     if (const auto next = std::exchange(pending_, nullptr); next && !abandoned_) run(next);
 }
 
@@ -150,6 +154,7 @@ void Send_Desk::findWay() {
 }
 
 void Send_Desk::look() {
+    state_.silent = false;
     enter(Desk_Stage::Looking);
     if (const std::string why = services_.line.open(document_.unit, document_.line); !why.empty())
         return stopWith(Step::Failed, why);
@@ -158,9 +163,14 @@ void Send_Desk::look() {
                                       [this] { return stopAsked_; },
                                       [this](std::size_t done, std::size_t) {
                                           state_.done = done;
+                                          state_.waiting.clear();
                                           if (services_.changed) services_.changed();
                                       },
-                                      services_.controllerFile},
+                                      services_.controllerFile,
+                                      [this](const std::string& why) {
+                                          state_.waiting = why;
+                                          if (services_.changed) services_.changed();
+                                      }},
                      document_);
     if (although_) session_->allow(*although_);
     look_ = session_->look(kept_ ? registersOf(kept_->paper.writes) : std::set<std::int32_t>{});

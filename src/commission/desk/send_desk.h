@@ -35,12 +35,14 @@ struct Desk_State {
     std::string why;        ///< of Stopped, of the questions and of an end that isn't all well; UTF-8
     Step step = Step::Good; ///< how it ended, once stopped or ended
     std::vector<Desk_Row> rows;
-    std::size_t writes = 0;              ///< requests that the rows with a tick take
-    std::size_t done = 0;                ///< of them, while sending
-    bool stopping = false;               ///< it ends after the present value
-    Value_Counts counts;                 ///< once ended
-    std::string run;                     ///< the run that ended, or that a task goes on with
-    std::string interrupted;             ///< the newest run of this document, when it was interrupted
+    std::size_t writes = 0;  ///< requests that the rows with a tick take
+    std::size_t done = 0;    ///< of them, while sending
+    bool stopping = false;   ///< it ends after the present value
+    std::string waiting;     ///< while sending: why the controller is waited for; UTF-8
+    bool silent = false;     ///< while a question stands open: the latest reading of the line had no answer
+    Value_Counts counts;     ///< once ended
+    std::string run;         ///< the run that ended, or that a task goes on with
+    std::string interrupted; ///< the newest run of this document, when it was interrupted
     std::vector<std::string> restorable; ///< runs of this desk that can be put back, the newest last
 };
 

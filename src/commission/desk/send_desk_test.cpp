@@ -167,6 +167,54 @@ TEST(SendDesk, WhileAQuestionStandsOpenARegisterIsReadOnceASecond) {
     EXPECT_EQ(bench.toy.writes, 1);
 }
 
+TEST(SendDesk, AnOpenQuestionSaysThatTheControllerFellSilent) {
+    Desk_Bench bench;
+    bench.set(1, 2, 2, "50");
+    bench.desk().begin();
+    bench.desk().watch();
+    EXPECT_EQ(notice(bench.desk().state()), "");
+    int changes = 0;
+    bench.onChange = [&] { ++changes; };
+    bench.toy.units = {9};
+    bench.desk().watch();
+    bench.desk().watch();
+    EXPECT_EQ(notice(bench.desk().state()), "The controller doesn't answer now.");
+    EXPECT_EQ(changes, 1) << "told once";
+    bench.toy.units = {1};
+    bench.desk().watch();
+    EXPECT_EQ(notice(bench.desk().state()), "");
+    bench.toy.units = {9};
+    bench.desk().watch();
+    bench.desk().act();
+    EXPECT_EQ(bench.stage(), Desk_Stage::Ended);
+    EXPECT_EQ(notice(bench.desk().state()), "");
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(SendDesk, AControllerThatIsWaitedForIsToldAndGoneOnWith) {
+    Desk_Bench bench;
+    bench.set(1, 2, 2, "50");
+    bench.set(1, 3, 2, "0:45");
+    bench.desk().begin();
+    std::vector<std::string> told;
+    bench.onChange = [&] {
+        const std::string text = notice(bench.desk().state());
+        if (told.empty() || told.back() != text) told.push_back(text);
+    };
+    bench.toy.onRequest = [&] {
+        if (bench.toy.writes == 1)
+            bench.toy.strikeAt(bench.toy.requests(), Toy_Controller::Strike::Power_Cut);
+        if (bench.toy.writes == 1) bench.toy.onRequest = {};
+    };
+    bench.desk().act();
+    EXPECT_THAT(told,
+                ElementsAre("",
+                            "The controller doesn't answer: no answer. It is waited for, for 10 seconds at "
+                            "most.",
+                            ""));
+    EXPECT_THAT(bench.states(), ElementsAre("Level: verified", "Delay: verified"));
+}
+
 TEST(SendDesk, WhatIsPressedDuringARequestComesAfterIt) {
     Desk_Bench bench;
     bench.set(1, 2, 2, "50");

@@ -68,7 +68,7 @@ std::map<Cell_Place, std::string> strayReasons(const Declara_Zorvane& document) 
     std::map<Cell_Place, std::string> reasons;
     for (const Stray_Value& stray : strayValues(document))
         reasons.emplace(stray.place, stray.outside ? "its value " + stray.text + " is outside its limits"
-                                                   : "its list has no " + stray.text);
+                                                   : "its list has no \"" + stray.text + "\"");
     return reasons;
 }
 

@@ -51,6 +51,7 @@ class Dry_Walk {
         for (Candidate& candidate : candidates) {
             if (!candidate.sent) continue;
             byPlace_.emplace(candidate.place, &candidate);
+            if (candidate.part == Part::Minutes || candidate.part == Part::Seconds) startAtZero(candidate);
             for (std::int32_t n = candidate.registers.first; n <= candidate.registers.last; ++n)
                 wanted_.insert(n);
         }
@@ -67,6 +68,12 @@ class Dry_Walk {
     [[nodiscard]] const std::map<std::int32_t, Target>& targets() const { return targets_; }
 
   private:
+    /// A shared time below 0 is replaced as a whole: of its old parts nothing may be left.
+    void startAtZero(const Candidate& candidate) {
+        const std::int32_t number = candidate.registers.first;
+        if (image_.RegisterValue(anyUnit, number) < 0) image_.PresetSingleRegister(anyUnit, number, 0);
+    }
+
     bool visit(const Cell_Place& place) {
         try {
             visitCell(place);
@@ -166,10 +173,16 @@ class Collector {
         for (const Group& group : groups(candidates))
             addWrites(group);
         for (const Candidate& candidate : candidates)
-            plan_.cells.push_back(plannedCell(candidate));
+            if (!isThere(candidate)) plan_.cells.push_back(plannedCell(candidate));
     }
 
   private:
+    /// Whether the registers hold already what a download would send: a 0 where a blank is named.
+    [[nodiscard]] bool isThere(const Candidate& candidate) const {
+        return candidate.sent && targets_.count(candidate.registers.first) != 0 &&
+               writeOfCell_.count(candidate.place) == 0;
+    }
+
     [[nodiscard]] Planned_Cell plannedCell(const Candidate& candidate) const {
         Planned_Cell cell{candidate.place, candidate.address, candidate.registers,
                           candidate.part,  std::nullopt,      candidate.why};

@@ -6,6 +6,9 @@
 #include "values/numbers.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <map>
+#include <set>
 #include <utility>
 
 namespace zorvane::commission {
@@ -14,7 +17,8 @@ namespace {
 
 constexpr double mostByte = 255;
 constexpr double mostSeconds = 59;
-constexpr double mostMinutes = 1091; ///< with 59 seconds more they still fit
+constexpr double mostMinutes = 545; ///< with 59 seconds more they don't read as a time below 0
+constexpr std::uint16_t highestTime = 0x7FFF;
 
 /// Texts are longer than this in no template's range of registers.
 constexpr std::int32_t longestText = 256;
@@ -28,7 +32,7 @@ std::string misfit(Part part, double value) {
     case Part::Seconds:
         return value < 0 || value > mostSeconds ? "seconds go from 0 to 59" : "";
     case Part::Minutes:
-        return value < 0 || value > mostMinutes ? "minutes go from 0 to 1091" : "";
+        return value < 0 || value > mostMinutes ? "minutes go from 0 to 545" : "";
     case Part::Kept:
     case Part::Whole:
         break;
@@ -45,6 +49,7 @@ class Chooser {
         for (const compare::Row& row : found_.comparison.rows)
             choose(row);
         dropOverwritten();
+        dropHalfTimes();
         return std::move(found_);
     }
 
@@ -89,7 +94,8 @@ class Chooser {
         if (line ? !named : isNotDownloadable(document_, cell.Address)) return;
         if (!row.left.value && !named) return;
         const bool writeOnly = meetsAny(sources_.section.writeOnly, *row.registers);
-        if (row.sign == Sign::Not_Read && !writeOnly) return needRead(*row.registers);
+        if (row.sign == Sign::Not_Read && !(writeOnly && restIsRead(*row.registers)))
+            return needRead(*row.registers);
         if (row.sign == Sign::Equal && !writeOnly) return equal_.push_back(candidateFor(row));
         if (row.sign == Sign::Changing || row.sign == Sign::Read_Only) return;
         Candidate candidate = candidateFor(row);
@@ -117,9 +123,20 @@ class Chooser {
         candidate.why = std::move(why);
     }
 
+    [[nodiscard]] bool isUnread(std::int32_t number) const {
+        return !sources_.registers.valueAt(number) && !meetsAny(sources_.section.writeOnly, {number, number});
+    }
+
+    /// Whether nothing of a cell but what can only be written has no value.
+    [[nodiscard]] bool restIsRead(const Register_Range& range) const {
+        for (std::int32_t number = range.first; number <= range.last; ++number)
+            if (isUnread(number)) return false;
+        return true;
+    }
+
     void needRead(const Register_Range& range) {
         for (std::int32_t number = range.first; number <= range.last; ++number)
-            if (!sources_.registers.valueAt(number)) found_.unread.insert(number);
+            if (isUnread(number)) found_.unread.insert(number);
     }
 
     /// Where two cells share a register, a download leaves the value of the one that it sends last.
@@ -137,6 +154,21 @@ class Chooser {
             for (auto at = from; at != all.end() && at->registers.first <= candidate.registers.last; ++at)
                 if (overwrites(*at, candidate))
                     refuse(candidate, "another cell of the document has another value for its register");
+        }
+    }
+
+    /// Minutes beside seconds below 0, or the other way round, would read back as others: a register that
+    /// holds such a time takes both or none.
+    void dropHalfTimes() {
+        std::map<std::int32_t, std::set<Part>> parts;
+        for (const Candidate& candidate : found_.cells)
+            if (candidate.sent) parts[candidate.registers.first].insert(candidate.part);
+        for (Candidate& candidate : found_.cells) {
+            const auto present = sources_.registers.valueAt(candidate.registers.first);
+            const bool time = candidate.part == Part::Minutes || candidate.part == Part::Seconds;
+            if (candidate.sent && time && present > highestTime &&
+                parts[candidate.registers.first].size() == 1)
+                refuse(candidate, "its register holds a time below 0");
         }
     }
 

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <limits>
 
 namespace zorvane::commission {
 
@@ -49,6 +50,8 @@ Plan_Write parseWrite(const Json& json) {
         write.values.push_back(numberIn<std::uint16_t>(value));
     const std::size_t most = write.function == Function_Code::PresetSingleRegister ? 1 : largestWrite;
     if (write.values.empty() || write.values.size() > most) throw Unfit_Plan{};
+    const auto length = static_cast<std::int32_t>(write.values.size());
+    if (write.address > std::numeric_limits<std::int32_t>::max() - length) throw Unfit_Plan{};
     for (const Json& cell : json.at("cells"))
         write.cells.push_back({numberIn<std::int32_t>(cell.at(0)), numberIn<std::int32_t>(cell.at(1)),
                                numberIn<std::int32_t>(cell.at(2))});

@@ -2,6 +2,7 @@
 #include "commission/record/record_json.h"
 
 #include "commission/folder/digests.h"
+#include "commission/folder/json_fields.h"
 #include "values/code_page.h"
 
 #include <nlohmann/json.hpp>
@@ -11,8 +12,6 @@
 namespace zorvane::commission {
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr int version = 1;
 constexpr std::size_t digitsOfShortHash = 12;
@@ -77,11 +76,13 @@ class Reader {
             value = fromUtf8(found->get<std::string>());
     }
     void number(const char* name, std::int32_t& value) const {
-        if (const Json* const found = member(name); found && found->is_number_integer())
-            value = found->get<std::int32_t>();
+        if (const Json* const found = member(name)) value = numberOf<std::int32_t>(*found).value_or(value);
     }
-    template <class Number> void maybe(const char* name, std::optional<Number>& value) const {
-        if (const Json* const found = member(name); found && found->is_number()) value = found->get<Number>();
+    void maybe(const char* name, std::optional<std::int32_t>& value) const {
+        if (const Json* const found = member(name)) value = numberOf<std::int32_t>(*found);
+    }
+    void maybe(const char* name, std::optional<double>& value) const {
+        if (const Json* const found = member(name); found && found->is_number()) value = found->get<double>();
     }
     void texts(const char* name, std::vector<std::string>& values) const {
         forEach(name, [&](const Json& item) {

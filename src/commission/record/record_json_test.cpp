@@ -51,5 +51,17 @@ TEST(RecordJson, AnythingElseIsNoRecord) {
               (std::map<std::int32_t, std::uint16_t>{{2, 3}}));
 }
 
+TEST(RecordJson, ANumberBeyondItsRangeIsNone) {
+    const auto record =
+        recordOfJson(R"({"version":1,"run":"a","controller":{"unit":4294967297},)"
+                     R"("link":{"reads":1e300,"retries":1e300,"unanswered":2,"median_ms":1.5}})");
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->controller.unit, 0);
+    EXPECT_EQ(record->link.reads, 0);
+    EXPECT_EQ(record->link.retries, std::nullopt);
+    EXPECT_EQ(record->link.unanswered, 2);
+    EXPECT_EQ(record->link.medianMs, 1.5);
+}
+
 } // namespace
 } // namespace zorvane::commission

@@ -41,6 +41,16 @@ class Toy_Controller final : public Unit_Writer {
         return finish(answer);
     }
 
+    [[nodiscard]] Unit_Answer readObjects(std::int32_t unit, std::int32_t /*highest*/) override {
+        ++objectRequests;
+        Unit_Answer answer = begin(unit);
+        if (answer.end != Unit_End::Answered) return answer;
+        const std::map<std::int32_t, std::string>& own = exchanged_ ? otherObjects : objects;
+        if (own.empty()) return refused(1);
+        answer.objects = own;
+        return finish(answer);
+    }
+
     [[nodiscard]] Unit_Answer write(std::int32_t unit, Function_Code /*function*/, std::int32_t first,
                                     const std::vector<std::uint16_t>& values) override {
         ++writes;
@@ -81,7 +91,10 @@ class Toy_Controller final : public Unit_Writer {
     }
 
     std::map<std::int32_t, std::uint16_t> registers;
-    std::map<std::int32_t, std::uint16_t> other; ///< of the controller that takes its place
+    std::map<std::int32_t, std::uint16_t> other;        ///< of the controller that takes its place
+    std::map<std::int32_t, std::string> objects{};      ///< of function 43/14; none: the function is refused
+    std::map<std::int32_t, std::string> otherObjects{}; ///< of the controller that takes its place
+    int objectRequests = 0;
     std::set<std::int32_t> unreadable;
     std::set<std::int32_t> refusing;
     std::function<std::uint16_t(std::int32_t, std::uint16_t)> onStore; ///< what it keeps; may be empty

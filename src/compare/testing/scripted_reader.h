@@ -33,6 +33,14 @@ class Scripted_Reader : public Unit_Reader {
         }
         return answer;
     }
+    [[nodiscard]] Unit_Answer readObjects(std::int32_t unit, std::int32_t highest) override {
+        requests.push_back(std::to_string(unit) + ": objects to " + std::to_string(highest));
+        Unit_Answer answer;
+        answer.end = objectsEnd;
+        if (objectsEnd == Unit_End::Answered) answer.objects = objects;
+        if (objectsEnd == Unit_End::Refused) answer.exception = 1;
+        return answer;
+    }
     void pause(Micros span) override {
         requests.push_back("pause " + std::to_string(span / microsPerMs) + " ms");
         time += span;
@@ -42,7 +50,9 @@ class Scripted_Reader : public Unit_Reader {
 
     std::map<std::int32_t, std::uint16_t> registers;
     std::map<std::int32_t, Unit_End> ends; ///< of requests, by their first register
-    std::function<void()> before;          ///< called before each answer
+    std::map<std::int32_t, std::string> objects;
+    Unit_End objectsEnd = Unit_End::Refused;
+    std::function<void()> before; ///< called before each answer
     std::vector<std::string> requests;
     Micros time = 0;
     bool wantsEnd = false;

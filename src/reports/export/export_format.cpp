@@ -4,8 +4,8 @@
 #include "reports/export/export_html.h"
 #include "reports/export/export_rtf.h"
 #include "reports/export/export_txt.h"
-#include "reports/export/export_xls.h"
-#include "reports/export/ole_container.h"
+#include "reports/export/xls/export_xls.h"
+#include "reports/export/xls/ole_container.h"
 
 #include <array>
 
@@ -13,14 +13,13 @@ namespace zorvane {
 
 namespace {
 
-constexpr std::array<const char*, 6> extensions = {"xls", "pdf", "rtf", "txt", "tif", "html"};
+/// In the order of `Export_Format`, which counts from 1.
+constexpr std::array extensions = {"xls", "pdf", "rtf", "txt", "tif", "html"};
 
 } // namespace
 
 std::optional<Export_Format> formatOfFilter(int filterIndex) {
-    if (filterIndex < static_cast<int>(Export_Format::Excel) ||
-        filterIndex > static_cast<int>(Export_Format::Html))
-        return std::nullopt;
+    if (filterIndex < 1 || filterIndex > static_cast<int>(extensions.size())) return std::nullopt;
     return static_cast<Export_Format>(filterIndex);
 }
 
@@ -29,6 +28,8 @@ std::optional<Export_Format> formatOfName(const std::string& name) {
         if (name == extensions[index]) return formatOfFilter(static_cast<int>(index) + 1);
     return std::nullopt;
 }
+
+std::vector<std::string> formatNames() { return {extensions.begin(), extensions.end()}; }
 
 std::string extensionOf(Export_Format format) { return extensions.at(static_cast<std::size_t>(format) - 1); }
 

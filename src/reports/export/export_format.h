@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace zorvane {
 
@@ -23,6 +24,9 @@ enum class Export_Format : int {
 
 /// The format of an extension as a command line names it: "xls", "pdf", "rtf", "txt", "tif", "html".
 [[nodiscard]] std::optional<Export_Format> formatOfName(const std::string& name);
+
+/// The names of all formats, in their order.
+[[nodiscard]] std::vector<std::string> formatNames();
 
 /// A format's extension: "xls".
 [[nodiscard]] std::string extensionOf(Export_Format format);

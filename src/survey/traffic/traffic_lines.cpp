@@ -6,6 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <stdexcept>
 #include <utility>
 
 namespace zorvane::survey {
@@ -32,6 +33,23 @@ Byte_Array bytesAt(const Json& line, const char* name) {
     std::optional<Byte_Array> bytes = bytesOf(line.at(name).get<std::string>());
     if (!bytes) throw std::invalid_argument(name);
     return *std::move(bytes);
+}
+
+/// A whole number in the range of its type.
+template <class Number> Number numberIn(const Json& value) {
+    const bool whole = value.is_number_unsigned()
+                           ? std::in_range<Number>(value.get<std::uint64_t>())
+                           : value.is_number_integer() && std::in_range<Number>(value.get<std::int64_t>());
+    if (!whole) throw std::invalid_argument("number");
+    return value.get<Number>();
+}
+
+/// A time or a span; dates have four digits for the year.
+Micros microsAt(const Json& line, const char* name) {
+    constexpr Micros endOfDates = 253402300800 * microsPerSecond;
+    const auto micros = numberIn<Micros>(line.at(name));
+    if (micros < 0 || micros >= endOfDates) throw std::invalid_argument(name);
+    return micros;
 }
 
 std::string textAt(const Json& line, const char* name) { return fromUtf8(line.at(name).get<std::string>()); }
@@ -65,14 +83,15 @@ Json toJson(const Port_Note& note, std::int64_t sinceEpoch) {
 
 Exchange_Record exchangeIn(const Json& line) {
     Exchange_Record exchange;
-    exchange.at = line.at("time_us").get<Micros>();
-    exchange.duration = line.at("duration_us").get<Micros>();
-    exchange.unit = line.at("unit").get<std::int32_t>();
-    exchange.function = static_cast<Function_Code>(line.at("function").get<std::uint8_t>());
-    exchange.firstRegister = line.at("first").get<std::int32_t>();
-    exchange.wireAddress = line.at("address").get<std::int32_t>();
-    exchange.count = line.at("count").get<std::int32_t>();
-    exchange.values = line.at("values").get<std::vector<std::uint16_t>>();
+    exchange.at = microsAt(line, "time_us");
+    exchange.duration = microsAt(line, "duration_us");
+    exchange.unit = numberIn<std::int32_t>(line.at("unit"));
+    exchange.function = static_cast<Function_Code>(numberIn<std::uint8_t>(line.at("function")));
+    exchange.firstRegister = numberIn<std::int32_t>(line.at("first"));
+    exchange.wireAddress = numberIn<std::int32_t>(line.at("address"));
+    exchange.count = numberIn<std::int32_t>(line.at("count"));
+    for (const Json& value : line.at("values"))
+        exchange.values.push_back(numberIn<std::uint16_t>(value));
     exchange.good = line.at("good").get<bool>();
     exchange.result = textAt(line, "result");
     exchange.sent = bytesAt(line, "sent");
@@ -82,7 +101,7 @@ Exchange_Record exchangeIn(const Json& line) {
 
 Traffic_Entry entryIn(const Json& line) {
     const std::string kind = line.at("kind").get<std::string>();
-    const Micros at = line.at("time_us").get<Micros>();
+    const Micros at = microsAt(line, "time_us");
     if (kind == "exchange") return exchangeIn(line);
     if (kind == "stray") return Stray_Record{at, bytesAt(line, "bytes"), textAt(line, "what")};
     if (kind == "note") return Port_Note{at, textAt(line, "text")};

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zorvane::survey {
@@ -75,10 +76,30 @@ TEST(TrafficLines, ThatAreNoneArePassedOver) {
           "{\"kind\":\"stray\",\"time_us\":1,\"bytes\":\"F\",\"what\":\"\"}",
           "{\"kind\":\"stray\",\"time_us\":1,\"bytes\":\"FF-00\",\"what\":\"\"}"})
         EXPECT_FALSE(parseTrafficLine(line)) << line;
+    for (const char* time : {"-1", "1.5", "1e300", "-92233720368547758081001000", "253402300800000000"})
+        EXPECT_FALSE(
+            parseTrafficLine("{\"kind\":\"note\",\"time_us\":" + std::string(time) + ",\"text\":\"\"}"))
+            << time;
     Traffic_Reader reader;
     EXPECT_TRUE(reader.take("no\n\n\r\n{}").empty());
     EXPECT_TRUE(reader.end().empty());
     EXPECT_EQ(reader.unread(), 2U);
+}
+
+TEST(TrafficLines, WithANumberBeyondItsRangeArePassedOver) {
+    const std::string whole = exchangeLine;
+    ASSERT_TRUE(parseTrafficLine(whole));
+    for (const auto& [number, other] :
+         std::vector<std::pair<std::string, std::string>>{{"\"duration_us\":20000", "\"duration_us\":-1"},
+                                                          {"\"unit\":1", "\"unit\":4294967297"},
+                                                          {"\"function\":3", "\"function\":259"},
+                                                          {"\"first\":40101", "\"first\":1e300"},
+                                                          {"\"count\":1", "\"count\":true"},
+                                                          {"\"values\":[7]", "\"values\":[65543]"},
+                                                          {"\"values\":[7]", "\"values\":[-1]"}}) {
+        std::string line = whole;
+        EXPECT_FALSE(parseTrafficLine(line.replace(line.find(number), number.size(), other))) << other;
+    }
 }
 
 } // namespace

@@ -284,6 +284,14 @@ class Zorvane:
         self.choose("File", "Open...")
         self.dialog("CommonDialog").choose_file(path, "Open", read_only)
 
+    def type_file(self, path):
+        """Names a file in the dialog that is open, by keys alone."""
+        dialog = self.dialog("CommonDialog")
+        self.hands.write(path)
+        expect("the typed name", lambda: dialog.part.find(role="text").text, path)
+        self.hands.keys("Return")
+        dialog.wait_until_gone()
+
     def save_as(self, path):
         self.choose("File", "Save As...")
         self.dialog("CommonDialog").choose_file(path, "Save")

@@ -8,6 +8,7 @@ from driver.keyboard import Only_Keyboard
 from driver.waiting import expect, wait_for
 
 OPEN_PROGRAM = "zorvane-open"
+REGULATION, VALUE = 3, 1
 
 
 def _entries(program, submenu):
@@ -108,6 +109,24 @@ def a_file_handed_over_during_a_question_waits_in_the_bar(program):
     program.hands.click(program.window.named("BAR_1_Button1"))
     program.expect_title("handed.kvrt207d - Zorvane")
     wait_for("no bar", lambda: not program.shows("BAR_1"))
+
+
+def a_save_of_its_own_is_no_change_on_disk(program):
+    path = program.document()
+    program.start()
+    program.open(path)
+    program.expect_title("site7.kvrt207d - Zorvane")
+    program.enlarge()
+    program.select_field(REGULATION)
+    program.enter(0, VALUE, "1200")
+    program.expect_title("* site7.kvrt207d - Zorvane")
+    program.hands.keys("ctrl+s")
+    expect("the end of the save", lambda: (program.title, program.panel(4)), ("site7.kvrt207d - Zorvane", ""))
+    assert not program.shows("BAR_1"), _bar(program)
+    with open(path, "ab") as file:
+        file.write(b"; another program's\r\n")
+    word, said = _bar(program)
+    assert word == "Warning" and said.startswith(f"{path} was changed on disk by another program at "), said
 
 
 def a_change_on_disk_is_told_and_read_again(program):

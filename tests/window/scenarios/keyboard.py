@@ -56,14 +56,6 @@ def _tab_to(program, control):
     expect(f"the focus on {control!r}", lambda: "focused" in control.states, True)
 
 
-def _choose_file(program, path):
-    dialog = program.dialog("CommonDialog")
-    program.hands.write(path)
-    expect("the typed name", lambda: dialog.part.find(role="text").text, path)
-    program.hands.keys("Return")
-    dialog.wait_until_gone()
-
-
 def the_main_job_from_start_to_end(program):
     path = program.document()
     export = os.path.join(os.path.dirname(path), "site7.txt")
@@ -71,7 +63,7 @@ def the_main_job_from_start_to_end(program):
     program.start()
     with Only_Keyboard(program):
         program.hands.keys("ctrl+o")
-        _choose_file(program, path)
+        program.type_file(path)
         program.expect_title("site7.kvrt207d - Zorvane")
         # The grids are hidden and shown again after the title; until then no menu answers.
         wait_for("the focus in the upper grid", lambda: "focused" in program.fields.table.states)
@@ -126,7 +118,7 @@ def the_main_job_from_start_to_end(program):
         program.hands.keys("Home", *["Down"] * dialog.file_types().index(TEXT_FILE))
         expect("the file type", dialog.file_type, TEXT_FILE)
         program.hands.chord(["alt"], "n")
-        _choose_file(program, export)
+        program.type_file(export)
         wait_for("the exported file", lambda: os.path.exists(export) and os.path.getsize(export))
         program.preview("Preview Print Page")  # the busy form has gone, which would take the key
         program.hands.keys("Escape")

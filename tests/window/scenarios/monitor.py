@@ -1,7 +1,11 @@
 # SPDX-License-Identifier: MIT
 """The monitor: rows as they come, pause, clear, save; its frames against the controller's log and pymodbus."""
+import json
+import os
+
 from driver import modbus
 from driver.accessible import Table
+from driver.keyboard import Only_Keyboard
 from driver.waiting import expect, wait_for
 
 HEADINGS = ["Time", "ms", "Unit", "Function", "Registers", "On the wire", "Values", "Result", "Bytes"]
@@ -177,3 +181,41 @@ def base_of_the_addresses_shows_in_both_columns(program):
         first, count = _range(row["On the wire"])
         assert _range(row["Registers"]) == (first + 1, count), row
         assert modbus.request(_bytes(row)[0])[2:] == (first, count), row
+
+
+def traffic_goes_to_a_file_and_is_read_again_by_keyboard(program):
+    """The file has each exchange, and the monitor shows it again."""
+    controller = _online(program)
+    path = program.desktop.path("documents", "line.jsonl")
+    with Only_Keyboard(program):
+        program.pull_down("Communication")
+        program.hands.keys("m")
+        monitor = program.dialog("ModbusMonitor")
+        program.hands.keys("alt+f")
+        program.type_file(path)
+        monitor = program.dialog("ModbusMonitor")
+        wait_for("the file's name", lambda: monitor.part.named("LBL_Count").name.endswith(" rows, to line.jsonl"))
+        wait_for("rows in the file", lambda: len(_lines(path)) >= 20)
+        program.hands.keys("alt+f")
+        wait_for("the end of the file", lambda: monitor.part.named("LBL_Count").name.endswith(" rows"))
+        rows = [json.loads(line) for line in _lines(path)]
+        program.hands.keys("alt+o")
+        program.type_file(path)
+        again = program.dialog("TrafficFile")
+        expect("what the file holds", lambda: again.part.named("LBL_Count").name, f"{len(rows)} rows")
+        table = Table(again.part.named("TBL_Exchanges"))
+        for row in (0, len(rows) - 1):
+            assert table.cell(row, 2).name == str(rows[row]["unit"]), table.cell(row, 2).name
+            assert table.cell(row, 3).name == "3 read", table.cell(row, 3).name
+        program.hands.keys("Escape")
+        again.wait_until_gone()
+    seen = _on_the_line(controller)
+    wanted = [(row["sent"], row["received"]) for row in rows]
+    assert any(seen[start:start + len(wanted)] == wanted for start in range(len(seen))), f"never seen: {wanted}"
+
+
+def _lines(path):
+    if not os.path.exists(path):
+        return []
+    with open(path, encoding="utf-8") as file:
+        return [line for line in file.read().split("\n") if line]

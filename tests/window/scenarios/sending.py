@@ -126,6 +126,9 @@ def a_silent_controller_leaves_what_is_unknown_and_what_was_not_sent(program):
         sending.press("s")
         wait_for("the second write", lambda: len(simulator.writes()) >= 2)
         simulator.pause()
+        waiting = wait_for("what is waited for", lambda: "It is waited for" in sending.words("LBL_Notice")
+                           and sending.words("LBL_Notice"))
+        assert waiting.endswith(" It is waited for, for 10 seconds at most."), waiting
         wait_for("the end", lambda: sending.words("LBL_Headline").startswith("Not all of it was sent and read back. "),
                  deadline=60)
         simulator.resume()

@@ -20,13 +20,15 @@ bool sameShape(const Rtu_Request& a, const Rtu_Request& b) {
 /// count only, that of a write its address, and its value or count.
 bool sameAnswer(const Rtu_Request& a, const Rtu_Request& b) {
     if (!sameFunction(a, b) || a.count != b.count) return false;
-    if (a.function == Function_Code::ReadHoldingRegisters) return true;
+    if (!isWrite(a.function)) return true;
     return a.address == b.address &&
            (a.function == Function_Code::PresetMultipleRegisters || a.values == b.values);
 }
 
 bool overlap(const Rtu_Request& a, const Rtu_Request& b) {
-    return a.unit == b.unit && a.address < b.address + b.count && b.address < a.address + a.count;
+    const Function_Code objects = Function_Code::ReadDeviceIdentification;
+    return a.function != objects && b.function != objects && a.unit == b.unit &&
+           a.address < b.address + b.count && b.address < a.address + a.count;
 }
 
 } // namespace
@@ -51,7 +53,7 @@ void Late_Answers::forgetPast(Micros now) {
 }
 
 void Late_Answers::sent(const Rtu_Request& request) {
-    if (request.function == Function_Code::ReadHoldingRegisters) return;
+    if (!isWrite(request.function)) return;
     for (Expected& entry : expected_) {
         if (overlap(entry.request, request) && !(entry.request == request)) entry.outOfDate = true;
     }

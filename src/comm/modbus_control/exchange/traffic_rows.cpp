@@ -32,13 +32,15 @@ std::string functionText(Function_Code function) {
         return "6 write";
     case Function_Code::PresetMultipleRegisters:
         return "16 write block";
+    case Function_Code::ReadDeviceIdentification:
+        return "43 read identification";
     }
     return std::to_string(static_cast<int>(function));
 }
 
 std::string rangeText(std::int32_t first, std::int32_t count) {
     std::string text = std::to_string(first);
-    if (count > 1) text += "-" + std::to_string(first + count - 1);
+    if (count > 1) text += "-" + std::to_string(std::int64_t{first} + count - 1);
     return text;
 }
 

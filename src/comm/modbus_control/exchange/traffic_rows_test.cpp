@@ -48,6 +48,12 @@ TEST(TrafficRows, WritesByTheirFunction) {
     EXPECT_EQ(trafficText(write, Traffic_Column::Function, midnight), "16 write block");
 }
 
+TEST(TrafficRows, ARangeThatNoLineHasIsShownAsItIs) {
+    Exchange_Record read = readOfTwo();
+    read.firstRegister = 2147483647;
+    EXPECT_EQ(trafficText(read, Traffic_Column::Registers, midnight), "2147483647-2147483648");
+}
+
 TEST(TrafficRows, ANumberBelow0StandsBehindTheRegistersOwn) {
     Exchange_Record read = readOfTwo();
     read.values = {0, 1, 32767, 32768, 65535};

@@ -18,6 +18,10 @@ std::size_t lengthByHead(const Rtu_Request& request, Byte_View head) {
     if (request.function == Function_Code::ReadHoldingRegisters) {
         return head.size() < 3 || head[2] == 2 * request.count ? whole : 0;
     }
+    if (request.function == Function_Code::ReadDeviceIdentification) {
+        const std::size_t length = head.size() < 3 || head[2] == identificationType ? objectsLength(head) : 0;
+        return length <= largestFrame ? length : 0;
+    }
     const bool single = request.function == Function_Code::PresetSingleRegister;
     const std::uint16_t word = single ? request.values.at(0) : request.count;
     const std::uint8_t echo[] = {

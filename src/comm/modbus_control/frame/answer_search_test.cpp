@@ -156,6 +156,32 @@ TEST(AnswerSearch, AWholeButDamagedAnswerLacksAnotherOne) {
     EXPECT_EQ(leastMissing(request, damaged), 5U) << "an exception's";
 }
 
+TEST(AnswerSearch, ObjectsTellTheirLengthAsTheyCome) {
+    const Rtu_Request objects = objectsRequest(17, Object_Level::Basic);
+    const Byte_Array told = withCrc(bytesOf("11 2B 0E 01 01 00 00 02 00 02 41 42 01 03 58 59 5A"));
+    const Byte_Array noisy = joined(bytesOf("5A 11"), told);
+    for (std::size_t length = 1; length < told.size(); ++length) {
+        const Byte_View begun = Byte_View(told).first(length);
+        const Finding finding = findAnswer(objects, begun);
+        EXPECT_EQ(finding.verdict, Finding::Verdict::Incomplete) << length;
+        EXPECT_TRUE(finding.partial) << length;
+        EXPECT_LE(leastMissing(objects, begun), told.size() - length) << length;
+        EXPECT_GE(leastMissing(objects, begun), 1U) << length;
+    }
+    const Finding finding = findAnswer(objects, noisy);
+    EXPECT_EQ(finding.verdict, Finding::Verdict::Found);
+    EXPECT_EQ(finding.offset, 2U);
+    EXPECT_EQ(finding.length, told.size());
+    EXPECT_EQ(finding.answer.objects, (std::map<std::uint8_t, std::string>{{0, "AB"}, {1, "XYZ"}}));
+    EXPECT_EQ(findAnswer(objects, withCrc(bytesOf("11 AB 01"))).answer.exception, 1);
+    Byte_Array damaged = told;
+    damaged[11] = 0x43;
+    EXPECT_EQ(findAnswer(objects, damaged).verdict, Finding::Verdict::Damaged);
+    EXPECT_EQ(whyNoAnswer(objects, damaged), Answer_Fault::BadCrc);
+    EXPECT_EQ(findAnswer(objects, bytesOf("11 2B 0E 01 01 00 00 02 00 FF")).partial, false)
+        << "longer than any frame";
+}
+
 TEST(AnswerSearch, AFrameOfAFunctionWhoseLengthNobodyKnowsIsNoise) {
     for (const char* unknown : {"12 00 01 05", "12 07 01 02 03 04"})
         EXPECT_EQ(whyNoAnswer(request, withCrc(bytesOf(unknown))), Answer_Fault::Noise);

@@ -34,6 +34,8 @@ std::uint16_t wordAt(Byte_View bytes, std::size_t at) {
 }
 
 constexpr std::size_t crcLength = 2;
+constexpr std::size_t objectsHead = 8; ///< unit, function, type, level, conformity, more, next, count
+constexpr std::size_t objectHead = 2;  ///< number and length
 
 std::variant<Answer, Answer_Fault> checkRead(const Rtu_Request& request, Byte_View body) {
     if (body.size() < 3) return Answer_Fault::WrongLength;
@@ -54,6 +56,18 @@ std::variant<Answer, Answer_Fault> checkWrite(const Rtu_Request& request, Byte_V
     const std::uint16_t wanted = single ? request.values.at(0) : request.count;
     if (wordAt(body, 4) != wanted) return single ? Answer_Fault::EchoValue : Answer_Fault::EchoQuantity;
     return Answer{};
+}
+
+std::variant<Answer, Answer_Fault> checkObjects(Byte_View body) {
+    if (body.size() < objectsHead) return Answer_Fault::WrongLength;
+    if (body[2] != identificationType) return Answer_Fault::OtherFunction;
+    if (body.size() + crcLength != objectsLength(body)) return Answer_Fault::WrongLength;
+    Answer answer;
+    for (std::size_t at = objectsHead; at < body.size(); at += objectHead + body[at + 1]) {
+        const Byte_View text = body.subspan(at + objectHead, body[at + 1]);
+        answer.objects[body[at]] = std::string(text.begin(), text.end());
+    }
+    return answer;
 }
 
 std::variant<Answer, Answer_Fault> checkException(Byte_View body) {
@@ -78,6 +92,11 @@ Rtu_Request presetMultiple(std::uint8_t unit, std::uint16_t address, std::vector
     return {unit, Function_Code::PresetMultipleRegisters, address, count, std::move(values), 0};
 }
 
+Rtu_Request objectsRequest(std::uint8_t unit, Object_Level level) {
+    const auto address = static_cast<std::uint16_t>(static_cast<std::uint8_t>(level) << 8U);
+    return {unit, Function_Code::ReadDeviceIdentification, address, 1, {}, 0};
+}
+
 std::uint16_t crc16(Byte_View bytes) noexcept {
     std::uint16_t crc = 0xFFFF;
     for (const std::uint8_t byte : bytes) {
@@ -94,6 +113,11 @@ bool crcHolds(Byte_View frame) noexcept {
 
 Byte_Array encodeBody(const Rtu_Request& request) {
     Byte_Array body{request.unit, static_cast<std::uint8_t>(request.function)};
+    if (request.function == Function_Code::ReadDeviceIdentification) {
+        body.push_back(identificationType);
+        appendWord(body, request.address);
+        return body;
+    }
     appendWord(body, request.address);
     if (request.function != Function_Code::PresetSingleRegister) appendWord(body, request.count);
     if (request.function == Function_Code::PresetMultipleRegisters) {
@@ -114,8 +138,19 @@ Byte_Array encodeRequest(const Rtu_Request& request) {
 }
 
 std::size_t answerLength(const Rtu_Request& request) noexcept {
-    if (request.function != Function_Code::ReadHoldingRegisters) return writeAnswerLength;
+    if (isWrite(request.function)) return writeAnswerLength;
+    if (request.function == Function_Code::ReadDeviceIdentification) return objectsHead + crcLength;
     return 5U + 2U * request.count;
+}
+
+std::size_t objectsLength(Byte_View head) noexcept {
+    if (head.size() < objectsHead) return objectsHead + crcLength;
+    std::size_t length = objectsHead;
+    for (unsigned left = head[objectsHead - 1]; left > 0; --left) {
+        if (head.size() < length + objectHead) return length + left * objectHead + crcLength;
+        length += objectHead + head[length + 1];
+    }
+    return length + crcLength;
 }
 
 std::string_view faultText(Answer_Fault fault) noexcept {
@@ -165,6 +200,7 @@ std::variant<Answer, Answer_Fault> checkBody(const Rtu_Request& request, Byte_Vi
     if (body[1] == (function | exceptionBit)) return checkException(body);
     if (body[1] != function) return Answer_Fault::OtherFunction;
     if (request.function == Function_Code::ReadHoldingRegisters) return checkRead(request, body);
+    if (request.function == Function_Code::ReadDeviceIdentification) return checkObjects(body);
     return checkWrite(request, body);
 }
 

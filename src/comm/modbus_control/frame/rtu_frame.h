@@ -3,8 +3,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
@@ -12,8 +14,8 @@
 namespace zorvane {
 
 // Frames of Modbus RTU as public documents define them: the bytes of requests and answers in "MODBUS
-// Application Protocol Specification V1.1b3" (6.3, 6.6, 6.12 and 7), the RTU frame around them and its CRC in
-// "MODBUS over Serial Line Specification and Implementation Guide V1.02" (2.5.1 and 6.2.2).
+// Application Protocol Specification V1.1b3" (6.3, 6.6, 6.12, 6.21 and 7), the RTU frame around them and its
+// CRC in "MODBUS over Serial Line Specification and Implementation Guide V1.02" (2.5.1 and 6.2.2).
 
 using Byte_Array = std::vector<std::uint8_t>;
 using Byte_View = std::span<const std::uint8_t>;
@@ -30,9 +32,21 @@ enum class Function_Code : std::uint8_t {
     ReadHoldingRegisters = 3,
     PresetSingleRegister = 6,
     PresetMultipleRegisters = 16,
+    ReadDeviceIdentification = 43, ///< of its types only 14
 };
 
-/// One request for one slave. The address is the one on the wire.
+[[nodiscard]] constexpr bool isWrite(Function_Code function) noexcept {
+    return function == Function_Code::PresetSingleRegister ||
+           function == Function_Code::PresetMultipleRegisters;
+}
+
+inline constexpr std::uint8_t identificationType = 14; ///< of function 43
+
+/// How many of the objects of function 43/14 are asked for: numbers up to 2, 127 or 255.
+enum class Object_Level : std::uint8_t { Basic = 1, Regular = 2, Extended = 3 };
+
+/// One request for one slave. The address is the one on the wire; that of a request for objects is their
+/// level and the number of the first one.
 struct Rtu_Request {
     std::uint8_t unit = 1; ///< 1 to 247
     Function_Code function = Function_Code::ReadHoldingRegisters;
@@ -49,6 +63,9 @@ struct Rtu_Request {
 [[nodiscard]] Rtu_Request presetMultiple(std::uint8_t unit, std::uint16_t address,
                                          std::vector<std::uint16_t> values);
 
+/// Asks for the objects of function 43/14, from number 0 on.
+[[nodiscard]] Rtu_Request objectsRequest(std::uint8_t unit, Object_Level level);
+
 /// The CRC-16 of a frame without its own two CRC bytes; the low byte goes out first.
 [[nodiscard]] std::uint16_t crc16(Byte_View bytes) noexcept;
 /// Whether the last two bytes are the CRC of those before. False below four bytes.
@@ -59,13 +76,17 @@ struct Rtu_Request {
 /// The request's frame, ready for the wire.
 [[nodiscard]] Byte_Array encodeRequest(const Rtu_Request& request);
 
-/// Length of the good answer's frame.
+/// Length of the good answer's frame; of one with objects the least.
 [[nodiscard]] std::size_t answerLength(const Rtu_Request& request) noexcept;
+/// Length of the frame of an answer with objects that begins so, as far as its beginning tells: no answer is
+/// shorter, and one that is there whole has just this length.
+[[nodiscard]] std::size_t objectsLength(Byte_View head) noexcept;
 
-/// A valid answer: the registers of a read, or an exception.
+/// A valid answer: the registers of a read, the objects of one of function 43/14, or an exception.
 struct Answer {
-    std::optional<std::uint8_t> exception; ///< its code; none for a good answer
-    std::vector<std::uint16_t> registers;  ///< of a good answer to a read
+    std::optional<std::uint8_t> exception{};       ///< its code; none for a good answer
+    std::vector<std::uint16_t> registers{};        ///< of a good answer to a read
+    std::map<std::uint8_t, std::string> objects{}; ///< by number, bytes as they came
 
     bool operator==(const Answer&) const = default;
 };

@@ -96,6 +96,32 @@ TEST(RtuFrame, EachTestOfAWriteAnswerCanFail) {
     EXPECT_EQ(faultOf(multiple, withCrc(bytesOf("11 10 00 01 00 02 00"))), Answer_Fault::WrongLength);
 }
 
+TEST(RtuFrame, ObjectsByWhichAControllerTellsWhoItIs) {
+    // The example of 6.21: three objects, of one answer.
+    const Rtu_Request request = objectsRequest(17, Object_Level::Basic);
+    EXPECT_EQ(encodeRequest(request), withCrc(bytesOf("11 2B 0E 01 00")));
+    EXPECT_EQ(encodeRequest(objectsRequest(17, Object_Level::Extended)), withCrc(bytesOf("11 2B 0E 03 00")));
+    const Byte_Array good =
+        withCrc(bytesOf("11 2B 0E 01 01 00 00 03 00 02 41 42 01 00 02 05 56 32 2E 31 31"));
+    EXPECT_EQ(answerOf(request, good).objects,
+              (std::map<std::uint8_t, std::string>{{0, "AB"}, {1, ""}, {2, "V2.11"}}));
+    EXPECT_EQ(answerOf(request, withCrc(bytesOf("11 2B 0E 01 01 00 00 00"))).objects.size(), 0U);
+    EXPECT_EQ(answerOf(request, withCrc(bytesOf("11 AB 01"))).exception, 1);
+}
+
+TEST(RtuFrame, ObjectsThatDontAddUpAreNoAnswer) {
+    const Rtu_Request request = objectsRequest(17, Object_Level::Basic);
+    EXPECT_EQ(faultOf(request, withCrc(bytesOf("11 2B 0E 01 01 00 00 01 00 03 41 42"))),
+              Answer_Fault::WrongLength);
+    EXPECT_EQ(faultOf(request, withCrc(bytesOf("11 2B 0E 01 01 00 00 01 00 01 41 42"))),
+              Answer_Fault::WrongLength);
+    EXPECT_EQ(faultOf(request, withCrc(bytesOf("11 2B 0E 01 01 00 00 02 00 01 41"))),
+              Answer_Fault::WrongLength);
+    EXPECT_EQ(faultOf(request, withCrc(bytesOf("11 2B 0E 01 01 00 00"))), Answer_Fault::WrongLength);
+    EXPECT_EQ(faultOf(request, withCrc(bytesOf("11 2B 0D 01 01 00 00 00"))), Answer_Fault::OtherFunction);
+    EXPECT_EQ(faultOf(request, withCrc(bytesOf("11 03 02 00 01"))), Answer_Fault::OtherFunction);
+}
+
 TEST(RtuFrame, FaultsInWords) {
     EXPECT_EQ(faultText(Answer_Fault::Nothing), "no answer");
     EXPECT_EQ(faultText(Answer_Fault::Truncated), "answer cut short");

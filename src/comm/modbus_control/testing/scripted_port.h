@@ -19,7 +19,7 @@ class Scripted_Port final : public Byte_Port {
     Port_Opening open(const std::string& name, const Port_Settings& settings) override {
         attempts.push_back(name);
         settingsSeen = settings;
-        const Port_Opening opening = onOpen ? onOpen(name) : Port_Opening{true, {}, {}};
+        Port_Opening opening = onOpen ? onOpen(name) : Port_Opening{true, {}, {}};
         open_ = opening.opened;
         rts = false;
         return opening;

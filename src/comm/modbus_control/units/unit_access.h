@@ -6,6 +6,7 @@
 #include "comm/modbus_control/line/port_settings.h"
 
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -25,13 +26,14 @@ enum class Unit_End {
 struct Unit_Answer {
     Unit_End end = Unit_End::NotSent;
     std::vector<std::uint16_t> values{}; ///< of a read that was answered well: all that was asked for
-    std::uint8_t exception = 0;          ///< of a refusal
-    Micros at = 0;                       ///< when it ended, by the clock of the exchanges
-    Micros answerTime = 0;               ///< from the end of the request to that of its answer; 0 for none
-    std::int32_t requests = 0;           ///< frames that went out, further tries and parts included
-    std::int32_t damaged = 0;            ///< tries to which bytes came that were no valid answer
-    bool echoed = false;                 ///< the adapter gave back what was sent
-    std::string fault{};                 ///< in words, unless it was answered well
+    std::map<std::int32_t, std::string> objects{}; ///< of a good answer about objects, by number
+    std::uint8_t exception = 0;                    ///< of a refusal
+    Micros at = 0;                                 ///< when it ended, by the clock of the exchanges
+    Micros answerTime = 0;     ///< from the end of the request to that of its answer; 0 for none
+    std::int32_t requests = 0; ///< frames that went out, further tries and parts included
+    std::int32_t damaged = 0;  ///< tries to which bytes came that were no valid answer
+    bool echoed = false;       ///< the adapter gave back what was sent
+    std::string fault{};       ///< in words, unless it was answered well
 
     [[nodiscard]] bool good() const { return end == Unit_End::Answered; }
     /// Of a write that wasn't acknowledged: whether the controller may have taken it all the same.
@@ -45,6 +47,14 @@ class Unit_Reader {
     /// Registers by number, as the template has them. More than 125 go out as several requests; when one of
     /// these fails, so does all.
     [[nodiscard]] virtual Unit_Answer read(std::int32_t unit, std::int32_t first, std::int32_t count) = 0;
+
+    /// The objects of function 43/14, from 0 up to the highest wanted as far as one answer has them. A unit
+    /// may not know the function at all, and then be silent: one further try at most. A line without it sends
+    /// nothing.
+    [[nodiscard]] virtual Unit_Answer readObjects(std::int32_t unit, std::int32_t highest) {
+        (void)unit, (void)highest;
+        return {};
+    }
 
     /// Serves events for that long, less when somebody wants the end.
     virtual void pause(Micros span) = 0;

@@ -214,13 +214,40 @@ Unit_Answer Unit_Exchanges::read(std::int32_t unit, std::int32_t first, std::int
     return Reading(*this, unit).run(first, count);
 }
 
+Unit_Answer Unit_Exchanges::readObjects(std::int32_t unit, std::int32_t highest) {
+    if (std::string why = unreachableText(unit, addressBase_, 1, addressBase_); !why.empty())
+        return notSent(std::move(why), now());
+    if (!isOpen()) return lost();
+    constexpr std::int32_t lastBasic = 2;
+    constexpr std::int32_t lastRegular = 127;
+    const Object_Level level = highest <= lastBasic     ? Object_Level::Basic
+                               : highest <= lastRegular ? Object_Level::Regular
+                                                        : Object_Level::Extended;
+    Unit_Answer answer;
+    for (std::int32_t left = std::min(settings_.retries, 1); left >= 0; --left) {
+        const auto result = exchange(objectsRequest(static_cast<std::uint8_t>(unit), level), true);
+        if (!result) {
+            answer.end = Unit_End::Cancelled;
+            answer.fault = cancelledText;
+            answer.at = now();
+            return answer;
+        }
+        takeTry(answer, *result);
+        if (answer.good())
+            for (const auto& [number, text] : result->answer->objects)
+                answer.objects[number] = text;
+        if (answer.end != Unit_End::Silent) break;
+    }
+    return answer;
+}
+
 // Writing.
 
 Unit_Answer Unit_Exchanges::write(std::int32_t unit, Function_Code function, std::int32_t first,
                                   const std::vector<std::uint16_t>& values) {
     const bool single = function == Function_Code::PresetSingleRegister;
     const std::size_t most = single ? 1 : static_cast<std::size_t>(largestWrite);
-    if (function == Function_Code::ReadHoldingRegisters || values.size() > most)
+    if (!isWrite(function) || values.size() > most)
         return notSent("no write of " + std::to_string(values.size()) + " registers", now());
     if (std::string why = unreachableText(unit, first, values.size(), addressBase_); !why.empty())
         return notSent(std::move(why), now());

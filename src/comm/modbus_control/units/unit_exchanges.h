@@ -57,6 +57,7 @@ class Unit_Exchanges final : public Unit_Writer, public Link_Notice, private Tra
     void SetAddressBase(std::int32_t base) override { addressBase_ = base; }
 
     [[nodiscard]] Unit_Answer read(std::int32_t unit, std::int32_t first, std::int32_t count) override;
+    [[nodiscard]] Unit_Answer readObjects(std::int32_t unit, std::int32_t highest) override;
     [[nodiscard]] Unit_Answer write(std::int32_t unit, Function_Code function, std::int32_t first,
                                     const std::vector<std::uint16_t>& values) override;
     [[nodiscard]] bool setLine(const Line_Settings& line) override;

@@ -54,6 +54,45 @@ TEST_F(UnitExchanges, TakesTheAddressBaseOffARegistersNumber) {
     EXPECT_EQ(below.fault, "Register 40000 has no address from 0 to 65535");
 }
 
+TEST_F(UnitExchanges, ReadsTheObjectsByWhichAUnitTellsWhoItIs) {
+    rig.faults = [this](int, const Byte_Array& request) {
+        EXPECT_EQ(request, withCrc(bytesOf("01 2B 0E 01 00")));
+        rig.reply(withCrc(bytesOf("01 2B 0E 01 01 00 00 02 00 02 41 42 01 01 58")));
+    };
+    const Unit_Answer answer = rig.line.readObjects(1, 1);
+    EXPECT_EQ(answer.end, Unit_End::Answered);
+    EXPECT_EQ(answer.objects, (std::map<std::int32_t, std::string>{{0, "AB"}, {1, "X"}}));
+    EXPECT_EQ(answer.requests, 1);
+}
+
+TEST_F(UnitExchanges, AsksForNoMoreObjectsThanAreWanted) {
+    std::vector<int> levels;
+    rig.faults = [&](int, const Byte_Array& request) {
+        levels.push_back(request.at(3));
+        rig.reply(rig.slave.exception(request, 1));
+    };
+    for (const std::int32_t highest : {0, 2, 3, 127, 128}) {
+        const Unit_Answer answer = rig.line.readObjects(1, highest);
+        EXPECT_EQ(answer.end, Unit_End::Refused);
+        EXPECT_EQ(answer.exception, 1);
+        EXPECT_EQ(answer.requests, 1) << "a refusal is final";
+    }
+    EXPECT_EQ(levels, (std::vector<int>{1, 1, 2, 2, 3}));
+}
+
+TEST_F(UnitExchanges, AUnitThatDoesntKnowTheFunctionIsAskedForObjectsTwiceAtMost) {
+    rig.faults = [](int, const Byte_Array&) {};
+    const Unit_Answer answer = rig.line.readObjects(1, 2);
+    EXPECT_EQ(answer.end, Unit_End::Silent);
+    EXPECT_EQ(answer.requests, 2);
+    rig.faults = {};
+    rig.slave.registers = {{10, 7}};
+    EXPECT_EQ(rig.line.read(1, 10, 1).values, (std::vector<std::uint16_t>{7})) << "registers go on";
+    EXPECT_EQ(rig.line.readObjects(0, 2).end, Unit_End::NotSent);
+    rig.line.close();
+    EXPECT_EQ(rig.line.readObjects(1, 2).end, Unit_End::PortLost);
+}
+
 TEST_F(UnitExchanges, ARefusalIsFinal) {
     rig.faults = [this](int, const Byte_Array& request) { rig.reply(rig.slave.exception(request, 2)); };
     const Unit_Answer answer = rig.line.read(1, 10, 2);

@@ -44,7 +44,7 @@ class Report_Subcommand : public Subcommand {
         arguments.add_option("FIELD", field_, "The field's number, from 1 (default: all fields)")
             ->check(countedFromOne());
         arguments.add_option("--format", format_, "The format of the file")
-            ->check(CLI::IsMember({"xls", "pdf", "rtf", "txt", "tif", "html"}));
+            ->check(CLI::IsMember(formatNames()));
         CLI::Option* const out = arguments.add_option("--out", out_, "The file to write");
         out->type_name("FILE")->needs("--format");
         arguments.add_flag("--grid", grid_, "Draw rules around the cells");

@@ -52,11 +52,6 @@ void printForPeople(const Call_Context& context, const Session_End& end) {
     if (!end.run.empty()) context.out << "Run " << end.run << "\n";
 }
 
-std::string waitText(const std::string& why) {
-    return why + " It is waited for, for " + std::to_string(commission::comeBackTime / microsPerSecond) +
-           " seconds at most.";
-}
-
 } // namespace
 
 int exitOf(Step step) noexcept {
@@ -119,16 +114,17 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
     const commission::System_Wall_Clock clock;
     Session_Document document = documentOf(opened, section);
     document.adapter = line.adapter();
-    Session session({line.exchanges(),
-                     runs,
-                     clock,
-                     [&] { return line.stopAsked(); },
-                     {},
-                     [&](const compare::Controller_Registers& registers) {
-                         return commission::controllerFile(opened.document, registers);
-                     },
-                     [&](const std::string& why) { tell(context_.err, printable(waitText(why))); }},
-                    std::move(document));
+    Session session(
+        {line.exchanges(),
+         runs,
+         clock,
+         [&] { return line.stopAsked(); },
+         {},
+         [&](const compare::Controller_Registers& registers) {
+             return commission::controllerFile(opened.document, registers);
+         },
+         [&](const std::string& why) { tell(context_.err, printable(commission::waitText(why))); }},
+        std::move(document));
     Session_Work sessionWork{context_, opened, section, line, runs, session};
     return work(sessionWork);
 }
