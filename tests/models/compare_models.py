@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Compares the models with the system on random cases.
 
-    compare_models.py HOST (tables | edits | transfers) [COUNT [SEED]]
+    compare_models.py HOST (tables | edits | transfers | histories) [COUNT [SEED]]
 
 HOST is the program model_host, which does the cases with the system's own code. The models share none of it. Without a
 COUNT a few cases are taken, or, with ZORVANE_MODELS=full in the environment, as many as docs/quality.md claims.
@@ -15,11 +15,13 @@ import sys
 
 import cases
 import edits
+import histories
 import tables
 import transfers
 
 KINDS = {"tables": (cases.table, tables.outcome, 1500, 100000), "edits": (cases.edit, edits.outcome, 3000, 100000),
-         "transfers": (cases.transfer, transfers.outcome, 30, 1000)}
+         "transfers": (cases.transfer, transfers.outcome, 30, 1000),
+         "histories": (histories.history, histories.outcome, 300, 10000)}
 BATCH = 1000
 
 

@@ -100,9 +100,10 @@ int main() {
         for (std::string line; std::getline(std::cin, line);) {
             const Json asked = Json::parse(line);
             const std::string kind = asked["kind"];
-            const Json outcome = kind == "table"  ? filledTable(asked)
-                                 : kind == "edit" ? committedEdit(asked)
-                                                  : transfersDone(asked);
+            const Json outcome = kind == "table"     ? filledTable(asked)
+                                 : kind == "edit"    ? committedEdit(asked)
+                                 : kind == "history" ? stepsDone(asked)
+                                                     : transfersDone(asked);
             std::cout << outcome.dump() << '\n';
         }
     } catch (const std::exception& failure) {

@@ -37,5 +37,6 @@ template <class Call> std::int32_t failureOf(Call&& call) {
 [[nodiscard]] Json filledTable(const Json& asked);
 [[nodiscard]] Json committedEdit(const Json& asked);
 [[nodiscard]] Json transfersDone(const Json& asked);
+[[nodiscard]] Json stepsDone(const Json& asked);
 
 } // namespace zorvane::models

@@ -47,9 +47,11 @@ def composed(part, raw, old):
     return raw
 
 
-def fails(head, cell, text):
+def fails(made, head, cell, text):
     """Whether a download of the cell would end in a failure."""
     try:
+        if made["board"]:
+            return False
         if cell["ascii"]:
             first, last = registers_of(cell)
             return max(text.encode("cp1252")[:2 * (last - first + 1)], default=0) >= 128
@@ -119,7 +121,7 @@ class Plan:
             if not chosen(case, place_of(each)):
                 each["sign"] = "left_out"
         self.signs = {place_of(each): each["sign"] for each in self.rows}
-        self.writes, self.parts = [], {}
+        self.writes, self.parts, self.kept = [], {}, []
         self.unread = self.failed = self.held_back = False
         for f, field in enumerate(self.made["fields"]):
             for c, head in enumerate(field["columns"]):
@@ -143,18 +145,50 @@ class Plan:
             self.held_back = True
         elif self.is_below_zero(cell) and not both_parts(self.case, self.made, self.texts, place, cell):
             self.held_back = True  # minutes beside seconds below 0 would read back as others
-        elif fails(head, cell, text):
+        elif fails(self.made, head, cell, text):
             self.failed = True
         else:
-            self.add(place, cell, held(head, cell, text) or 0)
+            raw = held(head, cell, text) or 0
+            block = self.block_of(head, cell, text) if self.made["board"] else None
+            if block:
+                self.add_to_block(block, place, cell, raw)
+            else:
+                self.add(place, cell, raw)
 
     def is_below_zero(self, cell):
         return part_of(cell) in ("TIMEMM", "TIMESS") and self.image.get(registers_of(cell)[0], 0) > 0x7FFF
 
+    def block_of(self, head, cell, text):
+        """The registers that go out together; none for a list with a register of its own, and for a negative number of a column
+        with a format for them."""
+        if half_of(cell["address"]):
+            return next(each[:2] for each in self.made["download"] if each[2] == 1
+                        and each[0] <= registers_of(cell)[0] <= each[1])
+        if cell["messages"] is not None or (val(text) < 0 and head["bits"]):
+            return None
+        return next(each[:2] for each in self.made["download"] if each[2] == 0 and each[0] <= registers_of(cell)[0])
+
+    def add_to_block(self, block, place, cell, raw):
+        first, last = block
+        number = registers_of(cell)[0]
+        found = next((each for each in self.writes if each["block"] == block), None)
+        if found is None:
+            found = {"function": 16, "address": first, "late": [], "cells": [], "block": block, "set": set(),
+                     "values": [self.image.get(each, 0) for each in range(first, last + 1)]}
+            self.writes.append(found)
+        old = found["values"][number - first]
+        if self.is_below_zero(cell) and number not in found["set"]:
+            old = 0
+        found["values"][number - first] = composed(part_of(cell), raw, old)
+        found["cells"].append(list(place))
+        found["set"].add(number)
+        self.parts.setdefault(number, set()).add(part_of(cell))
+        found["late"] = [k for k, each in enumerate(self.made["last"], 1) if first <= each <= last][:1]
+
     def add(self, place, cell, raw):
         first, last = registers_of(cell)
         self.parts.setdefault(first, set()).add(part_of(cell))
-        earlier = next((each for each in self.writes if each["address"] == first), None)
+        earlier = next((each for each in self.writes if each["address"] == first and not each["block"]), None)
         if earlier:
             earlier["values"] = [composed(part_of(cell), raw, earlier["values"][0])]
             earlier["cells"].append(list(place))
@@ -162,15 +196,20 @@ class Plan:
         old = 0 if self.is_below_zero(cell) else self.image.get(first, 0)
         late = [k for k, each in enumerate(self.made["last"], 1) if first <= each <= last]
         self.writes.append({"function": 16 if cell["ascii"] else 6, "address": first, "late": late[:1], "cells": [list(place)],
+                            "block": None, "set": {first},
                             "values": raw if cell["ascii"] else [composed(part_of(cell), raw, old)]})
 
     def finish(self):
         self.writes.sort(key=lambda each: each.pop("late"))
         self.writes = [each for each in self.writes
                        if each["values"] != [self.image.get(each["address"] + k) for k in range(len(each["values"]))]]
-        for each in self.writes:  # half of a register that nobody can read is never written
-            self.unread |= each["address"] not in self.image and \
-                self.parts[each["address"]] in ({"HI"}, {"LO"}, {"TIMEMM"}, {"TIMESS"})
+        for each in self.writes:
+            block, wholly = each.pop("block"), each.pop("set")
+            self.kept.append([k for k in range(len(each["values"])) if block and each["address"] + k not in wholly])
+            for number in range(each["address"], each["address"] + len(each["values"])):
+                kept = bool(block) and number not in wholly
+                half = self.parts.get(number) in ({"HI"}, {"LO"}, {"TIMEMM"}, {"TIMESS"})
+                self.unread |= number not in self.image and (kept or half)  # what nobody can read is never written back
         asked = {each for first, last, _ in self.made["blocks"] for each in range(first, last + 1)} - set(self.made["write only"])
         self.failed |= not asked  # without a register to read nobody knows whether anybody is there
 
@@ -188,26 +227,28 @@ def outcome(case):
               for number in range(each["address"], each["address"] + len(each["values"])) if number in plan.image}
     return {"plan": {"exit": 3 if plan.writes else 7 if counts["not_read"] else 0, "counts": counts, "before": before,
                      "rows": filtered({"filter": [], "all": False}, plan.rows), "writes": plan.writes},
-            "send": sent(case, plan.writes, plan.unread, plan.held_back)}
+            "send": sent(case, plan)}
 
 
-def sent(case, writes, unread, held_back):
-    after = dict(case["controller"])
-    if unread:
+def sent(case, plan):
+    """What a register of a block keeps is what it holds just before the write."""
+    after, written = dict(case["controller"]), []
+    if plan.unread:
         return {"exit": 7, "written": [], "image": after}
-    for each in writes:
-        for k, word in enumerate(each["values"]):
-            after[str(each["address"] + k)] = word
+    for each, kept in zip(plan.writes, plan.kept):
+        values_sent = [after[str(each["address"] + k)] if k in kept else word for k, word in enumerate(each["values"])]
+        after.update({str(each["address"] + k): word for k, word in enumerate(values_sent)})
+        written.append([each["function"], each["address"], values_sent])
     seen = read_registers(case)
-    blind = any(each["address"] + k not in seen for each in writes for k in range(len(each["values"])))
-    return {"exit": 4 if blind or held_back else 0, "written": [[each["function"], each["address"], each["values"]] for each in writes],
-            "image": after}
+    blind = any(each["address"] + k not in seen for each, kept in zip(plan.writes, plan.kept)
+                for k in range(len(each["values"])) if k not in kept)
+    return {"exit": 4 if blind or plan.held_back else 0, "written": written, "image": after}
 
 
 # The case, and what the program does with it.
 
 def plan(dice):
-    made = sheets.sheet(dice)
+    made = sheets.sheet(dice, dice.random() < 0.3)
     left = sheets.document(dice, made)
     texts = values(made, made["factory"], left)
     held_there = {}

@@ -37,7 +37,7 @@ def code_list(random):
     return [[k, text] for k, text in enumerate(texts)]
 
 
-def fill_cells(random, field, registers):
+def fill_cells(random, field, registers, board):
     """Gives each cell its registers. What shares a register stands in one column or in one row."""
     rows, heads = field["rows"], field["columns"]
     cells = [[plain_cell() for _ in heads] for _ in range(rows)]
@@ -45,6 +45,8 @@ def fill_cells(random, field, registers):
         r = 0
         while r < rows:
             kind = "none" if head["label"] else random.choice(KINDS)
+            if kind == "text" and board:  # its texts go out in pairs: not modelled
+                kind = "number"
             if head["bits"] and kind not in ("number", "none"):
                 kind = "number"
             if kind in ("pair", "halves", "half list") and r + 1 >= rows:
@@ -108,10 +110,20 @@ def blocks(random, used):
     return made
 
 
-def sheet(random):
+def download_blocks(random, ends):
+    """The higher block first: a number takes the first one that begins low enough."""
+    made = []
+    for kind in (0, 1):
+        cut = random.randint(ends[0] + 1, ends[1]) if ends[0] < ends[1] and random.random() < 0.5 else None
+        made += [[cut, ends[1], kind], [ends[0], cut - 1, kind]] if cut else [[*ends, kind]]
+    return made
+
+
+def sheet(random, board=False):
+    """Those of the board family send their values in blocks."""
     base = random.choice([0, 0, 1, 40001])
     registers = Registers(random, base)
-    made = {"name": "SHEET", "base": base, "fields": []}
+    made = {"name": "R7702-16" if board else "SHEET", "base": base, "fields": [], "board": board, "download": []}
     for f in range(random.randint(1, 3)):
         heads = [{"heading": "Setting", "type": "TEXT", "modifiable": random.random() < 0.15, "bits": "", "label": True}]
         for c in range(random.randint(1, 3)):
@@ -120,12 +132,15 @@ def sheet(random):
                           "type": random.choice(["NUMERIC", "NUMERIC", "ASCII", "NUMERIC_OR_ASCII", "TIME", "TEXT"]),
                           "modifiable": random.random() < 0.75})
         field = {"desc": f"Page {f + 1}" if random.random() < 0.7 else "Outputs", "rows": random.randint(1, 4), "columns": heads}
-        field["cells"] = fill_cells(random, field, registers)
+        field["cells"] = fill_cells(random, field, registers, board)
         field["limits"] = limits(random, field)
         made["fields"].append(field)
     used = registers.used
     made["used"] = used
     made["blocks"] = blocks(random, used) or [[base + 1, base + 1, "CONFIG"]]
+    if board and used:
+        made["blocks"] = [[min(used), max(used), "CONFIG"]]
+        made["download"] = download_blocks(random, made["blocks"][0][:2])
     made["leave out"] = sorted(random.sample(used, min(len(used), 2))) if random.random() < 0.3 else []
     made["write only"] = sorted(random.sample(used, 1)) if used and random.random() < 0.15 else []
     made["last"] = sorted(random.sample(used, min(len(used), 2))) if random.random() < 0.3 else []
@@ -188,8 +203,10 @@ def document(random, made, like=None):
 # The texts of files.
 
 def template_text(made):
-    lines = ["; a made template", "[HARDWARE]", f"CONTROLLER={made['name']}", "[PORT_CONFIGURATION]",
-             "COMMUNICATIONS_1_REQUEST=1", "COMMUNICATIONS_1_OUT=400", "HOLDINGREGISTERS=50000"]
+    lines = ["; a made template", "[HARDWARE]", f"CONTROLLER={made['name']}"]
+    lines += [f"DOWNLOAD_{k}_MULTIPLEREGISTERBLOCK{'MESSAGELIST' if kind else 'NUMERIC'}={first}-{last}"
+              for k, (first, last, kind) in enumerate(made["download"], 1)]
+    lines += ["[PORT_CONFIGURATION]", "COMMUNICATIONS_1_REQUEST=1", "COMMUNICATIONS_1_OUT=400", "HOLDINGREGISTERS=50000"]
     if made["base"]:
         lines.append(f"ADDRESSBASE={made['base']}")
     lines += [f"HOLDINGREGISTERSBLOCK_{k}={first}-{last}" for k, (first, last, _) in enumerate(made["blocks"], 1)]

@@ -78,6 +78,12 @@ def path_of(head, cell):
     return "text"
 
 
+def takes_numbers(head, cell):
+    """Some cells take times and numbers."""
+    way = path_of(head, cell)
+    return way == "number" or (way == "time" and cell["format"].upper() != "TIME")
+
+
 def exported(case):
     made, texts = case["sheet"], values(case["sheet"], case["sheet"]["factory"], case["left"])
     lines = []
@@ -91,7 +97,7 @@ def exported(case):
                 text = texts[f][r][c]
                 if cell["messages"] is not None:
                     text = shown(cell, text)
-                elif (path_of(head, cell) == "number" or (path_of(head, cell) == "time" and cell["format"] != "TIME")) and is_numeric(text) and case["decimal"] == ",":
+                elif takes_numbers(head, cell) and is_numeric(text) and case["decimal"] == ",":
                     text = text.replace(".", ",")
                 where = f"{cell['address']}-{cell['end']}" if cell["ascii"] else cell["address"]
                 lines.append([str(f + 1), str(r + 1), str(c + 1), field["desc"], name, head["heading"], where, text])
@@ -177,7 +183,7 @@ def taken(head, cell, now, text, sign):
     if text == held_text:
         return now
     way = path_of(head, cell)
-    if way == "number" and is_numeric(now) and number_of(text, sign) == val(now):
+    if takes_numbers(head, cell) and is_numeric(now) and number_of(text, sign) == val(now):
         return now
     if way == "list":
         codes = [str(code) for code, entry in cell["messages"]
@@ -209,7 +215,7 @@ def imported(case):
     made = case["sheet"]
     texts = values(made, made["factory"], case["left"])
     sign = proven_sign([text for _, place, text in case["lines"] if place and cell_at(made, place)
-                        and path_of(*cell_at(made, place)) == "number"])
+                        and takes_numbers(*cell_at(made, place))])
     seen, left_out, count = {}, [], 0
     for line, place, text in case["lines"]:
         if place is None:  # a line without any text
