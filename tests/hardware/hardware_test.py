@@ -85,12 +85,16 @@ class HardwareTest(unittest.TestCase):
         cls.random = random.Random(20)
 
     def setUp(self):
+        if why := self.machine.has_ended():
+            self.fail(why)
         self.controller = self.controllers["one"]
         self.adapter.plug()
         self.port = self.adapter.port()
         self.names = {self.port}
 
     def tearDown(self):
+        if why := self.machine.has_ended():
+            self.fail(why)
         self.guest.run("killall -9 zorvanectl")
         for adapter in (self.adapter, self.second, self.other):
             if adapter.is_in:

@@ -10,6 +10,7 @@ import threading
 import time
 
 BOOT_SECONDS = 120
+CONNECT_SECONDS = 10
 COMMAND_SECONDS = 60
 SET_LATENCY = "0x4009"  # the adapter's request for its latency timer, in QEMU's trace
 
@@ -18,19 +19,65 @@ class Failure(Exception):
     """The machine, or what runs in it, doesn't do what it must."""
 
 
-def connected(path):
+def connected(path, has_ended):
     """A connection to a socket that is there as soon as QEMU has made it."""
-    deadline = time.monotonic() + 10
+    deadline = time.monotonic() + CONNECT_SECONDS
     while True:
         connection = socket.socket(socket.AF_UNIX)
         try:
             connection.connect(path)
             return connection
-        except OSError:
+        except OSError as reason:
             connection.close()
+            if why := has_ended():
+                raise Failure(why) from None
             if time.monotonic() > deadline:
-                raise
+                raise Failure(f"QEMU makes no socket {path} in {CONNECT_SECONDS} s: {reason}") from None
             time.sleep(0.02)
+
+
+class Wire:
+    """What lies between an adapter and its controller, on the loopback. Nothing comes out of it for an adapter that is
+    pulled: QEMU 7.2 was seen to end with a segmentation fault when one was taken away in the middle of answers."""
+
+    def __init__(self, controller):
+        self.listener = socket.create_server(("127.0.0.1", 0))
+        self.address = self.listener.getsockname()
+        self.controller = socket.create_connection(controller)
+        self.is_whole = False
+        self.lock = threading.Lock()
+        threading.Thread(target=self.carry, daemon=True).start()
+
+    def carry(self):
+        adapter = self.listener.accept()[0]
+        threading.Thread(target=self.to_controller, args=[adapter], daemon=True).start()
+        try:
+            while data := self.controller.recv(4096):
+                with self.lock:
+                    if self.is_whole:
+                        adapter.sendall(data)
+        except OSError:
+            pass  # the machine, or the controller, was stopped
+
+    def to_controller(self, adapter):
+        try:
+            while data := adapter.recv(4096):
+                self.controller.sendall(data)
+        except OSError:
+            pass
+
+    def join(self):
+        with self.lock:
+            self.is_whole = True
+
+    def cut(self):
+        with self.lock:
+            self.is_whole = False
+
+    def stop(self):
+        self.cut()
+        self.listener.close()
+        self.controller.close()
 
 
 class Job:
@@ -137,8 +184,14 @@ class Monitor:
         self.ask("qmp_capabilities")
 
     def ask(self, command, **arguments):
-        self.stream.write(json.dumps({"execute": command, "arguments": arguments}) + "\n")
-        self.stream.flush()
+        try:
+            self.stream.write(json.dumps({"execute": command, "arguments": arguments}) + "\n")
+            self.stream.flush()
+            return self.answer(command)
+        except (OSError, ValueError) as reason:
+            raise Failure(f"QEMU doesn't answer {command}: {reason}") from None
+
+    def answer(self, command):
         while True:
             answer = json.loads(self.stream.readline())
             if "error" in answer:
@@ -165,6 +218,7 @@ class Adapter:
                 self.machine.monitor.ask("device_add", driver="usb-serial", id=self.name, chardev=f"line-{self.name}",
                                          bus="usb.0", serial=self.serial, **{"always-plugged": True})
                 self.is_in = True
+                self.machine.join(self.name)
                 return moment
             except Failure:
                 if time.monotonic() > deadline:
@@ -174,6 +228,7 @@ class Adapter:
     def pull(self):
         """The moment of it."""
         self.is_in = False
+        self.machine.cut(self.name)
         moment = time.monotonic()
         self.machine.monitor.ask("device_del", id=self.name)
         return moment
@@ -188,6 +243,7 @@ class Machine:
 
     def __init__(self, folder, kernel, image, lines):
         """`lines`: host and port of what is at each adapter, by the adapter's name; nothing for a silent one."""
+        self.wires = {name: Wire(address) for name, address in lines.items() if address}
         self.trace_file = os.path.join(folder, "trace")
         self.console_file = os.path.join(folder, "console")
         command = ["qemu-system-x86_64", "-nic", "none", "-cpu", "max", "-m", "512", "-display", "none", "-no-reboot",
@@ -196,10 +252,12 @@ class Machine:
                    "-chardev", f"socket,id=agent,path={folder}/agent,server=on,wait=off",
                    "-device", "pci-serial,chardev=agent",
                    "-qmp", f"unix:{folder}/monitor,server=on,wait=off", "-trace", "usb_serial_*", "-D", self.trace_file]
-        for name, address in lines.items():
-            backend = f"socket,host={address[0]},port={address[1]}" if address else "null"
+        for name in lines:
+            wire = self.wires.get(name)
+            backend = f"socket,host={wire.address[0]},port={wire.address[1]}" if wire else "null"
             command += ["-chardev", f"{backend},id=line-{name}"]
-        with open(os.path.join(folder, "errors"), "wb") as errors:
+        self.errors_file = os.path.join(folder, "errors")
+        with open(self.errors_file, "wb") as errors:
             self.process = subprocess.Popen(command, stdin=subprocess.DEVNULL, stdout=errors, stderr=errors)
         self.connections = []
         try:
@@ -211,13 +269,34 @@ class Machine:
             raise
 
     def connection(self, path):
-        self.connections.append(connected(path))
+        self.connections.append(connected(path, self.has_ended))
         return self.connections[-1]
+
+    def has_ended(self):
+        """How QEMU ended; nothing while it runs."""
+        code = self.process.poll()
+        if code is None:
+            return None
+        with open(self.errors_file, encoding="utf-8", errors="replace") as file:
+            return f"QEMU has ended with {code}: {file.read().strip()[-2000:] or 'it said nothing'}"
+
+    def cut(self, name):
+        """Until the wire is joined nothing comes for the adapter; what came before has been taken."""
+        if name in self.wires:
+            self.wires[name].cut()
+            for _ in range(2):  # each takes a turn of QEMU's main loop, which takes what has come as well
+                self.monitor.ask("query-status")
+
+    def join(self, name):
+        if name in self.wires:
+            self.wires[name].join()
 
     def wait_until_ready(self):
         deadline = time.monotonic() + BOOT_SECONDS
         while not self.guest.ready.wait(0.1):
-            if self.process.poll() is not None or time.monotonic() > deadline:
+            if why := self.has_ended():
+                raise Failure(f"{why}; its console: {self.console()[-2000:]}")
+            if time.monotonic() > deadline:
                 raise Failure(f"the guest isn't ready in {BOOT_SECONDS} s: {self.console()[-2000:]}")
 
     def console(self):
@@ -242,3 +321,5 @@ class Machine:
         self.process.wait()
         for connection in self.connections:
             connection.close()
+        for wire in self.wires.values():
+            wire.stop()
