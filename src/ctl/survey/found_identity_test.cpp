@@ -24,7 +24,7 @@ class Held_Registers final : public Unit_Reader {
         Unit_Answer answer{Unit_End::Answered};
         for (std::int32_t number = first; number < first + count; ++number) {
             const auto held = registers.find(number);
-            if (held == registers.end()) return {Unit_End::Refused, {}, 2};
+            if (held == registers.end()) return {Unit_End::Refused, {}, {}, 2};
             answer.values.push_back(held->second);
         }
         return answer;
