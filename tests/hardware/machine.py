@@ -49,13 +49,13 @@ class Wire:
         threading.Thread(target=self.carry, daemon=True).start()
 
     def carry(self):
-        adapter = self.listener.accept()[0]
-        threading.Thread(target=self.to_controller, args=[adapter], daemon=True).start()
         try:
-            while data := self.controller.recv(4096):
-                with self.lock:
-                    if self.is_whole:
-                        adapter.sendall(data)
+            with self.listener.accept()[0] as adapter:
+                threading.Thread(target=self.to_controller, args=[adapter], daemon=True).start()
+                while data := self.controller.recv(4096):
+                    with self.lock:
+                        if self.is_whole:
+                            adapter.sendall(data)
         except OSError:
             pass  # the machine, or the controller, was stopped
 
