@@ -83,6 +83,18 @@ TEST(LineSearch, TellsOneStopBitWhereOneIsEnough) {
     }
 }
 
+TEST(LineSearch, TriesOneStopBitAnewWithEachUnit) {
+    Hand_Clock clock;
+    Simulated_Line line(clock, {19200, 'E', 8, 1});
+    line.controllers = {{.unit = 3, .counts = true}, {.unit = 4}}; // the first never answers the same twice
+    const Search_Run run(clock, line, planFor(likelyLines({}, {}), 5));
+    EXPECT_EQ(foundTexts(run.report), (std::vector<std::string>{"4 at 19200,e,8,1"}));
+    std::vector<int> stopBits;
+    for (const Line_Settings& used : line.linesUsed)
+        stopBits.push_back(used.stopBits);
+    EXPECT_EQ(stopBits, (std::vector<int>{2, 1, 2, 1}));
+}
+
 TEST(LineSearch, KeepsTheSettingAfterTheFirstFindAndSearchesAllUnits) {
     Hand_Clock clock;
     Simulated_Line line(clock, {9600, 'N', 8, 1});
