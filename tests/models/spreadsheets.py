@@ -161,15 +161,15 @@ def taken_number(head, cell, text, sign):
     return number_text(number) if limits is None or limits[0] <= number <= limits[1] else None
 
 
-def taken_time(cell, now, text):
+def clock_time(text):
+    """The m:ss that a spreadsheet shows as hours, and whether a clock could show it."""
     clock = re.fullmatch(r"(\d+):(\d\d):00", text)
-    if clock:
-        minutes = f"{int(clock[1])}:{clock[2]}"
-        same = is_time(now) and time_seconds(now) == time_seconds(minutes)
-        if not same and int(clock[1]) < 24:
-            return None
-        text = minutes
-    if not is_time(text):
+    return (f"{int(clock[1])}:{clock[2]}", int(clock[1]) < 24) if clock else (text, False)
+
+
+def taken_time(cell, text):
+    text, two_ways = clock_time(text)
+    if two_ways or not is_time(text):
         return None
     seconds = time_seconds(text)
     if cell["min"] and cell["max"] and not val(cell["min"]) <= seconds <= val(cell["max"]):
@@ -185,6 +185,8 @@ def taken(head, cell, now, text, sign):
     way = path_of(head, cell)
     if takes_numbers(head, cell) and is_numeric(now) and number_of(text, sign) == val(now):
         return now
+    if way == "time" and is_time(now) and is_time(clock_time(text)[0]) and time_seconds(clock_time(text)[0]) == time_seconds(now):
+        return now
     if way == "list":
         codes = [str(code) for code, entry in cell["messages"]
                  if text.strip(" ").upper() == entry.upper() or (is_numeric(text) and float(text) == code)]
@@ -195,7 +197,7 @@ def taken(head, cell, now, text, sign):
         return taken_number(head, cell, text, sign)
     if way == "time":
         number = taken_number(head, cell, text, sign) if cell["format"].upper() != "TIME" and ":" not in text else None
-        return number if number is not None else taken_time(cell, now, text)
+        return number if number is not None else taken_time(cell, text)
     if any(each in text for each in ",;\r\n") or text != text.strip(" "):
         return None
     if cell["ascii"] and len(text) > 2 * (int(cell["end"]) - int(cell["address"]) + 1):
