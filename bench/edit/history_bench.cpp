@@ -51,6 +51,42 @@ void undoAndRedo(benchmark::State& state) {
 }
 BENCHMARK(undoAndRedo)->Unit(benchmark::kMillisecond);
 
+/// As many single changes as a history keeps, all taken back and done again.
+void thousandSteps(benchmark::State& state) {
+    Large_Step step;
+    step.history.clear();
+    constexpr std::int32_t steps = 1000;
+    for (std::int32_t row = 1; row <= steps + 100; ++row) {
+        Cell_Rec& cell = step.document.Fields(1).Cells(row, 1);
+        step.history.changed("change", {{{1, row, 1}, cell.Value, "7"}});
+        cell.Value = "7";
+    }
+    if (step.history.steps() != steps) return state.SkipWithError("not a thousand steps");
+    for (auto turn : state) {
+        while (step.history.undo(step.document)) {
+        }
+        while (step.history.redo(step.document)) {
+        }
+    }
+    state.counters["bytes"] = static_cast<double>(step.history.bytes());
+}
+BENCHMARK(thousandSteps)->Unit(benchmark::kMillisecond);
+
+/// One more step of the whole table where the history holds all the bytes that it may: the oldest go.
+void fullHistory(benchmark::State& state) {
+    Large_Step step;
+    std::vector<Value_Change> changes;
+    for (std::int32_t row = 1; row <= rows; ++row)
+        changes.push_back({{1, row, 1}, "a text of some length", "another of that length"});
+    for (int i = 0; i < 100; ++i)
+        step.history.changed("import", changes);
+    for (auto turn : state)
+        step.history.changed("import", changes);
+    state.counters["steps"] = static_cast<double>(step.history.steps());
+    state.counters["MB"] = static_cast<double>(step.history.bytes()) / (1024 * 1024);
+}
+BENCHMARK(fullHistory)->Unit(benchmark::kMillisecond);
+
 void countChanged(benchmark::State& state) {
     const Large_Step step;
     for (auto turn : state)
