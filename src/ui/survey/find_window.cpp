@@ -174,7 +174,7 @@ void Find_Window::searchEnded(const survey::Search_Report& report) {
     identifyAll();
     showNotes();
     showState();
-    if (closing_) QDialog::done(QDialog::Rejected);
+    if (ending_) QDialog::done(*ending_);
 }
 
 /// Asks each controller whose it is, unless somebody wants the end or the line isn't ours alone.
@@ -230,7 +230,8 @@ void Find_Window::showState() {
     const bool idle = !running();
     find_->setText(idle ? QStringLiteral("&Find") : QStringLiteral("S&top"));
     find_->setEnabled(idle || !stopping_);
-    use_->setEnabled(idle && chosenRow() >= 0);
+    use_->setEnabled(!stopping_ &&
+                     chosenRow() >= 0); // whoever knows his controller needn't wait for the others
     for (QWidget* field :
          {static_cast<QWidget*>(port_), static_cast<QWidget*>(units_), static_cast<QWidget*>(settings_)})
         field->setEnabled(idle);
@@ -246,7 +247,7 @@ Port_Settings Find_Window::chosen() const {
 /// What runs is stopped first; its end closes the window.
 void Find_Window::done(int result) {
     if (!running()) return QDialog::done(result);
-    closing_ = true;
+    ending_ = result;
     if (!stopping_) startOrStop();
 }
 

@@ -72,7 +72,7 @@ class Find_Window final : public QDialog {
     std::vector<survey::Found_Identity> identities_;
     bool identifying_ = false;
     bool stopping_ = false;
-    bool closing_ = false; ///< as soon as nothing runs any more
+    std::optional<int> ending_; ///< closes with this result as soon as nothing runs any more
     Port_Choice* port_ = nullptr;
     QLineEdit* units_ = nullptr;
     QLineEdit* settings_ = nullptr;

@@ -84,7 +84,7 @@ TEST_F(Find_Window_Test, ShowsWhatIsTriedAndWhatWasFound) {
     while (rows().rowCount() == 0 && window->running())
         run(50 * microsPerMs);
     EXPECT_TRUE(window->running()) << "a row is shown as soon as it is found";
-    EXPECT_FALSE(at<QPushButton>("BOT_Use").isEnabled());
+    EXPECT_TRUE(at<QPushButton>("BOT_Use").isEnabled());
     run(60 * microsPerSecond);
     EXPECT_FALSE(window->running());
     ASSERT_EQ(rows().rowCount(), 2);
@@ -108,6 +108,22 @@ TEST_F(Find_Window_Test, TakesTheControllerThatIsChosen) {
     expected.slave = 5;
     expected.line = {9600, 'N', 8, 1};
     EXPECT_EQ(window->chosen(), expected);
+}
+
+/// Nobody has to wait for the other 244 numbers.
+TEST_F(Find_Window_Test, TakesAControllerWhileTheSearchGoesOn) {
+    make();
+    press("BOT_Find");
+    while (rows().rowCount() == 0 && window->running())
+        run(50 * microsPerMs);
+    press("BOT_Use");
+    run(microsPerSecond);
+    EXPECT_FALSE(window->isVisible());
+    EXPECT_EQ(window->result(), QDialog::Accepted);
+    EXPECT_EQ(window->chosen().slave, 3);
+    EXPECT_EQ(window->chosen().line, (Line_Settings{9600, 'N', 8, 1}));
+    EXPECT_EQ(lastGood, (Line_Settings{9600, 'N', 8, 1}));
+    EXPECT_FALSE(line.isOpen());
 }
 
 TEST_F(Find_Window_Test, StopsWithWhatWasFoundSoFar) {

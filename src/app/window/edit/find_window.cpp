@@ -20,7 +20,9 @@ namespace zorvane::app {
 
 namespace {
 
-constexpr double findWidth = 6600; // twips
+constexpr double findWidth = 8400; // twips; room for all three columns
+constexpr double nameWidth = 3900;
+constexpr double valueWidth = 2400;
 constexpr double findHeight = 4800;
 constexpr std::size_t mostRows = 2000; // of the list
 
@@ -72,7 +74,8 @@ void Find_Window::addTable() {
     table_->horizontalHeader()->setStretchLastSection(true);
     table_->horizontalHeader()->setHighlightSections(false);
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    table_->setColumnWidth(0, ui::scaleOf(*this).pixelsX(findWidth / 2));
+    table_->setColumnWidth(0, ui::scaleOf(*this).pixelsX(nameWidth));
+    table_->setColumnWidth(1, ui::scaleOf(*this).pixelsX(valueWidth));
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
