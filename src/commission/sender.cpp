@@ -192,33 +192,51 @@ class Sender {
         const Plan_Write& plan = write(number);
         stopped_ = false;
         if (!plan.composedFromReading()) return plan.values;
-        const Unit_Answer answer = read(unit_, plan.address, static_cast<std::int32_t>(plan.values.size()));
-        if (!answer.good()) return notComposed(number, answer);
-        compare::Controller_Registers now;
-        now.take(plan.address, answer.values);
+        const auto now = readPresent(number);
+        if (!now) return std::nullopt;
         for (std::size_t i = 0; i < plan.parts.size(); ++i) {
             const std::int32_t address = plan.address + static_cast<std::int32_t>(i);
             const auto was = present_.find(address);
-            if (plan.parts[i] != Part::Kept || was == present_.end() || was->second == answer.values[i])
-                continue;
+            const auto is = now->valueAt(address);
+            if (plan.parts[i] != Part::Kept || was == present_.end() || !is || was->second == *is) continue;
             leaveOut(number, "register " + std::to_string(address) + " of its block was " +
-                                 std::to_string(was->second) + " and is " + std::to_string(answer.values[i]) +
-                                 " now");
+                                 std::to_string(was->second) + " and is " + std::to_string(*is) + " now");
             return std::nullopt;
         }
-        return composedWrite(plan, now);
+        return composedWrite(plan, *now);
     }
 
-    std::optional<std::vector<std::uint16_t>> notComposed(std::size_t number, const Unit_Answer& answer) {
+    /// The registers of a write as they are now, without those that can only be written. Nothing when one
+    /// can't be read.
+    std::optional<compare::Controller_Registers> readPresent(std::size_t number) {
+        const Plan_Write& plan = write(number);
+        compare::Controller_Registers now;
+        for (std::int32_t first = plan.address; first <= plan.last();) {
+            std::int32_t end = first;
+            while (end <= plan.last() && !isWriteOnly({end, end}))
+                ++end;
+            if (end > first) {
+                const Unit_Answer answer = read(unit_, first, end - first);
+                if (!answer.good()) {
+                    notRead(number, answer);
+                    return std::nullopt;
+                }
+                now.take(first, answer.values);
+            }
+            first = end + 1;
+        }
+        return now;
+    }
+
+    void notRead(std::size_t number, const Unit_Answer& answer) {
         stopped_ = answer.end == Unit_End::Cancelled;
         if (stopped_) {
             (void)stop(Send_End::Interrupted, "Stopped.");
-            return std::nullopt;
+            return;
         }
         leaveOut(number, "its registers couldn't be read just before: " + answer.fault);
         if (answer.end == Unit_End::Silent || answer.end == Unit_End::PortLost)
             stopped_ = askQuestion() == Next::Stop;
-        return std::nullopt;
     }
 
     void leaveOut(std::size_t number, std::string why) {
@@ -295,9 +313,14 @@ class Sender {
     }
 
     [[nodiscard]] bool cantBeReadBack(const Plan_Write& plan) const {
+        return isWriteOnly({plan.address, plan.last()});
+    }
+
+    /// Whether one of them can only be written.
+    [[nodiscard]] bool isWriteOnly(const Register_Range& registers) const {
         return std::any_of(order_.writeOnly.begin(), order_.writeOnly.end(),
                            [&](const Register_Range& range) {
-                               return range.first <= plan.last() && plan.address <= range.last;
+                               return range.first <= registers.last && registers.first <= range.last;
                            });
     }
 

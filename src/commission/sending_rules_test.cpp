@@ -238,9 +238,9 @@ const std::string boardTemplate = "[HARDWARE]\n"
                                   "[IDENTITY]\nREGISTER_1=13\nLOW_1=0\nHIGH_1=1000\n";
 
 struct Board_Bench {
-    Board_Bench() {
-        bench.readTemplate(boardTemplate);
-        section = readIdentity(boardTemplate);
+    explicit Board_Bench(const std::string& identity = "") {
+        bench.readTemplate(boardTemplate + identity);
+        section = readIdentity(boardTemplate + identity);
         toy.registers = {{10, 1}, {11, 2}, {12, 3}, {13, 4}};
         for (std::int32_t row = 1; row <= 4; ++row)
             bench.cell(1, row, 2).Value = std::to_string(row);
@@ -275,6 +275,28 @@ TEST(SendingRules, ABlockGoesOutInOneWriteWithTheControllersOwnRest) {
     EXPECT_EQ(bench.toy.writes, 1);
     EXPECT_EQ(bench.toy.registers,
               (std::map<std::int32_t, std::uint16_t>{{10, 1}, {11, 20}, {12, 3}, {13, 4}}));
+}
+
+TEST(SendingRules, ABlockWithAWriteOnlyRegisterGoesOutWithTheRestThatCanBeRead) {
+    Board_Bench bench("WRITEONLY=11\n");
+    bench.toy.unreadable = {11};
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    const Session_End end = session.send(session.plan(look, {}), look);
+    ASSERT_EQ(end.report.rows.size(), 1U);
+    EXPECT_EQ(end.report.rows.at(0).state, Value_State::Unknown);
+    EXPECT_EQ(bench.toy.writes, 1);
+    EXPECT_EQ(bench.toy.registers,
+              (std::map<std::int32_t, std::uint16_t>{{10, 1}, {11, 20}, {12, 3}, {13, 4}}));
+}
+
+TEST(SendingRules, ABlockThatOnlyKeepsWhatStopsAProcessGoesOutLastAsWell) {
+    Board_Bench bench("LAST=12\n");
+    Session session = bench.session();
+    const Plan plan = session.plan(session.look(), {});
+    ASSERT_EQ(plan.writes.size(), 1U);
+    EXPECT_EQ(plan.writes.at(0).cells, (std::vector<Cell_Place>{{1, 2, 2}}));
+    EXPECT_EQ(plan.writes.at(0).stage, Stage::Last);
 }
 
 TEST(SendingRules, ABlockOfWhichAnotherRegisterChangedSinceThePlanIsntSent) {

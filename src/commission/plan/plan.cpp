@@ -210,10 +210,16 @@ class Collector {
         return all;
     }
 
-    static void addTo(std::vector<Group>& all, const Write_Key& key, const Candidate& candidate) {
+    /// What only goes along in a block is written with it all the same.
+    [[nodiscard]] Stage stageOfBlock(const Write_Key& key) const {
+        return meetsAny(sources_.section.last, {key.first, key.first + key.count - 1}) ? Stage::Last
+                                                                                       : Stage::Usual;
+    }
+
+    void addTo(std::vector<Group>& all, const Write_Key& key, const Candidate& candidate) const {
         auto group = std::find_if(all.begin(), all.end(), [&](const Group& each) { return each.key == key; });
         if (group == all.end()) group = all.insert(all.end(), Group{key, Stage::Usual, {}});
-        group->stage = std::max(group->stage, candidate.stage);
+        group->stage = std::max({group->stage, candidate.stage, stageOfBlock(key)});
         if (group->cells.empty() || group->cells.back() != &candidate) group->cells.push_back(&candidate);
     }
 

@@ -101,6 +101,8 @@ void setParts(Plan_Write& write, const Declara_Zorvane& document, const Identity
         }
         write.stage = std::max(write.stage, stageOf(section, cell.range));
     }
+    if (meetsAny(section.last, {write.address, write.last()}))
+        write.stage = std::max(write.stage, Stage::Last);
 }
 
 } // namespace
