@@ -199,7 +199,7 @@ class RecordTest(unittest.TestCase):
         missing = self.record("last", "--out", self.path("r.txt"), "--checks", self.path("none.txt"), code=1)
         self.assertIn("can't be read", missing.stderr)
         done = self.record("last", "--out", self.path("no-folder", "r.json"), "--json", code=1)
-        self.assertEqual(json.loads(done.stdout), {"run": "last", "output": None, "record": None})
+        self.assertEqual(json.loads(done.stdout), {"run": "run-2", "output": None, "record": None})
 
 
 if __name__ == "__main__":
