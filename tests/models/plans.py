@@ -71,7 +71,7 @@ def named(case, place):
 
 
 def last_items(made, *files):
-    """What the files have for each cell, letter by letter."""
+    """What the files have for each cell, letter by letter. A template's own mistakes are the checker's."""
     held_items = [[["" for _ in field["columns"]] for _ in field["cells"]] for field in made["fields"]]
     for rows_of_file in files:
         for f, field in enumerate(rows_of_file):
@@ -115,7 +115,7 @@ class Plan:
         self.case, self.made = case, case["sheet"]
         self.image = read_registers(case)
         self.texts = values(self.made, self.made["factory"], case["left"])
-        self.items = last_items(self.made, self.made["factory"], case["left"])
+        self.items = last_items(self.made, case["left"])
         self.rows = rows(case | {"against": "registers", "registers": {str(k): v for k, v in self.image.items()}})
         for each in self.rows:
             if not chosen(case, place_of(each)):
@@ -199,10 +199,13 @@ class Plan:
                             "block": None, "set": {first},
                             "values": raw if cell["ascii"] else [composed(part_of(cell), raw, old)]})
 
+    def changes(self, write):
+        return any(self.image.get(write["address"] + k) != word for k, word in enumerate(write["values"])
+                   if not write["block"] or write["address"] + k in write["set"])
+
     def finish(self):
         self.writes.sort(key=lambda each: each.pop("late"))
-        self.writes = [each for each in self.writes
-                       if each["values"] != [self.image.get(each["address"] + k) for k in range(len(each["values"]))]]
+        self.writes = [each for each in self.writes if self.changes(each)]
         for each in self.writes:
             block, wholly = each.pop("block"), each.pop("set")
             self.kept.append([k for k in range(len(each["values"])) if block and each["address"] + k not in wholly])
