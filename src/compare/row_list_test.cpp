@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace zorvane::compare {
@@ -53,6 +55,95 @@ TEST_F(RowList, ListsWhatIsntEqualUnlessToldOtherwise) {
     list("nowhere");
     EXPECT_EQ(listed(), "");
     EXPECT_EQ(rows.comparison().counts.rows(), 6U) << "counted are all rows";
+}
+
+/// Rows in the given rows of field 1, of these signs.
+Comparison comparisonAt(const std::vector<std::pair<std::int32_t, Sign>>& signs) {
+    Comparison comparison;
+    for (const auto& [number, sign] : signs) {
+        Row row;
+        row.place = {1, number, 2};
+        row.name = std::to_string(number);
+        row.sign = sign;
+        row.left = {.value = true, .shown = "l" + row.name};
+        row.right = {.value = true, .shown = "r" + row.name};
+        comparison.counts.add(sign);
+        comparison.rows.push_back(std::move(row));
+    }
+    return comparison;
+}
+
+class ThreeSides : public ::testing::Test {
+  protected:
+    // The second comparison is with a controller: cell 1 has no register, and the file has nothing of cell 5.
+    Row_List rows{
+        comparisonAt({{1, Sign::Differs}, {2, Sign::Equal}, {3, Sign::Equal}, {4, Sign::Differs}}),
+        comparisonAt({{2, Sign::Equal}, {3, Sign::One_Side}, {4, Sign::Not_Read}, {5, Sign::Equal}})};
+
+    [[nodiscard]] std::string listed(const std::string& words, bool all = false) {
+        rows.list(Filter(words), all);
+        std::string text;
+        for (std::size_t i = 0; i < rows.size(); ++i) {
+            const Row* const left = rows.leftRow(i);
+            const Row* const right = rows.rightRow(i);
+            text += (text.empty() ? "" : " ") + rows.at(i).name + ":" +
+                    (left != nullptr ? std::string(signMark(left->sign)) : ".") +
+                    (right != nullptr ? std::string(signMark(right->sign)) : ".");
+        }
+        return text;
+    }
+};
+
+TEST_F(ThreeSides, EachCellIsListedOnceWithItsRowsInBothComparisons) {
+    EXPECT_TRUE(rows.threeSides());
+    EXPECT_EQ(listed("", true), "1:\xE2\x89\xA0. 2:== 3:=! 4:\xE2\x89\xA0? 5:.=");
+    EXPECT_EQ(listed(""), "1:\xE2\x89\xA0. 3:=! 4:\xE2\x89\xA0?");
+    EXPECT_EQ(listed("is:missing"), "3:=!");
+    EXPECT_EQ(listed("is:differs"), "1:\xE2\x89\xA0. 4:\xE2\x89\xA0?");
+    EXPECT_EQ(listed("r4"), "4:\xE2\x89\xA0?");
+}
+
+TEST_F(ThreeSides, TheCountsAddUpForEachPair) {
+    std::size_t left = 0;
+    std::size_t right = 0;
+    (void)listed("", true);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        left += rows.leftRow(i) != nullptr ? 1U : 0U;
+        right += rows.rightRow(i) != nullptr ? 1U : 0U;
+    }
+    EXPECT_EQ(left, rows.leftComparison().counts.rows());
+    EXPECT_EQ(right, rows.comparison().counts.rows());
+    EXPECT_EQ(countsText(rows.leftComparison().counts), "4 values: 2 differ, 2 equal");
+    EXPECT_EQ(countsText(rows.comparison().counts), "4 values: 1 on one side only, 1 not read, 2 equal");
+}
+
+TEST_F(ThreeSides, TheNextDifferenceIsThatOfEitherPair) {
+    (void)listed("", true);
+    EXPECT_EQ(rows.nextDifference(std::nullopt), 0U);
+    EXPECT_EQ(rows.nextDifference(0), 2U);
+    EXPECT_EQ(rows.nextDifference(2), 3U);
+    EXPECT_EQ(rows.nextDifference(3), 0U);
+    EXPECT_EQ(rows.differenceText(2), "2 of 3");
+}
+
+TEST_F(ThreeSides, TicksStandForTheRowsOfTheSideThatIsTaken) {
+    (void)listed("");
+    rows.tickDifferences();
+    EXPECT_EQ(rows.tickedRows().size(), 3U);
+    EXPECT_EQ(rows.tickedLeftRows().size(), 3U);
+    ASSERT_EQ(rows.tickedRightRows().size(), 2U);
+    EXPECT_EQ(rows.tickedRightRows()[0]->name, "3");
+}
+
+TEST(RowListOfTwoSides, HasNoLeftRows) {
+    Row_List rows{comparisonAt({{1, Sign::Differs}})};
+    rows.list(Filter(), false);
+    EXPECT_FALSE(rows.threeSides());
+    EXPECT_EQ(rows.leftRow(0), nullptr);
+    EXPECT_EQ(rows.rightRow(0), &rows.at(0));
+    rows.tickDifferences();
+    EXPECT_EQ(rows.tickedLeftRows().size(), 0U);
+    EXPECT_EQ(rows.tickedRightRows(), rows.tickedRows());
 }
 
 TEST_F(RowList, GoesRoundTheDifferences) {

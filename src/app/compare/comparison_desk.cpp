@@ -76,12 +76,27 @@ std::string Comparison_Desk::identityText() const {
     return look_ && wantsController() ? compare::identitySentence(look_->seen.identity) : "";
 }
 
+void Comparison_Desk::setMiddle(bool on) {
+    if (on == middle_) return;
+    middle_ = on;
+    const auto isDocument = [](const Side_Choice& choice) { return choice.kind == Side_Kind::Document; };
+    if (!on && !chosen(Side_Kind::Document)) choices_[0] = {Side_Kind::Document};
+    if (on && isDocument(choices_[0])) choices_[0] = {Side_Kind::Factory};
+    if (on && isDocument(choices_[1])) choices_[1] = {Side_Kind::Controller};
+}
+
 Desk_Comparison Comparison_Desk::compare() const {
+    if (middle_ && chosen(Side_Kind::Document))
+        return {{}, {}, "The document stands in the middle. Choose something else to its left and right."};
     const Made_Side left = make(choices_[0]);
-    if (left.side == nullptr) return {std::nullopt, left.why};
+    if (left.side == nullptr) return {{}, {}, left.why};
     const Made_Side right = make(choices_[1]);
-    if (right.side == nullptr) return {std::nullopt, right.why};
-    return {compare::comparisonOf({app_.document(), section_, *left.side, *right.side}), ""};
+    if (right.side == nullptr) return {{}, {}, right.why};
+    const Declara_Zorvane& shape = app_.document();
+    if (!middle_) return {compare::comparisonOf({shape, section_, *left.side, *right.side}), {}, ""};
+    const compare::Document_Side document(shape);
+    return {compare::comparisonOf({shape, section_, document, *right.side}),
+            compare::comparisonOf({shape, section_, *left.side, document}), ""};
 }
 
 Comparison_Desk::Made_Side Comparison_Desk::make(const Side_Choice& choice) const {
@@ -166,6 +181,8 @@ std::string Comparison_Desk::documentOfRun(const commission::Run_Entry& run) con
 }
 
 std::optional<compare::Taken_Side> Comparison_Desk::takenSide() const {
+    if (middle_)
+        return chosen(Side_Kind::Document) ? std::nullopt : std::optional(compare::Taken_Side::Right);
     const bool left = choices_[0].kind == Side_Kind::Document;
     if (left == (choices_[1].kind == Side_Kind::Document)) return std::nullopt;
     return left ? compare::Taken_Side::Right : compare::Taken_Side::Left;
@@ -177,7 +194,9 @@ std::string Comparison_Desk::whyNotTake() const {
 }
 
 std::string Comparison_Desk::whyNotSend() const {
-    return chosen(Side_Kind::Document) ? "" : "One of the sides has to be the document: its values are sent.";
+    return middle_ || chosen(Side_Kind::Document)
+               ? ""
+               : "One of the sides has to be the document: its values are sent.";
 }
 
 std::optional<Compared_With> Comparison_Desk::comparedWith() const {

@@ -40,8 +40,9 @@ struct Controller_Look {
 
 /// What a comparison came to.
 struct Desk_Comparison {
-    std::optional<compare::Comparison> comparison; ///< nothing as long as there is none
-    std::string why; ///< what is missing for it, or why it failed, whole sentences
+    std::optional<compare::Comparison> comparison{}; ///< nothing as long as there is none
+    std::optional<compare::Comparison> left{};       ///< of three sides: of the left one with the document
+    std::string why{}; ///< what is missing for it, or why it failed, whole sentences
 };
 
 /// What compares the open document with whatever is chosen, without a window: the sides, the reading of the
@@ -57,6 +58,11 @@ class Comparison_Desk {
 
     void choose(Place_Of_Side place, Side_Choice choice);
     [[nodiscard]] const Side_Choice& choice(Place_Of_Side place) const { return choices_[index(place)]; }
+    /// Three sides, with the document in the middle: left and right are something else then. What stands on
+    /// the document's side gives way to the factory values or the controller; without the third side the
+    /// document is the left one.
+    void setMiddle(bool on);
+    [[nodiscard]] bool middle() const { return middle_; }
     /// A side as people call it: "site7.kvrt207d", "factory values".
     [[nodiscard]] std::string nameOf(Place_Of_Side place) const;
 
@@ -69,8 +75,8 @@ class Comparison_Desk {
 
     [[nodiscard]] Desk_Comparison compare() const;
 
-    /// The side that the document takes values from: the other one. Nothing where none or both of them are
-    /// the document.
+    /// The side that the document takes values from: the other one, of three sides the right one. Nothing
+    /// where none or both of them are the document.
     [[nodiscard]] std::optional<compare::Taken_Side> takenSide() const;
     /// Why nothing can be taken over now, a sentence; empty when it can.
     [[nodiscard]] std::string whyNotTake() const;
@@ -105,6 +111,7 @@ class Comparison_Desk {
     Identity_Section section_;
     std::vector<commission::Run_Entry> runs_;
     std::array<Side_Choice, 2> choices_{Side_Choice{Side_Kind::Document}, Side_Choice{Side_Kind::Controller}};
+    bool middle_ = false;
     std::optional<Controller_Look> look_;
 };
 

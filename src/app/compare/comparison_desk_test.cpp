@@ -221,6 +221,33 @@ TEST_F(ComparisonDesk, TakingWhatIsThereAlreadyIsNoStep) {
     EXPECT_EQ(undoEntry(app).caption, "Undo take of 1 value") << "still the first one";
 }
 
+TEST_F(ComparisonDesk, TheDocumentMayStandInTheMiddleOfThreeSides) {
+    Comparison_Desk desk(app, runs);
+    Scripted_Reader reader;
+    reader.registers = pumpRegisters();
+    reader.registers[11] = 7;
+    read(desk, reader);
+    document.Fields(1).Cells(3, 2).Value = "2:00";
+    desk.setMiddle(true);
+    EXPECT_EQ(desk.nameOf(Place_Of_Side::Left), "factory values");
+    EXPECT_EQ(desk.nameOf(Place_Of_Side::Right), "controller on ttyS9, unit 3, read at 10:00:00");
+    const Desk_Comparison three = desk.compare();
+    ASSERT_TRUE(three.left && three.comparison);
+    EXPECT_EQ(compare::countsText(three.left->counts), "24 values: 1 differs, 23 equal");
+    EXPECT_EQ(compare::countsText(three.comparison->counts), "12 values: 2 differ, 10 equal");
+    EXPECT_EQ(desk.takenSide(), compare::Taken_Side::Right);
+    EXPECT_EQ(desk.whyNotTake(), "");
+    EXPECT_EQ(desk.whyNotSend(), "");
+    EXPECT_EQ(desk.comparedWith()->name, "controller on ttyS9, unit 3, read at 10:00:00");
+    EXPECT_EQ(compared(desk, {Side_Kind::Controller}, {Side_Kind::Document}),
+              "The document stands in the middle. Choose something else to its left and right.");
+    EXPECT_EQ(desk.takenSide(), std::nullopt);
+    desk.choose(Place_Of_Side::Left, {Side_Kind::File, "/home/other.pump"});
+    desk.setMiddle(false);
+    EXPECT_EQ(desk.nameOf(Place_Of_Side::Left), "site.pump");
+    EXPECT_FALSE(desk.compare().left);
+}
+
 TEST_F(ComparisonDesk, TheHeadOnPaperNamesTheSides) {
     Comparison_Desk desk(app, runs);
     (void)compared(desk, {Side_Kind::Factory});

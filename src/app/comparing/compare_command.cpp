@@ -12,6 +12,7 @@
 
 #include <array>
 #include <utility>
+#include <vector>
 
 namespace zorvane::app {
 
@@ -34,9 +35,11 @@ constexpr std::array listedKinds = {
     Listed_Kind{Side_Kind::Registers, "Register file", "registers"},
 };
 
-int entryOf(Side_Kind kind) {
+int entryOf(const Side_Choice& choice, const std::vector<commission::Run_Entry>& runs) {
     for (std::size_t i = 0; i < listedKinds.size(); ++i)
-        if (listedKinds[i].kind == kind) return static_cast<int>(i);
+        if (listedKinds[i].kind == choice.kind) return static_cast<int>(i);
+    for (std::size_t i = 0; i < runs.size(); ++i)
+        if (runs[i].name == choice.path) return static_cast<int>(listedKinds.size() + i);
     return 0;
 }
 
@@ -89,6 +92,8 @@ class Comparing {
         window_.events.fileWanted = [this](int side) { services_.edge.run([&] { chooseFile(side); }); };
         window_.events.readController = atEdge(&Comparing::readController);
         window_.events.cancelReading = [this] { cancelled_ = true; };
+        window_.events.middleChosen = [this](bool on) { services_.edge.run([&] { chooseMiddle(on); }); };
+        window_.events.takeLeft = atEdge(&Comparing::takeLeft);
         window_.events.take = atEdge(&Comparing::take);
         window_.events.send = atEdge(&Comparing::send);
         window_.events.print = atEdge(&Comparing::print);
@@ -103,7 +108,8 @@ class Comparing {
             entries
                 << QStringLiteral("Before the send of %1").arg(QString::fromStdString(run.head.startedLocal));
         for (int side = 0; side < 2; ++side)
-            window_.setSideEntries(side, entries, entryOf(desk_.choice(placesOfSides[at(side)]).kind));
+            window_.setSideEntries(side, entries,
+                                   entryOf(desk_.choice(placesOfSides[at(side)]), desk_.runs()));
     }
 
     static std::size_t at(int side) { return static_cast<std::size_t>(side); }
@@ -120,6 +126,12 @@ class Comparing {
         if (side == 1 && entry < kinds)
             app().settings.SaveSetting(applicationTitle, compareSection, rightKey,
                                        listedKinds[at(entry)].word);
+        compare();
+    }
+
+    void chooseMiddle(bool on) {
+        desk_.setMiddle(on);
+        showSides();
         compare();
     }
 
@@ -140,7 +152,10 @@ class Comparing {
 
     void compare() {
         Desk_Comparison result = desk_.compare();
-        if (result.comparison)
+        window_.setMiddle(desk_.middle());
+        if (result.comparison && result.left)
+            window_.setRows(compare::Row_List(std::move(*result.left), std::move(*result.comparison)));
+        else if (result.comparison)
             window_.setRows(compare::Row_List(std::move(*result.comparison)));
         else
             window_.setNothing(shownText(result.why));
@@ -185,11 +200,20 @@ class Comparing {
     }
 
     void take() {
-        const auto from = desk_.takenSide();
-        if (!from || !desk_.whyNotTake().empty()) return;
-        const compare::Taking taking =
-            compare::judgedTaking(app().document(), window_.rows().tickedRows(), *from);
-        const std::string told = compare::takingText(taking);
+        if (const auto from = desk_.takenSide()) takeFrom(*from, window_.rows().tickedRightRows());
+    }
+
+    void takeLeft() { takeFrom(compare::Taken_Side::Left, window_.rows().tickedLeftRows()); }
+
+    /// A cell that isn't there on a side of three has no value to take.
+    void takeFrom(compare::Taken_Side from, const std::vector<const compare::Row*>& rows) {
+        if (!desk_.whyNotTake().empty()) return;
+        const compare::Taking taking = compare::judgedTaking(app().document(), rows, from);
+        std::string told = compare::takingText(taking);
+        if (const std::size_t none = window_.rows().tickedRows().size() - rows.size(); none > 0)
+            told +=
+                "\r\n" + std::to_string(none) +
+                (none == 1 ? " ticked setting isn't on that side." : " ticked settings aren't on that side.");
         takeIntoDocument(app(), taking);
         compare();
         window_.setNote(shownText(told));

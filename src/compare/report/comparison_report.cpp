@@ -29,8 +29,8 @@ Table_Section headSection(const Comparison_Head& head) {
     return section;
 }
 
-Table_Section countSection(const Counts& counts) {
-    Table_Section section{"Counts", {}, true, false, {{}}};
+Table_Section countSection(const std::string& title, const Counts& counts) {
+    Table_Section section{title, {}, true, false, {{}}};
     const auto add = [&](const std::string& word, std::size_t count) {
         section.columns.push_back({word, 12.5, true});
         section.rows[0].push_back(std::to_string(count));
@@ -61,11 +61,42 @@ Table_Section rowSection(const Row_List& rows) {
     return section;
 }
 
+/// The document between the two others, each with its sign.
+Table_Section threeSidesSection(const Row_List& rows) {
+    Table_Section section{"Values",
+                          {{"Page", 12, false},
+                           {"Setting", 17, false},
+                           {"Register", 8, false},
+                           {"Left", 13, false},
+                           {"Left sign", 12, false},
+                           {"Document", 13, false},
+                           {"Right sign", 12, false},
+                           {"Right", 13, false}},
+                          true,
+                          false,
+                          {}};
+    for (std::size_t place = 0; place < rows.size(); ++place) {
+        const Row& row = rows.at(place);
+        const Row* const left = rows.leftRow(place);
+        const Row* const right = rows.rightRow(place);
+        section.rows.push_back(
+            {row.page, settingText(row), row.address, left != nullptr ? sideText(left->left) : "",
+             left != nullptr ? paperSign(left->sign) : "",
+             sideText(right != nullptr ? right->left : left->right),
+             right != nullptr ? paperSign(right->sign) : "", right != nullptr ? sideText(right->right) : ""});
+    }
+    return section;
+}
+
 } // namespace
 
 std::vector<Table_Section> sectionsOf(const Row_List& rows, const Comparison_Head& head) {
-    std::vector<Table_Section> sections = {headSection(head), countSection(rows.comparison().counts)};
-    if (rows.size() > 0) sections.push_back(rowSection(rows));
+    std::vector<Table_Section> sections = {headSection(head)};
+    if (rows.threeSides())
+        sections.push_back(countSection("Counts, left and document", rows.leftComparison().counts));
+    sections.push_back(
+        countSection(rows.threeSides() ? "Counts, document and right" : "Counts", rows.comparison().counts));
+    if (rows.size() > 0) sections.push_back(rows.threeSides() ? threeSidesSection(rows) : rowSection(rows));
     return sections;
 }
 

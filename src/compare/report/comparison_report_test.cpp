@@ -91,5 +91,28 @@ TEST_F(Comparison_On_Paper, GoesThroughTheExports) {
                 AllOf(HasSubstr("Level, Value"), HasSubstr("differs"), HasSubstr("Bearing, Now")));
 }
 
+TEST_F(Comparison_On_Paper, OfThreeSidesTheDocumentStandsInTheMiddle) {
+    Reading_Bench other;
+    other.readTemplate(pumpTemplate);
+    other.cell(1, 5, 2).Value = "9";
+    const Document_Side document(bench.document);
+    const Document_Side file(other.document);
+    const Controller_Side controller(bench.document, identity, registers);
+    Row_List three(comparisonOf({bench.document, identity, file, document}),
+                   comparisonOf({bench.document, identity, document, controller}));
+    three.list(Filter(), false);
+    const std::vector<Table_Section> sections = sectionsOf(three, head);
+    ASSERT_EQ(sections.size(), 4U);
+    EXPECT_EQ(sections[1].title, "Counts, left and document");
+    EXPECT_EQ(sections[1].rows[0].back(), "24");
+    EXPECT_EQ(sections[2].title, "Counts, document and right");
+    EXPECT_EQ(sections[2].rows[0].back(), "12");
+    EXPECT_EQ(sections[3].rows,
+              (std::vector<std::vector<std::string>>{
+                  {"Settings", "Level, Value", "11", "-5", "= equal", "-5", "<> differs", "7"},
+                  {"Settings", "Upper, Value", "16/HI", "9", "<> differs", "7", "= equal", "7"},
+                  {"Readings", "Bearing, Now", "30", "21", "= equal", "21", "R read only", "22"}}));
+}
+
 } // namespace
 } // namespace zorvane::compare

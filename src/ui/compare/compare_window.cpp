@@ -16,6 +16,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -28,9 +29,9 @@ namespace {
 
 constexpr double compareWidth = 14400; // twips
 constexpr double compareHeight = 8400;
-constexpr double widestPart = 0.95; // of the screen
-/// Column widths in characters.
-constexpr std::array compareColumns = {20, 26, 22, 22, 20, 12};
+constexpr double widestPart = 0.95;                             // of the screen
+constexpr std::array compareColumns = {20, 26, 22, 22, 20, 12}; // in characters
+constexpr std::array threeSidesColumns = {16, 22, 16, 16, 16, 16, 16, 10};
 
 QLabel* namedLabel(const char* name, QWidget* parent) {
     auto* label = new QLabel(parent);
@@ -56,6 +57,7 @@ Compare_Window::Compare_Window(QWidget* parent) : QDialog(parent) {
     setSizeGripEnabled(true);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(makeSides());
+    layout->addWidget(makeMiddle());
     layout->addWidget(makeFilterLine());
     makeTable();
     layout->addWidget(table_, 1);
@@ -91,6 +93,15 @@ QWidget* Compare_Window::makeSides() {
         };
     }
     return row;
+}
+
+QWidget* Compare_Window::makeMiddle() {
+    middle_ = new QCheckBox(QStringLiteral("Three sides, with the docu&ment in the middle"), this);
+    giveName(*middle_, QStringLiteral("CHK_Middle"));
+    connect(middle_, &QCheckBox::toggled, this, [this](bool on) {
+        if (events.middleChosen) events.middleChosen(on);
+    });
+    return middle_;
 }
 
 QWidget* Compare_Window::makeFilterLine() {
@@ -140,13 +151,23 @@ void Compare_Window::makeTable() {
     table_->horizontalHeader()->setStretchLastSection(true);
     table_->horizontalHeader()->setHighlightSections(false);
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    const int character = table_->fontMetrics().averageCharWidth();
-    for (std::size_t i = 0; i < compareColumns.size(); ++i)
-        table_->setColumnWidth(static_cast<int>(i), compareColumns[i] * character + 12);
+    setWidths();
     connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] { showState(); });
     connect(&model_, &QAbstractItemModel::modelReset, this, [this] { showState(); });
     table_->installEventFilter(this);
     addTableKeys();
+}
+
+void Compare_Window::setWidths() {
+    const int character = table_->fontMetrics().averageCharWidth();
+    const auto set = [&](const auto& widths) {
+        for (std::size_t i = 0; i < widths.size(); ++i)
+            table_->setColumnWidth(static_cast<int>(i), widths[i] * character + 12);
+    };
+    if (model_.rows().threeSides())
+        set(threeSidesColumns);
+    else
+        set(compareColumns);
 }
 
 void Compare_Window::addTableKeys() {
@@ -202,6 +223,9 @@ QWidget* Compare_Window::makeButtons() {
     layout->setContentsMargins(0, 0, 0, 0);
     read_ = &addButton(*row, "BOT_Read", QStringLiteral("&Read controller"), &Compare_Events::readController);
     layout->addStretch(1);
+    takeLeft_ =
+        &addButton(*row, "BOT_Take_Left", QStringLiteral("Take left si&de"), &Compare_Events::takeLeft);
+    takeLeft_->hide();
     take_ = &addButton(*row, "BOT_Take", QStringLiteral("&Take into document"), &Compare_Events::take);
     send_ = &addButton(*row, "BOT_Send", QStringLiteral("&Send ticked..."), &Compare_Events::send);
     print_ = &addButton(*row, "BOT_Print", QStringLiteral("&Print..."), &Compare_Events::print);
@@ -224,6 +248,13 @@ void Compare_Window::tellSide(int side, bool needsFile, const QString& name) {
     sides_[static_cast<std::size_t>(side)]->tell(needsFile, name);
 }
 
+void Compare_Window::setMiddle(bool on) {
+    const QSignalBlocker quiet(middle_);
+    middle_->setChecked(on);
+    takeLeft_->setVisible(on);
+    take_->setText(on ? QStringLiteral("&Take right side") : QStringLiteral("&Take into document"));
+}
+
 void Compare_Window::setControllerWanted(bool wanted) {
     controllerWanted_ = wanted;
     showAbilities();
@@ -231,8 +262,13 @@ void Compare_Window::setControllerWanted(bool wanted) {
 
 void Compare_Window::setRows(compare::Row_List rows) {
     compared_ = true;
+    const bool others = rows.threeSides() != model_.rows().threeSides();
     model_.setRows(std::move(rows), compare::Filter(toCore(filterInForce_)), all_->isChecked());
-    counts_->setText(fromCore(compare::countsText(model_.rows().comparison().counts)));
+    if (others) setWidths();
+    const QString counts = fromCore(compare::countsText(model_.rows().comparison().counts));
+    const QString left = fromCore(compare::countsText(model_.rows().leftComparison().counts));
+    counts_->setText(model_.rows().threeSides() ? QStringLiteral("Left: %1.\nRight: %2.").arg(left, counts)
+                                                : counts);
     showState();
 }
 
@@ -271,7 +307,7 @@ void Compare_Window::setReading(std::optional<std::pair<int, int>> progress) {
     counts_->setVisible(!reading_);
     for (QWidget* part :
          {static_cast<QWidget*>(sides_[0]), static_cast<QWidget*>(sides_[1]), static_cast<QWidget*>(filter_),
-          static_cast<QWidget*>(all_), static_cast<QWidget*>(table_)})
+          static_cast<QWidget*>(all_), static_cast<QWidget*>(middle_), static_cast<QWidget*>(table_)})
         part->setEnabled(!reading_);
     close_->setText(reading_ ? QStringLiteral("Can&cel") : QStringLiteral("&Close"));
     showState();
@@ -299,8 +335,8 @@ std::optional<std::size_t> Compare_Window::current() const {
 
 void Compare_Window::goTo(std::optional<std::size_t> place) {
     if (!place) return;
-    const QModelIndex index =
-        model_.index(static_cast<int>(*place), static_cast<int>(Comparison_Column::Setting));
+    constexpr int settingSection = 1;
+    const QModelIndex index = model_.index(static_cast<int>(*place), settingSection);
     table_->setCurrentIndex(index);
     table_->scrollTo(index);
 }
@@ -344,6 +380,7 @@ void Compare_Window::showAbilities() {
                                    : ticked          ? QString()
                                                      : QStringLiteral("Tick rows first.")));
     };
+    show(*takeLeft_, whyNotTake_);
     show(*take_, whyNotTake_);
     show(*send_, whyNotSend_);
     read_->setEnabled(controllerWanted_ && !reading_);

@@ -28,6 +28,8 @@ struct Compare_Events {
     std::function<void(int side)> fileWanted;
     std::function<void()> readController;
     std::function<void()> cancelReading;
+    std::function<void(bool on)> middleChosen; ///< the document in the middle of three sides, or not
+    std::function<void()> takeLeft;            ///< from the left one of three sides
     std::function<void()> take;
     std::function<void()> send;
     std::function<void()> print;
@@ -44,6 +46,8 @@ class Compare_Window final : public QDialog {
 
     void setSideEntries(int side, const QStringList& entries, int current);
     void tellSide(int side, bool needsFile, const QString& name);
+    /// The document stands in the middle of three sides.
+    void setMiddle(bool on);
     /// Whether one of the sides is the controller, which "Read controller" reads.
     void setControllerWanted(bool wanted);
     /// The rows of a comparison, listed by the present filter.
@@ -71,7 +75,9 @@ class Compare_Window final : public QDialog {
 
   private:
     QWidget* makeSides();
+    QWidget* makeMiddle();
     QWidget* makeFilterLine();
+    void setWidths();
     void makeTable();
     void addTableKeys();
     QWidget* makeStateLine();
@@ -91,6 +97,7 @@ class Compare_Window final : public QDialog {
     QLineEdit* filter_ = nullptr;
     QLabel* filterFault_ = nullptr;
     QCheckBox* all_ = nullptr;
+    QCheckBox* middle_ = nullptr;
     Comparison_Model model_;
     QTableView* table_ = nullptr;
     QLabel* counts_ = nullptr;
@@ -100,6 +107,7 @@ class Compare_Window final : public QDialog {
     QPushButton* next_ = nullptr;
     QPushButton* previous_ = nullptr;
     QPushButton* tick_ = nullptr;
+    QPushButton* takeLeft_ = nullptr;
     QPushButton* take_ = nullptr;
     QPushButton* send_ = nullptr;
     QPushButton* print_ = nullptr;

@@ -223,5 +223,44 @@ TEST_F(CompareWindow, EveryControlHasItsNameAndAMnemonicOfItsOwn) {
     EXPECT_THAT(doubles::keyClashes(window), ::testing::IsEmpty());
 }
 
+TEST_F(CompareWindow, ShowsThreeSidesWithTheDocumentInTheMiddle) {
+    std::vector<bool> chosen;
+    window.events.middleChosen = [&](bool on) { chosen.push_back(on); };
+    named<QCheckBox>("CHK_Middle").click();
+    EXPECT_EQ(chosen, (std::vector<bool>{true}));
+    Comparison left = rowsWith({Sign::Equal, Sign::Differs}).comparison();
+    left.rows[1].right.shown = "1:45";
+    Comparison right = rowsWith({Sign::Not_Read, Sign::Differs, Sign::Differs}).comparison();
+    right.rows.erase(right.rows.begin() + 1);
+    window.setMiddle(true);
+    window.setRows(Row_List(left, right));
+    QAbstractItemModel& model = *named<QTableView>("TBL_Comparison").model();
+    QStringList headings;
+    for (int section = 0; section < model.columnCount(); ++section)
+        headings << model.headerData(section, Qt::Horizontal, Qt::DisplayRole).toString();
+    EXPECT_EQ(headings.join('|').toStdString(),
+              "Page|Setting|Left|Left sign|Document|Right sign|Right|Register");
+    const auto row = [&](int number) {
+        QStringList texts;
+        for (int section = 2; section < model.columnCount() - 1; ++section)
+            texts << model.index(number, section).data().toString();
+        return texts.join('|').toStdString();
+    };
+    ASSERT_EQ(model.rowCount(), 3);
+    EXPECT_EQ(row(0), "1:30|= equal|1:30|? not read|2:00 \xC2\xB5s");
+    EXPECT_EQ(row(1), "1:30|\xE2\x89\xA0 differs|1:45||");
+    EXPECT_EQ(row(2), "||1:30|\xE2\x89\xA0 differs|2:00 \xC2\xB5s");
+    EXPECT_EQ(named<QLabel>("LBL_Counts").text().toStdString(),
+              "Left: 2 values: 1 differs, 1 equal.\nRight: 3 values: 2 differ, 1 not read.");
+    EXPECT_EQ(named<QPushButton>("BOT_Take").text(), "&Take right side");
+    EXPECT_TRUE(named<QPushButton>("BOT_Take_Left").isVisible());
+    EXPECT_THAT(doubles::controlFaults(window), ::testing::ElementsAre());
+    EXPECT_THAT(doubles::keyClashes(window), ::testing::ElementsAre());
+    window.setMiddle(false);
+    window.setRows(rowsWith({Sign::Differs}));
+    EXPECT_EQ(model.columnCount(), 6);
+    EXPECT_FALSE(named<QPushButton>("BOT_Take_Left").isVisible());
+}
+
 } // namespace
 } // namespace zorvane::ui

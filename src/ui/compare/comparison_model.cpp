@@ -13,9 +13,34 @@ namespace zorvane::ui {
 
 namespace {
 
-constexpr std::array comparisonHeadings = {"Page", "Setting", "Left", "Right", "Sign", "Register"};
+using Column = Comparison_Column;
 
-Comparison_Column comparisonColumn(int section) { return static_cast<Comparison_Column>(section); }
+constexpr std::array twoSides = {Column::Page,  Column::Setting, Column::Left,
+                                 Column::Right, Column::Sign,    Column::Register};
+constexpr std::array threeSides = {Column::Page,     Column::Setting, Column::Left,  Column::Left_Sign,
+                                   Column::Document, Column::Sign,    Column::Right, Column::Register};
+
+QString headingOf(Column column, bool three) {
+    switch (column) {
+    case Column::Page:
+        return QStringLiteral("Page");
+    case Column::Setting:
+        return QStringLiteral("Setting");
+    case Column::Left:
+        return QStringLiteral("Left");
+    case Column::Left_Sign:
+        return QStringLiteral("Left sign");
+    case Column::Document:
+        return QStringLiteral("Document");
+    case Column::Right:
+        return QStringLiteral("Right");
+    case Column::Sign:
+        return three ? QStringLiteral("Right sign") : QStringLiteral("Sign");
+    case Column::Register:
+        break;
+    }
+    return QStringLiteral("Register");
+}
 
 QString signText(compare::Sign sign) {
     const std::string_view mark = compare::signMark(sign);
@@ -24,25 +49,47 @@ QString signText(compare::Sign sign) {
            QString::fromLatin1(phrase.data(), static_cast<qsizetype>(phrase.size()));
 }
 
-QString cellText(const compare::Row& row, Comparison_Column column) {
+/// The row whose sign a column shows; nothing of other columns, and where there is no such row.
+const compare::Row* signRow(const compare::Row_List& rows, std::size_t place, Column column) {
+    if (column == Column::Left_Sign) return rows.leftRow(place);
+    return column == Column::Sign ? rows.rightRow(place) : nullptr;
+}
+
+QString sideOf(const compare::Row* row, compare::Cell_Side compare::Row::*side) {
+    return row != nullptr ? fromCore(compare::sideText(row->*side)) : QString();
+}
+
+QString cellText(const compare::Row_List& rows, std::size_t place, Column column) {
+    using compare::Row;
     switch (column) {
-    case Comparison_Column::Page:
-        return fromCore(row.page);
-    case Comparison_Column::Setting:
-        return fromCore(compare::settingText(row));
-    case Comparison_Column::Left:
-        return fromCore(compare::sideText(row.left));
-    case Comparison_Column::Right:
-        return fromCore(compare::sideText(row.right));
-    case Comparison_Column::Sign:
-        return signText(row.sign);
-    case Comparison_Column::Register:
+    case Column::Page:
+        return fromCore(rows.at(place).page);
+    case Column::Setting:
+        return fromCore(compare::settingText(rows.at(place)));
+    case Column::Left:
+        return sideOf(rows.threeSides() ? rows.leftRow(place) : rows.rightRow(place), &Row::left);
+    case Column::Document:
+        if (rows.rightRow(place) == nullptr) return sideOf(rows.leftRow(place), &Row::right);
+        return sideOf(rows.rightRow(place), &Row::left);
+    case Column::Right:
+        return sideOf(rows.rightRow(place), &Row::right);
+    case Column::Left_Sign:
+    case Column::Sign: {
+        const Row* const row = signRow(rows, place, column);
+        return row != nullptr ? signText(row->sign) : QString();
+    }
+    case Column::Register:
         break;
     }
-    return fromCore(row.address);
+    return fromCore(rows.at(place).address);
 }
 
 } // namespace
+
+Comparison_Column Comparison_Model::column(int section) const {
+    const auto at = static_cast<std::size_t>(section);
+    return rows_.threeSides() ? threeSides.at(at) : twoSides.at(at);
+}
 
 template <class Change> void Comparison_Model::reset(Change&& change) {
     beginResetModel();
@@ -91,25 +138,27 @@ int Comparison_Model::rowCount(const QModelIndex& parent) const {
 }
 
 int Comparison_Model::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(comparisonHeadings.size());
+    if (parent.isValid()) return 0;
+    return static_cast<int>(rows_.threeSides() ? threeSides.size() : twoSides.size());
 }
 
 /// Differences stand out by weight, so that they do in grey too.
 QVariant Comparison_Model::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
     const auto place = static_cast<std::size_t>(index.row());
-    const compare::Row& row = rows_.at(place);
+    const Comparison_Column shown = column(index.column());
     if (role == Qt::CheckStateRole && index.column() == 0)
         return rows_.ticked(place) ? Qt::Checked : Qt::Unchecked;
-    if (role == Qt::FontRole && comparisonColumn(index.column()) == Comparison_Column::Sign &&
-        compare::isDifference(row.sign)) {
+    if (role == Qt::FontRole) {
+        const compare::Row* const row = signRow(rows_, place, shown);
+        if (row == nullptr || !compare::isDifference(row->sign)) return {};
         QFont bold;
         bold.setBold(true);
         return bold;
     }
-    if (role == Qt::ToolTipRole) return plainTip(cellText(row, comparisonColumn(index.column())));
+    if (role == Qt::ToolTipRole) return plainTip(cellText(rows_, place, shown));
     if (role != Qt::DisplayRole) return {};
-    return cellText(row, comparisonColumn(index.column()));
+    return cellText(rows_, place, shown);
 }
 
 bool Comparison_Model::setData(const QModelIndex& index, const QVariant& value, int role) {
@@ -126,7 +175,7 @@ Qt::ItemFlags Comparison_Model::flags(const QModelIndex& index) const {
 
 QVariant Comparison_Model::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-    return QString::fromLatin1(comparisonHeadings.at(static_cast<std::size_t>(section)));
+    return headingOf(column(section), rows_.threeSides());
 }
 
 } // namespace zorvane::ui

@@ -9,9 +9,11 @@
 
 namespace zorvane::ui {
 
-enum class Comparison_Column { Page, Setting, Left, Right, Sign, Register };
+/// Of two sides in this order; `Sign` is that of the right side beside whatever is to the left of it.
+enum class Comparison_Column { Page, Setting, Left, Right, Sign, Register, Left_Sign, Document };
 
-/// The listed rows of a comparison as a table of Qt. The first column carries the tick.
+/// The listed rows of a comparison as a table of Qt. The first column carries the tick. Of three sides the
+/// document stands between the signs of the two others, so there are two columns more.
 class Comparison_Model final : public QAbstractTableModel {
   public:
     [[nodiscard]] const compare::Row_List& rows() const { return rows_; }
@@ -22,6 +24,9 @@ class Comparison_Model final : public QAbstractTableModel {
     void setTicked(int row, bool on);
 
     std::function<void()> ticksChanged; ///< may be empty
+
+    /// What a section of the table shows, from left to right.
+    [[nodiscard]] Comparison_Column column(int section) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;

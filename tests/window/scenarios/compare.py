@@ -163,11 +163,45 @@ def differences_are_marked_in_the_grid(program):
     wait_for("no line", lambda: not program.shows("BAR_1"))
 
 
+def three_sides_stand_beside_each_other(program):
+    """The factory values, the document and another file: the document takes from either of them."""
+    path = _opened(program)
+    other = os.path.join(os.path.dirname(path), "other.kvrt207d")
+    with open(path, "rb") as file:
+        text = file.read()
+    with open(other, "wb") as file:
+        file.write(text.replace(b"ROW_12=R6 pulse,2:00,", b"ROW_12=R6 pulse,2:05,"))
+    program.choose("Communication", "Compare...")
+    window = _window(program)
+    _choose_side(program, window, "g", "Right", "Another file")
+    program.hands.chord(["alt"], "2")
+    program.dialog("CommonDialog").choose_file(other, "Open")
+    expect("two sides", lambda: _rows(window).row_count, 1)
+    program.hands.chord(["alt"], "m")
+    expect("the left side", lambda: _label(window, "LBL_Words_Left"), "factory values")
+    expect("the headings", lambda: _rows(window).headings,
+           ["Page", "Setting", "Left", "Left sign", "Document", "Right sign", "Right", "Register"])
+    counts = [line.split(": ", 1) for line in _label(window, "LBL_Counts").split("\n")]
+    assert [side for side, _ in counts] == ["Left", "Right"], counts
+    assert "1 differs" in counts[1][1], counts
+    program.hands.chord(["alt"], "f")
+    program.hands.write("2:05")
+    expect("the row of the file", lambda: _rows(window).row_count, 1)
+    assert [_rows(window).cell(0, column).name for column in (4, 5, 6)] == ["2:00", "≠ differs", "2:05"]
+    window.press("Tick differences")
+    wait_for("what can be done with a tick", lambda: window.part.named("BOT_Take").is_enabled)
+    assert window.part.named("BOT_Take_Left").is_enabled
+    program.hands.chord(["alt"], "t")
+    expect("what was taken", lambda: _label(window, "LBL_Note"), "1 value was taken.")
+    window.answer("Close")
+    program.expect_title("* site7.kvrt207d - Zorvane")
+
+
 def f8_goes_from_difference_to_difference(program):
     _opened(program)
     window = _compare_with_the_factory(program)
     table = window.part.named("TBL_Comparison")
-    program.hands.keys(*["Tab"] * 3)
+    program.hands.keys(*["Tab"] * 4)
     wait_for("the focus in the table", lambda: "focused" in table.states or program.focus.owner.role == "table cell")
     first = wait_for("the first row", lambda: " of " in _label(window, "LBL_Position") and _label(window, "LBL_Position"))
     count = int(first.split(" of ")[1])
