@@ -274,7 +274,9 @@ void Compare_Window::setRows(compare::Row_List rows) {
 
 void Compare_Window::setNothing(const QString& why) {
     compared_ = false;
+    const bool others = model_.rows().threeSides();
     model_.setRows({}, {}, false);
+    if (others) setWidths();
     counts_->setText(why);
     showState();
 }
