@@ -179,7 +179,7 @@ def three_sides_stand_beside_each_other(program):
     expect("two sides", lambda: _rows(window).row_count, 1)
     program.hands.chord(["alt"], "m")
     expect("the left side", lambda: _label(window, "LBL_Words_Left"), "factory values")
-    expect("the headings", lambda: _rows(window).headings,
+    expect("the headings", lambda: _rows(window).headings(),
            ["Page", "Setting", "Left", "Left sign", "Document", "Right sign", "Right", "Register"])
     counts = [line.split(": ", 1) for line in _label(window, "LBL_Counts").split("\n")]
     assert [side for side, _ in counts] == ["Left", "Right"], counts
