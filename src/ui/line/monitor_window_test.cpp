@@ -376,6 +376,23 @@ TEST(TrafficModel, IsAModelAndKeepsTheNewestRowsOnly) {
     EXPECT_EQ(model.rowCount(), 0);
 }
 
+TEST(TrafficView, ARowThatGoesTakesTheChoiceWithIt) {
+    Traffic_Model model(0, 3);
+    Traffic_View view(model);
+    auto& table = *view.findChild<QTableView*>(QStringLiteral("TBL_Exchanges"));
+    const auto& bytes = *view.findChild<QPlainTextEdit*>(QStringLiteral("TXT_Bytes"));
+    view.add({exchangeOf(1), exchangeOf(2), exchangeOf(3)});
+    table.setCurrentIndex(model.index(1, 0));
+    const QString chosen = bytes.toPlainText();
+    EXPECT_NE(chosen, "");
+    view.add({exchangeOf(4)});
+    EXPECT_EQ(table.currentIndex().row(), 0);
+    EXPECT_EQ(bytes.toPlainText(), chosen);
+    view.add({exchangeOf(5)});
+    EXPECT_FALSE(table.currentIndex().isValid());
+    EXPECT_EQ(bytes.toPlainText(), "");
+}
+
 TEST(TrafficFeed, HandsRowsOnTogetherAndRunsNoTimerWhileNothingComes) {
     std::vector<std::size_t> batches;
     Traffic_Feed feed([&](const std::vector<Traffic_Entry>& entries) { batches.push_back(entries.size()); });

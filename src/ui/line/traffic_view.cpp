@@ -79,6 +79,10 @@ void Traffic_View::makeTable() {
 void Traffic_View::add(std::vector<Traffic_Entry> entries) {
     const QScrollBar& bar = *table_->verticalScrollBar();
     const bool atEnd = bar.value() == bar.maximum();
+    // Qt would make the row below the current one, and tell screen readers of it, each time that rows go.
+    const std::size_t surplus = model_.rows().surplus(entries.size());
+    if (table_->currentIndex().isValid() && static_cast<std::size_t>(table_->currentIndex().row()) < surplus)
+        table_->selectionModel()->clearCurrentIndex();
     model_.add(std::move(entries));
     if (atEnd) table_->scrollToBottom();
 }
