@@ -53,14 +53,14 @@ bool usable(const Twips_Rect& place) {
            std::isfinite(place.height) && place.width >= 0 && place.height >= 0;
 }
 
-void checkPort(app::Settings_Store& store) {
+void checkPort(Settings_Store& store) {
     const Port_Settings port = app::storedPortSettings(store);
     require(settingsFault(port).empty(), "the port settings can be used");
     app::storePortSettings(store, port);
     require(app::storedPortSettings(store) == port, "the port settings are read as they were stored");
 }
 
-void checkRectangle(app::Settings_Store& store, const std::string& section, const Twips_Rect& screen) {
+void checkRectangle(Settings_Store& store, const std::string& section, const Twips_Rect& screen) {
     const Twips_Rect usual{.left = 20, .top = 10, .width = 3000, .height = 4000};
     ignoringFailure([&] {
         const Twips_Rect read = app::storedRectangle(store, section, usual, screen);
