@@ -84,6 +84,18 @@ class Desktop:
         assert done.returncode == 0, f"{' '.join(command)}: {done.stderr.decode(errors='replace').strip()}"
         return done.stdout
 
+    def windows(self, *options):
+        """The numbers of the windows that xdotool's search finds, in its order."""
+        def look():
+            command = ["xdotool", "search", *options]
+            done = subprocess.run(command, env=self.environment, capture_output=True, timeout=60)
+            failure = done.stderr.decode(errors="replace").strip()
+            if "BadWindow" in failure:
+                raise Vanished  # a window went away while the search walked by: it looks again
+            assert done.returncode == 0 or not failure, f"{' '.join(command)}: {failure}"
+            return (done.stdout.decode().split(),)  # it ends with 1 where it finds none
+        return wait_for("the windows on the screen", look)[0]
+
     def program(self, process):
         """The root of a program's accessibility tree, once it has one."""
         def look():

@@ -64,9 +64,7 @@ def listed_windows(desktop):
 
 
 def _search(desktop, *options):
-    # xdotool fails when it finds none.
-    command = " ".join(["xdotool", "search", *options, "--class", "zorvane"])
-    return desktop.run("sh", "-c", command + " || true").decode().split()
+    return desktop.windows(*options, "--class", "zorvane")
 
 
 def _size(desktop, window):

@@ -229,7 +229,7 @@ class Zorvane:
 
     def windows_on_screen(self):
         """The numbers of all windows that the screen shows of the program, lists that have popped up among them."""
-        return set(self.desktop.run("xdotool", "search", "--onlyvisible", "--pid", str(self.process.pid)).split())
+        return set(self.desktop.windows("--onlyvisible", "--pid", str(self.process.pid)))
 
     def state_on_the_desktop(self, number):
         """"Normal", "Iconic" or "Withdrawn", as the window manager has it for a window of that number."""

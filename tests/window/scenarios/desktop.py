@@ -44,7 +44,7 @@ def the_splitter_moves_by_keyboard(program):
 
 def _minimize_the_maximized_window(program):
     program.start()
-    number = next(iter(program.windows_on_screen())).decode()
+    number = next(iter(program.windows_on_screen()))
     small = program.window.rectangle
     program.choose("Windows", "Maximize")
     wait_for("the maximized window", lambda: program.window.rectangle[2] > small[2] * 2)

@@ -87,8 +87,7 @@ def a_file_handed_to_nobody_starts_a_window(program):
     path = program.document(name="handed.kvrt207d")
     done = _hand_over(program, path)
     assert (done.returncode, done.stderr) == (0, ""), done
-    window = wait_for("the window", lambda: program.desktop.run(
-        "xdotool", "search", "--name", "^handed.kvrt207d - Zorvane$").split())[0]
+    window = wait_for("the window", lambda: program.desktop.windows("--name", "^handed.kvrt207d - Zorvane$"))[0]
     process = int(program.desktop.run("xdotool", "getwindowpid", window))
     os.kill(process, signal.SIGTERM)
     wait_for("the end of the program", lambda: not os.path.exists(f"/proc/{process}"))
