@@ -3,9 +3,10 @@
 """zorvanectl on the kernel's own driver of USB serial adapters, in a machine of QEMU: what the driver is asked for, and
 what becomes of a call whose adapter is pulled out.
 
-    hardware_test.py [--unplugs N] PROGRAMS [TEST...]
+    hardware_test.py [--unplugs N] [--told-within SECONDS] PROGRAMS [TEST...]
 
-Each pull strikes at another moment; the table at the end tells what was seen.
+Each pull strikes at another moment; the table at the end tells what was seen. A pull must be told within a second, which
+the emulation keeps on a machine that has a processor for it; SECONDS is more for one that is busy.
 """
 import argparse
 import json
@@ -24,7 +25,6 @@ import plant
 from machine import Adapter, Machine
 
 KINDS = {"polling": 30, "idle": 20, "upload": 20, "download": 15, "send": 15}  # of 100 pulls
-TOLD_SECONDS = 1.0
 BACK_SECONDS = 10.0
 PROCESSOR_SHARE = 0.05
 RESTLESS_SHARE = 0.25  # of the slow guest's processor: what never rests, or lists all ports again and again, takes more
@@ -59,6 +59,7 @@ def spread(seconds):
 class HardwareTest(unittest.TestCase):
     programs = ""
     unplugs = 100
+    told_within = 1.0
     table = Table()
 
     @classmethod
@@ -125,7 +126,7 @@ class HardwareTest(unittest.TestCase):
         return f"told zorvanectl {' '.join(arguments)} --port /dev/{port or self.port}"
 
     def is_told(self, moments):
-        self.assertLessEqual(max(moments), TOLD_SECONDS)
+        self.assertLessEqual(max(moments), self.told_within)
         return "told after " + spread(moments)
 
     def slowness(self):
@@ -328,12 +329,13 @@ class HardwareTest(unittest.TestCase):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--unplugs", type=int, default=100)
+    parser.add_argument("--unplugs", type=int, default=HardwareTest.unplugs)
+    parser.add_argument("--told-within", type=float, default=HardwareTest.told_within, metavar="SECONDS")
     parser.add_argument("programs")
     parser.add_argument("tests", nargs="*")
     arguments = parser.parse_intermixed_args()
     HardwareTest.programs = os.path.abspath(arguments.programs)
-    HardwareTest.unplugs = arguments.unplugs
+    HardwareTest.unplugs, HardwareTest.told_within = arguments.unplugs, arguments.told_within
     started = time.monotonic()
     program = unittest.main(argv=[sys.argv[0], *(f"HardwareTest.{name}" for name in arguments.tests)], exit=False,
                             verbosity=2)
