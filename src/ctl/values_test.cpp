@@ -15,6 +15,7 @@ using doubles::Ctl_Run;
 using doubles::lines;
 using nlohmann::json;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 const std::string headings = "field,row,column,page,name,heading,register,value\r\n";
@@ -265,6 +266,15 @@ TEST_F(Import, AFileWithoutHeadingsSavesNothing) {
                                 ": its first line doesn't have the headings field, row, column and value.\n");
 }
 
+/// A script's variable that isn't set.
+TEST_F(Values, AnEmptyNameOfAFileIsRefused) {
+    const std::string list = bench.file("v.txt", "Regulation/Set point = 1200\n");
+    EXPECT_EQ(run("set", {"--from", ""}).code, 2);
+    EXPECT_EQ(run("set", {"--from", list, "--save", ""}).code, 2);
+    EXPECT_EQ(run("export", {"--out", ""}).code, 2);
+    EXPECT_EQ(run("import", {list, "--save", ""}).code, 2);
+}
+
 TEST_F(Import, ADocumentThatWasReadInPartTakesNothing) {
     config = bench.file("site.RELAY", lines({"[Field_1_Default]", "ROW_1=a,1,2,3,4"}));
     const std::string csv = bench.file("v.csv", headings + "1,1,2,,,,,1200\r\n");
@@ -272,6 +282,18 @@ TEST_F(Import, ADocumentThatWasReadInPartTakesNothing) {
     EXPECT_EQ(imported.code, 1);
     EXPECT_THAT(imported.err, HasSubstr("The document was not read to its end, so no value was taken.\n"));
     EXPECT_FALSE(bench.exists("out.RELAY"));
+}
+
+/// A template that isn't there has no cells: the table's lines have no part in that.
+TEST_F(Import, WithoutItsTemplateNoLineOfTheTableIsBlamed) {
+    const std::string csv = bench.file("v.csv", headings + "1,1,2,,,,,1200\r\n");
+    const Ctl_Run imported =
+        bench.run({"import", bench.path("NONE.ZTP"), config, csv, "--save", out, "--json"});
+    EXPECT_EQ(imported.code, 1);
+    EXPECT_EQ(json::parse(imported.out), json::parse(R"({"taken":0,"left_out":[]})"));
+    EXPECT_THAT(imported.err, StartsWith("zorvanectl: " + bench.path("NONE.ZTP") +
+                                         ": there is no such template. Check the path.\n"));
+    EXPECT_THAT(imported.err, Not(HasSubstr("v.csv")));
 }
 
 TEST_F(Import, ASaveThatFailsTakesNothing) {

@@ -81,14 +81,26 @@ class ListenTest(unittest.TestCase):
     def test_it_ends_at_its_time_and_at_ctrl_c(self):
         code, told, _ = self.listen(READ + ANSWER, "--seconds", "0.5")
         self.assertEqual((code, told["frames"], told["unpaired"]), (0, 2, 0))
-        with subprocess.Popen(self.command("--out", self.path("f.pcapng")), stdout=subprocess.PIPE,
-                              stderr=subprocess.PIPE, text=True) as program:
+        self.assertEqual(self.ended_by(signal.SIGINT)[:2], (0, ""))
+
+    def test_another_signal_ends_it_with_the_same_report_and_one(self):
+        wanted = self.ended_by(signal.SIGINT)
+        for number in (signal.SIGTERM, signal.SIGHUP):
+            self.assertEqual(self.ended_by(number), (1, *wanted[1:]), number)
+
+    def ended_by(self, number):
+        """Exit code, notes, and what was told of an exchange without what differs by time; the file has it, too."""
+        path = self.path(f"{number}.pcapng")
+        with subprocess.Popen(self.command("--out", path), stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                              text=True) as program:
             os.write(self.far, READ + ANSWER)
-            self.wait_for_size(self.path("f.pcapng"), 150)
-            program.send_signal(signal.SIGINT)
-            out, _ = program.communicate(timeout=30)
-        self.assertEqual(program.returncode, 0)
-        self.assertEqual(json.loads(out)["frames"], 2)
+            self.wait_for_size(path, 150)
+            program.send_signal(number)
+            out, err = program.communicate(timeout=30)
+        told = json.loads(out)
+        self.assertEqual(told["frames"], 2)
+        counts = {key: told[key] for key in ("frames", "requests", "answers", "unpaired")}
+        return program.returncode, err, counts, [unit["unit"] for unit in told["units"]], os.path.getsize(path)
 
     def wait_for_size(self, path, size):
         for _ in range(1000):

@@ -3,6 +3,7 @@
 #include "ctl/calls/values/commit_values.h"
 #include "ctl/document/document_arguments.h"
 #include "ctl/document/field_argument.h"
+#include "ctl/document/given_value.h"
 #include "ctl/document/lower_grid.h"
 #include "ctl/document/model_json.h"
 #include "ctl/document/notices.h"
@@ -116,6 +117,7 @@ class Set_Subcommand : public Subcommand {
         CLI::Option* const save =
             arguments.add_option("--save", out_, "Write the changed document to this file");
         save->type_name("OUT");
+        save_ = save;
         CLI::Option* const accept =
             arguments.add_flag("--accept", accept_, "Write it also with a limit or 0 in place of the text");
         accept->needs(save);
@@ -125,6 +127,7 @@ class Set_Subcommand : public Subcommand {
             ->expected(0, 1);
         arguments.add_option("--from", from_, "Commit all values of this file, or none")
             ->type_name("FILE")
+            ->check(givenValue())
             ->excludes(accept);
         arguments.footer(forms);
     }
@@ -229,6 +232,10 @@ class Set_Subcommand : public Subcommand {
     }
 
     [[nodiscard]] int runFile(const Call_Context& context) const {
+        if (save_->count() > 0 && out_.empty()) {
+            tell(context.err, "--save: the value is empty. Name the file to write.");
+            return Exit_Usage;
+        }
         const auto bytes = readFile(context, from_);
         if (!bytes) return commitNothing(context);
         Opened_Document opened = files_.open(context);
@@ -266,6 +273,7 @@ class Set_Subcommand : public Subcommand {
     std::string name_; ///< in place of the numbers; UTF-8, as on the command line
     bool asText_ = false;
     std::string from_;
+    const CLI::Option* save_ = nullptr;
 };
 
 } // namespace

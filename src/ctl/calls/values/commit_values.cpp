@@ -40,12 +40,7 @@ void tellStyle(const Call_Context& context, const std::string& path, char separa
 }
 
 /// Whether the document may be saved with what was taken.
-bool maySave(const Call_Context& context, const Opened_Document& opened, const Import_Check& check,
-             bool allThatFit) {
-    if (!opened.readToTheEnd()) {
-        tell(context.err, "The document was not read to its end, so no value was taken.");
-        return false;
-    }
+bool maySave(const Call_Context& context, const Import_Check& check, bool allThatFit) {
     if (check.leftOut.empty()) return true;
     if (allThatFit && !check.taken.empty()) return true;
     tell(context.err, std::to_string(check.taken.size()) + " of " +
@@ -72,10 +67,14 @@ int commitValues(const Call_Context& context, Opened_Document& opened, const Val
         tell(context.err, printablePath(values.path) + ": " + printable(values.file.problem) + ".");
         return commitNothing(context);
     }
+    if (!opened.readToTheEnd()) { // what its cells take can't be told
+        tell(context.err, "The document was not read to its end, so no value was taken.");
+        return commitNothing(context);
+    }
     const Import_Check check = edit::checkImport(opened.document, values.file.values, values.style);
     tellStyle(context, values.path, values.file.separator, check.decimalSign);
     tellLeftOut(context, values.path, check.leftOut);
-    bool saved = maySave(context, opened, check, values.allThatFit);
+    bool saved = maySave(context, check, values.allThatFit);
     std::int32_t changed = 0;
     if (saved) {
         changed = edit::apply(opened.document, check.taken);

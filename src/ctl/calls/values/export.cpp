@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/calls/document_calls.h"
 #include "ctl/document/document_arguments.h"
+#include "ctl/document/given_value.h"
 #include "ctl/document/notices.h"
 #include "ctl/document/text_file.h"
 #include "ctl/text/json_text.h"
@@ -32,7 +33,10 @@ class Export_Subcommand : public Subcommand {
     void addArguments(CLI::App& arguments) override {
         files_.addTemplate(arguments);
         files_.addConfiguration(arguments);
-        arguments.add_option("--out", out_, "The file to write")->type_name("F.csv")->required();
+        arguments.add_option("--out", out_, "The file to write")
+            ->type_name("F.csv")
+            ->check(givenValue())
+            ->required();
         arguments
             .add_option("--separator", separator_,
                         "What stands between columns: \",\", \";\", \"|\" or tab; \",\" unless given")
