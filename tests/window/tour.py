@@ -15,6 +15,9 @@ MODEL = "KVRT207D"
 OUTPUTS, CHANNELS, REGULATION, TIMERS, MEASUREMENTS = 1, 2, 3, 4, 5
 VALUE, REMARK = 1, 2
 WRONG_REGISTER = 251
+TRAFFIC = "".join('{"kind":"exchange","time_us":%d,"duration_us":20000,"unit":1,"function":3,"first":100,"address":100,'
+                  '"count":1,"values":[7],"good":true,"result":"good","sent":"01 03 00 64 00 01 C5 D5",'
+                  '"received":"01 03 02 00 07 F9 86"}\n' % (second * 1000000) for second in (1, 2))
 
 
 def with_controller(program, *options, name="controller", **port):
@@ -348,6 +351,79 @@ def _send_window(program):
     dialog = program.dialog("FrmSend")
     resize(program, 820, 420, dialog.part)
     return dialog
+
+
+def editing(program, visit):
+    """What the menu Edit and the files of values ask: the command by name, Find, a block and a table that fit in part."""
+    opened(program)
+    program.select_field(REGULATION)
+    program.hands.keys("ctrl+k")
+    commands = program.dialog("CommandList")
+    visit("commands", commands.part)
+    program.hands.keys("Escape")
+    commands.wait_until_gone()
+    program.hands.keys("ctrl+f")
+    dialog = program.dialog("FrmFind")
+    program.hands.write("pulse")
+    expect("what was found", lambda: dialog.part.named("LBL_Position").name, "7 found")
+    program.hands.keys("Return")
+    expect("where it stands", lambda: dialog.part.named("LBL_Position").name, "1 of 7")
+    visit("find_setting", dialog.part)
+    dialog.answer("Close")
+    program.select_field(REGULATION)
+    program.hands.copy("1100\n99999\n")
+    program.settle_on(0, VALUE)
+    program.hands.keys("ctrl+shift+v")
+    question = program.dialog("FrmFit")
+    visit("paste", question.part)
+    question.answer("Nothing")
+    table = program.desktop.path("documents", "table.csv")
+    with open(table, "w", encoding="ascii") as file:
+        file.write("field;row;column;value\n3;1;2;1,234\n3;2;2;77\n")
+    program.choose("File", "Import values...")
+    program.type_file(table)
+    question = program.dialog("FrmFit")
+    visit("import", question.part)
+    question.answer("Nothing")
+    finish(program)
+
+
+def surveying(program, visit):
+    """The line looked at: a controller found, a test that goes on, a port on a network, a file of traffic."""
+    with_controller(program, "--slave", "2")
+    opened(program)
+    program.choose("Communication", "Find Controllers...")
+    dialog = program.dialog("FindControllers")
+    program.type_into("n", "1-3")
+    program.hands.keys("Return")
+    wait_for("the end of the search", lambda: " requests in " in dialog.part.named("LBL_Tried").name)
+    visit("found", dialog.part)
+    dialog.answer("Close")
+    program.choose("Communication", "Port Settings...")
+    dialog = program.dialog("PortSettings")
+    dialog.press("Test")
+    wait_for("the sentence", lambda: dialog.part.named("TXT_Diagnosis").text.startswith("The controller's number"), 60)
+    visit("doctor", dialog.part)
+    dialog.press("Network...")
+    form = program.dialog("NetworkPort")
+    visit("network_port", form.part)
+    form.answer("Cancel")
+    dialog.answer("Cancel")
+    path = program.desktop.path("documents", "line.jsonl")
+    with open(path, "w", encoding="ascii") as file:
+        file.write(TRAFFIC)
+    program.choose("Communication", "Modbus Monitor")
+    monitor = program.dialog("ModbusMonitor")
+    program.hands.keys("alt+o")
+    program.type_file(path)
+    again = program.dialog("TrafficFile")
+    expect("the rows", lambda: again.part.named("LBL_Count").name, "2 rows")
+    visit("traffic_file", again.part)
+    program.hands.keys("Escape")
+    again.wait_until_gone()
+    program.hands.keys("alt+F4")
+    monitor.wait_until_gone()
+    finish(program)
 
 
 PARTS = (at_rest, menus, long_report, recovering, on_the_line, with_records, without_answer, sending)

@@ -96,13 +96,19 @@ void Find_Session::show(const Cell_Place& place) const {
     showCell(app_.grids, place);
 }
 
-std::string Find_Session::position(const std::vector<Found_Row>& found) const {
-    if (found.empty()) return "nothing found";
+std::optional<std::size_t> Find_Session::rowOf(const std::vector<Found_Row>& found) const {
     const Cell_Place here = current();
     const auto at =
         std::find_if(found.begin(), found.end(), [&](const Found_Row& row) { return row.place == here; });
-    if (at == found.end()) return std::to_string(found.size()) + " found";
-    return std::to_string(at - found.begin() + 1) + " of " + std::to_string(found.size());
+    if (at == found.end()) return std::nullopt;
+    return static_cast<std::size_t>(at - found.begin());
+}
+
+std::string Find_Session::position(const std::vector<Found_Row>& found) const {
+    if (found.empty()) return "nothing found";
+    const auto row = rowOf(found);
+    if (!row) return std::to_string(found.size()) + " found";
+    return std::to_string(*row + 1) + " of " + std::to_string(found.size());
 }
 
 } // namespace zorvane::app

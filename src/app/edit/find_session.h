@@ -4,6 +4,7 @@
 #include "app/form/app_context.h"
 #include "edit/find_cells.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -36,6 +37,8 @@ class Find_Session {
     void previous();
     void show(const Cell_Place& place) const;
 
+    /// Which of them the current cell is, from 0.
+    [[nodiscard]] std::optional<std::size_t> rowOf(const std::vector<Found_Row>& found) const;
     /// "3 of 17" where the current cell is one of those found, else "17 found"; "nothing found".
     [[nodiscard]] std::string position(const std::vector<Found_Row>& found) const;
 

@@ -1,10 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "ui/base/beside.h"
 
+#include <QScreen>
+#include <QWidget>
+
 #include <algorithm>
 #include <array>
 
 namespace zorvane::ui {
+
+namespace {
+
+constexpr double withoutFrame = 0.95; // of the screen
+
+} // namespace
 
 QPoint placeBeside(const QSize& window, const QRect& other, const QRect& screen, int gap) {
     const QPoint last(std::max(screen.left(), screen.left() + screen.width() - window.width()),
@@ -18,6 +27,10 @@ QPoint placeBeside(const QSize& window, const QRect& other, const QRect& screen,
         return screen.contains(QRect(place, window));
     });
     return found != places.end() ? *found : last;
+}
+
+QSize withinScreen(const QWidget& window, const QSize& wanted) {
+    return wanted.boundedTo(window.screen()->availableSize() * withoutFrame);
 }
 
 } // namespace zorvane::ui

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ui/grid/cell_colours.h"
 
+#include "ui/base/contrast.h"
+
 #include <algorithm>
-#include <cmath>
 
 namespace zorvane::ui {
 
@@ -15,26 +16,11 @@ constexpr float mostSaturated = 0.45F;
 constexpr double readable = 4.5;
 constexpr float lightnessStep = 0.02F;
 
-double linear(double channel) {
-    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
-
-double luminanceOf(const QColor& colour) {
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-           0.0722 * linear(colour.blueF());
-}
-
 QColor withLightness(const QColor& colour, float saturation, float lightness) {
     return QColor::fromHslF(std::max(0.0F, colour.hslHueF()), saturation, std::min(1.0F, lightness)).toRgb();
 }
 
 } // namespace
-
-double contrastOf(const QColor& one, const QColor& other) {
-    const double first = luminanceOf(one) + 0.05;
-    const double second = luminanceOf(other) + 0.05;
-    return std::max(first, second) / std::min(first, second);
-}
 
 Cell_Colours fittedTo(const QColor& base, const Cell_Colours& own) {
     if (luminanceOf(base) > darkUpTo || luminanceOf(own.back) < paleFrom) return own;

@@ -13,9 +13,6 @@ struct Cell_Colours {
     bool operator==(const Cell_Colours&) const = default;
 };
 
-/// The contrast of two colours, 1 to 21: https://www.w3.org/TR/WCAG21/#dfn-contrast-ratio
-[[nodiscard]] double contrastOf(const QColor& one, const QColor& other);
-
 /// A cell's own colours on a desktop whose ground is `base`. On a dark one a pale ground becomes a dark one
 /// of the same hue, and the text so light that it is told from the ground as well as before, or by the 4.5
 /// that reading takes. Otherwise they stay.

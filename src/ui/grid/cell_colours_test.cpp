@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "ui/base/contrast.h"
 #include "ui/grid/cell_colours.h"
 
 #include <gtest/gtest.h>
@@ -9,12 +10,6 @@ namespace {
 const QColor light(255, 255, 255);
 const QColor dark(35, 35, 35);
 const Cell_Colours yellow{{255, 255, 192}, {0, 0, 0}};
-
-TEST(CellColours, ContrastGoesFromOneToTwentyOne) {
-    EXPECT_DOUBLE_EQ(contrastOf(Qt::white, Qt::white), 1);
-    EXPECT_NEAR(contrastOf(Qt::black, Qt::white), 21, 1e-9);
-    EXPECT_NEAR(contrastOf(Qt::white, QColor(118, 118, 118)), 4.54, 0.01);
-}
 
 TEST(CellColours, StayOnALightDesktop) { EXPECT_EQ(fittedTo(light, yellow), yellow); }
 

@@ -2,6 +2,7 @@
 #include "ui/line/monitor_window.h"
 
 #include "template/services/asker.h"
+#include "ui/base/beside.h"
 #include "ui/base/roles.h"
 #include "ui/base/text.h"
 #include "ui/line/traffic_file_window.h"
@@ -46,7 +47,7 @@ Monitor_Window::Monitor_Window(Link_Clock& clock, Micros midnight, Ask_User ask,
     view_ = new Traffic_View(model_);
     whole->addWidget(view_, 1);
     whole->addWidget(makeTimes());
-    resize(startWidth, startHeight);
+    resize(withinScreen(*this, {startWidth, startHeight}));
     auto* escape = new QAction(this);
     escape->setShortcut(Qt::Key_Escape);
     connect(escape, &QAction::triggered, this, &QWidget::close);
@@ -83,8 +84,9 @@ QWidget* Monitor_Window::makeButtons() {
     addButton(*row, "BOT_Open", QStringLiteral("&Open..."), [this] { openFile(); });
     count_ = new QLabel;
     giveName(*count_, QStringLiteral("LBL_Count"));
-    layout->addStretch();
-    layout->addWidget(count_);
+    count_->setWordWrap(true); // a small screen has no room for the file's name beside the buttons
+    count_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    layout->addWidget(count_, 1);
     return row;
 }
 
@@ -95,6 +97,7 @@ QWidget* Monitor_Window::makeTimes() {
     timesText_ = new QLabel;
     giveName(*timesText_, QStringLiteral("LBL_Times"));
     timesText_->setTextFormat(Qt::PlainText);
+    timesText_->setWordWrap(true);
     layout->addWidget(timesText_, 1);
     timeOut_ = &addButton(*row, "BOT_TimeOut", QStringLiteral("&Take Time-out"), [this] { takeTimeOut(); });
     return row;

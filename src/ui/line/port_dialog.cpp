@@ -3,9 +3,11 @@
 
 #include "comm/modbus_control/line/network_port.h"
 #include "comm/modbus_control/line/simulated_port.h"
+#include "ui/base/beside.h"
 #include "ui/base/text.h"
 #include "ui/line/network_form.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -31,6 +33,7 @@ constexpr std::array usualBauds = {300,   600,   1200,  2400,   4800,   9600,   
                                    28800, 38400, 57600, 115200, 230400, 460800, 921600};
 constexpr int leastBaud = 300;
 constexpr int mostBaud = 921600;
+constexpr int narrowList = 140; // pixels, on a small screen
 
 QString fromPort(const std::string& text) { return QString::fromStdString(text); }
 
@@ -124,6 +127,7 @@ Port_Dialog::Port_Dialog(Port_Dialog_Services parts, const Port_Settings& settin
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     fill(settings);
     refreshPorts();
+    resize(withinScreen(*this, sizeHint()));
     port_->setFocus();
 }
 
@@ -135,6 +139,7 @@ void Port_Dialog::addPort(QFormLayout& form) {
     port_->setCompleter(nullptr); // a new model brings a new one
     port_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     port_->setMinimumContentsLength(28);
+    port_->setMinimumWidth(narrowList);
     addRow(form, QStringLiteral("&Port:"), *port_, "CMB_Port");
     hint_ = new QLabel;
     giveName(*hint_, QStringLiteral("LBL_Port"));
@@ -184,6 +189,8 @@ void Port_Dialog::addDirection(QFormLayout& form) {
     rts_ = &choice({{QStringLiteral("None: the adapter itself, or RS-232"), static_cast<int>(Rts_Mode::None)},
                     {QStringLiteral("RTS high while sending"), static_cast<int>(Rts_Mode::HighOnSend)},
                     {QStringLiteral("Kernel RS-485"), static_cast<int>(Rts_Mode::KernelRs485)}});
+    rts_->view()->setMinimumWidth(rts_->sizeHint().width()); // its texts whole, where it is narrow itself
+    rts_->setMinimumWidth(narrowList);
     addRow(form, QStringLiteral("RTS &mode:"), *rts_, "CMB_Rts");
     delay_ = &number(0, 1000, QStringLiteral("ms"));
     addRow(form, QStringLiteral("Dela&y before sending:"), *delay_, "NUM_Delay");

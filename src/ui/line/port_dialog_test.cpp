@@ -75,6 +75,14 @@ TEST_F(Port_Dialog_Test, IsUsableByKeyboardAndScreenReader) {
     EXPECT_EQ(doubles::tabOrder(*dialog).front(), "CMB_Port");
 }
 
+/// 640 by 512 pixels are what a screen of 1280 by 1024 has at 200 %, less frames.
+TEST_F(Port_Dialog_Test, FitsOnASmallScreen) {
+    make().resize(0, 0);
+    QApplication::processEvents();
+    EXPECT_LE(dialog->width(), 608);
+    EXPECT_LE(dialog->height(), 486);
+}
+
 TEST_F(Port_Dialog_Test, SaysWhatEachSettingIs) {
     make();
     EXPECT_EQ(doubles::captions(*dialog),

@@ -16,8 +16,9 @@ namespace zorvane::ui {
 
 namespace {
 
-constexpr int verdictLines = 8;
-constexpr int diagnosisLines = 4;
+// At least, on a small screen; more where there is room.
+constexpr int verdictLines = 5;
+constexpr int diagnosisLines = 3;
 
 QString fromReport(const std::string& text) { return QString::fromStdString(text); }
 
@@ -54,7 +55,7 @@ Port_Test_Box::Port_Test_Box(Port_Test_Services services) : services_(std::move(
     whole->addLayout(texts, 1);
     verdict_ = &addText("TXT_Verdict", QStringLiteral("Result of the test"), verdictLines);
     diagnosis_ = &addText("TXT_Diagnosis", QStringLiteral("What further reads showed"), diagnosisLines);
-    texts->addWidget(verdict_, 2);
+    texts->addWidget(verdict_, 1);
     texts->addWidget(diagnosis_, 1);
     showState();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/line/traffic_file_window.h"
 
+#include "ui/base/beside.h"
 #include "ui/base/roles.h"
 #include "ui/base/text.h"
 
@@ -35,7 +36,7 @@ Traffic_File_Window::Traffic_File_Window(const QString& path, QWidget* owner)
     giveName(*this, QStringLiteral("TrafficFile"));
     setWindowTitle(QStringLiteral("Modbus Monitor - ") + QFileInfo(path).fileName());
     makeParts(path);
-    resize(fileWindowWidth, fileWindowHeight);
+    resize(withinScreen(*this, {fileWindowWidth, fileWindowHeight}));
     connect(&timer_, &QTimer::timeout, this, [this] { readPiece(); });
     if (file_.open(QIODevice::ReadOnly)) timer_.start(0);
     showCount();

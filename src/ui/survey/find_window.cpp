@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/survey/find_window.h"
 
+#include "ui/base/beside.h"
 #include "ui/base/text.h"
 #include "ui/survey/port_choice.h"
 #include "ui/survey/rows_table.h"
@@ -53,7 +54,7 @@ Find_Window::Find_Window(Find_Services services, const Port_Settings& present, Q
     addProgress();
     addTable();
     addButtons();
-    resize(findWidth, findHeight);
+    resize(withinScreen(*this, {findWidth, findHeight}));
     showState();
     port_->setFocus();
 }

@@ -4,6 +4,7 @@
 #include "comm/modbus_control/line/network_port.h"
 #include "comm/modbus_control/line/simulated_port.h"
 #include "template/services/asker.h"
+#include "ui/base/beside.h"
 #include "ui/base/text.h"
 #include "ui/survey/port_choice.h"
 #include "ui/survey/rows_table.h"
@@ -54,7 +55,7 @@ Listen_Window::Listen_Window(Listen_Services services, const Port_Settings& pres
         if (listener_) showReport(listener_->reportSoFar());
     });
     connect(&copyTimer_, &QTimer::timeout, this, [this] { copyPiece(); });
-    resize(listenWidth, listenHeight);
+    resize(withinScreen(*this, {listenWidth, listenHeight}));
     showState();
     port_->setFocus();
 }

@@ -61,6 +61,14 @@ def windows_of_sending(program):
     _tell_all(program, tour.sending, ["send", "send_end", "record", "send_model"])
 
 
+def windows_of_editing(program):
+    _tell_all(program, tour.editing, ["commands", "find_setting", "paste", "import"])
+
+
+def windows_of_a_survey(program):
+    _tell_all(program, tour.surveying, ["found", "doctor", "network_port", "traffic_file"])
+
+
 def windows_of_the_line(program):
     _tell_all(program, tour.on_the_line,
               ["progress", "abort", "online", "monitor", "port_test", "written", "failed", "lost_notice", "lost"])

@@ -53,7 +53,10 @@ Edit_Windows::Edit_Windows(ui::Main_Window& window, const App_Context& app, Even
 
 void Edit_Windows::connectFind() {
     const auto begin = [this] {
-        if (findWindow_ == nullptr) findWindow_ = new Find_Window(find_, edge_, &window_);
+        if (findWindow_ == nullptr) {
+            findWindow_ = new Find_Window(find_, edge_, &window_);
+            findWindow_->shownCell = [this] { return shownCell(); };
+        }
         findWindow_->begin();
     };
     onChosen("MNU_Find", begin);
@@ -66,6 +69,13 @@ void Edit_Windows::connectFind() {
     };
     onChosen("MNU_FindNext", [go] { go(&Find_Session::next); });
     onChosen("MNU_FindPrevious", [go] { go(&Find_Session::previous); });
+}
+
+QRect Edit_Windows::shownCell() const {
+    ui::Flex_Grid_View& view = window_.FLX_Settings().view();
+    view.flush();
+    const QRect cell = view.visualRect(view.currentIndex()) & view.viewport()->rect();
+    return {view.viewport()->mapToGlobal(cell.topLeft()), cell.size()};
 }
 
 void Edit_Windows::connectFiles() {

@@ -48,6 +48,7 @@ class Edit_Windows {
     void connectClipboard();
     void pasteBlock(const QString& text);
     [[nodiscard]] bool ask(const Fit_Question& question) const;
+    [[nodiscard]] QRect shownCell() const;
     void onChosen(const char* entry, const std::function<void()>& handler);
     void refresh();
     void connectMarks();

@@ -172,7 +172,9 @@ TEST_F(Edit_Menu, FindsOnAllPages) {
     EXPECT_GT(table.rowCount(), 3);
     QTest::keyClick(find->findChild<QLineEdit*>("EDT_Find"), Qt::Key_Return);
     EXPECT_EQ(upper().Row(), 3);
-    EXPECT_THAT(find->findChild<QLabel*>("LBL_Position")->text().toStdString(), HasSubstr(" of "));
+    EXPECT_THAT(find->findChild<QLabel*>("LBL_Position")->text().toStdString(), StartsWith("1 of "));
+    ASSERT_EQ(table.selectedItems().size(), 3);
+    EXPECT_EQ(table.selectedItems().front()->row(), 0) << "the list doesn't say which of them it is";
     find->close();
     selectField(1);
     choose("MNU_FindNext");
@@ -183,6 +185,24 @@ TEST_F(Edit_Menu, FindsOnAllPages) {
     find->findChild<QCheckBox*>("CHK_Changed")->setChecked(true);
     EXPECT_EQ(table.rowCount(), 1);
     EXPECT_EQ(table.item(0, 1)->text(), "1100");
+}
+
+TEST_F(Edit_Menu, WhatWasFoundIsNotLeftUnderTheWindow) {
+    choose("MNU_Find");
+    Find_Window& find = *program->edit().findWindow();
+    QTest::keyClicks(find.findChild<QLineEdit*>("EDT_Find"), "set point");
+    find.resize(300, 200);
+    program->window().move(10, 10);
+    find.move(10, 10); // over the grid's first rows
+    QApplication::processEvents();
+    QTest::keyClick(find.findChild<QLineEdit*>("EDT_Find"), Qt::Key_Return);
+    EXPECT_EQ(upper().Row(), 3);
+    const QRect cell = find.shownCell();
+    EXPECT_FALSE(cell.isEmpty());
+    EXPECT_FALSE(find.frameGeometry().intersects(cell));
+    const QPoint place = find.pos();
+    QTest::keyClick(find.findChild<QLineEdit*>("EDT_Find"), Qt::Key_Return);
+    EXPECT_EQ(find.pos(), place) << "it moves where it needn't";
 }
 
 TEST_F(Edit_Menu, ExportsAndImportsValues) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/window/edit/find_window.h"
 
+#include "ui/base/beside.h"
 #include "ui/base/text.h"
 #include "ui/base/twips_scale.h"
 
@@ -11,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -24,6 +26,8 @@ constexpr double findWidth = 8400; // twips; room for all three columns
 constexpr double nameWidth = 3900;
 constexpr double valueWidth = 2400;
 constexpr double findHeight = 4800;
+constexpr double highestPart = 0.45;   // of the screen, so that what was found has room beside the window
+constexpr int gapToCell = 8;           // pixels
 constexpr std::size_t mostRows = 2000; // of the list
 
 } // namespace
@@ -37,7 +41,9 @@ Find_Window::Find_Window(Find_Session& session, Event_Edge& edge, QWidget* paren
     addQuery();
     addTable();
     addButtons();
-    resize(ui::scaleOf(*this).size(findWidth, findHeight));
+    const QSize wanted = ui::withinScreen(*this, ui::scaleOf(*this).size(findWidth, findHeight));
+    const int highest = static_cast<int>(screen()->availableSize().height() * highestPart);
+    resize(wanted.width(), std::min(wanted.height(), highest));
     fillTable();
 }
 
@@ -57,10 +63,13 @@ void Find_Window::addQuery() {
     ui::giveName(*changed_, QStringLiteral("CHK_Changed"));
     factory_ = new QCheckBox(QStringLiteral("&Differs from factory only"), this);
     ui::giveName(*factory_, QStringLiteral("CHK_Factory"));
+    auto* filters = new QHBoxLayout;
+    static_cast<QVBoxLayout*>(layout())->addLayout(filters);
     for (QCheckBox* box : {changed_, factory_}) {
-        layout()->addWidget(box);
+        filters->addWidget(box);
         connect(box, &QCheckBox::toggled, this, [this] { takeQuery(); });
     }
+    filters->addStretch(1);
     connect(text_, &QLineEdit::textChanged, this, [this] { takeQuery(); });
 }
 
@@ -71,6 +80,8 @@ void Find_Window::addTable() {
     table_->setHorizontalHeaderLabels(
         {QStringLiteral("Setting"), QStringLiteral("Value"), QStringLiteral("Register")});
     table_->verticalHeader()->hide();
+    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 4);
     table_->horizontalHeader()->setStretchLastSection(true);
     table_->horizontalHeader()->setHighlightSections(false);
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -140,6 +151,10 @@ void Find_Window::fillTable() {
 
 void Find_Window::showPosition() {
     position_->setText(ui::fromCore(session_.position(found_)));
+    if (const auto row = session_.rowOf(found_); row && *row < mostRows)
+        table_->selectRow(static_cast<int>(*row));
+    else
+        table_->clearSelection();
     next_->setEnabled(!found_.empty());
     previous_->setEnabled(!found_.empty());
 }
@@ -149,6 +164,7 @@ void Find_Window::goNext() {
         session_.next();
         showPosition();
     });
+    makeWay();
 }
 
 void Find_Window::goPrevious() {
@@ -156,6 +172,7 @@ void Find_Window::goPrevious() {
         session_.previous();
         showPosition();
     });
+    makeWay();
 }
 
 void Find_Window::showRow(int row) {
@@ -164,6 +181,14 @@ void Find_Window::showRow(int row) {
         session_.show(found_[static_cast<std::size_t>(row)].place);
         showPosition();
     });
+    makeWay();
+}
+
+/// What was found isn't left under the window.
+void Find_Window::makeWay() {
+    const QRect cell = shownCell ? shownCell() : QRect();
+    if (!isVisible() || cell.isEmpty() || !frameGeometry().intersects(cell)) return;
+    move(ui::placeBeside(frameGeometry().size(), cell, screen()->availableGeometry(), gapToCell));
 }
 
 /// The main form's keys don't reach this window.

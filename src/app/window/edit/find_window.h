@@ -5,7 +5,9 @@
 #include "app/edit/find_session.h"
 
 #include <QDialog>
+#include <QRect>
 
+#include <functional>
 #include <vector>
 
 class QCheckBox;
@@ -17,11 +19,15 @@ class QTableWidget;
 namespace zorvane::app {
 
 /// "Find": what is looked for, the two filters, and the list of what was found. Enter goes to the next cell,
-/// Enter in the list or a double click to that one. It stays beside the main form.
+/// Enter in the list or a double click to that one. It stays beside the main form, and makes way for what was
+/// found.
 class Find_Window final : public QDialog {
   public:
     /// Both outlive it.
     Find_Window(Find_Session& session, Event_Edge& edge, QWidget* parent);
+
+    /// Where the lower grid's current cell is on the screen, in pixels; empty where it isn't to be seen.
+    std::function<QRect()> shownCell;
 
     /// Brings it to the front, with the text selected.
     void begin();
@@ -42,6 +48,7 @@ class Find_Window final : public QDialog {
     void fillTable();
     void showPosition();
     void showRow(int row);
+    void makeWay();
 
     Find_Session& session_;
     Event_Edge& edge_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/window/edit/fit_dialog.h"
 
+#include "ui/base/beside.h"
 #include "ui/base/text.h"
 #include "ui/base/twips_scale.h"
 
@@ -34,7 +35,7 @@ Fit_Dialog::Fit_Dialog(const Fit_Question& question, QWidget* parent) : QDialog(
     if (!question.leftOut.empty())
         addList(QStringLiteral("LST_LeftOut"), QStringLiteral("What doesn't fit"), question.leftOut);
     addButtons(question);
-    resize(ui::scaleOf(*this).size(fitWidth, fitHeight));
+    resize(ui::withinScreen(*this, ui::scaleOf(*this).size(fitWidth, fitHeight)));
 }
 
 void Fit_Dialog::addLabel(const QString& name, const QString& text) {
