@@ -32,7 +32,8 @@ class Locked_File final : public Held_Port {
 
 /// One name for one line, whatever way leads to it.
 std::string lineName(const std::string& port, std::int32_t unit) {
-    const bool network = port.find(':') != std::string::npos;
+    // The paths under /dev/serial/by-path have colons too.
+    const bool network = port.find(':') < port.find('/');
     if (network) return port + "@" + std::to_string(unit);
     const fs::path path = port.find('/') == std::string::npos ? fs::path("/dev") / port : fs::path(port);
     std::error_code error;

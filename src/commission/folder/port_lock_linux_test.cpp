@@ -43,6 +43,14 @@ TEST_F(PortLock, OneLineHasOneUserWhateverItsName) {
     EXPECT_TRUE(others.take((base / "other-name").string(), 2).held);
 }
 
+TEST_F(PortLock, APathWithColonsIsNoNetworkLine) {
+    const fs::path byPath = base / "pci-0000:00:14.0-usb-0:1:1.0-port0";
+    fs::create_symlink(base / "line", byPath);
+    const Port_Hold first = locks.take(byPath.string(), 1);
+    EXPECT_TRUE(first.held);
+    EXPECT_FALSE(others.take((base / "line").string(), 2).held);
+}
+
 TEST_F(PortLock, ANetworkLineIsSharedByItsUnits) {
     const Port_Hold first = locks.take("tcp:10.0.0.5:502", 1);
     EXPECT_TRUE(first.held);
