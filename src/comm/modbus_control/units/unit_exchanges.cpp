@@ -34,6 +34,12 @@ void takeTry(Unit_Answer& answer, const Try_Result& result) {
     }
 }
 
+/// From the end of the request, by the line's speed, to that of its answer.
+Micros answerTimeOf(const Port_Settings& settings, const Try_Result& result) {
+    const Micros sending = wireTime(settings.line, result.sent.size());
+    return std::max<Micros>(result.endedAt - result.startedAt - sending, 1);
+}
+
 Unit_Answer notSent(std::string fault, Micros now) {
     Unit_Answer answer;
     answer.fault = std::move(fault);
@@ -155,7 +161,7 @@ class Unit_Exchanges::Reading {
             takeTry(answer_, *result);
             last = request;
             if (answer_.good()) {
-                answer_.answerTime = answerTimeOf(*result);
+                answer_.answerTime = answerTimeOf(line_.settings_, *result);
                 values.insert(values.end(), result->answer->registers.begin(),
                               result->answer->registers.end());
             } else if (wholeInstead(frame, request, inParts)) {
@@ -194,11 +200,6 @@ class Unit_Exchanges::Reading {
         answer_.fault = cancelledText;
         answer_.at = line_.now();
         return false;
-    }
-
-    [[nodiscard]] Micros answerTimeOf(const Try_Result& result) const {
-        const Micros sending = wireTime(line_.settings_.line, result.sent.size());
-        return std::max<Micros>(result.endedAt - result.startedAt - sending, 1);
     }
 
     Unit_Exchanges& line_;
@@ -260,6 +261,8 @@ Unit_Answer Unit_Exchanges::write(std::int32_t unit, Function_Code function, std
     Unit_Answer answer;
     if (result) {
         takeTry(answer, *result);
+        if (answer.good() || answer.end == Unit_End::Refused)
+            answer.answerTime = answerTimeOf(settings_, *result);
     } else {
         answer.end = Unit_End::Cancelled;
         answer.fault = cancelledText;

@@ -36,6 +36,13 @@ TEST_F(UnitExchanges, ReadsRegistersAndTellsWhen) {
     EXPECT_NEAR(static_cast<double>(answer.answerTime), 5.0 * ms, 1.0 * ms);
 }
 
+TEST_F(UnitExchanges, TellsHowLongTheAnswerToAWriteTook) {
+    rig.slave.registers = {{10, 7}};
+    const Unit_Answer answer = rig.line.write(1, Function_Code::PresetSingleRegister, 10, {8});
+    EXPECT_EQ(answer.end, Unit_End::Answered);
+    EXPECT_NEAR(static_cast<double>(answer.answerTime), 5.0 * ms, 1.0 * ms);
+}
+
 TEST_F(UnitExchanges, ReadsMoreThanAFrameHoldsInSeveral) {
     rig.slave.registers = {{0, 1}, {125, 2}, {199, 3}};
     const Unit_Answer answer = rig.line.read(1, 0, 200);
