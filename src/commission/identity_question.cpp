@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commission/identity_question.h"
 
+#include "comm/modbus_control/line/port_texts.h"
 #include "compare/controller_reading.h"
 
 #include <algorithm>
@@ -31,8 +32,8 @@ std::optional<Question_End> endOf(const Unit_Answer& answer) {
 Question_Answer ended(Question_Answer answer, Question_End end, const std::string& fault) {
     answer.end = end;
     answer.word = compare::verdictWord(compare::Verdict::Cant_Tell);
-    answer.why =
-        end == Question_End::Cancelled ? "Stopped." : "The controller doesn't answer: " + fault + ".";
+    answer.why = end == Question_End::Cancelled ? "Stopped."
+                                                : "The controller doesn't answer: " + endOfSentence(fault);
     return answer;
 }
 

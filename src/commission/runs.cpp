@@ -42,8 +42,8 @@ std::optional<std::int64_t> countIn(const Json& json, const char* name) {
     return number && *number >= 0 && *number <= most ? number : std::nullopt;
 }
 
-Run_State stateOf(const Run_Store& store, const std::string& name, const std::optional<Json>& result) {
-    if (store.read(name, restoredFile)) return Run_State::Restored;
+Run_State stateOf(const Run_File_Reader& read, const std::optional<Json>& result) {
+    if (isRestored(read(restoredFile))) return Run_State::Restored;
     const bool finished = result && stringOf(memberOf(*result, "state")) == "finished";
     return finished ? Run_State::Finished : Run_State::Interrupted;
 }
@@ -119,8 +119,12 @@ std::string_view runStateWord(Run_State state) noexcept {
 }
 
 std::optional<Kept_Run> readRun(const Run_Store& store, const std::string& name) {
-    const auto headBytes = store.read(name, runFile);
-    const auto paperBytes = store.read(name, planFile);
+    return readRun([&](std::string_view file) { return store.read(name, file); });
+}
+
+std::optional<Kept_Run> readRun(const Run_File_Reader& read) {
+    const auto headBytes = read(runFile);
+    const auto paperBytes = read(planFile);
     if (!headBytes || !paperBytes) return std::nullopt;
     auto head = parseHead(*headBytes);
     auto paper = parsePaper(*paperBytes);
@@ -128,11 +132,11 @@ std::optional<Kept_Run> readRun(const Run_Store& store, const std::string& name)
     Kept_Run run;
     run.head = std::move(*head);
     run.paper = std::move(*paper);
-    run.journal = readJournal(store.read(name, journalFile).value_or(""));
-    run.result = parsed(store.read(name, resultFile));
-    if (const auto after = parsed(store.read(name, afterFile)))
+    run.journal = readJournal(read(journalFile).value_or(""));
+    run.result = parsed(read(resultFile));
+    if (const auto after = parsed(read(afterFile)))
         if (auto registers = parseRegistersJson(*after)) run.after = std::move(*registers);
-    run.state = stateOf(store, name, run.result);
+    run.state = stateOf(read, run.result);
     return run;
 }
 

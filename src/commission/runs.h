@@ -7,6 +7,7 @@
 #include "commission/plan/plan_paper.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -59,7 +60,11 @@ struct Kept_Run {
     Run_State state = Run_State::Interrupted;
 };
 
+/// The bytes of a file of one run; nothing when it isn't there.
+using Run_File_Reader = std::function<std::optional<std::string>(std::string_view file)>;
+
 /// Nothing when there is no such run, or its head or plan can't be read.
+[[nodiscard]] std::optional<Kept_Run> readRun(const Run_File_Reader& read);
 [[nodiscard]] std::optional<Kept_Run> readRun(const Run_Store& store, const std::string& name);
 
 /// What a run left in a register that its writes set, as far as its folder tells: what was read last, else

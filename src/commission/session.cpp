@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commission/session.h"
 
+#include "comm/modbus_control/line/port_texts.h"
 #include "commission/identity_question.h"
 #include "commission/plan/comparison_json.h"
 #include "compare/controller_reading.h"
@@ -77,6 +78,17 @@ std::map<std::int32_t, std::uint16_t> rowsBefore(const Plan& plan,
     return before;
 }
 
+/// What the writes of a kept plan put into a register.
+std::vector<std::uint16_t> keptValues(const Plan_Paper& paper, std::int32_t number) {
+    std::vector<std::uint16_t> values;
+    for (const Plan_Write& write : paper.writes) {
+        if (number < write.address || write.last() < number) continue;
+        const auto at = static_cast<std::size_t>(number - write.address);
+        if (write.parts[at] != Part::Kept) values.push_back(write.values[at]);
+    }
+    return values;
+}
+
 std::string strangeText(const std::vector<Strange_Register>& strange) {
     std::string text = "Nothing is written, since these registers hold neither what was there nor what the "
                        "run left:";
@@ -126,7 +138,7 @@ Controller_Look Session::look(const std::set<std::int32_t>& more) {
         look.silent = !reading.cancelled && !reading.lost && reading.requests > 0;
         look.why = reading.cancelled       ? "Stopped."
                    : reading.requests == 0 ? "The template has no register that can be read."
-                                           : "The controller doesn't answer: " + reading.why + ".";
+                                           : "The controller doesn't answer: " + endOfSentence(reading.why);
     } else if (look.identity.verdict == compare::Verdict::Isnt && !although_) {
         look.step = Step::Wrong_Controller;
         look.why = whyNot(look.identity);
@@ -179,6 +191,23 @@ Session_End Session::checkRegisters(const Plan_Paper& paper, const std::vector<P
     return end;
 }
 
+Session_End Session::checkWrites(const Plan_Paper& paper, const Plan& plan) {
+    for (const Plan_Write& write : plan.writes)
+        for (std::size_t i = 0; i < write.values.size(); ++i) {
+            const std::int32_t number = write.address + static_cast<std::int32_t>(i);
+            const auto kept = keptValues(paper, number);
+            const bool same = std::any_of(kept.begin(), kept.end(), [&](std::uint16_t value) {
+                return samePart(write.parts[i], value, write.values[i]);
+            });
+            if (write.parts[i] == Part::Kept || same) continue;
+            return failed(Step::Stale,
+                          "The plan writes " + (kept.empty() ? "nothing" : std::to_string(kept.front())) +
+                              " to register " + std::to_string(number) + ", and its document has " +
+                              std::to_string(write.values[i]) + " for it. Make a new plan.");
+        }
+    return {};
+}
+
 std::optional<std::vector<Plan_Write>> Session::completed(const Plan_Paper& paper) const {
     std::vector<Plan_Write> writes = paper.writes;
     if (!completeWrites(writes, document_.document, document_.section)) return std::nullopt;
@@ -189,8 +218,10 @@ std::optional<std::vector<Plan_Write>> Session::completed(const Plan_Paper& pape
 
 Session_End Session::perform(const Task& task, Run_Folder& folder, const Controller_Look& look) {
     Run_Journal journal(folder, services_.clock);
+    compare::Identity first = look.identity;
+    if (setsSerial(task.writes, document_.section)) first.serial.reset(); // it will be another one
     Identity_Question question(
-        {services_.line, document_.document, document_.section, look.identity, although_.has_value()});
+        {services_.line, document_.document, document_.section, std::move(first), although_.has_value()});
     const Send_Order order{task.writes,
                            task.present,
                            readBlocks(document_.document),
@@ -307,6 +338,7 @@ Session_End Session::resume(const std::string& name, const Kept_Run& run, const 
         end.why = "The run " + name + " can't be opened: " + opened.why + ". Nothing was sent.";
         return end;
     }
+    if (run.state == Run_State::Restored) (void)opened.folder->put(restoredFile, "");
     return perform({*writes, plannedCells(*writes, document_.document), run.paper.before,
                     presentOf(*writes, look.registers), further.done},
                    *opened.folder, look);
@@ -372,7 +404,11 @@ Session_End Session::restore(const std::string& name, const Kept_Run& run, const
     for (Planned_Cell& cell : plannedCells(back.writes, document_.document))
         cells.push_back(std::move(cell));
     end = perform({back.writes, cells, paper.before, paper.before, {}}, *opened.folder, look);
-    if (end.step != Step::Good && !(end.step == Step::Incomplete && !back.impossible.empty())) return end;
+    // What was never read can't be put back; all else has to be there, and something at least.
+    const std::size_t verified = end.report.counts.of(Value_State::Verified);
+    const bool all = verified + back.impossible.size() == end.report.counts.rows();
+    const bool ended = end.step == Step::Good || end.step == Step::Incomplete;
+    if (!ended || !all || (verified == 0 && !back.impossible.empty())) return end;
     if (const Opened_Run original = services_.runs.open(name); original.folder)
         (void)original.folder->put(restoredFile, end.run + "\n");
     return end;

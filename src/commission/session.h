@@ -103,6 +103,10 @@ class Session {
     [[nodiscard]] Session_End checkRegisters(const Plan_Paper& paper, const std::vector<Plan_Write>& writes,
                                              const Controller_Look& look) const;
 
+    /// Whether a kept plan's writes are those that its document makes. A file that was changed by hand isn't
+    /// sent.
+    [[nodiscard]] static Session_End checkWrites(const Plan_Paper& paper, const Plan& plan);
+
     /// Sends a plan. `requests` of the look that it was made from count along.
     [[nodiscard]] Session_End send(const Plan& plan, const Controller_Look& look);
 

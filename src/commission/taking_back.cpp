@@ -3,6 +3,7 @@
 
 #include "commission/folder/json_fields.h"
 #include "commission/plan/cell_registers.h"
+#include "values/code_page.h"
 
 #include <algorithm>
 #include <array>
@@ -152,11 +153,28 @@ std::vector<Left_Row> leftRows(const Kept_Run& run, const std::vector<Plan_Write
                 parts[write.address + static_cast<std::int32_t>(i)] = write.parts[i];
     std::vector<Left_Row> rows;
     for (const auto& [number, part] : parts) {
-        Left_Row row{number, valueIn(left, number).value_or(0), now.valueAt(number), Left_Sign::Not_Read};
-        if (row.now) row.sign = samePart(part, row.left, *row.now) ? Left_Sign::As_Left : Left_Sign::Changed;
+        Left_Row row{number, valueIn(left, number), now.valueAt(number), Left_Sign::Not_Read};
+        if (row.left && row.now)
+            row.sign = samePart(part, *row.left, *row.now) ? Left_Sign::As_Left : Left_Sign::Changed;
         rows.push_back(row);
     }
     return rows;
+}
+
+bool setsSerial(const std::vector<Plan_Write>& writes, const Identity_Section& section) {
+    return section.serial && std::any_of(writes.begin(), writes.end(), [&](const Plan_Write& write) {
+               return meet(*section.serial, {write.address, write.last()});
+           });
+}
+
+std::string anotherController(const Kept_Run& run, const Identity_Section& section,
+                              const compare::Identity& identity) {
+    const auto known = stringOf(memberOf(run.paper.identity, "serial"));
+    if (!known || known->empty() || !identity.serial || setsSerial(run.paper.writes, section)) return {};
+    const std::string found = toUtf8(*identity.serial);
+    if (found == *known) return {};
+    return "Another controller answers: its serial number is \"" + found +
+           "\", and that of the run's was \"" + *known + "\".";
 }
 
 std::int32_t unitOf(const Kept_Run& run) {

@@ -3,6 +3,7 @@
 
 #include "commission/runs.h"
 #include "compare/controller_registers.h"
+#include "compare/identity.h"
 
 #include <cstdint>
 #include <map>
@@ -49,7 +50,7 @@ enum class Left_Sign { As_Left, Changed, Not_Read };
 
 struct Left_Row {
     std::int32_t number = 0;
-    std::uint16_t left = 0;
+    std::optional<std::uint16_t> left; ///< nothing where no write went out, and nobody ever read it
     std::optional<std::uint16_t> now;
     Left_Sign sign = Left_Sign::Not_Read;
 };
@@ -57,6 +58,14 @@ struct Left_Row {
 /// Each register that the run's writes set, beside what the run left there.
 [[nodiscard]] std::vector<Left_Row> leftRows(const Kept_Run& run, const std::vector<Plan_Write>& writes,
                                              const compare::Controller_Registers& now);
+
+/// Whether one of the writes sets the serial number by which the controller is known.
+[[nodiscard]] bool setsSerial(const std::vector<Plan_Write>& writes, const Identity_Section& section);
+
+/// Why the controller isn't the one of the run, by its serial number, in UTF-8. Empty when it is, when the
+/// number isn't known, or when the run wrote it.
+[[nodiscard]] std::string anotherController(const Kept_Run& run, const Identity_Section& section,
+                                            const compare::Identity& identity);
 
 /// The unit number under which the run's controller answered last.
 [[nodiscard]] std::int32_t unitOf(const Kept_Run& run);

@@ -274,11 +274,47 @@ TEST_F(SendProgram, ARecordNamesItsRunAndOneWithoutAUnitIsNone) {
     EXPECT_THAT(verified.err, HasSubstr("is not the JSON of a record"));
 }
 
+TEST_F(SendProgram, ARecordIsVerifiedByTheRegistersThatItsRunSet) {
+    start();
+    EXPECT_EQ(call("send", {"--yes", "--only", "3,1,2", "--only", "3,3,2"}).code, 0);
+    EXPECT_EQ(run({"record", "last", "--out", bench.path("r.json")}).code, 0);
+    const Ctl_Run byRun = onRun("verify");
+    const Ctl_Run byRecord = run({"verify-record", bench.path("r.json"), "--port", port, "--json"});
+    EXPECT_EQ(byRun.code, 0) << byRun.err;
+    EXPECT_EQ(byRecord.code, 0) << byRecord.err;
+    EXPECT_EQ(json::parse(byRun.out)["counts"]["rows"], 2);
+    EXPECT_EQ(byRecord.out, byRun.out);
+    EXPECT_TRUE(json::parse(bench.bytes("r.json"))["link"]["median_ms"].is_number());
+}
+
+TEST_F(SendProgram, ARunOfAnotherControllerIsntTouched) {
+    const auto startWithSerial = [this](int characters) {
+        controller.reset();
+        std::ofstream(bench.path("plate.json")) << json{{"328", characters}};
+        start("KVRT207D.ZTP", {"--registers", bench.path("plate.json")});
+    };
+    startWithSerial('A' * 256 + '1');
+    EXPECT_EQ(call("send", {"--yes", "--only", "3,1,2"}).code, 0);
+    EXPECT_EQ(run({"record", "last", "--out", bench.path("r.json")}).code, 0);
+    std::filesystem::remove(bench.path("log.json"));
+    startWithSerial('A' * 256 + '2');
+    for (const char* const name : {"resume", "restore", "verify"}) {
+        const Ctl_Run refused = onRun(name);
+        EXPECT_EQ(refused.code, 5) << name;
+        EXPECT_THAT(refused.err, HasSubstr("Another controller answers: its serial number is \"A2"));
+    }
+    const Ctl_Run refused = run({"verify-record", bench.path("r.json"), "--port", port, "--json"});
+    EXPECT_EQ(refused.code, 5);
+    EXPECT_EQ(json::parse(refused.out)["counts"]["rows"], 0);
+    EXPECT_EQ(writes(), 0);
+}
+
 TEST_F(SendProgram, ARegisterFileAndAPortExcludeEachOther) {
     start();
     EXPECT_EQ(run({"plan", model("KVRT207D.ZTP"), model("EXAMPLE.KVRT207D")}).code, 2);
     EXPECT_EQ(run({"plan", model("KVRT207D.ZTP"), model("EXAMPLE.KVRT207D"), "r.json", "--port", port}).code,
               2);
+    EXPECT_EQ(call("plan", {"--selection", "1,1,1"}).code, 2);
 }
 
 TEST_F(SendProgram, AnUnreadBlockIsAnExitOfItsOwn) {

@@ -356,9 +356,10 @@ bool Send_Desk::stillFits() {
 void Send_Desk::conclude(Session_End end) {
     close();
     if (!end.run.empty() && look_.identity.serial) {
-        const std::string fault =
-            services_.serials.remember(serialKey(document_.documentFile.path, document_.port, document_.unit),
-                                       toUtf8(*look_.identity.serial));
+        const auto& writes = kept_ ? kept_->paper.writes : plan_.writes;
+        const std::string fault = services_.serials.remember(
+            serialKey(document_.documentFile.path, document_.port, document_.unit),
+            setsSerial(writes, document_.section) ? "" : toUtf8(*look_.identity.serial));
         if (!fault.empty()) end.why += (end.why.empty() ? "" : " ") + fault;
     }
     state_.rows = endRows({document_.document, document_.section}, end.report, state_.rows);

@@ -18,6 +18,11 @@ inline constexpr std::string_view afterFile = "after.json";
 inline constexpr std::string_view resultFile = "result.json";
 inline constexpr std::string_view restoredFile = "restored";
 
+/// Whether a run's file says that what was there before was put back. It is emptied when the run goes on.
+[[nodiscard]] inline bool isRestored(const std::optional<std::string>& restoredBytes) {
+    return restoredBytes && !restoredBytes->empty();
+}
+
 /// The folder of one run, open for writing. What a call has taken is on disk when it returns.
 class Run_Folder {
   public:

@@ -47,4 +47,19 @@ std::vector<Line_Change> lineChanges(const Declara_Zorvane& document, const Iden
     return changes;
 }
 
+std::string unitMisfit(const Declara_Zorvane& document, const Identity_Section& section,
+                       const Cell_Place& place) {
+    const Cell_Table& cells = document.Fields(place.field).Cells;
+    const Cell_Rec& cell = cells(place.row, place.column);
+    const auto range = cellRegisters(cells(0, place.column), cell);
+    if (!range || cell.Is_Ascii_Range) return {};
+    for (const Line_Register& link : section.link) {
+        if (link.what != "unit" || link.number != range->first) continue;
+        const double value = Val(cell.Value);
+        const double meant = cell.Has_Messages ? Val(messageText(cell, toLong(value))) : value;
+        if (meant < 1 || meant > 247) return numberText(meant) + " is no unit number: they go from 1 to 247";
+    }
+    return {};
+}
+
 } // namespace zorvane::commission

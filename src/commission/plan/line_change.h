@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace zorvane::commission {
@@ -20,5 +21,10 @@ struct Line_Change {
 [[nodiscard]] std::vector<Line_Change> lineChanges(const Declara_Zorvane& document,
                                                    const Identity_Section& section,
                                                    const std::vector<Plan_Write>& writes);
+
+/// Why a value can't be the controller's new unit number: then nobody could talk to it any more. Empty when
+/// it can, and for a cell that doesn't change the unit number.
+[[nodiscard]] std::string unitMisfit(const Declara_Zorvane& document, const Identity_Section& section,
+                                     const Cell_Place& place);
 
 } // namespace zorvane::commission

@@ -3,6 +3,7 @@
 
 #include "comm/transfer/requests/download_request.h"
 #include "commission/plan/cell_registers.h"
+#include "commission/plan/line_change.h"
 #include "values/numbers.h"
 
 #include <algorithm>
@@ -101,6 +102,8 @@ class Chooser {
         Candidate candidate = candidateFor(row);
         const auto stray = sources_.stray.find(row.place);
         if (std::string why = misfit(candidate.part, Val(cell.Value)); !why.empty())
+            refuse(candidate, std::move(why));
+        else if (why = unitMisfit(document_, sources_.section, row.place); line && !why.empty())
             refuse(candidate, std::move(why));
         else if (stray != sources_.stray.end() && !named)
             refuse(candidate, stray->second);

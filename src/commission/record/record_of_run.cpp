@@ -5,6 +5,7 @@
 #include "commission/folder/journal.h"
 #include "commission/folder/json_fields.h"
 #include "commission/folder/wall_clock.h"
+#include "template/services/file_names.h"
 #include "values/code_page.h"
 
 #include <algorithm>
@@ -150,7 +151,7 @@ Record Run_Files::record() const {
 }
 
 std::string Run_Files::state() const {
-    if (bytes(restoredFile)) return "restored";
+    if (isRestored(bytes(restoredFile))) return "restored";
     return textAt(result_, "state") == "finished" ? "finished" : "interrupted";
 }
 
@@ -288,12 +289,13 @@ void Run_Files::addLink(Record& record) const {
     link.p99Ms = times[std::min(times.size() - 1, times.size() * 99 / 100)];
 }
 
-/// "controller.TYPE", the type being that of the document.
+/// "controller.TYPE", the type being the template's name; in older runs that of the document, or the model.
 void Run_Files::addDocument(Record& record) const {
+    const std::string stem = upperCase(splitName(splitPath(record.files[0].path).name).first);
     const std::string path = record.files[1].path;
     const std::size_t dot = path.rfind('.');
     const std::string type = dot == std::string::npos ? record.controller.model : path.substr(dot + 1);
-    for (const std::string& ending : {type, record.controller.model}) {
+    for (const std::string& ending : {stem, type, record.controller.model}) {
         const std::string name = "controller." + ending;
         if (const auto text = bytes(toUtf8(name))) {
             record.documentName = name;
@@ -303,7 +305,8 @@ void Run_Files::addDocument(Record& record) const {
     }
 }
 
-/// What the run left in a register: what was read last, else what was sent last, else what was there before.
+/// What the run left in a register that its writes touch: what was read last, else what was sent last, else
+/// what was there before. A reading brings others along, which aren't the run's.
 void Run_Files::addRegisters(Record& record) const {
     record.before = registersOf(parsed(bytes(beforeFile)));
     record.left = record.before;
@@ -313,7 +316,8 @@ void Run_Files::addRegisters(Record& record) const {
             record.left[number++] = numberOf<std::uint16_t>(value).value_or(0);
     });
     for (const auto& [number, value] : registersOf(parsed(bytes(afterFile))))
-        record.left[number] = value;
+        if (const auto touched = record.left.find(number); touched != record.left.end())
+            touched->second = value;
 }
 
 void Run_Files::addFolder(Record& record) const {

@@ -124,6 +124,22 @@ TEST_F(Record_Of_Run, HoldsTheDocumentAndTheRegisters) {
     EXPECT_EQ(told.folder.at("journal"), files["journal"]);
 }
 
+TEST_F(Record_Of_Run, WhatAReadingBroughtAlongIsntWhatTheRunLeft) {
+    finish();
+    files["after.json"] = R"({"40000": 9, "40001": 120, "40002": 5, "40003": 8})";
+    EXPECT_EQ(record().left, (std::map<std::int32_t, std::uint16_t>{{40001, 120}, {40002, 5}}));
+}
+
+TEST_F(Record_Of_Run, FindsTheDocumentUnderTheTemplatesNameWhateverTheDocumentsTypeIs) {
+    files.erase("controller.KVRT207D");
+    files["controller.PLANT"] = "[FIELD_2_DEFAULT]\r\n";
+    std::string other = plan;
+    other.replace(other.find("/t/KVRT207D.ZTP"), 15, "/t/Plant.ztp");
+    files["plan.json"] = other;
+    EXPECT_EQ(record().documentName, "controller.PLANT");
+    EXPECT_EQ(record().document, "[FIELD_2_DEFAULT]\r\n");
+}
+
 TEST_F(Record_Of_Run, OfAnInterruptedOneABegunWriteIsUnknown) {
     journal(
         {{{"event", "begin"}}, {{"event", "write"}, {"write", 0}, {"address", 40001}, {"values", {120}}}});
@@ -150,6 +166,12 @@ TEST_F(Record_Of_Run, OneThatWasTakenBackIsRestored) {
     finish();
     files["restored"] = "r-2";
     EXPECT_EQ(record().state, "restored");
+}
+
+TEST_F(Record_Of_Run, OneThatWentOnAfterwardsIsNot) {
+    finish();
+    files["restored"] = "";
+    EXPECT_EQ(record().state, "finished");
 }
 
 TEST_F(Record_Of_Run, WithoutHeadOrPlanThereIsNoRecord) {

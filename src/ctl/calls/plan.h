@@ -14,6 +14,7 @@ class Plan_Subcommand : public Subcommand {
     int run(const Call_Context& context) override;
 
   protected:
+    [[nodiscard]] bool selectionGiven() const { return !selection_.empty(); }
     [[nodiscard]] virtual bool needsRegisters() const { return true; }
     /// What is wrong with the command line as a whole; empty when nothing is.
     [[nodiscard]] virtual std::string complaint(bool /*registersGiven*/) const { return {}; }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/compare/looked_at.h"
 
+#include "comm/modbus_control/line/port_texts.h"
 #include "ctl/document/notices.h"
 
 namespace zorvane::ctl {
@@ -24,7 +25,7 @@ Opened_Document openFor(const Call_Context& context, const Document_Arguments& f
 
 std::string readingFault(compare::Reading_End end, const std::string& fault) {
     if (end == compare::Reading_End::Cancelled) return "Stopped before all was read. Nothing was written.";
-    return "The port was lost: " + printable(fault) + ". Check the adapter and its cable.";
+    return "The port was lost: " + printable(endOfSentence(fault)) + " Check the adapter and its cable.";
 }
 
 } // namespace zorvane::ctl

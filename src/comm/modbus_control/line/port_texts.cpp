@@ -38,4 +38,6 @@ std::string portHint(const std::vector<Port_Entry>& ports, const std::string& ch
     return entry->description.empty() ? "Present." : entry->description;
 }
 
+std::string endOfSentence(const std::string& reason) { return reason.ends_with('.') ? reason : reason + "."; }
+
 } // namespace zorvane

@@ -25,6 +25,9 @@ struct Template_Timings {
 /// Why a port can't be used whose driver doesn't take these settings.
 [[nodiscard]] std::string lineRefusal(const Line_Settings& line);
 
+/// A reason as the end of a sentence, whether or not it was one by itself.
+[[nodiscard]] std::string endOfSentence(const std::string& reason);
+
 /// What is known of the port that is chosen or typed, in one line.
 [[nodiscard]] std::string portHint(const std::vector<Port_Entry>& ports, const std::string& chosen);
 

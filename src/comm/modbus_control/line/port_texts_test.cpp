@@ -23,6 +23,12 @@ TEST(PortTexts, SettingsThatADriverRefusesAreNamed) {
               "The port can't be set to 250000,e,7,2: choose another baud rate, parity or format.");
 }
 
+TEST(PortTexts, AReasonEndsASentenceWithOneStop) {
+    EXPECT_EQ("Lost: " + endOfSentence("plc7:502 closed the connection."),
+              "Lost: plc7:502 closed the connection.");
+    EXPECT_EQ("Lost: " + endOfSentence("no answer"), "Lost: no answer.");
+}
+
 TEST(PortTexts, PortsInTheListAndBesideIt) {
     const std::vector<Port_Entry> ports{{"ttyUSB0", "/dev/ttyUSB0", "FT232R USB UART", {}, {}, {}},
                                         {"ttyS0", "/dev/ttyS0", {}, {}, {}, {}}};

@@ -45,6 +45,7 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
         if (!registersGiven && !port_.named())
             return "Give a register file, or --port for the controller's own.";
         if (registersGiven && (only_.given() || !out_.empty())) return "--only and --out need --port.";
+        if (port_.named() && selectionGiven()) return "--selection needs a register file.";
         return port_.named() ? port_.fault() : "";
     }
 

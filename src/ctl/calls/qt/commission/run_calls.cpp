@@ -5,6 +5,7 @@
 #include "commission/taking_back.h"
 #include "ctl/calls/qt/commission/commission_calls.h"
 #include "ctl/calls/qt/commission/session_call.h"
+#include "ctl/calls/qt/left_report.h"
 #include "ctl/calls/qt/run_folder.h"
 #include "ctl/document/notices.h"
 #include "ctl/text/text_table.h"
@@ -13,7 +14,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <ostream>
 
 namespace zorvane::ctl {
@@ -22,8 +22,6 @@ namespace {
 
 using commission::Controller_Look;
 using commission::Kept_Run;
-using commission::Left_Row;
-using commission::Left_Sign;
 using commission::Plan_Write;
 using commission::Session_End;
 using commission::Step;
@@ -108,14 +106,17 @@ class Further_Subcommand : public Run_Subcommand {
         if (run.head.although) work.session.allow(*run.head.although);
         const Controller_Look look = work.session.look(touched(run));
         Session_End end;
-        if (look.step == Step::Good) {
+        end.step = look.step;
+        end.why = look.why;
+        end.identity = look.identity;
+        end.requests.reads = look.requests;
+        if (end.step == Step::Good) {
+            end.why = commission::anotherController(run, work.section, look.identity);
+            if (!end.why.empty()) end.step = Step::Wrong_Controller;
+        }
+        if (end.step == Step::Good) {
             work.line.beginSending();
             end = goOn(work, name, run, look);
-        } else {
-            end.step = look.step;
-            end.why = look.why;
-            end.identity = look.identity;
-            end.requests.reads = look.requests;
         }
         printEnd(work.context, end);
         return exitOf(end.step);
@@ -151,7 +152,7 @@ class Restore_Subcommand : public Further_Subcommand {
 
 class Verify_Subcommand : public Run_Subcommand {
   protected:
-    void refuse(const Call_Context& context) const override { print(context, {}, {}); }
+    void refuse(const Call_Context& context) const override { printLeft(context, {}, {}); }
     [[nodiscard]] int changedTemplateExit(Session_Work& /*work*/) const override { return Exit_Failed; }
 
     [[nodiscard]] int perform(Session_Work& work, const std::string& name,
@@ -167,50 +168,18 @@ class Verify_Subcommand : public Run_Subcommand {
         if (look.silent) tell(work.context.err, printable(look.why));
         if (look.step != Step::Good && !look.silent) {
             tell(work.context.err, printable(look.why));
-            print(work.context, name, {});
+            printLeft(work.context, name, {});
             return exitOf(look.step);
         }
-        const std::vector<Left_Row> rows = commission::leftRows(run, writes, look.registers);
-        print(work.context, name, rows);
-        if (countOf(rows, Left_Sign::Not_Read) > 0) return Exit_Cant_Tell;
-        if (countOf(rows, Left_Sign::Changed) > 0) return Exit_Differs;
-        return Exit_Success;
-    }
-
-  private:
-    static std::size_t countOf(const std::vector<Left_Row>& rows, Left_Sign sign) {
-        return static_cast<std::size_t>(std::count_if(
-            rows.begin(), rows.end(), [sign](const Left_Row& row) { return row.sign == sign; }));
-    }
-
-    static Json rowsOf(const std::vector<Left_Row>& rows) {
-        Json list = Json::array();
-        for (const Left_Row& row : rows)
-            list.push_back({{"register", row.number},
-                            {"left", row.left},
-                            {"now", row.now ? Json(*row.now) : Json()},
-                            {"sign", commission::leftSignWord(row.sign)}});
-        return list;
-    }
-
-    static void print(const Call_Context& context, const std::string& name,
-                      const std::vector<Left_Row>& rows) {
-        if (context.json) {
-            Json counts = Json::object();
-            for (const Left_Sign sign : {Left_Sign::As_Left, Left_Sign::Changed, Left_Sign::Not_Read})
-                counts[std::string(commission::leftSignWord(sign))] = countOf(rows, sign);
-            counts["rows"] = rows.size();
-            return printJson(
-                context.out,
-                {{"run", name.empty() ? Json() : Json(name)}, {"counts", counts}, {"rows", rowsOf(rows)}});
+        if (const std::string why = commission::anotherController(run, work.section, look.identity);
+            !why.empty()) {
+            tell(work.context.err, why);
+            printLeft(work.context, name, {});
+            return Exit_Wrong_Controller;
         }
-        if (name.empty()) return;
-        for (const Left_Row& row : rows)
-            if (row.sign != Left_Sign::As_Left)
-                context.out << "Register " << row.number << ": left " << row.left << ", "
-                            << (row.now ? "now " + std::to_string(*row.now) : std::string("not read"))
-                            << "\n";
-        context.out << countOf(rows, Left_Sign::As_Left) << " of " << rows.size() << " registers as left.\n";
+        const auto rows = commission::leftRows(run, writes, look.registers);
+        printLeft(work.context, name, rows);
+        return exitOfLeft(rows);
     }
 };
 

@@ -129,7 +129,15 @@ class Send_Subcommand : public Subcommand {
         }
         const Chosen_Cells chosen = paper ? cellsOf(*paper) : only_.cells();
         Plan plan = work.session.plan(look, chosen);
-        if (paper) plan.planned = paper->before;
+        if (paper) {
+            plan.planned = paper->before;
+            end = commission::Session::checkWrites(*paper, plan);
+            if (end.step != Step::Good) {
+                end.identity = look.identity;
+                end.requests.reads = look.requests;
+                return end;
+            }
+        }
         if (look.identity.verdict == compare::Verdict::Cant_Tell)
             tell(work.context.err, "Whether the controller is a " + printable(look.identity.model) +
                                        " can't be told; the run notes it.");
@@ -146,7 +154,10 @@ class Send_Subcommand : public Subcommand {
         end = work.session.send(plan, look);
         if (!end.run.empty() && look.identity.serial) {
             commission::Native_Serials serials(work.context.stateFolder);
-            const std::string why = serials.remember(serialKey(work), toUtf8(*look.identity.serial));
+            // A number that the send itself wrote is a new one: the next controller is asked for its own.
+            const bool written = commission::setsSerial(plan.writes, work.section);
+            const std::string why =
+                serials.remember(serialKey(work), written ? "" : toUtf8(*look.identity.serial));
             if (!why.empty()) tell(work.context.err, why);
         }
         return end;
