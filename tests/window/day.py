@@ -422,16 +422,6 @@ class Terminal_Day:
                 done <sites.txt; test ! -e failed.txt""")
 
 
-def darken(desktop):
-    """A desktop with dark colours, as Plasma tells programs of them."""
-    colours = "BackgroundNormal=35,38,41\nBackgroundAlternate=49,54,59\nForegroundNormal=239,240,241\n"
-    with open(desktop.path("config", "kdeglobals"), "w", encoding="ascii") as settings:
-        for part in ("Window", "View", "Button", "Tooltip"):
-            settings.write(f"[Colors:{part}]\n{colours}")
-        settings.write("[Colors:Selection]\nBackgroundNormal=61,174,233\nForegroundNormal=239,240,241\n")
-    desktop.environment.update(XDG_CURRENT_DESKTOP="KDE", KDE_FULL_SESSION="true", KDE_SESSION_VERSION="5")
-
-
 def main():
     arguments = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     arguments.add_argument("programs")
@@ -445,7 +435,7 @@ def main():
     with Desktop() as desktop:
         desktop.environment["QT_SCALE_FACTOR"] = chosen.scale
         if chosen.dark:
-            darken(desktop)
+            desktop.darken()
         Window_Day(day, desktop, programs, chosen.watch).live()
     with Desktop() as desktop:
         Terminal_Day(day, desktop, programs, chosen.watch).live()

@@ -161,6 +161,15 @@ class Desktop:
         wait_for("the window manager",
                  lambda: subprocess.run(ask, env=self.environment, capture_output=True, timeout=60).returncode == 0)
 
+    def darken(self):
+        """Dark colours, as Plasma tells programs of them; to be called before the program starts."""
+        colours = "BackgroundNormal=35,38,41\nBackgroundAlternate=49,54,59\nForegroundNormal=239,240,241\n"
+        with open(self.path("config", "kdeglobals"), "w", encoding="ascii") as settings:
+            for part in ("Window", "View", "Button", "Tooltip"):
+                settings.write(f"[Colors:{part}]\n{colours}")
+            settings.write("[Colors:Selection]\nBackgroundNormal=61,174,233\nForegroundNormal=239,240,241\n")
+        self.environment.update(XDG_CURRENT_DESKTOP="KDE", KDE_FULL_SESSION="true", KDE_SESSION_VERSION="5")
+
     def use_icewm(self):
         """Another window manager in place of the first; to be called before the program starts."""
         end(self._window_manager)

@@ -46,6 +46,14 @@ class Hands:
         left, top, width, height = thing.rectangle
         self.click_at(left + width // 2, top + height // 2, times)
 
+    def click_holding(self, key, thing):
+        """A click while a key is held down."""
+        self._desktop.run("xdotool", "keydown", key)
+        try:
+            self.click(thing)
+        finally:
+            self._desktop.run("xdotool", "keyup", key)
+
     def click_at(self, x, y, times=1):
         self._leave_a_double_click_s_time(x, y)
         # Told to go where it is already, xdotool waits a quarter of a minute for the pointer to arrive.

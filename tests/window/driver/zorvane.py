@@ -195,6 +195,12 @@ class Zorvane:
         assert entry.is_enabled, f"the menu entry {' > '.join(captions)} is disabled"
         entry.press()
 
+    def choose_by_mouse(self, menu, caption):
+        """The same by clicks."""
+        self.hands.click(self.entry(menu))
+        wait_for(f"the menu {menu}", lambda: self.entry(menu, caption).is_shown)
+        self.hands.click(self.entry(menu, caption))
+
     def pull_down(self, caption, letter=None):
         """Alt and the menu's letter, pressed once more where the menu doesn't stay open, as a person would: Qt sends
         each key to the registry of accessible programs and takes it up again when that has answered, but opens the

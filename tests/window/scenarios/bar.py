@@ -113,7 +113,7 @@ def the_keyboard_alone_reaches_and_leaves_it(program):
     _expect_no_bar(program)
 
 
-def a_value_outside_its_limits_is_told_and_shown(program):
+def _open_above_a_limit(program):
     path = program.document()
     with open(path, "rb") as file:
         text = file.read()
@@ -126,9 +126,26 @@ def a_value_outside_its_limits_is_told_and_shown(program):
     wait_for("the line", lambda: program.shows("BAR_1"))
     expect("the line", lambda: _line(program),
            ("Warning", "One value is outside its limits: Regulation, row 2, Value (31000)."))
+
+
+def a_value_outside_its_limits_is_told_and_shown(program):
+    _open_above_a_limit(program)
     program.hands.click(program.window.named("BAR_1_Button1"))
     program.expect_field(REGULATION)
     expect("the cell with the keyboard", lambda: program.focus.owner, program.settings.cell(1, VALUE))
+
+
+def a_value_outside_its_limits_is_shown_by_keyboard_alone(program):
+    _open_above_a_limit(program)
+    program.select_field(OUTPUTS)
+    with Only_Keyboard(program):
+        program.hands.keys("End", "Tab")
+        program.expect_focus_in_settings()
+        program.hands.keys("ctrl+Home", "shift+Tab", "shift+Tab", "shift+Tab")
+        expect("the keyboard", lambda: program.focus.owner.description, "BAR_1_Button1")
+        program.hands.keys("Return")
+        program.expect_field(REGULATION)
+        expect("the cell with the keyboard", lambda: program.focus.owner, program.settings.cell(1, VALUE))
 
 
 def a_screen_reader_finds_word_text_and_buttons(program):

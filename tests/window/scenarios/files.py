@@ -128,12 +128,14 @@ def a_save_of_its_own_is_no_change_on_disk(program):
     assert word == "Warning" and said.startswith(f"{path} was changed on disk by another program at "), said
 
 
-def a_change_on_disk_is_told_and_read_again(program):
+def _changed_on_disk(program):
+    """A document that is open, and another program that saves it."""
     path = program.document()
     program.start()
     program.open(path)
     program.expect_title("site7.kvrt207d - Zorvane")
     program.enlarge()
+    program.select_field(1)
     with open(path, "rb") as file:
         text = file.read()
     beside = path + ".new"
@@ -142,6 +144,23 @@ def a_change_on_disk_is_told_and_read_again(program):
     os.replace(beside, path)  # as editors save
     word, said = _bar(program)
     assert word == "Warning" and said.startswith(f"{path} was changed on disk by another program at "), said
+
+
+def a_change_on_disk_is_read_again_by_keyboard_alone(program):
+    _changed_on_disk(program)
+    with Only_Keyboard(program):
+        program.hands.keys("End", "Tab")
+        program.expect_focus_in_settings()
+        program.hands.keys("ctrl+Home", "shift+Tab", "shift+Tab", "shift+Tab")
+        expect("the keyboard", lambda: program.focus.owner.name, "Reload")
+        program.hands.keys("Return")
+        wait_for("no bar", lambda: not program.shows("BAR_1"))
+        program.select_field(1)
+        wait_for("the new value", lambda: any("Breaker Q7" in row for row in program.settings.texts()))
+
+
+def a_change_on_disk_is_told_and_read_again(program):
+    _changed_on_disk(program)
     offered = [program.window.named(f"BAR_1_Button{number}") for number in (1, 2)]
     assert [button.name for button in offered] == ["Compare", "Reload"], offered
     program.hands.click(offered[1])

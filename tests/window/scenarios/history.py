@@ -160,6 +160,76 @@ def changed_cells_say_so_and_are_counted(program):
     assert program.stored("View", "ChangedCells") == "1", program.stored("View", "ChangedCells")
 
 
+def _line(program):
+    wait_for("the line", lambda: program.shows("BAR_1"))
+    return program.window.named("BAR_1_Text").name
+
+
+def changed_cells_are_marked_by_keyboard_alone(program):
+    _opened(program, REGULATION)
+    with Only_Keyboard(program):
+        _to_value(program, 0)
+        _type(program, "1200")
+        program.hands.keys("Return")
+        program.expect_state(0, VALUE, "Modifiable, changed")
+        for wanted in ("Modifiable", "Modifiable, changed"):
+            program.pull_down("View")
+            program.hands.keys("c")
+            program.expect_state(0, VALUE, wanted)
+        expect("the line", lambda: _line(program), "1 value differs from the file.")
+        program.hands.keys("ctrl+z")
+        program.expect_state(0, VALUE, "Modifiable")
+        expect("the bar is shown", lambda: program.shows("BAR_1"), False)
+
+
+def changed_cells_are_shown_by_mouse(program):
+    _opened(program, REGULATION)
+    program.enter(0, VALUE, "1200")
+    program.expect_state(0, VALUE, "Modifiable, changed")
+    program.click_field(TIMERS)
+    for shown in (False, True):
+        program.choose_by_mouse("View", "Mark changed cells")
+        expect("the bar is shown", lambda: program.shows("BAR_1"), shown)
+    expect("the line", lambda: _line(program), "1 value differs from the file.")
+    program.hands.click(program.window.named("BAR_1_Button1"))
+    program.expect_field(REGULATION)
+    expect("the cell with the keyboard", lambda: program.focus.owner, program.settings.cell(0, VALUE))
+
+
+def a_block_is_copied_and_pasted_by_mouse(program):
+    _opened(program, REGULATION)
+    before = program.settings.texts()
+    program.settle_on(0, REMARK)
+    program.hands.click_holding("shift", program.settings.cell(1, REMARK))
+    program.choose_by_mouse("Edit", "Copy")
+    wanted = [before[row][REMARK] for row in (0, 1)]
+    expect("the clipboard", program.hands._clipboard, "\n".join(wanted))
+    program.settle_on(4, REMARK)
+    program.choose_by_mouse("Edit", "Paste block")
+    for row, text in zip((4, 5), wanted):
+        program.expect_cell(row, REMARK, text)
+    _choose_by_mouse(program, "Undo")
+    expect("the lower grid", lambda: program.settings.texts(), before)
+
+
+def a_block_is_copied_by_keyboard_alone(program):
+    _opened(program, REGULATION)
+    before = program.settings.texts()
+    with Only_Keyboard(program):
+        _to_value(program, 0)
+        program.hands.keys("shift+Down", "shift+Right", "ctrl+c")
+        expect("the clipboard", program.hands._clipboard,
+               "\n".join("\t".join(before[row][VALUE:REMARK + 1]) for row in (0, 1)))
+        program.hands.keys("ctrl+Home", "Down", "Down", "Right", "Right")
+        expect("the focus on the cell", lambda: program.focus.owner, program.settings.cell(2, REMARK))
+        program.hands.copy(before[0][REMARK] + "\n" + before[1][REMARK] + "\n")
+        program.hands.keys("ctrl+shift+v")
+        for row in (0, 1):
+            program.expect_cell(2 + row, REMARK, before[row][REMARK])
+        program.hands.keys("ctrl+z")
+        expect("the lower grid", lambda: program.settings.texts(), before)
+
+
 def a_block_is_pasted_by_keyboard_alone(program):
     _opened(program, REGULATION)
     before = [row[VALUE] for row in program.settings.texts()]

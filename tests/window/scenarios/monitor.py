@@ -214,6 +214,27 @@ def traffic_goes_to_a_file_and_is_read_again_by_keyboard(program):
     assert any(seen[start:start + len(wanted)] == wanted for start in range(len(seen))), f"never seen: {wanted}"
 
 
+def traffic_goes_to_a_file_and_is_read_again_by_mouse(program):
+    _online(program)
+    path = program.desktop.path("documents", "line.jsonl")
+    program.choose_by_mouse("Communication", "Modbus Monitor")
+    monitor = program.dialog("ModbusMonitor")
+    to_file = monitor.part.named("BOT_To_File")
+    program.hands.click(to_file)
+    program.dialog("CommonDialog").choose_file(path, "Save")
+    wait_for("rows in the file", lambda: len(_lines(path)) >= 5)
+    program.hands.click(to_file)
+    wait_for("the end of the file", lambda: monitor.part.named("LBL_Count").name.endswith(" rows"))
+    rows = len(_lines(path))
+    program.hands.click(monitor.part.named("BOT_Open"))
+    program.dialog("CommonDialog").choose_file(path, "Open")
+    again = program.dialog("TrafficFile")
+    expect("what the file holds", lambda: again.part.named("LBL_Count").name, f"{rows} rows")
+    table = Table(again.part.named("TBL_Exchanges"))
+    program.hands.click(table.cell(0, 1))
+    wait_for("the bytes of the row", lambda: again.part.named("TXT_Bytes").text.startswith("Tx: 01 03 "))
+
+
 def _lines(path):
     if not os.path.exists(path):
         return []

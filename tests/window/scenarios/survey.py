@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Find Controllers, Listen, and the port dialog's test that goes on: by keyboard alone once they are open."""
+"""Find Controllers, Listen, and the port dialog's test that goes on: by keyboard alone, and by mouse."""
 import os
 import pty
 import tty
@@ -41,6 +41,22 @@ def a_controller_is_found_and_used(program):
     asked = {frame["function"] for frame in controller.frames() if frame["direction"] == "in"}
     assert asked == {3}, f"the search asked {asked}"
     program.go_online()
+
+
+def a_controller_is_found_and_used_by_mouse(program):
+    controller = program.simulator("KVRT207D", "--slave", "3")
+    program.use_port(controller)
+    _opened(program)
+    program.choose_by_mouse("Communication", "Find Controllers...")
+    dialog = program.dialog("FindControllers")
+    program.hands.click(dialog.part.named("BOT_Find"))
+    rows = Table(dialog.part.named("TBL_Found"))
+    wait_for("the controller", lambda: rows.row_count == 1)
+    wait_for("the button", lambda: dialog.part.named("BOT_Use").is_enabled)
+    program.hands.click(rows.cell(0, 0))
+    program.hands.click(dialog.part.named("BOT_Use"))
+    dialog.wait_until_gone()
+    program.expect_panel(3, "RTU: 3")
 
 
 def a_search_is_stopped_and_closed(program):
@@ -114,6 +130,47 @@ def a_line_is_listened_to(program):
     os.close(far)
 
 
+def a_line_is_listened_to_by_mouse(program):
+    far, near = pty.openpty()
+    tty.setraw(near)
+    program.store("ModbusPort", Port=os.ttyname(near), Settings='"9600,n,8,1"')
+    _opened(program)
+    program.choose_by_mouse("Communication", "Listen...")
+    dialog = program.dialog("Listen")
+    button = dialog.part.named("BOT_Listen")
+    program.hands.click(button)
+    wait_for("the word Stop", lambda: button.name == "Stop")
+    os.write(far, READ + ANSWER)
+    rows = Table(dialog.part.named("TBL_Asked"))
+    wait_for("what is asked", lambda: rows.row_count == 1)
+    program.hands.click(button)
+    wait_for("the sums", lambda: dialog.part.named("LBL_Sums").name.startswith("2 frames: 1 requests and 1 answers"))
+    program.hands.click(dialog.part.named("BOT_Save"))
+    path = program.desktop.path("documents", "site.pcapng")
+    program.dialog("CommonDialog").choose_file(path, "Save")
+    expect("what is said", lambda: dialog.part.named("TXT_Notes").text, f"Saved: {path}")
+    program.hands.click(dialog.part.named("BOT_Close"))
+    dialog.wait_until_gone()
+    os.close(near)
+    os.close(far)
+
+
+def the_test_goes_on_by_mouse_and_its_report_is_copied(program):
+    controller = program.simulator("KVRT207D", "--slave", "2")
+    program.use_port(controller)
+    _opened(program)
+    program.choose_by_mouse("Communication", "Port Settings...")
+    dialog = program.dialog("PortSettings")
+    program.hands.click(dialog.part.named("BOT_Test"))
+    sentence = "The controller's number is 2 and not 1: set that as the slave number."
+    diagnosis = dialog.part.named("TXT_Diagnosis")
+    wait_for("the sentence", lambda: diagnosis.text.startswith(sentence), deadline=60)
+    program.hands.click(dialog.part.named("BOT_Copy"))
+    expect("the clipboard ends in the sentence", lambda: program.hands._clipboard().rstrip().endswith(sentence), True)
+    program.hands.click(dialog.part.named("BOT_Cancel"))
+    dialog.wait_until_gone()
+
+
 def the_test_goes_on_to_one_sentence(program):
     """The controller has another number than the settings."""
     controller = program.simulator("KVRT207D", "--slave", "2")
@@ -149,3 +206,18 @@ def a_port_on_a_network_is_entered_by_its_form(program):
         program.hands.keys("Return")
         dialog.wait_until_gone()
     expect("the stored port", lambda: program.stored("ModbusPort", "Port"), "tcp:localhost:1502")
+
+
+def a_port_on_a_network_is_entered_by_mouse(program):
+    _opened(program)
+    program.choose_by_mouse("Communication", "Port Settings...")
+    dialog = program.dialog("PortSettings")
+    program.hands.click(dialog.part.named("BOT_Network"))
+    form = program.dialog("NetworkPort")
+    program.hands.click(form.part.named("EDT_Host"))
+    program.hands.write("localhost")
+    program.hands.click(form.part.named("BOT_Ok"))
+    form.wait_until_gone()
+    program.hands.click(dialog.part.named("BOT_Ok"))
+    dialog.wait_until_gone()
+    expect("the stored port", lambda: program.stored("ModbusPort", "Port"), "tcp:localhost:502")

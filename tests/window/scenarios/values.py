@@ -35,12 +35,6 @@ def _table(program):
     return path
 
 
-def _choose_by_mouse(program, caption):
-    program.hands.click(program.entry("File"))
-    wait_for("the menu File", lambda: program.entry("File", caption).is_shown)
-    program.hands.click(program.entry("File", caption))
-
-
 def _entries(dialog, given_name):
     return [part.name for part in dialog.part.named(given_name).children]
 
@@ -87,14 +81,14 @@ def a_table_is_imported_by_mouse(program):
     _opened(program)
     table = _table(program)
     before = program.settings.texts()
-    _choose_by_mouse(program, "Import values...")
+    program.choose_by_mouse("File", "Import values...")
     program.dialog("CommonDialog").choose_file(table, "Open")
     dialog = program.dialog("FrmFit")
     _expect_preview(dialog)
     program.hands.click(dialog.part.named("BOT_Nothing"))
     dialog.wait_until_gone()
     expect("the lower grid", lambda: program.settings.texts(), before)
-    _choose_by_mouse(program, "Import values...")
+    program.choose_by_mouse("File", "Import values...")
     program.dialog("CommonDialog").choose_file(table, "Open")
     dialog = program.dialog("FrmFit")
     program.hands.click(dialog.part.named("BOT_AllThatFit"))
@@ -120,7 +114,7 @@ def values_are_exported_by_keyboard_alone(program):
 def values_are_exported_by_mouse_and_imported_again(program):
     path = _opened(program)
     exported = os.path.join(os.path.dirname(path), "exported.csv")
-    _choose_by_mouse(program, "Export values...")
+    program.choose_by_mouse("File", "Export values...")
     dialog = program.dialog("CommonDialog")
     dialog.choose_type("Semicolon, decimal comma (*.csv)")
     dialog.choose_file(exported, "Save")
@@ -128,7 +122,7 @@ def values_are_exported_by_mouse_and_imported_again(program):
     before = program.settings.cell(0, VALUE).name
     program.enter(0, VALUE, "1200")
     program.expect_cell(0, VALUE, "1200")
-    _choose_by_mouse(program, "Import values...")
+    program.choose_by_mouse("File", "Import values...")
     program.dialog("CommonDialog").choose_file(exported, "Open")
     dialog = program.dialog("FrmFit")
     expect("what changes", lambda: _entries(dialog, "LST_Changes"),
