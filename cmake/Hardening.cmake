@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # What makes a memory error in an optimised build end the program instead of handing it over. Debug builds go without:
 # the sanitizers find more there, and _FORTIFY_SOURCE works in optimised code only.
-# Not CMake's property: that makes libraries with -fPIC, behind which the compiler inlines less. Where Qt asks for -fPIC
+# Not CMake's property: that makes libraries with -fPIC, with which the compiler inlines less. Where Qt asks for -fPIC
 # it comes later on the command line, and holds.
 string(APPEND CMAKE_CXX_FLAGS_RELEASE " -fPIE")
 string(APPEND CMAKE_EXE_LINKER_FLAGS_RELEASE " -pie")

@@ -44,9 +44,9 @@ Busy_Run::~Busy_Run() = default;
 
 void Busy_Run::show() {
     if (depth_++ > 0) return;
-    canceled_ = false;
+    cancelled_ = false;
     form_ = makeForm_();
-    form_->onCancel([this] { canceled_ = true; });
+    form_->onCancel([this] { cancelled_ = true; });
     form_->setTimerEnabled(true);
     form_->show();
     QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -69,11 +69,11 @@ void Busy_Run::serve() {
 
 bool Busy_Run::keepsRunning() {
     if (depth_ == 0) return true;
-    if (canceled_) return false;
+    if (cancelled_) return false;
     if (sinceServed_.elapsed() < servedEveryMs) return true;
     serve();
     edge_.throwIfEnded();
-    return !canceled_;
+    return !cancelled_;
 }
 
 /// Windows of the desktop's side pass their input on to a widget, and shortcuts go to their owners: those are
@@ -89,7 +89,7 @@ bool Busy_Run::mayTakeInput(const QObject* watched) const {
 bool Busy_Run::eventFilter(QObject* watched, QEvent* event) {
     if (!isInput(event->type()) || mayTakeInput(watched)) return false;
     const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
-    if (key && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) canceled_ = true;
+    if (key && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) cancelled_ = true;
     if (event->type() == QEvent::Close) event->ignore();
     return true;
 }

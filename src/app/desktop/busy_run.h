@@ -48,7 +48,7 @@ class Busy_Run final : public QObject {
     std::unique_ptr<ui::Mensaje> form_;
     QElapsedTimer sinceServed_;
     int depth_ = 0;
-    bool canceled_ = false;
+    bool cancelled_ = false;
 };
 
 } // namespace zorvane::app

@@ -12,8 +12,8 @@ namespace zorvane {
 /// Gives how many cells took a value; those that had another one before are added to `Last_Upload.changes`.
 std::int32_t PRO_Aplica_Registros(const Comm_Context& comm, std::int32_t field);
 
-/// Refreshes the lower grid and the cells behind it for the columns whose request word is the one scanned.
-/// While the link is lost a cell of a whole register shows "???" and keeps its `Value`.
+/// Refreshes the lower grid, and the cells that it shows, for the columns whose request word is the one
+/// scanned. While the link is lost a cell of a whole register shows "???" and keeps its `Value`.
 void PRO_Refresca_Settings(const Comm_Context& comm, std::int32_t row);
 
 } // namespace zorvane

@@ -41,7 +41,7 @@ struct Call_Context {
     std::string stateFolder{};     ///< where runs are kept; UTF-8, without a separator at its end
 };
 
-/// A command line behind the name of its call.
+/// What stands on a command line after the name of its call.
 struct Command_Line {
     std::vector<std::string> words;
     std::vector<std::size_t> plain; ///< the places of the words that are neither options nor their values

@@ -63,13 +63,13 @@ void ActiveReport::layOut() {
                            [this](std::int32_t page, Style_Table& styles) { return footerOf(page, styles); }};
     Printed_Report printed = runWithoutPages();
     Pages.document =
-        layoutPages(std::move(printed), PageSettings, header, footer, canceled_ ? Keeps_On{} : watch());
+        layoutPages(std::move(printed), PageSettings, header, footer, cancelled_ ? Keeps_On{} : watch());
 }
 
 Keeps_On ActiveReport::watch() {
     return [this] {
-        if (!canceled_) canceled_ = !goesOn();
-        return !canceled_;
+        if (!cancelled_) cancelled_ = !goesOn();
+        return !cancelled_;
     };
 }
 
@@ -80,7 +80,7 @@ void ActiveReport::Restart() {
 
 Printed_Report ActiveReport::runWithoutPages() {
     Printed_Report report;
-    canceled_ = false;
+    cancelled_ = false;
     printInto(report, 0, watch());
     return report;
 }

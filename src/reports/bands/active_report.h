@@ -91,7 +91,7 @@ class ActiveReport {
     /// A new run from the start. Whoever shows the report is told of the new pages.
     void Restart();
     /// Whether the last run was ended before its end. Its pages are those made until then.
-    [[nodiscard]] bool Canceled() const { return canceled_; }
+    [[nodiscard]] bool Canceled() const { return cancelled_; }
     /// The page whose header or footer is being made, from 1.
     [[nodiscard]] std::int32_t PageNumber() const { return pageNumber_; }
 
@@ -131,7 +131,7 @@ class ActiveReport {
 
     const Text_Metrics& metrics_;
     std::int32_t pageNumber_ = 0;
-    bool canceled_ = false;
+    bool cancelled_ = false;
 };
 
 } // namespace zorvane

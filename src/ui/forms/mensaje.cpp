@@ -44,7 +44,7 @@ Mensaje::Mensaje(bool animated, QWidget* parent)
 }
 
 void Mensaje::onCancel(std::function<void()> handler) {
-    canceled_ = std::move(handler);
+    cancelled_ = std::move(handler);
     if (cancel_ != nullptr) return;
     cancel_ = &addButton(QStringLiteral("BOT_Cancel"), QStringLiteral("Cancel"), {4500, 260, 1400, 345});
     connect(cancel_, &QPushButton::clicked, this, [this] { reject(); });
@@ -52,9 +52,9 @@ void Mensaje::onCancel(std::function<void()> handler) {
 
 /// Whoever showed the form unloads it.
 void Mensaje::reject() {
-    if (!canceled_) return Fixed_Dialog::reject();
+    if (!cancelled_) return Fixed_Dialog::reject();
     cancel_->setEnabled(false);
-    canceled_();
+    cancelled_();
 }
 
 void Mensaje::load() {

@@ -39,7 +39,7 @@ class Mensaje final : public Fixed_Dialog {
     QLabel* label_ = nullptr;
     QProgressBar* animation_ = nullptr;
     QPushButton* cancel_ = nullptr;
-    std::function<void()> canceled_;
+    std::function<void()> cancelled_;
     QTimer timer_;
     bool animated_;
     bool timerEnabled_ = true;

@@ -12,7 +12,7 @@
 namespace zorvane::ctl {
 
 /// While it lives, SIGINT (Ctrl+C), SIGTERM and SIGHUP (the terminal was closed) don't end the program: they
-/// are kept, and `asked` is called from the event loop for each. SIGHUP stays ignored where it is, as behind
+/// are kept, and `asked` is called from the event loop for each. SIGHUP stays ignored where it is, as under
 /// nohup. There is one at a time.
 class Stop_Signals : public Stop_Wish {
   public:
