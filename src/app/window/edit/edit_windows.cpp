@@ -54,8 +54,9 @@ Edit_Windows::Edit_Windows(ui::Main_Window& window, const App_Context& app, Even
 void Edit_Windows::connectFind() {
     const auto begin = [this] {
         if (findWindow_ == nullptr) {
-            findWindow_ = new Find_Window(find_, edge_, &window_);
-            findWindow_->shownCell = [this] { return shownCell(); };
+            auto* const made = new Find_Window(find_, edge_, &window_);
+            made->shownCell = [this] { return shownCell(); };
+            findWindow_ = made;
         }
         findWindow_->begin();
     };
