@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/document/document_commands.h"
 #include "app/edit/block_commands.h"
 #include "app/edit/history_commands.h"
-#include "app/testing/app_bench.h"
-#include "grids/fill/fill_settings.h"
+#include "app/edit/testing/edit_bench.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,20 +12,14 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Block_Commands : testing::Test, doubles::App_Bench {
+struct Block_Commands : testing::Test, doubles::Edit_Bench {
     Block_Commands() {
-        app.grids.watcher = &state.history;
-        openFile(app, "/home/site7.abc", false);
         for (std::int32_t row : {1, 2}) {
             document.Fields(1).Cells(0, 2).Column_Type = "NUMERIC";
             document.Fields(1).Cells(row, 2).Min_Value = "0";
             document.Fields(1).Cells(row, 2).Max_Value = "1400";
         }
-        upper.setRow(1);
-        document.Selected_Field = 1;
-        PRO_Llena_Settings(app.grids, 1, true);
         select(1, 1);
-        journal.clear();
     }
     void select(std::int32_t row, std::int32_t col) {
         lower.setRow(row);
@@ -41,7 +33,6 @@ struct Block_Commands : testing::Test, doubles::App_Bench {
             return answer;
         });
     }
-    [[nodiscard]] std::string values() const { return value(1) + " " + value(2); }
 
     std::vector<std::string> asked;
 };

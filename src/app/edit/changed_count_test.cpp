@@ -1,25 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "app/document/document_commands.h"
 #include "app/edit/changed_count.h"
-#include "app/testing/app_bench.h"
-#include "grids/fill/fill_settings.h"
+#include "app/edit/testing/edit_bench.h"
 
 #include <gtest/gtest.h>
 
 namespace zorvane::app {
 namespace {
 
-struct Changed_Count : testing::Test, doubles::App_Bench {
-    Changed_Count() {
-        openFile(app, "/home/site7.abc", false);
-        upper.setRow(1);
-        document.Selected_Field = 1;
-        PRO_Llena_Settings(app.grids, 1, true);
-    }
-    [[nodiscard]] std::string told() const {
-        return mainForm.base.bar.lines().empty() ? "" : mainForm.base.bar.lines().front().text;
-    }
-};
+struct Changed_Count : testing::Test, doubles::Edit_Bench {};
 
 TEST_F(Changed_Count, IsToldWhenAskedForAndKeptUpToDate) {
     edit(1, "11");

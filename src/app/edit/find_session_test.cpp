@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/document/document_commands.h"
 #include "app/edit/find_session.h"
-#include "app/testing/app_bench.h"
-#include "grids/fill/fill_settings.h"
+#include "app/edit/testing/edit_bench.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,12 +11,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Find_Cells_Of_A_Document : testing::Test, doubles::App_Bench {
+struct Find_Cells_Of_A_Document : testing::Test, doubles::Edit_Bench {
     Find_Cells_Of_A_Document() {
-        openFile(app, "/home/site7.abc", false);
-        upper.setRow(1);
-        document.Selected_Field = 1;
-        PRO_Llena_Settings(app.grids, 1, true);
         lower.setRow(1);
         lower.setCol(0);
     }
@@ -32,9 +26,6 @@ struct Find_Cells_Of_A_Document : testing::Test, doubles::App_Bench {
     [[nodiscard]] std::string here() const {
         return std::to_string(upper.Row()) + "," + std::to_string(lower.Row()) + "," +
                std::to_string(lower.Col() + 1);
-    }
-    [[nodiscard]] std::string told() const {
-        return mainForm.base.bar.lines().empty() ? "" : mainForm.base.bar.lines().front().text;
     }
 
     Find_Session find{app};

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/document/document_commands.h"
-#include "app/edit/edit_state.h"
 #include "app/edit/history_commands.h"
-#include "app/testing/app_bench.h"
-#include "grids/fill/fill_settings.h"
+#include "app/edit/testing/edit_bench.h"
 #include "grids/flx_settings.h"
 
 #include <gmock/gmock.h>
@@ -15,24 +12,13 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct History_Commands : testing::Test, doubles::App_Bench {
-    History_Commands() {
-        app.grids.watcher = &state.history;
-        openFile(app, "/home/site7.abc", false);
-        upper.setRow(1);
-        document.Selected_Field = 1;
-        PRO_Llena_Settings(app.grids, 1, true);
-        journal.clear();
-    }
+struct History_Commands : testing::Test, doubles::Edit_Bench {
     /// The user types into the column of values.
     void type(std::int32_t row, const std::string& text) {
         lower.setRow(row);
         lower.setCol(1);
         lower.setText(text);
         FLX_Settings_AfterEdit(app.grids, row, 1);
-    }
-    [[nodiscard]] std::string told() const {
-        return mainForm.base.bar.lines().empty() ? "" : mainForm.base.bar.lines().front().text;
     }
     void save() { MNU_Save_Click(app); }
 };

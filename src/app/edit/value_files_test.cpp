@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "app/document/document_commands.h"
 #include "app/edit/history_commands.h"
+#include "app/edit/testing/edit_bench.h"
 #include "app/edit/value_files.h"
-#include "app/testing/app_bench.h"
-#include "grids/fill/fill_settings.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -14,14 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-struct Value_Files : testing::Test, doubles::App_Bench {
-    Value_Files() {
-        app.grids.watcher = &state.history;
-        openFile(app, "/home/site7.abc", false);
-        upper.setRow(1);
-        document.Selected_Field = 1;
-        PRO_Llena_Settings(app.grids, 1, true);
-    }
+struct Value_Files : testing::Test, doubles::Edit_Bench {
     void import(const std::string& text, bool answer = true) {
         files.put("/home/values.csv", text);
         importValues(app, "/home/values.csv", [&](const Fit_Question& question) {
@@ -29,10 +20,6 @@ struct Value_Files : testing::Test, doubles::App_Bench {
             return answer;
         });
     }
-    [[nodiscard]] std::string told() const {
-        return mainForm.base.bar.lines().empty() ? "" : mainForm.base.bar.lines().front().text;
-    }
-    [[nodiscard]] std::string values() const { return value(1) + " " + value(2); }
 
     Fit_Question asked;
 };

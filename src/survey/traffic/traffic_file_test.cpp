@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "comm/modbus_control/testing/hand_clock.h"
 #include "survey/traffic/native_traffic_files.h"
+#include "survey/traffic/testing/one_exchange.h"
 #include "template/testing/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -13,23 +14,8 @@
 namespace zorvane::survey {
 namespace {
 
+using survey::testing::exchange;
 using zorvane::testing::Hand_Clock;
-
-Exchange_Record exchange(Micros at) {
-    Exchange_Record record;
-    record.at = at;
-    record.duration = 20000;
-    record.unit = 1;
-    record.firstRegister = 40101;
-    record.wireAddress = 100;
-    record.count = 1;
-    record.values = {7};
-    record.good = true;
-    record.result = "good";
-    record.sent = {1, 3, 0, 100, 0, 1, 0xC5, 0xD5};
-    record.received = {1, 3, 2, 0, 7, 0xF9, 0x86};
-    return record;
-}
 
 /// Files in memory; one that is full takes nothing more.
 class Memory_Sink final : public Traffic_Sink {

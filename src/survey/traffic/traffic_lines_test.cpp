@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "survey/traffic/testing/one_exchange.h"
 #include "survey/traffic/traffic_lines.h"
 
 #include <gtest/gtest.h>
@@ -10,21 +11,7 @@
 namespace zorvane::survey {
 namespace {
 
-Exchange_Record exchange(Micros at) {
-    Exchange_Record record;
-    record.at = at;
-    record.duration = 20000;
-    record.unit = 1;
-    record.firstRegister = 40101;
-    record.wireAddress = 100;
-    record.count = 1;
-    record.values = {7};
-    record.good = true;
-    record.result = "good";
-    record.sent = {1, 3, 0, 100, 0, 1, 0xC5, 0xD5};
-    record.received = {1, 3, 2, 0, 7, 0xF9, 0x86};
-    return record;
-}
+using survey::testing::exchange;
 
 constexpr const char* exchangeLine =
     R"({"kind":"exchange","time_us":1001000,"duration_us":20000,"unit":1,"function":3,"first":40101,"address":100,)"
