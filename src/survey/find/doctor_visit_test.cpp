@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <ostream>
+#include <string>
 #include <vector>
 
 namespace zorvane::survey {
@@ -44,6 +47,148 @@ struct Visit_Rig {
     Port_Settings settings;
 };
 
+/// Something that is wrong with a line, and what a visit says of it.
+struct Ill_Line {
+    const char* name;
+    Ailment ailment;
+    const char* sentence;
+    Line_Settings ofController = {9600, 'N', 8, 1};
+    void (*spoil)(Visit_Rig& rig) = [](Visit_Rig&) {};
+    const char* triedFirst = "9600,n,8,1, unit 3, 200 ms: silence"; ///< to its end; "": nothing was
+    std::optional<std::size_t> lines = std::nullopt;                ///< of the report
+    std::optional<std::size_t> requests = std::nullopt;
+};
+
+void PrintTo(const Ill_Line& ill, std::ostream* out) { *out << ill.name; }
+
+Byte_Array requestOfAnother() { return zorvane::testing::withCrc({7, 3, 0, 0, 0, 10}); }
+
+const char* const otherMaster = "Another master is on the line: it asks unit 7, 10 registers from address 0 "
+                                "on (function 3). Let only one "
+                                "master use it.";
+
+const Ill_Line illLines[] = {
+    {"EvenParity", Ailment::Parity, "Unit 3 has even parity: set it here too.", {9600, 'E', 8, 1}},
+    {"OddParity", Ailment::Parity, "Unit 3 has odd parity: set it here too.", {9600, 'O', 8, 1}},
+    {.name = "NoParity",
+     .ailment = Ailment::Parity,
+     .sentence = "Unit 3 has no parity: set it here too.",
+     .spoil = [](Visit_Rig& rig) { rig.settings.line.parity = 'E'; },
+     .triedFirst = "9600,e,8,1, unit 3, 200 ms: silence"},
+    {"OtherStopBits", Ailment::StopBits, "Unit 3 has 2 stop bits: set them here too.", {9600, 'N', 8, 2}},
+    {"AnotherSpeed", Ailment::Speed, "Unit 3 has 38400 baud: set it here too.", {38400, 'N', 8, 1}},
+    {.name = "AnotherNumberNearBy",
+     .ailment = Ailment::Unit,
+     .sentence = "The controller's number is 5 and not 3: set that as the slave number.",
+     .spoil = [](Visit_Rig& rig) { rig.line.controllers[0].unit = 5; }},
+    {.name = "Rubbish",
+     .ailment = Ailment::Rubbish,
+     .sentence =
+         "Something answers, but never whole: two controllers have the number 3, or the line is disturbed; "
+         "leave one controller on it and test again.",
+     .spoil = [](Visit_Rig& rig) { rig.line.controllers[0].damagedFirst = 1000; },
+     .triedFirst = "9600,n,8,1, unit 3, 200 ms: no whole answer"},
+    {.name = "AGateway",
+     .ailment = Ailment::Gateway,
+     .sentence =
+         "A gateway answers, but it can't reach unit 3: check the slave number, and the line behind the "
+         "gateway.",
+     .spoil =
+         [](Visit_Rig& rig) {
+             rig.line.controllers.clear();
+             rig.line.gateway = 11;
+         },
+     .triedFirst = "9600,n,8,1, unit 3, 200 ms: a gateway's exception",
+     .requests = 1},
+    {.name = "AnEchoThatTheSettingsDontKnow",
+     .ailment = Ailment::EchoUnset,
+     .sentence = "Unit 3 answers, and the adapter repeats what is sent: tick \"Adapter echoes\".",
+     .spoil = [](Visit_Rig& rig) { rig.line.echoes = true; },
+     .triedFirst = "9600,n,8,1, unit 3, 200 ms: an answer"},
+    {.name = "AnEchoThatIsntThere",
+     .ailment = Ailment::EchoSet,
+     .sentence = "Unit 3 answers, but the adapter doesn't echo: clear \"Adapter echoes\".",
+     .spoil = [](Visit_Rig& rig) { rig.settings.adapterEchoes = true; },
+     .triedFirst = "9600,n,8,1, unit 3, 200 ms: an answer"},
+    {.name = "NothingButTheEcho",
+     .ailment = Ailment::OnlyEcho,
+     .sentence =
+         "Unit 3 is silent, though the adapter repeats what is sent: exchange the wires A and B, and check "
+         "the controller's supply.",
+     .spoil =
+         [](Visit_Rig& rig) {
+             rig.line.echoes = true;
+             rig.line.controllers.clear();
+         },
+     .triedFirst = "9600,n,8,1, unit 3, 200 ms: only the adapter's echo"},
+    {.name = "Silence", // as set, long, two parities, stop bits, seven numbers, seven speeds
+     .ailment = Ailment::Silence,
+     .sentence =
+         "Unit 3 is silent at all usual settings: check its supply and its cable, exchange the wires A and "
+         "B, and try another RTS mode.",
+     .spoil = [](Visit_Rig& rig) { rig.line.controllers.clear(); },
+     .lines = 20},
+    {.name = "AnotherMaster",
+     .ailment = Ailment::OtherMaster,
+     .sentence = otherMaster,
+     .spoil =
+         [](Visit_Rig& rig) { rig.line.masters = {{.firstAt = 100 * ms, .request = requestOfAnother()}}; },
+     .triedFirst = "",
+     .requests = 0},
+    {.name = "AnotherMasterByTheAnswersAlone", // whose requests go over wires that this adapter doesn't hear
+     .ailment = Ailment::OtherMaster,
+     .sentence = "Another master is on the line: unit 7 answers it. Let only one master use it.",
+     .spoil =
+         [](Visit_Rig& rig) {
+             rig.line.masters = {
+                 {.firstAt = 100 * ms, .request = zorvane::testing::withCrc({7, 3, 4, 0, 1, 0, 2})}};
+         },
+     .triedFirst = "",
+     .requests = 0},
+    {.name = "AnotherMasterThatComesLater", // it was quiet while the line was listened to
+     .ailment = Ailment::OtherMaster,
+     .sentence = otherMaster,
+     .spoil =
+         [](Visit_Rig& rig) {
+             rig.line.controllers.clear();
+             rig.line.masters = {{.firstAt = 2000 * ms, .request = requestOfAnother()}};
+         },
+     .triedFirst = "",
+     .requests = 1}, // as set
+    {.name = "AnAdapterThatWasTakenAway",
+     .ailment = Ailment::PortFailed,
+     .sentence = "Input/output error",
+     .spoil =
+         [](Visit_Rig& rig) {
+             rig.line.controllers.clear();
+             rig.clock.in(2 * microsPerSecond, [&rig] { rig.line.unplug(); });
+         },
+     .triedFirst = ""},
+    {.name = "APortThatCannotBeOpened",
+     .ailment = Ailment::PortFailed,
+     .sentence = "No such port: ttyUSB0",
+     .spoil = [](Visit_Rig& rig) { rig.line.opens = false; },
+     .triedFirst = ""},
+};
+
+struct DoctorVisits : ::testing::TestWithParam<Ill_Line> {};
+
+INSTANTIATE_TEST_SUITE_P(Find, DoctorVisits, ::testing::ValuesIn(illLines),
+                         [](const auto& ill) { return std::string(ill.param.name); });
+
+TEST_P(DoctorVisits, SayIt) {
+    const Ill_Line& ill = GetParam();
+    Visit_Rig rig(ill.ofController);
+    ill.spoil(rig);
+    const Diagnosis diagnosis = rig.visit();
+    EXPECT_EQ(diagnosis.ailment, ill.ailment);
+    EXPECT_EQ(diagnosis.sentence, ill.sentence);
+    const bool tried = diagnosis.report.size() > 1;
+    EXPECT_EQ(tried ? diagnosis.report.front() : "", ill.triedFirst);
+    EXPECT_EQ(diagnosis.report.size(), ill.lines.value_or(diagnosis.report.size()));
+    EXPECT_EQ(rig.line.written.size(), ill.requests.value_or(rig.line.written.size()));
+}
+
 TEST(DoctorVisit, FindsAGoodLineGood) {
     Visit_Rig rig;
     const Diagnosis diagnosis = rig.visit();
@@ -64,36 +209,6 @@ TEST(DoctorVisit, FindsATimeOutThatIsTooShort) {
     EXPECT_EQ(diagnosis.ailment, Ailment::TimeOut);
     EXPECT_EQ(diagnosis.sentence, "Unit 3 answers only after 707 ms: set the time-out to 2150 ms.");
     EXPECT_EQ(diagnosis.proposedTimeOutMs, 2150);
-}
-
-TEST(DoctorVisit, FindsAnotherParity) {
-    Visit_Rig even({9600, 'E', 8, 1});
-    EXPECT_EQ(even.visit().sentence, "Unit 3 has even parity: set it here too.");
-    Visit_Rig odd({9600, 'O', 8, 1});
-    EXPECT_EQ(odd.visit().sentence, "Unit 3 has odd parity: set it here too.");
-    Visit_Rig none({9600, 'N', 8, 1});
-    none.settings.line.parity = 'E';
-    EXPECT_EQ(none.visit().sentence, "Unit 3 has no parity: set it here too.");
-}
-
-TEST(DoctorVisit, FindsOtherStopBits) {
-    Visit_Rig rig({9600, 'N', 8, 2});
-    const Diagnosis diagnosis = rig.visit();
-    EXPECT_EQ(diagnosis.ailment, Ailment::StopBits);
-    EXPECT_EQ(diagnosis.sentence, "Unit 3 has 2 stop bits: set them here too.");
-}
-
-TEST(DoctorVisit, FindsAnotherSpeed) {
-    Visit_Rig rig({38400, 'N', 8, 1});
-    EXPECT_EQ(rig.visit().sentence, "Unit 3 has 38400 baud: set it here too.");
-}
-
-TEST(DoctorVisit, FindsAnotherNumberNearBy) {
-    Visit_Rig rig;
-    rig.line.controllers[0].unit = 5;
-    const Diagnosis diagnosis = rig.visit();
-    EXPECT_EQ(diagnosis.ailment, Ailment::Unit);
-    EXPECT_EQ(diagnosis.sentence, "The controller's number is 5 and not 3: set that as the slave number.");
 }
 
 TEST(DoctorVisit, FindsTwoControllersOfOneNumber) {
@@ -122,17 +237,6 @@ TEST(DoctorVisit, FindsDamagedAnswers) {
     EXPECT_EQ(once.visit().sentence.substr(0, 43), "1 answer of Unit 3 came damaged beside 50 r");
 }
 
-TEST(DoctorVisit, FindsRubbish) {
-    Visit_Rig rig;
-    rig.line.controllers[0].damagedFirst = 1000;
-    const Diagnosis diagnosis = rig.visit();
-    EXPECT_EQ(diagnosis.ailment, Ailment::Rubbish);
-    EXPECT_EQ(diagnosis.sentence,
-              "Something answers, but never whole: two controllers have the number 3, or the line is "
-              "disturbed; leave one controller on it and test again.");
-    EXPECT_EQ(diagnosis.report.front(), "9600,n,8,1, unit 3, 200 ms: no whole answer");
-}
-
 /// An adapter or a gateway that mixes up its answers: each comes under the number 9.
 TEST(DoctorVisit, FindsAStranger) {
     Visit_Rig rig;
@@ -147,108 +251,10 @@ TEST(DoctorVisit, FindsAStranger) {
     EXPECT_EQ(diagnosis.report.back(), diagnosis.sentence);
 }
 
-TEST(DoctorVisit, FindsAGateway) {
-    Visit_Rig rig;
-    rig.line.controllers.clear();
-    rig.line.gateway = 11;
-    EXPECT_EQ(rig.visit().sentence,
-              "A gateway answers, but it can't reach unit 3: check the slave number, and the line "
-              "behind the gateway.");
-    EXPECT_EQ(rig.line.written.size(), 1U);
-}
-
-TEST(DoctorVisit, FindsAnEchoThatTheSettingsDontKnow) {
-    Visit_Rig rig;
-    rig.line.echoes = true;
-    EXPECT_EQ(rig.visit().sentence,
-              "Unit 3 answers, and the adapter repeats what is sent: tick \"Adapter echoes\".");
+TEST(DoctorVisit, FindsNothingInAnEchoThatTheSettingsKnow) {
     Visit_Rig known;
     known.line.echoes = known.settings.adapterEchoes = true;
     EXPECT_EQ(known.visit().ailment, Ailment::None);
-}
-
-TEST(DoctorVisit, FindsAnEchoThatIsntThere) {
-    Visit_Rig rig;
-    rig.settings.adapterEchoes = true;
-    EXPECT_EQ(rig.visit().sentence,
-              "Unit 3 answers, but the adapter doesn't echo: clear \"Adapter echoes\".");
-}
-
-TEST(DoctorVisit, FindsNothingButTheEcho) {
-    Visit_Rig rig;
-    rig.line.echoes = true;
-    rig.line.controllers.clear();
-    const Diagnosis diagnosis = rig.visit();
-    EXPECT_EQ(diagnosis.ailment, Ailment::OnlyEcho);
-    EXPECT_EQ(diagnosis.sentence,
-              "Unit 3 is silent, though the adapter repeats what is sent: exchange the wires A and B, and "
-              "check the controller's supply.");
-    EXPECT_EQ(diagnosis.report.front(), "9600,n,8,1, unit 3, 200 ms: only the adapter's echo");
-}
-
-TEST(DoctorVisit, FindsSilence) {
-    Visit_Rig rig;
-    rig.line.controllers.clear();
-    const Diagnosis diagnosis = rig.visit();
-    EXPECT_EQ(diagnosis.ailment, Ailment::Silence);
-    EXPECT_EQ(diagnosis.sentence,
-              "Unit 3 is silent at all usual settings: check its supply and its cable, exchange the "
-              "wires A and B, and try another RTS mode.");
-    EXPECT_EQ(diagnosis.report.front(), "9600,n,8,1, unit 3, 200 ms: silence");
-    EXPECT_EQ(diagnosis.report.size(),
-              20U); // as set, long, two parities, stop bits, seven numbers, seven speeds
-}
-
-TEST(DoctorVisit, FindsAnotherMaster) {
-    Visit_Rig rig;
-    rig.line.masters = {{.firstAt = 100 * ms, .request = zorvane::testing::withCrc({7, 3, 0, 0, 0, 10})}};
-    const Diagnosis diagnosis = rig.visit();
-    EXPECT_EQ(diagnosis.ailment, Ailment::OtherMaster);
-    EXPECT_EQ(diagnosis.sentence,
-              "Another master is on the line: it asks unit 7, 10 registers from address 0 on (function "
-              "3). Let only one master use it.");
-    EXPECT_TRUE(rig.line.written.empty());
-}
-
-/// Its requests may go over wires that this adapter doesn't hear.
-TEST(DoctorVisit, FindsAnotherMasterByTheAnswersAlone) {
-    Visit_Rig rig;
-    rig.line.masters = {{.firstAt = 100 * ms, .request = zorvane::testing::withCrc({7, 3, 4, 0, 1, 0, 2})}};
-    const Diagnosis diagnosis = rig.visit();
-    EXPECT_EQ(diagnosis.ailment, Ailment::OtherMaster);
-    EXPECT_EQ(diagnosis.sentence,
-              "Another master is on the line: unit 7 answers it. Let only one master use it.");
-    EXPECT_TRUE(rig.line.written.empty());
-}
-
-/// It was quiet while the line was listened to.
-TEST(DoctorVisit, FindsAnotherMasterThatComesLater) {
-    Visit_Rig rig;
-    rig.line.controllers.clear();
-    rig.line.masters = {{.firstAt = 2000 * ms, .request = zorvane::testing::withCrc({7, 3, 0, 0, 0, 10})}};
-    const Diagnosis diagnosis = rig.visit();
-    EXPECT_EQ(diagnosis.ailment, Ailment::OtherMaster);
-    EXPECT_EQ(diagnosis.sentence,
-              "Another master is on the line: it asks unit 7, 10 registers from address 0 on (function "
-              "3). Let only one master use it.");
-    EXPECT_EQ(rig.line.written.size(), 1U); // as set
-}
-
-TEST(DoctorVisit, SaysThatTheAdapterWasTakenAway) {
-    Visit_Rig rig;
-    rig.line.controllers.clear();
-    rig.clock.in(2 * microsPerSecond, [&rig] { rig.line.unplug(); });
-    const Diagnosis diagnosis = rig.visit();
-    EXPECT_EQ(diagnosis.ailment, Ailment::PortFailed);
-    EXPECT_EQ(diagnosis.sentence, "Input/output error");
-}
-
-TEST(DoctorVisit, SaysWhyThePortCannotBeOpened) {
-    Visit_Rig rig;
-    rig.line.opens = false;
-    const Diagnosis diagnosis = rig.visit();
-    EXPECT_EQ(diagnosis.ailment, Ailment::PortFailed);
-    EXPECT_EQ(diagnosis.sentence, "No such port: ttyUSB0");
 }
 
 TEST(DoctorVisit, TellsWhatIsTried) {
