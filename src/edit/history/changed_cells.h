@@ -3,7 +3,6 @@
 
 #include "template/model/declara_zorvane.h"
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -23,10 +22,13 @@ class Changed_Cells {
     [[nodiscard]] std::vector<Cell_Place> all(const Declara_Zorvane& document) const;
 
   private:
-    [[nodiscard]] const std::string& textOf(const Cell_Place& place) const;
+    struct Text {
+        Cell_Place place;
+        std::string text;
+    };
 
     bool known_ = false;
-    std::map<Cell_Place, std::string> texts_; ///< of the cells that weren't blank
+    std::vector<Text> texts_; ///< of the cells that weren't blank, by page, row and column
 };
 
 } // namespace zorvane::edit
