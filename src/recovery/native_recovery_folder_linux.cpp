@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "recovery/native_recovery_folder.h"
 #include "template/services/native_files.h"
+#include "values/file_descriptor.h"
 
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -21,38 +22,10 @@ namespace {
 constexpr std::string_view unfinished = ".unfinished";
 constexpr std::size_t beginningBytes = 4096;
 
-class File_Descriptor {
-  public:
-    explicit File_Descriptor(int number) : number_(number) {}
-    ~File_Descriptor() {
-        if (number_ >= 0) ::close(number_);
-    }
-    File_Descriptor(const File_Descriptor&) = delete;
-    File_Descriptor& operator=(const File_Descriptor&) = delete;
-    File_Descriptor(File_Descriptor&&) = delete;
-    File_Descriptor& operator=(File_Descriptor&&) = delete;
-
-    [[nodiscard]] bool open() const noexcept { return number_ >= 0; }
-    [[nodiscard]] int number() const noexcept { return number_; }
-
-  private:
-    int number_;
-};
-
-bool writeAll(int file, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t count = ::write(file, text.data(), text.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        text.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
 /// The lock lasts as long as the writer lives, and tells a sweep that somebody is still at it.
 bool writeWhole(const std::string& path, std::string_view text) {
     const File_Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600));
-    return file.open() && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0 && writeAll(file.number(), text) &&
+    return file.isOpen() && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0 && writeAll(file, text) &&
            ::fsync(file.number()) == 0;
 }
 
@@ -66,15 +39,15 @@ void makeFolders(const fs::path& folder) {
 
 bool isAbandoned(const std::string& path) {
     const File_Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    return file.open() && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0;
+    return file.isOpen() && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0;
 }
 
 } // namespace
 
 int makeFile(const std::string& path, std::string_view bytes) {
     const File_Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
-    if (!file.open()) return errno;
-    if (writeAll(file.number(), bytes) && (::fsync(file.number()) == 0 || errno == EINVAL)) return 0;
+    if (!file.isOpen()) return errno;
+    if (writeAll(file, bytes) && (::fsync(file.number()) == 0 || errno == EINVAL)) return 0;
     const int error = errno;
     ::unlink(path.c_str());
     return error;
@@ -101,7 +74,7 @@ void Native_Recovery_Folder::remove(const std::string& name) { ::unlink(native(n
 std::string Native_Recovery_Folder::beginning(const std::string& name) {
     const File_Descriptor file(::open(native(name).c_str(), O_RDONLY | O_CLOEXEC));
     std::array<char, beginningBytes> bytes{};
-    const ssize_t count = file.open() ? ::read(file.number(), bytes.data(), bytes.size()) : 0;
+    const ssize_t count = file.isOpen() ? ::read(file.number(), bytes.data(), bytes.size()) : 0;
     return count > 0 ? std::string(bytes.data(), static_cast<std::size_t>(count)) : std::string();
 }
 
@@ -129,7 +102,7 @@ std::string Native_Recovery_Folder::native(const std::string& name) const {
 /// Not every file system can be asked to.
 void Native_Recovery_Folder::reachDisk() const {
     const File_Descriptor folder(::open(folder_.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.open()) (void)::fsync(folder.number());
+    if (folder.isOpen()) (void)::fsync(folder.number());
 }
 
 void Native_Recovery_Folder::sweep() const {

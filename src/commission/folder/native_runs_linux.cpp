@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // What a run writes is on disk when the call returns: the file's bytes, and its name in the folder.
 #include "commission/folder/native_runs.h"
+#include "values/file_descriptor.h"
 
 #include <sys/file.h>
 #include <sys/stat.h>
 
-#include <array>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -26,38 +26,12 @@ namespace {
 constexpr mode_t ownFolder = 0700;
 constexpr mode_t ownFile = 0600;
 
-class File_Descriptor {
-  public:
-    explicit File_Descriptor(int number) : number_(number) {}
-    ~File_Descriptor() {
-        if (number_ >= 0) ::close(number_);
-    }
-    File_Descriptor(const File_Descriptor&) = delete;
-    File_Descriptor& operator=(const File_Descriptor&) = delete;
-
-    [[nodiscard]] bool open() const noexcept { return number_ >= 0; }
-    [[nodiscard]] int number() const noexcept { return number_; }
-
-  private:
-    int number_;
-};
-
 std::string reason() { return std::strerror(errno); }
-
-bool writeAll(int file, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t count = ::write(file, text.data(), text.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return false;
-        text.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
-}
 
 /// A new name in a folder is on disk once the folder is.
 std::string syncFolder(const std::string& path) {
     const File_Descriptor folder(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return folder.open() && ::fsync(folder.number()) == 0 ? std::string() : reason();
+    return folder.isOpen() && ::fsync(folder.number()) == 0 ? std::string() : reason();
 }
 
 std::string makeFolders(const fs::path& path) {
@@ -80,7 +54,7 @@ class Native_Folder final : public Run_Folder {
         {
             const File_Descriptor out(
                 ::open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, ownFile));
-            if (!out.open() || !writeAll(out.number(), bytes) || ::fsync(out.number()) != 0) return reason();
+            if (!out.isOpen() || !writeAll(out, bytes) || ::fsync(out.number()) != 0) return reason();
         }
         if (::rename(fresh.c_str(), target.c_str()) != 0) return reason();
         return syncFolder(path_);
@@ -88,7 +62,7 @@ class Native_Folder final : public Run_Folder {
 
     [[nodiscard]] std::string append(std::string_view line) override {
         const std::string text = std::string(line) + "\n";
-        if (!writeAll(journal_.number(), text) || ::fsync(journal_.number()) != 0) return reason();
+        if (!writeAll(journal_, text) || ::fsync(journal_.number()) != 0) return reason();
         return {};
     }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "values/file_descriptor.h"
+
 #include <functional>
 #include <memory>
 #include <string>
@@ -9,27 +11,6 @@
 struct stat;
 
 namespace zorvane {
-
-/// A descriptor of an open file, or none.
-class File_Descriptor {
-  public:
-    File_Descriptor() = default;
-    explicit File_Descriptor(int number) : number_(number) {}
-    ~File_Descriptor() { close(); }
-    File_Descriptor(const File_Descriptor&) = delete;
-    File_Descriptor& operator=(const File_Descriptor&) = delete;
-    File_Descriptor(File_Descriptor&& other) noexcept : number_(other.release()) {}
-    File_Descriptor& operator=(File_Descriptor&& other) noexcept;
-
-    [[nodiscard]] int number() const noexcept { return number_; }
-    [[nodiscard]] bool isOpen() const noexcept { return number_ >= 0; }
-    void close() noexcept;
-
-  private:
-    int release() noexcept;
-
-    int number_ = -1;
-};
 
 /// A file that comes into its place as a whole or not at all. It is written beside its place, where nobody
 /// sees it, and put there by `finish`; what it replaces is whole until then and hands its permissions and

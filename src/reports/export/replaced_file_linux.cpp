@@ -84,13 +84,8 @@ bool giveAttributes(int from, int to) {
            });
 }
 
-void writeAll(int file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t count = ::write(file, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) fail(errno);
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
+void writeOrFail(const File_Descriptor& file, std::string_view bytes) {
+    if (!writeAll(file, bytes)) fail(errno);
 }
 
 /// Pipes and devices can't be asked to.
@@ -122,20 +117,6 @@ std::string contents(int file) {
 }
 
 } // namespace
-
-File_Descriptor& File_Descriptor::operator=(File_Descriptor&& other) noexcept {
-    if (this != &other) {
-        close();
-        number_ = other.release();
-    }
-    return *this;
-}
-
-int File_Descriptor::release() noexcept { return std::exchange(number_, -1); }
-
-void File_Descriptor::close() noexcept {
-    if (isOpen()) ::close(release());
-}
 
 Replaced_File::Replaced_File(const std::string& nativePath)
     : place_(endOfLinks(nativePath)), before_(std::make_unique<struct stat>()) {
@@ -211,7 +192,7 @@ bool Replaced_File::looksLikeOriginal(const File_Descriptor& file) const {
 
 void Replaced_File::write(std::string_view bytes) {
     if (beside_.isOpen())
-        writeAll(beside_.number(), bytes);
+        writeOrFail(beside_, bytes);
     else
         kept_ += bytes;
 }
@@ -250,7 +231,7 @@ void Replaced_File::writeInPlace() {
     const bool regular = madeInPlace_ || S_ISREG(before_->st_mode);
     const auto size = static_cast<off_t>(kept_.size());
     if (regular) claimRoom(file, before_->st_size, size);
-    writeAll(file, kept_);
+    writeOrFail(original_, kept_);
     if (regular && ::ftruncate(file, size) != 0) fail(errno);
     awaitDisk(file);
     madeInPlace_ = false;
