@@ -35,8 +35,8 @@ struct Entry_Outcome {
 
 /// Commits a user's entry in a cell of the model (`row` and `column` from 1) through the handlers of the
 /// lower grid. In a list cell the text is the entry's number, counted from 0. The length limit of the editor
-/// isn't applied: the text is committed whole. Messages go to the frame; the form tells whether the document
-/// is now marked.
+/// isn't applied: the text is committed whole. Messages go to the main form; its state tells whether the
+/// document is now marked.
 [[nodiscard]] Entry_Outcome enterValue(const Comm_Context& comm, std::int32_t field, std::int32_t row,
                                        std::int32_t column, const std::string& text);
 

@@ -24,13 +24,13 @@ inline const std::string defaultType = "KVRT";
 /// What came of the question about unsaved changes when a document was to be closed.
 enum class Leave_Outcome { NotAsked, Cancelled, Dropped, Saved, NotSaved };
 
-/// Members of the main form that only its own commands use.
 /// A file as a save left it, well or not; no bytes where it can't be read again.
 struct Written_File {
     std::string path;
     std::optional<std::string> bytes;
 };
 
+/// Members of the main form that only its own commands use.
 struct App_State {
     std::string Filter_Text;  ///< filter built by the Open command
     double Font_Size = 8.25;  ///< of both grids and the reports, in points

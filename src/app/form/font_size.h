@@ -15,7 +15,7 @@ void PRO_Indice_Font(const App_Context& app, std::int16_t& index);
 void PRO_Carga_Font(const App_Context& app);
 
 /// Puts `Font_Size` in force in both grids and the previews. The selected row of the upper grid moves on by
-/// three rows, from the last one to the first. Without a document both frames stay hidden. A failure of a
+/// three rows, from the last one to the first. Without a document both boxes stay hidden. A failure of a
 /// preview passes on at the end.
 void PRO_Aplica_Font(const App_Context& app);
 

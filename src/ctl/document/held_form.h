@@ -99,7 +99,7 @@ class Held_Form : public Main_Form {
     void wait_until(const std::function<bool()>& /*condition*/) override {}
     void wait_ms(std::int32_t /*milliseconds*/) override {}
 
-    std::function<void(Timer_Name)> onTimer; ///< one tick of a timer, for frames that have any; may be empty
+    std::function<void(Timer_Name)> onTimer; ///< one tick of a timer, for forms that have any; may be empty
 
     /// Every text that panel 4 was given, in order.
     [[nodiscard]] const std::vector<std::string>& messages() const noexcept { return messages_; }

@@ -13,7 +13,7 @@ struct Mouse_Place {
     double frameTop = 0;
     double twipsPerPixelX = 15;
     double twipsPerPixelY = 15;
-    double gridLeft = 0; ///< FLX_Settings inside the frame, twips
+    double gridLeft = 0; ///< FLX_Settings inside its box, twips
     double gridTop = 0;
     double gridWidth = 0;
 };

@@ -5,7 +5,7 @@
 
 namespace zorvane::ui {
 
-/// A frame whose caption stands in its upper line, so that what lies inside may begin right below it.
+/// A box whose caption stands in its upper line, so that what lies inside may begin right below it.
 class Caption_Box final : public QGroupBox {
   public:
     Caption_Box(const QString& name, const QString& caption, QWidget* parent);

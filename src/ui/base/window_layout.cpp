@@ -10,7 +10,7 @@ namespace zorvane::ui {
 namespace {
 
 constexpr double splitterMargin = 1000;      // twips
-constexpr double splitterOverhang = 50;      // twips that the bar is wider than a frame
+constexpr double splitterOverhang = 50;      // twips that the bar is wider than a box
 constexpr double panelReserve = 200;         // twips of the status bar that no panel takes
 constexpr std::size_t messagePanel = 3;      // its place among the panels, from 0
 constexpr double settingsTopAfterDrop = 300; // twips

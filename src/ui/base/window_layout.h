@@ -11,7 +11,7 @@ namespace zorvane::ui {
 inline constexpr std::size_t panelCount = 7;
 
 /// Where the parts of the main form stand. The form is laid out in pixels, with fractions kept so that many
-/// small steps don't drift; what lies inside a frame is laid out in twips of that frame.
+/// small steps don't drift; what lies inside a box is laid out in twips of that box.
 struct Window_Layout {
     Twips_Scale scale;
 
@@ -41,8 +41,8 @@ inline constexpr double designHeight = 6630;
 /// has the design size.
 [[nodiscard]] Window_Layout designLayout(Twips_Scale scale, double formWidth, double formHeight);
 
-/// The layout for a form of that size in twips: both frames take the change of width, the lower one takes the
-/// change of height, and the message panel what the others leave. A form too low for the lower frame keeps
+/// The layout for a form of that size in twips: both boxes take the change of width, the lower one takes the
+/// change of height, and the message panel what the others leave. A form too low for the lower box keeps
 /// the height of the last layout that fitted.
 [[nodiscard]] Window_Layout resized(Window_Layout layout, double formWidth, double formHeight);
 
@@ -50,7 +50,7 @@ inline constexpr double designHeight = 6630;
 /// top: no nearer than 1000 twips to the top of the form's inner area and to that of the status bar.
 [[nodiscard]] double splitterTop(const Window_Layout& layout, double mouseY, double statusTop);
 
-/// The bar was let go where it stands: the upper frame takes the change of height from the lower one.
+/// The bar was let go where it stands: the upper box takes the change of height from the lower one.
 [[nodiscard]] Window_Layout splitterReleased(Window_Layout layout);
 
 } // namespace zorvane::ui

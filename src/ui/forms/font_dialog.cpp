@@ -22,7 +22,7 @@ constexpr Twips_Rect fontTextPlace{390, 240, 800, 315};
 constexpr Twips_Rect listPlace{390, 570, 800, 1035};
 constexpr Twips_Rect fontOkPlace{1935, 120, 1400, 345};
 constexpr Twips_Rect fontCancelPlace{1935, 600, 1400, 345};
-constexpr Twips_Rect framePlace{1290, 1080, 1875, 615};
+constexpr Twips_Rect boxPlace{1290, 1080, 1875, 615};
 constexpr Twips_Rect samplePlace{540, 240, 795, 195};
 
 } // namespace
@@ -55,10 +55,10 @@ void Font_Dialog::addList() {
 }
 
 void Font_Dialog::addSample() {
-    auto* frame = new Caption_Box(QStringLiteral("Frame1"), {}, this);
-    placeAt(*frame, framePlace);
-    frame->setAccessibleName(QStringLiteral("Sample"));
-    sample_ = new QLabel(QStringLiteral("aAbBcCdD"), frame);
+    auto* box = new Caption_Box(QStringLiteral("Frame1"), {}, this);
+    placeAt(*box, boxPlace);
+    box->setAccessibleName(QStringLiteral("Sample"));
+    sample_ = new QLabel(QStringLiteral("aAbBcCdD"), box);
     put(*sample_, QStringLiteral("Label2"), samplePlace);
 }
 

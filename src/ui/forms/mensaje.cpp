@@ -24,17 +24,17 @@ Mensaje::Mensaje(bool animated, QWidget* parent)
       animated_(animated) {
     setWindowFlag(Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_ShowWithoutActivating);
-    auto* frame = new QGroupBox(this);
-    put(*frame, QStringLiteral("Frame1"), {60, 60, 6015, 855});
-    frame->setAccessibleName(QStringLiteral("Busy"));
-    auto* heading = new QLabel(QStringLiteral("Please wait"), frame);
+    auto* box = new QGroupBox(this);
+    put(*box, QStringLiteral("Frame1"), {60, 60, 6015, 855});
+    box->setAccessibleName(QStringLiteral("Busy"));
+    auto* heading = new QLabel(QStringLiteral("Please wait"), box);
     put(*heading, QStringLiteral("TXT_Mensaje"), {150, 120, 2640, 240});
     QFont bold = heading->font();
     bold.setBold(true);
     heading->setFont(bold);
-    label_ = new QLabel(startText(), frame);
+    label_ = new QLabel(startText(), box);
     put(*label_, QStringLiteral("Label1"), {150, 300, 5655, 495});
-    animation_ = new QProgressBar(frame);
+    animation_ = new QProgressBar(box);
     put(*animation_, QStringLiteral("Anima"), {150, 450, 1605, 285});
     animation_->setAccessibleName(QStringLiteral("Busy"));
     animation_->setRange(0, 0);

@@ -27,10 +27,10 @@ Porcentaje::Porcentaje(Porcentaje_Hooks hooks, QWidget* parent)
     : Fixed_Dialog(QStringLiteral("Porcentaje"), QStringLiteral("Zorvane"), progressFormWidth,
                    progressFormHeight, parent),
       hooks_(std::move(hooks)) {
-    auto* frame = new QGroupBox(this);
-    put(*frame, QStringLiteral("Frame1"), {0, 0, progressFormWidth, progressFormHeight});
-    frame->setAccessibleName(QStringLiteral("Progress"));
-    frame->setFlat(true);
+    auto* box = new QGroupBox(this);
+    put(*box, QStringLiteral("Frame1"), {0, 0, progressFormWidth, progressFormHeight});
+    box->setAccessibleName(QStringLiteral("Progress"));
+    box->setFlat(true);
     label_ = new QLabel(this);
     put(*label_, QStringLiteral("Label1"), progressLabelPlace);
     label_->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);

@@ -16,7 +16,7 @@ bool holdsOneLineOnly(const Bar_Room& room) { return room.gridHeight / shareOfGr
 QRect barPlace(const Bar_Room& room, int neededHeight) {
     const bool oneLine = holdsOneLineOnly(room);
     const int height = oneLine ? room.lineHeight : std::min(neededHeight, room.gridHeight / shareOfGrid);
-    const int wanted = oneLine ? room.frameBottom : room.cells.top() + room.cells.height();
+    const int wanted = oneLine ? room.boxBottom : room.cells.top() + room.cells.height();
     const int bottom = std::min(wanted, room.clientHeight);
     return {room.cells.left(), std::max(0, bottom - height), room.cells.width(), height};
 }

@@ -9,7 +9,7 @@ namespace zorvane::ui {
 struct Bar_Room {
     QRect cells;          ///< what the lower grid shows its cells in
     int gridHeight = 0;   ///< of the lower grid, as far as it is seen
-    int frameBottom = 0;  ///< below the last pixel of the lower frame
+    int boxBottom = 0;    ///< below the last pixel of the lower box
     int clientHeight = 0; ///< of the form's inner area
     int lineHeight = 0;   ///< of a line whose text isn't wrapped
 };
@@ -18,7 +18,7 @@ struct Bar_Room {
 [[nodiscard]] bool holdsOneLineOnly(const Bar_Room& room);
 
 /// The bar's place for a content that needs that height: over the lower edge of the cells and no higher than
-/// a third of the grid. Where that is too low it is one line over the lower border of the frame.
+/// a third of the grid. Where that is too low it is one line over the lower border of the box.
 [[nodiscard]] QRect barPlace(const Bar_Room& room, int neededHeight);
 
 /// Pixels at the lower end of the cells that a bar there covers.

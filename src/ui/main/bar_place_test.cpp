@@ -29,7 +29,7 @@ TEST(Bar_Place, is_one_line_over_the_border_of_a_frame_whose_grid_is_too_low) {
     Bar_Room low = usual;
     low.gridHeight = 89;
     low.cells = QRect(10, 160, 400, 54);
-    low.frameBottom = 236;
+    low.boxBottom = 236;
     EXPECT_TRUE(holdsOneLineOnly(low));
     EXPECT_EQ(barPlace(low, 60), QRect(10, 236 - 30, 400, 30));
     low.gridHeight = 90;

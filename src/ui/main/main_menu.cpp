@@ -12,15 +12,13 @@
 
 namespace zorvane::ui {
 
-/// An entry as designed: its name, "" for a separator; its caption; its keys with blanks between them, "" for
-/// none; whether it carries
-/// a check mark; the name of the menu inside which it stands, "" for the menu itself.
+/// An entry as designed.
 struct Menu_Line {
-    std::string_view name{};
+    std::string_view name{}; ///< "" for a separator
     std::string_view caption{};
-    std::string_view keys{};
+    std::string_view keys{}; ///< with blanks between them
     bool checkable = false;
-    std::string_view inside{};
+    std::string_view inside{}; ///< the name of the entry whose submenu it stands in, "" for the menu itself
 };
 
 namespace {

@@ -77,8 +77,8 @@ QWidget& Main_Window::Frame3() { return *frame3_; }
 
 QWidget& Main_Window::PicLineHoriz() { return *splitter_; }
 
-Flex_Grid_View& Main_Window::addGrid(QWidget& frame, const QString& name, const QString& words) {
-    auto* view = new Flex_Grid_View(&frame);
+Flex_Grid_View& Main_Window::addGrid(QWidget& box, const QString& name, const QString& words) {
+    auto* view = new Flex_Grid_View(&box);
     giveName(*view, name);
     view->setAccessibleName(words);
     return *view;

@@ -29,7 +29,7 @@ struct Main_Window_Events {
     std::function<void(bool enabled)> formEnabledSet; ///< the form takes input from now on, or doesn't
 };
 
-/// `KVRT_Principal`, the main form: menu, two frames with a grid each, the splitter between them, the status
+/// `KVRT_Principal`, the main form: menu, two boxes with a grid each, the splitter between them, the status
 /// bar. It lays itself out and knows nothing of documents.
 class Main_Window final : public QMainWindow {
   public:
@@ -73,7 +73,7 @@ class Main_Window final : public QMainWindow {
     bool focusNextPrevChild(bool next) override;
 
   private:
-    Flex_Grid_View& addGrid(QWidget& frame, const QString& name, const QString& words);
+    Flex_Grid_View& addGrid(QWidget& box, const QString& name, const QString& words);
     void setDesignSize();
     void addMessageBar();
     void applyLayout();

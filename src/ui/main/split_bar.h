@@ -7,7 +7,7 @@
 
 namespace zorvane::ui {
 
-/// The bar between the two frames. It lies behind them, and in front of them and white while it is dragged or
+/// The bar between the two boxes. It lies behind them, and in front of them and white while it is dragged or
 /// has the keyboard.
 class Split_Bar final : public QWidget {
   public:

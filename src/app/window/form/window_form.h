@@ -62,9 +62,6 @@ class Window_Form final : public Document_Form {
     [[nodiscard]] Window_Grids& grids() override { return grids_; }
     void setLostComShown(bool shown) override;
     void showFrmStatus(bool isUpload) override;
-    /// Opens the comparison of the document with a file, or with the controller where the path is empty.
-    /// Nothing while the menu's entry is disabled.
-    void compareWith(const std::string& path);
     void unloadFrmStatus() override;
     [[nodiscard]] Bar_Lines& messageBar() override { return bar_; }
     [[nodiscard]] std::string timeOfDay() const override;
@@ -72,7 +69,7 @@ class Window_Form final : public Document_Form {
     void wait_until(const std::function<bool()>& condition) override;
     void wait_ms(std::int32_t milliseconds) override;
 
-    /// The splitter is there when both frames are.
+    /// The splitter is there when both boxes are.
     void setPartVisible(Form_Part part, bool visible) override;
     void setPartEnabled(Form_Part part, bool enabled) override;
     void setMenuChecked(Menu_Entry entry, bool checked) override;
@@ -92,6 +89,10 @@ class Window_Form final : public Document_Form {
     void endProgram() override { endProgram(0); }
     void choose(const std::string& entry) override;
     [[nodiscard]] Window_Dialog& dialog() override { return dialog_; }
+
+    /// Opens the comparison of the document with a file, or with the controller where the path is empty.
+    /// Nothing while the menu's entry is disabled.
+    void compareWith(const std::string& path);
 
     /// Closes what waits for an answer, and from now on answers every question with Cancel, without a box.
     void endQuestions();
