@@ -69,7 +69,7 @@ void addExchange(CLI::App& app, Exchange_Options& exchange) {
     app.add_option("--exchange-registers", exchange.registers, "JSON file of its registers to set or add");
 }
 
-void addOptions(CLI::App& app, Options& options, Texts& texts) {
+void addRegisters(CLI::App& app, Options& options) {
     app.add_option("--template", options.templateFile, "Template whose registers the controller has")
         ->required();
     app.add_option("--config", options.configuration, "Configuration file whose values they hold");
@@ -78,6 +78,9 @@ void addOptions(CLI::App& app, Options& options, Texts& texts) {
     app.add_option("--slave", options.slave, "Slave number, 1 to 247")
         ->check(CLI::Range(1, 247))
         ->capture_default_str();
+}
+
+void addLine(CLI::App& app, Options& options, Texts& texts) {
     auto* const line =
         app.add_option_group("Line", "where clients find the controller: exactly one of these");
     line->add_option("--pty", options.ptyLink, "Link to make to a new pseudo-terminal");
@@ -97,6 +100,9 @@ void addOptions(CLI::App& app, Options& options, Texts& texts) {
         ->capture_default_str();
     app.add_option("--pace", texts.pace, "Let bytes pass as on a line of so many baud")
         ->check(CLI::Range(300, 921600));
+}
+
+void addBehaviour(CLI::App& app, Options& options, Texts& texts) {
     app.add_option("--turnaround", options.turnaroundMs,
                    "Ms from a request to its answer, on top of the line's silence")
         ->check(CLI::Range(0, 60000))
@@ -113,12 +119,23 @@ void addOptions(CLI::App& app, Options& options, Texts& texts) {
            "Text of function 43, type 14; 0 maker, 1 product, 2 revision; may be given more than once")
         ->check(objectComplaint, "NUMBER=TEXT")
         ->allow_extra_args(false);
+}
+
+void addStorage(CLI::App& app, Options& options) {
     app.add_option(
         "--storage", options.storage,
         "JSON file of what outlasts a power cut and this program; read at the start if it is there");
     app.add_option("--store-after", options.storeAfterMs, "Ms from a write until it outlasts a power cut")
         ->check(CLI::Range(0, 3'600'000))
         ->capture_default_str();
+}
+
+/// In the order in which the help lists them.
+void addOptions(CLI::App& app, Options& options, Texts& texts) {
+    addRegisters(app, options);
+    addLine(app, options, texts);
+    addBehaviour(app, options, texts);
+    addStorage(app, options);
     addExchange(app, options.exchange);
     app.add_option("--log", options.log, "File for a line of JSON per frame; - is standard output");
     app.footer(faultHelp() + "\n" + quirkHelp());
