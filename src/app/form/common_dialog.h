@@ -5,7 +5,7 @@
 
 namespace zorvane::app {
 
-/// Bits of `File_Dialog::Flags`.
+/// Bits of `CommonDialog::Flags`.
 enum Dialog_Flag : int {
     Dialog_ReadOnly = 1, ///< after `ShowOpen`: the user ticked the read-only box
     Dialog_HideReadOnly = 4,

@@ -5,10 +5,11 @@
 
 namespace zorvane::app {
 
-// One function for each part of the menu: it gives every entry its command. An entry whose feature isn't
-// there yet is disabled. The rest of the menu is in `desktop_menus.h`.
+// One function for each part of the menu: it gives the entries their commands. "View", "Windows" and "Help"
+// are connected by `desktop_menus.h`, reports by `report_windows.h`, and what opens windows of its own by its
+// room.
 
-void connectDocumentCommands(const Menu_Context& menu);      ///< "File" without its reports; a file dropped
-void connectCommunicationCommands(const Menu_Context& menu); ///< "Communication"
+void connectDocumentCommands(const Menu_Context& menu);      ///< files; one that was dropped
+void connectCommunicationCommands(const Menu_Context& menu); ///< transfers, port, monitor
 
 } // namespace zorvane::app

@@ -8,9 +8,10 @@ namespace zorvane {
 
 /// One record of a transfer's failures or of its log.
 struct Info_Rec_Errors {
-    std::string
-        Start_Address; ///< upload: first address of the block; download: the request's line; log: line 2
-    std::string End_Address; ///< upload: last address of the block; download: the answer's line; log: line 1
+    /// Upload: first address of the block. Download: the request's line. Log: line 2.
+    std::string Start_Address;
+    /// Upload: last address of the block. Download: the answer's line. Log: line 1.
+    std::string End_Address;
     std::string Function_Text; ///< "FC 3" or "FC-6"; empty in the log
     std::string Register;      ///< download: the cell's address
     std::string Value;         ///< download: the cell's value

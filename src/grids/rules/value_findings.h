@@ -25,9 +25,8 @@ struct Stray_Value {
 };
 
 /// The values that their cells don't take, in the order of the cells: numbers and times of modifiable columns
-/// outside their limits,
-/// codes without an entry in the list of their cell, and what the file last read had of unlisted texts. No
-/// value at all is none of them.
+/// outside their limits, codes without an entry in the list of their cell, and what the file last read had of
+/// unlisted texts. No value at all is none of them.
 [[nodiscard]] std::vector<Stray_Value> strayValues(const Declara_Zorvane& document);
 
 /// Whether a configuration file can't hold a text: its items end at a comma, its lines at a ";".
