@@ -17,7 +17,7 @@ sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "../
 from driver.desktop import Desktop
 from driver.waiting import expect, wait_for
 from driver.zorvane import Zorvane
-from scenarios import port, transfer
+from scenarios import compare, files, history, port, sending, transfer, values
 
 FOLDER = "/usr/lib/zorvane"
 
@@ -81,7 +81,10 @@ def opens_the_help_file(program):
 SCENARIOS = (has_the_name_of_its_menu_entry, finds_the_administrator_s_model,
              keeps_settings_and_documents_with_the_user, opens_the_help_file,
              port.the_simulated_controller_needs_no_other_program,
-             transfer.upload_brings_the_controller_s_values, transfer.download_writes_what_a_dry_run_says)
+             transfer.upload_brings_the_controller_s_values, transfer.download_writes_what_a_dry_run_says,
+             history.a_typed_value_comes_back_by_keyboard_alone, compare.a_document_is_compared_with_the_factory_values,
+             sending.changes_are_sent_and_read_back, values.values_are_exported_by_keyboard_alone,
+             files.a_file_is_handed_to_the_running_window, files.a_file_handed_to_nobody_starts_a_window)
 
 
 def main():
