@@ -433,7 +433,7 @@ def main():
     day = Day(chosen.pictures)
     programs = os.path.abspath(chosen.programs)
     with Desktop() as desktop:
-        desktop.environment["QT_SCALE_FACTOR"] = chosen.scale
+        desktop.enlarge(chosen.scale)
         if chosen.dark:
             desktop.darken()
         Window_Day(day, desktop, programs, chosen.watch).live()

@@ -45,6 +45,28 @@ void Focus_Style::polish(QPalette& palette) {
         makeReadable(palette, group, {QPalette::PlaceholderText, QPalette::Text, QPalette::Base});
 }
 
+/// Whether Qt's own style draws on a dark ground.
+bool Focus_Style::framesAreDark(const QPalette& palette) const {
+    constexpr int half = 128;
+    return baseStyle()->name().compare(QLatin1String("fusion"), Qt::CaseInsensitive) == 0 &&
+           palette.color(QPalette::Active, QPalette::Base).lightness() < half;
+}
+
+void Focus_Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                const QWidget* widget) const {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element != PE_IndicatorCheckBox && element != PE_IndicatorItemViewItemCheck) return;
+    if (!framesAreDark(option->palette)) return;
+    const double part = option->state.testFlag(State_Enabled) ? faintPart : faintPart / 2;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    painter->setBrush(Qt::NoBrush);
+    painter->setPen(mixed(option->palette.color(QPalette::Active, QPalette::Text), part,
+                          option->palette.color(QPalette::Active, QPalette::Base)));
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
+}
+
 void Focus_Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                               const QWidget* widget) const {
     QProxyStyle::drawControl(element, option, painter, widget);

@@ -2,6 +2,10 @@
 #include "ui/base/contrast.h"
 #include "ui/base/focus_style.h"
 
+#include <QImage>
+#include <QPainter>
+#include <QStyleOption>
+
 #include <gtest/gtest.h>
 
 namespace zorvane::ui {
@@ -44,6 +48,28 @@ TEST(FocusStyle, ColoursThatCanBeReadStay) {
     static_cast<QStyle&>(style).polish(palette);
     EXPECT_EQ(palette.color(QPalette::Disabled, QPalette::Text), QColor(120, 120, 120));
     EXPECT_EQ(palette.color(QPalette::Active, QPalette::PlaceholderText), QColor(0, 0, 0, 128));
+}
+
+/// A box without a tick as it is drawn, on the ground of a table.
+QImage paintedBox(const QPalette& palette) {
+    QStyleOptionButton option;
+    option.rect = QRect(0, 0, 16, 16);
+    option.palette = palette;
+    option.state = QStyle::State_Enabled | QStyle::State_Active | QStyle::State_Off;
+    QImage picture(option.rect.size(), QImage::Format_RGB32);
+    picture.fill(palette.color(QPalette::Base));
+    QPainter painter(&picture);
+    Focus_Style(QStringLiteral("Fusion"))
+        .drawPrimitive(QStyle::PE_IndicatorCheckBox, &option, &painter, nullptr);
+    return picture;
+}
+
+TEST(FocusStyle, ABoxWithoutATickHasAFrameInTheDark) {
+    const QImage picture = paintedBox(darkDesktop());
+    const QColor frame(137, 139, 141);
+    for (const auto& [x, y] : {std::pair(8, 0), std::pair(0, 8), std::pair(8, 15), std::pair(15, 8)})
+        EXPECT_EQ(picture.pixelColor(x, y), frame) << x << ", " << y;
+    EXPECT_NE(paintedBox(QPalette(QColor(239, 239, 239))).pixelColor(8, 0), frame);
 }
 
 } // namespace

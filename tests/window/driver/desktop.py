@@ -20,6 +20,11 @@ FOREIGN = ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_", "QT_", "GTK_", "XDG_", "AT_SPI
 ENDING_S = 10
 PR_SET_PDEATHSIG = 1
 
+# The grounds of KDE's Breeze Dark: those of fields and tables, windows and buttons differ.
+DARK_GROUNDS = {"View": ("27,30,32", "35,38,41"), "Window": ("42,46,50", "49,54,59"), "Button": ("49,54,59", "42,46,50"),
+                "Tooltip": ("49,54,59", "42,46,50"), "Selection": ("61,174,233", "61,174,233")}
+DARK_TEXT = "252,252,252"
+
 # No panel and no menu: nothing but frames round windows, and the usual key that closes one.
 WINDOW_MANAGER_SETTINGS = """<?xml version="1.0"?>
 <JWM>
@@ -161,13 +166,16 @@ class Desktop:
         wait_for("the window manager",
                  lambda: subprocess.run(ask, env=self.environment, capture_output=True, timeout=60).returncode == 0)
 
+    def enlarge(self, factor):
+        """Each pixel of a program becomes `factor` pixels of the screen, 1.5 too; to be called before it starts."""
+        self.environment["QT_SCALE_FACTOR"] = str(factor)
+
     def darken(self):
         """Dark colours, as Plasma tells programs of them; to be called before the program starts."""
-        colours = "BackgroundNormal=35,38,41\nBackgroundAlternate=49,54,59\nForegroundNormal=239,240,241\n"
         with open(self.path("config", "kdeglobals"), "w", encoding="ascii") as settings:
-            for part in ("Window", "View", "Button", "Tooltip"):
-                settings.write(f"[Colors:{part}]\n{colours}")
-            settings.write("[Colors:Selection]\nBackgroundNormal=61,174,233\nForegroundNormal=239,240,241\n")
+            for part, (ground, alternate) in DARK_GROUNDS.items():
+                settings.write(f"[Colors:{part}]\nBackgroundNormal={ground}\nBackgroundAlternate={alternate}\n"
+                               f"ForegroundNormal={DARK_TEXT}\n")
         self.environment.update(XDG_CURRENT_DESKTOP="KDE", KDE_FULL_SESSION="true", KDE_SESSION_VERSION="5")
 
     def use_icewm(self):
