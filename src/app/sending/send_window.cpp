@@ -1,28 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "app/sending/send_window.h"
 
+#include "app/sending/send_table.h"
 #include "commission/desk/desk_words.h"
 #include "ui/base/text.h"
 #include "ui/base/twips_scale.h"
 
 #include <QAccessible>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QTableWidget>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <array>
 
 namespace zorvane::app {
 
-using commission::Desk_Row;
 using commission::Desk_Stage;
 using commission::Desk_State;
 using commission::Desk_Task;
@@ -32,8 +29,6 @@ namespace {
 constexpr double windowWidth = 13500; // twips
 constexpr double windowHeight = 8400;
 constexpr int evidenceLines = 3;
-
-enum Column { State, Page, Setting, Heading, Present, Wanted, Read_Back, Note, Column_Count };
 
 QString shown(const std::string& utf8) { return QString::fromStdString(utf8); }
 
@@ -106,25 +101,8 @@ void Send_Window::addQuestion() {
 }
 
 void Send_Window::addTable() {
-    table_ = new QTableWidget(0, Column_Count, this);
-    ui::giveName(*table_, QStringLiteral("LST_Values"));
-    table_->setAccessibleName(QStringLiteral("Values"));
-    table_->verticalHeader()->hide();
-    table_->horizontalHeader()->setStretchLastSection(true);
-    table_->horizontalHeader()->setHighlightSections(false);
-    table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setTabKeyNavigation(false);
-    table_->setWordWrap(false);
-    table_->installEventFilter(this);
-    connect(table_, &QTableWidget::itemChanged, this, [this](QTableWidgetItem* item) {
-        if (filling_ || item->column() != State) return;
-        const auto row = static_cast<std::size_t>(item->row());
-        const bool ticked = item->checkState() == Qt::Checked;
-        press([this, row, ticked] { desk_.tick(row, ticked); });
-    });
+    table_ = new Send_Table(this);
+    table_->ticked = [this](std::size_t row, bool on) { press([this, row, on] { desk_.tick(row, on); }); };
     auto& column = static_cast<QVBoxLayout&>(*layout());
     column.addWidget(table_, 1);
     sum_ = &addLabel(column, *this, "LBL_Sum");
@@ -209,74 +187,11 @@ void Send_Window::showQuestion() {
     goOn_->setEnabled(!asksModel || !model_->text().trimmed().isEmpty());
 }
 
-void Send_Window::setCell(int row, int column, const QString& text) {
-    if (QTableWidgetItem* item = table_->item(row, column)) {
-        if (item->text() != text) item->setText(text);
-        return;
-    }
-    auto* item = new QTableWidgetItem(text);
-    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-    table_->setItem(row, column, item);
-}
-
-/// A tick before the values go out; after it a sign and a word.
-void Send_Window::setState(int row, const Desk_Row& shownRow) {
-    const bool ticks = desk_.state().task == Desk_Task::Send && !shownRow.state && shownRow.tickable;
-    QString text;
-    if (shownRow.state)
-        text = shown(std::string(commission::stateMark(*shownRow.state)) + " " +
-                     commission::stateName(*shownRow.state));
-    else if (!shownRow.tickable)
-        text = QStringLiteral("can't be sent");
-    else if (!ticks)
-        text = QStringLiteral("goes out");
-    setCell(row, State, text);
-    QTableWidgetItem& item = *table_->item(row, State);
-    if (ticks) {
-        const Qt::CheckState wanted = shownRow.ticked ? Qt::Checked : Qt::Unchecked;
-        item.setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
-        if (item.checkState() != wanted || item.data(Qt::CheckStateRole).isNull()) item.setCheckState(wanted);
-    } else if (!item.data(Qt::CheckStateRole).isNull()) {
-        item.setData(Qt::CheckStateRole, {});
-        item.setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-    }
-}
-
 void Send_Window::showRows() {
     const Desk_State& state = desk_.state();
-    const bool ended = state.stage == Desk_Stage::Ended;
-    filling_ = true;
-    static constexpr std::array<const char*, Column_Count> before = {
-        "Send", "Page", "Setting", "Column", "Controller has", "Document has", "Read back", "Note"};
-    for (int column = 0; column < Column_Count; ++column)
-        table_->setHorizontalHeaderItem(
-            column, new QTableWidgetItem(QString::fromLatin1(before[static_cast<std::size_t>(column)])));
-    if (ended || state.task == Desk_Task::Resume)
-        table_->horizontalHeaderItem(State)->setText(QStringLiteral("State"));
-    if (ended) table_->horizontalHeaderItem(Present)->setText(QStringLiteral("Before"));
-    if (state.task == Desk_Task::Restore)
-        table_->horizontalHeaderItem(Wanted)->setText(QStringLiteral("Is put back"));
-    table_->setColumnHidden(Read_Back, !ended);
     const bool other =
         table_->rowCount() != static_cast<int>(state.rows.size()) || shownStage_ != state.stage;
-    table_->setRowCount(static_cast<int>(state.rows.size()));
-    for (std::size_t i = 0; i < state.rows.size(); ++i) {
-        const Desk_Row& row = state.rows[i];
-        const int at = static_cast<int>(i);
-        setState(at, row);
-        setCell(at, Page, ui::fromCore(row.page));
-        setCell(at, Setting, ui::fromCore(row.name));
-        setCell(at, Heading, ui::fromCore(row.heading));
-        setCell(at, Present, ui::fromCore(row.present));
-        setCell(at, Wanted, ui::fromCore(row.wanted));
-        setCell(at, Read_Back, ui::fromCore(row.readBack));
-        setCell(at, Note, ui::fromCore(row.note));
-    }
-    if (other) table_->resizeColumnsToContents();
-    if (other && !state.rows.empty() && table_->currentRow() < 0) table_->setCurrentCell(0, State);
-    const bool shows = state.stage == Desk_Stage::Ready || state.stage == Desk_Stage::Sending || ended;
-    table_->setEnabled(shows);
-    filling_ = false;
+    table_->showRows(state, other);
     sum_->setText(shown(commission::sumLine(state)));
 }
 
@@ -346,12 +261,6 @@ void Send_Window::goOn() {
     });
 }
 
-void Send_Window::toggleCurrent() {
-    QTableWidgetItem* item = table_->currentRow() < 0 ? nullptr : table_->item(table_->currentRow(), State);
-    if (item == nullptr || !item->flags().testFlag(Qt::ItemIsUserCheckable)) return;
-    item->setCheckState(item->checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked);
-}
-
 void Send_Window::reject() {
     if (!desk_.atWork()) return QDialog::reject();
     closesAfter_ = desk_.state().stage != Desk_Stage::Sending;
@@ -361,10 +270,6 @@ void Send_Window::reject() {
 bool Send_Window::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QDialog::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();
-    if (watched == table_ && key == Qt::Key_Space) {
-        toggleCurrent();
-        return true;
-    }
     if (watched == model_ && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
         if (goOn_->isEnabled()) goOn();
         return true;

@@ -13,9 +13,10 @@ class QLineEdit;
 class QListWidget;
 class QProgressBar;
 class QPushButton;
-class QTableWidget;
 
 namespace zorvane::app {
+
+class Send_Table;
 
 /// What the window of a send asks of the program.
 struct Send_Window_Hooks {
@@ -50,9 +51,6 @@ class Send_Window final : public QDialog {
     void showButtons();
     void showProgress();
     void settleFocus();
-    void setCell(int row, int column, const QString& text);
-    void setState(int row, const commission::Desk_Row& shown);
-    void toggleCurrent();
     void goOn();
     void press(const std::function<void()>& handler);
 
@@ -65,7 +63,7 @@ class Send_Window final : public QDialog {
     QLabel* modelWords_ = nullptr;
     QLineEdit* model_ = nullptr;
     QPushButton* goOn_ = nullptr;
-    QTableWidget* table_ = nullptr;
+    Send_Table* table_ = nullptr;
     QLabel* sum_ = nullptr;
     QProgressBar* progress_ = nullptr;
     QPushButton* all_ = nullptr;
@@ -77,7 +75,6 @@ class Send_Window final : public QDialog {
     QPushButton* act_ = nullptr;
     QPushButton* close_ = nullptr;
     std::optional<commission::Desk_Stage> shownStage_;
-    bool filling_ = false;
     bool closesAfter_ = false;
 };
 

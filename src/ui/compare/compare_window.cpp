@@ -4,12 +4,11 @@
 #include "compare/comparison_words.h"
 #include "ui/base/text.h"
 #include "ui/base/twips_scale.h"
+#include "ui/compare/comparison_table.h"
 #include "ui/compare/side_bar.h"
 
-#include <QAction>
 #include <QCheckBox>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,10 +16,8 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalBlocker>
-#include <QTableView>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <utility>
 
 namespace zorvane::ui {
@@ -29,23 +26,14 @@ namespace {
 
 constexpr double compareWidth = 14400; // twips
 constexpr double compareHeight = 8400;
-constexpr double widestPart = 0.95;                             // of the screen
-constexpr std::array compareColumns = {20, 26, 22, 22, 20, 12}; // in characters
-constexpr std::array threeSidesColumns = {16, 22, 16, 16, 16, 16, 16, 10};
+constexpr double widestPart = 0.95; // of the screen
+constexpr int rowLines = 2;         // of text for the whole row
 
 QLabel* namedLabel(const char* name, QWidget* parent) {
     auto* label = new QLabel(parent);
     giveName(*label, QString::fromLatin1(name));
     label->setTextFormat(Qt::PlainText);
     return label;
-}
-
-void addKeys(QTableView& table, const QList<QKeySequence>& keys, const std::function<void()>& pressed) {
-    auto* action = new QAction(&table);
-    action->setShortcuts(keys);
-    action->setShortcutContext(Qt::WidgetShortcut);
-    QObject::connect(action, &QAction::triggered, &table, pressed);
-    table.addAction(action);
 }
 
 } // namespace
@@ -61,6 +49,8 @@ Compare_Window::Compare_Window(QWidget* parent) : QDialog(parent) {
     layout->addWidget(makeFilterLine());
     makeTable();
     layout->addWidget(table_, 1);
+    makeRowLine();
+    layout->addWidget(row_);
     layout->addWidget(makeStateLine());
     note_ = namedLabel("LBL_Note", this);
     note_->setWordWrap(true);
@@ -96,12 +86,18 @@ QWidget* Compare_Window::makeSides() {
 }
 
 QWidget* Compare_Window::makeMiddle() {
-    middle_ = new QCheckBox(QStringLiteral("Three sides, with the docu&ment in the middle"), this);
+    auto* row = new QWidget(this);
+    auto* layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    middle_ = new QCheckBox(QStringLiteral("Three sides, with the docu&ment in the middle"), row);
     giveName(*middle_, QStringLiteral("CHK_Middle"));
     connect(middle_, &QCheckBox::toggled, this, [this](bool on) {
         if (events.middleChosen) events.middleChosen(on);
     });
-    return middle_;
+    layout->addWidget(middle_);
+    layout->addStretch(1);
+    read_ = &addButton(*row, "BOT_Read", QStringLiteral("&Read controller"), &Compare_Events::readController);
+    return row;
 }
 
 QWidget* Compare_Window::makeFilterLine() {
@@ -118,6 +114,7 @@ QWidget* Compare_Window::makeFilterLine() {
         QStringLiteral("is:differs is:missing is:readonly reg:100-120 page:name text"));
     label->setBuddy(filter_);
     filterFault_ = namedLabel("LBL_Filter_Fault", row);
+    filterFault_->setWordWrap(true);
     filterFault_->hide();
     all_ = new QCheckBox(QStringLiteral("&Also what is equal"), row);
     giveName(*all_, QStringLiteral("CHK_All"));
@@ -135,45 +132,17 @@ QWidget* Compare_Window::makeFilterLine() {
 }
 
 void Compare_Window::makeTable() {
-    table_ = new QTableView(this);
-    giveName(*table_, QStringLiteral("TBL_Comparison"));
-    table_->setAccessibleName(QStringLiteral("Compared values"));
-    table_->setModel(&model_);
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setTabKeyNavigation(false);
-    table_->setWordWrap(false);
-    table_->setAlternatingRowColors(true);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + 6);
-    table_->horizontalHeader()->setStretchLastSection(true);
-    table_->horizontalHeader()->setHighlightSections(false);
-    table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    setWidths();
+    table_ = new Comparison_Table(model_, this);
     connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] { showState(); });
     connect(&model_, &QAbstractItemModel::modelReset, this, [this] { showState(); });
-    table_->installEventFilter(this);
-    addTableKeys();
 }
 
-void Compare_Window::setWidths() {
-    const int character = table_->fontMetrics().averageCharWidth();
-    const auto set = [&](const auto& widths) {
-        for (std::size_t i = 0; i < widths.size(); ++i)
-            table_->setColumnWidth(static_cast<int>(i), widths[i] * character + 12);
-    };
-    if (model_.rows().threeSides())
-        set(threeSidesColumns);
-    else
-        set(compareColumns);
-}
-
-void Compare_Window::addTableKeys() {
-    addKeys(*table_, {QKeySequence(Qt::Key_F8), QKeySequence(Qt::ALT | Qt::Key_Down)}, [this] { next(); });
-    addKeys(*table_, {QKeySequence(Qt::SHIFT | Qt::Key_F8), QKeySequence(Qt::ALT | Qt::Key_Up)},
-            [this] { previous(); });
+/// The whole of the row that has the keyboard, since a cell may be too narrow for its text.
+void Compare_Window::makeRowLine() {
+    row_ = namedLabel("LBL_Row", this);
+    row_->setWordWrap(true);
+    row_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    row_->setMinimumHeight(rowLines * row_->fontMetrics().lineSpacing());
 }
 
 QWidget* Compare_Window::makeStateLine() {
@@ -193,8 +162,8 @@ QWidget* Compare_Window::makeStateLine() {
     previous_ = &addButton(*row, "BOT_Previous", QStringLiteral("Pre&vious"), nullptr);
     next_ = &addButton(*row, "BOT_Next", QStringLiteral("&Next"), nullptr);
     tick_ = &addButton(*row, "BOT_Tick", QStringLiteral("Tic&k differences"), nullptr);
-    connect(previous_, &QPushButton::clicked, this, [this] { previous(); });
-    connect(next_, &QPushButton::clicked, this, [this] { next(); });
+    connect(previous_, &QPushButton::clicked, this, [this] { table_->previous(); });
+    connect(next_, &QPushButton::clicked, this, [this] { table_->next(); });
     connect(tick_, &QPushButton::clicked, this, [this] {
         if (model_.rows().tickedRows().empty())
             model_.tickDifferences();
@@ -221,7 +190,6 @@ QWidget* Compare_Window::makeButtons() {
     auto* row = new QWidget(this);
     auto* layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    read_ = &addButton(*row, "BOT_Read", QStringLiteral("&Read controller"), &Compare_Events::readController);
     layout->addStretch(1);
     takeLeft_ =
         &addButton(*row, "BOT_Take_Left", QStringLiteral("Take left si&de"), &Compare_Events::takeLeft);
@@ -264,7 +232,7 @@ void Compare_Window::setRows(compare::Row_List rows) {
     compared_ = true;
     const bool others = rows.threeSides() != model_.rows().threeSides();
     model_.setRows(std::move(rows), compare::Filter(toCore(filterInForce_)), all_->isChecked());
-    if (others) setWidths();
+    if (others) table_->fitColumns();
     const QString counts = fromCore(compare::countsText(model_.rows().comparison().counts));
     const QString left = fromCore(compare::countsText(model_.rows().leftComparison().counts));
     counts_->setText(model_.rows().threeSides() ? QStringLiteral("Left: %1.\nRight: %2.").arg(left, counts)
@@ -276,7 +244,7 @@ void Compare_Window::setNothing(const QString& why) {
     compared_ = false;
     const bool others = model_.rows().threeSides();
     model_.setRows({}, {}, false);
-    if (others) setWidths();
+    if (others) table_->fitColumns();
     counts_->setText(why);
     showState();
 }
@@ -329,39 +297,13 @@ void Compare_Window::applyFilter() {
     if (compared_) model_.list(compare::Filter(words), all_->isChecked());
 }
 
-std::optional<std::size_t> Compare_Window::current() const {
-    const QModelIndex index = table_->currentIndex();
-    if (!index.isValid()) return std::nullopt;
-    return static_cast<std::size_t>(index.row());
-}
-
-void Compare_Window::goTo(std::optional<std::size_t> place) {
-    if (!place) return;
-    constexpr int settingSection = 1;
-    const QModelIndex index = model_.index(static_cast<int>(*place), settingSection);
-    table_->setCurrentIndex(index);
-    table_->scrollTo(index);
-}
-
-void Compare_Window::next() { goTo(model_.rows().nextDifference(current())); }
-
-void Compare_Window::previous() { goTo(model_.rows().previousDifference(current())); }
-
-/// The selected rows get the tick that the current one hasn't.
-void Compare_Window::toggleTicks() {
-    const auto row = current();
-    if (!row) return;
-    const bool on = !model_.rows().ticked(*row);
-    const QModelIndexList selected = table_->selectionModel()->selectedRows();
-    for (const QModelIndex& index : selected)
-        model_.setTicked(index.row(), on);
-    if (selected.isEmpty()) model_.setTicked(static_cast<int>(*row), on);
-}
-
 void Compare_Window::showState() {
     if (position_ == nullptr || export_ == nullptr) return; // still being made
-    position_->setText(compared_ && !reading_ ? fromCore(model_.rows().differenceText(current()))
-                                              : QString());
+    const auto row = table_->current();
+    const bool whole = row && !reading_;
+    row_->setText(whole ? model_.rowText(static_cast<int>(*row)) : QString());
+    row_->setVisible(whole);
+    position_->setText(compared_ && !reading_ ? fromCore(model_.rows().differenceText(row)) : QString());
     showAbilities();
 }
 
@@ -400,16 +342,6 @@ void Compare_Window::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QDialog::keyPressEvent(event);
-}
-
-bool Compare_Window::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == table_ && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space &&
-        static_cast<QKeyEvent*>(event)->modifiers() == Qt::NoModifier) {
-        toggleTicks();
-        return true;
-    }
-    return QDialog::eventFilter(watched, event);
 }
 
 } // namespace zorvane::ui

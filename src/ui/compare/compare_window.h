@@ -16,10 +16,10 @@ class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QPushButton;
-class QTableView;
 
 namespace zorvane::ui {
 
+class Comparison_Table;
 class Side_Bar;
 
 /// What somebody does in the window of a comparison. Sides are 0 (left) and 1. Each may be empty.
@@ -71,27 +71,20 @@ class Compare_Window final : public QDialog {
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     QWidget* makeSides();
     QWidget* makeMiddle();
     QWidget* makeFilterLine();
-    void setWidths();
+    void makeRowLine();
     void makeTable();
-    void addTableKeys();
     QWidget* makeStateLine();
     QWidget* makeButtons();
     QPushButton& addButton(QWidget& row, const char* name, const QString& text,
                            std::function<void()> Compare_Events::*event);
     void applyFilter();
-    void goTo(std::optional<std::size_t> place);
-    void next();
-    void previous();
-    void toggleTicks();
     void showState();
     void showAbilities();
-    [[nodiscard]] std::optional<std::size_t> current() const;
 
     std::array<Side_Bar*, 2> sides_{};
     QLineEdit* filter_ = nullptr;
@@ -99,7 +92,8 @@ class Compare_Window final : public QDialog {
     QCheckBox* all_ = nullptr;
     QCheckBox* middle_ = nullptr;
     Comparison_Model model_;
-    QTableView* table_ = nullptr;
+    Comparison_Table* table_ = nullptr;
+    QLabel* row_ = nullptr;
     QLabel* counts_ = nullptr;
     QLabel* position_ = nullptr;
     QLabel* note_ = nullptr;

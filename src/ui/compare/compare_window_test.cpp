@@ -7,6 +7,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -100,6 +101,33 @@ TEST_F(CompareWindow, F8AndAltDownGoToTheNextDifference) {
     EXPECT_EQ(label("LBL_Position"), "3 of 3");
     key(Qt::Key_Up, Qt::AltModifier);
     EXPECT_EQ(label("LBL_Position"), "2 of 3");
+}
+
+TEST_F(CompareWindow, TellsAllOfTheRowWithTheKeyboard) {
+    EXPECT_EQ(
+        label("LBL_Row"),
+        "Page: Outputs; Setting: 1, Value; Left: 1:30; Right: 2:00 \xC2\xB5s; Sign: \xE2\x89\xA0 differs; "
+        "Register: 100");
+    key(Qt::Key_Down);
+    EXPECT_EQ(label("LBL_Row"), "Page: Outputs; Setting: 3, Value; Left: 1:30; Right: 2:00 \xC2\xB5s; "
+                                "Sign: ! on one side only; Register: 102");
+    window.setReading(std::pair(0, 1));
+    EXPECT_EQ(label("LBL_Row"), "");
+}
+
+TEST_F(CompareWindow, AllColumnsAreInsideASmallWindow) {
+    for (const bool three : {false, true}) {
+        Compare_Window small(nullptr);
+        small.resize(600, 480);
+        if (three)
+            small.setRows(
+                Row_List(rowsWith({Sign::Equal}).comparison(), rowsWith({Sign::Differs}).comparison()));
+        small.show();
+        QApplication::processEvents();
+        EXPECT_EQ(small.width(), 600) << "its parts need more";
+        const auto& shown = *small.findChild<QTableView*>("TBL_Comparison");
+        EXPECT_LE(shown.horizontalHeader()->length(), shown.viewport()->width()) << three;
+    }
 }
 
 TEST_F(CompareWindow, TheKeysOfTheTableDoNothingElsewhere) {

@@ -133,6 +133,16 @@ void Comparison_Model::setTicked(int row, bool on) {
     tellTicks();
 }
 
+QString Comparison_Model::rowText(int row) const {
+    QStringList parts;
+    for (int section = 0; section < columnCount(); ++section) {
+        const QString text = cellText(rows_, static_cast<std::size_t>(row), column(section));
+        if (!text.isEmpty())
+            parts << headingOf(column(section), rows_.threeSides()) + QStringLiteral(": ") + text;
+    }
+    return parts.join(QStringLiteral("; "));
+}
+
 int Comparison_Model::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }

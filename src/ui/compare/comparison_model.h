@@ -28,6 +28,9 @@ class Comparison_Model final : public QAbstractTableModel {
     /// What a section of the table shows, from left to right.
     [[nodiscard]] Comparison_Column column(int section) const;
 
+    /// All that a row shows: "Page: Outputs; Setting: 2, Value; Left: 1:30; Right: 2:00; Sign: = equal".
+    [[nodiscard]] QString rowText(int row) const;
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;

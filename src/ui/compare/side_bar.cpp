@@ -3,17 +3,19 @@
 
 #include "ui/base/text.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 namespace zorvane::ui {
 
 namespace {
 
-constexpr int listCharacters = 22;
+constexpr int listCharacters = 12; // on the smallest screen; long entries show whole in the open list
 
 } // namespace
 
@@ -56,6 +58,8 @@ void Side_Bar::setEntries(const QStringList& entries, int current) {
     list_->clear();
     list_->addItems(entries);
     list_->setCurrentIndex(current);
+    QAbstractItemView& open = *list_->view();
+    open.setMinimumWidth(open.sizeHintForColumn(0) + open.verticalScrollBar()->sizeHint().width());
 }
 
 void Side_Bar::tell(bool needsFile, const QString& name) {

@@ -96,3 +96,26 @@ def shared_keys(window):
         for key in {key for _, _, key in actions if key.startswith("Alt+")}:
             owners.setdefault(key, []).append(part.name)
     return {key: names for key, names in owners.items() if len(names) > 1}
+
+
+def outside(window, width, height):
+    """The parts of a window that reach over its edge or over that of a screen of this size, a line each."""
+    left, top, right, bottom = _edges(window)
+    edges = max(left, 0), max(top, 0), min(right, width), min(bottom, height)
+    faults = []
+    for part in window.walk():
+        try:
+            if not part.is_shown or part.role in ITEMS:
+                continue
+            inside = _edges(part)
+            name = repr(part)
+        except Vanished:
+            continue
+        if inside[0] < edges[0] or inside[1] < edges[1] or inside[2] > edges[2] or inside[3] > edges[3]:
+            faults.append(f"{name} is at {inside}, and there is room in {edges}")
+    return faults
+
+
+def _edges(part):
+    left, top, width, height = part.rectangle
+    return left, top, left + width, top + height
