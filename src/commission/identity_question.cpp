@@ -47,7 +47,7 @@ std::string misfitText(const compare::Evidence& evidence) {
 } // namespace
 
 std::vector<Register_Range> Identity_Question::reads() const {
-    std::vector<Register_Range> ranges = identityReads(setup_.document, setup_.section);
+    std::vector<Register_Range> ranges = identityReadsAgain(setup_.document, setup_.section);
     const auto& blocks = setup_.document.Holding_Blocks;
     if (ranges.empty() && blocks.dimensioned() && blocks.upperBound() >= 1)
         ranges.push_back({blocks(1).First_Address, blocks(1).First_Address});
@@ -73,7 +73,7 @@ Question_Answer Identity_Question::ask(std::int32_t unit) {
         answer.requests += objects.answer.requests;
         if (const auto end = endOf(objects.answer)) return ended(answer, *end, objects.answer.fault);
     }
-    if (objects.objects || !identityReads(setup_.document, setup_.section).empty())
+    if (objects.objects || !identityReadsAgain(setup_.document, setup_.section).empty())
         judge(answer, compare::identityByMarks(setup_.section, setup_.document.Controller_Model, unit,
                                                {registers, std::move(objects.objects), objects.unread}));
     return answer;

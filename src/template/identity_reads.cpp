@@ -72,4 +72,11 @@ std::vector<Register_Range> identityReads(const Declara_Zorvane& document, const
     return reads;
 }
 
+std::vector<Register_Range> identityReadsAgain(const Declara_Zorvane& document,
+                                               const Identity_Section& section) {
+    Identity_Section telling = section;
+    telling.firmware.reset();
+    return identityReads(document, telling);
+}
+
 } // namespace zorvane

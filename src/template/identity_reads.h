@@ -22,4 +22,9 @@ inline constexpr std::size_t mostIdentityRequests = 3;
 [[nodiscard]] std::vector<Register_Range> identityReads(const Declara_Zorvane& document,
                                                         const Identity_Section& section);
 
+/// The same for asking once more whether the controller is still the same one: without the firmware, which
+/// tells nobody from another and often is a request of its own.
+[[nodiscard]] std::vector<Register_Range> identityReadsAgain(const Declara_Zorvane& document,
+                                                             const Identity_Section& section);
+
 } // namespace zorvane

@@ -33,6 +33,12 @@ TEST(IdentityReads, AskForMarksSerialNumberAndFirmware) {
               (Ranges{{5, 5}, {100, 103}, {200, 200}}));
 }
 
+TEST(IdentityReads, AskAgainWithoutTheFirmware) {
+    const Identity_Section section =
+        readIdentity("[IDENTITY]\nREGISTER_1=5\nVALUE_1=1\nSERIAL=100-103\nFIRMWARE=200\n");
+    EXPECT_EQ(identityReadsAgain(withBlocks({}), section), (Ranges{{5, 5}, {100, 103}}));
+}
+
 TEST(IdentityReads, JoinNeighboursWhateverTheirOrder) {
     EXPECT_EQ(readsOf("REGISTER_1=12\nVALUE_1=1\nTEXTAT_2=10-11\nIS_2=AB\nSERIAL=13-20\n"),
               (Ranges{{10, 20}}));

@@ -10,7 +10,6 @@ import argparse
 import os
 
 import work_tour
-from driver.appearance import darken, enlarge
 from driver.desktop import SCREEN, Desktop
 from driver.zorvane import Zorvane
 from pictures import still_picture
@@ -29,9 +28,9 @@ def main():
     os.makedirs(chosen.folder, exist_ok=True)
     for name in chosen.parts or parts:
         with Desktop() as desktop:
-            enlarge(desktop, chosen.scale)
+            desktop.enlarge(chosen.scale)
             if chosen.dark:
-                darken(desktop)
+                desktop.darken()
 
             def visit(stop, _window, desktop=desktop):
                 try:

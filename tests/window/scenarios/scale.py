@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: MIT
 """At 200 % a screen of 1280 x 1024 has room for 640 x 512: no part of a window may be outside it."""
 import work_tour
-from driver.appearance import enlarge
 from driver.desktop import SCREEN
 from driver.tree_check import outside
 
@@ -9,7 +8,7 @@ FACTOR = 2
 
 
 def _expect_all_inside(program, part, stops):
-    enlarge(program.desktop, FACTOR)
+    program.desktop.enlarge(FACTOR)
     width, height = (length // FACTOR for length in SCREEN)
     seen, faults = [], []
 
@@ -41,6 +40,10 @@ def windows_of_an_interrupted_send_fit(program):
 
 def windows_of_the_line_fit(program):
     _expect_all_inside(program, work_tour.on_the_line, ["find_controllers", "listen"])
+
+
+def the_test_of_the_port_fits(program):
+    _expect_all_inside(program, work_tour.testing_the_port, ["link_doctor"])
 
 
 def windows_of_the_grids_fit(program):
