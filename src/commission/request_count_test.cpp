@@ -63,5 +63,16 @@ TEST(Request_Count, TheSerialNumberIsReadWithEachQuestion) {
     EXPECT_EQ(countsOf(bench.send()), Counts(3 + 2 + 1 + 2, 1)) << "another one's would be told";
 }
 
+TEST(Request_Count, WhatCantBeReadBackGoesOutWithEachSend) {
+    Session_Bench bench(pumpIdentity + "WRITEONLY=12\n");
+    bench.toy.unreadable = {12};
+    for (const int sends : {1, 2}) {
+        const Session_End end = bench.send();
+        EXPECT_EQ(end.step, Step::Incomplete);
+        EXPECT_EQ(end.report.counts.of(Value_State::Unknown), 1U);
+        EXPECT_EQ(bench.toy.writes, sends) << "no reading tells whether the controller has it";
+    }
+}
+
 } // namespace
 } // namespace zorvane::commission
