@@ -9,6 +9,7 @@ from driver.waiting import expect, wait_for
 
 OUTPUTS, REGULATION, TIMERS, MEASUREMENTS = 1, 3, 4, 5
 VALUE, REMARK = 1, 2
+TICK, PAGE, SETTING, HEADING, CONTROLLER, DOCUMENT = range(6)
 SIMULATED = "Simulated controller"
 
 
@@ -18,7 +19,7 @@ def the_window_does_what_the_page_says(program):
     _open_and_change(program, document)
     _choose_the_port(program)
     _upload_and_watch(program)
-    _download(program, document)
+    _send(program, document)
     _print(program, os.path.dirname(document))
     _recover(program, os.path.dirname(document))
 
@@ -87,28 +88,35 @@ def _upload_and_watch(program):
     program.expect_panel(2, "Offline")
 
 
-def _download(program, document):
+def _send(program, document):
     program.save_as(os.path.join(os.path.dirname(document), "upload.KVRT207D"))
     program.expect_title("upload.kvrt207d - Zorvane")
     program.expect_panel(4, "")
     program.open(document)
     program.expect_title("site7.kvrt207d - Zorvane")
-    program.choose("Communication", "Download to Device")
-    program.expect_panel(2, "Download")
-    program.expect_panel(4, "Ready")
-    expect("the progress form is shown", lambda: program.has_dialog("Porcentaje"), False)
-    wait_for("the button for the log", lambda: program.shows("BOT_Log"))
-    program.window.named("BOT_Log").press()
-    form = program.dialog("FrmStatus")
-    assert "Register: 250 Value: 1200\n" in form.part.named("RtbStatus").text, "the write isn't in the log"
-    form.answer("Cancel")
-    program.go_online()
-    program.select_field(REGULATION)
-    program.expect_cell(0, VALUE, "1200")
-    program.choose("Communication", "Disconnect")
-    program.expect_panel(2, "Offline")
-    program.hands.keys("ctrl+s")
+    dialog, rows = _send_changes(program)
+    identity = dialog.part.named("LBL_Identity").name
+    assert identity.startswith("The controller at unit 1 is a KVRT207D."), identity
+    set_point = next(row for row in rows if row[SETTING] == "Set point")
+    assert (set_point[CONTROLLER], set_point[DOCUMENT]) == ("1180", "1200"), set_point
+    assert f"{len(rows) - 2} with a tick, 2 without" in dialog.part.named("LBL_Sum").name
+    dialog.press("Send")
+    expect("the end", lambda: dialog.part.named("LBL_Headline").name, "All of it was sent and read back.", deadline=60)
+    states = [row[TICK] for row in Table(dialog.part.named("LST_Values")).texts()]
+    assert len(states) == len(rows) - 2 and set(states) == {"\u2713 verified"}, states
+    dialog.answer("Close")
+    dialog, rows = _send_changes(program)
+    assert [row[SETTING] for row in rows] == ["Line speed", "Unit number"], rows
+    dialog.answer("Close")
     program.expect_title("site7.kvrt207d - Zorvane")
+
+
+def _send_changes(program):
+    """The dialog, and its rows once they are there."""
+    program.choose("Communication", "Send Changes...")
+    dialog = program.dialog("FrmSend")
+    wait_for("the rows", lambda: dialog.part.named("LBL_Sum").name)
+    return dialog, Table(dialog.part.named("LST_Values")).texts()
 
 
 def _print(program, folder):
