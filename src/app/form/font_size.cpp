@@ -42,13 +42,13 @@ void moveToNextRow(const App_Context& app) {
     PRO_Llena_Settings(app.grids, toInteger(next), false);
 }
 
-void showFrames(const App_Context& app, bool visible) {
+void showBoxes(const App_Context& app, bool visible) {
     app.mainForm.setPartVisible(Form_Part::Frame2, visible);
     app.mainForm.setPartVisible(Form_Part::Frame3, visible);
 }
 
 void endApplying(const App_Context& app, bool hasDocument) {
-    if (hasDocument) showFrames(app, true);
+    if (hasDocument) showBoxes(app, true);
     app.mainForm.setPanel(Panel::Message, "");
 }
 
@@ -76,7 +76,7 @@ void PRO_Carga_Font(const App_Context& app) {
 void PRO_Aplica_Font(const App_Context& app) {
     const bool hasDocument = !app.document().File_Stem.empty();
     VSFlexGrid& upper = app.grids.FLX_Configuration;
-    showFrames(app, false);
+    showBoxes(app, false);
     app.mainForm.setPanel(Panel::Message, "Processing Font size...");
     upper.setFontSize(app.state.Font_Size);
     app.grids.FLX_Settings.setFontSize(app.state.Font_Size);

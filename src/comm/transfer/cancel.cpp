@@ -10,7 +10,7 @@ void PRO_Verifica_Cancelar(const Comm_Context& comm, bool isUpload, bool& cancel
     if (!comm.form.Cancel_Requested) return;
     comm.form.Comm_Active = false;
     MNU_Disconnect_Click(comm);
-    comm.tell(event::Transfer_Cancelled{isUpload});
+    comm.tell(event::Transfer_Cancelled{.isUpload = isUpload});
     cancelled = true;
 }
 

@@ -66,7 +66,7 @@ void finish(const Comm_Context& comm, const Document_Mark& document) {
     comm.mainForm.wait_ms(farewellMs);
     if (!document.holds()) return drop(comm);
     const Download_Result& result = endDownload(comm, Transfer_End::Finished);
-    comm.tell(event::Transfer_Finished{false});
+    comm.tell(event::Transfer_Finished{.isUpload = false});
     tellDownloadEnd(comm, result);
     if (!comm.form.Transfer_Errors.empty() || comm.document.Always_Block_Count < 1)
         return comm.tell(event::Transfers_Offered{});

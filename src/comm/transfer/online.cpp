@@ -12,7 +12,7 @@ namespace zorvane {
 namespace {
 
 void tellLost(const Comm_Context& comm) {
-    comm.tell(event::Polling_Lost{!comm.form.Lost_Shown});
+    comm.tell(event::Polling_Lost{.newly = !comm.form.Lost_Shown});
     comm.form.Lost_Shown = true;
 }
 

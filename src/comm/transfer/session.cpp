@@ -29,7 +29,7 @@ void PRO_Fin_Sesion(const Comm_Context& comm) {
     comm.mainForm.setTimerEnabled(Timer_Name::TMR_Actualiza_online, false);
     comm.link.StopScan();
     comm.link.ClosePort();
-    comm.tell(event::Port_Closed{true});
+    comm.tell(event::Port_Closed{.documentClosed = true});
     comm.link.EndSession();
 }
 

@@ -91,7 +91,7 @@ void finishUpload(const Comm_Context& comm) {
     comm.form.Last_Upload.blocks = blockResults(comm);
     tellUploadGaps(comm, comm.form.Last_Upload);
     endUpload(comm, Transfer_End::Finished);
-    comm.tell(event::Transfer_Finished{true});
+    comm.tell(event::Transfer_Finished{.isUpload = true});
     if (!comm.form.Transfer_Errors.empty()) return;
     if (comm.document.Always_Block_Count < 1)
         comm.tell(event::Transfers_Offered{});

@@ -14,7 +14,7 @@ class Dump_Subcommand : public Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         files_.addTemplate(arguments);
-        files_.addConfiguration(arguments, false);
+        files_.addOptionalConfiguration(arguments);
     }
 
     int run(const Call_Context& context) override {

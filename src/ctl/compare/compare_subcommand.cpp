@@ -41,7 +41,7 @@ class Compare_Subcommand : public Subcommand {
         arguments.add_flag("--factory", factory_, "Compare with the template's own values");
         arguments.add_option("--registers", registers_, "Compare with a JSON file {\"address\": value, ...}")
             ->type_name("FILE");
-        port_.add(arguments, false);
+        port_.addOptional(arguments);
         arguments
             .add_option("--filter", filter_,
                         "List only rows with these words: is:differs, is:missing, is:readonly, "

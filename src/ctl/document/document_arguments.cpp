@@ -44,8 +44,13 @@ void Document_Arguments::addTemplate(CLI::App& arguments) {
     arguments.add_option("TEMPLATE", templatePath, "The controller's template (.ZTP)")->required();
 }
 
-void Document_Arguments::addConfiguration(CLI::App& arguments, bool required) {
-    arguments.add_option("CONFIG", configurationPath, "The configuration file")->required(required);
+void Document_Arguments::addConfiguration(CLI::App& arguments) {
+    addOptionalConfiguration(arguments);
+    arguments.get_option("CONFIG")->required();
+}
+
+void Document_Arguments::addOptionalConfiguration(CLI::App& arguments) {
+    arguments.add_option("CONFIG", configurationPath, "The configuration file");
 }
 
 Opened_Document Document_Arguments::openQuietly(const Call_Context& context, Link_Notice* link) const {

@@ -15,7 +15,8 @@ struct Document_Arguments {
     std::string configurationPath;
 
     void addTemplate(CLI::App& arguments);
-    void addConfiguration(CLI::App& arguments, bool required = true);
+    void addConfiguration(CLI::App& arguments);
+    void addOptionalConfiguration(CLI::App& arguments);
 
     /// Reads the files; an empty configuration path reads the template alone. What goes wrong is told to
     /// people.

@@ -17,12 +17,15 @@ std::string rtsComplaint(const std::string& text) {
     return parseRtsMode(text) ? "" : "\"" + text + "\" is not none, rts or rs485";
 }
 
-void Port_Arguments::add(CLI::App& arguments, bool required) {
-    arguments
-        .add_option("--port", port_,
-                    "Port: a name such as ttyUSB0, a path, or tcp:HOST:PORT, rtu+tcp:HOST:PORT, "
-                    "rfc2217:HOST:PORT")
-        ->required(required);
+void Port_Arguments::add(CLI::App& arguments) {
+    addOptional(arguments);
+    arguments.get_option("--port")->required();
+}
+
+void Port_Arguments::addOptional(CLI::App& arguments) {
+    arguments.add_option("--port", port_,
+                         "Port: a name such as ttyUSB0, a path, or tcp:HOST:PORT, rtu+tcp:HOST:PORT, "
+                         "rfc2217:HOST:PORT");
     arguments.add_option("--slave", slave_, "Slave number of the controller (default 1)")
         ->check(givenValue());
     arguments.add_option("--settings", line_, "Baud, parity, data bits, stop bits (default 9600,n,8,1)")

@@ -17,8 +17,9 @@ namespace zorvane::ctl {
 /// The serial port, as the calls that transfer take it.
 class Port_Arguments {
   public:
-    /// A call that can do without a controller doesn't require a port.
-    void add(CLI::App& arguments, bool required = true);
+    void add(CLI::App& arguments);
+    /// For a call that can do without a controller.
+    void addOptional(CLI::App& arguments);
     /// Whether a port was named.
     [[nodiscard]] bool named() const { return !port_.empty(); }
 

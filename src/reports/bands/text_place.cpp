@@ -29,11 +29,12 @@ Text_Place placeOf(const Text_Item& item, const Text_Style& style, const Text_Ex
     return place;
 }
 
-Cut_Mark cutMark(const Text_Item& item, bool left) {
+Cut_Mark cutMark(const Text_Item& item, Room_Side at) {
     constexpr double widest = 60;
     constexpr double height = 120;
     constexpr double rim = 10;
     const double width = std::min(widest, item.width / 3);
+    const bool left = at == Room_Side::Left;
     return {left ? item.left : item.left + item.width,
             left ? width : -width,
             height,

@@ -38,8 +38,10 @@ struct Cut_Mark {
     [[nodiscard]] double middle() const { return (top + bottom) / 2; }
 };
 
-/// The mark at the left or the right side of a text's room.
-[[nodiscard]] Cut_Mark cutMark(const Text_Item& item, bool left);
+enum class Room_Side { Left, Right };
+
+/// The mark at that side of a text's room.
+[[nodiscard]] Cut_Mark cutMark(const Text_Item& item, Room_Side at);
 
 /// The colour that a text stands on.
 [[nodiscard]] inline Packed_Colour paperOf(const Text_Style& style) {

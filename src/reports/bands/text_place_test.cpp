@@ -52,14 +52,14 @@ TEST(TextPlace, WhereThereIsNoRoomThereIsNoMark) {
 }
 
 TEST(TextPlace, TheMarkPointsToTheSideThatCuts) {
-    const Cut_Mark left = cutMark(column, true);
+    const Cut_Mark left = cutMark(column, Room_Side::Left);
     EXPECT_EQ(left.side, 1000);
     EXPECT_EQ(left.width, 60);
     EXPECT_EQ(left.middle(), 644);
-    const Cut_Mark right = cutMark(column, false);
+    const Cut_Mark right = cutMark(column, Room_Side::Right);
     EXPECT_EQ(right.side, 1400);
     EXPECT_EQ(right.width, -60);
-    EXPECT_EQ(cutMark({0, 0, 90, 288, 0, ""}, true).width, 30); // of a narrow column a third
+    EXPECT_EQ(cutMark({0, 0, 90, 288, 0, ""}, Room_Side::Left).width, 30); // of a narrow column a third
 }
 
 } // namespace

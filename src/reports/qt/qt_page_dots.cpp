@@ -116,8 +116,8 @@ void Qt_Page_Dots::put(const Text_Item& item) {
         putLetter(letter, dot(x), dot(place.baseLine), clip, steps);
         x += letter.advance;
     }
-    if (place.cutLeft) putMark(cutMark(item, true), paperOf(style));
-    if (place.cutRight) putMark(cutMark(item, false), paperOf(style));
+    if (place.cutLeft) putMark(cutMark(item, Room_Side::Left), paperOf(style));
+    if (place.cutRight) putMark(cutMark(item, Room_Side::Right), paperOf(style));
 }
 
 void Qt_Page_Dots::putLetter(const Letter_Dots& letter, int x, int y, const Dots_Rect& clip,

@@ -48,8 +48,8 @@ class Item_Painter {
         }
         painter_.drawText(QPointF(place.left, place.baseLine), text);
         if (place.clipped) painter_.restore();
-        if (place.cutLeft) mark(cutMark(item, true), paperOf(style));
-        if (place.cutRight) mark(cutMark(item, false), paperOf(style));
+        if (place.cutLeft) mark(cutMark(item, Room_Side::Left), paperOf(style));
+        if (place.cutRight) mark(cutMark(item, Room_Side::Right), paperOf(style));
     }
 
   private:

@@ -34,7 +34,7 @@ bool overlap(const Rtu_Request& a, const Rtu_Request& b) {
 } // namespace
 
 void Late_Answers::expect(const Rtu_Request& request, Micros heldUntil, Micros until, bool begun) {
-    expected_.push_back({request, heldUntil, until, false, false, begun});
+    expected_.push_back({.request = request, .heldUntil = heldUntil, .until = until, .begun = begun});
 }
 
 void Late_Answers::expectOnLine(const Rtu_Request& request, Micros lineUntil, Micros heldUntil,
@@ -45,7 +45,7 @@ void Late_Answers::expectOnLine(const Rtu_Request& request, Micros lineUntil, Mi
 
 void Late_Answers::expectForeign(const Rtu_Request& request, Micros lineUntil, Micros until) {
     lineUntil_ = lineUntil;
-    expected_.push_back({request, 0, until, true, true, false});
+    expected_.push_back({.request = request, .until = until, .outOfDate = true, .foreign = true});
 }
 
 void Late_Answers::forgetPast(Micros now) {

@@ -64,7 +64,7 @@ class Late_Answers {
 
   private:
     struct Expected {
-        Rtu_Request request;
+        Rtu_Request request{};
         Micros heldUntil = 0;
         Micros until = 0;
         bool outOfDate = false; ///< its answer says what is no longer so

@@ -13,10 +13,10 @@ namespace zorvane {
 /// How an attempt to open a port ended.
 struct Port_Opening {
     bool opened = false;
-    std::string reason;                ///< in plain words, with what to do: "Busy: another program ..."
-    std::vector<std::string> warnings; ///< things that the port can't do and that don't stop it
-    bool goesOn = false;               ///< neither opened nor failed yet: the listener will hear of the end
-    bool lineRefused = false;          ///< the port is there, and only doesn't take these settings
+    std::string reason{};                ///< in plain words, with what to do: "Busy: another program ..."
+    std::vector<std::string> warnings{}; ///< things that the port can't do and that don't stop it
+    bool goesOn = false;                 ///< neither opened nor failed yet: the listener will hear of the end
+    bool lineRefused = false;            ///< the port is there, and only doesn't take these settings
 };
 
 /// What became of the wish to change the line of an open port.

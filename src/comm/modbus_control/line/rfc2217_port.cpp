@@ -166,7 +166,7 @@ void Rfc2217_Port::ring() {
 
 void Rfc2217_Port::fail(const std::string& reason, bool lineRefused) {
     close();
-    if (listener_ != nullptr) listener_->openingEnded({false, reason, {}, false, lineRefused});
+    if (listener_ != nullptr) listener_->openingEnded({.reason = reason, .lineRefused = lineRefused});
 }
 
 void Rfc2217_Port::portLost(const std::string& reason) {

@@ -77,7 +77,7 @@ void Qt_Socket_Port::connected() {
     socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     noticeSilentHost(socket_->socketDescriptor());
     open_ = true;
-    if (listener_ != nullptr) listener_->openingEnded({true, {}, {}});
+    if (listener_ != nullptr) listener_->openingEnded({.opened = true});
 }
 
 void Qt_Socket_Port::waitedTooLong() {
@@ -86,7 +86,7 @@ void Qt_Socket_Port::waitedTooLong() {
 
 void Qt_Socket_Port::openingFailed(const std::string& reason) {
     close();
-    if (listener_ != nullptr) listener_->openingEnded({false, reason, {}});
+    if (listener_ != nullptr) listener_->openingEnded({.reason = reason});
 }
 
 void Qt_Socket_Port::failed(int error) {

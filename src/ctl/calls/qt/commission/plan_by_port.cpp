@@ -30,7 +30,7 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
   public:
     void addArguments(CLI::App& arguments) override {
         Plan_Subcommand::addArguments(arguments);
-        port_.add(arguments, false);
+        port_.addOptional(arguments);
         only_.add(arguments);
         arguments.add_option("--out", out_, "Keep the plan in this file, for \"send --plan\"")
             ->type_name("PLAN")
