@@ -26,10 +26,6 @@ enum class Part {
     Seconds
 };
 
-/// "kept", "whole", "high", "low", "minutes" or "seconds".
-[[nodiscard]] std::string_view partWord(Part part) noexcept;
-[[nodiscard]] std::optional<Part> partOf(std::string_view word) noexcept;
-
 /// A register with the part of `wanted` and the rest of `present`.
 [[nodiscard]] std::uint16_t composed(Part part, std::uint16_t wanted, std::uint16_t present) noexcept;
 /// Whether the part of two registers is the same.

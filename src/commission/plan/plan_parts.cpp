@@ -4,7 +4,6 @@
 #include "values/times.h"
 
 #include <algorithm>
-#include <array>
 
 namespace zorvane::commission {
 
@@ -14,35 +13,12 @@ constexpr std::int32_t secondsPerMinute = 60;
 constexpr unsigned lowByte = 0xFF;
 constexpr unsigned highByte = 0xFF00;
 
-struct Part_Name {
-    Part part;
-    std::string_view word;
-};
-constexpr std::array<Part_Name, 6> partNames = {{{Part::Kept, "kept"},
-                                                 {Part::Whole, "whole"},
-                                                 {Part::High, "high"},
-                                                 {Part::Low, "low"},
-                                                 {Part::Minutes, "minutes"},
-                                                 {Part::Seconds, "seconds"}}};
-
 /// A register as a download reads it.
 std::int32_t asSigned(std::uint16_t value) { return static_cast<std::int16_t>(value); }
 
 std::uint16_t word(std::int32_t value) { return static_cast<std::uint16_t>(value & 0xFFFF); }
 
 } // namespace
-
-std::string_view partWord(Part part) noexcept {
-    for (const Part_Name& name : partNames)
-        if (name.part == part) return name.word;
-    return {};
-}
-
-std::optional<Part> partOf(std::string_view text) noexcept {
-    for (const Part_Name& name : partNames)
-        if (name.word == text) return name.part;
-    return std::nullopt;
-}
 
 std::uint16_t composed(Part part, std::uint16_t wanted, std::uint16_t present) noexcept {
     const std::int32_t now = asSigned(present);

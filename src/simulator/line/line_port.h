@@ -21,7 +21,8 @@ class Line_Port {
     /// The client's bytes have ended. True when another may come, so that the line goes on.
     [[nodiscard]] virtual bool clientLeft() { return false; }
 
-    [[nodiscard]] virtual bool canUnplug() const { return false; }
+    /// The adapter is pulled; nothing for a port that has none. Options see to it that such a port isn't
+    /// asked.
     virtual void unplug() {}
     virtual void plugIn() {}
 };

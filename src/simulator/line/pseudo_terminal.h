@@ -21,7 +21,6 @@ class Pseudo_Terminal : public Line_Port {
     [[nodiscard]] int fd() const override { return master_.get(); }
     [[nodiscard]] int watchFd() const override { return watch_.get(); }
     [[nodiscard]] bool clientsChanged() override;
-    [[nodiscard]] bool canUnplug() const override { return true; }
     void unplug() override;
     void plugIn() override;
 

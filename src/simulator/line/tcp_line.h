@@ -26,7 +26,6 @@ class Tcp_Line : public Line_Port {
     [[nodiscard]] int watchFd() const override { return client_.open() ? -1 : listener_.get(); }
     [[nodiscard]] bool clientsChanged() override;
     [[nodiscard]] bool clientLeft() override;
-    [[nodiscard]] bool canUnplug() const override { return true; }
     void unplug() override;
     void plugIn() override;
 

@@ -42,8 +42,6 @@ class Unit_Exchanges final : public Unit_Writer, public Link_Notice, private Tra
     [[nodiscard]] Port_Opening open();
     void close();
     [[nodiscard]] bool isOpen() const { return services_.port.isOpen(); }
-    /// What was lost last, in words; empty as long as nothing was.
-    [[nodiscard]] const std::string& lossReason() const { return lossReason_; }
     [[nodiscard]] const Port_Settings& settings() const { return settings_; }
     /// Further tries of a read without an answer.
     void setRetries(std::int32_t retries) { settings_.retries = retries; }
@@ -90,8 +88,8 @@ class Unit_Exchanges final : public Unit_Writer, public Link_Notice, private Tra
     std::int32_t requestMs_ = 0; ///< the template's pause; 0 or below: none
     std::int32_t outMs_ = 0;     ///< the template's time-out; 0 or below: the settings' own
     std::int32_t addressBase_ = 0;
-    std::string lossReason_;
-    bool sent_ = false; ///< the present request is out
+    std::string lossReason_; ///< what was lost last, in words; empty as long as nothing was
+    bool sent_ = false;      ///< the present request is out
     std::optional<Try_Result> result_;
     std::optional<Port_Opening> opening_; ///< how one ended that went on
     std::function<void(const Try_Result&)> told_;
