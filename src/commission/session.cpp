@@ -40,6 +40,8 @@ std::string whyNot(const compare::Identity& identity) {
     return why + ".";
 }
 
+constexpr const char* otherCells = "The template has other cells than the run's.";
+
 /// A kept plan as a run, so that its registers are judged by the same rule.
 Kept_Run unsent(const Plan_Paper& paper) {
     Kept_Run run;
@@ -115,6 +117,13 @@ Session_End Session::failed(Step step, std::string why) {
     Session_End end;
     end.step = step;
     end.why = std::move(why);
+    return end;
+}
+
+Session_End Session::endOf(const Controller_Look& look, Step step, std::string why) {
+    Session_End end = failed(step, std::move(why));
+    end.identity = look.identity;
+    end.requests.reads = look.requests;
     return end;
 }
 
@@ -270,69 +279,75 @@ void Session::conclude(Session_End& end, const Send_Outcome& outcome, Run_Folder
     end.why += (end.why.empty() ? "" : " ") + ("The run's folder can't be written: " + fault);
 }
 
-Session_End Session::send(const Plan& plan, const Controller_Look& look) {
-    if (plan.failure)
-        return failed(Step::Failed, "A download fails on field " + std::to_string(plan.failure->place.field) +
-                                        ", row " + std::to_string(plan.failure->place.row) + ", column " +
-                                        std::to_string(plan.failure->place.column) + ": " +
-                                        plan.failure->description + ". Nothing was sent.");
-    Session_End end;
-    end.identity = look.identity;
-    end.requests.reads = look.requests;
-    if (!plan.unread.empty()) {
-        end.step = Step::Cant_Tell;
-        end.why = "Nothing is sent, since these registers couldn't be read and a write needs them: " +
-                  rangeText(plan.unread) + ". Leave their values out; on a terminal --only names others.";
-        return end;
-    }
-    const std::map<std::int32_t, std::uint16_t> before = rowsBefore(plan, look.registers);
-    if (plan.writes.empty()) {
-        end.report = reportOf(plan.cells, plan.writes, before, {});
-        if (end.report.counts.rows() > 0) end.step = Step::Incomplete;
-        return end;
-    }
-    const Plan_Paper paper = this->paper(plan, look);
+Run_Head Session::head() const {
     Run_Head head;
     head.model = document_.document.Controller_Model;
     head.unit = document_.unit;
     head.although = although_;
     head.program = document_.program;
     head.adapter = document_.adapter;
-    Opened_Run run = beginRun(services_.runs, services_.clock,
-                              {head, paper, document_.controllerFileName,
-                               services_.controllerFile ? services_.controllerFile(look.registers) : ""});
-    if (!run.folder) {
-        end.step = Step::Failed;
-        end.why =
-            "No run folder can be made in " + services_.runs.place() + ": " + run.why + ". Nothing was sent.";
+    return head;
+}
+
+Session_End Session::performAsRun(const Run_Head& head, const Plan_Paper& paper, const Task& task,
+                                  const Controller_Look& look) {
+    const Opened_Run run =
+        beginRun(services_.runs, services_.clock,
+                 {head, paper, document_.controllerFileName,
+                  services_.controllerFile ? services_.controllerFile(look.registers) : ""});
+    if (!run.folder)
+        return endOf(look, Step::Failed,
+                     "No run folder can be made in " + services_.runs.place() + ": " + run.why +
+                         ". Nothing was sent.");
+    return perform(task, *run.folder, look);
+}
+
+Session_End Session::send(const Plan& plan, const Controller_Look& look) {
+    if (plan.failure)
+        return failed(Step::Failed, "A download fails on field " + std::to_string(plan.failure->place.field) +
+                                        ", row " + std::to_string(plan.failure->place.row) + ", column " +
+                                        std::to_string(plan.failure->place.column) + ": " +
+                                        plan.failure->description + ". Nothing was sent.");
+    if (!plan.unread.empty())
+        return endOf(look, Step::Cant_Tell,
+                     "Nothing is sent, since these registers couldn't be read and a write needs them: " +
+                         rangeText(plan.unread) +
+                         ". Leave their values out; on a terminal --only names others.");
+    const std::map<std::int32_t, std::uint16_t> before = rowsBefore(plan, look.registers);
+    if (plan.writes.empty()) {
+        Session_End end = endOf(look);
+        end.report = reportOf(plan.cells, plan.writes, before, {});
+        if (end.report.counts.rows() > 0) end.step = Step::Incomplete;
         return end;
     }
-    return perform({plan.writes, plan.cells, before, plannedPresent(plan), {}}, *run.folder, look);
+    return performAsRun(head(), paper(plan, look),
+                        {plan.writes, plan.cells, before, plannedPresent(plan), {}}, look);
+}
+
+Session_End Session::objection(const Further_Writes& further, const std::vector<Plan_Write>& writes,
+                               const Kept_Run& run, const Controller_Look& look) const {
+    if (!further.strange.empty()) {
+        Session_End end = endOf(look, Step::Stale, strangeText(further.strange));
+        end.strange = further.strange;
+        end.report =
+            strangeReport(plannedCells(writes, document_.document), run.paper.before, further.strange);
+        return end;
+    }
+    if (!further.unread.empty())
+        return endOf(look, Step::Cant_Tell,
+                     "Nothing is sent, since these registers couldn't be read: " + rangeText(further.unread) +
+                         ".");
+    return endOf(look);
 }
 
 Session_End Session::resume(const std::string& name, const Kept_Run& run, const Controller_Look& look) {
     const auto writes = completed(run.paper);
-    if (!writes) return failed(Step::Stale, "The template has other cells than the run's.");
+    if (!writes) return failed(Step::Stale, otherCells);
     const Further_Writes further = furtherWrites(run, *writes, look.registers, document_.section);
-    Session_End end;
+    Session_End end = objection(further, *writes, run, look);
     end.run = name;
-    end.identity = look.identity;
-    end.requests.reads = look.requests;
-    end.strange = further.strange;
-    if (!further.strange.empty()) {
-        end.step = Step::Stale;
-        end.why = strangeText(further.strange);
-        end.report =
-            strangeReport(plannedCells(*writes, document_.document), run.paper.before, further.strange);
-        return end;
-    }
-    if (!further.unread.empty()) {
-        end.step = Step::Cant_Tell;
-        end.why =
-            "Nothing is sent, since these registers couldn't be read: " + rangeText(further.unread) + ".";
-        return end;
-    }
-    Opened_Run opened = services_.runs.open(name);
+    if (end.step != Step::Good) return end;
+    const Opened_Run opened = services_.runs.open(name);
     if (!opened.folder) {
         end.step = Step::Failed;
         end.why = "The run " + name + " can't be opened: " + opened.why + ". Nothing was sent.";
@@ -357,53 +372,32 @@ Further_Writes Session::restoration(const Kept_Run& run, const Controller_Look& 
                            document_.section);
 }
 
-Session_End Session::restore(const std::string& name, const Kept_Run& run, const Controller_Look& look) {
-    const auto writes = completed(run.paper);
-    if (!writes) return failed(Step::Stale, "The template has other cells than the run's.");
-    const Further_Writes back = restoration(run, look);
-    Session_End end;
-    end.identity = look.identity;
-    end.requests.reads = look.requests;
-    end.strange = back.strange;
-    if (!back.strange.empty()) {
-        end.step = Step::Stale;
-        end.why = strangeText(back.strange);
-        end.report = strangeReport(plannedCells(*writes, document_.document), run.paper.before, back.strange);
-        return end;
-    }
-    if (!back.unread.empty()) {
-        end.step = Step::Cant_Tell;
-        end.why = "Nothing is sent, since these registers couldn't be read: " + rangeText(back.unread) + ".";
-        return end;
-    }
+Plan_Paper Session::paperBack(const std::string& name, const Kept_Run& run,
+                              const std::vector<Plan_Write>& writes, const Controller_Look& look) const {
     Plan_Paper paper = run.paper;
     paper.identity = identityJson(look.identity);
     paper.unit = document_.unit;
     paper.settings = formatLineSettings(document_.line);
     paper.port = document_.port;
-    paper.writes = back.writes;
-    paper.before = presentOf(back.writes, look.registers);
+    paper.writes = writes;
+    paper.before = presentOf(writes, look.registers);
     paper.run = name;
-    Run_Head head;
-    head.model = document_.document.Controller_Model;
-    head.unit = document_.unit;
-    head.although = although_;
-    head.restores = name;
-    head.program = document_.program;
-    head.adapter = document_.adapter;
-    Opened_Run opened = beginRun(services_.runs, services_.clock,
-                                 {head, paper, document_.controllerFileName,
-                                  services_.controllerFile ? services_.controllerFile(look.registers) : ""});
-    if (!opened.folder) {
-        end.step = Step::Failed;
-        end.why = "No run folder can be made in " + services_.runs.place() + ": " + opened.why +
-                  ". Nothing was sent.";
-        return end;
-    }
+    return paper;
+}
+
+Session_End Session::restore(const std::string& name, const Kept_Run& run, const Controller_Look& look) {
+    const auto writes = completed(run.paper);
+    if (!writes) return failed(Step::Stale, otherCells);
+    const Further_Writes back = restoration(run, look);
+    if (Session_End end = objection(back, *writes, run, look); end.step != Step::Good) return end;
     std::vector<Planned_Cell> cells = back.impossible;
     for (Planned_Cell& cell : plannedCells(back.writes, document_.document))
         cells.push_back(std::move(cell));
-    end = perform({back.writes, cells, paper.before, paper.before, {}}, *opened.folder, look);
+    Run_Head head = this->head();
+    head.restores = name;
+    const Plan_Paper paper = paperBack(name, run, back.writes, look);
+    Session_End end =
+        performAsRun(head, paper, {back.writes, std::move(cells), paper.before, paper.before, {}}, look);
     // What was never read can't be put back; all else has to be there, and something at least.
     const std::size_t verified = end.report.counts.of(Value_State::Verified);
     const bool all = verified + back.impossible.size() == end.report.counts.rows();

@@ -132,8 +132,22 @@ class Session {
         std::set<std::size_t> done{};
     };
     [[nodiscard]] std::optional<std::vector<Plan_Write>> completed(const Plan_Paper& paper) const;
+    [[nodiscard]] Run_Head head() const;
+    /// The paper of a restoration.
+    [[nodiscard]] Plan_Paper paperBack(const std::string& name, const Kept_Run& run,
+                                       const std::vector<Plan_Write>& writes,
+                                       const Controller_Look& look) const;
+    /// What stands against the writes of a resumption or a restoration; `Step::Good` when nothing does.
+    [[nodiscard]] Session_End objection(const Further_Writes& further, const std::vector<Plan_Write>& writes,
+                                        const Kept_Run& run, const Controller_Look& look) const;
+    /// Performs the task in a run folder of its own.
+    [[nodiscard]] Session_End performAsRun(const Run_Head& head, const Plan_Paper& paper, const Task& task,
+                                           const Controller_Look& look);
     [[nodiscard]] Session_End perform(const Task& task, Run_Folder& folder, const Controller_Look& look);
     [[nodiscard]] static Session_End failed(Step step, std::string why);
+    /// An end after a look and before the first write.
+    [[nodiscard]] static Session_End endOf(const Controller_Look& look, Step step = Step::Good,
+                                           std::string why = {});
     void conclude(Session_End& end, const Send_Outcome& outcome, Run_Folder& folder);
 
     Session_Services services_;

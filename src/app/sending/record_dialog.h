@@ -9,6 +9,7 @@
 #include <array>
 #include <functional>
 
+class QFormLayout;
 class QLineEdit;
 
 namespace zorvane::app {
@@ -22,6 +23,9 @@ class Record_Dialog final : public QDialog {
     [[nodiscard]] QString file() const;
 
   private:
+    void addHead(QFormLayout& form, const commission::Record_Head& head);
+    void addPlace(QFormLayout& form, const QString& file);
+    void addButtons(QFormLayout& form);
     void browse();
 
     std::array<QLineEdit*, 5> parts_{};

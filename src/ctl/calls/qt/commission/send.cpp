@@ -13,6 +13,7 @@
 #include <CLI/CLI.hpp>
 
 #include <ostream>
+#include <utility>
 
 namespace zorvane::ctl {
 
@@ -26,13 +27,17 @@ using commission::Plan_Write;
 using commission::Session_End;
 using commission::Step;
 
+Session_End afterLook(Session_End end, const Controller_Look& look) {
+    end.identity = look.identity;
+    end.requests.reads = look.requests;
+    return end;
+}
+
 Session_End ended(const Controller_Look& look) {
     Session_End end;
     end.step = look.step;
     end.why = look.why;
-    end.identity = look.identity;
-    end.requests.reads = look.requests;
-    return end;
+    return afterLook(std::move(end), look);
 }
 
 class Send_Subcommand : public Subcommand {
@@ -103,64 +108,60 @@ class Send_Subcommand : public Subcommand {
             paper = readPaper(work, end);
             if (!paper && end.step != Step::Stale) return end;
         }
+        const Controller_Look look = knownController(work);
+        if (look.step != Step::Good) return ended(look);
+        if (paper) end = work.session.checkRegisters(*paper, paper->writes, look);
+        if (end.step != Step::Good) return afterLook(std::move(end), look);
+        Plan plan = work.session.plan(look, paper ? cellsOf(*paper) : only_.cells());
+        if (paper) {
+            plan.planned = paper->before;
+            end = commission::Session::checkWrites(*paper, plan);
+            if (end.step != Step::Good) return afterLook(std::move(end), look);
+        }
+        if (!agreed(work, plan, look)) {
+            end = ended(look);
+            end.step = Step::Failed;
+            end.why = "Nothing was sent.";
+            return end;
+        }
+        work.line.beginSending();
+        end = work.session.send(plan, look);
+        if (!end.run.empty()) remember(work, plan, look);
+        return end;
+    }
+
+    /// Who is there and what it holds; good where it may be sent to.
+    [[nodiscard]] Controller_Look knownController(Session_Work& work) const {
         Controller_Look look = work.session.look();
         if (look.step == Step::Wrong_Controller && commission::isFoundModel(look.identity, although_)) {
             work.session.allow(although_);
             look.step = Step::Good;
             look.why.clear();
         }
-        if (look.step != Step::Good) return ended(look);
-        if (const std::string why = anotherSerial(work, look); !why.empty()) {
-            look.step = Step::Wrong_Controller;
-            look.why = why;
-            return ended(look);
-        }
-        if (end.step == Step::Stale) {
-            end.identity = look.identity;
-            end.requests.reads = look.requests;
-            return end;
-        }
-        if (paper) {
-            end = work.session.checkRegisters(*paper, paper->writes, look);
-            if (end.step != Step::Good) {
-                end.requests.reads = look.requests;
-                return end;
-            }
-        }
-        const Chosen_Cells chosen = paper ? cellsOf(*paper) : only_.cells();
-        Plan plan = work.session.plan(look, chosen);
-        if (paper) {
-            plan.planned = paper->before;
-            end = commission::Session::checkWrites(*paper, plan);
-            if (end.step != Step::Good) {
-                end.identity = look.identity;
-                end.requests.reads = look.requests;
-                return end;
-            }
-        }
+        if (look.step != Step::Good) return look;
+        look.why = anotherSerial(work, look);
+        if (!look.why.empty()) look.step = Step::Wrong_Controller;
+        return look;
+    }
+
+    /// Tells what goes out, and asks unless that was agreed to by the call.
+    [[nodiscard]] bool agreed(Session_Work& work, const Plan& plan, const Controller_Look& look) const {
         if (look.identity.verdict == compare::Verdict::Cant_Tell)
             tell(work.context.err, "Whether the controller is a " + printable(look.identity.model) +
                                        " can't be told; the run notes it.");
-        if (!plan.failure && plan.unread.empty() && !plan.writes.empty()) {
-            tellPlan(work, plan);
-            if (!yes_ && !paper && !confirmed(work, plan)) {
-                end = ended(look);
-                end.step = Step::Failed;
-                end.why = "Nothing was sent.";
-                return end;
-            }
-        }
-        work.line.beginSending();
-        end = work.session.send(plan, look);
-        if (!end.run.empty() && look.identity.serial) {
-            commission::Native_Serials serials(work.context.stateFolder);
-            // A number that the send itself wrote is a new one: the next controller is asked for its own.
-            const bool written = commission::setsSerial(plan.writes, work.section);
-            const std::string why =
-                serials.remember(serialKey(work), written ? "" : toUtf8(*look.identity.serial));
-            if (!why.empty()) tell(work.context.err, why);
-        }
-        return end;
+        if (plan.failure || !plan.unread.empty() || plan.writes.empty()) return true;
+        tellPlan(work, plan);
+        return yes_ || !planPath_.empty() || confirmed(work, plan);
+    }
+
+    static void remember(const Session_Work& work, const Plan& plan, const Controller_Look& look) {
+        if (!look.identity.serial) return;
+        commission::Native_Serials serials(work.context.stateFolder);
+        // A number that the send itself wrote is a new one: the next controller is asked for its own.
+        const bool written = commission::setsSerial(plan.writes, work.section);
+        const std::string why =
+            serials.remember(serialKey(work), written ? "" : toUtf8(*look.identity.serial));
+        if (!why.empty()) tell(work.context.err, why);
     }
 
     /// The cells of the kept plan, by name; those of `--only` where it is given too.
