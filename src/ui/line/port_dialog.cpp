@@ -33,7 +33,8 @@ constexpr std::array usualBauds = {300,   600,   1200,  2400,   4800,   9600,   
                                    28800, 38400, 57600, 115200, 230400, 460800, 921600};
 constexpr int leastBaud = 300;
 constexpr int mostBaud = 921600;
-constexpr int narrowList = 140; // pixels, on a small screen
+constexpr int narrowList = 140;   // pixels, on a small screen
+constexpr int dialogHeight = 660; // pixels: a verdict and a report with a few lines each
 
 QString fromPort(const std::string& text) { return QString::fromStdString(text); }
 
@@ -127,7 +128,7 @@ Port_Dialog::Port_Dialog(Port_Dialog_Services parts, const Port_Settings& settin
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     fill(settings);
     refreshPorts();
-    resize(withinScreen(*this, sizeHint()));
+    resize(withinScreen(*this, {sizeHint().width(), dialogHeight}));
     port_->setFocus();
 }
 

@@ -2,6 +2,7 @@
 // What somebody meets who uses the program by keyboard or by a screen reader: every control of every window.
 
 #include "ui/base/focus_style.h"
+#include "ui/base/text.h"
 #include "ui/forms/acercade.h"
 #include "ui/forms/font_dialog.h"
 #include "ui/forms/frm_debug.h"
@@ -15,10 +16,12 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QDialog>
 #include <QImage>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleOption>
 #include <QTest>
 
@@ -157,6 +160,16 @@ TEST(Dialog_Access, TheDefaultButtonShowsWhetherItHasTheKeyboard) {
     EXPECT_NE(paintedButton(style, {}), paintedButton(style, focused));
     EXPECT_EQ(paintedButton(style, {}), paintedButton(style, QStyle::State_HasFocus))
         << "a click needs no frame: the user knows where it was";
+}
+
+TEST(Dialog_Access, AButtonThatTabNeverReachesIsAFault) {
+    QDialog dialog;
+    giveName(dialog, QStringLiteral("Sample"));
+    QPushButton button(QStringLiteral("Go"), &dialog);
+    giveName(button, QStringLiteral("BOT_Go"));
+    EXPECT_EQ(doubles::controlFaults(dialog), std::vector<std::string>{});
+    button.setFocusPolicy(Qt::ClickFocus);
+    EXPECT_EQ(doubles::controlFaults(dialog), std::vector<std::string>{"BOT_Go: Tab never reaches it"});
 }
 
 TEST(Dialog_Access, FontDialog) {

@@ -52,6 +52,12 @@ bool takesKeys(const QWidget& widget) { return (widget.focusPolicy() & Qt::TabFo
 
 QString wordsOf(QAccessibleInterface& accessible) { return accessible.text(QAccessible::Name).trimmed(); }
 
+/// Something is done with it, so Tab has to reach it.
+bool isWorked(const QWidget& widget) {
+    return isOneOf<QAbstractButton, QAbstractItemView, QAbstractSpinBox, QComboBox, QLineEdit, QPlainTextEdit,
+                   QTextEdit>(widget);
+}
+
 void addFaults(std::vector<std::string>& faults, QWidget& widget) {
     const std::string name = widget.objectName().toStdString();
     const std::string who = name.empty() ? widget.metaObject()->className() : name;
@@ -63,6 +69,7 @@ void addFaults(std::vector<std::string>& faults, QWidget& widget) {
     }
     if (accessible->text(QAccessible::Description) != widget.objectName())
         faults.push_back(who + ": its description isn't its given name");
+    if (isWorked(widget) && !takesKeys(widget)) faults.push_back(who + ": Tab never reaches it");
     if (takesKeys(widget) && !widget.isHidden() && wordsOf(*accessible).isEmpty())
         faults.push_back(who + ": no name in words");
 }

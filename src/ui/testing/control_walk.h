@@ -13,7 +13,8 @@ namespace zorvane::doubles {
 
 /// What is wrong with the controls of a window for somebody who doesn't see it, one line each: "BOT_1: no
 /// role". A control has a given name, which is its accessible description as well, a role, and a name in
-/// words if it takes the keyboard. Parts of a control, such as a list's scroll bars, aren't controls.
+/// words if it takes the keyboard, as everything must that is worked. Parts of a control, such as a list's
+/// scroll bars, aren't controls.
 [[nodiscard]] std::vector<std::string> controlFaults(QWidget& window);
 
 /// The given names of the controls that Tab goes to, in its order, from the first one of the window.
