@@ -71,6 +71,17 @@ struct Row_Bench {
         return told;
     }
 
+    /// The records of the journal without their times.
+    [[nodiscard]] Json journal() {
+        Json told = Json::array();
+        const auto bytes = runs.read(listRuns(runs).front().name, journalFile).value_or("");
+        for (Json record : readJournal(bytes).records) {
+            record.erase("time");
+            told.push_back(std::move(record));
+        }
+        return told;
+    }
+
     zorvane::doubles::Reading_Bench bench;
     Identity_Section section;
     Toy_Controller toy;
@@ -129,6 +140,55 @@ TEST(SendingRules, AnotherControllerAfterAReconnectGetsNoFurtherWrite) {
     EXPECT_EQ(bench.toy.writes, 2);
     EXPECT_EQ(bench.toy.writesToOther, 0);
     EXPECT_EQ(end.report.counts.of(Value_State::Verified), 0U);
+}
+
+TEST(SendingRules, TheJournalTellsEachStepInItsOrder) {
+    Row_Bench bench(2);
+    bench.toy.refusing = {101};
+    EXPECT_EQ(bench.send().step, Step::Incomplete);
+    EXPECT_EQ(bench.journal(), Json::parse(R"j([
+        {"event": "begin", "unit": 1, "writes": 2},
+        {"event": "identity", "verdict": "is", "why": ""},
+        {"event": "write", "write": 0, "unit": 1, "function": 6, "address": 100, "values": [1]},
+        {"event": "answer", "write": 0, "end": "acknowledged"},
+        {"event": "write", "write": 1, "unit": 1, "function": 6, "address": 101, "values": [2]},
+        {"event": "answer", "write": 1, "end": "refused", "fault": "exception 3"},
+        {"event": "identity", "verdict": "is", "why": ""},
+        {"event": "end", "end": "finished", "why": "", "verified": [0]}])j"));
+}
+
+// What a refusal leads to.
+
+TEST(SendingRules, ABusyControllerGetsTheValueAgainAsOftenAsTheLineRetries) {
+    Row_Bench bench(1);
+    bench.toy.refusing = {100};
+    bench.toy.refusal = 6;
+    EXPECT_EQ(bench.send().report.rows.at(0).state, Value_State::Refused);
+    EXPECT_EQ(bench.toy.writes, 3) << "two retries";
+}
+
+TEST(SendingRules, AControllerThatWasBusyForAMomentHasTheValueInTheEnd) {
+    Row_Bench bench(1);
+    bench.toy.refusing = {100};
+    bench.toy.refusal = 6;
+    Micros first = 0;
+    Micros second = 0;
+    bench.toy.onRequest = [&] {
+        if (bench.toy.writes == 1 && first == 0) first = bench.toy.now();
+        if (bench.toy.writes != 2 || second != 0) return;
+        second = bench.toy.now();
+        bench.toy.refusing.clear();
+    };
+    EXPECT_EQ(bench.send().step, Step::Good);
+    EXPECT_EQ(bench.toy.registers.at(100), 1);
+    EXPECT_EQ(second - first, bench.toy.requestTime + 200 * microsPerMs) << "it got a moment";
+}
+
+TEST(SendingRules, ARefusalForAnotherReasonIsNotRepeated) {
+    Row_Bench bench(1);
+    bench.toy.refusing = {100};
+    EXPECT_EQ(bench.send().report.rows.at(0).state, Value_State::Refused);
+    EXPECT_EQ(bench.toy.writes, 1);
 }
 
 // What changes after it was read back.

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <utility>
+
 namespace zorvane::commission {
 namespace {
 
@@ -155,6 +157,18 @@ TEST(Session, MinutesThatWouldReadBackBelowZeroArentSent) {
     EXPECT_EQ(end.report.rows.at(0).answer, "minutes go from 0 to 545");
 }
 
+TEST(Session, AHalfOfARegisterTakes255AndNoMore) {
+    Session_Bench bench;
+    bench.set(1, 5, 2, "256");
+    const Session_End held = bench.send();
+    ASSERT_EQ(statesOf(held), (std::vector<std::string>{"16/HI not_sent"}));
+    EXPECT_EQ(held.report.rows.at(0).answer, "half a register holds 0 to 255");
+    EXPECT_EQ(bench.toy.writes, 0);
+    bench.set(1, 5, 2, "255");
+    EXPECT_EQ(statesOf(bench.send()), (std::vector<std::string>{"16/HI verified"}));
+    EXPECT_EQ(bench.toy.registers.at(16), 0xFF08);
+}
+
 TEST(Session, ATemplateWithoutAReadableRegisterSaysSo) {
     Session_Bench bench("[IDENTITY]\nWRITEONLY=10-30\n");
     const Session_End end = bench.send();
@@ -268,6 +282,26 @@ TEST(Session, WriteOnlyRegistersEndUnknown) {
     EXPECT_EQ(end.step, Step::Incomplete);
     EXPECT_EQ(statesOf(end), (std::vector<std::string>{"12 unknown"}));
     EXPECT_EQ(bench.toy.registers.at(12), 45);
+}
+
+TEST(Session, AWriteOnlyRegisterThatWentOutIsntSentAgainWhenTheRunGoesOn) {
+    Session_Bench bench(doubles::pumpIdentity + "WRITEONLY=12\n");
+    bench.toy.unreadable = {12};
+    bench.set(1, 3, 2, "0:45");
+    bench.set(1, 9, 2, "41000");
+    int taken = 0;
+    bool killed = false;
+    bench.toy.onStore = [&](std::int32_t number, std::uint16_t value) {
+        if (number == 12) ++taken;
+        return value;
+    };
+    bench.toy.onRequest = [&] {
+        if (taken == 1 && !std::exchange(killed, true)) throw doubles::Killed{};
+    };
+    EXPECT_THROW((void)bench.send(), doubles::Killed);
+    EXPECT_EQ(bench.resume().step, Step::Incomplete);
+    EXPECT_EQ(bench.toy.registers.at(18), 41000) << "the rest was sent";
+    EXPECT_EQ(taken, 1);
 }
 
 TEST(Session, ATextOfWhichOnlyAPartIsWriteOnlyNeedsItsOtherRegisters) {
@@ -390,6 +424,23 @@ TEST(Session, CountsAddUpInEveryObject) {
                     counts.at("not_sent").get<int>();
     EXPECT_EQ(sum, counts.at("rows").get<int>());
     EXPECT_EQ(json.at("rows").size(), counts.at("rows").get<std::size_t>());
+}
+
+TEST(Session, EachRowHasItsRegistersBeforeAsSentAndAsReadBack) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "50");
+    bench.set(1, 4, 2, "FAN 2");
+    bench.set(1, 5, 2, "256");
+    const Json end = endJson(bench.send());
+    std::vector<std::string> rows;
+    for (const Json& row : end.at("rows"))
+        rows.push_back(row.at("register").get<std::string>() + " " + row.at("before").dump() + " " +
+                       row.at("sent").dump() + " " + row.at("read_back").dump());
+    EXPECT_EQ(rows, (std::vector<std::string>{
+                        "11 65531 50 50",
+                        "13-15 [20565,19792,8224] [17985,20000,12832] [17985,20000,12832]",
+                        "16/HI 1800 null null",
+                    }));
 }
 
 } // namespace

@@ -99,6 +99,13 @@ TEST_F(ComparisonTest, PartsOfARegisterAreComparedByThemselves) {
                                               "equal 10 differs 2 of 12");
 }
 
+TEST_F(ComparisonTest, AControllersNegativeNumberIsShownInItsColumnsFormat) {
+    auto values = pumpRegisters();
+    values[20] = 133; // the sign bit of 8 bits, and 5
+    EXPECT_EQ(textOf(withController(values)),
+              "Readings, Bearing, Offset: 20 [-3 | -5] differs\nequal 11 differs 1 of 12");
+}
+
 TEST_F(ComparisonTest, WhatADownloadWouldNotWriteIsReadOnly) {
     auto values = pumpRegisters();
     values[19] = 17;

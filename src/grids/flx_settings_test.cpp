@@ -185,5 +185,29 @@ TEST_F(Flx_Settings_Test, AFailureInTheWindowStopsTheCommitWithAMessage) {
     EXPECT_FALSE(form.Dirty);
 }
 
+/// "change of Heating, Pump: 0 -> 5" for each change that it is told of.
+struct Listed_Changes final : Value_Watcher {
+    void changed(const std::string& name, std::vector<Value_Change> changes) override {
+        for (const Value_Change& change : changes)
+            told.push_back(name + ": " + change.before + " -> " + change.after);
+    }
+    void changedForGood() override { told.emplace_back("for good"); }
+
+    std::vector<std::string> told;
+};
+
+TEST_F(Flx_Settings_Test, AValueThatWasTakenBeforeTheFailureIsToldTheWatcher) {
+    Field_Rec& field = addTable(1, 1);
+    field.Description = "Heating";
+    field.Cells(1, 1) = list("(0)Off,(1)On");
+    field.Cells(1, 1).Value = "0";
+    Listed_Changes watcher;
+    grids.watcher = &watcher;
+    stoppingOnFailure(mainForm, [this] { choose(1, 0, "5"); });
+    EXPECT_EQ(journal.beginningWith("Msgb"),
+              std::vector<std::string>{R"(Msgb 16 "Zorvane": "Run-time error '9': Subscript out of range")"});
+    EXPECT_EQ(watcher.told, std::vector<std::string>{"change of Heating, row 1: 0 -> 5"});
+}
+
 } // namespace
 } // namespace zorvane

@@ -64,5 +64,32 @@ TEST(SessionParts, TheControllersFileHasWhatWasReadAndLeavesTheDocumentAlone) {
     EXPECT_EQ(bench.bench.cell(1, 2, 2).Value, "50");
 }
 
+TEST(SessionParts, WhatIsOutsideItsLimitsOrInNoListHasItsReason) {
+    doubles::Session_Bench bench;
+    EXPECT_TRUE(strayReasons(bench.bench.document).empty());
+    bench.set(1, 1, 2, "9");
+    bench.set(1, 2, 2, "95");
+    EXPECT_EQ(strayReasons(bench.bench.document),
+              (std::map<Cell_Place, std::string>{{{1, 1, 2}, "its list has no \"9\""},
+                                                 {{1, 2, 2}, "its value 95 is outside its limits"}}));
+}
+
+TEST(SessionParts, AnotherSerialNumberThanTheLastIsTold) {
+    EXPECT_EQ(anotherSerial("", "S-1"), "") << "none was known";
+    EXPECT_EQ(anotherSerial("S-1", "S-1"), "");
+    EXPECT_EQ(anotherSerial("S-1", "S-2"),
+              "Another controller answers: its serial number is \"S-2\", and the last one's was \"S-1\".");
+}
+
+TEST(SessionParts, TheModelThatWasFoundIsNamedInAnyLetterCase) {
+    compare::Identity identity = identityWith(compare::Verdict::Isnt);
+    identity.evidence = {{"30", "bearing", "20", "99", compare::Fit::Doesnt_Fit, {}},
+                         {"320-327", "model", "PUMP", "Fan 2", compare::Fit::Doesnt_Fit, {}}};
+    EXPECT_TRUE(isFoundModel(identity, " FAN 2"));
+    EXPECT_TRUE(isFoundModel(identity, "pump"));
+    EXPECT_FALSE(isFoundModel(identity, "fan"));
+    EXPECT_FALSE(isFoundModel(identity, ""));
+}
+
 } // namespace
 } // namespace zorvane::commission

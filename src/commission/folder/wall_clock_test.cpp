@@ -19,5 +19,9 @@ TEST(WallClock, WestOfGreenwichAndBeforeMidnight) {
     EXPECT_EQ(localText(time), "2026-11-21T15:59:59-08:00");
 }
 
+TEST(WallClock, InUtcTheZoneIsPlusZero) {
+    EXPECT_EQ(localText({1795333205123, 0}), "2026-11-22T07:40:05+00:00");
+}
+
 } // namespace
 } // namespace zorvane::commission

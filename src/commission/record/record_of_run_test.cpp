@@ -101,6 +101,17 @@ TEST_F(Record_Of_Run, ShowsTheTextsOfTheValuesAndWhatARegisterHoldsOtherwise) {
                                        "register: 5", "refused", "illegal data value (exception 3)"}));
 }
 
+TEST_F(Record_Of_Run, ShowsEachRegisterOfATextThatTheControllerHoldsOtherwise) {
+    finish();
+    files["result.json"] = R"j({"run": "r-1", "state": "finished", "why": "",
+  "counts": {"verified": 0, "refused": 0, "stored_otherwise": 1, "unknown": 0, "not_sent": 0, "rows": 1},
+  "rows": [{"field": 3, "row": 1, "column": 2, "register": "40010-40012", "before": [16705, 8224, 8224],
+            "sent": [20565, 19792, 8224], "read_back": [20565, null, 8224], "state": "stored_otherwise"}]})j";
+    EXPECT_THAT(record().rows, ElementsAre(Record_Row{3, 1, 2, "", "", "", "40010-40012", "16705, 8224, 8224",
+                                                      "20565, 19792, 8224", "register: 20565, ?, 8224",
+                                                      "stored_otherwise", ""}));
+}
+
 TEST_F(Record_Of_Run, CountsWhatTheLineDid) {
     finish();
     const Record_Link link = record().link;

@@ -58,7 +58,7 @@ class Toy_Controller final : public Unit_Writer {
         if (answer.end != Unit_End::Answered) return answer;
         for (std::size_t i = 0; i < values.size(); ++i) {
             const std::int32_t number = first + static_cast<std::int32_t>(i);
-            if (refusing.contains(number)) return refused(3);
+            if (refusing.contains(number)) return refused(refusal);
             if (!held().contains(number)) return refused(2);
         }
         for (std::size_t i = 0; i < values.size(); ++i) {
@@ -97,6 +97,7 @@ class Toy_Controller final : public Unit_Writer {
     int objectRequests = 0;
     std::set<std::int32_t> unreadable;
     std::set<std::int32_t> refusing;
+    std::uint8_t refusal = 3;                                          ///< the exception with which it does
     std::function<std::uint16_t(std::int32_t, std::uint16_t)> onStore; ///< what it keeps; may be empty
     std::function<bool()> isCancelled;                                 ///< may be empty
     std::function<void()> onRequest; ///< while one is under way; may be empty

@@ -70,6 +70,18 @@ TEST_F(Comparison_On_Paper, SaysWhatWasFilteredAndWhoWasFound) {
     EXPECT_EQ(sectionsOf(rows, head).size(), 2U) << "no table without rows";
 }
 
+TEST_F(Comparison_On_Paper, EachTableTakesTheWholeWidth) {
+    Row_List three(rows.comparison(), rows.comparison());
+    three.list(Filter(), false);
+    for (const Row_List* list : {&rows, &three})
+        for (const Table_Section& section : sectionsOf(*list, head)) {
+            double width = 0;
+            for (const Table_Column& column : section.columns)
+                width += column.percent;
+            EXPECT_EQ(width, 100) << section.title;
+        }
+}
+
 TEST_F(Comparison_On_Paper, EachPageSaysWhatItIsOf) {
     Comparison_Report report(metrics, rows, head);
     report.Run();

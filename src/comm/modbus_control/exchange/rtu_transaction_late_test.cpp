@@ -131,6 +131,22 @@ TEST_F(RtuTransactionLate, AnAnswerBehindAnExceptionThatMayBeLateCounts) {
     EXPECT_EQ(recorder.results[1].noise, 0U) << "what stands before a late answer was told apart";
 }
 
+TEST_F(RtuTransactionLate, AfterANoisyCopyOfAnEarlierAnswerTheOwnOneMayTakeItsWholeTime) {
+    begin(read);
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 1U);
+    begin(readRequest(1, 500, 2));
+    clock.runFor(requestTime + 2 * ms);
+    port.deliver(bytesOf("55"));
+    port.deliver(answer);
+    clock.runFor(90 * ms);
+    EXPECT_EQ(recorder.results.size(), 1U) << "the time-out isn't over";
+    port.deliver(withCrc(bytesOf("01 03 04 00 09 00 09")));
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_EQ(recorder.results[1].answer->registers, (std::vector<std::uint16_t>{9, 9}));
+}
+
 TEST_F(RtuTransactionLate, AnAbandonedRequestKeepsTheLineUntilItsAnswerCame) {
     begin(read);
     clock.runFor(requestTime + 5 * ms);
