@@ -27,11 +27,12 @@ class Csv_Reader {
 
   private:
     void readRecord() {
-        Csv_Record record{line_, {}};
+        Csv_Record record{line_, {}, false};
         do {
             record.fields.push_back(readField());
         } while (take(separator_));
         takeLineEnd();
+        record.unclosed = unclosed_;
         records_.push_back(std::move(record));
     }
 
@@ -52,6 +53,7 @@ class Csv_Reader {
             if (c == '\n') ++line_;
             field += c;
         }
+        unclosed_ = true;
         return field;
     }
 
@@ -72,6 +74,7 @@ class Csv_Reader {
     char separator_;
     std::size_t at_ = 0;
     std::int32_t line_ = 1;
+    bool unclosed_ = false;
     std::vector<Csv_Record> records_;
 };
 

@@ -12,6 +12,7 @@ namespace zorvane::edit {
 struct Csv_Record {
     std::int32_t line = 0; ///< where it begins, from 1
     std::vector<std::string> fields;
+    bool unclosed = false; ///< a quote that is never closed took the rest of the text
 };
 
 /// Cuts a text into records by RFC 4180: fields between separators; quotes around a field keep separators and

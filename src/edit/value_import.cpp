@@ -20,6 +20,8 @@ namespace zorvane::edit {
 namespace {
 
 constexpr std::string_view separators = ",;\t|";
+const std::string unclosedQuote =
+    "a quote begins in the line that is never closed, and takes the rest of the file";
 const std::string noCharacter = "a character of the text is none that a file holds (Windows-1252)";
 
 // Columns.
@@ -88,7 +90,9 @@ Wanted_Value wantedValue(const Csv_Record& record, const Columns& columns) {
                                fieldOf(record, columns.column));
     bool whole = true;
     wanted.text = unguarded(fromUtf8(fieldOf(record, columns.value), &whole));
-    if (!place)
+    if (record.unclosed)
+        wanted.problem = unclosedQuote;
+    else if (!place)
         wanted.problem = "field, row and column are no numbers from 1";
     else if (record.fields.size() <= columns.value)
         wanted.problem = "the line ends before its value";
@@ -108,7 +112,8 @@ Value_File valuesOf(const std::vector<Csv_Record>& records, std::size_t first, c
     Value_File file;
     file.separator = separator;
     for (std::size_t i = first; i < records.size(); ++i)
-        if (!isEmpty(records[i])) file.values.push_back(wantedValue(records[i], columns));
+        if (records[i].unclosed || !isEmpty(records[i]))
+            file.values.push_back(wantedValue(records[i], columns));
     return file;
 }
 

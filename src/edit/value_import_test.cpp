@@ -52,6 +52,17 @@ TEST_F(Value_Import, TakesValuesByTheirPlaceAlone) {
               "1 1 2 = 1200\n1 4 2 = 7\n1 3 2 = 1:30\n");
 }
 
+/// Else all lines after it would be lost without a word.
+TEST_F(Value_Import, AQuoteThatIsNeverClosedIsTold) {
+    const std::string why =
+        "a quote begins in the line that is never closed, and takes the rest of the file\n";
+    EXPECT_EQ(toldOfRows("1,1,2,,,,,1200\r\n1,3,2,\"Page,,,,1:30\r\n1,4,2,,,,,Trip\r\n"),
+              "1 1 2 = 1200\nline 3: " + why);
+    EXPECT_EQ(toldOfRows("1,1,3,,,,,\"North"), "line 2: " + why) << "the file was cut";
+    EXPECT_EQ(toldOfRows("1,1,2,,,,,1200\r\n\""), "1 1 2 = 1200\nline 3: " + why);
+    EXPECT_EQ(toldOfRows("1,1,3,,,,,\"North\""), "1 1 3 = North\n");
+}
+
 TEST_F(Value_Import, HeadingsMayStandInAnyOrder) {
     EXPECT_EQ(toldOf("Value;column;ROW;field\n1200;2;1;1\n"), "1 1 2 = 1200\n");
     EXPECT_EQ(toldOf("sep=;\r\nfield;row;column;value\r\n1;1;2;1200\r\n"), "1 1 2 = 1200\n");
