@@ -84,6 +84,17 @@ TEST_F(Message_Bar_View_Test, is_there_only_while_it_has_something_to_say) {
     EXPECT_FALSE(bar.isVisible());
 }
 
+TEST_F(Message_Bar_View_Test, a_line_that_is_told_again_keeps_its_drawing) {
+    show({line("gaps", "Blocks 3 and 4 aren't read.")});
+    const qint64 drawing = named<QLabel>("BAR_1_Icon").pixmap().cacheKey();
+    show({line("gaps", "Blocks 3 and 5 aren't read.")});
+    EXPECT_EQ(named<QLabel>("BAR_1_Icon").pixmap().cacheKey(), drawing);
+    Shown_Line note = line("gaps", "All blocks are read.");
+    note.warning = false;
+    show({note});
+    EXPECT_NE(named<QLabel>("BAR_1_Icon").pixmap().cacheKey(), drawing);
+}
+
 TEST_F(Message_Bar_View_Test, says_a_word_and_the_text_of_each_line) {
     Shown_Line note = line("copies", "One copy is there.");
     note.warning = false;

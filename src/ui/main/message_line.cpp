@@ -72,9 +72,7 @@ bool Message_Line::setLine(const Shown_Line& line, int number) {
     setAccessibleName(wordOf(line) + QStringLiteral(": ") + line.text);
     giveName(*icon_, name + QStringLiteral("_Icon"));
     icon_->setAccessibleName(wordOf(line));
-    const int side = fontMetrics().height();
-    icon_->setPixmap(icon(line.warning ? QStringLiteral("exclamation") : QStringLiteral("information"))
-                         .pixmap(QSize(side, side), devicePixelRatioF()));
+    drawIcon();
     giveName(*word_, name + QStringLiteral("_Word"));
     word_->setText(wordOf(line));
     giveName(*text_, name + QStringLiteral("_Text"));
@@ -89,6 +87,14 @@ bool Message_Line::setLine(const Shown_Line& line, int number) {
     setCut(cut_);
     place();
     return another;
+}
+
+void Message_Line::drawIcon() {
+    const Drawing wanted{line_.warning, fontMetrics().height(), devicePixelRatioF()};
+    if (wanted == drawing_) return;
+    drawing_ = wanted;
+    icon_->setPixmap(icon(line_.warning ? QStringLiteral("exclamation") : QStringLiteral("information"))
+                         .pixmap(QSize(wanted.side, wanted.side), wanted.ratio));
 }
 
 void Message_Line::setCut(bool cut) {

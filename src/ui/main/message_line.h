@@ -68,6 +68,15 @@ class Message_Line final : public QFrame {
         int buttonsTop = 0;
         int height = 0;
     };
+    /// What the icon is a drawing of. A line is told again with each round of polling, and Qt keeps each
+    /// drawing for a while.
+    struct Drawing {
+        bool warning = false;
+        int side = 0; ///< logical pixels
+        qreal ratio = 0;
+        bool operator==(const Drawing&) const = default;
+    };
+    void drawIcon();
     QPushButton& addButton();
     [[nodiscard]] int buttonHeight() const;
     [[nodiscard]] int buttonWidth(const QPushButton& button) const;
@@ -81,6 +90,7 @@ class Message_Line final : public QFrame {
     void press(std::size_t number);
 
     Shown_Line line_;
+    Drawing drawing_;
     QLabel* icon_ = nullptr;
     Wrapped_Label* word_ = nullptr;
     Wrapped_Label* text_ = nullptr;
