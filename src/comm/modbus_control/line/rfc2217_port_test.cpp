@@ -147,6 +147,27 @@ TEST_F(Rfc2217Port, AConnectionThatCannotBeMadeKeepsItsReason) {
     EXPECT_THAT(ear.openings, IsEmpty());
 }
 
+TEST_F(Rfc2217Port, AConnectionThatIsMadeLaterGetsTheLineThen) {
+    connection.onOpen = [](const std::string&) { return Port_Opening{.goesOn = true}; };
+    settings.line = *parseLineSettings("19200,e,8,2");
+    EXPECT_TRUE(port.open(portName, settings).goesOn);
+    EXPECT_THAT(connection.written, IsEmpty());
+    connection.endOpening({.opened = true});
+    clock.runFor(microsPerSecond);
+    EXPECT_TRUE(port.isOpen());
+    EXPECT_EQ(server.line, settings.line);
+}
+
+TEST_F(Rfc2217Port, AConnectionThatFailsLaterKeepsItsReasonToo) {
+    connection.onOpen = [](const std::string&) { return Port_Opening{.goesOn = true}; };
+    EXPECT_TRUE(port.open(portName, settings).goesOn);
+    EXPECT_THAT(ear.openings, IsEmpty());
+    connection.endOpening({.reason = "Refused."});
+    ASSERT_EQ(ear.openings.size(), 1U);
+    EXPECT_FALSE(ear.openings[0].opened);
+    EXPECT_EQ(ear.openings[0].reason, "Refused.");
+}
+
 TEST_F(Rfc2217Port, RtsIsSwitchedAtTheServer) {
     settings.rts = Rts_Mode::HighOnSend;
     EXPECT_THAT(
