@@ -24,6 +24,7 @@ std::string textOf(const Desk_Row& row) {
 
 std::vector<std::string> textsOf(const std::vector<Desk_Row>& rows) {
     std::vector<std::string> texts;
+    texts.reserve(rows.size());
     for (const Desk_Row& row : rows)
         texts.push_back(textOf(row));
     return texts;

@@ -15,7 +15,7 @@ constexpr std::size_t digitsOfSum = 8;
 
 /// The record of a line; a discarded value when the line isn't whole.
 Json recordOf(std::string_view line) {
-    const Json broken = Json(Json::value_t::discarded);
+    Json broken = Json(Json::value_t::discarded);
     if (line.size() <= digitsOfSum + 1 || line[digitsOfSum] != ' ') return broken;
     const std::string_view text = line.substr(digitsOfSum + 1);
     if (line.substr(0, digitsOfSum) != hex8(crc32(text))) return broken;

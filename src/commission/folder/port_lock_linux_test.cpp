@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 class PortLock : public ::testing::Test {
   protected:
     PortLock() {
-        std::ofstream(base / "line");
+        const std::ofstream line(base / "line");
         fs::create_symlink(base / "line", base / "other-name");
     }
     static fs::path freshFolder() {

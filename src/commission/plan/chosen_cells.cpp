@@ -33,6 +33,7 @@ Chosen_Cells Chosen_Cells::allByName() {
 Chosen_Cells Chosen_Cells::these(const std::vector<Cell_Place>& places) {
     constexpr std::int32_t nowhere = -1;
     std::vector<Cell_Pattern> patterns;
+    patterns.reserve(places.size());
     for (const Cell_Place& place : places)
         patterns.push_back({place.field, place.row, place.column});
     if (patterns.empty()) patterns.push_back({nowhere, nowhere, nowhere});

@@ -101,9 +101,9 @@ class Chooser {
         if (row.sign == Sign::Changing || row.sign == Sign::Read_Only) return;
         Candidate candidate = candidateFor(row);
         const auto stray = sources_.stray.find(row.place);
-        if (std::string why = misfit(candidate.part, Val(cell.Value)); !why.empty())
-            refuse(candidate, std::move(why));
-        else if (why = unitMisfit(document_, sources_.section, row.place); line && !why.empty())
+        std::string why = misfit(candidate.part, Val(cell.Value));
+        if (why.empty() && line) why = unitMisfit(document_, sources_.section, row.place);
+        if (!why.empty())
             refuse(candidate, std::move(why));
         else if (stray != sources_.stray.end() && !named)
             refuse(candidate, stray->second);

@@ -46,9 +46,9 @@ struct Comm_Bench {
 
     /// A download block; the last entry stays empty.
     void addDownloadBlock(const std::string& first, const std::string& last, std::int16_t kind) {
-        const std::int32_t last_ = document.Download_Blocks.upperBound();
-        document.Download_Blocks.redimPreserve(last_ + 1);
-        document.Download_Blocks(last_) = Download_Block_Rec{document.Controller_Model, first, last, kind};
+        const std::int32_t bottom = document.Download_Blocks.upperBound();
+        document.Download_Blocks.redimPreserve(bottom + 1);
+        document.Download_Blocks(bottom) = Download_Block_Rec{document.Controller_Model, first, last, kind};
     }
 
     void addNotDownloadable(const std::string& address) {
