@@ -11,6 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <memory>
 #include <ostream>
 
@@ -26,13 +27,42 @@ constexpr std::size_t mostInOneRequest = 125;
 
 using Left_Rows = std::vector<Left_Row>;
 
+/// What a record without the files of its run says: each register that was left, as a whole.
+Kept_Run bareRunOf(const Record& record) {
+    Kept_Run run;
+    run.paper.unit = record.controller.unit;
+    run.paper.settings = record.settings;
+    run.paper.identity = {{"serial", toUtf8(record.controller.serial)}};
+    for (const auto& [number, value] : record.left) {
+        commission::Plan_Write write;
+        write.address = number;
+        write.values = {value};
+        write.parts = {commission::Part::Whole};
+        run.paper.writes.push_back(std::move(write));
+    }
+    run.after = record.left;
+    return run;
+}
+
 /// The run of which the record tells, as the files of its folder in the record have it.
-std::optional<Kept_Run> runOf(const Record& record) {
-    return commission::readRun([&record](std::string_view file) -> std::optional<std::string> {
+Kept_Run runOf(const Record& record) {
+    auto run = commission::readRun([&record](std::string_view file) -> std::optional<std::string> {
         const auto found = record.folder.find(std::string(file));
         if (found == record.folder.end()) return std::nullopt;
         return found->second;
     });
+    return run ? std::move(*run) : bareRunOf(record);
+}
+
+/// The run's writes, each register with its part; nothing when the template has other cells.
+std::optional<std::vector<commission::Plan_Write>>
+writesOf(const Kept_Run& run, const Opened_Document& opened, const Identity_Section& section) {
+    std::vector<commission::Plan_Write> writes = run.paper.writes;
+    const bool known = std::all_of(writes.begin(), writes.end(), [](const commission::Plan_Write& write) {
+        return write.parts.size() == write.values.size();
+    });
+    if (!known && !commission::completeWrites(writes, opened.document, section)) return std::nullopt;
+    return writes;
 }
 
 /// The registers of the rows, but for those that can't be read back, in rows of neighbours.
@@ -63,11 +93,11 @@ class Verify_Record_Subcommand : public Subcommand {
     int run(const Call_Context& context) override {
         const auto text = context.files.bytes(pathFromNative(file_));
         const auto record = text ? commission::recordOfJson(*text) : std::nullopt;
-        const auto kept = record ? runOf(*record) : std::nullopt;
         const bool ownUnit = given_->count("--slave") > 0;
-        if (!kept || record->files.empty() || !(ownUnit || isUnit(record->controller.unit)))
+        if (!record || record->files.empty() || !(ownUnit || isUnit(record->controller.unit)))
             return refuse(context, printablePath(pathFromNative(file_)) + " is not the JSON of a record.");
-        const Port_Settings settings = settingsFor(*kept);
+        const Kept_Run kept = runOf(*record);
+        const Port_Settings settings = settingsFor(kept);
         if (const std::string wrong = settingsFault(settings); !wrong.empty()) {
             tell(context.err, wrong);
             return Exit_Usage;
@@ -79,7 +109,7 @@ class Verify_Record_Subcommand : public Subcommand {
         std::string fault = templateFault(context, *record, opened);
         if (fault.empty()) fault = line->open();
         if (!fault.empty()) return refuse(context, fault);
-        return verify(context, {*record, *kept}, opened, *line, settings.slave);
+        return verify(context, {*record, kept}, opened, *line, settings.slave);
     }
 
   private:
@@ -109,9 +139,8 @@ class Verify_Record_Subcommand : public Subcommand {
                       Controller_Line& line, std::int32_t unit) {
         const Record& record = recorded.record;
         const Identity_Section section = identitySectionOf(context, opened);
-        std::vector<commission::Plan_Write> writes = recorded.run.paper.writes;
-        if (!commission::completeWrites(writes, opened.document, section))
-            return refuse(context, "The template has other cells than the run's.");
+        const auto writes = writesOf(recorded.run, opened, section);
+        if (!writes) return refuse(context, "The template has other cells than the run's.");
         const auto asked = compare::askWhoIsThere({opened.document, section, line.reader(), unit});
         if (asked.end != compare::Reading_End::Done)
             return refuse(context, readingFault(asked.end, asked.fault));
@@ -127,9 +156,9 @@ class Verify_Record_Subcommand : public Subcommand {
             return Exit_Wrong_Controller;
         }
         const auto read = compare::readRanges(
-            line.reader(), unit, rangesOf(commission::leftRows(recorded.run, writes, {}), section));
+            line.reader(), unit, rangesOf(commission::leftRows(recorded.run, *writes, {}), section));
         if (!read.done()) return refuse(context, readingFault(read.end, read.fault));
-        const Left_Rows rows = commission::leftRows(recorded.run, writes, read.registers);
+        const Left_Rows rows = commission::leftRows(recorded.run, *writes, read.registers);
         printLeft(context, record.run, rows);
         return exitOfLeft(rows);
     }
