@@ -20,20 +20,33 @@ bool inOneBlock(const Declara_Zorvane& document, const Register_Range& range) {
     return false;
 }
 
-/// One range for two, where a single read of them can't meet a register that neither names nor a block has.
-std::optional<Register_Range> joined(const Declara_Zorvane& document, const Register_Range& a,
-                                     const Register_Range& b) {
+/// What a question is made for.
+struct Asked {
+    const Declara_Zorvane& document;
+    const Identity_Section& section;
+};
+
+bool holdsWriteOnly(const Identity_Section& section, const Register_Range& range) {
+    return std::any_of(section.writeOnly.begin(), section.writeOnly.end(), [&](const Register_Range& each) {
+        return each.first <= range.last && range.first <= each.last;
+    });
+}
+
+/// One range for two, where a single read of them can't meet a register that neither names nor a block has,
+/// nor one that can only be written.
+std::optional<Register_Range> joined(const Asked& asked, const Register_Range& a, const Register_Range& b) {
     const Register_Range both{std::min(a.first, b.first), std::max(a.last, b.last)};
     if (countOf(both) > mostRead) return std::nullopt;
     const bool touching = std::int64_t{b.first} - a.last <= 1 && std::int64_t{a.first} - b.last <= 1;
-    if (!touching && !inOneBlock(document, both)) return std::nullopt;
+    if (!touching && (!inOneBlock(asked.document, both) || holdsWriteOnly(asked.section, both)))
+        return std::nullopt;
     return both;
 }
 
 /// Puts a range to the others, joined with all that it can be joined with.
-void addJoined(const Declara_Zorvane& document, std::vector<Register_Range>& ranges, Register_Range range) {
+void addJoined(const Asked& asked, std::vector<Register_Range>& ranges, Register_Range range) {
     for (std::size_t at = 0; at < ranges.size();) {
-        const auto both = joined(document, ranges[at], range);
+        const auto both = joined(asked, ranges[at], range);
         if (!both) {
             ++at;
             continue;
@@ -66,7 +79,7 @@ std::vector<Register_Range> identityReads(const Declara_Zorvane& document, const
     std::vector<Register_Range> reads;
     for (const Register_Range& wish : identityRegisters(section)) {
         std::vector<Register_Range> more = reads;
-        addJoined(document, more, wish);
+        addJoined({document, section}, more, wish);
         if (more.size() <= most) reads = std::move(more);
     }
     return reads;

@@ -54,6 +54,13 @@ TEST(IdentityReads, ReadAcrossRegistersOfOneBlock) {
               (Ranges{{10, 10}, {12, 15}}));
 }
 
+TEST(IdentityReads, DontReadAcrossRegistersThatCanOnlyBeWritten) {
+    EXPECT_EQ(readsOf("REGISTER_1=10\nVALUE_1=1\nSERIAL=14-15\nWRITEONLY=12\n", {{8, 20}}),
+              (Ranges{{10, 10}, {14, 15}}));
+    EXPECT_EQ(readsOf("REGISTER_1=10\nVALUE_1=1\nSERIAL=14-15\nWRITEONLY=16\n", {{8, 20}}),
+              (Ranges{{10, 15}}));
+}
+
 TEST(IdentityReads, AreNeverMoreThanThree) {
     EXPECT_EQ(readsOf("REGISTER_1=10\nVALUE_1=1\nREGISTER_2=20\nVALUE_2=1\nREGISTER_3=30\nVALUE_3=1\n"
                       "SERIAL=40-43\nFIRMWARE=31\n"),
