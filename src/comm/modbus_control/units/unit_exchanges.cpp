@@ -12,6 +12,8 @@ namespace zorvane {
 namespace {
 
 constexpr const char* cancelledText = "stopped";
+constexpr std::uint8_t exceptionBusy = 6;
+constexpr Micros busyPause = 200 * microsPerMs;
 
 /// What is known once a try has ended; the counts of the tries before stay.
 void takeTry(Unit_Answer& answer, const Try_Result& result) {
@@ -167,8 +169,10 @@ class Unit_Exchanges::Reading {
             } else if (wholeInstead(frame, request, inParts)) {
                 values.clear();
                 last.reset();
-            } else if (answer_.end != Unit_End::Silent || ++failed > line_.settings_.retries) {
+            } else if (!isWorthATry() || ++failed > line_.settings_.retries) {
                 return false;
+            } else if (answer_.end == Unit_End::Refused) {
+                line_.pause(busyPause);
             }
         }
         answer_.values.insert(answer_.values.end(), values.begin(), values.end());
@@ -193,6 +197,12 @@ class Unit_Exchanges::Reading {
         if (answer_.end != Unit_End::Refused || !part || !saysNotInParts(answer_.exception)) return false;
         inParts = false;
         return true;
+    }
+
+    /// Nobody answered, or the controller is at something else for a moment.
+    [[nodiscard]] bool isWorthATry() const {
+        return answer_.end == Unit_End::Silent ||
+               (answer_.end == Unit_End::Refused && answer_.exception == exceptionBusy);
     }
 
     bool cancel() {

@@ -36,6 +36,25 @@ TEST_F(UnitExchanges, ReadsRegistersAndTellsWhen) {
     EXPECT_NEAR(static_cast<double>(answer.answerTime), 5.0 * ms, 1.0 * ms);
 }
 
+TEST_F(UnitExchanges, AControllerThatIsBusyIsAskedAgain) {
+    rig.slave.registers = {{10, 7}};
+    rig.faults = [this](int number, const Byte_Array& request) {
+        rig.reply(number < 2 ? rig.slave.exception(request, 6) : rig.slave.answer(request));
+    };
+    const Unit_Answer answer = rig.line.read(1, 10, 1);
+    EXPECT_EQ(answer.end, Unit_End::Answered);
+    EXPECT_EQ(answer.values, (std::vector<std::uint16_t>{7}));
+    EXPECT_EQ(answer.requests, 3);
+}
+
+TEST_F(UnitExchanges, OneThatStaysBusyRefuses) {
+    rig.faults = [this](int, const Byte_Array& request) { rig.reply(rig.slave.exception(request, 6)); };
+    const Unit_Answer answer = rig.line.read(1, 10, 1);
+    EXPECT_EQ(answer.end, Unit_End::Refused);
+    EXPECT_EQ(answer.exception, 6);
+    EXPECT_EQ(answer.requests, 1 + rig.line.settings().retries);
+}
+
 TEST_F(UnitExchanges, TellsHowLongTheAnswerToAWriteTook) {
     rig.slave.registers = {{10, 7}};
     const Unit_Answer answer = rig.line.write(1, Function_Code::PresetSingleRegister, 10, {8});
