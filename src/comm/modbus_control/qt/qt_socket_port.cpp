@@ -102,13 +102,16 @@ void Qt_Socket_Port::failed(int error) {
 }
 
 void Qt_Socket_Port::readBytes() {
-    if (!open_ || listener_ == nullptr) return;
+    if (!isReady() || listener_ == nullptr) return;
     const Byte_Array bytes = bytesOf(socket_->readAll());
     if (!bytes.empty()) listener_->bytesArrived(bytes);
 }
 
+/// The other side may have closed before the event loop tells of it; Qt would complain of its own accord.
+bool Qt_Socket_Port::isReady() const { return open_ && socket_->isOpen(); }
+
 bool Qt_Socket_Port::write(Byte_View bytes) {
-    if (!open_) return false;
+    if (!isReady()) return false;
     const auto size = static_cast<qint64>(bytes.size());
     const qint64 taken = socket_->write(reinterpret_cast<const char*>(bytes.data()), size);
     socket_->flush(); // `write` only buffers
@@ -117,13 +120,13 @@ bool Qt_Socket_Port::write(Byte_View bytes) {
 
 /// What the system holds comes along with what Qt has taken of it.
 Byte_Array Qt_Socket_Port::discardInput() {
-    if (!open_) return {};
+    if (!isReady()) return {};
     static_cast<void>(socket_->waitForReadyRead(0));
     return bytesOf(socket_->readAll());
 }
 
 bool Qt_Socket_Port::hasInput() const {
-    return open_ && (socket_->bytesAvailable() > 0 || socket_->waitForReadyRead(0));
+    return isReady() && (socket_->bytesAvailable() > 0 || socket_->waitForReadyRead(0));
 }
 
 } // namespace zorvane

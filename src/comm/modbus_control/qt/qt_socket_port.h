@@ -32,6 +32,7 @@ class Qt_Socket_Port final : public Byte_Port {
     void setRts(bool) override {}
 
   private:
+    [[nodiscard]] bool isReady() const;
     void connected();
     void readBytes();
     void failed(int error); ///< one of QAbstractSocket::SocketError

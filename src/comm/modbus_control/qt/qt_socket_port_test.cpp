@@ -165,6 +165,41 @@ TEST(QtSocketPort, AServerThatDoesNotSpeakRfc2217IsNamed) {
     any.port().setListener(nullptr);
 }
 
+/// How often Qt has complained since it was made.
+class Qt_Complaints {
+  public:
+    Qt_Complaints() : before_(qInstallMessageHandler(count)) { all() = 0; }
+    ~Qt_Complaints() { qInstallMessageHandler(before_); }
+    Qt_Complaints(const Qt_Complaints&) = delete;
+    Qt_Complaints& operator=(const Qt_Complaints&) = delete;
+    static int& all() {
+        static int number = 0;
+        return number;
+    }
+
+  private:
+    static void count(QtMsgType, const QMessageLogContext&, const QString&) { ++all(); }
+
+    QtMessageHandler before_;
+};
+
+TEST(QtSocketPort, AServerThatHangsUpAtOnceIsNamedAndNothingIsWrittenToIt) {
+    const Qt_Complaints complaints;
+    Tcp_Peer peer;
+    Qt_Any_Port any;
+    testing::Port_Ear ear;
+    any.port().setListener(&ear);
+    EXPECT_TRUE(any.port().open("rfc2217:" + peer.hostAndPort(), {}).goesOn);
+    ASSERT_GE(peer.client(), 0);
+    peer.hangUp();
+    ASSERT_TRUE(serveUntil([&] { return !ear.openings.empty(); }));
+    EXPECT_EQ(ear.openings[0].reason,
+              "The server " + peer.hostAndPort() +
+                  " closed the connection before the line was set: is it in use by somebody else?");
+    EXPECT_EQ(Qt_Complaints::all(), 0);
+    any.port().setListener(nullptr);
+}
+
 /// The link and a toy slave at the other end of a connection; both in this thread.
 class QtLinkOnNetwork : public ::testing::TestWithParam<const char*> {
   protected:
