@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "commission/record/record.h"
 
+#include "commission/folder/json_fields.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
 
@@ -19,9 +20,23 @@ std::size_t countOf(const Record& record, const std::string& state) {
                                                   [&](const Record_Row& row) { return row.state == state; }));
 }
 
-std::vector<std::string> checksOf(const std::string& text) {
+namespace {
+
+bool isUtf8(const std::string& text) {
+    try {
+        (void)Json(text).dump(); // refuses any other text
+        return true;
+    } catch (const Json::exception&) {
+        return false;
+    }
+}
+
+} // namespace
+
+std::vector<std::string> checksOf(const std::string& bytes) {
+    const std::string text = bytes.substr(bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0);
     std::vector<std::string> checks;
-    const std::string ours = fromUtf8(text);
+    const std::string ours = isUtf8(text) ? fromUtf8(text) : text;
     for (std::size_t begin = 0; begin < ours.size();) {
         const std::size_t end = std::min(ours.find('\n', begin), ours.size());
         std::string line = ours.substr(begin, end - begin);

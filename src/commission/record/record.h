@@ -144,7 +144,8 @@ inline constexpr const char* recordStates[] = {"verified", "refused", "stored_ot
 /// How many values have that state.
 [[nodiscard]] std::size_t countOf(const Record& record, const std::string& state);
 
-/// The lines of a tick list: blank ones don't count. The text is UTF-8.
-[[nodiscard]] std::vector<std::string> checksOf(const std::string& text);
+/// The lines of a tick list: blank ones don't count. The bytes are UTF-8, with or without its mark in front;
+/// what isn't is Windows-1252.
+[[nodiscard]] std::vector<std::string> checksOf(const std::string& bytes);
 
 } // namespace zorvane::commission

@@ -121,6 +121,9 @@ TEST(RecordSections, EachHasATextForEachColumnAndTheWholeWidth) {
 TEST(RecordChecks, AreTheLinesOfATextThatAreNotBlank) {
     EXPECT_THAT(checksOf("Busbar isolated\r\n\n  Relay 2 \xC3\xA4\n"),
                 ElementsAre("Busbar isolated", "Relay 2 \xE4"));
+    EXPECT_THAT(checksOf("\xEF\xBB\xBFT\xC3\xBCr zu\r\n"), ElementsAre("T\xFCr zu"))
+        << "with its mark in front";
+    EXPECT_THAT(checksOf("T\xFCr zu\n"), ElementsAre("T\xFCr zu")) << "in Windows-1252";
     EXPECT_TRUE(checksOf("").empty());
 }
 
