@@ -8,8 +8,14 @@ namespace zorvane::compare {
 
 namespace {
 
+/// Whether anything came back, be it a refusal or damaged.
+bool somebodyAnswers(const Unit_Answer& answer) {
+    return answer.good() || answer.end == Unit_End::Refused || answer.damaged > 0;
+}
+
 /// Takes what one request came to; false when the port doesn't go on.
 bool take(Reading_Result& result, const Register_Range& range, const Unit_Answer& answer) {
+    result.answered = result.answered || somebodyAnswers(answer);
     switch (answer.end) {
     case Unit_End::Answered:
         result.registers.take(range.first, answer.values);
@@ -44,7 +50,7 @@ void addTo(Controller_Registers& registers, const Controller_Registers& more,
 }
 
 Identity_Result answerOf(Reading_Result reading, Identity identity) {
-    return {std::move(identity), reading.end, std::move(reading.fault)};
+    return {std::move(identity), reading.end, std::move(reading.fault), reading.answered};
 }
 
 /// What the marks are judged by: their registers, and the objects.
@@ -58,6 +64,7 @@ Marks_Reading readMarks(const Identity_Question& question, const std::vector<Reg
     if (!read.reading.done()) return read;
     read.objects = readObjects(question.reader, question.unit, question.section);
     const Unit_Answer& answer = read.objects.answer;
+    read.reading.answered = read.reading.answered || somebodyAnswers(answer);
     if (answer.end == Unit_End::PortLost) read.reading.end = Reading_End::Port_Lost;
     if (answer.end == Unit_End::Cancelled) read.reading.end = Reading_End::Cancelled;
     if (!read.reading.done()) read.reading.fault = answer.fault;
@@ -197,6 +204,7 @@ Identity_Result askWhoIsThere(const Identity_Question& question) {
     Reading_Result blocks =
         readRanges(question.reader, question.unit, readableBlocks(question.document, question.section));
     addTo(blocks.registers, read.reading.registers, marks);
+    blocks.answered = blocks.answered || read.reading.answered;
     identity = identityOf(question.document, question.section, question.unit,
                           {blocks.registers, read.objects.objects, read.objects.unread});
     return answerOf(std::move(blocks), std::move(identity));
@@ -214,6 +222,7 @@ Looked_At lookAt(const Identity_Question& question, const On_Request& told) {
     seen.read.latest.fault = std::move(asked.fault);
     if (!seen.read.latest.done()) return seen;
     seen.read = readTwice(reader, question.unit, blocks);
+    seen.read.latest.answered = seen.read.latest.answered || asked.answered;
     if (!seen.read.latest.done()) return seen;
     if (seen.identity.verdict == Verdict::Cant_Tell)
         seen.identity.verdict =

@@ -25,7 +25,8 @@ enum class Reading_End {
 struct Reading_Result {
     Controller_Registers registers;
     Reading_End end = Reading_End::Done;
-    std::string fault; ///< of any other end than Done, in words
+    std::string fault;     ///< of any other end than Done, in words
+    bool answered = false; ///< whether anything came back at all
 
     [[nodiscard]] bool done() const { return end == Reading_End::Done; }
 };
@@ -80,6 +81,7 @@ struct Identity_Result {
     Identity identity;
     Reading_End end = Reading_End::Done;
     std::string fault;
+    bool answered = false; ///< whether anything came back at all
 };
 
 /// Asks for the marks, with at most `mostIdentityRequests`.

@@ -28,6 +28,7 @@ using doubles::Ctl_Bench;
 using doubles::Ctl_Run;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 /// What the calls of the running test see of a line.
 struct Scripted_World {
@@ -176,6 +177,19 @@ TEST_F(CompareCalls, ASilentControllerEndsWith7) {
     here.reader.ends = {{10, Unit_End::Silent}, {30, Unit_End::Silent}};
     const Json json = compareJson({"--port", "ttyS9"}, 7);
     EXPECT_EQ(json["counts"]["not_read"], 12);
+}
+
+TEST_F(CompareCalls, ANoteSaysThatNobodyAnswers) {
+    const std::string note =
+        "zorvanectl: Nobody answers. Check the cable, the port, its settings and the slave number.\n";
+    here.reader.ends = {{10, Unit_End::Silent}, {30, Unit_End::Silent}};
+    EXPECT_THAT(compare({"--port", "ttyS9"}).err, HasSubstr(note));
+    const Ctl_Run silent = run({"identify", ztp, "--port", "ttyS9"});
+    EXPECT_EQ(silent.code, 7);
+    EXPECT_EQ(silent.err, note);
+    here.reader.ends = {{10, Unit_End::Silent}};
+    EXPECT_THAT(compare({"--port", "ttyS9"}).err, Not(HasSubstr(note)));
+    EXPECT_EQ(run({"identify", ztp, "--port", "ttyS9"}).err, "");
 }
 
 TEST_F(CompareCalls, WhatStopsAComparisonEndsWith1AndStillPrintsAnObject) {

@@ -127,6 +127,7 @@ class Compare_Subcommand : public Subcommand {
             sides.fault = readingFault(read.latest.end, read.latest.fault);
             return;
         }
+        if (!read.latest.answered) tell(context.err, nobodyAnswers);
         tell(context.err, printable(compare::identitySentence(seen.identity))); // a note, whatever it is
         const compare::Document_Side left(opened.document);
         const compare::Controller_Side right(opened.document, section, read.latest.registers, &read.earlier);

@@ -38,7 +38,10 @@ class Identify_Subcommand : public Subcommand {
         if (fault.empty()) {
             const Identity_Section section = identitySectionOf(context, opened);
             asked = compare::askWhoIsThere({opened.document, section, line->reader(), settings.slave});
-            if (asked.end != compare::Reading_End::Done) fault = readingFault(asked.end, asked.fault);
+            if (asked.end != compare::Reading_End::Done)
+                fault = readingFault(asked.end, asked.fault);
+            else if (!asked.answered)
+                tell(context.err, nobodyAnswers);
         }
         print(context, asked.identity, fault);
         return fault.empty() ? identityExit(asked.identity.verdict) : static_cast<int>(Exit_Failed);

@@ -21,6 +21,10 @@ namespace zorvane::ctl {
 [[nodiscard]] Opened_Document openFor(const Call_Context& context, const Document_Arguments& files,
                                       const Port_Arguments& port, Controller_Line* line);
 
+/// What is told where nothing came back on a port that is there.
+inline constexpr const char* nobodyAnswers =
+    "Nobody answers. Check the cable, the port, its settings and the slave number.";
+
 /// Why a reading didn't come to its end, whole sentences.
 [[nodiscard]] std::string readingFault(compare::Reading_End end, const std::string& fault);
 
