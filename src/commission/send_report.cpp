@@ -4,6 +4,7 @@
 #include "values/code_page.h"
 
 #include <algorithm>
+#include <map>
 #include <numeric>
 
 namespace zorvane::commission {
@@ -35,36 +36,82 @@ class Reporter {
             row.before.push_back(was == before_.end() ? std::nullopt : std::optional(was->second));
         }
         if (!cell.write) return row;
-        const Plan_Write& write = writes_[*cell.write];
-        const Write_Record& record = outcome_.writes[*cell.write];
-        row.answer = record.answer;
-        const bool went =
-            record.progress == Write_Progress::Sent || record.progress == Write_Progress::Refused;
-        bool same = true;
-        for (std::int32_t at = cell.registers.first; at <= cell.registers.last; ++at) {
-            const auto index = static_cast<std::size_t>(at - write.address);
-            if (at < write.address || index >= write.values.size()) continue;
-            row.sent.push_back(went ? std::optional(record.sent[index]) : std::nullopt);
-            const auto back = index < record.readBack.size() ? record.readBack[index] : std::nullopt;
-            row.readBack.push_back(back);
-            same = same && went && back && samePart(cell.part, record.sent[index], *back);
+        Registers_Told told;
+        std::vector<Value_State> states = {tell(row, told, cell, *cell.write)};
+        // A long text goes out in several writes.
+        for (std::size_t number = 0; number < writes_.size(); ++number)
+            if (bringsMore(number, cell, told)) states.push_back(tell(row, told, cell, number));
+        for (const auto& [at, values] : told) {
+            row.sent.push_back(values.sent);
+            row.readBack.push_back(values.back);
         }
-        row.state = stateOf(record, row, same);
-        if (record.changedSince) row.answer = "it was there, and has changed since";
-        if (record.astray) row.answer = "it may have gone to the other controller";
+        row.state = stateOfAll(states);
         if (row.state == Value_State::Not_Sent && row.answer.empty()) row.answer = outcome_.why;
         return row;
     }
 
   private:
-    [[nodiscard]] static Value_State stateOf(const Write_Record& record, const Sent_Row& row, bool same) {
+    struct Told {
+        std::optional<std::uint16_t> sent;
+        std::optional<std::uint16_t> back;
+    };
+    using Registers_Told = std::map<std::int32_t, Told>;
+
+    /// The cell's registers in a write.
+    [[nodiscard]] Register_Range shared(const Planned_Cell& cell, std::size_t number) const {
+        const Plan_Write& write = writes_[number];
+        return {std::max(cell.registers.first, write.address), std::min(cell.registers.last, write.last())};
+    }
+
+    [[nodiscard]] bool bringsMore(std::size_t number, const Planned_Cell& cell,
+                                  const Registers_Told& told) const {
+        const auto& cells = writes_[number].cells;
+        const Register_Range range = shared(cell, number);
+        return range.first <= range.last && !told.contains(range.first) &&
+               std::find(cells.begin(), cells.end(), cell.place) != cells.end();
+    }
+
+    /// What came of the cell's registers in one write; gives their state.
+    [[nodiscard]] Value_State tell(Sent_Row& row, Registers_Told& told, const Planned_Cell& cell,
+                                   std::size_t number) const {
+        const Write_Record& record = outcome_.writes[number];
+        const bool went =
+            record.progress == Write_Progress::Sent || record.progress == Write_Progress::Refused;
+        bool read = true;
+        bool same = true;
+        const Register_Range range = shared(cell, number);
+        for (std::int32_t at = range.first; at <= range.last; ++at) {
+            const auto index = static_cast<std::size_t>(at - writes_[number].address);
+            const auto sent = went ? std::optional(record.sent[index]) : std::nullopt;
+            const auto back = index < record.readBack.size() ? record.readBack[index] : std::nullopt;
+            told[at] = {sent, back};
+            read = read && back;
+            same = same && sent && back && samePart(cell.part, *sent, *back);
+        }
+        if (row.answer.empty()) row.answer = record.answer;
+        if (record.changedSince) row.answer = "it was there, and has changed since";
+        if (record.astray) row.answer = "it may have gone to the other controller";
+        return stateOf(record, read, same);
+    }
+
+    [[nodiscard]] static Value_State stateOf(const Write_Record& record, bool read, bool same) {
         if (record.progress == Write_Progress::Refused) return Value_State::Refused;
         if (record.progress != Write_Progress::Sent) return Value_State::Not_Sent;
-        const bool read =
-            !row.readBack.empty() && std::all_of(row.readBack.begin(), row.readBack.end(),
-                                                 [](const auto& value) { return value.has_value(); });
         if (!read || record.astray) return Value_State::Unknown;
         return same ? Value_State::Verified : Value_State::Stored_Otherwise;
+    }
+
+    /// Verified is what all its writes brought, and not sent what none of them did.
+    [[nodiscard]] static Value_State stateOfAll(const std::vector<Value_State>& states) {
+        for (const Value_State state : {Value_State::Unknown, Value_State::Refused})
+            if (std::find(states.begin(), states.end(), state) != states.end()) return state;
+        const auto all = [&](Value_State state) {
+            return std::all_of(states.begin(), states.end(),
+                               [state](Value_State each) { return each == state; });
+        };
+        for (const Value_State state : {Value_State::Not_Sent, Value_State::Verified})
+            if (all(state)) return state;
+        return Value_State::Stored_Otherwise;
     }
 
     const std::vector<Plan_Write>& writes_;

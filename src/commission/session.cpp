@@ -18,8 +18,6 @@ std::string lineText(const Json& json) {
     return json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
-Json optionalText(const std::optional<std::string>& text) { return text ? Json(toUtf8(*text)) : Json(); }
-
 std::string rangeText(const std::vector<Register_Range>& ranges) {
     std::string text;
     for (const Register_Range& range : ranges)
@@ -406,32 +404,6 @@ Session_End Session::restore(const std::string& name, const Kept_Run& run, const
     if (const Opened_Run original = services_.runs.open(name); original.folder)
         (void)original.folder->put(restoredFile, end.run + "\n");
     return end;
-}
-
-// As JSON.
-
-Json identityJson(const compare::Identity& identity) {
-    Json evidence = Json::array();
-    for (const compare::Evidence& each : identity.evidence)
-        evidence.push_back({{"register", toUtf8(each.registers)},
-                            {"what", toUtf8(each.what)},
-                            {"expected", toUtf8(each.expected)},
-                            {"found", toUtf8(each.found)},
-                            {"result", compare::fitWord(each.result)}});
-    return {{"verdict", compare::verdictWord(identity.verdict)},
-            {"model", toUtf8(identity.model)},
-            {"unit", identity.unit},
-            {"serial", optionalText(identity.serial)},
-            {"firmware", optionalText(identity.firmware)},
-            {"evidence", evidence}};
-}
-
-Json endJson(const Session_End& end) {
-    return {{"run", end.run.empty() ? Json() : Json(end.run)},
-            {"identity", end.identity ? identityJson(*end.identity) : Json()},
-            {"counts", countsJson(end.report.counts)},
-            {"rows", rowsJson(end.report)},
-            {"requests", {{"reads", end.requests.reads}, {"writes", end.requests.writes}}}};
 }
 
 } // namespace zorvane::commission

@@ -180,7 +180,8 @@ std::string anotherController(const Kept_Run& run, const Identity_Section& secti
 std::int32_t unitOf(const Kept_Run& run) {
     std::int32_t unit = run.paper.unit;
     for (const Json& record : run.journal.records)
-        if (isEvent(record, "line")) unit = numberOf<std::int32_t>(memberOf(record, "unit")).value_or(unit);
+        if (isEvent(record, "line") || isEvent(record, "begin"))
+            unit = numberOf<std::int32_t>(memberOf(record, "unit")).value_or(unit);
     return unit;
 }
 

@@ -51,6 +51,16 @@ TEST(Taking_Back, ARunIsOfTheControllerWithItsSerialNumber) {
     EXPECT_EQ(anotherController(run, section, identity), "") << "the run wrote it";
 }
 
+TEST(Taking_Back, ARunThatWentOnUnderAnotherNumberIsLookedForThere) {
+    Kept_Run run;
+    run.paper.unit = 1;
+    EXPECT_EQ(unitOf(run), 1);
+    run.journal.records = {{{"event", "begin"}, {"unit", 1}}, {{"event", "line"}, {"unit", 5}}};
+    EXPECT_EQ(unitOf(run), 5);
+    run.journal.records.push_back({{"event", "begin"}, {"unit", 7}});
+    EXPECT_EQ(unitOf(run), 7);
+}
+
 TEST(Taking_Back, AWriteOfTheSerialNumberIsNoOtherController) {
     Session_Bench bench(pumpIdentity + "SERIAL=18\n");
     bench.set(1, 9, 2, "41000");

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
+#include <set>
 
 namespace zorvane::commission {
 
@@ -170,8 +171,10 @@ bool completeWrites(std::vector<Plan_Write>& writes, const Declara_Zorvane& docu
 std::vector<Planned_Cell> plannedCells(const std::vector<Plan_Write>& writes,
                                        const Declara_Zorvane& document) {
     std::vector<Planned_Cell> cells;
+    std::set<Cell_Place> seen; // a long text goes out in several writes
     for (std::size_t number = 0; number < writes.size(); ++number)
         for (const Cell_Place& place : writes[number].cells) {
+            if (!seen.insert(place).second) continue;
             const Cell_Registers found = registersOf(document, place);
             cells.push_back({place, found.address, found.range, found.part, number, {}});
         }
