@@ -24,6 +24,7 @@ using doubles::Ctl_Run;
 using doubles::Spawned_Program;
 using nlohmann::json;
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 const std::string ctl = ZORVANECTL;
 const std::string sim = ZORVANE_SIM;
@@ -224,6 +225,17 @@ TEST_F(SendProgram, APlanThatCantBeKeptIsOneObjectAllTheSame) {
     EXPECT_THAT(plan.err, HasSubstr("nowhere/p.json could not be written"));
 }
 
+TEST_F(SendProgram, APlanTakesTheDocumentsPlaceNever) {
+    start();
+    const std::string config = bench.path("site.KVRT207D");
+    std::filesystem::copy_file(model("EXAMPLE.KVRT207D"), config);
+    const std::string before = bench.bytes("site.KVRT207D");
+    const Ctl_Run plan = run({"plan", model("KVRT207D.ZTP"), config, "--port", port, "--out", config});
+    EXPECT_EQ(plan.code, 1);
+    EXPECT_THAT(plan.err, HasSubstr("site.KVRT207D is the document itself. Choose another file"));
+    EXPECT_EQ(bench.bytes("site.KVRT207D"), before);
+}
+
 TEST_F(SendProgram, AnEmptyValueIsAnErrorOfTheCommandLine) {
     start();
     for (const char* option : {"--plan", "--although", "--slave", "--timeout", "--retries", "--tx-delay"}) {
@@ -307,6 +319,28 @@ TEST_F(SendProgram, ARunOfAnotherControllerIsntTouched) {
     EXPECT_EQ(refused.code, 5);
     EXPECT_EQ(json::parse(refused.out)["counts"]["rows"], 0);
     EXPECT_EQ(writes(), 0);
+}
+
+TEST_F(SendProgram, WhatIsNamedAndIsNeverSentIsTold) {
+    const std::string ztp = bench.path("KVRT207D.ZTP");
+    std::filesystem::copy_file(model("KVRT207D.ZTP"), ztp);
+    std::ofstream(ztp, std::ios::app) << "[IDENTITY]\r\nLEAVEOUT=250-261\r\n";
+    start();
+    const Ctl_Run sent =
+        run({"send", ztp, model("EXAMPLE.KVRT207D"), "--port", port, "--yes", "--only", "3,1,2"});
+    EXPECT_EQ(sent.code, 0) << "nothing to write";
+    EXPECT_THAT(sent.err,
+                HasSubstr("Not sent: field 3, row 1, column 2: the template leaves its register out."));
+    EXPECT_EQ(writes(), 0);
+}
+
+TEST_F(SendProgram, ADocumentWithoutValuesIsSaidToBeTheTemplates) {
+    start();
+    std::ofstream(bench.path("cut.KVRT207D")).flush();
+    const Ctl_Run plan = run({"plan", model("KVRT207D.ZTP"), bench.path("cut.KVRT207D"), "--port", port});
+    EXPECT_EQ(plan.code, 0) << plan.err;
+    EXPECT_THAT(plan.err, HasSubstr("cut.KVRT207D holds no values: all values are the template's own."));
+    EXPECT_THAT(call("plan").err, Not(HasSubstr("holds no values")));
 }
 
 TEST_F(SendProgram, ARegisterFileAndAPortExcludeEachOther) {

@@ -13,8 +13,10 @@
 
 #include <CLI/CLI.hpp>
 
+#include <filesystem>
 #include <fstream>
 #include <ostream>
+#include <system_error>
 
 namespace zorvane::ctl {
 
@@ -95,12 +97,7 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
             return Exit_Failed;
         }
         const bool kept = keep(work.context, paper);
-        for (const commission::Planned_Cell& cell : plan.cells)
-            if (!cell.write)
-                tell(work.context.err, "Not sent: field " + std::to_string(cell.place.field) + ", row " +
-                                           std::to_string(cell.place.row) + ", column " +
-                                           std::to_string(cell.place.column) + ": " + printable(cell.why) +
-                                           ".");
+        tellNotSent(work, plan, only_.cells());
         print(work.context, &plan, look, paper);
         if (!kept) return Exit_Failed;
         if (!plan.writes.empty()) return Exit_Differs;
@@ -118,6 +115,12 @@ class Port_Plan_Subcommand : public Plan_Subcommand {
     /// False when it couldn't be kept, which was told.
     [[nodiscard]] bool keep(const Call_Context& context, const Json& paper) const {
         if (out_.empty()) return true;
+        for (const char* const what : {"template", "document"})
+            if (std::error_code error; std::filesystem::equivalent(
+                    out_, paper.at(what).at("path").get_ref<const std::string&>(), error)) {
+                tell(context.err, out_ + " is the " + what + " itself. Choose another file for the plan.");
+                return false;
+            }
         std::ofstream file(out_, std::ios::binary | std::ios::trunc);
         printJson(file, paper);
         if (file.flush()) return true;

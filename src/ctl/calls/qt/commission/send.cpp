@@ -149,7 +149,9 @@ class Send_Subcommand : public Subcommand {
         if (look.identity.verdict == compare::Verdict::Cant_Tell)
             tell(work.context.err, "Whether the controller is a " + printable(look.identity.model) +
                                        " can't be told; the run notes it.");
-        if (plan.failure || !plan.unread.empty() || plan.writes.empty()) return true;
+        if (plan.failure || !plan.unread.empty()) return true;
+        tellNotSent(work, plan, only_.cells());
+        if (plan.writes.empty()) return true;
         tellPlan(work, plan);
         return yes_ || !planPath_.empty() || confirmed(work, plan);
     }
@@ -206,12 +208,6 @@ class Send_Subcommand : public Subcommand {
             else if (write.stage == commission::Stage::Link)
                 tell(work.context.err, "Register " + std::to_string(write.address) +
                                            " goes out last: it changes the line itself.");
-        for (const commission::Planned_Cell& cell : plan.cells)
-            if (!cell.write && !cell.why.empty())
-                tell(work.context.err, "Not sent: field " + std::to_string(cell.place.field) + ", row " +
-                                           std::to_string(cell.place.row) + ", column " +
-                                           std::to_string(cell.place.column) + ": " + printable(cell.why) +
-                                           ".");
     }
 
     [[nodiscard]] static bool confirmed(Session_Work& work, const Plan& plan) {

@@ -28,6 +28,13 @@ std::string stemOf(const Opened_Document& opened) {
     return upperCase(splitName(splitPath(opened.ztp.path).name).first);
 }
 
+/// Whether a file has a line of values. One that was cut off when it was written, or that is of another kind,
+/// may have none, and all values are the template's own then.
+bool holdsValues(std::string_view bytes) {
+    const std::string text = "\n" + upperCase(bytes);
+    return text.find("\nROW_") != std::string::npos;
+}
+
 /// The numbers of a value's registers, "?" for one that isn't known.
 std::string spoken(const commission::Known_Registers& registers) {
     std::string text;
@@ -107,6 +114,9 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
         return static_cast<int>(Exit_Failed);
     };
     if (!opened.readToTheEnd()) return fail({});
+    if (opened.configuration && !holdsValues(context_.files.bytes(opened.configuration->path).value_or("")))
+        tell(context_.err, printablePath(opened.configuration->path) +
+                               " holds no values: all values are the template's own.");
     const Identity_Section section = readIdentity(context_.files.bytes(opened.ztp.path).value_or(""));
     commission::keepTextsTogether(opened.document, line.exchanges());
     if (const std::string why = line.open(context_); !why.empty()) return fail(why);
@@ -127,6 +137,26 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
         std::move(document));
     Session_Work sessionWork{context_, opened, section, line, runs, session};
     return work(sessionWork);
+}
+
+void tellNotSent(const Session_Work& work, const commission::Plan& plan,
+                 const commission::Chosen_Cells& chosen) {
+    const auto tellOne = [&](const Cell_Place& place, const std::string& why) {
+        tell(work.context.err, "Not sent: field " + std::to_string(place.field) + ", row " +
+                                   std::to_string(place.row) + ", column " + std::to_string(place.column) +
+                                   ": " + printable(why) + ".");
+    };
+    for (const commission::Planned_Cell& cell : plan.cells)
+        if (!cell.write && !cell.why.empty()) tellOne(cell.place, cell.why);
+    for (const compare::Row& row : plan.comparison.rows) {
+        if (!row.registers || !chosen.names(row.place)) continue;
+        const bool editable =
+            work.opened.document.Fields(row.place.field).Cells(0, row.place.column).Modifiable;
+        if (row.sign == compare::Sign::Left_Out)
+            tellOne(row.place, "the template leaves its register out");
+        else if (row.sign == compare::Sign::Read_Only)
+            tellOne(row.place, editable ? "downloads keep its register back" : "its column can't be edited");
+    }
 }
 
 void printEnd(const Call_Context& context, const Session_End& end) {

@@ -47,6 +47,10 @@ class Session_Opener {
     bool ownTimeOut_;
 };
 
+/// Tells of each value that isn't sent though it would differ, and of those that were named and never are.
+void tellNotSent(const Session_Work& work, const commission::Plan& plan,
+                 const commission::Chosen_Cells& chosen);
+
 /// Prints what came of a run: one object, or a few lines for people.
 void printEnd(const Call_Context& context, const commission::Session_End& end);
 
