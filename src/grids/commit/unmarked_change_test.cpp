@@ -80,6 +80,16 @@ TEST_F(Unmarked, TimeIsANote) {
     EXPECT_EQ(ownLower.TextMatrix(1, 1), "1:30");
 }
 
+TEST_F(Unmarked, TimeThatTheControllerTookIsANoteToo) {
+    form.Online = true;
+    cell.Format = "TIME";
+    cell.Value = "1:30";
+    type(1, 1, "2:05");
+    EXPECT_EQ(cell.Value, "2:05");
+    EXPECT_EQ(line(), "note: Timers, Delay: \"1:30\" was there, \"2:05\" is there, and the document is not "
+                      "marked as changed.");
+}
+
 TEST_F(Unmarked, TimeInADocumentThatIsMarkedAlreadyTellsNothing) {
     cell.Format = "TIME";
     cell.Value = "1:30";

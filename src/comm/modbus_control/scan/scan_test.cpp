@@ -226,6 +226,15 @@ TEST(Scan, AFailureStaysUntilItWasSeenOrFor25Ms) {
     EXPECT_EQ(frameAt(scan, 85 * ms), (Scan_Frame{0, 126, 125}));
 }
 
+TEST(Scan, ABlockThatBeginsAgainShowsItsFailureFirst) {
+    Scan scan = scanOf({{1, 300, "NONE", 0}, {500, 501, "NONE", 0}});
+    scan.frameAnswered(true, 1 * ms);
+    scan.blockAgain(2 * ms);
+    EXPECT_EQ(scan.frame(), std::nullopt);
+    EXPECT_EQ(frameAt(scan, 26 * ms), std::nullopt);
+    EXPECT_EQ(frameAt(scan, 27 * ms), (Scan_Frame{0, 1, 125}));
+}
+
 TEST(Scan, ABlockGivenUpIsLeftWithItsRest) {
     Scan scan = scanOf({{1, 300, "NONE", 0}, {500, 501, "NONE", 0}});
     scan.indexSeen();
