@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "commission/sender.h"
 
+#include "commission/line_following.h"
+#include "commission/sending_rules.h"
 #include "commission/touched_reading.h"
 
 #include <algorithm>
@@ -15,8 +17,6 @@ constexpr Micros betweenReadings = 200 * microsPerMs;
 constexpr Micros questionPeriod = 5 * microsPerSecond;
 constexpr std::size_t questionWrites = 50;
 constexpr Micros comeBackPause = 500 * microsPerMs;
-constexpr std::uint8_t exceptionAcknowledge = 5; ///< taken, and at work on it
-constexpr std::uint8_t exceptionBusy = 6;
 
 /// What a step leads to.
 enum class Next { Go_On, Stop };
@@ -26,11 +26,8 @@ class Sender {
     Sender(const Send_Services& services, const Send_Order& order)
         : line_(services.line), question_(services.question), journal_(services.journal),
           stopWanted_(services.stopWanted), told_(services.told), waits_(services.waits), order_(order),
-          unit_(order.unit), present_(order.before) {
-        outcome_.writes.resize(order.writes.size());
-        for (const std::size_t number : order.done)
-            takeDone(number);
-    }
+          states_(order.writes, order.writeOnly, order.done), way_{order.unit, order.line},
+          present_(order.before) {}
 
     Send_Outcome run() {
         if (begin() == Next::Go_On) (void)sendAll();
@@ -40,14 +37,8 @@ class Sender {
     }
 
   private:
-    [[nodiscard]] const Plan_Write& write(std::size_t number) const { return order_.writes[number]; }
-    [[nodiscard]] Write_Record& record(std::size_t number) { return outcome_.writes[number]; }
-
-    void takeDone(std::size_t number) {
-        record(number).progress = Write_Progress::Sent;
-        record(number).answered = true;
-        record(number).sent = write(number).values;
-    }
+    [[nodiscard]] const Plan_Write& write(std::size_t number) const { return states_.plan(number); }
+    [[nodiscard]] Write_Record& record(std::size_t number) { return states_.record(number); }
 
     Next stop(Send_End end, std::string why) {
         outcome_.end = end;
@@ -58,23 +49,17 @@ class Sender {
     // Before the first write.
 
     Next begin() {
-        if (!journal_.note("begin", {{"unit", unit_}, {"writes", order_.writes.size()}})) return folderLost();
-        if (nothingLeft()) return Next::Go_On;
+        if (!journal_.note("begin", {{"unit", way_.unit}, {"writes", states_.size()}})) return folderLost();
+        if (!states_.someWait()) return Next::Go_On;
         if (askQuestion() == Next::Stop) return Next::Stop;
         return askNewUnits();
-    }
-
-    [[nodiscard]] bool nothingLeft() const {
-        return std::none_of(outcome_.writes.begin(), outcome_.writes.end(), [](const Write_Record& each) {
-            return each.progress == Write_Progress::Waiting;
-        });
     }
 
     /// A number that somebody answers to would be two controllers' afterwards.
     Next askNewUnits() {
         for (const Line_Change& change : order_.lineChanges) {
-            const bool open = outcome_.writes[change.write].progress == Write_Progress::Waiting;
-            if (!open || !change.unit || *change.unit == unit_) continue;
+            const bool open = record(change.write).progress == Write_Progress::Waiting;
+            if (!open || !change.unit || *change.unit == way_.unit) continue;
             const Unit_Answer answer = read(*change.unit, write(change.write).address, 1);
             const bool answered = answer.good() || answer.end == Unit_End::Refused || answer.damaged > 0;
             if (answered)
@@ -102,7 +87,7 @@ class Sender {
     }
 
     Next askQuestion() {
-        Question_Answer answer = question_.ask(unit_);
+        Question_Answer answer = question_.ask(way_.unit);
         outcome_.requests.reads += static_cast<std::size_t>(answer.requests);
         const Micros until = line_.now() + comeBackTime;
         const auto isAway = [&] {
@@ -113,7 +98,7 @@ class Sender {
             if (line_.now() >= until || isStopped()) break;
             line_.pause(comeBackPause);
             if (!line_.openAgain()) continue;
-            answer = question_.ask(unit_);
+            answer = question_.ask(way_.unit);
             outcome_.requests.reads += static_cast<std::size_t>(answer.requests);
         }
         lastQuestion_ = line_.now();
@@ -134,12 +119,12 @@ class Sender {
     // The writes.
 
     Next sendAll() {
-        for (std::size_t number = 0; number < order_.writes.size(); ++number) {
+        for (std::size_t number = 0; number < states_.size(); ++number) {
             if (record(number).progress != Write_Progress::Waiting) continue;
             if (isStopped()) return stop(Send_End::Interrupted, "Stopped.");
             if (questionIsDue() && checkWhatWasSent() == Next::Stop) return Next::Stop;
             if (sendOne(number) == Next::Stop) return Next::Stop;
-            if (told_) told_(number + 1, order_.writes.size());
+            if (told_) told_(number + 1, states_.size());
         }
         return Next::Go_On;
     }
@@ -164,14 +149,14 @@ class Sender {
             record(number).sent = *values;
             if (!noteIntent(number, *values)) return folderLost();
             const Unit_Answer answer =
-                line_.write(unit_, write(number).function, write(number).address, *values);
+                line_.write(way_.unit, write(number).function, write(number).address, *values);
             outcome_.requests.writes += static_cast<std::size_t>(answer.requests);
             outcome_.requests.damaged += static_cast<std::size_t>(answer.damaged);
             lastWrite_ = line_.now();
             if (const Next next = takeAnswer(number, answer); next == Next::Stop) return next;
-            if (isLink(number)) return followLine(number, answer);
+            if (const Line_Change* change = changeOf(number)) return follow(number, *change, answer);
             if (!mayHaveBeenTaken(answer)) {
-                if (answer.exception != exceptionBusy || tries >= order_.retries) return Next::Go_On;
+                if (!isBusy(answer) || tries >= order_.retries) return Next::Go_On;
                 record(number).progress = Write_Progress::Waiting;
                 line_.pause(betweenReadings);
                 continue;
@@ -183,10 +168,6 @@ class Sender {
         }
     }
 
-    static bool mayHaveBeenTaken(const Unit_Answer& answer) {
-        return answer.good() || answer.mayHaveArrived() || answer.exception == exceptionAcknowledge;
-    }
-
     /// What goes out over the registers as they are now. Nothing when it can't be sent.
     std::optional<std::vector<std::uint16_t>> compose(std::size_t number) {
         const Plan_Write& plan = write(number);
@@ -194,13 +175,8 @@ class Sender {
         if (!plan.composedFromReading()) return plan.values;
         const auto now = readPresent(number);
         if (!now) return std::nullopt;
-        for (std::size_t i = 0; i < plan.parts.size(); ++i) {
-            const std::int32_t address = plan.address + static_cast<std::int32_t>(i);
-            const auto was = present_.find(address);
-            const auto is = now->valueAt(address);
-            if (plan.parts[i] != Part::Kept || was == present_.end() || !is || was->second == *is) continue;
-            leaveOut(number, "register " + std::to_string(address) + " of its block was " +
-                                 std::to_string(was->second) + " and is " + std::to_string(*is) + " now");
+        if (auto why = otherwiseThanBefore(plan, present_, *now)) {
+            leaveOut(number, std::move(*why));
             return std::nullopt;
         }
         return composedWrite(plan, *now);
@@ -209,21 +185,14 @@ class Sender {
     /// The registers of a write as they are now, without those that can only be written. Nothing when one
     /// can't be read.
     std::optional<compare::Controller_Registers> readPresent(std::size_t number) {
-        const Plan_Write& plan = write(number);
         compare::Controller_Registers now;
-        for (std::int32_t first = plan.address; first <= plan.last();) {
-            std::int32_t end = first;
-            while (end <= plan.last() && !isWriteOnly({end, end}))
-                ++end;
-            if (end > first) {
-                const Unit_Answer answer = read(unit_, first, end - first);
-                if (!answer.good()) {
-                    notRead(number, answer);
-                    return std::nullopt;
-                }
-                now.take(first, answer.values);
+        for (const Register_Range& row : states_.readableRows(number)) {
+            const Unit_Answer answer = read(way_.unit, row.first, row.last - row.first + 1);
+            if (!answer.good()) {
+                notRead(number, answer);
+                return std::nullopt;
             }
-            first = end + 1;
+            now.take(row.first, answer.values);
         }
         return now;
     }
@@ -247,7 +216,7 @@ class Sender {
 
     bool noteIntent(std::size_t number, const std::vector<std::uint16_t>& values) {
         return journal_.note("write", {{"write", number},
-                                       {"unit", unit_},
+                                       {"unit", way_.unit},
                                        {"function", static_cast<int>(write(number).function)},
                                        {"address", write(number).address},
                                        {"values", values}});
@@ -272,61 +241,25 @@ class Sender {
             each.progress =
                 answer.end == Unit_End::Refused ? Write_Progress::Refused : Write_Progress::Left_Out;
         }
-        Json members{{"write", number}, {"end", endWord(answer)}};
+        Json members{{"write", number}, {"end", writeEndWord(answer.end)}};
         if (!answer.fault.empty()) members["fault"] = answer.fault;
         if (answer.answerTime > 0) members["us"] = answer.answerTime;
         return journal_.note("answer", std::move(members)) ? Next::Go_On : folderLost();
-    }
-
-    static const char* endWord(const Unit_Answer& answer) {
-        switch (answer.end) {
-        case Unit_End::Answered:
-            return "acknowledged";
-        case Unit_End::Refused:
-            return "refused";
-        case Unit_End::Silent:
-            return "no answer";
-        case Unit_End::PortLost:
-            return "port lost";
-        case Unit_End::Cancelled:
-        case Unit_End::NotSent:
-            break;
-        }
-        return "not sent";
     }
 
     /// After a write without an answer: whether the controller has it, or something else than before, or
     /// can't be read. False when it still has what was there: then it may be sent again.
     bool wasTaken(std::size_t number) {
         const Plan_Write& plan = write(number);
-        if (cantBeReadBack(plan)) return true;
-        const Unit_Answer answer = read(unit_, plan.address, static_cast<std::int32_t>(plan.values.size()));
+        if (states_.cantBeReadBack(number)) return true;
+        const Unit_Answer answer =
+            read(way_.unit, plan.address, static_cast<std::int32_t>(plan.values.size()));
         if (!answer.good()) return true;
         journal_.note("read", {{"address", plan.address}, {"values", answer.values}});
-        bool asBefore = true;
-        for (std::size_t i = 0; i < plan.parts.size(); ++i) {
-            const auto was = present_.find(plan.address + static_cast<std::int32_t>(i));
-            asBefore =
-                asBefore && was != present_.end() && samePart(plan.parts[i], was->second, answer.values[i]);
-        }
-        return !asBefore;
-    }
-
-    [[nodiscard]] bool cantBeReadBack(const Plan_Write& plan) const {
-        return isWriteOnly({plan.address, plan.last()});
-    }
-
-    /// Whether one of them can only be written.
-    [[nodiscard]] bool isWriteOnly(const Register_Range& registers) const {
-        return std::any_of(order_.writeOnly.begin(), order_.writeOnly.end(),
-                           [&](const Register_Range& range) {
-                               return range.first <= registers.last && registers.first <= range.last;
-                           });
+        return !isAsBefore(plan, present_, answer.values);
     }
 
     // What changes the line.
-
-    [[nodiscard]] bool isLink(std::size_t number) const { return changeOf(number) != nullptr; }
 
     [[nodiscard]] const Line_Change* changeOf(std::size_t number) const {
         const auto found =
@@ -335,117 +268,52 @@ class Sender {
         return found == order_.lineChanges.end() ? nullptr : &*found;
     }
 
-    struct Way {
-        std::int32_t unit = 1;
-        Line_Settings line;
-    };
-
-    /// The controller may answer in the new way at once, later, or only after it was switched off and on.
-    Next followLine(std::size_t number, const Unit_Answer& answer) {
+    Next follow(std::size_t number, const Line_Change& change, const Unit_Answer& answer) {
         if (!mayHaveBeenTaken(answer)) return Next::Go_On;
-        const Line_Change& change = *changeOf(number);
-        const Way old{unit_, settings()};
-        Way fresh = old;
-        if (change.unit) fresh.unit = *change.unit;
-        if (change.baud) fresh.line.baud = *change.baud;
-        const Micros until = line_.now() + comeBackTime;
-        for (bool isFresh = true; line_.now() < until && !isStopped(); isFresh = !isFresh) {
-            const Way& way = isFresh ? fresh : old;
-            if (!line_.setLine(way.line)) continue;
-            const Unit_Answer there = read(way.unit, write(number).address, 1);
-            if (there.good() && holdsWanted(number, there.values.front()))
-                return takeWay(number, way, isFresh);
-            if (there.good()) line_.pause(betweenReadings);
-        }
-        (void)line_.setLine(old.line);
-        return stop(Send_End::Interrupted, "After the line was changed the controller answers neither in the "
-                                           "new way nor in the old one with the new value.");
-    }
-
-    [[nodiscard]] bool holdsWanted(std::size_t number, std::uint16_t value) const {
-        const Plan_Write& plan = write(number);
-        return samePart(plan.parts.front(), plan.values.front(), value);
-    }
-
-    Next takeWay(std::size_t number, const Way& way, bool isFresh) {
-        unit_ = way.unit;
-        settings_ = way.line;
-        record(number).answer = isFresh ? "the controller answers in the new way"
-                                        : "the controller still answers in the old way: switch it off and on";
+        const auto followed = followLine(
+            line_,
+            [this](std::int32_t unit, std::int32_t first, std::int32_t count) {
+                return read(unit, first, count);
+            },
+            write(number), change, way_, comeBackTime, [this] { return isStopped(); });
+        if (!followed)
+            return stop(Send_End::Interrupted,
+                        "After the line was changed the controller answers neither in the "
+                        "new way nor in the old one with the new value.");
+        way_ = followed->way;
+        record(number).answer = followed->fresh
+                                    ? "the controller answers in the new way"
+                                    : "the controller still answers in the old way: switch it off and on";
         const bool noted =
-            journal_.note("line", {{"unit", way.unit}, {"line", formatLineSettings(way.line)}});
+            journal_.note("line", {{"unit", way_.unit}, {"line", formatLineSettings(way_.line)}});
         return noted ? Next::Go_On : folderLost();
     }
-
-    [[nodiscard]] Line_Settings settings() const { return settings_.value_or(order_.line); }
 
     // Reading back.
 
     /// The registers of what was sent, `all` or only what isn't verified yet.
     compare::Controller_Registers readTouched(bool all) {
-        std::set<std::int32_t> registers;
-        for (std::size_t number = 0; number < outcome_.writes.size(); ++number) {
-            const Write_Record& each = outcome_.writes[number];
-            if (each.progress != Write_Progress::Sent || (each.verified && !all)) continue;
-            for (std::int32_t at = write(number).address; at <= write(number).last(); ++at)
-                registers.insert(at);
-        }
         return readRegisters(
-            registers, order_.blocks, order_.writeOnly,
-            [this](std::int32_t first, std::int32_t count) { return read(unit_, first, count); });
+            states_.touched(all), order_.blocks, order_.writeOnly,
+            [this](std::int32_t first, std::int32_t count) { return read(way_.unit, first, count); });
     }
 
     /// What a reading after the writes says of them.
     void judge(const compare::Controller_Registers& now, bool last) {
-        for (std::size_t number = 0; number < outcome_.writes.size(); ++number) {
-            Write_Record& each = outcome_.writes[number];
-            if (each.progress != Write_Progress::Sent) continue;
-            const Plan_Write& plan = write(number);
-            if (!last && each.verified) continue;
-            std::vector<std::optional<std::uint16_t>> found;
-            for (std::int32_t at = plan.address; at <= plan.last(); ++at)
-                found.push_back(now.valueAt(at));
-            const bool there = holds(plan, each.sent, found);
-            if (each.verified && !there) each.changedSince = true;
-            each.verified = there;
-            each.readBack = std::move(found);
-            if (there) sinceQuestion_.erase(number);
-        }
+        for (const std::size_t number : states_.judge(now, last))
+            sinceQuestion_.erase(number);
         for (const auto& [address, value] : now.values())
             outcome_.after.take(address, {value});
-    }
-
-    static bool holds(const Plan_Write& plan, const std::vector<std::uint16_t>& sent,
-                      const std::vector<std::optional<std::uint16_t>>& found) {
-        for (std::size_t i = 0; i < plan.parts.size(); ++i)
-            if (plan.parts[i] != Part::Kept && (!found[i] || !samePart(plan.parts[i], sent[i], *found[i])))
-                return false;
-        return true;
-    }
-
-    [[nodiscard]] bool allSettled() const {
-        for (std::size_t number = 0; number < outcome_.writes.size(); ++number) {
-            const Write_Record& each = outcome_.writes[number];
-            if (each.progress == Write_Progress::Sent && !each.verified && !cantBeReadBack(write(number)))
-                return false;
-        }
-        return true;
-    }
-
-    [[nodiscard]] bool somethingSent() const {
-        return std::any_of(outcome_.writes.begin(), outcome_.writes.end(),
-                           [](const Write_Record& each) { return each.progress == Write_Progress::Sent; });
     }
 
     /// Read back for as long as a controller may take to store; then all once more, unless that reading was
     /// of all. What was read counts only when the controller is still the same after it.
     void readBack() {
-        if (!somethingSent()) return;
-        const bool early = std::any_of(outcome_.writes.begin(), outcome_.writes.end(),
-                                       [](const Write_Record& each) { return each.verified; });
+        if (!states_.someWereSent()) return;
+        const bool early = states_.someAreVerified();
         compare::Controller_Registers now = readTouched(false);
         bool repeated = false;
-        while (!holdsAll(now) && line_.now() < lastWrite_ + storingTime && !line_.cancelled()) {
+        while (!states_.allThere(now) && line_.now() < lastWrite_ + storingTime && !line_.cancelled()) {
             line_.pause(betweenReadings);
             now = readTouched(false);
             repeated = true;
@@ -457,24 +325,11 @@ class Sender {
         if (once) judge(*once, true);
     }
 
-    [[nodiscard]] bool holdsAll(const compare::Controller_Registers& now) const {
-        for (std::size_t number = 0; number < outcome_.writes.size(); ++number) {
-            const Write_Record& each = outcome_.writes[number];
-            if (each.progress != Write_Progress::Sent || each.verified || cantBeReadBack(write(number)))
-                continue;
-            std::vector<std::optional<std::uint16_t>> found;
-            for (std::int32_t at = write(number).address; at <= write(number).last(); ++at)
-                found.push_back(now.valueAt(at));
-            if (!holds(write(number), each.sent, found)) return false;
-        }
-        return true;
-    }
-
     /// A send that is to end still asks who was read back.
     Next confirmController() {
         const Send_End end = outcome_.end;
         const std::string why = outcome_.why;
-        const Question_Answer answer = question_.ask(unit_);
+        const Question_Answer answer = question_.ask(way_.unit);
         outcome_.requests.reads += static_cast<std::size_t>(answer.requests);
         journal_.note("identity", {{"verdict", answer.word}, {"why", answer.why}});
         if (answer.end == Question_End::Wrong) return wrongController(sinceQuestion_, answer.why);
@@ -488,13 +343,14 @@ class Sender {
     }
 
     void end() {
-        outcome_.unit = unit_;
+        outcome_.unit = way_.unit;
         Json verified = Json::array();
-        for (std::size_t number = 0; number < outcome_.writes.size(); ++number)
-            if (outcome_.writes[number].verified) verified.push_back(number);
+        for (std::size_t number = 0; number < states_.size(); ++number)
+            if (record(number).verified) verified.push_back(number);
         journal_.note("end", {{"end", outcome_.end == Send_End::Finished ? "finished" : "interrupted"},
                               {"why", outcome_.why},
                               {"verified", verified}});
+        outcome_.writes = states_.take();
     }
 
     Unit_Writer& line_;
@@ -504,9 +360,9 @@ class Sender {
     std::function<void(std::size_t, std::size_t)> told_;
     std::function<void(const std::string&)> waits_;
     const Send_Order& order_;
-    std::int32_t unit_;
-    std::optional<Line_Settings> settings_;         ///< once the line was changed
-    std::map<std::int32_t, std::uint16_t> present_; ///< what the registers hold, as far as is known
+    Write_States states_;
+    Line_Way way_; ///< how the controller is reached now
+    Known_Values present_;
     Send_Outcome outcome_;
     Micros lastWrite_ = 0;
     Micros lastQuestion_ = 0;

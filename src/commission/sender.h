@@ -6,37 +6,17 @@
 #include "commission/plan/line_change.h"
 #include "commission/plan/plan.h"
 #include "commission/question.h"
+#include "commission/write_states.h"
 #include "compare/controller_registers.h"
 
 #include <cstdint>
 #include <functional>
 #include <map>
-#include <optional>
 #include <set>
 #include <string>
 #include <vector>
 
 namespace zorvane::commission {
-
-/// How far a write of a plan has come.
-enum class Write_Progress {
-    Waiting, ///< nothing went out
-    Sent,    ///< it may be in force: only a reading tells
-    Refused, ///< by an exception
-    Left_Out ///< it wasn't sent, for a reason
-};
-
-/// A write of the plan as it stands.
-struct Write_Record {
-    Write_Progress progress = Write_Progress::Waiting;
-    std::vector<std::uint16_t> sent;                    ///< the values that went out last
-    std::vector<std::optional<std::uint16_t>> readBack; ///< as read after the last write
-    bool answered = false;                              ///< an acknowledgement came
-    bool verified = false;                              ///< read back, and all that its cells set is there
-    bool changedSince = false;                          ///< it was verified, and a later reading is otherwise
-    bool astray = false;                                ///< it may have gone to another controller
-    std::string answer;                                 ///< what the controller said, or why it wasn't sent
-};
 
 /// How a send ended.
 enum class Send_End {
