@@ -31,8 +31,9 @@ std::string whyNot(const compare::Identity& identity) {
     std::string why = "The controller isn't a " + identity.model;
     for (const compare::Evidence& each : identity.evidence)
         if (each.result == compare::Fit::Doesnt_Fit) {
-            why += ": " + compare::placeText(each) + " holds \"" + each.found + "\" and not \"" +
-                   each.expected + "\"";
+            why += ": " + compare::placeText(each) +
+                   (each.unread ? " can't be read, " + each.found
+                                : " holds \"" + each.found + "\" and not \"" + each.expected + "\"");
             break;
         }
     return why + ".";

@@ -206,6 +206,15 @@ TEST(Session, AnotherControllerStopsBeforeTheFirstWrite) {
     EXPECT_EQ(bench.toy.writes, 0);
 }
 
+TEST(Session, ABlockThatTheControllerDoesntHaveIsToldAsSuch) {
+    Session_Bench bench("[PORT_CONFIGURATION]\nHOLDINGREGISTERSBLOCK_3=40-41\nHOLDINGREQUESTBLOCK_3=CONFIG\n"
+                        "HOLDINGREGISTERSBLOCK_4=50-51\nHOLDINGREQUESTBLOCK_4=CONFIG\n"
+                        "HOLDINGREGISTERSBLOCK_5=60-61\nHOLDINGREQUESTBLOCK_5=CONFIG\n");
+    EXPECT_EQ(
+        bench.send().why,
+        "The controller isn't a PUMP: register 40-41 can't be read, Illegal data address (exception 2).");
+}
+
 const std::string objectsIdentity = "[IDENTITY]\nOBJECTS=YES\nOBJECT_1=PUMP\n";
 
 TEST(Session, AControllerIsToldByItsObjectsToo) {

@@ -37,6 +37,12 @@ TEST(DeskWords, TheEvidenceTellsWhatWasFound) {
     EXPECT_EQ(evidenceTexts(identity).front(),
               "Register 30 (bearing) doesn't fit: \"99\" instead of \"20 to 30\".");
     EXPECT_THAT(evidenceTexts(identity).back(), HasSubstr("object 1 wasn't read: "));
+    identity.evidence = {{"10-20", "block 1", "registers that can be read",
+                          "Illegal data address (exception 2)", compare::Fit::Doesnt_Fit,
+                          compare::Unread{2}}};
+    EXPECT_THAT(evidenceTexts(identity),
+                ElementsAre("Register 10-20 (block 1) doesn't fit: it can't be read, Illegal "
+                            "data address (exception 2)."));
     EXPECT_THAT(
         evidenceTexts(identityWith(compare::Verdict::Cant_Tell)),
         ElementsAre("The template doesn't say by what its controller is told; what was read doesn't speak "
