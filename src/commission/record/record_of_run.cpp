@@ -232,8 +232,6 @@ Record_Row rowOf(const Place& place, const std::map<Place, Json>& planned) {
 std::string firstOf(const std::string& one, std::string other) {
     return one.empty() ? std::move(other) : one;
 }
-return one.empty() ? other : one;
-}
 
 void Run_Files::addRows(Record& record) const {
     const std::map<Place, Json> planned = planRows();
