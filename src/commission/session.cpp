@@ -32,8 +32,9 @@ std::string whyNot(const compare::Identity& identity) {
     for (const compare::Evidence& each : identity.evidence)
         if (each.result == compare::Fit::Doesnt_Fit) {
             why += ": " + compare::placeText(each) +
-                   (each.unread ? " can't be read, " + each.found
-                                : " holds \"" + each.found + "\" and not \"" + each.expected + "\"");
+                   (compare::isRefusedBlock(each)
+                        ? " can't be read, " + each.found
+                        : " holds \"" + each.found + "\" and not \"" + each.expected + "\"");
             break;
         }
     return why + ".";

@@ -11,6 +11,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace zorvane::compare {
@@ -40,6 +41,12 @@ struct Evidence {
 
 /// Whether it is about an object of function 43/14.
 [[nodiscard]] bool isObject(const Evidence& evidence);
+
+/// What is expected of a block of the template; one that is refused speaks against the controller.
+inline constexpr std::string_view readableRegisters = "registers that can be read";
+[[nodiscard]] inline bool isRefusedBlock(const Evidence& evidence) {
+    return evidence.expected == readableRegisters;
+}
 /// "register 320-327" or "object 1": where a piece of evidence stands.
 [[nodiscard]] std::string placeText(const Evidence& evidence);
 

@@ -84,8 +84,7 @@ void addRefusedBlocks(const Declara_Zorvane& document, const Controller_Register
         const auto why = registers.unreadAt(block.First_Address);
         if (!why || why->exception != illegalAddress) continue;
         evidence.push_back(against(numberText(block.First_Address) + "-" + numberText(block.Last_Address),
-                                   "block " + numberText(i), {"registers that can be read", why->text()}));
-        evidence.back().unread = why;
+                                   "block " + numberText(i), {std::string(readableRegisters), why->text()}));
     }
 }
 

@@ -22,7 +22,8 @@ std::string evidenceText(const compare::Evidence& evidence) {
     case compare::Fit::Fits:
         return text + " fits: \"" + toUtf8(evidence.found) + "\".";
     case compare::Fit::Doesnt_Fit:
-        if (evidence.unread) return text + " doesn't fit: it can't be read, " + toUtf8(evidence.found) + ".";
+        if (compare::isRefusedBlock(evidence))
+            return text + " doesn't fit: it can't be read, " + toUtf8(evidence.found) + ".";
         return text + " doesn't fit: \"" + toUtf8(evidence.found) + "\" instead of \"" +
                toUtf8(evidence.expected) + "\".";
     case compare::Fit::Not_Read:
