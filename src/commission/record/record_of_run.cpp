@@ -229,9 +229,7 @@ Record_Row rowOf(const Place& place, const std::map<Place, Json>& planned) {
     return row;
 }
 
-std::string firstOf(const std::string& one, std::string other) {
-    return one.empty() ? std::move(other) : one;
-}
+std::string firstOf(const std::string& one, const std::string& other) { return one.empty() ? other : one; }
 
 void Run_Files::addRows(Record& record) const {
     const std::map<Place, Json> planned = planRows();
