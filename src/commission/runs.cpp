@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <utility>
 
 namespace zorvane::commission {
@@ -57,10 +58,13 @@ Json countsOf(const Kept_Run& run) {
             if (const auto number = numberOf<std::size_t>(memberOf(record, "write"));
                 number && *number < sent.size())
                 sent[*number] = true;
-    Value_Counts counts;
+    std::map<Cell_Place, bool> cells; // a long text goes out in several writes
     for (std::size_t number = 0; number < sent.size(); ++number)
-        for (std::size_t i = 0; i < run.paper.writes[number].cells.size(); ++i)
-            counts.add(sent[number] ? Value_State::Unknown : Value_State::Not_Sent);
+        for (const Cell_Place& place : run.paper.writes[number].cells)
+            cells[place] = cells[place] || sent[number];
+    Value_Counts counts;
+    for (const auto& [place, begun] : cells)
+        counts.add(begun ? Value_State::Unknown : Value_State::Not_Sent);
     return countsJson(counts);
 }
 

@@ -147,6 +147,21 @@ TEST_F(Damaged_Run, AResultOfAnotherKindIsNone) {
     }
 }
 
+TEST_F(Damaged_Run, ALongTextWhoseSecondWriteNeverBeganIsOneUnknownValue) {
+    Json paper = Json::parse(file("plan.json"));
+    Json second = paper["writes"][0];
+    second["address"] = 12; // of the same cell, as the writes of a long text are
+    paper["writes"].push_back(second);
+    file("plan.json") = paper.dump();
+    file("result.json") = "";
+    EXPECT_EQ(listRuns(bench.runs).front().counts, Json({{"verified", 0},
+                                                         {"refused", 0},
+                                                         {"stored_otherwise", 0},
+                                                         {"unknown", 1},
+                                                         {"not_sent", 0},
+                                                         {"rows", 1}}));
+}
+
 TEST_F(Damaged_Run, RecordsOfTheJournalWithOtherKindsOfValuesAreNone) {
     file("result.json") = "";
     file("after.json") = "";

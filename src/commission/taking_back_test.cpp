@@ -137,5 +137,17 @@ TEST(Taking_Back, AKeptPlanThatWasChangedByHandIsStale) {
               "The plan writes nothing to register 11, and its document has 50 for it. Make a new plan.");
 }
 
+TEST(Taking_Back, APlanWhoseWriteNamesACellOfOtherRegistersDoesntFitTheTemplate) {
+    Session_Bench bench;
+    bench.changeMuch();
+    Session session = bench.session();
+    const Plan plan = session.plan(session.look(), {});
+    std::vector<Plan_Write> writes = plan.writes;
+    EXPECT_TRUE(completeWrites(writes, bench.bench.document, bench.section));
+    ASSERT_GT(writes.size(), 1U);
+    writes[0].cells.push_back(writes[1].cells[0]);
+    EXPECT_FALSE(completeWrites(writes, bench.bench.document, bench.section));
+}
+
 } // namespace
 } // namespace zorvane::commission

@@ -91,6 +91,12 @@ bool hasCell(const Declara_Zorvane& document, const Cell_Place& place) {
            place.column <= cells.columns();
 }
 
+bool brings(const Plan_Write& write, const Declara_Zorvane& document, const Cell_Place& place) {
+    if (!hasCell(document, place)) return false;
+    const Register_Range registers = registersOf(document, place).range;
+    return registers.first <= write.last() && write.address <= registers.last;
+}
+
 void setParts(Plan_Write& write, const Declara_Zorvane& document, const Identity_Section& section) {
     write.parts.assign(write.values.size(), Part::Kept);
     for (const Cell_Place& place : write.cells) {
@@ -161,7 +167,7 @@ bool completeWrites(std::vector<Plan_Write>& writes, const Declara_Zorvane& docu
                     const Identity_Section& section) {
     for (Plan_Write& write : writes) {
         if (!std::all_of(write.cells.begin(), write.cells.end(),
-                         [&](const Cell_Place& place) { return hasCell(document, place); }))
+                         [&](const Cell_Place& place) { return brings(write, document, place); }))
             return false;
         setParts(write, document, section);
     }

@@ -44,7 +44,7 @@ struct Plan_Paper {
 [[nodiscard]] std::optional<Plan_Paper> parsePaper(std::string_view text);
 
 /// The parts and stages of a paper's writes, as the template's cells and its section have them. False when
-/// the template has no such cell.
+/// the template has no such cell, or the cell no register that is written.
 [[nodiscard]] bool completeWrites(std::vector<Plan_Write>& writes, const Declara_Zorvane& document,
                                   const Identity_Section& section);
 

@@ -203,12 +203,16 @@ std::map<Place, std::string> Run_Files::statesOfJournal() const {
     std::map<Place, std::string> states;
     std::int64_t number = 0;
     for (const Json& write : memberOf(plan_, "writes")) {
-        for (const Json& cell : memberOf(write, "cells"))
-            if (cell.is_array() && cell.size() == 3)
-                states[{numberOf<std::int32_t>(cell[0]).value_or(0),
-                        numberOf<std::int32_t>(cell[1]).value_or(0),
-                        numberOf<std::int32_t>(cell[2]).value_or(0)}] =
-                    begun.contains(number) ? "unknown" : "not_sent";
+        for (const Json& cell : memberOf(write, "cells")) {
+            if (!cell.is_array() || cell.size() != 3) continue;
+            std::string& state = states[{numberOf<std::int32_t>(cell[0]).value_or(0),
+                                         numberOf<std::int32_t>(cell[1]).value_or(0),
+                                         numberOf<std::int32_t>(cell[2]).value_or(0)}];
+            if (begun.contains(number))
+                state = "unknown"; // of a long text, any of its writes
+            else if (state.empty())
+                state = "not_sent";
+        }
         ++number;
     }
     return states;

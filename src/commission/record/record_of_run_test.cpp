@@ -166,6 +166,17 @@ TEST_F(Record_Of_Run, OfAnInterruptedOneABegunWriteIsUnknown) {
     EXPECT_EQ(told.notes.size(), 1U);
 }
 
+TEST_F(Record_Of_Run, OfAnInterruptedOneALongTextIsUnknownWhenOneOfItsWritesBegan) {
+    Json paper = Json::parse(plan);
+    paper["writes"][1]["cells"] = {{2, 1, 3}};
+    files["plan.json"] = paper.dump();
+    journal(
+        {{{"event", "begin"}}, {{"event", "write"}, {"write", 0}, {"address", 40001}, {"values", {120}}}});
+    const Record told = record();
+    ASSERT_EQ(told.rows.size(), 1U);
+    EXPECT_EQ(told.rows[0].state, "unknown");
+}
+
 TEST_F(Record_Of_Run, SaysThatTheJournalIsDamaged) {
     finish();
     files["journal"].insert(0, "00000000 {}\n");
