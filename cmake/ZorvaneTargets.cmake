@@ -21,7 +21,8 @@ function(zorvane_library name)
   zorvane_use_headers(zorvane_${name} library ${ARG_PUBLIC} ${ARG_PRIVATE})
 endfunction()
 
-# zorvane_test(NAME SOURCES... LINK targets...): a GoogleTest program beside the code that it tests.
+# zorvane_test(NAME SOURCES... LINK targets...): a GoogleTest program beside the code that it tests. The same presets
+# compile twelve of its sources as one.
 function(zorvane_test name)
   if(NOT ZORVANE_TESTS)
     return()
@@ -29,7 +30,8 @@ function(zorvane_test name)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest GTest::gmock GTest::gtest_main zorvane_warnings)
-  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests
+    UNITY_BUILD ${ZORVANE_UNITY} UNITY_BUILD_BATCH_SIZE 12)
   zorvane_use_headers(${name} test ${ARG_LINK})
   gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
 endfunction()

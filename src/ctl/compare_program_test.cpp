@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // "identify" and "compare" as the built program, against simulated controllers of all models.
 
+#include "ctl/testing/built_programs.h"
 #include "ctl/testing/ctl_bench.h"
 #include "ctl/testing/spawned_program_linux.h"
 
@@ -17,18 +18,14 @@
 namespace zorvane::ctl {
 namespace {
 
+using doubles::ctl;
 using doubles::Ctl_Bench;
 using doubles::Ctl_Run;
+using doubles::model;
+using doubles::sim;
 using doubles::Spawned_Program;
 using nlohmann::json;
-using testing::HasSubstr;
-
-const std::string ctl = ZORVANECTL;
-const std::string sim = ZORVANE_SIM;
-
-std::string model(const std::string& file) {
-    return (std::filesystem::path(ctl).parent_path() / file).string();
-}
+using ::testing::HasSubstr;
 
 /// A simulated controller on a pseudo-terminal, which logs what it is asked.
 class Simulated {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the built program writes to a controller that refuses, falls silent, or isn't there, and what it does
 // when a signal asks for the end. The controller is a script on a pseudo-terminal.
+#include "ctl/testing/built_programs.h"
 #include "ctl/testing/ctl_bench.h"
 #include "ctl/testing/scripted_slave.h"
 #include "ctl/testing/spawned_program_linux.h"
@@ -16,6 +17,7 @@
 namespace zorvane::ctl {
 namespace {
 
+using doubles::ctl;
 using doubles::Ctl_Bench;
 using doubles::Ctl_Run;
 using doubles::lines;
@@ -25,7 +27,6 @@ using nlohmann::json;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 
-const std::string ctl = ZORVANECTL;
 constexpr std::uint8_t busy = 6;
 
 int registerOf(const Byte_Array& request) { return request.at(2) * 256 + request.at(3); }

@@ -2,6 +2,7 @@
 // The built program: exit codes, ports that can't be used, Ctrl+C, and transfers with the simulated
 // controller.
 
+#include "ctl/testing/built_programs.h"
 #include "ctl/testing/ctl_bench.h"
 #include "ctl/testing/small_model.h"
 #include "ctl/testing/spawned_program_linux.h"
@@ -21,36 +22,35 @@
 namespace zorvane::ctl {
 namespace {
 
+using doubles::ctl;
 using doubles::Ctl_Bench;
 using doubles::Ctl_Run;
 using doubles::lines;
+using doubles::sim;
 using doubles::Spawned_Program;
 using nlohmann::json;
-using testing::EndsWith;
-using testing::HasSubstr;
-using testing::Not;
-using testing::StartsWith;
-
-const std::string ctl = ZORVANECTL;
-const std::string sim = ZORVANE_SIM;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
 
 std::vector<std::string> command(const std::string& program, std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), program);
     return arguments;
 }
 
-Ctl_Run run(const std::vector<std::string>& arguments, uid_t user = 0) {
+Ctl_Run runCtl(const std::vector<std::string>& arguments, uid_t user = 0) {
     Spawned_Program program(command(ctl, arguments), user);
     const int code = program.finish();
     return {code, program.out(), program.err()};
 }
 
 TEST(Program, TellsItsUsage) {
-    EXPECT_EQ(run({}).code, 2);
-    EXPECT_EQ(run({"--help"}).code, 0);
-    EXPECT_THAT(run({"--help"}).out, HasSubstr("upload"));
-    EXPECT_EQ(run({"upload", "A.ZTP", "b.A"}).code, 2);
-    EXPECT_THAT(run({"upload", "A.ZTP", "b.A"}).err, HasSubstr("--port is required"));
+    EXPECT_EQ(runCtl({}).code, 2);
+    EXPECT_EQ(runCtl({"--help"}).code, 0);
+    EXPECT_THAT(runCtl({"--help"}).out, HasSubstr("upload"));
+    EXPECT_EQ(runCtl({"upload", "A.ZTP", "b.A"}).code, 2);
+    EXPECT_THAT(runCtl({"upload", "A.ZTP", "b.A"}).err, HasSubstr("--port is required"));
 }
 
 /// A text with each run of blanks and line ends as one blank.
@@ -63,19 +63,19 @@ std::string inOneLine(const std::string& text) {
 }
 
 TEST(Program, TheHelpOfEachCallIsWhole) {
-    std::string help = run({"--help"}).out;
+    std::string help = runCtl({"--help"}).out;
     for (const char* call : {"models", "check",    "dump",    "show",   "set",     "save",         "update",
                              "apply",  "plan",     "export",  "import", "recover", "upload",       "download",
                              "watch",  "identify", "compare", "send",   "resume",  "restore",      "verify",
                              "runs",   "find",     "listen",  "report", "record",  "verify-record"})
-        help += "== " + std::string(call) + "\n" + run({call, "--help"}).out;
+        help += "== " + std::string(call) + "\n" + runCtl({call, "--help"}).out;
     std::ifstream file(CTL_HELP);
     const std::string expected((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
     EXPECT_EQ(inOneLine(help), inOneLine(expected));
 }
 
 TEST(Program, ItsApplicationFolderIsItsOwn) {
-    const Ctl_Run models = run({"models", "--json"});
+    const Ctl_Run models = runCtl({"models", "--json"});
     EXPECT_EQ(models.code, 0);
     bool found = false;
     for (const json& model : json::parse(models.out))
@@ -88,7 +88,7 @@ TEST(Program, ItsApplicationFolderIsFoundThroughALink) {
     std::filesystem::create_symlink(ctl, bench.path("linked"));
     Spawned_Program linked({bench.path("linked"), "models", "--json"});
     EXPECT_EQ(linked.finish(), 0);
-    EXPECT_EQ(linked.out(), run({"models", "--json"}).out);
+    EXPECT_EQ(linked.out(), runCtl({"models", "--json"}).out);
 }
 
 TEST(Program, AFullDiskFailsTheOutput) {
@@ -104,7 +104,7 @@ int occurrences(const std::string& text, const std::string& part) {
 }
 
 /// A small document, and a simulated controller for it.
-class Line : public testing::Test {
+class Line : public ::testing::Test {
   protected:
     void startController(const std::vector<std::string>& options = {}) {
         std::vector<std::string> arguments = {"--template", ztp, "--config", held, "--pty", port};
@@ -129,7 +129,7 @@ class Line : public testing::Test {
 
 TEST_F(Line, AValueGoesUpChangesGoesDownAndComesUpAgain) {
     startController();
-    const Ctl_Run up = run(transfer("upload", {"--save", config, "--registers", bench.path("r.json")}));
+    const Ctl_Run up = runCtl(transfer("upload", {"--save", config, "--registers", bench.path("r.json")}));
     EXPECT_EQ(up.code, 0) << up.err;
     EXPECT_EQ(parsed(up)["outcome"], "finished");
     EXPECT_EQ(parsed(up)["passes"], 1);
@@ -143,12 +143,12 @@ TEST_F(Line, AValueGoesUpChangesGoesDownAndComesUpAgain) {
 
     bench.file("site.ABC", lines({"[Configuration_Default]", "FIELD_1=,Outputs", "[Field_1_Default]",
                                   "ROW_1=11,Off", "ROW_2=-6,50"}));
-    const Ctl_Run down = run(transfer("download"));
+    const Ctl_Run down = runCtl(transfer("download"));
     EXPECT_EQ(down.code, 0) << down.err;
     EXPECT_EQ(parsed(down)["outcome"], "finished");
     EXPECT_EQ(parsed(down)["passes"], 0);
 
-    const Ctl_Run again = run(transfer("upload", {"--save", bench.path("again.ABC")}));
+    const Ctl_Run again = runCtl(transfer("upload", {"--save", bench.path("again.ABC")}));
     EXPECT_EQ(again.code, 0) << again.err;
     EXPECT_THAT(bench.bytes("again.ABC"), HasSubstr("ROW_1=11,Off\r\nROW_2=-6,"));
     EXPECT_THAT(bench.bytes("again.ABC"), Not(HasSubstr("ROW_2=-6,50"))); // 103 isn't downloaded
@@ -158,7 +158,7 @@ TEST_F(Line, AValueGoesUpChangesGoesDownAndComesUpAgain) {
 
 TEST_F(Line, PeopleSeeTheProgress) {
     startController();
-    const Ctl_Run up = run({"upload", ztp, config, "--port", port});
+    const Ctl_Run up = runCtl({"upload", ztp, config, "--port", port});
     EXPECT_EQ(up.code, 0);
     EXPECT_EQ(up.out, "Upload finished: 1 exchanges.\n");
     EXPECT_EQ(up.err, "Uploading data from the controller...\n100 % (1 of 1)\n");
@@ -166,7 +166,7 @@ TEST_F(Line, PeopleSeeTheProgress) {
 
 TEST_F(Line, ASilentControllerFailsAndLeavesTheDocument) {
     startController({"--fault", "silent"});
-    const Ctl_Run up = run(transfer("upload", {"--retries", "1", "--timeout", "50", "--save", config}));
+    const Ctl_Run up = runCtl(transfer("upload", {"--retries", "1", "--timeout", "50", "--save", config}));
     EXPECT_EQ(up.code, 1);
     EXPECT_EQ(parsed(up)["outcome"], "failed");
     EXPECT_EQ(parsed(up)["errors"].size(), 2U);
@@ -180,7 +180,7 @@ TEST_F(Line, ASilentControllerFailsAndLeavesTheDocument) {
 
 TEST_F(Line, AnAnswerIsAskedForAgain) {
     startController({"--fault", "crc:1"});
-    const Ctl_Run up = run(transfer("upload", {"--timeout", "200"}));
+    const Ctl_Run up = runCtl(transfer("upload", {"--timeout", "200"}));
     EXPECT_EQ(up.code, 0) << up.err;
     EXPECT_EQ(parsed(up)["outcome"], "finished");
     EXPECT_EQ(parsed(up)["errors"].size(), 1U);
@@ -188,7 +188,7 @@ TEST_F(Line, AnAnswerIsAskedForAgain) {
 
 TEST_F(Line, ARefusedBlockFailsTheCallThoughTheUploadFinishes) {
     startController({"--fault", "exception=2"});
-    const Ctl_Run up = run(transfer("upload"));
+    const Ctl_Run up = runCtl(transfer("upload"));
     EXPECT_EQ(up.code, 1);
     EXPECT_EQ(parsed(up)["outcome"], "finished");
     EXPECT_THAT(up.err, HasSubstr("Registers 100-103 were not read: Illegal data address (exception 2)\n"));
@@ -197,7 +197,7 @@ TEST_F(Line, ARefusedBlockFailsTheCallThoughTheUploadFinishes) {
 TEST_F(Line, RefusedWritesFailTheCallThoughTheDownloadFinishes) {
     startController({"--fault", "exception=3"});
     bench.file("site.ABC", doubles::smallConfiguration());
-    const Ctl_Run down = run(transfer("download"));
+    const Ctl_Run down = runCtl(transfer("download"));
     EXPECT_EQ(down.code, 1);
     EXPECT_EQ(parsed(down)["outcome"], "finished");
     EXPECT_THAT(down.err, HasSubstr("Write: 10 @100 ...Failed\n"));
@@ -232,7 +232,7 @@ TEST_F(Line, ACancelledTransferLeavesThePortFree) {
     ASSERT_TRUE(program.awaitNotice("Uploading data from the controller..."));
     program.signal(SIGINT);
     EXPECT_EQ(program.finish(), 1);
-    EXPECT_EQ(run(transfer("upload", {"--timeout", "500"})).code, 0);
+    EXPECT_EQ(runCtl(transfer("upload", {"--timeout", "500"})).code, 0);
 }
 
 TEST_F(Line, AControllerThatGoesAwayFailsTheUpload) {
@@ -248,7 +248,7 @@ TEST_F(Line, AControllerThatGoesAwayFailsTheUpload) {
 TEST_F(Line, AMissingPortIsTold) {
     const std::string before = bench.bytes("site.ABC");
     for (const char* call : {"upload", "download"}) {
-        const Ctl_Run missing = run(transfer(call));
+        const Ctl_Run missing = runCtl(transfer(call));
         EXPECT_EQ(missing.code, 1);
         EXPECT_EQ(parsed(missing)["outcome"], "failed");
         EXPECT_EQ(parsed(missing)["panel4"], "Error. The controller does not respond.");
@@ -263,7 +263,7 @@ TEST_F(Line, AMissingPortIsTold) {
 
 TEST_F(Line, AFileIsNoPort) {
     port = bench.file("plain", "");
-    const Ctl_Run plain = run(transfer("upload"));
+    const Ctl_Run plain = runCtl(transfer("upload"));
     EXPECT_EQ(plain.code, 1);
     EXPECT_THAT(plain.err, HasSubstr("Not a serial port: choose another port."));
 }
@@ -272,7 +272,7 @@ TEST_F(Line, ABusyPortIsTold) {
     startController({"--fault", "silent", "--log", "-"});
     Spawned_Program holder(command(ctl, transfer("upload", {"--timeout", "60000"})));
     ASSERT_TRUE(controller->awaitOutput(R"("direction":"in")")); // so the port is open
-    const Ctl_Run busy = run(transfer("upload"));
+    const Ctl_Run busy = runCtl(transfer("upload"));
     EXPECT_EQ(busy.code, 1);
     EXPECT_THAT(busy.err, HasSubstr("Busy: another program has the port open. Close that program and try "
                                     "again."));
@@ -289,7 +289,7 @@ TEST_F(Line, APortWithoutPermissionIsTold) {
     port = ::ptsname(terminal);
     std::filesystem::permissions(port, std::filesystem::perms::none);
     std::filesystem::permissions(bench.path(""), std::filesystem::perms::all);
-    const Ctl_Run denied = run(transfer("upload"), ::geteuid() == 0 ? nobody : 0);
+    const Ctl_Run denied = runCtl(transfer("upload"), ::geteuid() == 0 ? nobody : 0);
     ::close(terminal);
     constexpr int notStarted = 127;
     if (denied.code == notStarted) GTEST_SKIP() << "another user can't reach the folder of the programs";
@@ -300,7 +300,7 @@ TEST_F(Line, APortWithoutPermissionIsTold) {
 
 TEST_F(Line, AMissingConfigurationIsToldBeforeThePortIsTouched) {
     config = bench.path("gone.ABC");
-    const Ctl_Run missing = run(transfer("download"));
+    const Ctl_Run missing = runCtl(transfer("download"));
     EXPECT_EQ(missing.code, 1);
     EXPECT_EQ(missing.err, "zorvanectl: " + config +
                                ": there is no such configuration file. Check the path.\n"
@@ -312,7 +312,7 @@ TEST_F(Line, AMissingConfigurationIsToldBeforeThePortIsTouched) {
 
 TEST_F(Line, ARejectedConfigurationIsNotDownloaded) {
     config = bench.file("site.ABC", lines({"[Field_1_Default]", "ROW_1=1,2,3"}));
-    EXPECT_THAT(run(transfer("download")).err, EndsWith("zorvanectl: Nothing was transferred.\n"));
+    EXPECT_THAT(runCtl(transfer("download")).err, EndsWith("zorvanectl: Nothing was transferred.\n"));
 }
 
 TEST_F(Line, BadPortOptionsAreWrongUsage) {
@@ -321,10 +321,10 @@ TEST_F(Line, BadPortOptionsAreWrongUsage) {
         {"--settings", "9600"}, {"--settings", "9,n,8,1"}, {"--retries", "-1"},
         {"--timeout", "0"},     {"--rts", "maybe"},        {"--tx-delay", "99999"}};
     for (const auto& options : wrong)
-        EXPECT_EQ(run(transfer("upload", options)).code, 2) << options[0] << ' ' << options[1];
-    EXPECT_THAT(run(transfer("upload", {"--settings", "9600"})).err,
+        EXPECT_EQ(runCtl(transfer("upload", options)).code, 2) << options[0] << ' ' << options[1];
+    EXPECT_THAT(runCtl(transfer("upload", {"--settings", "9600"})).err,
                 HasSubstr("\"9600\" is not baud,parity,data bits,stop bits, as in 9600,n,8,1"));
-    EXPECT_THAT(run(transfer("upload", {"--rts", "maybe"})).err,
+    EXPECT_THAT(runCtl(transfer("upload", {"--rts", "maybe"})).err,
                 HasSubstr("\"maybe\" is not none, rts or rs485"));
 }
 
@@ -348,7 +348,7 @@ class Live_Line : public Line {
 
 TEST_F(Live_Line, LiveValuesLive) {
     startController();
-    const Ctl_Run live = run(watch({"--json", "--count", "3"}));
+    const Ctl_Run live = runCtl(watch({"--json", "--count", "3"}));
     EXPECT_EQ(live.code, 0) << live.err;
     std::istringstream out(live.out);
     std::vector<json> refreshes;
@@ -371,7 +371,7 @@ TEST_F(Live_Line, CtrlCEndsAWatchWithSuccess) {
 
 TEST_F(Live_Line, AWatchSeesTheControllerGoAndComeBack) {
     startController({"--fault", "silent:4"});
-    const Ctl_Run live = run(watch({"--json", "--count", "4", "--timeout", "150", "--retries", "0"}));
+    const Ctl_Run live = runCtl(watch({"--json", "--count", "4", "--timeout", "150", "--retries", "0"}));
     EXPECT_EQ(live.code, 0) << live.err;
     EXPECT_THAT(live.out, HasSubstr("\"lost\":true"));
     EXPECT_THAT(live.err, HasSubstr("zorvanectl: Lost communication to device...\n"
@@ -379,7 +379,7 @@ TEST_F(Live_Line, AWatchSeesTheControllerGoAndComeBack) {
 }
 
 TEST_F(Live_Line, AWatchOfAPortThatIsntThereFailsAtOnce) {
-    const Ctl_Run live = run(watch({}));
+    const Ctl_Run live = runCtl(watch({}));
     EXPECT_EQ(live.code, 1);
     EXPECT_EQ(live.out, "");
     EXPECT_THAT(live.err, HasSubstr("No such port: plug the adapter in, or choose another port."));
@@ -388,7 +388,7 @@ TEST_F(Live_Line, AWatchOfAPortThatIsntThereFailsAtOnce) {
 TEST_F(Live_Line, AFieldWithoutLiveValuesIsRefused) {
     startController();
     liveField = 3;
-    const Ctl_Run live = run(watch({}));
+    const Ctl_Run live = runCtl(watch({}));
     EXPECT_EQ(live.code, 1);
     EXPECT_EQ(live.err, "zorvanectl: Field 3 has no live column (ALWAYS): choose another field.\n");
 }

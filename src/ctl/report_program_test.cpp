@@ -16,10 +16,10 @@ using doubles::Ctl_Run;
 using doubles::lines;
 using doubles::Spawned_Program;
 using nlohmann::json;
-using testing::HasSubstr;
-using testing::StartsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
 
-struct Report_Program : testing::Test {
+struct Report_Program : ::testing::Test {
     Ctl_Run run(std::vector<std::string> arguments) {
         arguments.insert(arguments.begin(), {ZORVANECTL, "report", ztp, config});
         Spawned_Program program(arguments);
@@ -64,7 +64,7 @@ TEST_F(Report_Program, AFieldThatTheTemplateDoesNotHaveWritesNothing) {
     EXPECT_FALSE(bench.exists("r.txt"));
     const Ctl_Run rows = run({"2", "--json"});
     EXPECT_EQ(rows.code, 1);
-    EXPECT_THAT(rows.err, testing::EndsWith(advice));
+    EXPECT_THAT(rows.err, ::testing::EndsWith(advice));
     EXPECT_EQ(json::parse(rows.out)["failure"]["number"], 9);
 }
 
@@ -99,7 +99,7 @@ TEST_F(Report_Program, AColumnOfWidth0IsHiddenButFetched) {
                                            "COL_1_WIDTH=0", "COL_2_WIDTH=800"}));
     for (const char* format : {"txt", "html", "rtf"}) {
         EXPECT_EQ(run({"--format", format, "--out", bench.path("r.out")}).code, 0);
-        EXPECT_THAT(bench.bytes("r.out"), testing::Not(HasSubstr("Level"))) << format;
+        EXPECT_THAT(bench.bytes("r.out"), ::testing::Not(HasSubstr("Level"))) << format;
         EXPECT_THAT(bench.bytes("r.out"), HasSubstr("State")) << format;
     }
     EXPECT_EQ(json::parse(run({"1", "--json"}).out)["rows"][0], json::parse(R"(["10","On"])"));
@@ -116,8 +116,8 @@ TEST_F(Report_Program, PrintsOneFieldOrAll) {
         EXPECT_EQ(run(arguments).code, 0);
         return bench.bytes("r.txt");
     };
-    EXPECT_THAT(text({}), testing::AllOf(HasSubstr("Outputs"), HasSubstr("Inputs")));
-    EXPECT_THAT(text({"2"}), testing::AllOf(testing::Not(HasSubstr("Outputs")), HasSubstr("Inputs")));
+    EXPECT_THAT(text({}), ::testing::AllOf(HasSubstr("Outputs"), HasSubstr("Inputs")));
+    EXPECT_THAT(text({"2"}), ::testing::AllOf(::testing::Not(HasSubstr("Outputs")), HasSubstr("Inputs")));
 }
 
 TEST_F(Report_Program, TellsAFileThatCanNotBeWritten) {

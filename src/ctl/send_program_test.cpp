@@ -2,6 +2,7 @@
 // "plan --port", "send", "verify", "restore", "resume" and "runs" as the built program, against a simulated
 // KVRT207D on a pseudo-terminal. Each exit has its test.
 
+#include "ctl/testing/built_programs.h"
 #include "ctl/testing/ctl_bench.h"
 #include "ctl/testing/spawned_program_linux.h"
 
@@ -19,19 +20,15 @@
 namespace zorvane::ctl {
 namespace {
 
+using doubles::ctl;
 using doubles::Ctl_Bench;
 using doubles::Ctl_Run;
+using doubles::model;
+using doubles::sim;
 using doubles::Spawned_Program;
 using nlohmann::json;
 using ::testing::HasSubstr;
 using ::testing::Not;
-
-const std::string ctl = ZORVANECTL;
-const std::string sim = ZORVANE_SIM;
-
-std::string model(const std::string& file) {
-    return (std::filesystem::path(ctl).parent_path() / file).string();
-}
 
 /// The programs with a state folder of their own, and a controller with its factory values.
 class SendProgram : public ::testing::Test {

@@ -22,7 +22,7 @@ Cell_Rec cellWith(const std::string& low, const std::string& high, const std::st
     return cell;
 }
 
-Cell_Rec column(const std::string& type) {
+Cell_Rec columnOfType(const std::string& type) {
     Cell_Rec definition;
     definition.Column_Type = type;
     return definition;
@@ -59,7 +59,7 @@ TEST(Filled_Limits_Test, FollowTheColumnAndTheFormat) {
         {"NUMERIC_OR_ASCII", cellWith("", ""), {"", ""}},
     }};
     for (const Limits_Case& each : cases)
-        EXPECT_EQ(filledLimits(column(each.type), each.cell), each.limits)
+        EXPECT_EQ(filledLimits(columnOfType(each.type), each.cell), each.limits)
             << each.type << ", " << each.cell.Format << ": \"" << each.cell.Min_Value << "\" to \""
             << each.cell.Max_Value << "\"";
 }

@@ -16,16 +16,14 @@ using ::testing::HasSubstr;
 using testing::Link_Rig;
 using testing::withCrc;
 
-constexpr Micros ms = microsPerMs;
-constexpr Micros timeOut = 100 * ms;
-
-std::uint16_t valueOf(std::int32_t address) { return static_cast<std::uint16_t>(address * 7 + 100); }
+using testing::ms;
+using testing::timeOut;
 
 /// Registers 0 to 999 tell their own address. A watcher looks every 10 ms, as an upload does.
 struct Doubt_Rig : Link_Rig {
     explicit Doubt_Rig(std::int32_t retries = 2) : Link_Rig(withRetries(retries)) {
         for (std::uint16_t address = 0; address < 1000; ++address)
-            slave.registers[address] = valueOf(address);
+            slave.registers[address] = testing::valueOfRegister(address);
     }
     static Port_Settings withRetries(std::int32_t retries) {
         Port_Settings settings = defaults();
@@ -59,7 +57,7 @@ struct Doubt_Rig : Link_Rig {
         for (std::int32_t address = first; address <= last; ++address) {
             const std::int32_t value = link.RegisterValue(0, address, false);
             if (value == 0) continue;
-            EXPECT_EQ(value, valueOf(address)) << address;
+            EXPECT_EQ(value, testing::valueOfRegister(address)) << address;
             ++count;
         }
         return count;

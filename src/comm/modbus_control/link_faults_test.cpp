@@ -15,15 +15,13 @@ using ::testing::HasSubstr;
 using testing::Link_Rig;
 using testing::withCrc;
 
-constexpr Micros ms = microsPerMs;
-
-std::uint16_t valueOf(std::int32_t address) { return static_cast<std::uint16_t>(address * 7 + 100); }
+using testing::ms;
 
 /// A slave whose registers 0 to 999 tell their own address.
 struct Fault_Rig : Link_Rig {
     explicit Fault_Rig(const Port_Settings& settings = defaults()) : Link_Rig(settings) {
         for (std::uint16_t address = 0; address < 1000; ++address) {
-            slave.registers[address] = valueOf(address);
+            slave.registers[address] = testing::valueOfRegister(address);
         }
     }
 
@@ -40,12 +38,12 @@ struct Fault_Rig : Link_Rig {
         for (std::int32_t address = 0; address <= last; ++address) {
             const std::int32_t value = link.RegisterValue(0, address, false);
             if (value == 0) continue;
-            EXPECT_EQ(value, valueOf(address)) << address;
+            EXPECT_EQ(value, testing::valueOfRegister(address)) << address;
         }
     }
     void expectRead(std::int32_t first, std::int32_t last) const {
         for (std::int32_t address = first; address <= last; ++address) {
-            EXPECT_EQ(link.RegisterValue(0, address, false), valueOf(address)) << address;
+            EXPECT_EQ(link.RegisterValue(0, address, false), testing::valueOfRegister(address)) << address;
         }
     }
 };
@@ -59,8 +57,8 @@ Byte_Array joined(Byte_Array first, const Byte_Array& second) {
 Byte_Array goodAnswer() {
     Byte_Array frame{1, 3, 6};
     for (std::int32_t address = 10; address <= 12; ++address) {
-        frame.push_back(static_cast<std::uint8_t>(valueOf(address) >> 8U));
-        frame.push_back(static_cast<std::uint8_t>(valueOf(address) & 0xFFU));
+        frame.push_back(static_cast<std::uint8_t>(testing::valueOfRegister(address) >> 8U));
+        frame.push_back(static_cast<std::uint8_t>(testing::valueOfRegister(address) & 0xFFU));
     }
     return withCrc(frame);
 }

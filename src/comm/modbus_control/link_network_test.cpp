@@ -13,7 +13,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::Link_Rig;
 
-constexpr Micros ms = microsPerMs;
+using testing::ms;
 const std::string refused = "Refused: plc7 is there, but takes no connection at its port 502.";
 
 Port_Settings overTcp() {

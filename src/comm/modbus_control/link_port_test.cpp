@@ -12,7 +12,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using testing::Link_Rig;
 
-constexpr Micros ms = microsPerMs;
+using testing::ms;
 
 Port_Entry usb(const std::string& name, const std::string& serial) {
     return {name, "/dev/" + name, "USB Serial", serial, std::uint16_t{0x0403}, std::uint16_t{0x6001}};

@@ -14,17 +14,17 @@ namespace {
 using testing::Link_Rig;
 using testing::withCrc;
 
-constexpr Micros ms = microsPerMs;
-constexpr Micros timeOut = 100 * ms;
-constexpr std::uint16_t firstWritten = 1000; ///< registers from here on are written, those below are fixed
+using testing::ms;
+using testing::timeOut;
+constexpr std::uint16_t firstSettable = 1000; ///< registers from here on are written, those below are fixed
 
-std::uint16_t valueOf(std::uint16_t address) { return static_cast<std::uint16_t>(address * 31 + 7); }
+std::uint16_t soakValue(std::uint16_t address) { return static_cast<std::uint16_t>(address * 31 + 7); }
 
 class Soak {
   public:
     explicit Soak(unsigned seed) : random_(seed) {
-        for (std::uint16_t address = 0; address < firstWritten; ++address) {
-            rig.slave.registers[address] = valueOf(address);
+        for (std::uint16_t address = 0; address < firstSettable; ++address) {
+            rig.slave.registers[address] = soakValue(address);
         }
         for (const auto& [first, last] :
              {std::pair{0, 9}, {10, 19}, {20, 29}, {30, 34}, {40, 200}, {300, 303}, {310, 313}}) {
@@ -136,7 +136,7 @@ class Soak {
     void checkImage() {
         for (std::uint16_t address = 0; address < 320; ++address) {
             const std::int32_t value = rig.link.RegisterValue(0, address, false);
-            if (value != 0 && value != valueOf(address)) ++wrongValues;
+            if (value != 0 && value != soakValue(address)) ++wrongValues;
         }
     }
 
@@ -144,7 +144,7 @@ class Soak {
         if (rig.link.WriteBusy()) return;
         judgeWrite();
         if (pick(3) != 0 || !rig.link.portOpen()) return;
-        first_ = static_cast<std::uint16_t>(firstWritten + pick(20));
+        first_ = static_cast<std::uint16_t>(firstSettable + pick(20));
         written_.assign(1 + pick(3), 0);
         for (std::int32_t& value : written_) {
             value = ++counter_ % 65536;

@@ -21,8 +21,8 @@ namespace {
 using testing::Link_Rig;
 using testing::withCrc;
 
-constexpr Micros ms = microsPerMs;
-constexpr Micros timeOut = 100 * ms;
+using testing::ms;
+using testing::timeOut;
 constexpr std::uint16_t firstWritten = 1000; ///< registers from here on are written, those below only read
 constexpr int kindsOfFaults = 56;
 

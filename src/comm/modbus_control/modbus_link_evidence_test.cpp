@@ -9,7 +9,7 @@ namespace {
 
 using testing::Link_Rig;
 
-constexpr Micros ms = microsPerMs;
+using testing::ms;
 
 /// One single write of 5 to register 3, until its end.
 void writeOne(Link_Rig& rig) {

@@ -9,7 +9,7 @@ namespace {
 
 using testing::Link_Rig;
 
-constexpr Micros ms = microsPerMs;
+using testing::ms;
 
 /// The port is open and nothing is scanned. Without a script the controller is silent.
 struct Outcome_Rig : Link_Rig {

@@ -11,7 +11,7 @@ namespace {
 using ::testing::ElementsAre;
 using testing::Link_Rig;
 
-constexpr Micros ms = microsPerMs;
+using testing::ms;
 
 TEST(ModbusLinkScan, ScanModeChoosesTheBlocks) {
     Link_Rig rig;

@@ -12,7 +12,7 @@ namespace {
 using ::testing::ElementsAre;
 using testing::Link_Rig;
 
-constexpr Micros ms = microsPerMs;
+using testing::ms;
 
 /// Looks as the upload does: every 10 ms, transaction first, then the index.
 std::vector<std::int32_t> indexesOfOnePass(Link_Rig& rig) {

@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 using testing::Link_Rig;
 using testing::withCrc;
 
-constexpr Micros ms = microsPerMs;
+using testing::ms;
 
 TEST(ModbusLinkWrite, WritesGoOutBeforeTheScan) {
     Link_Rig rig;

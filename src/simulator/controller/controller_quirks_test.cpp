@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/controller/controller.h"
+#include "simulator/controller/testing/write_requests.h"
 
 #include <gtest/gtest.h>
 
@@ -50,8 +51,6 @@ class Controller_Quirks : public testing::Test {
     std::set<std::int32_t> writeOnly_;
 };
 
-const Bytes writeSeven{1, 6, 0, 100, 0, 7};
-const Bytes writeBlock{1, 16, 0, 100, 0, 2, 4, 0, 8, 0, 9};
 const Bytes blockTaken{1, 16, 0, 100, 0, 2};
 
 TEST_F(Controller_Quirks, AWriteIsAcknowledgedAndForgotten) {

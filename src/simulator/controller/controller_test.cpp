@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "simulator/controller/controller.h"
+#include "simulator/controller/testing/write_requests.h"
 
 #include <gtest/gtest.h>
 
@@ -44,8 +45,6 @@ class Controller_Test : public testing::Test {
 };
 
 const Bytes readTwo{1, 3, 0, 100, 0, 2};
-const Bytes writeSeven{1, 6, 0, 100, 0, 7};
-const Bytes writeBlock{1, 16, 0, 100, 0, 2, 4, 0, 8, 0, 9};
 
 TEST_F(Controller_Test, AnswersFunctions3And6And16) {
     faults({});

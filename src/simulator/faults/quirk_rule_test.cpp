@@ -6,7 +6,7 @@
 namespace zorvane::simulator {
 namespace {
 
-std::string complaint(const char* text) {
+std::string quirkComplaint(const char* text) {
     try {
         (void)parseQuirk(text);
     } catch (const Bad_Rule& bad) {
@@ -39,14 +39,14 @@ TEST(QuirkRule, KnowsEveryKind) {
 }
 
 TEST(QuirkRule, SaysWhatIsWrong) {
-    EXPECT_EQ(complaint("sulks"),
+    EXPECT_EQ(quirkComplaint("sulks"),
               "quirk \"sulks\": no such kind of quirk; there are forgets, rounds, at-most, "
               "at-least, stale, drifts, write-only, not-above, not-below, renumbers, power-cut");
-    EXPECT_EQ(complaint("rounds"), "quirk \"rounds\": rounds needs a value, as in rounds=2");
-    EXPECT_EQ(complaint("rounds=1"), "quirk \"rounds=1\": rounds needs a whole number from 2 to 65535");
-    EXPECT_EQ(complaint("forgets=3"), "quirk \"forgets=3\": forgets takes no value");
-    EXPECT_EQ(complaint("drifts=9:5%"), "quirk \"drifts=9:5%\": drifts takes neither rate nor count");
-    EXPECT_EQ(complaint("forgets:0"),
+    EXPECT_EQ(quirkComplaint("rounds"), "quirk \"rounds\": rounds needs a value, as in rounds=2");
+    EXPECT_EQ(quirkComplaint("rounds=1"), "quirk \"rounds=1\": rounds needs a whole number from 2 to 65535");
+    EXPECT_EQ(quirkComplaint("forgets=3"), "quirk \"forgets=3\": forgets takes no value");
+    EXPECT_EQ(quirkComplaint("drifts=9:5%"), "quirk \"drifts=9:5%\": drifts takes neither rate nor count");
+    EXPECT_EQ(quirkComplaint("forgets:0"),
               "quirk \"forgets:0\": after \":\" stands a rate (5%) or a count from 1");
 }
 

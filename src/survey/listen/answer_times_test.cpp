@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "comm/modbus_control/testing/hand_clock.h"
 #include "survey/listen/answer_times.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +7,7 @@
 namespace zorvane::survey {
 namespace {
 
-constexpr Micros ms = microsPerMs;
+using zorvane::testing::ms;
 
 TEST(AnswerTimes, TellMedianAndNinetyNinthPercentile) {
     Answer_Times times;

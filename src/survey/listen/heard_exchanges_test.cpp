@@ -13,7 +13,7 @@ namespace {
 using zorvane::testing::bytesOf;
 using zorvane::testing::withCrc;
 
-Byte_Array frame(const char* pairs) { return withCrc(bytesOf(pairs)); }
+Byte_Array summed(const char* pairs) { return withCrc(bytesOf(pairs)); }
 
 /// A line as it is heard: each text is a frame without its check sum, or "~" and bytes of noise.
 class Line_Rig {
@@ -21,7 +21,7 @@ class Line_Rig {
     explicit Line_Rig(const std::vector<const char*>& heard, Micros apart = 10 * microsPerMs) {
         for (const char* text : heard) {
             const bool noise = text[0] == '~';
-            finder_.take(noise ? bytesOf(text + 1) : frame(text), at_);
+            finder_.take(noise ? bytesOf(text + 1) : summed(text), at_);
             at_ += apart;
         }
         finder_.flush();

@@ -16,7 +16,7 @@ using zorvane::testing::bytesOf;
 using zorvane::testing::Hand_Clock;
 using zorvane::testing::withCrc;
 
-constexpr Micros ms = microsPerMs;
+using zorvane::testing::ms;
 
 const Byte_Array request = withCrc({1, 3, 0, 100, 0, 2});
 const Byte_Array answer = withCrc({1, 3, 4, 0, 1, 0, 2});

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "comm/modbus_control/testing/hand_clock.h"
 #include "comm/modbus_control/testing/toy_slave.h"
 #include "survey/listen/line_table.h"
 
@@ -19,7 +20,7 @@ Heard_Frame heard(const char* pairs, Micros at) {
     return frame;
 }
 
-constexpr Micros ms = microsPerMs;
+using zorvane::testing::ms;
 
 TEST(LineTable, TellsWhatIsAskedHowOftenAndHowFastItIsAnswered) {
     Line_Table table;

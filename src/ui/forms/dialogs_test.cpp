@@ -7,6 +7,7 @@
 #include "ui/forms/mensaje.h"
 #include "ui/forms/msgb.h"
 #include "ui/forms/porcentaje.h"
+#include "ui/testing/twips_rect.h"
 
 #include <QAction>
 #include <QApplication>
@@ -28,12 +29,8 @@
 namespace zorvane::ui {
 namespace {
 
+using doubles::twips;
 using Words = std::vector<std::string>;
-
-/// A place in twips at 96 dots to the inch, to the nearest pixel.
-QRect twips(double left, double top, double width, double height) {
-    return Twips_Scale{}.rect({left, top, width, height});
-}
 
 template <class Widget> Widget& named(QWidget& dialog, const char* name) {
     Widget* widget = dialog.findChild<Widget*>(name);

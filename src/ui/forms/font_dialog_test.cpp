@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ui/forms/font_dialog.h"
+#include "ui/testing/twips_rect.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -17,11 +18,8 @@
 namespace zorvane::ui {
 namespace {
 
+using doubles::twips;
 using Words = std::vector<std::string>;
-
-QRect twips(double left, double top, double width, double height) {
-    return Twips_Scale{}.rect({left, top, width, height});
-}
 
 /// The dialog, which tells what it does.
 struct Font_Dialog_Test : testing::Test {

@@ -3,6 +3,7 @@
 #include "ui/forms/transfer_status_window.h"
 #include "ui/main/status_bar.h"
 #include "ui/testing/control_walk.h"
+#include "ui/testing/twips_rect.h"
 
 #include <QApplication>
 #include <QFile>
@@ -22,15 +23,12 @@
 namespace zorvane::ui {
 namespace {
 
+using doubles::twips;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
-
-QRect twips(double left, double top, double width, double height) {
-    return Twips_Scale{}.rect({left, top, width, height});
-}
 
 /// The form after an upload with one failed block.
 struct Frm_Status_Test : ::testing::Test, doubles::Comm_Bench {

@@ -11,6 +11,8 @@
 
 namespace zorvane::testing {
 
+inline constexpr Micros ms = microsPerMs;
+
 /// A clock that stands still until a test moves it. Alarms and planned events happen at their times, in
 /// order.
 class Hand_Clock final : public Link_Clock {

@@ -13,6 +13,13 @@
 
 namespace zorvane::testing {
 
+inline constexpr Micros timeOut = 100 * ms;
+
+/// What a slave of the link's tests holds, another value in each register.
+inline std::uint16_t valueOfRegister(std::int32_t address) {
+    return static_cast<std::uint16_t>(address * 7 + 100);
+}
+
 struct Message_Shown {
     std::string text;
     int style;

@@ -14,7 +14,6 @@
 
 namespace zorvane::testing {
 
-inline constexpr Micros ms = microsPerMs;
 inline constexpr Micros silence = 3646;     ///< between frames at 9600 baud
 inline constexpr Micros requestTime = 8334; ///< eight characters at 9600 baud
 
