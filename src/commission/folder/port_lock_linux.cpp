@@ -9,6 +9,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 #include <unistd.h>
 
@@ -30,11 +31,21 @@ class Locked_File final : public Held_Port {
     int file_;
 };
 
+/// "tcp:127.0.0.1:502" for "TCP:localhost:502" too: hosts have no case, and this one has three names.
+std::string networkName(std::string port) {
+    for (char& c : port)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    for (const std::string_view self : {":localhost:", ":[::1]:"})
+        if (const std::size_t at = port.find(self); at != std::string::npos)
+            port.replace(at, self.size(), ":127.0.0.1:");
+    return port;
+}
+
 /// One name for one line, whatever way leads to it.
 std::string lineName(const std::string& port, std::int32_t unit) {
     // The paths under /dev/serial/by-path have colons too.
     const bool network = port.find(':') < port.find('/');
-    if (network) return port + "@" + std::to_string(unit);
+    if (network) return networkName(port) + "@" + std::to_string(unit);
     const fs::path path = port.find('/') == std::string::npos ? fs::path("/dev") / port : fs::path(port);
     std::error_code error;
     const fs::path real = fs::canonical(path, error);

@@ -51,6 +51,15 @@ TEST_F(PortLock, APathWithColonsIsNoNetworkLine) {
     EXPECT_FALSE(others.take((base / "line").string(), 2).held);
 }
 
+TEST_F(PortLock, AHostHasNoCaseAndThisOneThreeNames) {
+    const Port_Hold first = locks.take("tcp:localhost:502", 1);
+    ASSERT_TRUE(first.held);
+    for (const char* const same : {"tcp:127.0.0.1:502", "TCP:LocalHost:502", "tcp:[::1]:502"})
+        EXPECT_FALSE(others.take(same, 1).held) << same;
+    EXPECT_TRUE(others.take("tcp:localhost:5020", 1).held);
+    EXPECT_TRUE(others.take("rtu+tcp:localhost:4001", 1).held);
+}
+
 TEST_F(PortLock, ANetworkLineIsSharedByItsUnits) {
     const Port_Hold first = locks.take("tcp:10.0.0.5:502", 1);
     EXPECT_TRUE(first.held);
