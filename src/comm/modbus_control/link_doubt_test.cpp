@@ -9,15 +9,12 @@
 namespace zorvane {
 namespace {
 
-using testing::bytesOf;
 using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using testing::Link_Rig;
-using testing::withCrc;
-
 using testing::ms;
 using testing::timeOut;
+using testing::withCrc;
 
 /// Registers 0 to 999 tell their own address. A watcher looks every 10 ms, as an upload does.
 struct Doubt_Rig : Link_Rig {
@@ -359,7 +356,7 @@ TEST(LinkDoubt, ALineThatNeverGetsQuietEndsATryThatCantBeToldApart) {
     rig.faults = [](int, const Byte_Array&) {};
     rig.block(0, 0);
     for (int i = 0; i < 400; ++i)
-        rig.clock.in(i * 50 * ms, [&rig, other] { rig.port.deliver(other); });
+        rig.clock.in(Micros{i} * 50 * ms, [&rig, other] { rig.port.deliver(other); });
     rig.clock.runFor(60 * ms);
     ASSERT_TRUE(rig.pass());
     EXPECT_TRUE(rig.link.CommLost());

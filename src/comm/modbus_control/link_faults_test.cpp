@@ -11,11 +11,9 @@ namespace {
 
 using testing::bytesOf;
 using ::testing::ElementsAre;
-using ::testing::HasSubstr;
 using testing::Link_Rig;
-using testing::withCrc;
-
 using testing::ms;
+using testing::withCrc;
 
 /// A slave whose registers 0 to 999 tell their own address.
 struct Fault_Rig : Link_Rig {

@@ -12,7 +12,6 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using testing::Link_Rig;
-
 using testing::ms;
 const std::string refused = "Refused: plc7 is there, but takes no connection at its port 502.";
 

@@ -11,7 +11,6 @@ namespace {
 using ::testing::Contains;
 using ::testing::ElementsAre;
 using testing::Link_Rig;
-
 using testing::ms;
 
 Port_Entry usb(const std::string& name, const std::string& serial) {

@@ -12,10 +12,9 @@ namespace zorvane {
 namespace {
 
 using testing::Link_Rig;
-using testing::withCrc;
-
 using testing::ms;
 using testing::timeOut;
+using testing::withCrc;
 constexpr std::uint16_t firstSettable = 1000; ///< registers from here on are written, those below are fixed
 
 std::uint16_t soakValue(std::uint16_t address) { return static_cast<std::uint16_t>(address * 31 + 7); }

@@ -19,10 +19,9 @@ namespace zorvane {
 namespace {
 
 using testing::Link_Rig;
-using testing::withCrc;
-
 using testing::ms;
 using testing::timeOut;
+using testing::withCrc;
 constexpr std::uint16_t firstWritten = 1000; ///< registers from here on are written, those below only read
 constexpr int kindsOfFaults = 56;
 

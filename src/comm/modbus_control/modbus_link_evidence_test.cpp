@@ -8,7 +8,6 @@ namespace zorvane {
 namespace {
 
 using testing::Link_Rig;
-
 using testing::ms;
 
 /// One single write of 5 to register 3, until its end.

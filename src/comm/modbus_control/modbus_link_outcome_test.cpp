@@ -8,7 +8,6 @@ namespace zorvane {
 namespace {
 
 using testing::Link_Rig;
-
 using testing::ms;
 
 /// The port is open and nothing is scanned. Without a script the controller is silent.

@@ -10,7 +10,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using testing::Link_Rig;
-
 using testing::ms;
 
 TEST(ModbusLinkScan, ScanModeChoosesTheBlocks) {

@@ -12,9 +12,8 @@ namespace {
 using testing::bytesOf;
 using ::testing::ElementsAre;
 using testing::Link_Rig;
-using testing::withCrc;
-
 using testing::ms;
+using testing::withCrc;
 
 TEST(ModbusLink, AScanFillsTheImage) {
     Link_Rig rig;

@@ -11,7 +11,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using testing::Link_Rig;
-
 using testing::ms;
 
 /// Looks as the upload does: every 10 ms, transaction first, then the index.

@@ -14,9 +14,8 @@ namespace {
 using survey::testing::Scripted_Listening_Port;
 using zorvane::testing::bytesOf;
 using zorvane::testing::Hand_Clock;
-using zorvane::testing::withCrc;
-
 using zorvane::testing::ms;
+using zorvane::testing::withCrc;
 
 const Byte_Array request = withCrc({1, 3, 0, 100, 0, 2});
 const Byte_Array answer = withCrc({1, 3, 4, 0, 1, 0, 2});
