@@ -367,6 +367,23 @@ TEST(Session, RestoreBringsBackWhatWasThereAndMarksTheRun) {
     EXPECT_EQ(runs.at(0).head.restores, run);
 }
 
+TEST(Session, ThePlanOfARunTellsWhoWasThereAndOnWhichLine) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "50");
+    const std::string run = bench.send().run;
+    bench.portName = "other";
+    bench.lineSettings.baud = 19200;
+    EXPECT_EQ(bench.restore(run).step, Step::Good);
+    const Plan_Paper sent = parsePaper(bench.runs.runs.at(run).at("plan.json")).value();
+    EXPECT_EQ(sent.identity.at("verdict"), "is");
+    EXPECT_EQ(sent.port + " " + sent.settings, "line 9600,n,8,1");
+    const Plan_Paper back = parsePaper(bench.runs.runs.at(bench.newestRun()).at("plan.json")).value();
+    EXPECT_EQ(back.identity.at("verdict"), "is");
+    EXPECT_EQ(back.port + " " + back.settings, "other 19200,n,8,1");
+    EXPECT_EQ(back.run, run);
+    EXPECT_EQ(back.before, (std::map<std::int32_t, std::uint16_t>{{11, 50}}));
+}
+
 TEST(Session, ARegisterThatSomebodyElseChangedStopsTheRestoration) {
     Session_Bench bench;
     bench.changeMuch();

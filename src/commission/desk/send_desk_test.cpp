@@ -47,6 +47,7 @@ TEST(SendDesk, SendsTheRowsWithATickAndReadsThemBack) {
     EXPECT_EQ(bench.desk().state().rows.at(0).readBack, "0:45");
     EXPECT_EQ(headline(bench.desk().state()), "All of it was sent and read back.");
     EXPECT_EQ(sumLine(bench.desk().state()), "1 of 1 values verified.");
+    EXPECT_THAT(bench.busy, ElementsAre(true, false, true, false)) << "looking, then sending";
     EXPECT_EQ(bench.toy.registers.at(11), 65531);
     EXPECT_EQ(bench.toy.registers.at(12), 45);
     EXPECT_FALSE(bench.line.isOpen);
@@ -310,6 +311,18 @@ TEST(SendDesk, AnEndOfTheProgramEndsASendAfterThePresentRequest) {
     bench.desk().act();
     EXPECT_EQ(bench.toy.writes, 1);
     EXPECT_EQ(listRuns(bench.runs).front().state, Run_State::Interrupted);
+}
+
+TEST(SendDesk, AnEndOfTheProgramForgetsWhatWasPressedMeanwhile) {
+    Desk_Bench bench;
+    bench.set(1, 2, 2, "50");
+    bench.toy.onRequest = [&] {
+        bench.desk().act();
+        bench.desk().abandon();
+    };
+    bench.desk().begin();
+    EXPECT_EQ(bench.toy.writes, 0);
+    EXPECT_THAT(bench.busy, ElementsAre(true, false));
 }
 
 // Further tasks.

@@ -30,6 +30,8 @@ struct Session_Bench {
         Session_Document document{
             bench.document, section, {"/t", "aa"}, {"/d", "bb"}, "controller.PUMP", "line", 1, {}, 2, "test"};
         document.stray = stray;
+        document.port = portName;
+        document.line = lineSettings;
         return Session(
             {toy, runs, clock, {}, {}, {}, [this](const std::string& why) { waited.push_back(why); }},
             std::move(document));
@@ -74,6 +76,8 @@ struct Session_Bench {
     Memory_Runs runs;
     Standing_Clock clock;
     std::map<Cell_Place, std::string> stray;
+    std::string portName = "line";
+    Line_Settings lineSettings;
     std::vector<std::string> waited; ///< why a controller was waited for
 };
 
