@@ -60,7 +60,7 @@ Limits namedLimits(const Limits& limits) {
 Limits registerWidth(const Cell_Rec& cell) { return isUnsigned(cell) ? unsignedRegister : signedRegister; }
 
 bool fitsRegister(std::string_view number, const Limits& width) {
-    const double value = strictDouble(number);
+    const double value = Val(number);
     return value >= Val(width.low) && value <= Val(width.high);
 }
 

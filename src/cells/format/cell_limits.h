@@ -33,7 +33,7 @@ struct Limits {
 /// exactly this spelling.
 [[nodiscard]] Limits registerWidth(const Cell_Rec& cell);
 
-/// A number too large to compare is failure 6. REQUIRES: the text is numeric.
+/// No register holds a number too large for a double. REQUIRES: the text is numeric.
 [[nodiscard]] bool fitsRegister(std::string_view number, const Limits& width);
 
 } // namespace zorvane

@@ -92,6 +92,8 @@ TEST(Register_Width_Test, HoldsItsBounds) {
     EXPECT_TRUE(fitsRegister(" 32767 ", width));
     EXPECT_FALSE(fitsRegister("32767.4", width));
     EXPECT_FALSE(fitsRegister("-32768.1", width));
+    EXPECT_FALSE(fitsRegister("1e999", width));
+    EXPECT_FALSE(fitsRegister("-1e999", width));
 }
 
 } // namespace

@@ -304,10 +304,13 @@ TEST_F(Commit_Value_Test, AValueThatWasNoNumberStopsTheCommitOfflineToo) {
     EXPECT_EQ(failureOf("5"), 13);
 }
 
-TEST_F(Commit_Value_Test, ANumberTooLargeToCompareIsAnOverflow) {
+TEST_F(Commit_Value_Test, ANumberThatNoDoubleHoldsIsBeyondTheRegister) {
     column().Column_Type = "ASCII";
-    EXPECT_EQ(failureOf("1e999"), 6);
+    EXPECT_FALSE(enter("1e999"));
+    EXPECT_EQ(messages(), told("The value is out of range (value range -32768 to 32767)"));
     EXPECT_EQ(cell().Value, "7");
+    EXPECT_EQ(shown(), "1e999");
+    EXPECT_FALSE(form.Dirty);
 }
 
 // Negative formats, decided offline.

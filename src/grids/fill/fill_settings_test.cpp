@@ -116,6 +116,14 @@ TEST_F(Online_Fill_Test, AHighHalfOfANegativeRegisterIsCutTowardZero) {
     EXPECT_EQ(fill(cellAt("1234/HI")), (Cell_Fill{"-128", "-128"}));
 }
 
+TEST_F(Online_Fill_Test, AnAddressBeyond32BitsIsAnOverflowWhateverIsScanned) {
+    request = "NONE";
+    EXPECT_EQ(fill(cellAt("2147483647", "12")), (Cell_Fill{"12", nullopt}));
+    EXPECT_EQ(failureNumber([&] { static_cast<void>(fill(cellAt("2147483648", "12"))); }), 6);
+    EXPECT_EQ(failureNumber([&] { static_cast<void>(fill(cellAt("1e10/LOW", "12"))); }), 6);
+    EXPECT_EQ(offlineFill(cellAt("2147483648", "12")), (Cell_Fill{"12", nullopt}));
+}
+
 TEST_F(Online_Fill_Test, TakesTimesByTheirFormat) {
     link.image[100] = 3725;
     EXPECT_EQ(fill(cellAt("100", "0", "TIME")), (Cell_Fill{"62:05", "62:05"}));

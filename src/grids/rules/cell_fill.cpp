@@ -43,6 +43,8 @@ Cell_Fill offlineFill(const Cell_Rec& cell) {
 }
 
 Cell_Fill onlineFill(const Cell_Rec& cell, const Online_View& view) {
+    // The number of an address is made first, whether the cell is read or not.
+    (void)longValue(cell.Address);
     if (isNumeric(cell.Address)) {
         if (view.request != cell.Modbus_Request) return shownOnly(cell.Value);
         if (view.commLost()) return shownOnly("???");

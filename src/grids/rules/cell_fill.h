@@ -31,7 +31,8 @@ struct Online_View {
 
 /// While the link is on a cell of the blocks scanned shows its registers and mostly takes their value into
 /// the document; any other whole register shows what the document holds. A half register always shows the
-/// image, whatever is scanned and even when the link is lost.
+/// image, whatever is scanned and even when the link is lost. An address beyond 32 bits is failure 6,
+/// whatever is scanned.
 [[nodiscard]] Cell_Fill onlineFill(const Cell_Rec& cell, const Online_View& view);
 
 } // namespace zorvane
