@@ -4,9 +4,17 @@
 FORMATS = ["", "", "", "TIME", "TIMEMM", "TIMESS", "NUMERIC_UNSIGNED", "time", " timess ", "numeric_unsigned", "NUMERIC",
            "ASCII", "NUMERIC_OR_ASCII", "WATTS"]
 TYPES = ["NUMERIC", "NUMERIC", "numeric", "NUMERIC_UNSIGNED", "ASCII", "NUMERIC_OR_ASCII", "TIME", "Time", "TEXT", "", " TIME"]
-BITS = ["", "", "", "", "  ", "0", "1", "4", "8", " 8 ", "15", "16", "32", "eight"]
-ADDRESSES = ["", "none", "12/hi", "x/HI", "12/HI ", "12/ HI", "/LO", "12/LOW"]
+BITS = ["", "", "", "", "  ", "0", "1", "4", "8", " 8 ", "15", "16", "32", "eight", "0.5", "1.5", "15.4", "15.6", "16.5", "1e1", "-3",
+        "-40000", "99999", "1e400"]
+ADDRESSES = ["", "none", "12/hi", "x/HI", "12/HI ", "12/ HI", "/LO", "12/LOW", "1e2", "1.2e1/HI", "-5", "-5/LO", "12/LO/HI", "32768",
+             "2147483647.5", "99999999999", "1e10/HI", "1e400"]
 WORDS = ["BLACK", "WHITE", "YELLOW", "blue", " GREEN", "RED ", "Orange", "PURPLE", "0", "TEAL", ""]
+ODD_NUMBERS = ["1e3", "-2E2", "1d2", "-4D-1", ".5e1", "5.e-1", "1e400", "-1e400", "1e-400", "32767.5", "-32768.5", "65535.5", "-0",
+               "1e-7", "1e-20", "0.1234567890123456789", "12345.678901234567", "1e", "2e+", "e5", "+", "-.", "1 2", "5\t", "\xa05",
+               "0x10", "&HFF", "1,5", "2147483647", "2147483648", "1e15", "-1.5d0"]
+ODD_TIMES = ["1e400:0", "-1e400:1e400", "1e1:3e1", " 1 : 30 ", "1:-30", "-1:-30", "0.5:0.5", "35791394:8", "1:2:3", "1:\xa05"]
+ODD_ENTRIES = ["", " 1 ", "0.5", "1.5", "-1", "-2", "300", "70000", "8388608", "99999999999", "1e0", "Off"]
+HIGH_LETTERS = "AB \x80\x81\x9f\xa0\xb5\xdf\xe9\xff"
 LETTERS = "ABCDEFGHIJKLMNOPQRSTUVWXYZ abcdefghijklmnopqrstuvwxyz0123456789-+./"
 
 
@@ -18,23 +26,25 @@ def number(random):
         return str(random.choice([-40000, -32769, -32768, -1, 0, 32767, 32768, 40000, 65535, 65536, 70000]))
     if kind < 9:
         return f"{random.randint(-99, 99)}.{random.choice(['5', '25', '0', '75'])}"
-    return random.choice([" 7 ", "007", "+5", ".5", "-.5", "5."])
+    return random.choice([" 7 ", "007", "+5", ".5", "-.5", "5.", *ODD_NUMBERS])
 
 
 def time(random):
     return f"{random.randint(0, 99)}:{random.randint(0, 59):02d}"
 
 
-def text(random, most=12):
-    return "".join(random.choice(LETTERS) for _ in range(random.randint(0, most)))
+def text(random, most=12, letters=LETTERS):
+    return "".join(random.choice(letters) for _ in range(random.randint(0, most)))
 
 
 def any_value(random):
-    kind = random.randrange(8)
+    kind = random.randrange(10)
     if kind < 4:
         return number(random)
     if kind < 6:
         return time(random)
+    if kind < 8:
+        return random.choice([*ODD_NUMBERS, *ODD_TIMES, text(random, 10, HIGH_LETTERS)])
     return random.choice(["", "  ", "12abc", "abc", ":30", "1:", "1:xx", "1:99", "-1:30", "1.5:10", text(random)])
 
 
@@ -101,6 +111,8 @@ def edit(random):
         case["entry"] = str(random.randint(0, len(edited["messages"])))
         if case["online"]:
             case["entry"] = str(random.randint(0, max(0, len(edited["messages"]) - 1)))
+        if random.random() < 0.2:
+            case["entry"] = random.choice(ODD_ENTRIES)
     else:
         case["text"] = any_value(random)
     if edited["ascii"]:

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 """What becomes of a typed text or a chosen entry: in the cell, in the grid, on the wire and on the screen."""
 from values import (Failure, half_of, is_numeric, is_time, long_of, number_text, quotient, rest, signed, strict_double,
-                    strict_long, time_seconds, time_text, to_long, val)
+                    strict_long, time_seconds, time_text, to_integer, to_long, val)
 
 UNIT = 3
 NUMBER_COLUMNS = ("NUMERIC_UNSIGNED", "NUMERIC", "ASCII", "NUMERIC_OR_ASCII")
@@ -71,6 +71,7 @@ class Commit:
     def live(self, start, failed, succeeded, close):
         self.scan = True
         self.written = False
+        self.colours = "writing"
         start()
         if self.case["failed before"] or (self.case["fails"] and self.written):
             self.colours = "error"
@@ -134,12 +135,12 @@ class Commit:
 
     def raw_negative(self, number):
         bits = self.column["bits"].strip(" ")
-        if not bits or not is_numeric(bits) or number >= 0:
+        if not bits or not is_numeric(bits):
             return 0
         if val(bits) >= 16:
-            return to_long(65536 - abs(number))
-        count = to_long(val(bits))
-        return to_long(abs(number) + 2 ** (count - 1)) if count >= 1 else 0
+            return to_long(65536 - abs(number)) if number < 0 else 0
+        count = to_integer(val(bits))
+        return to_long(abs(number) + 2 ** (count - 1)) if number < 0 and count >= 1 else 0
 
     def number(self, text):
         if not text.strip(" "):
@@ -203,11 +204,14 @@ class Commit:
         self.grid_col = self.col
         if self.online:
             self.scan = True
+            self.value = text
             first, last = long_of(self.cell["address"]), long_of(self.cell["end"])
             words, place = [], 0
             for _ in range(first, last + 1):
                 pair = [ord(each) for each in text[place:place + 2].ljust(2)]
                 place += 2
+                if max(pair) >= 128:
+                    raise Failure(6)
                 words.append(pair[0] * 256 + pair[1])
             self.writes.append(f"link PresetMultipleRegisters {UNIT_OF_SETTINGS} {first} [{' '.join(map(str, words))}]")
             end = "Failed" if self.case["failed before"] or self.case["fails"] else "Completed"
@@ -216,21 +220,32 @@ class Commit:
 
     # Chosen entries.
 
+    def entry_text(self, code):
+        """Before the first entry stands an empty one."""
+        texts = ["", *(text for _, text in self.cell["messages"])]
+        if not 0 <= code + 1 < len(texts):
+            raise Failure(9)
+        return texts[code + 1]
+
+    def choose(self, entry):
+        """The grid shows what was chosen, if it is an entry, before anything else happens."""
+        try:
+            self.shown = self.entry_text(strict_long(entry))
+        except Failure:
+            pass
+        self.chosen(entry or "0")
+
     def chosen(self, entry):
         code = strict_long(entry)
         if self.online:
             self.write_entry(code)
         else:
             self.value = str(code)
-            if not 0 <= code + 1 <= len(self.cell["messages"]):
-                raise Failure(9)
-            self.shown = self.cell["messages"][code][1]
+            self.shown = self.entry_text(code)
         self.mark()
 
     def write_entry(self, code):
         address = self.cell["address"]
-        messages = self.cell["messages"]
-        self.shown = messages[code][1] if code < len(messages) else ""
 
         def start():
             if is_numeric(address):
@@ -241,7 +256,7 @@ class Commit:
                 return None
             register = self.image(long_of(half[0]))
             value = code * 256 + (register & 255) if half[1] == "HI" else (register & ~255) + code
-            return self.preset(long_of(half[0]), value)
+            return self.preset(long_of(half[0]), to_long(value))
 
         def succeeded():
             self.shown = ""
@@ -258,7 +273,7 @@ def outcome(case):
     failure = 0
     try:
         if "entry" in case:
-            commit.chosen(case["entry"])
+            commit.choose(case["entry"])
         else:
             commit.typed(case["text"])
     except Failure as failed:

@@ -40,12 +40,12 @@ def by_format(cell, register):
 def online(cell, case):
     address = cell["address"]
     image = case["image"]
+    first = long_of(address)  # before anything is asked
     if is_numeric(address):
         if case["request"] != cell["request"]:
             return cell["value"], None
         if case["lost"]:
             return "???", None
-        first = long_of(address)
         if cell["ascii"]:
             registers = range(first, long_of(cell["end"]) + 1)
             return characters(image.get(str(each), 0) for each in registers), None

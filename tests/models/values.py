@@ -1,9 +1,10 @@
 # SPDX-License-Identifier: MIT
 """Numbers, times, registers and colours as texts: what each conversion has to give. Written without the program's code."""
+import math
 import re
 from decimal import ROUND_HALF_EVEN, Decimal
 
-NUMBER = re.compile(r"[+-]?(?:\d+\.?\d*|\.\d+)")
+NUMBER = re.compile(r"[+-]?(?:\d+\.?\d*|\.\d+)(?:[eEdD][+-]?\d+)?", re.ASCII)
 
 
 class Failure(Exception):
@@ -15,20 +16,31 @@ class Failure(Exception):
 
 
 def val(text):
-    """The longest numeric beginning; 0 when there is none."""
+    """The longest numeric beginning; 0 when there is none, and without end when no double holds it."""
     found = NUMBER.match(text.lstrip(" "))
-    return float(found.group()) if found else 0.0
+    return float(found.group().upper().replace("D", "E")) if found else 0.0
 
 
 def is_numeric(text):
     return NUMBER.fullmatch(text.strip(" ")) is not None
 
 
-def to_long(number):
+def to_whole(number, bits):
+    beyond = 2**(bits - 1)
+    if not -beyond - 1 < number < beyond:  # no number, too
+        raise Failure(6)
     whole = int(Decimal(number).quantize(Decimal(1), ROUND_HALF_EVEN))
-    if not -2**31 <= whole < 2**31:
+    if not -beyond <= whole < beyond:
         raise Failure(6)
     return whole
+
+
+def to_long(number):
+    return to_whole(number, 32)
+
+
+def to_integer(number):
+    return to_whole(number, 16)
 
 
 def long_of(text):
@@ -46,9 +58,15 @@ def strict_long(text):
 
 
 def number_text(number):
-    if number == int(number):
-        return str(int(number))
-    return f"{number:.15g}"
+    """At most 15 significant digits, an exponent from 1e15 on only."""
+    if math.isinf(number):
+        raise Failure(6)
+    digits, power = f"{number:.14e}".split("e")
+    if int(power) >= 15:
+        return digits.rstrip("0").rstrip(".") + f"E+{int(power)}"
+    text = format(Decimal(f"{digits}e{power}"), "f")
+    text = text.rstrip("0").rstrip(".") if "." in text else text
+    return "0" if number == 0 else text
 
 
 def quotient(number, divisor):
