@@ -8,6 +8,7 @@
 #include <QProcess>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QTcpServer>
 
 #include <csignal>
 
@@ -161,6 +162,25 @@ TEST_F(Window_Transfer, APortThatIsNotThereIsToldInWords) {
     ASSERT_THAT(messages, SizeIs(1));
     EXPECT_EQ(messages[0].style, 16);
     EXPECT_THAT(messages[0].text, HasSubstr("The serial port /nonexistent/port can't be opened."));
+}
+
+TEST_F(Window_Transfer, ADownloadOverARefusedConnectionSendsNothingAndEndsAsBeforeASilentController) {
+    startWith("site7.KVRT207D");
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    const std::string place = "127.0.0.1:" + std::to_string(server.serverPort());
+    server.close();
+    usePort("tcp:" + place);
+    choose("MNU_Download");
+    ASSERT_TRUE(waitForPanel(4, "Error. The controller does not respond."));
+    EXPECT_EQ(panel(2), "Offline");
+    EXPECT_TRUE(part<QPushButton>("Bot_Ok").isVisible());
+    ASSERT_THAT(messages, SizeIs(1));
+    EXPECT_EQ(messages[0].style, 16);
+    EXPECT_THAT(messages[0].text, HasSubstr("No connection to " + place + " (Modbus TCP)."));
+    const Download_Result& result = program->app().form().Last_Download;
+    EXPECT_GT(result.values, 0);
+    EXPECT_EQ(result.notReached(), result.values) << "not one of them was tried";
 }
 
 TEST_F(Window_Transfer, TheLinesOfATransferGoToTheTestForm) {

@@ -27,18 +27,21 @@ struct Network_Rig : Link_Rig {
         port.onOpen = [](const std::string&) { return Port_Opening{false, {}, {}, true}; };
         port.onWrite = [this](const Byte_Array& request) {
             if (silent) return;
-            Byte_Array body(request.begin() + 6, request.end());
-            Byte_Array frame = slave.answer(testing::withCrc(body));
+            const Byte_Array asked = testing::withCrc({request.begin() + 6, request.end()});
+            Byte_Array frame =
+                asked.at(3) == refusedRegister ? slave.exception(asked, 2) : slave.answer(asked);
             frame.resize(frame.size() - 2);
             Byte_Array answer{request[0], request[1], 0, 0, 0, static_cast<std::uint8_t>(frame.size())};
             answer.insert(answer.end(), frame.begin(), frame.end());
-            send(answer, 2 * ms);
+            send(answer, delay);
         };
     }
     void connect() { port.endOpening({true, {}, {}}); }
     void refuse() { port.endOpening({false, refused, {}}); }
 
     bool silent = false;
+    Micros delay = 2 * ms;                ///< from a request to its answer
+    std::optional<int> refusedRegister{}; ///< requests that begin there, below 256, are refused
 };
 
 TEST(LinkNetwork, AScanBeginsWhenTheConnectionStands) {
@@ -55,6 +58,84 @@ TEST(LinkNetwork, AScanBeginsWhenTheConnectionStands) {
     ASSERT_TRUE(rig.exchanges(1));
     EXPECT_EQ(rig.link.RegisterValue(0, 3), 33);
     EXPECT_THAT(rig.log.notes, ElementsAre("The port is open."));
+}
+
+/// The first pass of a scan whose watcher looks every 10 ms, as an upload does, while the connection is made
+/// and after it.
+struct Watched_Pass {
+    std::vector<std::int32_t> indexes;
+    std::vector<std::int32_t> refusedBlocks; ///< the index that was known when the refusal was seen
+};
+
+Watched_Pass passAfterConnecting(Network_Rig& rig) {
+    constexpr int ticksToConnect = 3;
+    Watched_Pass pass;
+    rig.link.SetScanMode("NONE");
+    rig.link.ResetScan();
+    rig.link.PrepareScan();
+    const std::int32_t first = watchedScanBlock(rig.link);
+    std::int32_t known = first;
+    std::uint8_t count = rig.link.TransactionCount();
+    rig.link.StartScan();
+    for (int tick = 1; tick < 1000; ++tick) {
+        rig.clock.runFor(10 * ms);
+        if (tick == ticksToConnect) rig.connect();
+        if (rig.link.TransactionCount() != count && watchedFailure(rig.link))
+            pass.refusedBlocks.push_back(known);
+        count = rig.link.TransactionCount();
+        const std::int32_t index = watchedScanBlock(rig.link);
+        if (index == known) continue;
+        known = index;
+        pass.indexes.push_back(index);
+        if (index == first) return pass;
+    }
+    ADD_FAILURE() << "the pass doesn't end";
+    return pass;
+}
+
+TEST(LinkNetwork, AWatcherWhoWaitedForTheConnectionMissesNoBlockHoweverFastTheAnswers) {
+    for (const Micros delay : {100, 1000, 2000, 9000}) {
+        Network_Rig rig;
+        rig.delay = delay;
+        rig.block(1, 5);
+        rig.block(6, 7);
+        rig.block(8, 300);
+        EXPECT_THAT(passAfterConnecting(rig).indexes, ElementsAre(2, 3, 1)) << delay;
+        EXPECT_THAT(rig.firstRegisters(), ElementsAre(1, 6, 8, 133, 258)) << "one pass; " << delay;
+    }
+}
+
+TEST(LinkNetwork, APassOverOneBlockAfterTheConnectionShowsIndex0BeforeItEnds) {
+    Network_Rig rig;
+    rig.delay = 100;
+    rig.block(1, 5);
+    EXPECT_THAT(passAfterConnecting(rig).indexes, ElementsAre(0, 1));
+    EXPECT_THAT(rig.firstRegisters(), ElementsAre(1));
+}
+
+TEST(LinkNetwork, ARefusalRightAfterTheConnectionIsToldUnderItsOwnBlock) {
+    for (const Micros delay : {100, 1000, 2000, 9000}) {
+        Network_Rig rig;
+        rig.delay = delay;
+        rig.refusedRegister = 6;
+        rig.block(1, 5);
+        rig.block(6, 7);
+        rig.block(8, 9);
+        EXPECT_THAT(passAfterConnecting(rig).refusedBlocks, ElementsAre(2)) << delay;
+        EXPECT_THAT(rig.firstRegisters(), ElementsAre(1, 6, 8)) << "one pass; " << delay;
+    }
+}
+
+TEST(LinkNetwork, NobodyLookingTheScanGoesAtFullSpeedAfterTheConnection) {
+    Network_Rig rig;
+    rig.delay = 100;
+    rig.block(1, 5);
+    rig.block(6, 7);
+    rig.scan();
+    rig.clock.runFor(10 * ms);
+    rig.connect();
+    rig.clock.runFor(100 * ms);
+    EXPECT_GT(rig.log.exchanges.size(), 4U);
 }
 
 TEST(LinkNetwork, AConnectionThatIsRefusedIsToldOnceAndTriedAgain) {
@@ -81,6 +162,26 @@ TEST(LinkNetwork, AConnectionThatIsRefusedIsToldOnceAndTriedAgain) {
     rig.connect();
     ASSERT_TRUE(rig.exchanges(1));
     EXPECT_FALSE(rig.link.CommLost());
+}
+
+TEST(LinkNetwork, SaysThatThePortIsBeingOpenedUntilThatHasEnded) {
+    Network_Rig rig;
+    EXPECT_FALSE(rig.link.PortOpening());
+    rig.link.PrepareScan();
+    EXPECT_TRUE(rig.link.PortOpening());
+    rig.refuse();
+    EXPECT_FALSE(rig.link.PortOpening());
+    rig.clock.runFor(500 * ms);
+    EXPECT_EQ(rig.port.attempts.size(), 2U);
+    EXPECT_FALSE(rig.link.PortOpening()) << "nobody waits for it while it is tried again";
+    rig.link.PrepareScan();
+    EXPECT_TRUE(rig.link.PortOpening());
+    rig.connect();
+    EXPECT_FALSE(rig.link.PortOpening());
+    rig.link.ClosePort();
+    rig.link.PrepareScan();
+    rig.link.ClosePort();
+    EXPECT_FALSE(rig.link.PortOpening());
 }
 
 TEST(LinkNetwork, AWriteWaitsForTheConnection) {

@@ -39,6 +39,9 @@ class Link_Port {
     [[nodiscard]] virtual std::vector<std::string> PortParameters() const = 0;
     /// The slave number of the port settings, as decimal text.
     [[nodiscard]] virtual std::string SlaveNumber() const = 0;
+    /// The port is being opened, which takes a while on a network and ends by an event. Until then
+    /// `CommLost` tells nothing of it. A link whose ports open at once never says so.
+    [[nodiscard]] virtual bool PortOpening() const { return false; }
 };
 
 /// The register image: reading it costs no wire traffic.

@@ -77,6 +77,7 @@ class Modbus_Link final : public modbus_control, private Transaction_Listener {
     void ShowPortSettings(bool modal) override;
     [[nodiscard]] std::vector<std::string> PortParameters() const override;
     [[nodiscard]] std::string SlaveNumber() const override;
+    [[nodiscard]] bool PortOpening() const override { return opening_ == Opening::Wanted; }
 
     void ClearBlocks() override;
     void AddScanBlock(std::int32_t first, std::int32_t last, bool flag, const std::string& request,

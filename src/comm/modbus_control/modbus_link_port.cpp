@@ -20,11 +20,14 @@ void Modbus_Link::openingIsWanted() {
     status_.commLost = false;
 }
 
+/// Whoever looked while the opening went on looks on: no block may be read and left before their next look.
 bool Modbus_Link::opened(const Port_Opening& opening) {
     if (opening.opened) {
         portIsOpen(opening);
         status_.commLost = false;
+        const bool watched = scan_.watched();
         restartScan();
+        if (watched) scan_.watch();
         return true;
     }
     status_.commLost = true;

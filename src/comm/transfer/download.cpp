@@ -11,6 +11,8 @@
 #include "comm/transfer/transfer_records.h"
 #include "values/numbers.h"
 
+#include <optional>
+
 namespace zorvane {
 
 namespace {
@@ -94,7 +96,20 @@ void stopCancelled(const Comm_Context& comm) {
 
 enum class Walk_End { Finished, Lost, Cancelled, Document_Gone };
 
+/// Whether the port can be opened at all shows at the end of an opening that goes on; the walk begins with
+/// that known. How it ended before that, or nothing.
+std::optional<Walk_End> awaitPort(const Comm_Context& comm, const Document_Mark& document) {
+    if (!comm.link.PortOpening()) return std::nullopt;
+    comm.mainForm.wait_until(
+        [&] { return !document.holds() || !comm.link.PortOpening() || comm.form.Cancel_Requested; });
+    if (!document.holds()) return Walk_End::Document_Gone;
+    bool cancelled = false;
+    PRO_Verifica_Cancelar(comm, false, cancelled);
+    return cancelled ? std::optional(Walk_End::Cancelled) : std::nullopt;
+}
+
 Walk_End walk(const Comm_Context& comm, const Document_Mark& document) {
+    if (const auto ended = awaitPort(comm, document)) return *ended;
     Download_Step step(comm, document);
     const std::int32_t rows = comm.mainForm.grids().configurationRows();
     for (std::int32_t f = 1; f < rows; ++f) {

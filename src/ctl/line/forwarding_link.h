@@ -26,6 +26,7 @@ class Forwarding_Link : public modbus_control {
     void ShowPortSettings(bool modal) override { link_.ShowPortSettings(modal); }
     [[nodiscard]] std::vector<std::string> PortParameters() const override { return link_.PortParameters(); }
     [[nodiscard]] std::string SlaveNumber() const override { return link_.SlaveNumber(); }
+    [[nodiscard]] bool PortOpening() const override { return link_.PortOpening(); }
     void ClearBlocks() override { link_.ClearBlocks(); }
     void AddScanBlock(std::int32_t first, std::int32_t last, bool flag, const std::string& request,
                       std::int32_t& slave) override {

@@ -43,6 +43,10 @@ class Scan {
     /// Number of the block being read, as it is shown. 0 for a plan without blocks.
     [[nodiscard]] std::int32_t index() const { return index_; }
     void indexSeen();
+    /// Whether somebody looks, so that the walk waits for them.
+    [[nodiscard]] bool watched() const { return watched_; }
+    /// Somebody looks who hasn't seen the present index yet.
+    void watch() { watched_ = true; }
     /// Whether the watcher still takes the block before for the one being read. Ends at `shownUntil` at the
     /// latest.
     [[nodiscard]] bool indexUnseen(Micros now) const { return !mayMoveOn(now); }

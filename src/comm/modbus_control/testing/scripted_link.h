@@ -45,6 +45,7 @@ class Scripted_Link : public modbus_control {
     std::int32_t tx = 0;
     std::int32_t rx = 0;
     bool lost = false;
+    bool opening = false; ///< `PortOpening`
     bool requestFailed = false;
     bool writeFailed = false;
     /// How the next write to end is said to have ended; without it as its exchanges say.
@@ -74,6 +75,7 @@ class Scripted_Link : public modbus_control {
     void ShowPortSettings(bool modal) override;
     [[nodiscard]] std::vector<std::string> PortParameters() const override { return parameters; }
     [[nodiscard]] std::string SlaveNumber() const override { return slaveNumber; }
+    [[nodiscard]] bool PortOpening() const override { return opening; }
     void ClearBlocks() override { note("ClearBlocks"); }
     void AddScanBlock(std::int32_t first, std::int32_t last, bool flag, const std::string& request,
                       std::int32_t& slave) override;
