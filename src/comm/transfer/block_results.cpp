@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "comm/transfer/block_results.h"
 
+#include "comm/modbus_control/exchange/exchange_text.h"
+
 #include <algorithm>
 
 namespace zorvane {
@@ -12,6 +14,11 @@ std::int64_t lastOnTheLine(std::int64_t first, std::int64_t last) {
 
 Block_Result blockResult(const Comm_Context& comm, const Holding_Block_Rec& block) {
     Block_Result result{block.First_Address, block.Last_Address, Request_End::Good};
+    if (block.Last_Address < block.First_Address) {
+        result.end = Request_End::Not_Sent;
+        result.answer = noRegistersText(block.First_Address);
+        return result;
+    }
     const std::int64_t last = lastOnTheLine(block.First_Address, block.Last_Address);
     for (std::int64_t address = block.First_Address; address <= last; ++address) {
         const Register_Reading reading =

@@ -389,6 +389,17 @@ TEST_F(Upload, ItsResultCountsValuesAndNamesEveryBlock) {
                                                         "Illegal data address (exception 2)"}));
 }
 
+TEST_F(Upload, ABlockThatEndsBeforeItBeginsIsNotAmongThoseThatWereRead) {
+    addScanBlock(300, 299);
+    start();
+    scanTo(2);
+    scanTo(3);
+    scanTo(1);
+    const Block_Result& block = form.Last_Upload.blocks.back();
+    EXPECT_EQ(block, (Block_Result{300, 299, Request_End::Not_Sent, "No registers from 300 on"}));
+    EXPECT_TRUE(block.failed());
+}
+
 TEST_F(Upload, ABlockThatNobodyReadIsNotSentButHasntFailed) {
     link.readings[100] = {Reading_Age::Never, std::nullopt};
     start();

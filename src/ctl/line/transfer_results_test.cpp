@@ -50,6 +50,15 @@ TEST_F(Results, EveryBlockIsInOneList) {
         "not_read": [{"first": 130, "last": 131}]})-"));
 }
 
+TEST_F(Results, ABlockWithoutRegistersWasNotRead) {
+    addScanBlock(300, 299);
+    Json json = Json::object();
+    addBlockLists(json, blockResults(comm));
+    EXPECT_EQ(json["read"], Json::parse(R"-([{"first": 100, "last": 101}])-"));
+    EXPECT_EQ(json["not_read"].back(),
+              Json::parse(R"-({"first": 300, "last": 299, "answer": "No registers from 300 on"})-"));
+}
+
 TEST_F(Results, ABlockThatCantBeAskedForIsNeitherRefusedNorUnanswered) {
     EXPECT_EQ(endOf("Register 70000 has no address from 0 to 65535"), Request_End::Not_Sent);
     EXPECT_EQ(endOf("BUSY"), Request_End::Refused);

@@ -59,10 +59,14 @@ std::string resultText(const Try_Result& result) {
     return text;
 }
 
+std::string noRegistersText(std::int64_t first) {
+    return "No registers from " + std::to_string(first) + " on";
+}
+
 std::string unreachableText(std::int32_t unit, std::int64_t first, std::size_t count,
                             std::int32_t addressBase) {
     if (unit < 1 || unit > 247) return "Slave number " + std::to_string(unit) + " is not 1 to 247";
-    if (count == 0) return "No registers from " + std::to_string(first) + " on";
+    if (count == 0) return noRegistersText(first);
     const std::int64_t address = first - addressBase;
     const std::int64_t last = address + static_cast<std::int64_t>(count) - 1;
     if (address >= 0 && last <= largestWireAddress) return {};

@@ -27,6 +27,9 @@ namespace zorvane {
 /// answer.
 [[nodiscard]] std::string resultText(const Try_Result& result);
 
+/// Why a request for no register at all, from that one on, can't go out.
+[[nodiscard]] std::string noRegistersText(std::int64_t first);
+
 /// Why a request for these registers, as the template numbers them, can't go out; empty when it can.
 /// `addressBase` is taken off a number to get its address on the wire.
 [[nodiscard]] std::string unreachableText(std::int32_t unit, std::int64_t first, std::size_t count,
