@@ -226,6 +226,18 @@ TEST_F(Frame_Test, TheProgressFormStartsAnewWithEachTransfer) {
     EXPECT_FALSE(named<QPushButton>("Bot_Ok").isVisible());
 }
 
+TEST_F(Frame_Test, ATransferThatBeginsWhileTheOkOfALostOneStandsCanBeCancelled) {
+    Progress_Form& progress = mainForm.Porcentaje();
+    progress.setRange(5);
+    progress.show();
+    progress.Deshabilita_Cancelar();
+    progress.setRange(7);
+    progress.show();
+    EXPECT_TRUE(named<QWidget>("Porcentaje").isVisible());
+    EXPECT_TRUE(named<QPushButton>("BOT_Cancel").isVisible());
+    EXPECT_FALSE(named<QPushButton>("Bot_Ok").isVisible());
+}
+
 TEST_F(Frame_Test, AProgressOfNothingIsAnEmptyBar) {
     Progress_Form& progress = mainForm.Porcentaje();
     progress.setRange(0);

@@ -28,8 +28,9 @@ void Window_Progress::setValue(std::int32_t value) {
     form().Progress_Bar().setValue(value);
 }
 
+/// Its Ok may still stand there from a transfer that was lost.
 void Window_Progress::show() {
-    if (form().isHidden()) form().load();
+    form().load();
     form().show();
     if (shown) shown();
 }
