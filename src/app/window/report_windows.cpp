@@ -81,8 +81,10 @@ Report_Windows::Report_Windows(const App_Context& app, Window_Form& mainForm, Ev
         QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
     };
     prompts.yesNo = [this](const QString& text) {
-        return QMessageBox::question(dialogParent(), ui::fromCore(applicationTitle), text) ==
-               QMessageBox::Yes;
+        QMessageBox box(QMessageBox::Question, ui::fromCore(applicationTitle), text,
+                        QMessageBox::Yes | QMessageBox::No, dialogParent());
+        box.setTextFormat(Qt::PlainText); // a file's name may look like HTML
+        return box.exec() == QMessageBox::Yes;
     };
 }
 
@@ -222,10 +224,9 @@ void Report_Windows::printPreview(MainRepKVRT& report) {
 
 /// Paper is white, so the log is black whatever the desktop's colours are.
 void Report_Windows::printLog(const QTextEdit& RtbStatus, const QString& logFile) {
-    QString text = RtbStatus.toPlainText();
-    text.replace(QStringLiteral("\n"), QStringLiteral("\r\n"));
     const QFont font = RtbStatus.font();
-    const Rich_Text log{ui::toCore(text), {ui::toCore(font.family()), font.pointSizeF(), font.bold()}, 0};
+    const Rich_Text log{
+        ui::toCore(*RtbStatus.document()), {ui::toCore(font.family()), font.pointSizeF(), font.bold()}, 0};
     run([&] { log_.btnPrint_Click(log, pathFromNative(logFile.toStdString())); });
 }
 

@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QProcess>
@@ -446,6 +447,22 @@ TEST_F(Window_Reports, TheLogIsPrintedAfterAChoice) {
     EXPECT_EQ(asked, 1);
     EXPECT_GT(reports().log().report()->Pages.Count(), 1);
     EXPECT_THAT(text("log.pdf"), StartsWith("%PDF-"));
+}
+
+TEST_F(Window_Reports, TheQuestionAboutAFileShowsItsNameAsItStands) {
+    startWith("app/EXAMPLE.KVRT100");
+    const QString question = QStringLiteral("File /site/<b>old</b>.txt exist overwrite it?");
+    for (const auto answer : {QMessageBox::No, QMessageBox::Yes}) {
+        QTimer::singleShot(0, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_EQ(box->windowTitle(), "Zorvane");
+            EXPECT_EQ(box->text(), question);
+            EXPECT_EQ(box->textFormat(), Qt::PlainText);
+            box->button(answer)->click();
+        });
+        EXPECT_EQ(reports().prompts.yesNo(question), answer == QMessageBox::Yes);
+    }
 }
 
 TEST_F(Window_Reports, TheBusyFormShowsDotsWithoutTheAnimation) {

@@ -3,6 +3,7 @@
 
 #include "values/code_page.h"
 
+#include <QTextDocument>
 #include <QWidget>
 
 #include <algorithm>
@@ -24,6 +25,13 @@ QString fromCore(std::string_view text) {
 
 std::string toCore(const QString& text) { return fromUtf8(text.toStdString()); }
 
+std::string toCore(const QTextDocument& document) {
+    QString text = document.toRawText();
+    for (const QChar lineEnd : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
+        text.replace(lineEnd, QStringLiteral("\r\n"));
+    return toCore(text);
+}
+
 bool fitsCodePage(const QString& text) {
     bool whole = true;
     (void)fromUtf8(text.toStdString(), &whole);
@@ -34,6 +42,8 @@ QString plainTip(const QString& text) {
     if (text.isEmpty()) return text;
     return QStringLiteral("<p style='white-space:pre-wrap'>%1</p>").arg(text.toHtmlEscaped());
 }
+
+QString literalTip(const QString& text) { return Qt::mightBeRichText(text) ? plainTip(text) : text; }
 
 void giveName(QWidget& widget, const QString& name) {
     widget.setObjectName(name);

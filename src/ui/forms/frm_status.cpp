@@ -134,12 +134,8 @@ void Frm_Status::closeEvent(QCloseEvent* event) {
     reject();
 }
 
-/// The core's text again: its lines end in CR LF.
-std::string Frm_Status::savedText() const {
-    QString text = rtbSave_->toPlainText();
-    text.replace(u'\n', QStringLiteral("\r\n"));
-    return toCore(text);
-}
+/// The core's text again.
+std::string Frm_Status::savedText() const { return toCore(*rtbSave_->document()); }
 
 bool Frm_Status::mayOverwrite(const QString& path) const {
     if (!QFileInfo::exists(path)) return true;

@@ -151,6 +151,18 @@ TEST_F(Frm_Status_Test, TheWindowShowsTheReportAloneWhileTheFileHasTheMonitorDat
     EXPECT_TRUE(asked.isEmpty());
 }
 
+/// As in "1 000", which a spreadsheet writes with one.
+TEST_F(Frm_Status_Test, ABlankThatDoesntBreakIsSavedAsItself) {
+    form.Transfer_Errors = {{"Tx: 07 06", "Rx: no answer", "FC-6", "100",
+                             "1\xA0"
+                             "000 \x80",
+                             "No Response", 1}};
+    open(false);
+    saveAs(folder.filePath("site7.log"), 1);
+    EXPECT_THAT(bytes("site7.log"), HasSubstr("Register: 100 Value: 1\xA0"
+                                              "000 \x80\r\nResponse: No Response\r\n"));
+}
+
 TEST_F(Frm_Status_Test, SavesAsRtfThatAnotherProgramReads) {
     open();
     saveAs(folder.filePath("site7.rtf"), 2);

@@ -214,6 +214,17 @@ TEST_F(Main_Window_Test, TellsATextThatIsCutOffAsAToolTip) {
     QToolTip::hideText();
 }
 
+TEST_F(Main_Window_Test, TellsACutTextThatLooksLikeHtmlAsItStands) {
+    show();
+    window.StatusBar1().setText(1, "Write: <b>much too long</b> for this panel @100");
+    QHelpEvent help(QEvent::ToolTip, QPoint(2, 2), named<QLabel>("StatusBar1_1").mapToGlobal(QPoint(2, 2)));
+    QApplication::sendEvent(&named<QLabel>("StatusBar1_1"), &help);
+    EXPECT_EQ(QToolTip::text(),
+              "<p style='white-space:pre-wrap'>Write: &lt;b&gt;much too long&lt;/b&gt; for this "
+              "panel @100</p>");
+    QToolTip::hideText();
+}
+
 TEST_F(Main_Window_Test, GrowsWithTheWindow) {
     std::vector<bool> marks;
     show();

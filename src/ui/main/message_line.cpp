@@ -100,7 +100,7 @@ void Message_Line::drawIcon() {
 void Message_Line::setCut(bool cut) {
     cut_ = cut;
     text_->setCut(cut);
-    text_->setToolTip(cut ? line_.text : QString());
+    text_->setToolTip(cut ? literalTip(line_.text) : QString());
 }
 
 int Message_Line::buttonHeight() const { return fontMetrics().height() + 2 * gap; }

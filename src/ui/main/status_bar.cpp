@@ -54,7 +54,7 @@ bool Status_Panel::isCut() const {
 
 bool Status_Panel::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip || !ownToolTip_.isEmpty() || !isCut()) return QLabel::event(event);
-    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), literalTip(text()), this);
     return true;
 }
 

@@ -212,7 +212,8 @@ void Preview_Window::fillContents(const Page_Document* document) {
         for (const Contents_Entry& entry : document->contents) {
             auto* item = new QListWidgetItem(fromCore(entry.title), contents_);
             item->setData(Qt::UserRole, entry.page);
-            item->setToolTip(fromCore(entry.title) + QStringLiteral(", page ") + QString::number(entry.page));
+            item->setToolTip(
+                literalTip(fromCore(entry.title) + QStringLiteral(", page ") + QString::number(entry.page)));
         }
     if (!first || contents_->count() < 2) return;
     contentsTool_->setChecked(true);

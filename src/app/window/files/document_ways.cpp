@@ -96,7 +96,7 @@ void Document_Ways::fillRecent() {
         const QString path = shownText(file.path);
         QAction* const entry = recent_->addAction(caption(++number, shortened(path)));
         entry->setObjectName(QStringLiteral("MNU_Recent_%1").arg(number));
-        entry->setToolTip(path);
+        entry->setToolTip(ui::literalTip(path));
         entry->setEnabled(file.there);
         menu_.onChosen(*entry, [this, place = file.path] { open(place); });
     }
