@@ -68,7 +68,6 @@ struct Watched_Pass {
 };
 
 Watched_Pass passAfterConnecting(Network_Rig& rig) {
-    constexpr int ticksToConnect = 3;
     Watched_Pass pass;
     rig.link.SetScanMode("NONE");
     rig.link.ResetScan();
@@ -77,9 +76,9 @@ Watched_Pass passAfterConnecting(Network_Rig& rig) {
     std::int32_t known = first;
     std::uint8_t count = rig.link.TransactionCount();
     rig.link.StartScan();
+    rig.clock.in(21 * ms, [&rig] { rig.connect(); }); // long before the third look
     for (int tick = 1; tick < 1000; ++tick) {
         rig.clock.runFor(10 * ms);
-        if (tick == ticksToConnect) rig.connect();
         if (rig.link.TransactionCount() != count && watchedFailure(rig.link))
             pass.refusedBlocks.push_back(known);
         count = rig.link.TransactionCount();
