@@ -26,16 +26,9 @@ bool hasError(const std::vector<Finding>& findings, std::int32_t line) {
 }
 
 void addStops(const Checked_Template& checked, std::vector<Finding>& findings) {
-    std::vector<Finding> stops;
-    const Report report(readingStops, stops);
-    for (const Source_Line& line : checked.lines()) {
-        if (!line.failure || hasError(findings, line.number)) continue;
-        report(line,
-               "reading stops here: " + line.failure->description + " (failure " +
-                   numberText(line.failure->number) + ")",
-               "Look for a number that is too large, or for one of a field, row or column that isn't there.");
-    }
-    findings.insert(findings.end(), stops.begin(), stops.end());
+    for (const Source_Line& line : checked.lines())
+        if (line.failure && !hasError(findings, line.number))
+            findings.push_back(readingStop(line, *line.failure));
 }
 
 } // namespace
@@ -59,6 +52,16 @@ std::vector<Finding> checkTemplate(std::string_view fileName, std::string_view t
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& a, const Finding& b) { return a.line < b.line; });
     return findings;
+}
+
+Finding readingStop(const Source_Line& line, const Line_Failure& failure) {
+    return {line.number,
+            readingStops.severity,
+            readingStops.code,
+            std::string(line.text),
+            "reading stops here: " + failure.description + " (failure " + numberText(failure.number) + ")",
+            std::string(readingStops.why),
+            "Look for a number that is too large, or for one of a field, row or column that isn't there."};
 }
 
 Finding unreadable(std::string_view reason) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "checker/checked_template.h"
 #include "checker/finding.h"
 #include "checker/rule.h"
 
@@ -15,6 +16,9 @@ namespace zorvane::checker {
 /// What a template's author should know of a template: the findings by their lines. `fileName` is the file's
 /// name without its folder; some rules go by it. A line on which the reader would stop always has an error.
 [[nodiscard]] std::vector<Finding> checkTemplate(std::string_view fileName, std::string_view text);
+
+/// The finding for a line on which the reader stops, where nothing else is said of that.
+[[nodiscard]] Finding readingStop(const Source_Line& line, const Line_Failure& failure);
 
 /// The finding for a template that can't be read at all; its line is 0.
 [[nodiscard]] Finding unreadable(std::string_view reason);

@@ -191,6 +191,31 @@ TEST(Check, EachDocumentBelongsToTheTemplateInFrontOfIt) {
                 StartsWith(document + ":2: error: page 1, which the template doesn't have [page-unknown]\n"));
 }
 
+TEST(Check, ATemplateWithoutAFolderIsTheOneBesideTheProgram) {
+    Ctl_Bench bench;
+    bench.file("BESIDE_THE_PROGRAM.ZTP", templateOfRegulation());
+    const std::string bad = bench.file("bad.ABC", lines({"[Field_1_Default]", "ROW_1=Set point,1401,x"}));
+    const Ctl_Run run = bench.run({"check", "BESIDE_THE_PROGRAM.ZTP", bad, "--app-dir", bench.path("")});
+    EXPECT_EQ(run.err, "");
+    EXPECT_THAT(run.out, StartsWith(bad + ":2: error: \"1401\" is outside the limits 800 to 1400"));
+    EXPECT_THAT(run.out, testing::EndsWith("1 error, 0 warnings\n"));
+}
+
+TEST(Check, ADocumentOnWhichReadingStopsEndsWith1) {
+    Ctl_Bench bench;
+    const std::string ztp = bench.file("ABC.ZTP", templateOfRegulation());
+    const std::string bad = bench.file("bad.ABC", lines({"[Default_1_Columns]", "COL_4_WIDTH=5"}));
+    const Ctl_Run run = bench.run({"check", ztp, bad});
+    EXPECT_EQ(run.out,
+              bad + ":2: error: reading stops here: Subscript out of range (failure 9) [reading-stops]\n"
+                    "    | COL_4_WIDTH=5\n"
+                    "    The rest of the file isn't read.\n"
+                    "    Look for a number that is too large, or for one of a field, row or column that "
+                    "isn't there.\n"
+                    "1 error, 0 warnings\n");
+    EXPECT_EQ(run.code, 1);
+}
+
 TEST(Check, AMissingDocumentIsTold) {
     Ctl_Bench bench;
     const std::string ztp = bench.file("ABC.ZTP", templateOfRegulation());

@@ -3,7 +3,7 @@
 
 #include "cells/cell_names.h"
 #include "cells/format/cell_limits.h"
-#include "checker/rule.h"
+#include "checker/checker.h"
 #include "checker/wording.h"
 #include "edit/named_cells.h"
 #include "edit/wanted_value.h"
@@ -13,6 +13,7 @@
 #include "template/sections/messages.h"
 #include "values/code_page.h"
 #include "values/numbers.h"
+#include "values/run_time_failure.h"
 #include "values/times.h"
 
 #include <algorithm>
@@ -31,7 +32,7 @@ using checker::quoted;
 using checker::Severity;
 using checker::Source_Line;
 
-constexpr std::array<Document_Rule, 9> rules = {{
+constexpr std::array<Document_Rule, 10> rules = {{
     {"text-comma", Severity::Error, "a text with a comma, which makes a row too long",
      "A comma ends a value. Reading stops in this line: its other values and all lines after it aren't "
      "read."},
@@ -45,6 +46,8 @@ constexpr std::array<Document_Rule, 9> rules = {{
      "The values aren't read, and the next save drops them."},
     {"page-unknown", Severity::Error, "a page that the template doesn't have",
      "Reading stops in this line: all lines after it aren't read either."},
+    {"texts-short", Severity::Error, "a page with fewer texts than the upper grid has columns",
+     "The upper grid can't be filled, and a save of the document fails."},
     {"value-limits", Severity::Error, "a value outside its limits",
      "It is read all the same, and a download writes it; at the window nobody could enter it."},
     {"value-list", Severity::Error, "a text that isn't in the list of its cell",
@@ -102,8 +105,12 @@ class Document_Checker {
     std::vector<Finding> run() {
         document_.Unlisted.clear();
         checkLines();
-        for (const Source_Line& line : lines_.lines())
-            if (line.kind == checker::Line_Kind::Key) check(line);
+        for (const Source_Line& line : lines_.lines()) {
+            if (line.kind == checker::Line_Kind::Key)
+                check(line);
+            else if (line.failure)
+                addStop(line, *line.failure);
+        }
         checkValues();
         std::stable_sort(findings_.begin(), findings_.end(),
                          [](const Finding& a, const Finding& b) { return a.line < b.line; });
@@ -126,12 +133,35 @@ class Document_Checker {
 
     void check(const Source_Line& line) {
         if (line.is("FIELD_#_DEFAULT", "ROW_#")) checkRow(line);
-        if (line.is("CONFIGURATION_DEFAULT", "FIELD_#")) checkCut(line);
+        if (line.is("CONFIGURATION_DEFAULT", "FIELD_#")) checkTexts(line);
         bool ok = true;
         std::int32_t number = line.sectionNumber;
-        ignoringFailure([&] {
+        try {
             PRO_Interpreta_Linea(document_, link_, line.section, line.rawKey, line.value, number, ok);
+        } catch (const Run_Time_Failure& failure) {
+            addStop(line, {failure.number(), failure.description()});
+        }
+    }
+
+    /// The reader stops here; says so unless an error of the line has told it.
+    void addStop(const Source_Line& line, const checker::Line_Failure& failure) {
+        const bool told = std::any_of(findings_.begin(), findings_.end(), [&line](const Finding& finding) {
+            return finding.line == line.number && finding.severity == Severity::Error;
         });
+        if (told) return;
+        findings_.push_back(checker::readingStop(line, failure));
+        findings_.back().why = "The rest of the file isn't read.";
+    }
+
+    void checkTexts(const Source_Line& line) {
+        checkCut(line);
+        const std::size_t texts = line.items().size();
+        const bool known = line.keyNumber >= 1 && line.keyNumber <= document_.Field_Count;
+        if (!known || texts >= static_cast<std::size_t>(document_.Config_Column_Count)) return;
+        add(line, "texts-short",
+            counted(static_cast<std::int64_t>(texts), "text") + ", where the upper grid has " +
+                counted(document_.Config_Column_Count, "column"),
+            "Write a text for each column, empty ones too: a comma more for each.");
     }
 
     void checkCut(const Source_Line& line) {

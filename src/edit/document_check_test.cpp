@@ -101,6 +101,30 @@ TEST_F(Document_Check, RowsAndPagesThatTheTemplateDoesntHave) {
               "2: error: page 3, which the template doesn't have [page-unknown]\n");
 }
 
+/// Every other call stops there, so a check must not end well.
+TEST_F(Document_Check, ALineOnWhichReadingStops) {
+    const std::string subscript = "reading stops here: Subscript out of range (failure 9) [reading-stops]\n";
+    const std::string overflow = "reading stops here: Overflow (failure 6) [reading-stops]\n";
+    EXPECT_EQ(found("[Default_1_Columns]\r\nCOL_9_WIDTH=5\r\n"), "2: error: " + subscript);
+    EXPECT_EQ(found("[Default_3_Columns]\r\nCOL_1_WIDTH=5\r\n"), "2: error: " + subscript);
+    EXPECT_EQ(found("[Default_1_Columns]\r\nCOL_1_WIDTH=99999\r\n"), "2: error: " + overflow);
+    EXPECT_EQ(found("[Configuration_Default]\r\nFIELD_101=a,b\r\n"), "2: error: " + subscript);
+    EXPECT_EQ(found("[Field_99999999999_Default]\r\n"), "1: error: " + overflow);
+    EXPECT_EQ(found("[FIELD_1_COLUMNS]\r\nCOL_1_WIDTH=wide\r\n"),
+              "2: error: reading stops here: Type mismatch (failure 13) [reading-stops]\n");
+    EXPECT_EQ(
+        found("[Default_1_Columns]\r\nCOL_9_WIDTH=5\r\n[Field_1_Default]\r\nROW_1=a,1401,,\r\n"),
+        "2: error: " + subscript +
+            "4: error: \"1401\" is outside the limits 800 to 1400 (Regulation/a/Value) [value-limits]\n")
+        << "one mistake doesn't hide the others";
+}
+
+/// Whoever saves it later has a file that ends in the middle.
+TEST_F(Document_Check, TooFewTextsForTheUpperGrid) {
+    EXPECT_EQ(found("[Configuration_Default]\r\nFIELD_1=a\r\nFIELD_2=,Timers,more\r\n"),
+              "2: error: 1 text, where the upper grid has 2 columns [texts-short]\n");
+}
+
 TEST_F(Document_Check, LinesAsSuch) {
     EXPECT_EQ(found("\xEF\xBB\xBF; site 7\r\n[Feld_1_Default]\r\nROW_1=1\r\n"),
               "1: error: a byte order mark in front of the first line [byte-order-mark]\n"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "checker/checker.h"
 #include "ctl/calls/document_calls.h"
+#include "ctl/document/document_arguments.h"
 #include "ctl/document/notices.h"
 #include "ctl/document/opened_document.h"
 #include "ctl/text/json_text.h"
@@ -81,7 +82,9 @@ std::optional<std::string> textOf(const Call_Context& context, const std::string
     return std::nullopt;
 }
 
-void checkTemplate(const Call_Context& context, const std::string& path, Finding_Printer& printer) {
+/// `path` as the call has it; one without a folder may be of a template beside the program.
+void checkTemplate(const Call_Context& context, const std::string& given, Finding_Printer& printer) {
+    const std::string path = templateFile(context, given);
     const auto text = textOf(context, path, printer);
     if (!text) return;
     for (const Finding& finding : checker::checkTemplate(splitPath(path).name, *text))
@@ -93,8 +96,8 @@ void checkDocument(const Call_Context& context, const std::string& templatePath,
                    Finding_Printer& printer) {
     const auto text = textOf(context, path, printer);
     if (!text) return;
-    Opened_Document opened =
-        openDocument({context.files, context.applicationFolder, templatePath, std::nullopt, nullptr});
+    Opened_Document opened = openDocument({context.files, context.applicationFolder,
+                                           templateFile(context, templatePath), std::nullopt, nullptr});
     if (opened.fileMissing()) return; // which has been told
     for (const Finding& finding : edit::checkDocument(opened.document, *text))
         printer.add(path, finding);
