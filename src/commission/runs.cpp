@@ -52,19 +52,19 @@ Run_State stateOf(const Run_File_Reader& read, const std::optional<Json>& result
 Json countsOf(const Kept_Run& run) {
     if (run.result)
         if (const Json& counts = memberOf(*run.result, "counts"); counts.is_object()) return counts;
-    std::vector<bool> sent(run.paper.writes.size(), false);
-    for (const Json& record : run.journal.records)
-        if (isEvent(record, "write"))
-            if (const auto number = numberOf<std::size_t>(memberOf(record, "write"));
-                number && *number < sent.size())
-                sent[*number] = true;
-    std::map<Cell_Place, bool> cells; // a long text goes out in several writes
-    for (std::size_t number = 0; number < sent.size(); ++number)
-        for (const Cell_Place& place : run.paper.writes[number].cells)
-            cells[place] = cells[place] || sent[number];
+    const std::map<std::size_t, Write_Trace> traces = writeTraces(run.journal);
+    std::map<Cell_Place, Value_State> cells; // a long text goes out in several writes
+    for (std::size_t number = 0; number < run.paper.writes.size(); ++number) {
+        const auto trace = traces.find(number);
+        for (const Cell_Place& place : run.paper.writes[number].cells) {
+            Value_State& state = cells.try_emplace(place, Value_State::Not_Sent).first->second;
+            if (trace == traces.end() || state == Value_State::Unknown) continue;
+            state = trace->second == Write_Trace::Refused ? Value_State::Refused : Value_State::Unknown;
+        }
+    }
     Value_Counts counts;
-    for (const auto& [place, begun] : cells)
-        counts.add(begun ? Value_State::Unknown : Value_State::Not_Sent);
+    for (const auto& [place, state] : cells)
+        counts.add(state);
     return countsJson(counts);
 }
 

@@ -162,6 +162,15 @@ TEST_F(Damaged_Run, ALongTextWhoseSecondWriteNeverBeganIsOneUnknownValue) {
                                                          {"rows", 1}}));
 }
 
+TEST_F(Damaged_Run, WhatTheJournalSaysWasRefusedIsCountedAsThat) {
+    file("result.json") = "";
+    file("journal") += journalLine({{"event", "answer"}, {"write", 0}, {"end", "refused"}}) + "\n";
+    const Json counts = listRuns(bench.runs).front().counts;
+    EXPECT_EQ(counts.at("refused"), 1);
+    EXPECT_EQ(counts.at("unknown"), 0);
+    EXPECT_EQ(counts.at("rows"), 1);
+}
+
 TEST_F(Damaged_Run, RecordsOfTheJournalWithOtherKindsOfValuesAreNone) {
     file("result.json") = "";
     file("after.json") = "";

@@ -91,6 +91,15 @@ std::optional<Plan_Write> reversed(const Plan_Write& write,
     return sets ? std::optional(back) : std::nullopt;
 }
 
+/// What the controller held in the run's registers when it ended, as far as is known: what was read last,
+/// else what was sent last and not refused, else what was there before.
+std::map<std::int32_t, std::uint16_t> heldAfter(const Kept_Run& run) {
+    std::map<std::int32_t, std::uint16_t> held = run.after;
+    held.merge(writtenRegisters(run.journal));
+    held.insert(run.paper.before.begin(), run.paper.before.end());
+    return held;
+}
+
 void noteImpossible(Further_Writes& found, const std::vector<Planned_Cell>& cells, std::size_t write) {
     for (const Planned_Cell& cell : cells) {
         if (cell.write != write) continue;
@@ -145,7 +154,7 @@ std::string_view leftSignWord(Left_Sign sign) noexcept {
 
 std::vector<Left_Row> leftRows(const Kept_Run& run, const std::vector<Plan_Write>& writes,
                                const compare::Controller_Registers& now) {
-    const std::map<std::int32_t, std::uint16_t> left = leftBy(run);
+    const std::map<std::int32_t, std::uint16_t> left = heldAfter(run);
     std::map<std::int32_t, Part> parts;
     for (const Plan_Write& write : writes)
         for (std::size_t i = 0; i < write.parts.size(); ++i)

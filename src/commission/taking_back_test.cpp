@@ -35,6 +35,27 @@ TEST(Taking_Back, WhatWasNeverReadNorSentIsntSaidToBeZero) {
     EXPECT_EQ(rows.at(1).sign, Left_Sign::Not_Read);
 }
 
+TEST(Taking_Back, WhatWasRefusedIsLeftAsItWasBefore) {
+    Kept_Run run;
+    run.paper.before = {{11, 5}, {12, 6}};
+    run.journal.records = {
+        {{"event", "write"}, {"write", 0}, {"address", 11}, {"values", {50}}},
+        {{"event", "answer"}, {"write", 0}, {"end", "refused"}},
+        {{"event", "write"}, {"write", 1}, {"address", 12}, {"values", {60}}},
+        {{"event", "answer"}, {"write", 1}, {"end", "no answer"}},
+    };
+    compare::Controller_Registers now;
+    now.take(11, {5, 6});
+    const auto rows = leftRows(run, {wholeRegister(11, 50), wholeRegister(12, 60)}, now);
+    ASSERT_EQ(rows.size(), 2U);
+    EXPECT_EQ(rows.at(0).left, 5);
+    EXPECT_EQ(rows.at(0).sign, Left_Sign::As_Left) << "nothing changed since";
+    EXPECT_EQ(rows.at(1).left, 60);
+    EXPECT_EQ(rows.at(1).sign, Left_Sign::Changed);
+    run.after = {{11, 7}};
+    EXPECT_EQ(leftRows(run, {wholeRegister(11, 50)}, now).at(0).left, 7) << "it was read";
+}
+
 TEST(Taking_Back, ARunIsOfTheControllerWithItsSerialNumber) {
     const Identity_Section section = readIdentity("[IDENTITY]\nSERIAL=18\n");
     Kept_Run run;

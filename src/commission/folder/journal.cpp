@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <utility>
 
 namespace zorvane::commission {
 
@@ -21,6 +23,48 @@ Json recordOf(std::string_view line) {
     if (line.substr(0, digitsOfSum) != hex8(crc32(text))) return broken;
     Json record = Json::parse(text, nullptr, false);
     return record.is_object() ? record : broken;
+}
+
+/// What a write set, and what stood there before it as far as the journal tells.
+class Write_Replay {
+  public:
+    void begin(const Json& intent) {
+        before_.clear();
+        const auto first = numberOf<std::int32_t>(memberOf(intent, "address"));
+        if (!first) return;
+        std::int64_t number = *first;
+        for (const Json& value : memberOf(intent, "values")) {
+            if (const auto word = numberOf<std::uint16_t>(value))
+                set(static_cast<std::int32_t>(number), *word);
+            ++number;
+        }
+    }
+
+    /// The controller refused the write that began last.
+    void takeBack() {
+        for (const auto& [number, value] : before_) {
+            if (value)
+                registers[number] = *value;
+            else
+                registers.erase(number);
+        }
+        before_.clear();
+    }
+
+    std::map<std::int32_t, std::uint16_t> registers;
+
+  private:
+    void set(std::int32_t number, std::uint16_t word) {
+        const auto found = registers.find(number);
+        before_.emplace(number, found == registers.end() ? std::nullopt : std::optional(found->second));
+        registers[number] = word;
+    }
+
+    std::map<std::int32_t, std::optional<std::uint16_t>> before_;
+};
+
+bool isRefusal(const Json& record) {
+    return isEvent(record, "answer") && stringOf(memberOf(record, "end")) == "refused";
 }
 
 } // namespace
@@ -44,6 +88,28 @@ Journal readJournal(std::string_view bytes) {
         bytes.remove_prefix(end + 1);
     }
     return journal;
+}
+
+std::map<std::size_t, Write_Trace> writeTraces(const Journal& journal) {
+    std::map<std::size_t, Write_Trace> traces;
+    for (const Json& record : journal.records) {
+        const auto number = numberOf<std::size_t>(memberOf(record, "write"));
+        if (!number) continue;
+        if (isEvent(record, "write"))
+            traces[*number] = Write_Trace::Open;
+        else if (isRefusal(record) && traces.contains(*number))
+            traces[*number] = Write_Trace::Refused;
+    }
+    return traces;
+}
+
+std::map<std::int32_t, std::uint16_t> writtenRegisters(const Journal& journal) {
+    Write_Replay replay;
+    for (const Json& record : journal.records) {
+        if (isEvent(record, "write")) replay.begin(record);
+        if (isRefusal(record)) replay.takeBack();
+    }
+    return std::move(replay.registers);
 }
 
 std::string_view runKindWord(Run_Kind kind) noexcept {

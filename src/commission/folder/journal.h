@@ -3,6 +3,9 @@
 
 #include <nlohmann/json.hpp>
 
+#include <cstddef>
+#include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +27,18 @@ struct Journal {
 
 /// The records up to the first line that isn't whole.
 [[nodiscard]] Journal readJournal(std::string_view bytes);
+
+/// What a journal tells of a write that began, before anybody reads what the controller holds.
+enum class Write_Trace {
+    Open,   ///< the controller may have taken it
+    Refused ///< its last word was an exception
+};
+
+/// The writes of the plan that a journal says have begun, by their numbers.
+[[nodiscard]] std::map<std::size_t, Write_Trace> writeTraces(const Journal& journal);
+
+/// What the writes of a journal put into registers, the last one counting; what was refused isn't counted.
+[[nodiscard]] std::map<std::int32_t, std::uint16_t> writtenRegisters(const Journal& journal);
 
 /// How a run came about.
 enum class Run_Kind {

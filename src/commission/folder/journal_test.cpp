@@ -46,6 +46,37 @@ TEST(Journal, NothingCountsFromADamagedLineOn) {
     EXPECT_TRUE(journal.damaged);
 }
 
+Json intent(std::size_t write, std::int32_t address, std::vector<int> values) {
+    return {{"event", "write"}, {"write", write}, {"address", address}, {"values", std::move(values)}};
+}
+Json answer(std::size_t write, const char* end) {
+    return {{"event", "answer"}, {"write", write}, {"end", end}};
+}
+
+TEST(Journal, TellsWhichWritesAreOpenAndWhichWereRefused) {
+    Journal journal;
+    journal.records = {intent(0, 11, {50}),  answer(0, "acknowledged"), intent(1, 12, {7}),
+                       answer(1, "refused"), intent(2, 13, {8}),        answer(2, "no answer"),
+                       intent(3, 14, {9})};
+    EXPECT_EQ(writeTraces(journal), (std::map<std::size_t, Write_Trace>{{0, Write_Trace::Open},
+                                                                        {1, Write_Trace::Refused},
+                                                                        {2, Write_Trace::Open},
+                                                                        {3, Write_Trace::Open}}));
+    journal.records.push_back(intent(1, 12, {7}));
+    EXPECT_EQ(writeTraces(journal).at(1), Write_Trace::Open) << "it went on";
+}
+
+TEST(Journal, WhatWasRefusedIsntInTheRegister) {
+    Journal journal;
+    journal.records = {intent(0, 11, {50, 51}), answer(0, "acknowledged"), intent(1, 12, {7, 8}),
+                       answer(1, "refused"),    intent(2, 20, {9}),        answer(2, "no answer")};
+    EXPECT_EQ(writtenRegisters(journal),
+              (std::map<std::int32_t, std::uint16_t>{{11, 50}, {12, 51}, {20, 9}}));
+    journal.records.push_back(intent(1, 12, {7, 8}));
+    EXPECT_EQ(writtenRegisters(journal),
+              (std::map<std::int32_t, std::uint16_t>{{11, 50}, {12, 7}, {13, 8}, {20, 9}}));
+}
+
 TEST(Journal, EachRecordHasItsTime) {
     Memory_Runs runs;
     const Opened_Run run = runs.make("run");

@@ -198,18 +198,18 @@ std::map<Place, Json> Run_Files::planRows() const {
 
 /// Of a run without a result: what the writes of its journal leave open.
 std::map<Place, std::string> Run_Files::statesOfJournal() const {
-    std::set<std::int64_t> begun;
-    forEachEvent("write", [&](const Json& intent) { begun.insert(numberAt(intent, "write")); });
+    const std::map<std::size_t, Write_Trace> traces = writeTraces(journal_);
     std::map<Place, std::string> states;
-    std::int64_t number = 0;
+    std::size_t number = 0;
     for (const Json& write : memberOf(plan_, "writes")) {
         for (const Json& cell : memberOf(write, "cells")) {
             if (!cell.is_array() || cell.size() != 3) continue;
             std::string& state = states[{numberOf<std::int32_t>(cell[0]).value_or(0),
                                          numberOf<std::int32_t>(cell[1]).value_or(0),
                                          numberOf<std::int32_t>(cell[2]).value_or(0)}];
-            if (begun.contains(number))
-                state = "unknown"; // of a long text, any of its writes
+            const auto trace = traces.find(number);
+            if (trace != traces.end() && state != "unknown") // of a long text, any of its writes
+                state = trace->second == Write_Trace::Refused ? "refused" : "unknown";
             else if (state.empty())
                 state = "not_sent";
         }
@@ -309,16 +309,12 @@ void Run_Files::addDocument(Record& record) const {
     }
 }
 
-/// What the run left in a register that its writes touch: what was read last, else what was sent last, else
-/// what was there before. A reading brings others along, which aren't the run's.
+/// What the run left in a register that its writes touch: what was read last, else what was sent last and not
+/// refused, else what was there before. A reading brings others along, which aren't the run's.
 void Run_Files::addRegisters(Record& record) const {
     record.before = registersOf(parsed(bytes(beforeFile)));
-    record.left = record.before;
-    forEachEvent("write", [&](const Json& intent) {
-        std::int32_t number = numberAt(intent, "address");
-        for (const Json& value : memberOf(intent, "values"))
-            record.left[number++] = numberOf<std::uint16_t>(value).value_or(0);
-    });
+    record.left = writtenRegisters(journal_);
+    record.left.insert(record.before.begin(), record.before.end());
     for (const auto& [number, value] : registersOf(parsed(bytes(afterFile))))
         if (const auto touched = record.left.find(number); touched != record.left.end())
             touched->second = value;

@@ -135,6 +135,18 @@ TEST_F(Record_Of_Run, HoldsTheDocumentAndTheRegisters) {
     EXPECT_EQ(told.folder.at("journal"), files["journal"]);
 }
 
+TEST_F(Record_Of_Run, OfAnInterruptedRunARefusedValueIsKnown) {
+    journal({{{"event", "begin"}},
+             {{"event", "write"}, {"write", 0}, {"address", 40001}, {"values", {120}}},
+             {{"event", "answer"}, {"write", 0}, {"end", "refused"}, {"us", 12000}},
+             {{"event", "write"}, {"write", 1}, {"address", 40002}, {"values", {7}}}});
+    const Record told = record();
+    ASSERT_EQ(told.rows.size(), 2U);
+    EXPECT_EQ(told.rows[0].state, "refused");
+    EXPECT_EQ(told.rows[1].state, "unknown");
+    EXPECT_EQ(told.left, (std::map<std::int32_t, std::uint16_t>{{40001, 100}, {40002, 7}}));
+}
+
 TEST_F(Record_Of_Run, WhatAReadingBroughtAlongIsntWhatTheRunLeft) {
     finish();
     files["after.json"] = R"({"40000": 9, "40001": 120, "40002": 5, "40003": 8})";
