@@ -241,6 +241,10 @@ TEST_F(SendProgram, AnEmptyValueIsAnErrorOfTheCommandLine) {
         EXPECT_THAT(sent.err, HasSubstr(std::string(option) + ": the value is empty"));
     }
     EXPECT_EQ(call("plan", {"--out", ""}).code, 2);
+    for (const char* name : {"plan", "send", "download", "compare"})
+        EXPECT_EQ(run({name, model("KVRT207D.ZTP"), "", "--port", port, "--json"}).code, 2) << name;
+    for (const char* option : {"--save", "--registers"})
+        EXPECT_EQ(call("upload", {option, ""}).code, 2) << option << ": nothing would be written";
     EXPECT_EQ(writes(), 0);
 }
 
@@ -281,6 +285,20 @@ TEST_F(SendProgram, ARecordNamesItsRunAndOneWithoutAUnitIsNone) {
     EXPECT_EQ(verified.code, 1);
     EXPECT_EQ(json::parse(verified.out)["counts"]["rows"], 0);
     EXPECT_THAT(verified.err, HasSubstr("is not the JSON of a record"));
+}
+
+TEST_F(SendProgram, ARecordsHeadIsntChangedToHoldIt) {
+    start();
+    EXPECT_EQ(call("send", {"--yes", "--only", "3,1,2"}).code, 0);
+    const Ctl_Run record = run(
+        {"record", "last", "--out", bench.path("r.json"), "--panel", "\xC5\x81\xC3\xB3d\xC5\xBA", "--json"});
+    EXPECT_EQ(record.code, 1);
+    EXPECT_EQ(record.err,
+              "zorvanectl: --panel: A character of the text is none that a record holds (Windows-1252).\n");
+    EXPECT_EQ(json::parse(record.out)["output"], nullptr);
+    EXPECT_FALSE(bench.exists("r.json"));
+    EXPECT_EQ(run({"record", "last", "--out", bench.path("r.json"), "--panel", "Sch\xC3\xBCtz"}).code, 0);
+    EXPECT_EQ(json::parse(bench.bytes("r.json"))["head"]["panel"], "Sch\xC3\xBCtz");
 }
 
 TEST_F(SendProgram, ARecordIsVerifiedByTheRegistersThatItsRunSet) {

@@ -125,6 +125,20 @@ TEST_F(Set_By_Name, WhatFitsNoFormIsWrongUsage) {
     EXPECT_EQ(run("set", {"Regulation/Set point", "5", "--from", "x"}).code, 2);
 }
 
+TEST_F(Set_By_Name, ATextThatNoCellHoldsIsRefusedInTheJsonToo) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"1", "1", "3", "\xC5\x81", "--save", out, "--json"},
+          {"Regulation/Set point/Remark", "\xC5\x81", "--save", out, "--json"},
+          {"Regulation/Output", "--text", "\xC5\x81", "--save", out, "--json"}}) {
+        const Ctl_Run set = run("set", arguments);
+        EXPECT_EQ(set.code, 1);
+        const json told = json::parse(set.out);
+        EXPECT_EQ(told["refused"], "the text has a character that no cell can hold (Windows-1252)");
+        EXPECT_EQ(told["saved"], false);
+        EXPECT_FALSE(bench.exists("out.RELAY"));
+    }
+}
+
 using Set_From_File = Values;
 
 TEST_F(Set_From_File, TakesAllLinesOfAFile) {
@@ -153,6 +167,13 @@ TEST_F(Set_From_File, TakesAFileOfExportToo) {
     const std::string csv = bench.file("values.csv", headings + "1,1,2,,,,,1200\r\n");
     EXPECT_EQ(run("set", {"--from", csv, "--save", out}).code, 0);
     EXPECT_EQ(saved("ROW_1=Set"), "ROW_1=Set point,1200,agreed,1123");
+}
+
+TEST_F(Set_From_File, ATableWithoutOneMeaningIsNoListOfNames) {
+    const std::string csv = bench.file("values.csv", "field,row,column,value,value\r\n1,1,2,1200,1300\r\n");
+    const Ctl_Run set = run("set", {"--from", csv, "--save", out});
+    EXPECT_EQ(set.code, 1);
+    EXPECT_EQ(set.err, "zorvanectl: " + csv + ": the heading value stands twice.\n");
 }
 
 TEST_F(Set_From_File, AFileThatIsntThereFails) {
@@ -201,7 +222,29 @@ TEST_F(Export, WhatCantBeReadOrWrittenFails) {
     EXPECT_FALSE(bench.exists("v.csv"));
 }
 
+/// The values after the line where reading stopped would be the template's.
+TEST_F(Export, ADocumentThatWasReadInPartWritesNothing) {
+    config = bench.file("site.RELAY", lines({"[Field_1_Default]", "ROW_1=a,1,2,3,4", "ROW_2=Drop X,-9,,"}));
+    const std::string before = bench.file("v.csv", "kept");
+    const Ctl_Run exported = run("export", {"--out", before, "--json"});
+    EXPECT_EQ(exported.code, 1);
+    EXPECT_EQ(json::parse(exported.out), json::parse(R"({"output":null})"));
+    EXPECT_THAT(exported.err, HasSubstr("The document was not read to its end, so nothing was written.\n"));
+    EXPECT_EQ(bench.bytes("v.csv"), "kept");
+}
+
 using Import = Values;
+
+TEST_F(Import, AValueThatASeparatorCutIsntTakenInPart) {
+    const std::string csv = bench.file("v.csv", headings + "1,1,2,,,,,1200,5\r\n1,4,2,,,,,Trip\r\n");
+    const Ctl_Run imported = run("import", {csv, "--save", out, "--json"});
+    EXPECT_EQ(imported.code, 1);
+    EXPECT_EQ(json::parse(imported.out), json::parse(R"({"taken":0,"left_out":[{"line":2,
+        "why":"the line has more values than there are headings: one with the separator in it needs quotes"}]})"));
+    EXPECT_FALSE(bench.exists("out.RELAY"));
+    EXPECT_EQ(run("import", {csv, "--save", out, "--all-that-fit"}).code, 4);
+    EXPECT_EQ(saved("ROW_1=Set"), "ROW_1=Set point,1130,agreed,1123");
+}
 
 TEST_F(Import, TakesAllAndSaves) {
     const std::string csv =
@@ -271,8 +314,28 @@ TEST_F(Values, AnEmptyNameOfAFileIsRefused) {
     const std::string list = bench.file("v.txt", "Regulation/Set point = 1200\n");
     EXPECT_EQ(run("set", {"--from", ""}).code, 2);
     EXPECT_EQ(run("set", {"--from", list, "--save", ""}).code, 2);
+    EXPECT_EQ(run("set", {"1", "1", "2", "1200", "--save", ""}).code, 2) << "it wouldn't be saved";
+    EXPECT_EQ(run("apply", {bench.file("r.json", "{}"), "--save", ""}).code, 2);
     EXPECT_EQ(run("export", {"--out", ""}).code, 2);
     EXPECT_EQ(run("import", {list, "--save", ""}).code, 2);
+}
+
+/// The template's own values would pass for those of the document.
+TEST_F(Values, AnEmptyNameOfTheDocumentIsRefused) {
+    const std::string csv = bench.file("v.csv", headings + "1,1,2,,,,,1200\r\n");
+    config = "";
+    for (const auto& [call, arguments] : std::vector<std::pair<std::string, std::vector<std::string>>>{
+             {"export", {"--out", bench.path("w.csv")}},
+             {"import", {csv, "--save", out}},
+             {"set", {"1", "1", "2", "1200", "--save", out}},
+             {"set", {"--from", csv, "--save", out}}}) {
+        const Ctl_Run refused = run(call, arguments);
+        EXPECT_EQ(refused.code, 2) << call;
+        EXPECT_EQ(refused.out, "") << call;
+        EXPECT_THAT(refused.err, HasSubstr("CONFIG: the value is empty")) << call;
+    }
+    EXPECT_FALSE(bench.exists("w.csv"));
+    EXPECT_FALSE(bench.exists("out.RELAY"));
 }
 
 TEST_F(Import, ADocumentThatWasReadInPartTakesNothing) {

@@ -72,7 +72,8 @@ void addCellsOfRow(const Field_Rec& field, const Cell_Place& row, std::string_vi
         return;
     }
     for (std::int32_t c = 1; c <= field.Columns; ++c)
-        if (comparable(headingName(field, c)) == rest) found.push_back({row.field, row.row, c});
+        if (comparable(headingName(field, c)) == rest || comparable("column " + numberText(c)) == rest)
+            found.push_back({row.field, row.row, c});
 }
 
 void addCellsOfPage(const Field_Rec& field, std::int32_t number, std::string_view rest,

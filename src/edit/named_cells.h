@@ -19,7 +19,7 @@ namespace zorvane::edit {
 /// The cells that a name stands for: page, row and heading with "/" between them, in any letter case, blanks
 /// around the parts apart. Without a heading it is the row's setting: its only cell that can be edited and
 /// has a register; where the row has none, the only one that has a register or can be edited. "row 3" stands
-/// for a row, "page 2" for a page and "column 2" for a heading that has no text.
+/// for any row, "page 2" for any page and "column 2" for any heading.
 [[nodiscard]] std::vector<Cell_Place> cellsNamed(const Declara_Zorvane& document, std::string_view name);
 
 /// What is wrong with a name that stands for no cell or for several, and what else there is: "... fits 2

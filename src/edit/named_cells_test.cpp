@@ -75,6 +75,13 @@ TEST_F(Named_Cells, WhatHasNoTextIsNamedByItsNumber) {
     EXPECT_EQ(named(cellPath(document, {1, 4, 3})), "1 4 3");
 }
 
+TEST_F(Named_Cells, NumbersNameWhatHasATextToo) {
+    EXPECT_EQ(named("page 1/row 1/column 2"), "1 1 2");
+    EXPECT_EQ(named("Regulation/Set point/Column 3"), "1 1 3");
+    EXPECT_EQ(named("Timers/row 2/column 2"), "2 2 2");
+    EXPECT_EQ(named("Timers/row 2/column 3"), "");
+}
+
 TEST_F(Named_Cells, AnythingElseNamesNothing) {
     for (const char* name : {"", "/", "Regulation", "Regulation/", "Set point", "Regulation/Setpoint",
                              "Regulations/Set point", "Regulation/row 6", "page 3/row 1"})

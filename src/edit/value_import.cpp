@@ -22,6 +22,8 @@ namespace {
 constexpr std::string_view separators = ",;\t|";
 const std::string unclosedQuote =
     "a quote begins in the line that is never closed, and takes the rest of the file";
+const std::string tooManyValues =
+    "the line has more values than there are headings: one with the separator in it needs quotes";
 const std::string noCharacter = "a character of the text is none that a file holds (Windows-1252)";
 
 // Columns.
@@ -34,11 +36,13 @@ struct Columns {
     std::size_t value = 0;
 };
 
+/// Whether a field is the heading `name`, in any letter case.
+auto isHeading(std::string_view name) {
+    return [name](const std::string& field) { return lowerCase(trimBlanks(field)) == name; };
+}
+
 std::optional<std::size_t> indexOf(const Csv_Record& headings, std::string_view wanted) {
-    const auto found =
-        std::find_if(headings.fields.begin(), headings.fields.end(), [wanted](const std::string& heading) {
-            return lowerCase(trimBlanks(heading)) == wanted;
-        });
+    const auto found = std::find_if(headings.fields.begin(), headings.fields.end(), isHeading(wanted));
     if (found == headings.fields.end()) return std::nullopt;
     return static_cast<std::size_t>(found - headings.fields.begin());
 }
@@ -52,10 +56,32 @@ std::optional<Columns> columnsOf(const Csv_Record& headings) {
     return Columns{*field, *row, *column, *value};
 }
 
-/// Some spreadsheets write "sep=;" above the headings.
+/// What is wrong with headings of which one that decides stands twice; "" when none does.
+std::string doubledHeading(const Csv_Record& headings) {
+    for (const std::string_view name :
+         {value_columns[0], value_columns[1], value_columns[2], value_columns.back()})
+        if (std::count_if(headings.fields.begin(), headings.fields.end(), isHeading(name)) > 1)
+            return "the heading " + std::string(name) + " stands twice";
+    return "";
+}
+
+bool isEmpty(const Csv_Record& record) {
+    return std::all_of(record.fields.begin(), record.fields.end(),
+                       [](const std::string& field) { return trimBlanks(field).empty(); });
+}
+
+/// The headings are the first line with a text. Some spreadsheets write "sep=;" above them.
 std::size_t headingsAt(const std::vector<Csv_Record>& records) {
-    const bool told = !records.empty() && lowerCase(records[0].fields[0]).starts_with("sep=");
-    return told ? 1 : 0;
+    std::size_t at = 0;
+    const auto skipEmpty = [&] {
+        while (at < records.size() && isEmpty(records[at]))
+            ++at;
+    };
+    skipEmpty();
+    if (at == records.size() || !lowerCase(records[at].fields[0]).starts_with("sep=")) return at;
+    ++at;
+    skipEmpty();
+    return at;
 }
 
 // Rows.
@@ -83,7 +109,14 @@ std::optional<Cell_Place> placeOf(std::string_view field, std::string_view row, 
     return Cell_Place{*f, *r, *c};
 }
 
-Wanted_Value wantedValue(const Csv_Record& record, const Columns& columns) {
+/// Whether a text stands after the last heading's column.
+bool goesBeyond(const Csv_Record& record, std::size_t headings) {
+    const std::size_t within = std::min(headings, record.fields.size());
+    return std::any_of(record.fields.begin() + static_cast<std::ptrdiff_t>(within), record.fields.end(),
+                       [](const std::string& field) { return !trimBlanks(field).empty(); });
+}
+
+Wanted_Value wantedValue(const Csv_Record& record, const Columns& columns, std::size_t headings) {
     Wanted_Value wanted;
     wanted.line = record.line;
     const auto place = placeOf(fieldOf(record, columns.field), fieldOf(record, columns.row),
@@ -92,6 +125,8 @@ Wanted_Value wantedValue(const Csv_Record& record, const Columns& columns) {
     wanted.text = unguarded(fromUtf8(fieldOf(record, columns.value), &whole));
     if (record.unclosed)
         wanted.problem = unclosedQuote;
+    else if (goesBeyond(record, headings))
+        wanted.problem = tooManyValues;
     else if (!place)
         wanted.problem = "field, row and column are no numbers from 1";
     else if (record.fields.size() <= columns.value)
@@ -102,18 +137,15 @@ Wanted_Value wantedValue(const Csv_Record& record, const Columns& columns) {
     return wanted;
 }
 
-bool isEmpty(const Csv_Record& record) {
-    return std::all_of(record.fields.begin(), record.fields.end(),
-                       [](const std::string& field) { return trimBlanks(field).empty(); });
-}
-
-Value_File valuesOf(const std::vector<Csv_Record>& records, std::size_t first, const Columns& columns,
+Value_File valuesOf(const std::vector<Csv_Record>& records, std::size_t headingsAt, const Columns& columns,
                     char separator) {
     Value_File file;
     file.separator = separator;
-    for (std::size_t i = first; i < records.size(); ++i)
+    file.problem = doubledHeading(records[headingsAt]);
+    const std::size_t headings = records[headingsAt].fields.size();
+    for (std::size_t i = headingsAt + 1; file.problem.empty() && i < records.size(); ++i)
         if (records[i].unclosed || !isEmpty(records[i]))
-            file.values.push_back(wantedValue(records[i], columns));
+            file.values.push_back(wantedValue(records[i], columns, headings));
     return file;
 }
 
@@ -225,7 +257,7 @@ Value_File readValueFile(std::string_view bytes) {
         const std::vector<Csv_Record> records = csvRecords(text.utf8, separator);
         const std::size_t at = headingsAt(records);
         const auto columns = at < records.size() ? columnsOf(records[at]) : std::nullopt;
-        if (columns) return valuesOf(records, at + 1, *columns, separator);
+        if (columns) return valuesOf(records, at, *columns, separator);
     }
     file.problem = "its first line doesn't have the headings field, row, column and value";
     return file;

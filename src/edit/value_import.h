@@ -21,14 +21,15 @@ struct Wanted_Value {
 
 /// A file of values as it was understood.
 struct Value_File {
-    std::string problem; ///< why nothing of it was; else ""
-    char separator = '\0';
+    std::string problem;   ///< why nothing of it was; else ""
+    char separator = '\0'; ///< where its headings were found
     std::vector<Wanted_Value> values;
 };
 
 /// Reads a file that `exportedValues` made and that a spreadsheet may have rewritten: in UTF-8, with or
 /// without its mark, or else in Windows-1252; its separator, ",", ";", tab or "|", is found by the headings.
-/// The headings field, row, column and value have to be there, in any order.
+/// The headings field, row, column and value have to be there, each once and in any order. A line with more
+/// values than headings is a problem of its own: a value was cut in two.
 [[nodiscard]] Value_File readValueFile(std::string_view bytes);
 
 /// Reads lines `NAME = TEXT` or `FIELD,ROW,COLUMN = TEXT`. Empty lines, and those that begin with "#" or ";",

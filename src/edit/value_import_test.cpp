@@ -113,6 +113,32 @@ TEST_F(Value_Import, ACellThatIsntThereIsToldByItsNumbersEachTime) {
               "line 3: field 1, row 1, column 77: line 2 has another value for it, \"1200\"\n");
 }
 
+/// A comma of a number that cut it in two would else leave half of it, and nobody would know.
+TEST_F(Value_Import, ALineWithMoreValuesThanHeadingsIsLeftOut) {
+    const std::string why =
+        "the line has more values than there are headings: one with the separator in it needs quotes\n";
+    EXPECT_EQ(toldOfRows("1,1,2,,,,,1200,5\r\n1,4,2,,,,,Trip\r\n"), "1 4 2 = 7\nline 2: " + why);
+    EXPECT_EQ(toldOfRows("1,1,2,Page,a,b,c,100,1200\r\n"), "line 2: " + why) << "cut in front of the value";
+    EXPECT_EQ(toldOfRows("1,1,2,,,,,1200,, \r\n"), "1 1 2 = 1200\n") << "a spreadsheet's empty columns";
+    EXPECT_EQ(toldOfRows("1,1,2,,,,,\"1200,5\"\r\n"), "1 1 2 = 1200.5\n");
+}
+
+TEST_F(Value_Import, EmptyLinesMayStandAboveTheHeadings) {
+    EXPECT_EQ(toldOf("\r\n,,\r\nfield,row,column,value\r\n1,1,2,1200\r\n"), "1 1 2 = 1200\n");
+    EXPECT_EQ(
+        toldOf("\nsep=;\n\nfield;row;column;value\n1;1;2;1200\n1;1;4;7\n"),
+        "1 1 2 = 1200\nline 6: Regulation/Set point/Reading: \"7\" is in a column that can't be edited\n");
+    EXPECT_NE(readValueFile("\n\n").problem, "");
+}
+
+TEST_F(Value_Import, AHeadingThatStandsTwiceDecidesNothing) {
+    EXPECT_EQ(readValueFile("field,row,column,value,Value\n1,1,2,1200,1300\n").problem,
+              "the heading value stands twice");
+    EXPECT_EQ(readValueFile("field,row,column,field,value\n1,1,2,1,1200\n").problem,
+              "the heading field stands twice");
+    EXPECT_EQ(toldOf("field,row,column,name,name,value\n1,1,2,a,b,1200\n"), "1 1 2 = 1200\n");
+}
+
 TEST_F(Value_Import, TextInWindows1252IsKnownByItsBytes) {
     EXPECT_EQ(toldOfRows("1,1,3,,,,,caf\xE9\r\n"), "1 1 3 = caf\xE9\n");
     EXPECT_EQ(toldOfRows("1,1,3,,,,,caf\xC3\xA9\r\n"), "1 1 3 = caf\xE9\n");

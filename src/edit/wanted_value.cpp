@@ -40,6 +40,9 @@ Verdict taken(const Question& asked, std::string value) {
 std::optional<Refusal> unholdable(std::string_view text) {
     if (text.find_first_of("\r\n\t") != std::string_view::npos)
         return Refusal{"a text with a line end or a tab, which no file holds"};
+    const bool control =
+        std::any_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+    if (control) return Refusal{"a text with a control character"};
     if (text.find(',') != std::string_view::npos) return Refusal{"a text with a comma, which no file holds"};
     if (text.find(';') != std::string_view::npos) return Refusal{"a text with a \";\", which no file holds"};
     return std::nullopt;

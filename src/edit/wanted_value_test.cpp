@@ -99,6 +99,8 @@ TEST_F(Judged, TextsThatNoFileHoldsAreRefused) {
     EXPECT_EQ(judgedAt(setPoint, remark, "a;b"), "not: a text with a \";\", which no file holds");
     EXPECT_EQ(judgedAt(setPoint, remark, "a\nb"),
               "not: a text with a line end or a tab, which no file holds");
+    EXPECT_EQ(judgedAt(setPoint, remark, std::string("a\0b", 3)), "not: a text with a control character");
+    EXPECT_EQ(judgedAt(tag, value, "\x1B"), "not: a text with a control character");
     EXPECT_EQ(judgedAt(tag, value, "T-13"), "T-13");
     EXPECT_EQ(judgedAt(tag, value, "T-130"), "not: longer than its 4 characters");
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/calls/document_calls.h"
 #include "ctl/document/document_arguments.h"
+#include "ctl/document/given_value.h"
 #include "ctl/document/model_json.h"
 #include "ctl/document/model_text.h"
 #include "ctl/document/notices.h"
@@ -19,7 +20,9 @@ class Apply_Subcommand : public Subcommand {
         files_.addTemplate(arguments);
         files_.addConfiguration(arguments);
         arguments.add_option("REGISTERS", registers_, "JSON file {\"address\": value, ...}")->required();
-        arguments.add_option("--save", out_, "Write the document, filled, to this file")->type_name("OUT");
+        arguments.add_option("--save", out_, "Write the document, filled, to this file")
+            ->type_name("OUT")
+            ->check(givenValue());
     }
 
     int run(const Call_Context& context) override {

@@ -116,8 +116,7 @@ class Set_Subcommand : public Subcommand {
             ->required();
         CLI::Option* const save =
             arguments.add_option("--save", out_, "Write the changed document to this file");
-        save->type_name("OUT");
-        save_ = save;
+        save->type_name("OUT")->check(givenValue());
         CLI::Option* const accept =
             arguments.add_flag("--accept", accept_, "Write it also with a limit or 0 in place of the text");
         accept->needs(save);
@@ -161,7 +160,10 @@ class Set_Subcommand : public Subcommand {
         bool whole = true;
         const std::string text = fromUtf8(text_, &whole);
         if (!whole) {
+            Entry_Note note;
+            note.outcome.refused = "the text has a character that no cell can hold (Windows-1252)";
             tell(context.err, "The text has a character that no cell can hold (Windows-1252).");
+            if (context.json) printJson(context.out, resultJson(note, false));
             return Exit_Failed;
         }
         Opened_Document opened = files_.open(context);
@@ -232,15 +234,11 @@ class Set_Subcommand : public Subcommand {
     }
 
     [[nodiscard]] int runFile(const Call_Context& context) const {
-        if (save_->count() > 0 && out_.empty()) {
-            tell(context.err, "--save: the value is empty. Name the file to write.");
-            return Exit_Usage;
-        }
         const auto bytes = readFile(context, from_);
         if (!bytes) return commitNothing(context);
         Opened_Document opened = files_.open(context);
         Values_To_Commit values{pathFromNative(from_), edit::readValueFile(*bytes), {}, out_, false};
-        if (!values.file.problem.empty()) {
+        if (!values.file.problem.empty() && values.file.separator == '\0') { // no table: a list
             values.file = edit::readValueLines(opened.document, *bytes);
             values.style = {true, '.', asText_ ? edit::List_Numbers::Codes : edit::List_Numbers::Entries};
         }
@@ -273,7 +271,6 @@ class Set_Subcommand : public Subcommand {
     std::string name_; ///< in place of the numbers; UTF-8, as on the command line
     bool asText_ = false;
     std::string from_;
-    const CLI::Option* save_ = nullptr;
 };
 
 } // namespace

@@ -87,6 +87,26 @@ class CompareCalls : public ::testing::Test {
     std::string config;
 };
 
+TEST_F(CompareCalls, AFileWithoutValuesIsSaidToBeTheTemplates) {
+    config = bench.file("site.PUMP", "[Field_1_Default]\r\nROW_1=Set point,50\r\n");
+    const std::string other = bench.file("other.PUMP", "no document\r\n");
+    const std::string note =
+        "zorvanectl: " + other + " holds no values: all values are the template's own.\n";
+    EXPECT_EQ(compare({"--with", other}).err, note);
+    EXPECT_EQ(compare({"--factory"}).err, "");
+    config = other;
+    EXPECT_EQ(compare({"--factory"}).err, note);
+}
+
+/// A script's variable that isn't set.
+TEST_F(CompareCalls, AnEmptyNameOfTheDocumentIsNoDocument) {
+    config = "";
+    const Ctl_Run result = compare({"--factory", "--json"});
+    EXPECT_EQ(result.code, 2);
+    EXPECT_EQ(result.out, "");
+    EXPECT_THAT(result.err, HasSubstr("CONFIG: the value is empty"));
+}
+
 TEST_F(CompareCalls, ADocumentEqualsTheFactoryValuesThatItHas) {
     const Ctl_Run result = compare({"--factory"});
     EXPECT_EQ(result.code, 0);

@@ -4,6 +4,7 @@
 #include "compare/comparison_words.h"
 #include "ctl/compare/comparison_text.h"
 #include "ctl/compare/looked_at.h"
+#include "ctl/document/document_arguments.h"
 #include "ctl/document/notices.h"
 #include "ctl/document/register_argument.h"
 #include "template/services/native_files.h"
@@ -95,6 +96,8 @@ class Compare_Subcommand : public Subcommand {
         const Opened_Document theirs = other.openQuietly(context);
         sides.fault = documentFault(theirs);
         if (!sides.fault.empty()) return;
+        tellNoValues(context, opened); // or it would pass for one that equals the template
+        tellNoValues(context, theirs);
         const compare::Document_Side left(opened.document);
         const compare::Document_Side right(theirs.document);
         sides.comparison = compare::comparisonOf({opened.document, section, left, right});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/document/document_arguments.h"
 
+#include "ctl/document/given_value.h"
 #include "ctl/document/notices.h"
 #include "recovery/recovery.h"
 #include "template/pro_escribe_archivo.h"
@@ -46,7 +47,8 @@ void Document_Arguments::addTemplate(CLI::App& arguments) {
 
 void Document_Arguments::addConfiguration(CLI::App& arguments) {
     addOptionalConfiguration(arguments);
-    arguments.get_option("CONFIG")->required();
+    // An empty name would stand for the template's own values, and be sent or saved as the document's.
+    arguments.get_option("CONFIG")->required()->check(givenValue());
 }
 
 void Document_Arguments::addOptionalConfiguration(CLI::App& arguments) {
@@ -67,6 +69,14 @@ Opened_Document Document_Arguments::open(const Call_Context& context, Link_Notic
     Opened_Document opened = openQuietly(context, link);
     tellReadings(context.err, opened);
     return opened;
+}
+
+void tellNoValues(const Call_Context& context, const Opened_Document& opened) {
+    if (!opened.configuration) return;
+    const std::string text = "\n" + upperCase(context.files.bytes(opened.configuration->path).value_or(""));
+    if (text.find("\nROW_") == std::string::npos)
+        tell(context.err, printablePath(opened.configuration->path) +
+                              " holds no values: all values are the template's own.");
 }
 
 void keepFileBefore(const Call_Context& context, const std::string& path, std::string_view text,

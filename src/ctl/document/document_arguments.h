@@ -25,6 +25,10 @@ struct Document_Arguments {
     [[nodiscard]] Opened_Document openQuietly(const Call_Context& context, Link_Notice* link = nullptr) const;
 };
 
+/// Tells of a document whose file has no line of values: one that was cut off when it was written, or that is
+/// of another kind. All its values are the template's own.
+void tellNoValues(const Call_Context& context, const Opened_Document& opened);
+
 /// Keeps the bytes of a file that is about to be written over with `text`. What can't be kept is told, and
 /// the save goes on. `model` is the controller's, `type` the name of the template, without ".ZTP".
 void keepFileBefore(const Call_Context& context, const std::string& path, std::string_view text,

@@ -4,6 +4,7 @@
 #include "ctl/calls/qt/painted_calls.h"
 #include "ctl/calls/qt/record_head_question.h"
 #include "ctl/calls/qt/run_folder.h"
+#include "ctl/document/given_value.h"
 #include "ctl/document/notices.h"
 #include "ctl/text/json_text.h"
 #include "ctl/text/terminal.h"
@@ -38,7 +39,8 @@ class Record_Subcommand : public Subcommand {
         arguments.add_option("--tested-by", head_.testedBy, "Who did it");
         arguments.add_option("--witnessed-by", head_.witnessedBy, "Who saw it");
         arguments.add_option("--checks", checks_, "A text file: each line is something to be ticked by hand")
-            ->type_name("FILE");
+            ->type_name("FILE")
+            ->check(givenValue());
     }
 
     int run(const Call_Context& context) override {
@@ -47,6 +49,10 @@ class Record_Subcommand : public Subcommand {
             tell(context.err,
                  "The file's ending tells the format: .pdf, .json, .xls, .rtf, .txt, .tif or .html.");
             return Exit_Usage;
+        }
+        if (const char* const option = head_.unheld(); option != nullptr) {
+            tell(context.err, std::string(option) + ": " + noRecordHolds);
+            return finish(context, "");
         }
         std::optional<Record> record = made(context);
         if (!record) return finish(context, "");

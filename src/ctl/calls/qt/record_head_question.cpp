@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/calls/qt/record_head_question.h"
 
+#include "ctl/document/notices.h"
 #include "values/code_page.h"
 
 #include <array>
@@ -10,6 +11,21 @@
 namespace zorvane::ctl {
 
 using commission::Record_Head;
+
+const char* Head_Arguments::unheld() const {
+    const std::array<std::pair<const char*, const std::optional<std::string>*>, 5> given{
+        {{"--site", &site},
+         {"--panel", &panel},
+         {"--order", &order},
+         {"--tested-by", &testedBy},
+         {"--witnessed-by", &witnessedBy}}};
+    for (const auto& [option, text] : given) {
+        bool whole = true;
+        if (*text) static_cast<void>(fromUtf8(**text, &whole));
+        if (!whole) return option;
+    }
+    return nullptr;
+}
 
 Record_Head Head_Arguments::over(Record_Head head) const {
     const auto take = [](const std::optional<std::string>& given, std::string& text) {
@@ -31,11 +47,16 @@ void askForHead(const Call_Context& context, Record_Head& head) {
          {"Tested by", &head.testedBy},
          {"Witnessed by", &head.witnessedBy}}};
     for (const auto& [question, text] : questions) {
-        if (!text->empty()) continue;
-        context.err << question << ": " << std::flush;
-        std::string answer;
-        if (!std::getline(std::cin, answer)) return;
-        *text = std::string(trimBlanks(fromUtf8(answer)));
+        for (bool whole = !text->empty(); !whole;) {
+            context.err << question << ": " << std::flush;
+            std::string answer;
+            if (!std::getline(std::cin, answer)) return;
+            const std::string said = fromUtf8(answer, &whole);
+            if (whole)
+                *text = std::string(trimBlanks(said));
+            else
+                tell(context.err, noRecordHolds);
+        }
     }
 }
 

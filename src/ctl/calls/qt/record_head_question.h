@@ -9,6 +9,10 @@
 
 namespace zorvane::ctl {
 
+/// What is wrong with a text of a head that can't be taken.
+inline constexpr const char* noRecordHolds =
+    "A character of the text is none that a record holds (Windows-1252).";
+
 /// What the command line says of a record's head; nothing for what it doesn't say. UTF-8.
 struct Head_Arguments {
     std::optional<std::string> site;
@@ -18,6 +22,9 @@ struct Head_Arguments {
     std::optional<std::string> witnessedBy;
 
     [[nodiscard]] bool any() const { return site || panel || order || testedBy || witnessedBy; }
+    /// The option whose text has a character that no record holds, such as "--site"; nullptr when all can be
+    /// taken.
+    [[nodiscard]] const char* unheld() const;
     /// The same head with what is said here in its place.
     [[nodiscard]] commission::Record_Head over(commission::Record_Head head) const;
 };

@@ -2,6 +2,7 @@
 #include "ctl/calls/qt/port_calls.h"
 #include "ctl/calls/qt/transfer_subcommand.h"
 #include "ctl/document/document_arguments.h"
+#include "ctl/document/given_value.h"
 #include "ctl/document/register_argument.h"
 
 #include <CLI/CLI.hpp>
@@ -17,9 +18,11 @@ class Upload_Subcommand : public Transfer_Subcommand {
     void addArguments(CLI::App& arguments) override {
         Transfer_Subcommand::addArguments(arguments);
         arguments.add_option("--save", document_, "Write the document, filled, to this file")
-            ->type_name("OUT");
+            ->type_name("OUT")
+            ->check(givenValue());
         arguments.add_option("--registers", registers_, "Write the registers read to this JSON file")
-            ->type_name("OUT");
+            ->type_name("OUT")
+            ->check(givenValue());
     }
 
   protected:

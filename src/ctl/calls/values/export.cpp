@@ -50,14 +50,17 @@ class Export_Subcommand : public Subcommand {
 
     int run(const Call_Context& context) override {
         const Opened_Document opened = files_.open(context);
-        const bool written = !opened.fileMissing() &&
-                             writeTextFile(context, out_, edit::exportedValues(opened.document, style()));
+        const bool whole = opened.readToTheEnd(); // else some values would be the template's
+        const bool written =
+            whole && writeTextFile(context, out_, edit::exportedValues(opened.document, style()));
         const std::string path = pathFromNative(out_);
+        if (!whole && !opened.fileMissing())
+            tell(context.err, "The document was not read to its end, so nothing was written.");
         if (context.json)
             printJson(context.out, {{"output", written ? jsonPath(path) : Json(nullptr)}});
         else if (written)
             context.out << "Written: " << printablePath(path) << '\n';
-        return written && opened.readToTheEnd() ? Exit_Success : Exit_Failed;
+        return written ? Exit_Success : Exit_Failed;
     }
 
   private:

@@ -4,6 +4,7 @@
 #include "commission/desk/desk_words.h"
 #include "commission/desk/session_parts.h"
 #include "commission/folder/state_folder.h"
+#include "ctl/document/document_arguments.h"
 #include "ctl/document/notices.h"
 #include "ctl/text/text_table.h"
 #include "template/services/file_names.h"
@@ -26,13 +27,6 @@ using commission::Value_State;
 
 std::string stemOf(const Opened_Document& opened) {
     return upperCase(splitName(splitPath(opened.ztp.path).name).first);
-}
-
-/// Whether a file has a line of values. One that was cut off when it was written, or that is of another kind,
-/// may have none, and all values are the template's own then.
-bool holdsValues(std::string_view bytes) {
-    const std::string text = "\n" + upperCase(bytes);
-    return text.find("\nROW_") != std::string::npos;
 }
 
 /// The numbers of a value's registers, "?" for one that isn't known.
@@ -114,9 +108,7 @@ int Session_Opener::run(const std::function<int(Session_Work&)>& work,
         return static_cast<int>(Exit_Failed);
     };
     if (!opened.readToTheEnd()) return fail({});
-    if (opened.configuration && !holdsValues(context_.files.bytes(opened.configuration->path).value_or("")))
-        tell(context_.err, printablePath(opened.configuration->path) +
-                               " holds no values: all values are the template's own.");
+    tellNoValues(context_, opened);
     const Identity_Section section = readIdentity(context_.files.bytes(opened.ztp.path).value_or(""));
     commission::keepTextsTogether(opened.document, line.exchanges());
     if (const std::string why = line.open(context_); !why.empty()) return fail(why);
