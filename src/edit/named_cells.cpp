@@ -35,10 +35,17 @@ std::string comparable(std::string_view name) {
 
 /// What stands in a name after one of its parts; nothing when it doesn't begin with that part.
 std::optional<std::string_view> after(std::string_view name, std::string_view part) {
-    const std::string wanted = comparable(part);
-    if (name == wanted) return std::string_view();
-    if (!name.starts_with(wanted + separator)) return std::nullopt;
-    return name.substr(wanted.size() + 1);
+    const std::string_view text = trimBlanks(part);
+    std::size_t size = text.size();
+    if (text.find(separator) == std::string_view::npos) { // asked of every row, so without a text of its own
+        if (!isUpperCaseOf(name.substr(0, size), text)) return std::nullopt;
+    } else {
+        const std::string wanted = comparable(part);
+        if (!name.starts_with(wanted)) return std::nullopt;
+        size = wanted.size();
+    }
+    if (name.size() == size) return std::string_view();
+    return name[size] == separator ? std::optional(name.substr(size + 1)) : std::nullopt;
 }
 
 std::string headingName(const Field_Rec& field, std::int32_t column) {
@@ -82,7 +89,7 @@ void addCellsOfPage(const Field_Rec& field, std::int32_t number, std::string_vie
     for (std::int32_t r = 1; r <= rows; ++r) {
         const std::string text = textOfRow(field, r);
         auto inRow = text.empty() ? std::nullopt : after(rest, text);
-        if (!inRow) inRow = after(rest, "row " + numberText(r));
+        if (!inRow && rest.starts_with("ROW ")) inRow = after(rest, "row " + numberText(r));
         if (inRow) addCellsOfRow(field, {number, r, 0}, *inRow, found);
     }
 }
