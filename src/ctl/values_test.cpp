@@ -233,7 +233,30 @@ TEST_F(Export, ADocumentThatWasReadInPartWritesNothing) {
     EXPECT_EQ(bench.bytes("v.csv"), "kept");
 }
 
+TEST_F(Export, TakesThePlaceOfItsOwnFilesNever) {
+    const std::string before = bench.bytes("site.RELAY");
+    const Ctl_Run exported = run("export", {"--out", config, "--json"});
+    EXPECT_EQ(exported.code, 1);
+    EXPECT_EQ(json::parse(exported.out), json::parse(R"({"output":null})"));
+    EXPECT_EQ(exported.err,
+              "zorvanectl: " + config + " is the document itself. Choose another file for the values.\n");
+    EXPECT_EQ(bench.bytes("site.RELAY"), before);
+    EXPECT_THAT(run("export", {"--out", ztp}).err, HasSubstr(" is the template itself."));
+    EXPECT_EQ(bench.bytes("RELAY.ZTP"), doubles::relayTemplate());
+}
+
 using Import = Values;
+
+TEST_F(Import, TheFileOfTheValuesIsntWrittenOver) {
+    const std::string text = headings + "1,1,2,,,,,1200\r\n";
+    const std::string csv = bench.file("v.csv", text);
+    const Ctl_Run imported = run("import", {csv, "--save", csv, "--json"});
+    EXPECT_EQ(imported.code, 1);
+    EXPECT_EQ(json::parse(imported.out), json::parse(R"({"taken":0,"left_out":[]})"));
+    EXPECT_EQ(imported.err,
+              "zorvanectl: " + csv + " has the values. Choose another file for the document.\n");
+    EXPECT_EQ(bench.bytes("v.csv"), text);
+}
 
 TEST_F(Import, AValueThatASeparatorCutIsntTakenInPart) {
     const std::string csv = bench.file("v.csv", headings + "1,1,2,,,,,1200,5\r\n1,4,2,,,,,Trip\r\n");

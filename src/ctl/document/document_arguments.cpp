@@ -22,10 +22,9 @@ namespace {
 std::string refusal(const Opened_Document& opened, const std::string& outPath) {
     if (opened.fileMissing()) return failureText(Failure::FileNotFound);
     if (opened.readToTheEnd() || !opened.configuration) return "";
-    std::error_code error;
-    const bool same =
-        std::filesystem::equivalent(pathToNative(opened.configuration->path), outPath, error) && !error;
-    return same ? "The file was not read to its end, and writing it would lose the rest" : "";
+    return isSameFile(opened.configuration->path, outPath)
+               ? "The file was not read to its end, and writing it would lose the rest"
+               : "";
 }
 
 /// The name of the document's template, without ".ZTP".
@@ -77,6 +76,11 @@ void tellNoValues(const Call_Context& context, const Opened_Document& opened) {
     if (text.find("\nROW_") == std::string::npos)
         tell(context.err, printablePath(opened.configuration->path) +
                               " holds no values: all values are the template's own.");
+}
+
+bool isSameFile(const std::string& path, const std::string& outPath) {
+    std::error_code error;
+    return std::filesystem::equivalent(pathToNative(path), outPath, error) && !error;
 }
 
 void keepFileBefore(const Call_Context& context, const std::string& path, std::string_view text,

@@ -38,6 +38,9 @@ void keepFileBefore(const Call_Context& context, const std::string& path, std::s
 /// beside the program.
 [[nodiscard]] std::string templateFile(const Call_Context& context, const std::string& given);
 
+/// Whether both paths lead to one file: `path` as the programs have it, `outPath` in UTF-8.
+[[nodiscard]] bool isSameFile(const std::string& path, const std::string& outPath);
+
 /// Writes the document to a file (UTF-8 path). The result is empty, or the reason why it couldn't be written.
 /// Refused without touching the file: a document one of whose files is missing, and a document that was not
 /// read to its end over its own configuration file, which would lose the rest.

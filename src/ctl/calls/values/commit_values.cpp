@@ -71,6 +71,11 @@ int commitValues(const Call_Context& context, Opened_Document& opened, const Val
         tell(context.err, "The document was not read to its end, so no value was taken.");
         return commitNothing(context);
     }
+    if (!values.out.empty() && isSameFile(values.path, values.out)) {
+        tell(context.err,
+             printablePath(values.path) + " has the values. Choose another file for the document.");
+        return commitNothing(context);
+    }
     const Import_Check check = edit::checkImport(opened.document, values.file.values, values.style);
     tellStyle(context, values.path, values.file.separator, check.decimalSign);
     tellLeftOut(context, values.path, check.leftOut);

@@ -51,8 +51,8 @@ class Export_Subcommand : public Subcommand {
     int run(const Call_Context& context) override {
         const Opened_Document opened = files_.open(context);
         const bool whole = opened.readToTheEnd(); // else some values would be the template's
-        const bool written =
-            whole && writeTextFile(context, out_, edit::exportedValues(opened.document, style()));
+        const bool written = whole && !isOwnFile(context, opened) &&
+                             writeTextFile(context, out_, edit::exportedValues(opened.document, style()));
         const std::string path = pathFromNative(out_);
         if (!whole && !opened.fileMissing())
             tell(context.err, "The document was not read to its end, so nothing was written.");
@@ -64,6 +64,17 @@ class Export_Subcommand : public Subcommand {
     }
 
   private:
+    /// Whether a file of the document would be written over, which is told.
+    [[nodiscard]] bool isOwnFile(const Call_Context& context, const Opened_Document& opened) const {
+        const bool isTemplate = isSameFile(opened.ztp.path, out_);
+        const bool isDocument = opened.configuration && isSameFile(opened.configuration->path, out_);
+        if (!isTemplate && !isDocument) return false;
+        tell(context.err, printablePath(pathFromNative(out_)) + " is the " +
+                              (isTemplate ? "template" : "document") +
+                              " itself. Choose another file for the values.");
+        return true;
+    }
+
     [[nodiscard]] edit::Csv_Style style() const {
         return {separator_ == tab ? '\t' : separator_[0], decimal_[0]};
     }
