@@ -72,7 +72,8 @@ void TMR_Abre_ZTP_Timer(const App_Context& app) {
     app.state.documentType = defaultType;
     app.document().No_Place = true;
     PRO_Arma_Configuration(app.grids);
-    PRO_Llena_Configuration(app.grids);
+    // Texts of the upper grid are a document's, and here is none: a template that lacks some is shown, too.
+    ignoringFailure([&] { PRO_Llena_Configuration(app.grids); });
     app.form().Document_Open = true;
     settleDocument(app);
     if (app.grids.FLX_Configuration.Rows() <= 1) return; // the default template isn't there
@@ -107,7 +108,7 @@ void Form_Unload(const App_Context& app) {
     PRO_Guarda_Ventanas(app);
     app.link().UnloadMonitor();
     app.mainForm.removeTrayIcon();
-    if (app.form().Comm_Active || app.form().Online) {
+    if (transferRuns(app.form()) || app.form().Online) {
         app.link().StopScan();
         app.link().ClosePort();
     }

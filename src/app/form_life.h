@@ -9,7 +9,7 @@ namespace zorvane::app {
 void Form_Load(const App_Context& app);
 
 /// 100 ms after the start, once: reads the default template and shows its fields. Nothing handles a failure
-/// here.
+/// here but one of missing texts for the upper grid, which then shows the fields' names.
 void TMR_Abre_ZTP_Timer(const App_Context& app);
 
 /// 200 ms after the start, once: shows the main form.

@@ -133,6 +133,24 @@ TEST_F(StartUp, NothingHandlesAFailureInTheDefaultTemplate) {
     EXPECT_FALSE(form.Document_Open);
 }
 
+TEST_F(StartUp, ADefaultTemplateWithTooFewTextsForTheUpperGridIsShownAllTheSame) {
+    files.put(
+        "/app/kvrt.ztp",
+        doubles::fileText({"[PORT_CONFIGURATION]", "HOLDINGREGISTERSBLOCK_1=1-8", "[CONFIGURATION_COLUMNS]",
+                           "CONFIGURATION_NC=3", "[CONFIGURATION_FIELDS]", "FIELD_1_DESC=Inputs",
+                           "FIELD_1_RC=1,1", "FIELD_2_DESC=Outputs", "FIELD_2_RC=1,1",
+                           "[CONFIGURATION_DEFAULT]", "FIELD_1=,,Yes", "[FIELD_1_DEFAULT]", "ROW_1=7"}));
+    TMR_Abre_ZTP_Timer(app);
+    EXPECT_THAT(messages(), IsEmpty());
+    EXPECT_TRUE(form.Document_Open);
+    EXPECT_EQ(upper.TextMatrix(1, 1), "Inputs");
+    EXPECT_EQ(upper.TextMatrix(1, 2), "Yes");
+    EXPECT_EQ(upper.TextMatrix(2, 1), "Outputs");
+    EXPECT_EQ(upper.TextMatrix(2, 2), "");
+    EXPECT_EQ(upper.Row(), 1);
+    EXPECT_EQ(lower.TextMatrix(1, 0), "7");
+}
+
 TEST_F(StartUp, TheSecondTimerShowsTheForm) {
     TMR_Inicial_ZTP_Timer(app);
     EXPECT_THAT(journal.lines(), ElementsAre("TMR_Inicial_ZTP off", "form shown"));
@@ -258,6 +276,14 @@ TEST_F(Exits, UnloadingClosesAPortThatIsOpen) {
     };
     withPortOpen(form.Online);
     withPortOpen(form.Comm_Active);
+}
+
+TEST_F(Exits, UnloadingClosesThePortOfADownloadThatRuns) {
+    form.Download_Active = true;
+    Form_Unload(app);
+    EXPECT_EQ(journal.lines(), (placesStored + Lines{"link UnloadMonitor", "tray icon removed",
+                                                     "link StopScan", "link ClosePort", "column tip removed",
+                                                     "previews closed", "program ended"}));
 }
 
 } // namespace
