@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Compares the models with the programs on random cases.
 
-    compare_programs.py PROGRAMS (comparisons | plans | spreadsheets | listening) [COUNT [SEED]]
+    compare_programs.py PROGRAMS (comparisons | documents | plans | spreadsheets | listening) [COUNT [SEED]]
 
 PROGRAMS is the folder of zorvanectl. The models share no code with it. Without a COUNT a few cases are taken, or, with
 ZORVANE_MODELS=full in the environment, as many as docs/quality.md claims. Each case has a seed of its own, so that one can
@@ -17,12 +17,15 @@ import tempfile
 from concurrent.futures import ThreadPoolExecutor
 
 import comparisons
+import documents
 import listening
 import plans
 import programs
 import spreadsheets
+import template_texts
 
 KINDS = {"comparisons": (programs.comparison, comparisons.outcome, programs.compared, 60, 10000, 2),
+         "documents": (template_texts.case, documents.outcome, programs.opened, 30, 3000, 2),
          "plans": (plans.plan, plans.outcome, plans.planned, 8, 1000, 12),
          "spreadsheets": (spreadsheets.spreadsheet, spreadsheets.outcome, spreadsheets.done, 30, 10000, 2),
          "listening": (listening.bus, listening.outcome, listening.heard, 15, 1000, 2)}

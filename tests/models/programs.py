@@ -115,3 +115,27 @@ def compared(case, place):
     code, out, err = place.ctl(*arguments)
     told = json.loads(out) if out else {"counts": None, "rows": [], "error": err}
     return {"exit": code, "counts": told["counts"], "rows": told["rows"]}
+
+
+# Templates and documents, read, saved and brought up to date.
+
+def number_of(failure):
+    return failure and failure["number"]
+
+
+def opened(case, place):
+    def put(name, text):
+        return place.write(name, text.encode("latin-1"))
+
+    def lines(name):
+        return place.read(name).decode("latin-1").split("\r\n")[:-1]
+
+    given = put("SHEET.ZTP", case["template"]), put("READ.SHEET", case["document"])
+    model = json.loads(place.ctl("dump", *given, "--json")[1])
+    template, document, _ = (model.pop(name) for name in ("template", "configuration", "messages"))
+    saved = json.loads(place.ctl("save", *given, place.path("SAVED.SHEET"), "--json")[1])
+    older = put("OLDER." + case["extension"], case["older"])
+    place.ctl("update", older, "--app-dir", place.folder)
+    return {"template": number_of(template["failure"]), "document": number_of(document["failure"]), "ok": document["ok"],
+            "model": model, "saved": lines("SAVED.SHEET"), "save_failed": saved["Save_Failed"],
+            "updated": lines("OLDER_Updated." + case["extension"])}
