@@ -273,5 +273,13 @@ TEST_F(Field_Table, SetRefusesACharacterThatNoCellHolds) {
     EXPECT_EQ(set.err, "zorvanectl: The text has a character that no cell can hold (Windows-1252).\n");
 }
 
+TEST_F(Field_Table, SetSavesNoLineEndWhichWouldBeALineOfItsOwnInTheFile) {
+    const Ctl_Run set = run("set", {"1", "2", "2", "7\nROW_1=99", "--save", bench.path("out.ABC")});
+    EXPECT_EQ(set.code, 1);
+    EXPECT_EQ(set.err,
+              "zorvanectl: The text has a line end, which no file holds. The document was not written.\n");
+    EXPECT_FALSE(bench.exists("out.ABC"));
+}
+
 } // namespace
 } // namespace zorvane::ctl

@@ -248,6 +248,10 @@ class Set_Subcommand : public Subcommand {
     /// A document that doesn't hold what was typed is written only to somebody who accepts that.
     [[nodiscard]] bool save(const Call_Context& context, Opened_Document& opened,
                             const Entry_Note& note) const {
+        if (note.outcome.Value.find('\n') != std::string::npos) {
+            tell(context.err, "The text has a line end, which no file holds. The document was not written.");
+            return false;
+        }
         if (note.taken() || (accept_ && note.committed())) return saveDocument(context, opened, out_).empty();
         if (note.committed())
             tell(context.err, "\"" + printable(fromUtf8(text_)) +
