@@ -110,6 +110,32 @@ class FindTest(unittest.TestCase):
         self.assertGreaterEqual(told["seconds"], 0.2)
         self.assertGreaterEqual(told["requests"], 14)
 
+    def test_a_signal_while_models_are_asked_for_ends_it_with_what_was_found(self):
+        for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
+            asked = threading.Event()
+
+            def serve(_, got, asked=asked):
+                if got[0] != 2:
+                    return b""
+                if int.from_bytes(got[2:4], "big") >= 320:  # the nameplate, which the model is told by
+                    asked.set()
+                    return b""
+                count = got[5]
+                return with_crc(bytes([2, 3, 2 * count]) + bytes(2 * count))
+
+            line = Line(serve)
+            command = [os.path.join(self.programs, "zorvanectl"), "find", "--port", line.path, "--json", "--listen", "0",
+                       "--units", "1-3", "--settings", "9600,n,8,1", "--template", self.template()]
+            with subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                                  env=dict(os.environ, XDG_CONFIG_HOME=self.folder.name)) as program:
+                self.assertTrue(asked.wait(60))
+                program.send_signal(number)
+                out, err = program.communicate(timeout=60)
+            self.assertEqual(program.returncode, 1, number)
+            self.assertEqual([(each["unit"], each["verdict"]) for each in json.loads(out)["found"]], [(2, "can't tell")])
+            self.assertIn("The search was stopped before its end.", err)
+            line.close()
+
     def test_damaged_answers_are_counted(self):
         self.simulator("--slave", "2", "--fault", "crc:30%", "--seed", "5")
         done, told = self.find("--units", "1-3", "--listen", "0", "--settings", "19200,e,8,1")

@@ -18,7 +18,9 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <functional>
 #include <ostream>
+#include <utility>
 
 namespace zorvane::ctl {
 
@@ -69,14 +71,28 @@ class Find_Subcommand : public Subcommand {
             return Exit_Failed;
         }
         wishes.lastGood = survey::lastGoodLine(settings);
-        survey::Search_Report report = search(context, survey::searchPlan(wishes, templates->known));
+        Stop stop;
+        survey::Search_Report report = search(context, survey::searchPlan(wishes, templates->known), stop);
         survey::keepLastGoodLine(settings, report);
         const std::vector<survey::Found_Identity> identities =
-            identify(report, wishes.port, templates->known);
+            identify(report, wishes.port, templates->known, stop);
+        if (stop.asked() && report.end == survey::Search_End::Searched)
+            report.end = survey::Search_End::Stopped;
         return tellAll(context, report, identities);
     }
 
   private:
+    /// Somebody may want the end as long as anything is asked, and hears then what was found so far.
+    class Stop {
+      public:
+        [[nodiscard]] bool asked() const { return signals_.asked(); }
+        void endsAlso(std::function<void()> work) { end_ = std::move(work); }
+
+      private:
+        std::function<void()> end_ = [] {};
+        Stop_Signals signals_{[this](bool) { end_(); }};
+    };
+
     [[nodiscard]] survey::Find_Wishes wishes() const {
         survey::Find_Wishes wishes;
         wishes.port.port = port_;
@@ -98,7 +114,7 @@ class Find_Subcommand : public Subcommand {
     }
 
     [[nodiscard]] static survey::Search_Report search(const Call_Context& context,
-                                                      const survey::Search_Plan& plan) {
+                                                      const survey::Search_Plan& plan, Stop& stop) {
         Qt_Link_Clock clock;
         Qt_Any_Port any;
         const bool terminal = standardErrorIsTerminal();
@@ -109,19 +125,20 @@ class Find_Subcommand : public Subcommand {
                                    });
         survey::Search_Report report;
         QEventLoop loop;
-        const Stop_Signals stop([&search](bool) { search.stop(); });
+        stop.endsAlso([&search] { search.stop(); });
         search.start([&](const survey::Search_Report& told) {
             report = told;
             loop.quit();
         });
         loop.exec();
+        stop.endsAlso([] {});
         return report;
     }
 
     /// Asks each controller whose it is, unless somebody wants the end or the line isn't ours alone.
     [[nodiscard]] static std::vector<survey::Found_Identity>
     identify(survey::Search_Report& report, Port_Settings port,
-             const std::vector<survey::Known_Template>& templates) {
+             const std::vector<survey::Known_Template>& templates, const Stop& stop) {
         std::vector<survey::Found_Identity> identities;
         const bool mayAsk = report.end == survey::Search_End::Searched;
         for (const survey::Found_Unit& found : report.found) {
@@ -129,8 +146,8 @@ class Find_Subcommand : public Subcommand {
             port.slave = found.unit;
             port.timeOutMs = std::max(port.timeOutMs, survey::proposedTimeOutMs(found.times));
             const survey::With_Reader withReader = [&](const survey::Known_Template& known, const auto& ask) {
-                if (!mayAsk) return;
-                Qt_Unit_Exchanges exchanges(port);
+                if (!mayAsk || stop.asked()) return;
+                Qt_Unit_Exchanges exchanges(port, [&stop] { return stop.asked(); });
                 exchanges.line().SetAddressBase(known.addressBase);
                 exchanges.line().onTry([&report](const Try_Result& result) {
                     report.requests += result.sent.empty() ? 0U : 1U;
