@@ -4,6 +4,8 @@
 
     listen_test.py PROGRAMS MODELS
 """
+import array
+import fcntl
 import json
 import os
 import pty
@@ -14,6 +16,7 @@ import signal
 import subprocess
 import sys
 import tempfile
+import termios
 import time
 import tty
 import unittest
@@ -28,6 +31,7 @@ def with_crc(frame):
     return frame + crc.to_bytes(2, "little")
 
 
+TIOCGEXCL = 0x80045440  # which termios doesn't name
 READ = with_crc(bytes([1, 3, 0, 100, 0, 2]))
 ANSWER = with_crc(bytes([1, 3, 4, 0, 1, 0, 2]))
 WRITE = with_crc(bytes([2, 6, 0, 5, 0, 9]))
@@ -125,6 +129,30 @@ class ListenTest(unittest.TestCase):
         self.assertIn("O_RDONLY", flags)
         self.assertNotRegex(trace, rf"\b(write|writev|pwrite64|sendto|dup\w*)\({number}\b")
         self.assertNotRegex(trace, r"TIOCM|TIOCSBRK|TIOCSTI|TCSBRK|TCFLSH")
+
+    def test_nobody_else_has_the_line_meanwhile(self):
+        def held():
+            answer = array.array("i", [0])
+            fcntl.ioctl(self.near, TIOCGEXCL, answer)
+            return answer[0]
+
+        path = self.path("heard.pcapng")
+        with subprocess.Popen(self.command("--out", path), stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                              text=True) as program:
+            os.write(self.far, READ + ANSWER)
+            self.wait_for_size(path, 150)
+            self.assertEqual(held(), 1)
+            program.send_signal(signal.SIGINT)
+            program.communicate(timeout=30)
+        self.assertEqual(held(), 0)
+
+    def test_a_line_that_somebody_holds_is_left_alone(self):
+        fcntl.ioctl(self.near, termios.TIOCEXCL)
+        os.write(self.far, READ + ANSWER)
+        code, told, err = self.listen(b"", "--seconds", "1")
+        self.assertEqual((code, told["frames"]), (1, 0))
+        self.assertIn("Busy: another program has the port open. Close that program and try again.", err)
+        self.assertEqual(os.read(self.near, 100), READ + ANSWER)  # nobody took them away
 
     @unittest.skipUnless(shutil.which("tshark"), "tshark isn't there")
     def test_tshark_reads_its_file(self):

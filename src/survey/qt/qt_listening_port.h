@@ -9,8 +9,9 @@
 
 namespace zorvane::survey {
 
-/// A serial port opened for reading only; pseudo-terminals too. The line settings that it had are put back
-/// when it is closed. RTS and DTR stay as the system's driver has them. REQUIRES: a QCoreApplication.
+/// A serial port opened for reading only, by nobody else meanwhile; pseudo-terminals too. The line settings
+/// that it had are put back when it is closed. RTS and DTR stay as the system's driver has them. REQUIRES: a
+/// QCoreApplication.
 class Qt_Listening_Port final : public Listening_Port {
   public:
     Qt_Listening_Port();

@@ -57,12 +57,23 @@ struct Qt_Listening_Port::System_Line {
     System_Line& operator=(const System_Line&) = delete;
     ~System_Line() {
         if (changed) ::ioctl(descriptor, TCSETS2, &before);
+        if (held) ::ioctl(descriptor, TIOCNXCL);
         ::close(descriptor);
+    }
+
+    /// Whoever reads a line takes its bytes away from everybody else. The system lets an administrator open
+    /// a held line all the same, so that is asked for. False when somebody holds it.
+    [[nodiscard]] bool hold() {
+        int heldBefore = 0;
+        if (::ioctl(descriptor, TIOCGEXCL, &heldBefore) == 0 && heldBefore != 0) return false;
+        held = ::ioctl(descriptor, TIOCEXCL) == 0;
+        return true;
     }
 
     int descriptor;
     termios2 before{};
     bool changed = false;
+    bool held = false; ///< by us alone
 };
 
 Qt_Listening_Port::Qt_Listening_Port() = default;
@@ -75,6 +86,7 @@ Port_Opening Qt_Listening_Port::open(const std::string& name, const Line_Setting
     auto opened = std::make_unique<System_Line>(descriptor);
     if (::ioctl(descriptor, TCGETS2, &opened->before) != 0)
         return {false, "Not a serial port: choose another port.", {}};
+    if (!opened->hold()) return {false, portIsBusy, {}};
     const termios2 settings = rawSettings(opened->before, line);
     opened->changed = true;
     if (::ioctl(descriptor, TCSETS2, &settings) != 0 || !speedHolds(descriptor, line.baud))
