@@ -180,7 +180,7 @@ def testing_the_port(program, visit):
     dialog = program.dialog("PortSettings")
     program.hands.chord(["alt"], "t")
     diagnosis = dialog.part.named("TXT_Diagnosis")
-    wait_for("the sentence", lambda: diagnosis.text.startswith("The controller's number is 2"), deadline=60)
+    wait_for("the sentence", lambda: diagnosis.text.startswith("Unit 1 doesn't answer, but unit 2 does"), deadline=60)
     visit("link_doctor", dialog.part)
     dialog.answer("Cancel")
     _finish(program)

@@ -77,9 +77,15 @@ const Ill_Line illLines[] = {
      .triedFirst = "9600,e,8,1, unit 3, 200 ms: silence"},
     {"OtherStopBits", Ailment::StopBits, "Unit 3 has 2 stop bits: set them here too.", {9600, 'N', 8, 2}},
     {"AnotherSpeed", Ailment::Speed, "Unit 3 has 38400 baud: set it here too.", {38400, 'N', 8, 1}},
+    {.name = "AnotherSpeedAndParity", // as the standard has them
+     .ailment = Ailment::Settings,
+     .sentence = "Unit 3 has 19200 baud and even parity: set both here too.",
+     .ofController = {19200, 'E', 8, 1}},
     {.name = "AnotherNumberNearBy",
      .ailment = Ailment::Unit,
-     .sentence = "The controller's number is 5 and not 3: set that as the slave number.",
+     .sentence =
+         "Unit 3 doesn't answer, but unit 5 does: if that is the controller, set its number as the slave "
+         "number; else check the supply and the wires of unit 3.",
      .spoil = [](Visit_Rig& rig) { rig.line.controllers[0].unit = 5; }},
     {.name = "Rubbish",
      .ailment = Ailment::Rubbish,
@@ -121,13 +127,13 @@ const Ill_Line illLines[] = {
              rig.line.controllers.clear();
          },
      .triedFirst = "9600,n,8,1, unit 3, 200 ms: only the adapter's echo"},
-    {.name = "Silence", // as set, long, two parities, stop bits, seven numbers, seven speeds
+    {.name = "Silence", // as set, long, two parities, stop bits, seven numbers, seven speeds, five of both
      .ailment = Ailment::Silence,
      .sentence =
          "Unit 3 is silent at all usual settings: check its supply and its cable, exchange the wires A and "
          "B, and try another RTS mode.",
      .spoil = [](Visit_Rig& rig) { rig.line.controllers.clear(); },
-     .lines = 20},
+     .lines = 25},
     {.name = "AnotherMaster",
      .ailment = Ailment::OtherMaster,
      .sentence = otherMaster,
@@ -270,15 +276,17 @@ TEST(DoctorVisit, TellsWhatIsTried) {
                                                "9600,n,8,1, unit 3, 3000 ms", "9600,e,8,2, unit 3, 300 ms",
                                                "9600,o,8,2, unit 3, 300 ms", "9600,n,8,2, unit 3, 300 ms",
                                                "9600,n,8,1, unit 2, 300 ms"}));
-    EXPECT_EQ(reportText(rig.settings, told.at(0)),
-              "Port ttyUSB0, 9600,n,8,1, unit 3, time-out 200 ms\n"
-              "9600,n,8,1, unit 3, 200 ms: silence\n"
-              "9600,n,8,1, unit 3, 3000 ms: silence\n"
-              "9600,e,8,2, unit 3, 300 ms: silence\n"
-              "9600,o,8,2, unit 3, 300 ms: silence\n"
-              "9600,n,8,2, unit 3, 300 ms: silence\n"
-              "9600,n,8,1, unit 2, 300 ms: an answer\n"
-              "The controller's number is 2 and not 3: set that as the slave number.\n");
+    EXPECT_EQ(
+        reportText(rig.settings, told.at(0)),
+        "Port ttyUSB0, 9600,n,8,1, unit 3, time-out 200 ms\n"
+        "9600,n,8,1, unit 3, 200 ms: silence\n"
+        "9600,n,8,1, unit 3, 3000 ms: silence\n"
+        "9600,e,8,2, unit 3, 300 ms: silence\n"
+        "9600,o,8,2, unit 3, 300 ms: silence\n"
+        "9600,n,8,2, unit 3, 300 ms: silence\n"
+        "9600,n,8,1, unit 2, 300 ms: an answer\n"
+        "Unit 3 doesn't answer, but unit 2 does: if that is the controller, set its number as the slave "
+        "number; else check the supply and the wires of unit 3.\n");
 }
 
 /// A port on a network.
@@ -316,6 +324,19 @@ TEST(DoctorVisit, FindsTheNumberBehindAGateway) {
     EXPECT_EQ(good.visitNetwork().sentence,
               "The line is good: Unit 3 answered 50 reads, 99 % of them within 8 ms; a time-out of 100 ms is "
               "enough.");
+}
+
+/// It says so only when it has given up asking its own line.
+TEST(DoctorVisit, HearsAGatewayThatTakesItsTime) {
+    Network_Visit slow("tcp:gate:502");
+    slow.line.controllers.clear();
+    slow.line.gateway = 11;
+    slow.line.gatewayDelay = 1500 * ms;
+    const Diagnosis diagnosis = slow.visitNetwork();
+    EXPECT_EQ(diagnosis.ailment, Ailment::Gateway);
+    EXPECT_EQ(diagnosis.report,
+              (std::vector<std::string>{"unit 3, 200 ms: silence", "unit 3, 3000 ms: a gateway's exception",
+                                        diagnosis.sentence}));
 }
 
 TEST(DoctorVisit, FindsTheSpeedBehindAServerThatSetsItsLine) {

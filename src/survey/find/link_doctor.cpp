@@ -2,6 +2,7 @@
 #include "survey/find/link_doctor.h"
 
 #include "comm/modbus_control/line/network_port.h"
+#include "survey/find/search_plan.h"
 
 #include <algorithm>
 #include <array>
@@ -16,6 +17,8 @@ constexpr int readsAsSet = static_cast<int>(readsForProposal);
 constexpr int nearBy = 5;
 constexpr int lastUnitNear = 247;
 constexpr std::array speeds = {9600, 19200, 38400, 115200, 57600, 4800, 2400, 1200};
+/// So many of the likely settings are tried where speed and parity are both other ones.
+constexpr std::size_t usualLines = 13;
 
 std::string parityText(char parity) {
     if (parity == 'E') return "even parity";
@@ -24,6 +27,13 @@ std::string parityText(char parity) {
 
 std::string countText(std::int32_t count, const std::string& what) {
     return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
+/// A gateway that speaks for the unit tells all that there is to know; one that takes its time does so in the
+/// step with the long time-out.
+bool gatewaySpeaks(const Doctor_Step& step, const Step_Outcome& outcome) {
+    const bool asSet = step.shows == Ailment::None || step.shows == Ailment::TimeOut;
+    return asSet && outcome.first == Try_Kind::Gateway;
 }
 
 std::string kindText(const Step_Outcome& outcome) {
@@ -74,7 +84,9 @@ void Link_Doctor::planSteps() {
         for (const int other : {unit - away, unit + away})
             if (other >= 1 && other <= lastUnitNear)
                 steps_.push_back({Ailment::Unit, line, static_cast<std::uint8_t>(other), wait});
-    if (lineCounts()) planOtherSpeeds(unit, wait);
+    if (!lineCounts()) return;
+    planOtherSpeeds(unit, wait);
+    planUsualLines(unit, wait);
 }
 
 void Link_Doctor::planOtherLines(std::uint8_t unit, Micros wait) {
@@ -93,18 +105,26 @@ void Link_Doctor::planOtherSpeeds(std::uint8_t unit, Micros wait) {
             steps_.push_back({Ailment::Speed, {baud, line.parity, line.dataBits, 2}, unit, wait});
 }
 
+void Link_Doctor::planUsualLines(std::uint8_t unit, Micros wait) {
+    const Line_Settings& line = settings_.line;
+    const std::vector<Line_Candidate> likely = likelyLines({}, {});
+    for (std::size_t i = 0; i < std::min(usualLines, likely.size()); ++i)
+        if (likely[i].line.baud != line.baud && likely[i].line.parity != line.parity)
+            steps_.push_back({Ailment::Settings, likely[i].probed(), unit, wait});
+}
+
 void Link_Doctor::take(const Step_Outcome& outcome) {
     report_.push_back(stepWords(step(), lineCounts()) + ": " + kindText(outcome));
     outcomes_.push_back(outcome);
-    // A gateway that speaks for the unit tells all that there is to know.
-    const bool tells = outcome.answered || (at_ == 0 && outcome.first == Try_Kind::Gateway);
-    at_ = tells ? steps_.size() : at_ + 1;
+    at_ = outcome.answered || gatewaySpeaks(step(), outcome) ? steps_.size() : at_ + 1;
 }
 
 Diagnosis Link_Doctor::diagnosis() const {
     const Step_Outcome& last = outcomes_.back();
     const Doctor_Step& step = steps_[outcomes_.size() - 1];
-    Diagnosis diagnosis = last.answered ? ofAnswer(step, last) : ofNothing();
+    Diagnosis diagnosis = last.answered               ? ofAnswer(step, last)
+                          : gatewaySpeaks(step, last) ? ofGateway()
+                                                      : ofNothing();
     diagnosis.report = report_;
     diagnosis.report.push_back(diagnosis.sentence);
     return diagnosis;
@@ -133,15 +153,34 @@ Diagnosis Link_Doctor::ofAnswer(const Doctor_Step& step, const Step_Outcome& out
     case Ailment::Speed:
         return {
             step.shows, unit + " has " + std::to_string(step.line.baud) + " baud: set it here too.", {}, 0};
-    case Ailment::Unit:
+    case Ailment::Settings:
         return {step.shows,
-                "The controller's number is " + std::to_string(step.unit) + " and not " +
-                    std::to_string(settings_.slave) + ": set that as the slave number.",
+                unit + " has " + std::to_string(step.line.baud) + " baud and " +
+                    parityText(step.line.parity) + ": set both here too.",
                 {},
                 0};
+    case Ailment::Unit:
+        return {step.shows, otherUnitText(step.unit), {}, 0};
     default:
         return ofAnswerAsSet(outcome);
     }
+}
+
+/// It may as well be another controller of the line, which nobody should write to by mistake.
+std::string Link_Doctor::otherUnitText(std::uint8_t other) const {
+    const std::string asked = unitText(static_cast<std::uint8_t>(settings_.slave));
+    return asked + " doesn't answer, but unit " + std::to_string(other) +
+           " does: if that is the controller, set its number as the slave number; else check the supply "
+           "and the wires of unit " +
+           std::to_string(settings_.slave) + ".";
+}
+
+Diagnosis Link_Doctor::ofGateway() const {
+    return {Ailment::Gateway,
+            "A gateway answers, but it can't reach unit " + std::to_string(settings_.slave) +
+                ": check the slave number, and the line behind the gateway.",
+            {},
+            0};
 }
 
 Diagnosis Link_Doctor::ofAnswerAsSet(const Step_Outcome& outcome) const {
@@ -185,12 +224,6 @@ Diagnosis Link_Doctor::ofNothing() const {
         return std::any_of(outcomes_.begin(), outcomes_.end(),
                            [kind](const Step_Outcome& outcome) { return outcome.first == kind; });
     };
-    if (asSet.first == Try_Kind::Gateway)
-        return {Ailment::Gateway,
-                "A gateway answers, but it can't reach unit " + std::to_string(settings_.slave) +
-                    ": check the slave number, and the line behind the gateway.",
-                {},
-                0};
     if (asSet.first == Try_Kind::Stranger)
         return {
             Ailment::Stranger,

@@ -20,7 +20,8 @@ enum class Ailment {
     Parity,    ///< it has another parity
     StopBits,  ///< it has another number of stop bits
     Speed,     ///< it has another baud rate
-    Unit,      ///< it has another number
+    Settings,  ///< it has another baud rate and another parity
+    Unit,      ///< another number near by answers
     Twins,     ///< two controllers have this number
     Noise,     ///< some answers come damaged
     Gateway,   ///< a gateway can't reach the unit
@@ -67,8 +68,9 @@ struct Diagnosis {
 [[nodiscard]] std::string reportText(const Port_Settings& settings, const Diagnosis& diagnosis);
 
 /// The questions that one read can't answer, in the order of what is wrong most often: as set, with a long
-/// time-out, other parities, stop bits, the numbers near by, other speeds. A port that takes no settings of a
-/// line is asked with other time-outs and numbers alone. It decides and sends nothing.
+/// time-out, other parities, stop bits, the numbers near by, other speeds, and both other where that is
+/// usual. A port that takes no settings of a line is asked with other time-outs and numbers alone. It decides
+/// and sends nothing.
 class Link_Doctor {
   public:
     explicit Link_Doctor(const Port_Settings& settings);
@@ -89,11 +91,14 @@ class Link_Doctor {
     void planSteps();
     void planOtherLines(std::uint8_t unit, Micros wait);
     void planOtherSpeeds(std::uint8_t unit, Micros wait);
+    void planUsualLines(std::uint8_t unit, Micros wait);
     [[nodiscard]] bool lineCounts() const;
     [[nodiscard]] std::string silenceText() const;
     [[nodiscard]] Diagnosis ofAnswer(const Doctor_Step& step, const Step_Outcome& outcome) const;
     [[nodiscard]] Diagnosis ofAnswerAsSet(const Step_Outcome& outcome) const;
     [[nodiscard]] Diagnosis ofNothing() const;
+    [[nodiscard]] Diagnosis ofGateway() const;
+    [[nodiscard]] std::string otherUnitText(std::uint8_t other) const;
     [[nodiscard]] std::string unitText(std::uint8_t unit) const;
 
     Port_Settings settings_;

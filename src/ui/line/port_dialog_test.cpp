@@ -266,15 +266,16 @@ TEST_F(Port_Dialog_Test, LooksFurtherWhereOneReadCannotTell) {
     EXPECT_EQ(diagnosis(), "Looking further: 19200,e,7,2, unit 9, 750 ms");
     clock.runFor(60 * microsPerSecond);
     EXPECT_TRUE(QTest::qWaitFor([this] { return at<QPushButton>("BOT_Test").text() == "&Test"; }));
-    EXPECT_TRUE(
-        diagnosis().startsWith("The controller's number is 7 and not 9: set that as the slave number.\n\n"
-                               "Port ttyUSB0, 19200,e,7,2, unit 9, time-out 750 ms\n"
-                               "19200,e,7,2, unit 9, 750 ms: silence\n"))
+    EXPECT_TRUE(diagnosis().startsWith(
+        "Unit 9 doesn't answer, but unit 7 does: if that is the controller, set its number "
+        "as the slave number; else check the supply and the wires of unit 9.\n\n"
+        "Port ttyUSB0, 19200,e,7,2, unit 9, time-out 750 ms\n"
+        "19200,e,7,2, unit 9, 750 ms: silence\n"))
         << diagnosis().toStdString();
     EXPECT_EQ(told, "lent back lent back ");
     EXPECT_FALSE(port.isOpen());
     press("BOT_Copy");
-    EXPECT_TRUE(QApplication::clipboard()->text().contains("The controller's number is 7 and not 9"));
+    EXPECT_TRUE(QApplication::clipboard()->text().contains("but unit 7 does"));
     for (const Byte_Array& frame : port.written)
         EXPECT_EQ(frame.at(1), 3);
 }

@@ -162,7 +162,8 @@ def the_test_goes_on_by_mouse_and_its_report_is_copied(program):
     program.choose_by_mouse("Communication", "Port Settings...")
     dialog = program.dialog("PortSettings")
     program.hands.click(dialog.part.named("BOT_Test"))
-    sentence = "The controller's number is 2 and not 1: set that as the slave number."
+    sentence = ("Unit 1 doesn't answer, but unit 2 does: if that is the controller, set its number as the slave number; "
+                "else check the supply and the wires of unit 1.")
     diagnosis = dialog.part.named("TXT_Diagnosis")
     wait_for("the sentence", lambda: diagnosis.text.startswith(sentence), deadline=60)
     program.hands.click(dialog.part.named("BOT_Copy"))
@@ -184,7 +185,7 @@ def the_test_goes_on_to_one_sentence(program):
         wait_for("the verdict", lambda: verdict.text.startswith("Silence: nothing came back within 600 ms."))
         wait_for("what is tried", lambda: diagnosis.text.startswith("Looking further: "))
         wait_for("the sentence", lambda: diagnosis.text.startswith(
-            "The controller's number is 2 and not 1: set that as the slave number."), deadline=60)
+            "Unit 1 doesn't answer, but unit 2 does: if that is the controller"), deadline=60)
         program.hands.keys("Escape")
         dialog.wait_until_gone()
     asked = {frame["function"] for frame in controller.frames() if frame["direction"] == "in"}
