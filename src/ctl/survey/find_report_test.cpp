@@ -92,6 +92,30 @@ TEST(FindReport, SaysWhatToDo) {
               "Else look for noise: terminate both ends of the line, and join the grounds.");
 }
 
+/// A register that lives can't show that the same controller answers.
+TEST(FindReport, NamesAUnitThatNeverAnswersTwiceTheSame) {
+    Search_Report living = report(Search_End::Searched);
+    living.doubtful = {{5, {9600, 'N', 8, 1}, 0, true}};
+    EXPECT_EQ(findExit(living), 3);
+    EXPECT_EQ(
+        findNotes(living, "p"),
+        std::vector<std::string>{
+            "Unit 5 at 9600,n,8,1 answers, but never twice the same, so it doesn't count as found. Name a "
+            "template, whose settings stand still, or look for two controllers with this number."});
+}
+
+/// Where it speaks, it is no question of the cable.
+TEST(FindReport, NamesAGatewayThatReachesNobody) {
+    Search_Report gateway = report(Search_End::Searched);
+    gateway.gateway = true;
+    EXPECT_EQ(findNotes(gateway, "tcp:gate:502"),
+              std::vector<std::string>{
+                  "No controller was found. A gateway answers, but it can't reach these units (exceptions 10 "
+                  "and 11): check their numbers, and the line behind the gateway."});
+    gateway.found = {foundUnit(5, 0)};
+    EXPECT_EQ(findNotes(gateway, "tcp:gate:502"), std::vector<std::string>{});
+}
+
 /// Such a port has no settings that could be told.
 TEST(FindReport, TellsNoSettingsOfAPortThatTakesNone) {
     Search_Report network = report(Search_End::Searched, {foundUnit(5, 2)});

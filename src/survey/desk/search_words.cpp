@@ -26,7 +26,10 @@ std::string unitAt(const Search_Report& report, std::uint8_t unit, const Line_Se
     return "nit " + std::to_string(unit) + (report.linesCount ? " at " + formatLineSettings(line) : "");
 }
 
-std::string noneFound(const std::string& port) {
+std::string noneFound(const std::string& port, bool gateway) {
+    if (gateway)
+        return "No controller was found. A gateway answers, but it can't reach these units "
+               "(exceptions 10 and 11): check their numbers, and the line behind the gateway.";
     const std::string slow = " A controller slower than 100 ms may be missed.";
     if (onNetwork(port))
         return "No controller was found. Is it switched on, and the line behind the server wired and set "
@@ -35,6 +38,23 @@ std::string noneFound(const std::string& port) {
     return "No controller was found. Is it switched on, and its cable in this port? With RS-485, exchange "
            "the wires A and B." +
            slow;
+}
+
+std::string doubtText(const Search_Report& report, const Doubtful_Unit& unit) {
+    const std::string which = unitAt(report, unit.unit, unit.line);
+    if (unit.unlike)
+        return "U" + which +
+               " answers, but never twice the same, so it doesn't count as found. Name a template, whose "
+               "settings stand still, or look for two controllers with this number.";
+    return "Something answers as u" + which +
+           ", but never whole. Are there two controllers with this number? Else look for noise: "
+           "terminate both ends of the line, and join the grounds.";
+}
+
+/// Where something answers, nobody needs to look for its cable.
+bool someoneAnswers(const Search_Report& report) {
+    return std::any_of(report.doubtful.begin(), report.doubtful.end(),
+                       [](const Doubtful_Unit& unit) { return unit.unlike; });
 }
 
 } // namespace
@@ -81,13 +101,12 @@ std::vector<std::string> findNotes(const Search_Report& report, const std::strin
                 "U" + unitAt(report, unit.unit, unit.line) + ": " + std::to_string(unit.damaged) +
                 " of its answers came damaged or twice. Are there two controllers with this number?");
     for (const Doubtful_Unit& unit : report.doubtful)
-        notes.push_back("Something answers as u" + unitAt(report, unit.unit, unit.line) +
-                        ", but never whole. Are there two controllers with this number? Else look for noise: "
-                        "terminate both ends of the line, and join the grounds.");
+        notes.push_back(doubtText(report, unit));
     if (report.noisy)
         notes.emplace_back("Bytes came in that nobody had asked for and that are no frame: noise, or a "
                            "device that doesn't speak Modbus RTU.");
-    if (report.end == Search_End::Searched && report.found.empty()) notes.push_back(noneFound(port));
+    if (report.end == Search_End::Searched && report.found.empty() && !someoneAnswers(report))
+        notes.push_back(noneFound(port, report.gateway));
     return notes;
 }
 

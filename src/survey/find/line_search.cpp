@@ -166,6 +166,7 @@ void Line_Search::readEnded(const Try_Result& result) {
     units_[point_.unit].tried = point_;
     Port_Settings port = plan_.port;
     port.line = settings_;
+    report_.gateway = report_.gateway || kindOf(result, port) == Try_Kind::Gateway;
     next_ = trial_->take(result, port);
     alarm_->armAt(clock_.now());
     bytesHeard(clock_.now(), result.received);
@@ -220,11 +221,19 @@ void Line_Search::giveUp() {
     endFrames();
     const bool answeredLate = answersHeard_ > 0 && trial_->times().count() == 0;
     if (trial_->damaged() > 0) ++damagedUnits_;
-    if (trial_->mostlyDamaged()) report_.doubtful.push_back({point_.unit, lineTold(), trial_->damaged()});
+    addDoubt();
     if (patient_) units_[point_.unit].known = true;
     trial_.reset();
     if (answeredLate) lateAnswer(point_.unit);
     nextPoint();
+}
+
+/// Of a unit that is tried with several registers the last one counts.
+void Line_Search::addDoubt() {
+    const bool unlike = !trial_->mostlyDamaged() && trial_->times().count() > 1;
+    if (!trial_->mostlyDamaged() && !unlike) return;
+    std::erase_if(report_.doubtful, [this](const Doubtful_Unit& each) { return each.unit == point_.unit; });
+    report_.doubtful.push_back({point_.unit, lineTold(), trial_->damaged(), unlike});
 }
 
 Line_Settings Line_Search::lineTold() const {

@@ -29,6 +29,7 @@ struct Doubtful_Unit {
     std::uint8_t unit = 0;
     Line_Settings line;
     std::int32_t damaged = 0;
+    bool unlike = false; ///< its answers were whole, but never one like another
 };
 
 enum class Search_End {
@@ -45,7 +46,8 @@ struct Search_Report {
     std::string foreignMaster; ///< in words; empty when none was heard
     std::vector<Found_Unit> found;
     std::vector<Doubtful_Unit> doubtful;
-    bool noisy = false; ///< bytes came in before anything was asked, and no frame was among them
+    bool gateway = false; ///< one said that it can't reach a unit (exceptions 10 and 11)
+    bool noisy = false;   ///< bytes came in before anything was asked, and no frame was among them
     /// False for a port that takes no settings of a line: those told with the units mean nothing.
     bool linesCount = true;
     std::uint64_t requests = 0;
@@ -105,6 +107,7 @@ class Line_Search final : private Probe_Listener {
     [[nodiscard]] std::optional<Line_Settings> otherStopBits();
     void found();
     void giveUp();
+    void addDoubt();
     void endFrames();
     void frameHeard(const Heard_Frame& frame);
     void numberedHeard(Byte_View bytes);

@@ -198,6 +198,18 @@ TEST(LineSearch, NamesAUnitThatOnlyEverAnswersDamaged) {
     EXPECT_EQ(run.report.doubtful[0].damaged, 12);
 }
 
+TEST(LineSearch, NamesAUnitThatNeverAnswersTwiceTheSame) {
+    Hand_Clock clock;
+    Simulated_Line line(clock, {9600, 'N', 8, 1});
+    line.controllers = {{.unit = 2, .counts = true}};
+    const Search_Run run(clock, line, oneLine(3));
+    EXPECT_TRUE(run.report.found.empty());
+    ASSERT_EQ(run.report.doubtful.size(), 1U);
+    EXPECT_EQ(run.report.doubtful[0].unit, 2);
+    EXPECT_TRUE(run.report.doubtful[0].unlike);
+    EXPECT_EQ(run.report.doubtful[0].damaged, 0);
+}
+
 TEST(LineSearch, TellsTwoControllersOfOneNumberByTheirAnswers) {
     Hand_Clock clock;
     Simulated_Line line(clock, {19200, 'N', 8, 1});

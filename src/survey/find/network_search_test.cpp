@@ -41,6 +41,7 @@ TEST(NetworkSearch, FindsTheUnitsOfAModbusTcpServer) {
     EXPECT_FALSE(run.report.linesCount);
     EXPECT_EQ(run.report.found[0].times.median(), 8 * ms); // there, and back over the network
     EXPECT_EQ(run.report.requests, 18 + 2 * 10U);
+    EXPECT_FALSE(run.report.gateway);
     EXPECT_EQ(rig.line.opened, 1);
 }
 
@@ -53,6 +54,7 @@ TEST(NetworkSearch, TakesNoGatewaysExceptionForAUnit) {
         const Search_Run run(rig.clock, rig.line, rig.plan);
         EXPECT_EQ(unitsOf(run.report), (std::vector<int>{4}));
         EXPECT_EQ(run.report.requests, 4 + 10U);
+        EXPECT_TRUE(run.report.gateway);
     }
 }
 
