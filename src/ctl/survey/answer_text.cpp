@@ -12,6 +12,7 @@ double inMs(Micros time) { return std::round(static_cast<double>(time) / 100) / 
 } // namespace
 
 Json answerTimesJson(const survey::Answer_Times& times) {
+    if (times.count() == 0) return nullptr;
     return {{"median", msJson(times.median())}, {"p99", msJson(times.p99())}};
 }
 

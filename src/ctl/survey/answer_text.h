@@ -6,7 +6,7 @@
 
 namespace zorvane::ctl {
 
-/// {"median","p99"} in ms, to a tenth of one.
+/// {"median","p99"} in ms, to a tenth of one; null where nothing answered.
 [[nodiscard]] Json answerTimesJson(const survey::Answer_Times& times);
 /// A time in ms, to a tenth of one.
 [[nodiscard]] Json msJson(Micros time);

@@ -28,7 +28,7 @@ Json askingJson(const Asked& asked, const Asking& asking, const std::vector<Know
             {"times", asking.times},
             {"answered", asking.answered},
             {"refused", asking.refused},
-            {"period_ms", msJson(asking.period())},
+            {"period_ms", asking.times > 1 ? msJson(asking.period()) : Json(nullptr)},
             {"answer_ms", answerTimesJson(asking.answerTimes)}};
 }
 

@@ -67,7 +67,7 @@ TEST(ListenReport, PrintsItsJson) {
         R"({"unit":1,"requests":2,"answers":2,"refusals":0,"unpaired":0,"answer_ms":{"median":12.3,"p99":12.3},)"
         R"("asks":[{"function":3,"address":100,"count":2,"registers":"100-101","names":[],"times":2,)"
         R"("answered":2,"refused":0,"period_ms":500,"answer_ms":{"median":12.3,"p99":12.3}}]},)"
-        R"({"unit":7,"requests":0,"answers":1,"refusals":1,"unpaired":1,"answer_ms":{"median":0,"p99":0},)"
+        R"({"unit":7,"requests":0,"answers":1,"refusals":1,"unpaired":1,"answer_ms":null,)"
         R"("asks":[]}]})");
 }
 
@@ -100,6 +100,21 @@ TEST(ListenReport, PrintsATableForPeople) {
               "1     3         40101-40102  2      500.0 ms  2         0        12.3 ms  12.3 ms      "
               "Outputs, row 1; "
               "Outputs, row 2\n");
+}
+
+/// One request without an answer has neither a period nor an answer time.
+TEST(ListenReport, TellsNoTimesThatNobodyMeasured) {
+    Listening_Report report;
+    report.table.take({heard("01 03 00 64 00 02", 0), std::nullopt});
+    const Json asked = listenJson(report, line, {})["units"][0]["asks"][0];
+    EXPECT_TRUE(asked["period_ms"].is_null());
+    EXPECT_TRUE(asked["answer_ms"].is_null());
+    std::ostringstream out;
+    printHeard(out, report, line, {});
+    EXPECT_EQ(out.str(),
+              "0 frames: 1 requests and 0 answers, 1 of them without the other. Load 0 %.\n"
+              "Unit  Function  Registers  Times  Every  Answered  Refused  After  99 % within  What\n"
+              "1     3         100-101    1             0         0\n");
 }
 
 TEST(ListenReport, SaysWhatToDo) {

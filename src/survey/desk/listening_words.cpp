@@ -16,6 +16,9 @@ std::string tenthsText(double number) {
     return std::to_string(tenths / 10) + rest;
 }
 
+/// "12.3 ms"; nothing where nothing was measured.
+std::string measuredText(bool measured, Micros time) { return measured ? msText(time) : ""; }
+
 std::string whatText(const Asked& asked, const std::vector<Known_Template>& templates) {
     std::string text;
     for (const std::string& name : namesAsked(asked, templates))
@@ -45,11 +48,17 @@ std::string heardText(const Listening_Report& report, const Line_Settings& line)
 
 std::vector<std::string> askedRow(const Asked& asked, const Asking& asking,
                                   const std::vector<Known_Template>& templates) {
-    return {std::to_string(asked.unit),       std::to_string(asked.function),
-            registersAsked(asked, templates), std::to_string(asking.times),
-            msText(asking.period()),          std::to_string(asking.answered),
-            std::to_string(asking.refused),   msText(asking.answerTimes.median()),
-            msText(asking.answerTimes.p99()), whatText(asked, templates)};
+    const bool answered = asking.answerTimes.count() > 0;
+    return {std::to_string(asked.unit),
+            std::to_string(asked.function),
+            registersAsked(asked, templates),
+            std::to_string(asking.times),
+            measuredText(asking.times > 1, asking.period()),
+            std::to_string(asking.answered),
+            std::to_string(asking.refused),
+            measuredText(answered, asking.answerTimes.median()),
+            measuredText(answered, asking.answerTimes.p99()),
+            whatText(asked, templates)};
 }
 
 std::vector<std::string> listenNotes(const Listening_Report& report, const std::string& port,

@@ -13,6 +13,8 @@ namespace {
 
 /// An answer that comes later than this belongs to nothing that was heard.
 constexpr Micros longestAnswer = 10 * microsPerSecond;
+/// A copy of a write that comes later than this is its repetition by a master that got no answer.
+constexpr Micros longestCopy = 900 * microsPerMs;
 
 std::uint16_t wordAt(Byte_View bytes, std::size_t at) {
     return static_cast<std::uint16_t>((bytes[at] << 8U) | bytes[at + 1]);
@@ -95,7 +97,8 @@ void Heard_Exchanges::end() {
 /// Where the form leaves both, it is the answer if the open request asks for just that.
 bool Heard_Exchanges::isAnswer(const Heard_Frame& frame) const {
     if (!frame.mayAsk || !frame.mayAnswer) return frame.mayAnswer;
-    return open_ && fits(*open_, frame);
+    if (!open_ || !fits(*open_, frame)) return false;
+    return !answersWithItself(frame.function()) || frame.firstAt - open_->lastAt <= longestCopy;
 }
 
 void Heard_Exchanges::takeRequest(const Heard_Frame& frame) {

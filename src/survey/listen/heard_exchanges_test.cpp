@@ -90,6 +90,19 @@ TEST(HeardExchanges, TakesAnEchoOfAWriteOnceForItsAnswer) {
               (Texts{"6 pair", "6 request"}));
 }
 
+/// A master that gets no answer asks for the same once more after its time-out.
+TEST(HeardExchanges, TakesALateCopyOfAWriteForItsRepetition) {
+    const std::vector<const char*> threeTries = {"01 06 00 01 12 34", "01 06 00 01 12 34",
+                                                 "01 06 00 01 12 34"};
+    EXPECT_EQ(Line_Rig(threeTries, microsPerSecond).told, (Texts{"6 request", "6 request", "6 request"}));
+    EXPECT_EQ(Line_Rig({"01 05 00 01 FF 00", "01 05 00 01 FF 00"}, microsPerSecond).told,
+              (Texts{"5 request", "5 request"}));
+    EXPECT_EQ(Line_Rig({"01 06 00 01 12 34", "01 06 00 01 12 34"}, 800 * microsPerMs).told, Texts{"6 pair"});
+    // What can be told from its request may come later.
+    EXPECT_EQ(Line_Rig({"01 10 00 01 00 01 02 00 07", "01 10 00 01 00 01"}, microsPerSecond).told,
+              Texts{"16 pair"});
+}
+
 TEST(HeardExchanges, PairsAcrossNoiseThatHidesNoRequest) {
     EXPECT_EQ(Line_Rig({"01 03 00 00 00 02", "~ FF 00 12 34 56 78 9A BC", "01 03 04 00 01 00 02"}).told,
               Texts{"3 pair"});
