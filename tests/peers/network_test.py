@@ -199,6 +199,52 @@ class NetworkTest(unittest.TestCase):
         self.assertIn(f"No connection to 127.0.0.1:{number} (Modbus TCP).", run.stderr)
         self.assertIn(f"Refused: 127.0.0.1 is there, but takes no connection at its port {number}.", run.stderr)
 
+    def identify(self, port):
+        return [os.path.join(self.programs, "zorvanectl"), "identify", self.template, "--port", port, "--json"]
+
+    def test_looking_names_a_port_on_a_network_as_one(self):
+        with socket.create_server(("127.0.0.1", 0)) as listener:
+            port = f"tcp:127.0.0.1:{listener.getsockname()[1]}"
+        run = subprocess.run(self.identify(port), capture_output=True, text=True, timeout=60, check=False)
+        self.assertEqual(run.returncode, 1)
+        self.assertIn(f"zorvanectl: The port {port} can't be opened. Refused: ", run.stderr)
+        run = subprocess.run(self.identify(self.simulator("--tcp", "0", "--fault", "unplug=1:1")), capture_output=True,
+                             text=True, timeout=60, check=False)
+        self.assertEqual(run.returncode, 1)
+        self.assertIn(" closed the connection. Try again, and look at the network between.", run.stderr)
+
+    def test_a_signal_while_the_connection_is_made_ends_looking(self):
+        with socket.socket() as full, socket.socket() as first, socket.socket() as second:
+            full.bind(("127.0.0.1", 0))
+            full.listen(0)
+            for client in (first, second):  # the queue is full then, and nobody takes anything from it
+                client.setblocking(False)
+                client.connect_ex(full.getsockname())
+            port = f"tcp:127.0.0.1:{full.getsockname()[1]}"
+            with subprocess.Popen(self.identify(port), stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True) as program:
+                self.wait_for_connecting(program.pid)
+                program.send_signal(signal.SIGTERM)
+                out, err = program.communicate(timeout=60)
+        self.assertEqual(program.returncode, 1)
+        self.assertEqual(json.loads(out)["failure"], "Stopped before the port was open. Nothing was sent.")
+        self.assertEqual(err, "zorvanectl: Stopped before the port was open. Nothing was sent.\n")
+
+    def wait_for_connecting(self, pid):
+        """Until the process has a connection that isn't made yet."""
+        deadline = time.monotonic() + 10
+        while time.monotonic() < deadline:
+            with open(f"/proc/{pid}/net/tcp", encoding="ascii") as file:
+                states = {line.split()[9]: line.split()[3] for line in file if line.split()[0] != "sl"}
+            for number in os.listdir(f"/proc/{pid}/fd"):
+                try:
+                    found = re.fullmatch(r"socket:\[(\d+)\]", os.readlink(f"/proc/{pid}/fd/{number}"))
+                except FileNotFoundError:
+                    continue
+                if found and states.get(found[1]) == "02":
+                    return
+            select.select([], [], [], 0.02)  # it tells nobody when it begins
+        raise AssertionError("nothing is being connected")
+
     def test_a_name_without_a_port_is_an_error_of_the_command_line(self):
         run = self.ctl("tcp:127.0.0.1", "upload")
         self.assertEqual(run.returncode, 2)

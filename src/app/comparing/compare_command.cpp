@@ -3,6 +3,7 @@
 
 #include "app/comparing/looking_line.h"
 #include "app/window/form/window_form.h"
+#include "comm/modbus_control/line/port_texts.h"
 #include "compare/comparison_words.h"
 #include "template/services/native_files.h"
 #include "ui/base/file_dialog.h"
@@ -192,8 +193,7 @@ class Comparing {
         const compare::Reading_Result& read = seen.read.latest;
         if (read.end == compare::Reading_End::Cancelled)
             return "Stopped before all was read. Nothing was written.";
-        if (!read.done())
-            return "The port was lost: " + fromUtf8(read.fault) + ". Check the adapter and its cable.";
+        if (!read.done()) return portLostText(line_.settings().port, fromUtf8(read.fault));
         desk_.takeLook({std::move(seen), compare::controllerText(fromUtf8(line_.settings().port), unit),
                         app().mainForm.timeOfDay()});
         return {};

@@ -127,7 +127,7 @@ class Compare_Subcommand : public Subcommand {
             compare::lookAt({opened.document, section, line.reader(), settings.slave});
         const compare::Twice_Read& read = seen.read;
         if (!read.latest.done()) {
-            sides.fault = readingFault(read.latest.end, read.latest.fault);
+            sides.fault = readingFault(settings.port, read.latest.end, read.latest.fault);
             return;
         }
         if (!read.latest.answered) tell(context.err, nobodyAnswers);

@@ -39,7 +39,7 @@ class Identify_Subcommand : public Subcommand {
             const Identity_Section section = identitySectionOf(context, opened);
             asked = compare::askWhoIsThere({opened.document, section, line->reader(), settings.slave});
             if (asked.end != compare::Reading_End::Done)
-                fault = readingFault(asked.end, asked.fault);
+                fault = readingFault(settings.port, asked.end, asked.fault);
             else if (!asked.answered)
                 tell(context.err, nobodyAnswers);
         }

@@ -23,9 +23,9 @@ Opened_Document openFor(const Call_Context& context, const Document_Arguments& f
     return open(&ownTimeOut);
 }
 
-std::string readingFault(compare::Reading_End end, const std::string& fault) {
+std::string readingFault(const std::string& port, compare::Reading_End end, const std::string& fault) {
     if (end == compare::Reading_End::Cancelled) return "Stopped before all was read. Nothing was written.";
-    return "The port was lost: " + printable(endOfSentence(fault)) + " Check the adapter and its cable.";
+    return printable(portLostText(port, fault));
 }
 
 } // namespace zorvane::ctl

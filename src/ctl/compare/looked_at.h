@@ -25,7 +25,8 @@ namespace zorvane::ctl {
 inline constexpr const char* nobodyAnswers =
     "Nobody answers. Check the cable, the port, its settings and the slave number.";
 
-/// Why a reading didn't come to its end, whole sentences.
-[[nodiscard]] std::string readingFault(compare::Reading_End end, const std::string& fault);
+/// Why a reading of that port didn't come to its end, whole sentences.
+[[nodiscard]] std::string readingFault(const std::string& port, compare::Reading_End end,
+                                       const std::string& fault);
 
 } // namespace zorvane::ctl

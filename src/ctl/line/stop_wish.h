@@ -3,6 +3,9 @@
 
 namespace zorvane::ctl {
 
+/// What a call says that was asked to end while it opened its port.
+inline constexpr const char* stoppedAtOpening = "Stopped before the port was open. Nothing was sent.";
+
 /// Whether somebody has asked a call to end before its time.
 class Stop_Wish {
   public:

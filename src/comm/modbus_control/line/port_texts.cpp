@@ -38,6 +38,16 @@ std::string portHint(const std::vector<Port_Entry>& ports, const std::string& ch
     return entry->description.empty() ? "Present." : entry->description;
 }
 
+std::string cannotOpenText(const std::string& port) {
+    return (onNetwork(port) ? "The port " : "The serial port ") + port + " can't be opened.";
+}
+
+std::string portLostText(const std::string& port, const std::string& reason) {
+    return "The port was lost: " + endOfSentence(reason) +
+           (onNetwork(port) ? " Try again, and look at the network between."
+                            : " Check the adapter and its cable.");
+}
+
 std::string endOfSentence(const std::string& reason) { return reason.ends_with('.') ? reason : reason + "."; }
 
 } // namespace zorvane

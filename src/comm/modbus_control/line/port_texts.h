@@ -25,6 +25,12 @@ struct Template_Timings {
 /// Why a port can't be used whose driver doesn't take these settings.
 [[nodiscard]] std::string lineRefusal(const Line_Settings& line);
 
+/// "The serial port ttyUSB0 can't be opened.", or what stands for that on a network.
+[[nodiscard]] std::string cannotOpenText(const std::string& port);
+
+/// What is said of a port that went away while it was used: why, and what to do.
+[[nodiscard]] std::string portLostText(const std::string& port, const std::string& reason);
+
 /// A reason as the end of a sentence, whether or not it was one by itself.
 [[nodiscard]] std::string endOfSentence(const std::string& reason);
 

@@ -29,6 +29,18 @@ TEST(PortTexts, AReasonEndsASentenceWithOneStop) {
     EXPECT_EQ("Lost: " + endOfSentence("no answer"), "Lost: no answer.");
 }
 
+/// A port on a network has neither an adapter nor a cable of its own.
+TEST(PortTexts, WhatIsSaidOfAPortIsTrueOfOneOnANetwork) {
+    EXPECT_EQ(cannotOpenText("ttyUSB0"), "The serial port ttyUSB0 can't be opened.");
+    EXPECT_EQ(cannotOpenText("tcp:plc7:502"), "The port tcp:plc7:502 can't be opened.");
+    EXPECT_EQ(portLostText("ttyUSB0", "The adapter was unplugged, or the line hung up"),
+              "The port was lost: The adapter was unplugged, or the line hung up. Check the adapter and its "
+              "cable.");
+    EXPECT_EQ(
+        portLostText("rfc2217:plc7:4000", "plc7:4000 closed the connection."),
+        "The port was lost: plc7:4000 closed the connection. Try again, and look at the network between.");
+}
+
 TEST(PortTexts, PortsInTheListAndBesideIt) {
     const std::vector<Port_Entry> ports{{"ttyUSB0", "/dev/ttyUSB0", "FT232R USB UART", {}, {}, {}},
                                         {"ttyS0", "/dev/ttyS0", {}, {}, {}, {}}};

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "comm/modbus_control/line/port_texts.h"
 #include "comm/modbus_control/units/qt/qt_unit_exchanges.h"
 #include "ctl/calls/qt/port_calls.h"
 #include "ctl/calls/qt/stop_signals.h"
@@ -17,7 +18,8 @@ class Qt_Controller_Line : public Controller_Line {
     [[nodiscard]] std::string open() override {
         const Port_Opening opening = exchanges_.line().open();
         if (opening.opened) return {};
-        return "The serial port " + port_ + " can't be opened. " + printable(opening.reason);
+        if (stop_.asked()) return stoppedAtOpening;
+        return printable(cannotOpenText(port_) + " " + opening.reason);
     }
     [[nodiscard]] Unit_Reader& reader() override { return exchanges_.line(); }
 

@@ -109,7 +109,7 @@ class Verify_Record_Subcommand : public Subcommand {
         std::string fault = templateFault(context, *record, opened);
         if (fault.empty()) fault = line->open();
         if (!fault.empty()) return refuse(context, fault);
-        return verify(context, {*record, kept}, opened, *line, settings.slave);
+        return verify(context, {*record, kept}, opened, *line, settings);
     }
 
   private:
@@ -136,14 +136,15 @@ class Verify_Record_Subcommand : public Subcommand {
     }
 
     static int verify(const Call_Context& context, const Recorded& recorded, const Opened_Document& opened,
-                      Controller_Line& line, std::int32_t unit) {
+                      Controller_Line& line, const Port_Settings& settings) {
+        const std::int32_t unit = settings.slave;
         const Record& record = recorded.record;
         const Identity_Section section = identitySectionOf(context, opened);
         const auto writes = writesOf(recorded.run, opened, section);
         if (!writes) return refuse(context, "The template has other cells than the run's.");
         const auto asked = compare::askWhoIsThere({opened.document, section, line.reader(), unit});
         if (asked.end != compare::Reading_End::Done)
-            return refuse(context, readingFault(asked.end, asked.fault));
+            return refuse(context, readingFault(settings.port, asked.end, asked.fault));
         if (asked.identity.verdict == compare::Verdict::Isnt && record.controller.although.empty()) {
             tell(context.err, "The controller isn't " + printable(record.controller.model) + ".");
             printLeft(context, record.run, {});
@@ -157,7 +158,7 @@ class Verify_Record_Subcommand : public Subcommand {
         }
         const auto read = compare::readRanges(
             line.reader(), unit, rangesOf(commission::leftRows(recorded.run, *writes, {}), section));
-        if (!read.done()) return refuse(context, readingFault(read.end, read.fault));
+        if (!read.done()) return refuse(context, readingFault(settings.port, read.end, read.fault));
         const Left_Rows rows = commission::leftRows(recorded.run, *writes, read.registers);
         printLeft(context, record.run, rows);
         return exitOfLeft(rows);

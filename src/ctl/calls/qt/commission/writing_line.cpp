@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ctl/calls/qt/commission/writing_line.h"
 
+#include "comm/modbus_control/line/port_texts.h"
 #include "ctl/document/notices.h"
 
 #include <QSocketNotifier>
@@ -27,7 +28,8 @@ std::string Writing_Line::open(const Call_Context& context) {
     if (!hold_.held) return hold_.why;
     const Port_Opening opening = exchanges().open();
     if (opening.opened) return {};
-    return "The serial port " + settings.port + " can't be opened. " + printable(opening.reason);
+    if (stop_.asked()) return stoppedAtOpening;
+    return printable(cannotOpenText(settings.port) + " " + opening.reason);
 }
 
 bool Writing_Line::confirm(const Call_Context& context, const std::string& question, std::int32_t unit,
