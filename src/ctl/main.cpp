@@ -4,6 +4,7 @@
 #include "ctl/calls/qt/commission/commission_calls.h"
 #include "ctl/calls/qt/painted_calls.h"
 #include "ctl/calls/qt/port_calls.h"
+#include "ctl/document/notices.h"
 #include "ctl/program.h"
 #include "recovery/native_recovery_folder.h"
 #include "recovery/recovery.h"
@@ -94,5 +95,7 @@ int main(int argc, char* argv[]) {
         calls.push_back(call);
     const int code = runProgram(calls, arguments, context);
     std::cout.flush();
-    return std::cout.good() ? code : static_cast<int>(Exit_Failed);
+    if (std::cout.good()) return code;
+    tell(std::cerr, "The output can't be written to its end. Has its disk room?");
+    return Exit_Failed;
 }

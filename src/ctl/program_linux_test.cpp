@@ -94,6 +94,7 @@ TEST(Program, ItsApplicationFolderIsFoundThroughALink) {
 TEST(Program, AFullDiskFailsTheOutput) {
     Spawned_Program program({"/bin/sh", "-c", "exec \"$0\" models --json >/dev/full", ctl});
     EXPECT_EQ(program.finish(), 1);
+    EXPECT_EQ(program.err(), "zorvanectl: The output can't be written to its end. Has its disk room?\n");
 }
 
 int occurrences(const std::string& text, const std::string& part) {
