@@ -290,8 +290,10 @@ TEST_F(SendProgram, ARecordNamesItsRunAndOneWithoutAUnitIsNone) {
 TEST_F(SendProgram, ARecordsHeadIsntChangedToHoldIt) {
     start();
     EXPECT_EQ(call("send", {"--yes", "--only", "3,1,2"}).code, 0);
-    const Ctl_Run record = run(
-        {"record", "last", "--out", bench.path("r.json"), "--panel", "\xC5\x81\xC3\xB3d\xC5\xBA", "--json"});
+    const Ctl_Run record = run({"record", "last", "--out", bench.path("r.json"), "--panel",
+                                "\xC5\x81\xC3\xB3"
+                                "w",
+                                "--json"});
     EXPECT_EQ(record.code, 1);
     EXPECT_EQ(record.err,
               "zorvanectl: --panel: A character of the text is none that a record holds (Windows-1252).\n");
