@@ -173,6 +173,7 @@ void Find_Window::searchEnded(const survey::Search_Report& report) {
     identities_.assign(report_.found.size(), {});
     showFound();
     identifyAll();
+    stopping_ = false;
     showNotes();
     showState();
     if (ending_) QDialog::done(*ending_);
@@ -218,7 +219,7 @@ void Find_Window::showNotes() {
                         .arg(report_.found.size())
                         .arg(report_.requests)
                         .arg(report_.duration / microsPerSecond));
-    progress_->setValue(progress_->maximum());
+    if (report_.end == survey::Search_End::Searched) progress_->setValue(progress_->maximum());
 }
 
 int Find_Window::chosenRow() const {

@@ -139,6 +139,32 @@ TEST_F(Find_Window_Test, StopsWithWhatWasFoundSoFar) {
     EXPECT_FALSE(line.isOpen());
 }
 
+/// And the progress stays where the search was.
+TEST_F(Find_Window_Test, WhatAStoppedSearchFoundCanBeUsed) {
+    make();
+    at<QLineEdit>("EDT_Settings").setText("9600,n,8,1");
+    press("BOT_Find");
+    while (rows().rowCount() == 0 && window->running())
+        run(50 * microsPerMs);
+    press("BOT_Find");
+    run(microsPerSecond);
+    ASSERT_FALSE(window->running());
+    EXPECT_LT(at<QProgressBar>("BAR_Progress").value(), at<QProgressBar>("BAR_Progress").maximum());
+    EXPECT_TRUE(at<QPushButton>("BOT_Use").isEnabled());
+    press("BOT_Use");
+    EXPECT_EQ(window->result(), QDialog::Accepted);
+    EXPECT_EQ(window->chosen().slave, 3);
+}
+
+TEST_F(Find_Window_Test, AWholeSearchEndsAtAHundredPercent) {
+    make();
+    at<QLineEdit>("EDT_Units").setText("1-5");
+    press("BOT_Find");
+    run(60 * microsPerSecond);
+    ASSERT_FALSE(window->running());
+    EXPECT_EQ(at<QProgressBar>("BAR_Progress").value(), at<QProgressBar>("BAR_Progress").maximum());
+}
+
 TEST_F(Find_Window_Test, ClosingStopsTheSearchFirst) {
     make();
     press("BOT_Find");

@@ -77,6 +77,25 @@ def a_search_is_stopped_and_closed(program):
     expect("the stored number", lambda: program.stored("ModbusPort", "Slave"), "1")
 
 
+def a_stopped_search_s_controller_is_used(program):
+    controller = program.simulator("KVRT207D", "--slave", "3")
+    program.use_port(controller)
+    _opened(program)
+    program.choose("Communication", "Find Controllers...")
+    with Only_Keyboard(program):
+        dialog = program.dialog("FindControllers")
+        program.hands.keys("Return")
+        rows = Table(dialog.part.named("TBL_Found"))
+        wait_for("the controller", lambda: rows.row_count == 1)
+        program.hands.chord(["alt"], "t")
+        notes = dialog.part.named("TXT_Notes")
+        expect("what is said", lambda: notes.text, "The search was stopped before its end.")
+        expect("Use This One is enabled", lambda: dialog.part.named("BOT_Use").is_enabled, True)
+        program.hands.chord(["alt"], "u")
+        dialog.wait_until_gone()
+        program.expect_panel(3, "RTU: 3")
+
+
 def both_are_off_while_online(program):
     controller = program.simulator()
     program.use_port(controller)
