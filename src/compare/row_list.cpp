@@ -88,6 +88,16 @@ std::vector<const Row*> Row_List::tickedRows() const {
     return rows;
 }
 
+std::string Row_List::ticksText() const {
+    const auto all = std::count(ticked_.begin(), ticked_.end(), true);
+    if (all == 0) return {};
+    const auto listed =
+        std::count_if(listed_.begin(), listed_.end(), [this](std::size_t cell) { return ticked_[cell]; });
+    std::string text = std::to_string(all) + " ticked";
+    if (listed < all) text += ", " + std::to_string(all - listed) + " of them not listed";
+    return text;
+}
+
 std::vector<const Row*> Row_List::tickedLeftRows() const {
     std::vector<const Row*> rows;
     for (std::size_t i = 0; i < ticked_.size(); ++i)

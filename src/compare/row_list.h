@@ -48,6 +48,8 @@ class Row_List {
     void tickNothing() { ticked_.assign(ticked_.size(), false); }
     /// Those ticked, in order, listed or not.
     [[nodiscard]] std::vector<const Row*> tickedRows() const;
+    /// "7 ticked", "30 ticked, 23 of them not listed"; "" without any.
+    [[nodiscard]] std::string ticksText() const;
     /// Of those ticked the rows in each comparison that has one.
     [[nodiscard]] std::vector<const Row*> tickedLeftRows() const;
     [[nodiscard]] std::vector<const Row*> tickedRightRows() const;

@@ -176,6 +176,19 @@ TEST_F(RowList, WithoutADifferenceThereIsNoneToGoTo) {
     EXPECT_EQ(rows.differenceText(0), "no difference");
 }
 
+TEST_F(RowList, SaysHowManyHaveATickAndAreNotListed) {
+    list("");
+    EXPECT_EQ(rows.ticksText(), "");
+    rows.tick(0, true);
+    EXPECT_EQ(rows.ticksText(), "1 ticked");
+    rows.tickDifferences();
+    EXPECT_EQ(rows.ticksText(), "3 ticked");
+    list("page:regulation is:missing");
+    EXPECT_EQ(rows.ticksText(), "3 ticked, 2 of them not listed");
+    list("nowhere");
+    EXPECT_EQ(rows.ticksText(), "3 ticked, 3 of them not listed");
+}
+
 TEST_F(RowList, TicksStayWithTheirRows) {
     list("");
     rows.tick(1, true); // row 3

@@ -235,8 +235,8 @@ void Compare_Window::setRows(compare::Row_List rows) {
     if (others) table_->fitColumns();
     const QString counts = fromCore(compare::countsText(model_.rows().comparison().counts));
     const QString left = fromCore(compare::countsText(model_.rows().leftComparison().counts));
-    counts_->setText(model_.rows().threeSides() ? QStringLiteral("Left: %1.\nRight: %2.").arg(left, counts)
-                                                : counts);
+    countsText_ =
+        model_.rows().threeSides() ? QStringLiteral("Left: %1.\nRight: %2.").arg(left, counts) : counts;
     showState();
 }
 
@@ -245,7 +245,7 @@ void Compare_Window::setNothing(const QString& why) {
     const bool others = model_.rows().threeSides();
     model_.setRows({}, {}, false);
     if (others) table_->fitColumns();
-    counts_->setText(why);
+    countsText_ = why;
     showState();
 }
 
@@ -309,6 +309,10 @@ void Compare_Window::showState() {
 
 void Compare_Window::showAbilities() {
     if (export_ == nullptr) return;
+    // A tick outside what the filter lists counts all the same, so it is told.
+    const QString ticks = fromCore(model_.rows().ticksText());
+    const QString end = countsText_.endsWith(u'.') ? QString() : QStringLiteral(".");
+    counts_->setText(ticks.isEmpty() ? countsText_ : countsText_ + end + u' ' + ticks + u'.');
     const bool usable = compared_ && !reading_;
     const bool ticked = usable && !model_.rows().tickedRows().empty();
     const bool differs = usable && model_.rows().nextDifference(std::nullopt).has_value();

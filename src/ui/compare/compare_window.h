@@ -109,6 +109,7 @@ class Compare_Window final : public QDialog {
     QPushButton* close_ = nullptr;
     QProgressBar* progress_ = nullptr;
     QString filterInForce_;
+    QString countsText_; ///< of all rows, or why there are none
     QString whyNotTake_;
     QString whyNotSend_;
     bool controllerWanted_ = false;

@@ -174,6 +174,16 @@ TEST_F(CompareWindow, TicksAllDifferencesAndTakesAllTicksAway) {
     EXPECT_TRUE(window.rows().tickedRows().empty());
 }
 
+TEST_F(CompareWindow, TellsOfTicksThatTheFilterHides) {
+    const std::string counts = "5 values: 2 differ, 1 on one side only, 1 read only, 1 equal";
+    named<QPushButton>("BOT_Tick").click();
+    EXPECT_EQ(label("LBL_Counts"), counts + ". 3 ticked.");
+    named<QLineEdit>("EDT_Filter").setText("is:missing");
+    EXPECT_EQ(label("LBL_Counts"), counts + ". 3 ticked, 2 of them not listed.");
+    named<QPushButton>("BOT_Tick").click();
+    EXPECT_EQ(label("LBL_Counts"), counts);
+}
+
 TEST_F(CompareWindow, WhatNeedsTicksSaysSo) {
     window.setSend("Not now.");
     EXPECT_FALSE(enabled("BOT_Take"));

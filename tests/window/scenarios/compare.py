@@ -215,6 +215,19 @@ def f8_goes_from_difference_to_difference(program):
     window.answer("Close")
 
 
+def ticks_that_the_filter_hides_are_told(program):
+    _opened(program)
+    window = _compare_with_the_factory(program)
+    counts = _label(window, "LBL_Counts")
+    window.press("Tick differences")
+    expect("the ticks", lambda: _label(window, "LBL_Counts"), counts + ". 50 ticked.")
+    program.hands.chord(["alt"], "f")
+    program.hands.write("page:Timers is:differs")
+    expect("the rows of one page", lambda: _rows(window).row_count, 8)
+    expect("the ticks", lambda: _label(window, "LBL_Counts"), counts + ". 50 ticked, 42 of them not listed.")
+    window.answer("Close")
+
+
 def a_read_only_document_takes_nothing(program):
     path = program.document()
     program.start()
