@@ -35,16 +35,21 @@ bool Difference_Marks::holds() const {
     return with_ && with_->document.holds() && app_.form().Document_Open && !app_.state.modelEmptied;
 }
 
+std::string Difference_Marks::text() const {
+    if (!holds())
+        return "No cell is marked yet: Communication > Compare... chooses what the document differs from.";
+    if (app_.form().Online) return "While online no cell is marked: the values are the controller's.";
+    return "Cells that differ from " + with_->name + " are marked.";
+}
+
 void Difference_Marks::tell() const {
     Message_Bar& bar = app_.mainForm.messageBar();
     if (!on_) return bar.withdraw(marksTopic);
-    bar.tell(
-        {marksTopic,
-         Bar_Kind::Note,
-         holds()
-             ? "Cells that differ from " + with_->name + " are marked."
-             : "No cell is marked yet: Communication > Compare... chooses what the document differs from.",
-         {}});
+    bar.tell({marksTopic, Bar_Kind::Note, text(), {}});
+}
+
+void Difference_Marks::refresh() const {
+    app_.mainForm.messageBar().amend({marksTopic, Bar_Kind::Note, text(), {}});
 }
 
 std::optional<std::string> Difference_Marks::at(std::int32_t row, std::int32_t col) const {

@@ -31,6 +31,8 @@ class Difference_Marks {
     void MNU_MarkDifferences_Click();
     /// From now on the cells are held against this side.
     void holdAgainst(Compared_With with);
+    /// The line of the message bar about them, while it stands, says what is marked by now.
+    void refresh() const;
 
     /// What a marked cell has on the other side: "factory values: 7". Nothing for a cell without a mark.
     /// While online none has one: its values are the controller's.
@@ -38,6 +40,7 @@ class Difference_Marks {
 
   private:
     [[nodiscard]] bool holds() const;
+    [[nodiscard]] std::string text() const;
     void tell() const;
 
     const App_Context& app_;

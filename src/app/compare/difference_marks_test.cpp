@@ -80,6 +80,19 @@ TEST_F(Difference_Marks_Test, WhileOnlineTheValuesAreTheControllersAndCarryNoMar
     EXPECT_EQ(marks.at(1, 1), "factory values: 1");
 }
 
+TEST_F(Difference_Marks_Test, TheLineDoesNotSayOfMarksWhileOnline) {
+    marks.refresh();
+    EXPECT_EQ(told(), "") << "nobody asked";
+    marks.MNU_MarkDifferences_Click();
+    compareWith({Side_Kind::Factory});
+    form.Online = true;
+    marks.refresh();
+    EXPECT_EQ(told(), "While online no cell is marked: the values are the controller's.");
+    form.Online = false;
+    marks.refresh();
+    EXPECT_EQ(told(), "Cells that differ from factory values are marked.");
+}
+
 TEST_F(Difference_Marks_Test, AnotherDocumentHasNoneUntilItIsCompared) {
     marks.MNU_MarkDifferences_Click();
     compareWith({Side_Kind::Factory});

@@ -18,9 +18,11 @@ std::optional<Bar_Line> countLine(const App_Context& app) {
     if (!marksChangedCells(app) || app.state.modelEmptied) return std::nullopt;
     const std::vector<Cell_Place> changed = app.state.changed.all(app.document());
     if (changed.empty()) return std::nullopt;
-    const std::string text = changed.size() == 1 ? std::string("1 value differs from the file.")
-                                                 : numberText(static_cast<std::int32_t>(changed.size())) +
-                                                       " values differ from the file.";
+    const std::string from = app.document().No_Place ? " from what was opened." : " from the file.";
+    const std::string text =
+        (changed.size() == 1 ? std::string("1 value differs")
+                             : numberText(static_cast<std::int32_t>(changed.size())) + " values differ") +
+        from;
     return Bar_Line{topic, Bar_Kind::Note, text, {{"Show", [grids = app.grids, first = changed.front()] {
                                                        showCell(grids, first);
                                                    }}}};

@@ -24,6 +24,16 @@ TEST_F(Changed_Count, IsToldWhenAskedForAndKeptUpToDate) {
     EXPECT_EQ(told(), "");
 }
 
+TEST_F(Changed_Count, ADocumentWithoutAPlaceHasNoFileToDifferFrom) {
+    document.No_Place = true;
+    edit(1, "11");
+    tellChangedCount(app);
+    EXPECT_EQ(told(), "1 value differs from what was opened.");
+    edit(2, "21");
+    refreshChangedCount(app);
+    EXPECT_EQ(told(), "2 values differ from what was opened.");
+}
+
 TEST_F(Changed_Count, NewerLinesStayInFrontOfIt) {
     edit(1, "11");
     tellChangedCount(app);

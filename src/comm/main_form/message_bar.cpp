@@ -30,6 +30,18 @@ void Bar_Lines::documentGone() {
     if (taken > 0 && changed) changed();
 }
 
+void Bar_Lines::review() {
+    bool others = false;
+    for (Bar_Line& line : lines_) {
+        if (!line.textNow) continue;
+        std::string text = line.textNow();
+        others = others || text != line.text;
+        line.text = std::move(text);
+    }
+    std::erase_if(lines_, [](const Bar_Line& line) { return line.textNow && line.text.empty(); });
+    if (others && changed) changed();
+}
+
 const Bar_Line* Bar_Lines::find(const std::string& topic) const {
     const auto found =
         std::find_if(lines_.begin(), lines_.end(), [&](const Bar_Line& line) { return line.topic == topic; });

@@ -22,6 +22,9 @@ struct Bar_Line {
     std::string text;                ///< Windows-1252, as every text of the core
     std::vector<Bar_Button> buttons; ///< two at most
     bool ofDocument = true;          ///< it goes when the document is closed or another one opened
+    /// What it has to say by now, "" once it is no longer so; without it the text stands until it is taken
+    /// back.
+    std::function<std::string()> textNow{};
 };
 
 /// The bar over the lower edge of the main form. It says what happened where a command is silent: it asks
@@ -39,6 +42,8 @@ class Message_Bar {
     virtual void withdraw(const std::string& topic) = 0;
     /// Takes back every line that belongs to the document.
     virtual void documentGone() = 0;
+    /// Each line that knows says what is so by now, or goes.
+    virtual void review() = 0;
 };
 
 /// The lines of a bar, the newest first.
@@ -49,6 +54,7 @@ class Bar_Lines final : public Message_Bar {
     [[nodiscard]] bool holds(const std::string& topic) const override { return find(topic) != nullptr; }
     void withdraw(const std::string& topic) override;
     void documentGone() override;
+    void review() override;
 
     [[nodiscard]] const std::vector<Bar_Line>& lines() const noexcept { return lines_; }
     /// The line of that topic, or null.

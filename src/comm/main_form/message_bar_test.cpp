@@ -49,6 +49,24 @@ TEST(MessageBar, loses_the_documents_lines_with_the_document) {
     EXPECT_THAT(texts(bar), ElementsAre("Three copies"));
 }
 
+TEST(MessageBar, lines_that_know_say_what_is_so_by_now_or_go) {
+    Bar_Lines bar;
+    int changes = 0;
+    std::string now = "Two values";
+    bar.tell({"copies", Bar_Kind::Note, "Three copies", {}});
+    bar.tell({"limits", Bar_Kind::Warning, "Two values", {}, true, [&now] { return now; }});
+    bar.changed = [&changes] { ++changes; };
+    bar.review();
+    EXPECT_EQ(changes, 0) << "it is as it was";
+    now = "One value";
+    bar.review();
+    EXPECT_THAT(texts(bar), ElementsAre("One value", "Three copies"));
+    now.clear();
+    bar.review();
+    EXPECT_THAT(texts(bar), ElementsAre("Three copies"));
+    EXPECT_EQ(changes, 2);
+}
+
 TEST(MessageBar, tells_of_each_change_and_of_nothing_else) {
     Bar_Lines bar;
     int changes = 0;

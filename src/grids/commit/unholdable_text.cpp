@@ -22,8 +22,9 @@ bool canReplace(const Grid_Context& grids) {
 }
 
 /// The buttons keep the places; a document that was replaced meanwhile has taken its line along.
-void tell(const Grid_Context& grids, std::string text, const std::vector<Cell_Place>& places) {
-    Bar_Line line{unholdableTopic, Bar_Kind::Warning, std::move(text), {}};
+void tell(const Grid_Context& grids, std::string text, const std::vector<Cell_Place>& places,
+          std::function<std::string()> textNow = {}) {
+    Bar_Line line{unholdableTopic, Bar_Kind::Warning, std::move(text), {}, true, std::move(textNow)};
     if (canReplace(grids))
         line.buttons.push_back({"Replace by a blank", [grids, places] { replaceByBlanks(grids, places); }});
     line.buttons.push_back({"Show", [grids, first = places.front()] { showCell(grids, first); }});
@@ -48,7 +49,14 @@ void tellCommittedText(const Grid_Context& grids, const Cell_Place& place) {
     if (!hasCell(grids.comm.document, place)) return;
     const Cell_Rec& cell = grids.comm.document.Fields(place.field).Cells(place.row, place.column);
     if (cell.Has_Messages || !noFileHolds(cell.Value)) return;
-    tell(grids, "The text " + quoted(grids, place) + " has a comma or \";\" in it. " + loss, {place});
+    const std::string text = "The text " + quoted(grids, place) + " has a comma or \";\" in it. " + loss;
+    const auto textNow = [grids, place, text] {
+        const Declara_Zorvane& document = grids.comm.document;
+        const bool stands = hasCell(document, place) &&
+                            noFileHolds(document.Fields(place.field).Cells(place.row, place.column).Value);
+        return stands ? text : "";
+    };
+    tell(grids, text, {place}, textNow);
 }
 
 void tellSavedTexts(const Grid_Context& grids) {

@@ -43,6 +43,15 @@ TEST_F(Unholdable_Text, a_committed_text_with_a_comma_or_semicolon_is_told) {
     EXPECT_EQ(said(), "The text \"a;b\" (Outputs, row 2, Remark) has a comma or \";\" in it." + loss);
 }
 
+TEST_F(Unholdable_Text, the_line_goes_with_the_text) {
+    type(1, 1, "a,b");
+    bar().review();
+    EXPECT_NE(said(), "");
+    document.Fields(1).Cells(1, 2).Value = "ab";
+    bar().review();
+    EXPECT_EQ(said(), "");
+}
+
 TEST_F(Unholdable_Text, replacing_it_puts_blanks_and_marks_the_document) {
     type(1, 1, "a,b;c");
     form.Dirty = false;

@@ -4,6 +4,7 @@
 #include "cells/cell_names.h"
 #include "comm/main_form/bar_topics.h"
 #include "grids/rules/cell_fill.h"
+#include "grids/rules/value_findings.h"
 #include "values/run_time_failure.h"
 
 #include <utility>
@@ -69,12 +70,28 @@ bool Unmarked_Change::changed() const {
 void Unmarked_Change::tell(Bar_Kind kind, const std::string& why) const {
     const Declara_Zorvane& document = grids_.comm.document;
     const std::string& now = document.Fields(field_).Cells(row_, col_ + 1).Value;
-    std::string text = cellName(document, field_, row_, col_ + 1) + ": " + why + quoted(before_) +
-                       " was there, " + quoted(now) + " is there";
-    text += grids_.comm.form.Dirty ? "." : ", and the document is not marked as changed.";
+    const std::string what = cellName(document, field_, row_, col_ + 1) + ": " + why + quoted(before_) +
+                             " was there, " + quoted(now) + " is there";
     std::vector<Bar_Button> buttons;
     if (!grids_.comm.form.Online) buttons.push_back(undoButton());
-    grids_.comm.mainForm.messageBar().tell({bar_topic::unmarkedChange, kind, text, std::move(buttons), true});
+    const auto textNow = [change = *this, what, put = now] {
+        return change.isThere(put) ? what + change.mark() : "";
+    };
+    grids_.comm.mainForm.messageBar().tell(
+        {bar_topic::unmarkedChange, kind, what + mark(), std::move(buttons), true, textNow});
+}
+
+/// Polling puts the controller's text for the same value, so online the line stays as it was told.
+bool Unmarked_Change::isThere(const std::string& put) const {
+    if (grids_.comm.form.Online) return true;
+    const Declara_Zorvane& document = grids_.comm.document;
+    const Cell_Place place{field_, row_, col_ + 1};
+    return document_.holds() && hasCell(document, place) &&
+           document.Fields(field_).Cells(row_, col_ + 1).Value == put;
+}
+
+std::string Unmarked_Change::mark() const {
+    return grids_.comm.form.Dirty ? "." : ", and the document is not marked as changed.";
 }
 
 Bar_Button Unmarked_Change::undoButton() const {

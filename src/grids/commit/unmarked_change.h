@@ -25,6 +25,10 @@ class Unmarked_Change {
     [[nodiscard]] bool changed() const;
     void tell(Bar_Kind kind, const std::string& why) const;
     [[nodiscard]] Bar_Button undoButton() const;
+    /// Whether the cell still holds what it was given.
+    [[nodiscard]] bool isThere(const std::string& put) const;
+    /// What is said of the document's mark, to the end of the sentence.
+    [[nodiscard]] std::string mark() const;
 
     Grid_Context grids_;
     Document_Mark document_;

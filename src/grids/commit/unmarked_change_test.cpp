@@ -124,6 +124,36 @@ TEST_F(Unmarked, OnlineThereIsNoUndo) {
               "document is not marked as changed.");
 }
 
+TEST_F(Unmarked, TheLineGoesWhenTheCellHoldsSomethingElse) {
+    type(1, 1, "abc");
+    mainForm.bar.review();
+    EXPECT_NE(line(), "none");
+    cell.Value = "7";
+    mainForm.bar.review();
+    EXPECT_EQ(line(), "none");
+}
+
+TEST_F(Unmarked, TheLineFollowsTheMark) {
+    type(1, 1, "abc");
+    form.Dirty = true;
+    mainForm.bar.review();
+    EXPECT_EQ(line(),
+              "warning: Timers, Delay: \"abc\" is no number. \"15\" was there, \"0\" is there. [Undo]");
+    form.Dirty = false;
+    mainForm.bar.review();
+    EXPECT_EQ(line(),
+              "warning: Timers, Delay: \"abc\" is no number. \"15\" was there, \"0\" is there, and the "
+              "document is not marked as changed. [Undo]");
+}
+
+TEST_F(Unmarked, WhileOnlineWhatPollingBringsTakesNoLineAway) {
+    form.Online = true;
+    type(1, 1, "abc");
+    cell.Value = "00";
+    mainForm.bar.review();
+    EXPECT_NE(line(), "none");
+}
+
 TEST_F(Unmarked, UndoLeavesACellThatHoldsSomethingElseByNow) {
     type(1, 1, "abc");
     const auto press = mainForm.bar.find("unmarked change")->buttons.at(0).press;

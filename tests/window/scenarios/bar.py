@@ -86,6 +86,22 @@ def a_comma_is_told_and_replaced_by_mouse(program):
     assert settings[0][REMARK] == "left  right", settings[0]
 
 
+def what_is_undone_is_no_longer_told(program):
+    _type_a_comma(program)
+    program.hands.keys("ctrl+z")
+    program.expect_title("site7.kvrt207d - Zorvane")
+    _expect_no_bar(program)
+    program.enter(0, VALUE, "1401")
+    program.message("The value is out of range (value range 800 to 1400)").answer("Ok")
+    told = 'Regulation, Set point: "1401" is out of range. "1125" was there, "1400" is there'
+    expect("the line", lambda: _line(program), ("Warning", told + ", and the document is not marked as changed."))
+    program.enter(2, VALUE, "30")
+    expect("the line in a document that is marked", lambda: _line(program), ("Warning", told + "."))
+    program.enter(0, VALUE, "1200")
+    program.expect_cell(0, VALUE, "1200")
+    _expect_no_bar(program)
+
+
 def a_comma_is_told_again_when_it_is_saved(program):
     _type_a_comma(program)
     program.hands.click(program.window.named("BAR_1_Close"))

@@ -192,6 +192,8 @@ void Edit_Windows::refresh() {
         window_.menu().action(QStringLiteral("MNU_MarkChanged")).setChecked(marksChangedCells(app_));
         window_.menu().action(QStringLiteral("MNU_MarkDifferences")).setChecked(marks_.on());
         refreshChangedCount(app_);
+        marks_.refresh();
+        app_.mainForm.messageBar().review();
         Find_Window* const find = findWindow_.data();
         if (find == nullptr || !find->isVisible()) return;
         // A transfer goes by the grids' rows, which a found cell would move.
