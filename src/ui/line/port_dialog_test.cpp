@@ -312,6 +312,30 @@ TEST_F(Port_Dialog_Test, ProposesATimeOutAndEntersItAtOneClick) {
     EXPECT_EQ(verdict(), "Good: Unit 7 answered after 20 ms.");
 }
 
+/// The line may have been another one.
+TEST_F(Port_Dialog_Test, AnswerTimesTakeTheResultOfAnEarlierTestAway) {
+    chosen.adapterEchoes = false;
+    chosen.slave = 7;
+    make();
+    port.onOpen = [](const std::string&) {
+        return Port_Opening{false, "No such port: plug the adapter in."};
+    };
+    press("BOT_Test");
+    clock.runFor(microsPerSecond);
+    EXPECT_NE(verdict(), "");
+    port.onOpen = {};
+    Toy_Slave slave(7);
+    port.onWrite = [&](const Byte_Array& request) {
+        clock.in(20 * microsPerMs, [this, answer = slave.answer(request)] { port.deliver(answer); });
+    };
+    press("BOT_Times");
+    EXPECT_EQ(verdict(), "");
+    clock.runFor(60 * microsPerSecond);
+    EXPECT_TRUE(QTest::qWaitFor([this] { return at<QPushButton>("BOT_Copy").isEnabled(); }));
+    press("BOT_Copy");
+    EXPECT_EQ(QGuiApplication::clipboard()->text().left(5), "Port ");
+}
+
 TEST_F(Port_Dialog_Test, ProposesNoTimeOutWhereTheTemplatesIsInForce) {
     chosen.adapterEchoes = false;
     chosen.slave = 7;

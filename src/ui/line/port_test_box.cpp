@@ -40,9 +40,12 @@ Port_Test_Box::Port_Test_Box(Port_Test_Services services) : services_(std::move(
     testButton_ =
         &addButton(*column, "BOT_Test", QStringLiteral("&Test"),
                    QStringLiteral("Reads one register with what is entered"), [this] { startOrStop(); });
-    timesButton_ = &addButton(*column, "BOT_Times", QStringLiteral("Ans&wer Times"),
-                              QStringLiteral("Reads one register fifty times and proposes a time-out"),
-                              [this] { startVisit(); });
+    timesButton_ =
+        &addButton(*column, "BOT_Times", QStringLiteral("Ans&wer Times"),
+                   QStringLiteral("Reads one register fifty times and proposes a time-out"), [this] {
+                       verdict_->clear(); // it may be of other settings
+                       startVisit();
+                   });
     timeOutButton_ = &addButton(*column, "BOT_TimeOut", QStringLiteral("Ta&ke Time-out"),
                                 QStringLiteral("Enters the time-out that the answer times suggest"),
                                 [this] { takeTimeOut(); });
@@ -169,7 +172,8 @@ void Port_Test_Box::stop() {
 void Port_Test_Box::takeTimeOut() { services_.takeTimeOut(proposedTimeOutMs_); }
 
 void Port_Test_Box::copyReport() const {
-    QApplication::clipboard()->setText(verdict_->toPlainText() + QStringLiteral("\n\n") +
+    const QString verdict = verdict_->toPlainText();
+    QApplication::clipboard()->setText((verdict.isEmpty() ? QString() : verdict + QStringLiteral("\n\n")) +
                                        fromReport(report_));
 }
 
