@@ -20,6 +20,11 @@ bool isTyping(const QKeyEvent& key) {
     return !key.text().isEmpty() && key.text().at(0).isPrint() && !(key.modifiers() & commands);
 }
 
+/// Qt itself knows only the menu key on this platform.
+bool asksForMenu(const QKeyEvent& key) {
+    return key.key() == Qt::Key_F10 && key.modifiers() == Qt::ShiftModifier;
+}
+
 /// Whoever keeps a place keeps it in 16 bits, and a wide screen has more twips than those hold.
 float keptPlace(double twips) {
     using Kept = std::numeric_limits<std::int16_t>;
@@ -185,6 +190,7 @@ void Flex_Grid_View::keyPressEvent(QKeyEvent* event) {
     if (isEditing()) return event->ignore(); // a key that the editor has no use for
     flush();
     standOnLastCell();
+    if (asksForMenu(*event)) return openMenuByKey();
     if (event->matches(QKeySequence::Copy)) return copySelection();
     if (event->matches(QKeySequence::Paste)) return paste();
     if (handleEditKey(event)) return;

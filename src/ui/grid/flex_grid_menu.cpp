@@ -46,6 +46,12 @@ void Flex_Grid_View::fillMenu(QMenu& menu) {
     if (events.ContextMenu) events.ContextMenu(menu);
 }
 
+void Flex_Grid_View::openMenuByKey() {
+    const QPoint place = visualRect(currentIndex()).bottomLeft();
+    QContextMenuEvent wish(QContextMenuEvent::Keyboard, place, viewport()->mapToGlobal(place));
+    contextMenuEvent(&wish);
+}
+
 /// Where the pointer is, or at the current cell when a key asked for it.
 void Flex_Grid_View::contextMenuEvent(QContextMenuEvent* event) {
     if (isEditing()) return;

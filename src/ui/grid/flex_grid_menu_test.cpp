@@ -69,6 +69,18 @@ TEST_F(Grid_Menu, AGridOfRowsOnlyCopies) {
     EXPECT_EQ(shown.actions().constFirst()->objectName(), "GRID_Copy");
 }
 
+TEST_F(Grid_Menu, ShiftAndF10OpenItToo) {
+    show();
+    grid->setRow(1);
+    grid->setCol(0);
+    QTest::keyClick(view, Qt::Key_F10, Qt::ShiftModifier);
+    menu = view->findChild<QMenu*>(QStringLiteral("GRID_Menu"));
+    ASSERT_NE(menu, nullptr);
+    EXPECT_TRUE(menu->isVisible());
+    menu->close();
+    EXPECT_FALSE(view->isEditing());
+}
+
 TEST_F(Grid_Menu, TheOwnerAddsEntries) {
     view->events.ContextMenu = [](QMenu& shown) { shown.addAction(QStringLiteral("Ours")); };
     EXPECT_EQ(open().actions().constLast()->text(), "Ours");

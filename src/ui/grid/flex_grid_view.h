@@ -140,6 +140,7 @@ class Flex_Grid_View final : public QTableView {
     enum class Edit_Start { All, AtEnd, Empty };
 
     void fillMenu(QMenu& menu);
+    void openMenuByKey();
     void scheduleFlush();
     void flushSizes();
     void flushColumns();
