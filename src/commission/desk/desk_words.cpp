@@ -164,9 +164,11 @@ std::string sumLine(const Desk_State& state) {
     if (state.stage == Desk_Stage::Ended) return state.counts.rows() == 0 ? "" : countsText(state.counts);
     if (state.stage != Desk_Stage::Ready && state.stage != Desk_Stage::Sending) return "";
     const Row_Counts counts = countsOf(state.rows);
-    std::string text = counted(counts.rows(), "value: ", "values: ") + std::to_string(counts.ticked) +
-                       " with a tick, " + std::to_string(counts.unticked) + " without, " +
-                       std::to_string(counts.impossible) + " can't be sent. ";
+    const std::string chosen = state.task == Desk_Task::Send
+                                   ? " with a tick, " + std::to_string(counts.unticked) + " without, "
+                                   : std::string(counts.ticked == 1 ? " goes out, " : " go out, ");
+    const std::string text = counted(counts.rows(), "value: ", "values: ") + std::to_string(counts.ticked) +
+                             chosen + std::to_string(counts.impossible) + " can't be sent. ";
     return text + counted(state.writes, "write", "writes") + ".";
 }
 

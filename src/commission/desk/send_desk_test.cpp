@@ -358,6 +358,7 @@ TEST(SendDesk, RestorePutsBackOneRunAfterTheOther) {
     bench.desk().restoreLast();
     EXPECT_EQ(bench.stage(), Desk_Stage::Ready);
     EXPECT_THAT(bench.rows(), ElementsAre("Settings/Level/Value: 50 -> -5 +"));
+    EXPECT_EQ(sumLine(bench.desk().state()), "1 value: 1 goes out, 0 can't be sent. 1 write.");
     EXPECT_EQ(headline(bench.desk().state()),
               "These values are put back as they were before the send, in reverse order.");
     bench.desk().act();
@@ -388,6 +389,10 @@ TEST(SendDesk, AnInterruptedRunIsOfferedAndGoneOnWith) {
     bench.desk().resumeInterrupted();
     EXPECT_EQ(bench.stage(), Desk_Stage::Ready);
     EXPECT_EQ(headline(bench.desk().state()), "These values of the interrupted send are still to go out.");
+    const std::string rest = std::to_string(bench.desk().state().rows.size());
+    EXPECT_THAT(sumLine(bench.desk().state()),
+                ::testing::StartsWith(rest + " values: " + rest + " go out, 0 can't be sent. "))
+        << "there is no tick in that table";
     bench.desk().act();
     EXPECT_EQ(bench.desk().state().step, Step::Good);
     EXPECT_EQ(bench.desk().state().counts.of(Value_State::Verified), 8U);
