@@ -402,7 +402,7 @@ def surveying(program, visit):
     program.choose("Communication", "Port Settings...")
     dialog = program.dialog("PortSettings")
     dialog.press("Test")
-    wait_for("the sentence", lambda: dialog.part.named("TXT_Diagnosis").text.startswith("The controller's number"), 60)
+    wait_for("the sentence", lambda: "doesn't answer, but unit" in dialog.part.named("TXT_Diagnosis").text, 60)
     visit("doctor", dialog.part)
     dialog.press("Network...")
     form = program.dialog("NetworkPort")
