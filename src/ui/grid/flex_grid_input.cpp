@@ -217,7 +217,9 @@ void Flex_Grid_View::keyReleaseEvent(QKeyEvent* event) {
 bool Flex_Grid_View::focusNextPrevChild(bool next) {
     const bool leaves =
         !editable_ || !currentIndex().isValid() || !nextSeen(currentIndex(), next ? 1 : -1, true).isValid();
-    return leaves ? QWidget::focusNextPrevChild(next) : QTableView::focusNextPrevChild(next);
+    if (!leaves) return QTableView::focusNextPrevChild(next);
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): the table's own goes on to the next cell
+    return QWidget::focusNextPrevChild(next);
 }
 
 void Flex_Grid_View::tellMouse(const Flex_Grid_Events::Mouse& handler, const QMouseEvent& event,

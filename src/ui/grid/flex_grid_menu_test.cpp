@@ -9,6 +9,8 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 
+#include <gmock/gmock.h>
+
 namespace zorvane::ui {
 namespace {
 

@@ -85,34 +85,36 @@ TEST_F(Port_Dialog_Test, FitsOnASmallScreen) {
 
 TEST_F(Port_Dialog_Test, SaysWhatEachSettingIs) {
     make();
-    EXPECT_EQ(doubles::captions(*dialog),
-              (std::vector<std::string>{
-                  "Port",
-                  "&Port:",
-                  "FT232R USB UART",
-                  "&Network...|A port on a network, by host and port",
-                  "&Slave number:",
-                  "Line, as the controller has it",
-                  "&Baud:",
-                  "P&arity:",
-                  "&Data bits:",
-                  "Stop b&its:",
-                  "Exchange",
-                  "&Retries:",
-                  "Time-o&ut:",
-                  "Time-out in force: 600 ms, from the template; the 750 ms here don't count.\n"
-                  "Pause between requests: 20 ms, from the template.",
-                  "RS-485",
-                  "RTS &mode:",
-                  "Dela&y before sending:",
-                  "Adapter &echoes|The adapter repeats what is sent",
-                  "&Test|Reads one register with what is entered",
-                  "Ans&wer Times|Reads one register fifty times and proposes a time-out",
-                  "Ta&ke Time-out|Enters the time-out that the answer times suggest",
-                  "&Copy Report|Copies what was tried and what came of it",
-                  "OK",
-                  "Cancel"}));
+    const std::string inForce = "Time-out in force: 600 ms, from the template; the 750 ms here don't count.\n"
+                                "Pause between requests: 20 ms, from the template.";
+    EXPECT_EQ(
+        doubles::captions(*dialog),
+        (std::vector<std::string>{"Port",
+                                  "&Port:",
+                                  "FT232R USB UART",
+                                  "&Network...|A port on a network, by host and port",
+                                  "&Slave number:",
+                                  "Line, as the controller has it",
+                                  "&Baud:",
+                                  "P&arity:",
+                                  "&Data bits:",
+                                  "Stop b&its:",
+                                  "Exchange",
+                                  "&Retries:",
+                                  "Time-o&ut:",
+                                  inForce,
+                                  "RS-485",
+                                  "RTS &mode:",
+                                  "Dela&y before sending:",
+                                  "Adapter &echoes|The adapter repeats what is sent",
+                                  "&Test|Reads one register with what is entered",
+                                  "Ans&wer Times|Reads one register fifty times and proposes a time-out",
+                                  "Ta&ke Time-out|Enters the time-out that the answer times suggest",
+                                  "&Copy Report|Copies what was tried and what came of it",
+                                  "OK",
+                                  "Cancel"}));
     std::vector<std::string> modes;
+    modes.reserve(3);
     for (int entry = 0; entry < at<QComboBox>("CMB_Rts").count(); ++entry)
         modes.push_back(at<QComboBox>("CMB_Rts").itemText(entry).toStdString());
     EXPECT_EQ(modes, (std::vector<std::string>{"None: the adapter itself, or RS-232",
