@@ -35,7 +35,7 @@ Rtu_Transaction::~Rtu_Transaction() { port_.setListener(nullptr); }
 
 void Rtu_Transaction::setLine(const Port_Settings& settings, const Framing& framing) {
     if (settings.port != settings_.port || !(settings.line == settings_.line))
-        learntEcho_ = learntPace_ = writeDoubled_ = false;
+        learntEcho_ = learntPace_ = learntFast_ = writeDoubled_ = false;
     settings_ = settings;
     framing_ = &framing;
     silence_ = onLine() ? frameSilence(settings.line) : 0;
@@ -50,7 +50,7 @@ void Rtu_Transaction::setWaits(Micros pause, Micros timeOut) {
 void Rtu_Transaction::lineOpened() {
     lastActivity_ = clock_.now();
     quiet_ = silence_;
-    learntPace_ = false;
+    learntPace_ = learntFast_ = false;
 }
 
 void Rtu_Transaction::submit(Rtu_Request request, Line_Care care) {

@@ -128,6 +128,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void succeed(const Finding& finding);
     void fail(std::string fault, bool mayAnswerLater);
     void giveUpWaiting();
+    void learnSpeed(const Finding& finding, Byte_View frame);
     void remember(const Finding& finding);
     void learnEcho(std::size_t answerAt);
     void learnPace();
@@ -171,6 +172,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     Micros timeOut_ = 0;
     bool learntEcho_ = false;
     bool writeDoubled_ = false; ///< the last single write came back twice
+    bool learntFast_ = false;   ///< the line brings answers before their requests are out by its baud rate
     bool learntPace_ = false;   ///< the line hands over bytes one by one, as slowly as the baud rate says
 
     State state_ = State::Idle;

@@ -87,10 +87,12 @@ void Rtu_Transaction::expectCopies(Byte_View bytes) {
 /// registers.
 void Rtu_Transaction::listenOrSucceed(Finding finding) {
     using Copy = Answered_Requests::Copy;
+    answered_.forgetPast(clock_.now());
     const Byte_View frame = receivedBytes().subspan(finding.offset, finding.length);
     const Copy copy = answered_.mayBeCopy(result_.request, frame);
     const std::uint16_t count = result_.request.count;
-    const bool early = listenUntil_ != 0 ? early_ : answered_.tooEarly(count, clock_.now() - txEnd_);
+    const Micros took = clock_.now() - txEnd_;
+    const bool early = listenUntil_ != 0 ? early_ : !learntFast_ && answered_.tooEarly(count, took);
     if (copy == Copy::No || (copy == Copy::OfOwn && !early)) return succeed(finding);
     if (listenUntil_ == 0) {
         early_ = early;
@@ -108,6 +110,14 @@ void Rtu_Transaction::listenOrSucceed(Finding finding) {
     fail("only the copy of an earlier answer", true);
 }
 
+/// A line that brings what never came before, and before its request was out by the baud rate, is faster than
+/// that: a pseudo-terminal, a gateway. On it an early answer is no copy for that.
+void Rtu_Transaction::learnSpeed(const Finding& finding, Byte_View frame) {
+    const bool isRead = result_.request.function == Function_Code::ReadHoldingRegisters;
+    const bool isNew = answered_.mayBeCopy(result_.request, frame) == Answered_Requests::Copy::No;
+    if (isRead && isNew && !finding.answer.exception && clock_.now() < txEnd_) learntFast_ = true;
+}
+
 /// Of a try that was answered: what may still come after it.
 void Rtu_Transaction::remember(const Finding& finding) {
     const Micros now = clock_.now();
@@ -115,6 +125,7 @@ void Rtu_Transaction::remember(const Finding& finding) {
     expectCopies(receivedBytes().subspan(finding.offset - result_.noise, result_.noise));
     const Micros over = now + timeOutsUntilOver * timeOut_;
     const Byte_View frame = receivedBytes().subspan(finding.offset, finding.length);
+    learnSpeed(finding, frame);
     late_.forgetPast(now);
     late_.answered(result_.request, over);
     const bool another = finding.answer.exception && late_.expectsRefusal(result_.request);

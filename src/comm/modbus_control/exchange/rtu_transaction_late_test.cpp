@@ -147,6 +147,33 @@ TEST_F(RtuTransactionLate, AfterANoisyCopyOfAnEarlierAnswerTheOwnOneMayTakeItsWh
     EXPECT_EQ(recorder.results[1].answer->registers, (std::vector<std::uint16_t>{9, 9}));
 }
 
+TEST_F(RtuTransactionLate, OnALineFasterThanItsBaudRateAnEarlyAnswerIsNoCopy) {
+    begin(readRequest(1, 100, 3));
+    clock.runFor(requestTime - 1);
+    port.deliver(withCrc(bytesOf("01 03 06 00 01 00 02 00 03")));
+    begin(read);
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(answer);
+    begin(readRequest(1, 500, 2));
+    clock.runFor(requestTime - 1);
+    port.deliver(answer);
+    clock.runFor(10 * ms);
+    ASSERT_EQ(recorder.results.size(), 3U);
+    EXPECT_EQ(recorder.results[2].answer->registers, (std::vector<std::uint16_t>{7, 8}));
+}
+
+TEST_F(RtuTransactionLate, AnAnswerThatWasOneLongAgoIsNoCopy) {
+    begin(read);
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(answer);
+    clock.runFor(microsPerSecond);
+    begin(readRequest(1, 500, 2));
+    clock.runFor(requestTime - 1);
+    port.deliver(answer);
+    ASSERT_EQ(recorder.results.size(), 2U);
+    EXPECT_EQ(recorder.results[1].answer->registers, (std::vector<std::uint16_t>{7, 8}));
+}
+
 TEST_F(RtuTransactionLate, AnAbandonedRequestKeepsTheLineUntilItsAnswerCame) {
     begin(read);
     clock.runFor(requestTime + 5 * ms);
