@@ -46,19 +46,22 @@ struct Row_Bench {
         }
     }
 
+    [[nodiscard]] Session session() {
+        return Session({toy, runs, clock, {}, {}, {}}, {bench.document,
+                                                        section,
+                                                        {"/t", "aa"},
+                                                        {"/d", "bb"},
+                                                        "controller.ROW",
+                                                        "line",
+                                                        1,
+                                                        {},
+                                                        2,
+                                                        "test"});
+    }
     [[nodiscard]] Session_End send() {
-        Session session({toy, runs, clock, {}, {}, {}}, {bench.document,
-                                                         section,
-                                                         {"/t", "aa"},
-                                                         {"/d", "bb"},
-                                                         "controller.ROW",
-                                                         "line",
-                                                         1,
-                                                         {},
-                                                         2,
-                                                         "test"});
-        const Controller_Look look = session.look();
-        return session.send(session.plan(look, {}), look);
+        Session at = session();
+        const Controller_Look look = at.look();
+        return at.send(at.plan(look, {}), look);
     }
     /// The events of the journal, "w" for a write's intent and "i" for the question who is there.
     [[nodiscard]] std::string story() {
@@ -155,6 +158,22 @@ TEST(SendingRules, TheJournalTellsEachStepInItsOrder) {
         {"event": "answer", "write": 1, "end": "refused", "fault": "exception 3"},
         {"event": "identity", "verdict": "is", "why": ""},
         {"event": "end", "end": "finished", "why": "", "verified": [0]}])j"));
+}
+
+TEST(SendingRules, TheJournalTellsOfAWriteThatWasTakenBackUnsent) {
+    Row_Bench bench(1);
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    bench.toy.strikeAt(bench.toy.requests() + 1, Strike::Cancel); // after the question who is there
+    const Session_End end = session.send(session.plan(look, {}), look);
+    EXPECT_EQ(end.why, "Stopped.");
+    EXPECT_EQ(bench.journal(), Json::parse(R"j([
+        {"event": "begin", "unit": 1, "writes": 1},
+        {"event": "identity", "verdict": "is", "why": ""},
+        {"event": "write", "write": 0, "unit": 1, "function": 6, "address": 100, "values": [1]},
+        {"event": "answer", "write": 0, "end": "not sent"},
+        {"event": "end", "end": "interrupted", "why": "Stopped.", "verified": []}])j"));
+    EXPECT_EQ(bench.toy.registers.at(100), 0);
 }
 
 // What a refusal leads to.
@@ -382,6 +401,22 @@ TEST(SendingRules, ABlockOfWhichAnotherRegisterChangedSinceTheKeptPlanIsntSent) 
     const Session_End end = session.send(plan, look);
     EXPECT_EQ(end.step, Step::Incomplete);
     EXPECT_EQ(end.report.rows.at(0).answer, "register 12 of its block was 3 and is 33 now");
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(SendingRules, ABlockThatCantBeReadJustBeforeItsWriteIsntSent) {
+    Board_Bench bench;
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    int requests = 0; // who is there, then the block
+    bench.toy.onRequest = [&] {
+        bench.toy.unreadable.clear();
+        if (++requests == 2) bench.toy.unreadable = {12};
+    };
+    const Session_End end = session.send(session.plan(look, {}), look);
+    EXPECT_EQ(end.step, Step::Incomplete);
+    EXPECT_EQ(end.report.counts.of(Value_State::Not_Sent), 1U);
+    EXPECT_EQ(end.report.rows.at(0).answer, "its registers couldn't be read just before: exception 2");
     EXPECT_EQ(bench.toy.writes, 0);
 }
 

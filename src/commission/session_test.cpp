@@ -384,6 +384,14 @@ TEST(Session, ThePlanOfARunTellsWhoWasThereAndOnWhichLine) {
     EXPECT_EQ(back.before, (std::map<std::int32_t, std::uint16_t>{{11, 50}}));
 }
 
+TEST(Session, ARunTellsByWhichAdapterItWentOut) {
+    Session_Bench bench;
+    bench.adapter = "FT232R, serial number A50285BI";
+    bench.set(1, 2, 2, "50");
+    const std::string run = bench.send().run;
+    EXPECT_EQ(readRun(bench.runs, run)->head.adapter, "FT232R, serial number A50285BI");
+}
+
 TEST(Session, ARegisterThatSomebodyElseChangedStopsTheRestoration) {
     Session_Bench bench;
     bench.changeMuch();

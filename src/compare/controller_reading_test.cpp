@@ -108,6 +108,15 @@ TEST_F(ControllerReading, ALookTellsHowFarItIs) {
     EXPECT_EQ(reader.requests.front(), "1: 19-19");
 }
 
+TEST_F(ControllerReading, ALookThatNeedsFewerRequestsEndsWithAllOfThem) {
+    reader.ends[30] = Unit_End::Refused; // not asked for again
+    std::string told;
+    (void)lookAt(question(), [&](std::size_t done, std::size_t all) {
+        told += std::to_string(done) + "/" + std::to_string(all) + " ";
+    });
+    EXPECT_EQ(told, "0/4 1/4 2/4 2/4 4/4 ");
+}
+
 TEST_F(ControllerReading, ALookWithoutMarksJudgesByTheCells) {
     EXPECT_EQ(lookAt(question()).identity.verdict, Verdict::Cant_Tell);
     reader.registers[10] = 9;
@@ -209,6 +218,14 @@ TEST_F(ControllerReading, ALostPortIsNoAnswer) {
     const Identity_Result result = askWhoIsThere(question());
     EXPECT_EQ(result.end, Reading_End::Port_Lost);
     EXPECT_EQ(result.identity.verdict, Verdict::Cant_Tell);
+}
+
+TEST_F(ControllerReading, APortLostAtTheObjectsSaysWhy) {
+    section = readIdentity("[IDENTITY]\nOBJECTS=YES\nOBJECT_1=PUMP\n");
+    reader.objectsEnd = Unit_End::PortLost;
+    const Identity_Result result = askWhoIsThere(question());
+    EXPECT_EQ(result.end, Reading_End::Port_Lost);
+    EXPECT_EQ(result.fault, "told so");
 }
 
 } // namespace

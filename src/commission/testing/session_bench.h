@@ -32,6 +32,7 @@ struct Session_Bench {
         document.stray = stray;
         document.port = portName;
         document.line = lineSettings;
+        document.adapter = adapter;
         return Session(
             {toy, runs, clock, {}, {}, {}, [this](const std::string& why) { waited.push_back(why); }},
             std::move(document));
@@ -78,6 +79,7 @@ struct Session_Bench {
     std::map<Cell_Place, std::string> stray;
     std::string portName = "line";
     Line_Settings lineSettings;
+    std::string adapter;
     std::vector<std::string> waited; ///< why a controller was waited for
 };
 

@@ -28,6 +28,7 @@ class Toy_Controller final : public Unit_Writer {
         Unplug_After,
         Power_Cut, ///< taken or not, and silent for a while
         Exchange,  ///< another controller is there from here on
+        Cancel,    ///< somebody ends it before the request is out
     };
 
     [[nodiscard]] Unit_Answer read(std::int32_t unit, std::int32_t first, std::int32_t count) override {
@@ -121,6 +122,8 @@ class Toy_Controller final : public Unit_Writer {
         if (struck_ == Strike::Exchange) exchanged_ = true;
         Unit_Answer answer;
         answer.at = now_;
+        answer.end = Unit_End::Cancelled;
+        if (struck_ == Strike::Cancel) return answer;
         answer.requests = 1;
         if (struck_ == Strike::Unplug_Before) open_ = false;
         if (!open_) return lost(answer, struck_ == Strike::Unplug_Before ? 1 : 0);

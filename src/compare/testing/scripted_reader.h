@@ -39,6 +39,7 @@ class Scripted_Reader : public Unit_Reader {
         answer.end = objectsEnd;
         if (objectsEnd == Unit_End::Answered) answer.objects = objects;
         if (objectsEnd == Unit_End::Refused) answer.exception = 1;
+        if (objectsEnd == Unit_End::PortLost) answer.fault = "told so";
         return answer;
     }
     void pause(Micros span) override {
