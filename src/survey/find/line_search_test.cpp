@@ -57,8 +57,8 @@ TEST(LineSearch, TakesAsLongAsItsWaits) {
     EXPECT_EQ(run.report.requests, 20U);
     EXPECT_TRUE(run.report.found.empty());
     // 1.5 s of listening, 20 requests of 8.3 ms with 100 ms each, and a second for a slow answer to the last.
-    EXPECT_GE(run.report.duration, 1500 * ms + 20 * 108 * ms + 1000 * ms);
-    EXPECT_LE(run.report.duration, 1500 * ms + 20 * 114 * ms + 1000 * ms);
+    EXPECT_GE(run.report.duration, 1500 * ms + 20 * (108 * ms) + 1000 * ms);
+    EXPECT_LE(run.report.duration, 1500 * ms + 20 * (114 * ms) + 1000 * ms);
 }
 
 TEST(LineSearch, TriesLikelySettingsInOrderWithTwoStopBits) {

@@ -120,7 +120,7 @@ class Rtu_Transaction final : private Byte_Port_Listener {
     void lowerRts();
 
     void evaluate();
-    void listenOrSucceed(Finding finding);
+    void listenOrSucceed(const Finding& finding);
     bool skipLateAnswer();
     [[nodiscard]] std::optional<std::size_t> searchStart() const;
     void settle();

@@ -85,7 +85,7 @@ void Rtu_Transaction::expectCopies(Byte_View bytes) {
 /// time, to one of the same when it comes before the request is out. Then the true one comes at its usual
 /// time. What came before the request was out, or beside other bytes, is never taken for a read of other
 /// registers.
-void Rtu_Transaction::listenOrSucceed(Finding finding) {
+void Rtu_Transaction::listenOrSucceed(const Finding& finding) {
     using Copy = Answered_Requests::Copy;
     answered_.forgetPast(clock_.now());
     const Byte_View frame = receivedBytes().subspan(finding.offset, finding.length);
