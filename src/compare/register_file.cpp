@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include <charconv>
+#include <set>
 
 namespace zorvane::compare {
 
@@ -25,15 +26,32 @@ std::uint16_t registerValue(const std::string& number, const nlohmann::json& val
     return value.get<std::uint16_t>();
 }
 
+/// An object that names a key twice keeps the last of its values only, so that keys are looked at on the way.
+nlohmann::json parsedWithKeysOnce(const std::string& text) {
+    std::set<std::string> keys;
+    std::string twice;
+    const auto look = [&](int depth, nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
+        if (event != nlohmann::json::parse_event_t::key || depth != 1) return true;
+        const auto key = parsed.get<std::string>();
+        if (!keys.insert(key).second && twice.empty()) twice = key;
+        return true;
+    };
+    auto document = nlohmann::json::parse(text, look, false);
+    if (document.is_object() && !twice.empty())
+        throw Bad_Register_File("register \"" + twice + "\" stands there twice");
+    return document;
+}
+
 } // namespace
 
 Register_Values parseRegisters(const std::string& json) {
-    const auto document = nlohmann::json::parse(json, nullptr, false);
+    const auto document = parsedWithKeysOnce(json);
     if (!document.is_object())
         throw Bad_Register_File("not a JSON object of the form {\"address\": value, ...}");
     Register_Values registers;
     for (const auto& [number, value] : document.items())
-        registers[registerNumber(number)] = registerValue(number, value);
+        if (!registers.emplace(registerNumber(number), registerValue(number, value)).second)
+            throw Bad_Register_File("register \"" + number + "\" stands there twice");
     return registers;
 }
 

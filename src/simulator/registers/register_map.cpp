@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include <charconv>
+#include <set>
 #include <stdexcept>
 
 namespace zorvane::simulator {
@@ -28,15 +29,35 @@ std::uint16_t registerValue(const std::string& address, const nlohmann::json& va
     return value.get<std::uint16_t>();
 }
 
+[[noreturn]] void refuseTwice(const std::string& address) {
+    throw std::runtime_error("register \"" + address + "\" stands there twice");
+}
+
+/// The document; of an address that it names twice the last value alone would be left.
+nlohmann::json documentNamingEachOnce(const std::string& json) {
+    std::set<std::string> addresses;
+    std::string twice;
+    const auto look = [&](int depth, nlohmann::json::parse_event_t event, const nlohmann::json& parsed) {
+        if (event != nlohmann::json::parse_event_t::key || depth != 1) return true;
+        const auto address = parsed.get<std::string>();
+        if (!addresses.insert(address).second && twice.empty()) twice = address;
+        return true;
+    };
+    auto document = nlohmann::json::parse(json, look, false);
+    if (document.is_object() && !twice.empty()) refuseTwice(twice);
+    return document;
+}
+
 } // namespace
 
 void applyRegisterJson(const std::string& json, Register_Map& map) {
-    const auto document = nlohmann::json::parse(json, nullptr, false);
+    const auto document = documentNamingEachOnce(json);
     if (!document.is_object())
         throw std::runtime_error("not a JSON object of the form {\"address\": value, …}");
     std::map<std::int32_t, std::uint16_t> read;
     for (const auto& [address, value] : document.items())
-        read[registerNumber(address, map)] = registerValue(address, value);
+        if (!read.emplace(registerNumber(address, map), registerValue(address, value)).second)
+            refuseTwice(address);
     for (const auto& [number, value] : read)
         map.values[number] = value;
 }

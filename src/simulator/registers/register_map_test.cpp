@@ -41,5 +41,10 @@ TEST(RegisterJson, SaysWhatIsWrong) {
     EXPECT_EQ(complaint(R"({"100000": 1})", 40001), "accepted");
 }
 
+TEST(RegisterJson, ARegisterThatStandsThereTwiceIsNamed) {
+    EXPECT_EQ(complaint(R"({"100": 5, "101": 7, "100": 6})"), "register \"100\" stands there twice");
+    EXPECT_EQ(complaint(R"({"0100": 5, "100": 6})"), "register \"100\" stands there twice");
+}
+
 } // namespace
 } // namespace zorvane::simulator
