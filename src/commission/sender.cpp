@@ -60,13 +60,21 @@ class Sender {
         for (const Line_Change& change : order_.lineChanges) {
             const bool open = record(change.write).progress == Write_Progress::Waiting;
             if (!open || !change.unit || *change.unit == way_.unit) continue;
-            const Unit_Answer answer = read(*change.unit, write(change.write).address, 1);
+            Unit_Answer answer = read(*change.unit, write(change.write).address, 1);
+            if (answer.end == Unit_End::PortLost) { // nobody heard the question
+                if (askQuestion() == Next::Stop) return Next::Stop;
+                answer = read(*change.unit, write(change.write).address, 1);
+            }
             const bool answered = answer.good() || answer.end == Unit_End::Refused || answer.damaged > 0;
             if (answered)
                 return stop(Send_End::Unit_Taken,
                             "Unit " + std::to_string(*change.unit) +
                                 " answers already, so the controller can't get this number.");
             if (answer.end == Unit_End::Cancelled) return stop(Send_End::Interrupted, "Stopped.");
+            if (answer.end != Unit_End::Silent)
+                return stop(Send_End::Interrupted, "Whether somebody answers to unit " +
+                                                       std::to_string(*change.unit) +
+                                                       " already couldn't be asked: " + answer.fault);
         }
         return Next::Go_On;
     }

@@ -263,6 +263,35 @@ TEST(SendingRules, TheNewUnitNumberIsAskedBeforeTheFirstWriteAndTheLinkGoesLast)
     EXPECT_EQ(bench.toy.askedUnits.at(firstWrite - 1), 7);
 }
 
+TEST(SendingRules, TheNewUnitNumberIsAskedAgainWhenThePortWasLostMeanwhile) {
+    Session_Bench bench(doubles::pumpIdentity + "LINK=unit:19\n");
+    bench.set(1, 10, 2, "7");
+    bench.toy.units = {1, 7};
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    const Plan plan = session.plan(look, Chosen_Cells::these({{1, 10, 2}}));
+    bench.toy.strikeAt(bench.toy.requests() + 1, Strike::Unplug_Before); // after the question who is there
+    const Session_End end = session.send(plan, look);
+    EXPECT_EQ(end.step, Step::Failed);
+    EXPECT_EQ(end.why, "Unit 7 answers already, so the controller can't get this number.");
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
+TEST(SendingRules, ANewUnitNumberThatCouldntBeAskedIsntSent) {
+    Session_Bench bench(doubles::pumpIdentity + "LINK=unit:19\n");
+    bench.set(1, 10, 2, "7");
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    const Plan plan = session.plan(look, Chosen_Cells::these({{1, 10, 2}}));
+    bench.toy.onRequest = [&] { // the port goes at each request for the new number
+        if (bench.toy.askedUnits.back() == 7) bench.toy.strikeAt(bench.toy.requests(), Strike::Unplug_Before);
+    };
+    const Session_End end = session.send(plan, look);
+    EXPECT_EQ(end.step, Step::Failed);
+    EXPECT_EQ(end.why, "Whether somebody answers to unit 7 already couldn't be asked: port lost");
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
 TEST(SendingRules, AfterTheNewUnitNumberNewAndOldAreAskedInTurnForTenSeconds) {
     Session_Bench bench(doubles::pumpIdentity + "LINK=unit:19\n");
     bench.set(1, 10, 2, "7");
