@@ -23,8 +23,15 @@ std::optional<Followed_Line> followLine(Unit_Writer& line, const Unit_Read& read
     const Micros until = line.now() + span;
     for (bool isFresh = true; line.now() < until && !isStopped(); isFresh = !isFresh) {
         const Line_Way& way = isFresh ? fresh : old;
-        if (!line.setLine(way.line)) continue;
+        if (!line.setLine(way.line)) {
+            line.pause(betweenTurns);
+            continue;
+        }
         const Unit_Answer there = read(way.unit, write.address, 1);
+        if (there.end == Unit_End::PortLost) { // such an end comes at once
+            line.pause(betweenTurns);
+            (void)line.openAgain();
+        }
         if (!there.good()) continue;
         if (samePart(write.parts.front(), write.values.front(), there.values.front()))
             return Followed_Line{way, isFresh};

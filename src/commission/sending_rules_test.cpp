@@ -312,6 +312,19 @@ TEST(SendingRules, AfterTheNewUnitNumberNewAndOldAreAskedInTurnForTenSeconds) {
               (std::vector<std::int32_t>{7, 1, 7, 1}));
 }
 
+TEST(SendingRules, APortThatIsLostAfterTheNewUnitNumberIsOpenedAgain) {
+    Session_Bench bench(doubles::pumpIdentity + "LINK=unit:19\n");
+    bench.set(1, 10, 2, "7");
+    bench.toy.onStore = [&](std::int32_t, std::uint16_t value) {
+        bench.toy.units = {value};
+        bench.toy.strikeAt(bench.toy.requests(), Strike::Unplug_Before); // the first question after it
+        return value;
+    };
+    const Session_End end = bench.send(Chosen_Cells::these({{1, 10, 2}}));
+    EXPECT_EQ(end.step, Step::Good) << end.why;
+    EXPECT_LT(bench.toy.requests(), 20U) << "a lost port isn't asked without a pause";
+}
+
 TEST(SendingRules, ANumberThatCountsOnlyAfterSwitchingOffAndOnIsVerifiedUnderTheOldOne) {
     Session_Bench bench(doubles::pumpIdentity + "LINK=unit:19\n");
     bench.set(1, 10, 2, "7");
