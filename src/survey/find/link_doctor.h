@@ -50,7 +50,7 @@ struct Step_Outcome {
     bool lineRefused = false; ///< nothing was asked: a server on the network doesn't take the settings
     std::int32_t damaged = 0; ///< answers that came damaged
     std::int32_t again = 0;   ///< answers that came twice
-    Answer_Times times;
+    Answer_Times times{};
 };
 
 /// The end: one sentence with cause and remedy, and what was tried, a line each, to be copied.
