@@ -159,6 +159,7 @@ class Checked_Template::Reading {
         interpret(line);
         if (line.is("CONFIGURATION_FIELDS", "FIELD_#_RC")) forgetCells(line.keyNumber);
         noteCells(line);
+        if (line.section != "FIELD_#_MESSAGES") sortedField_.reset(); // any other line may change the cells
         if (line.is("FIELD_#_MESSAGES", "ADDRESS_#")) noteMessages(line);
     }
 
@@ -205,14 +206,24 @@ class Checked_Template::Reading {
         });
     }
 
+    /// A list is of the cells that have its register by then. Its page's cells are sorted once for all lists
+    /// that follow each other: a page has as many as it has rows.
     void noteMessages(const Source_Line& line) {
-        const auto end = places_.lower_bound({line.sectionNumber + 1, 0, 0});
-        for (auto it = places_.lower_bound({line.sectionNumber, 0, 0}); it != end; ++it) {
+        if (sortedField_ != line.sectionNumber) sortByRegister(line.sectionNumber);
+        const auto [begin, end] = byRegister_.equal_range(line.keyNumber);
+        for (auto it = begin; it != end; ++it)
+            if (it->second->messages == nullptr) it->second->messages = &line;
+    }
+
+    void sortByRegister(std::int32_t number) {
+        byRegister_.clear();
+        const auto end = places_.lower_bound({number + 1, 0, 0});
+        for (auto it = places_.lower_bound({number, 0, 0}); it != end; ++it) {
             const auto& [field, row, column] = it->first;
             const Cell_Rec& cell = std::as_const(target_.document_.Fields(field).Cells)(row, column);
-            if (it->second.messages == nullptr && registerOfAddress(cell.Address) == line.keyNumber)
-                it->second.messages = &line;
+            if (const auto known = registerOfAddress(cell.Address)) byRegister_.emplace(*known, &it->second);
         }
+        sortedField_ = number;
     }
 
     void finishCells() {
@@ -243,6 +254,8 @@ class Checked_Template::Reading {
     Kept_Notices link_;
     Line_Scanner scanner_;
     std::map<Cell_Place, Checked_Cell> places_;
+    std::optional<std::int32_t> sortedField_; ///< the page of which byRegister_ holds the cells
+    std::multimap<std::int32_t, Checked_Cell*> byRegister_;
 };
 
 Checked_Template::Checked_Template(std::string_view fileName, std::string_view text)

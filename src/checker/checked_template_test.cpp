@@ -51,6 +51,17 @@ TEST(CheckedTemplate, KnowsTheLinesOfEachCell) {
     EXPECT_EQ(checked.cells()[2].line().number, 5);
 }
 
+TEST(CheckedTemplate, AListIsOfTheCellsThatHaveItsRegisterByThen) {
+    const Checked_Template checked("ABC.ZTP", std::string(table) +
+                                                  "[FIELD_1_MESSAGES]\nADDRESS_101=(0)A\nADDRESS_100=(0)B\n"
+                                                  "[FIELD_1_CONFIGURATION]\nROWADDRESS_2=101,100/LO\n"
+                                                  "[FIELD_1_MESSAGES]\nADDRESS_101=(0)C\nADDRESS_100=(0)D\n");
+    ASSERT_EQ(checked.cells().size(), 4U);
+    EXPECT_EQ(checked.cells()[1].messages->number, 7) << "the first list";
+    EXPECT_EQ(checked.cells()[2].messages->number, 17) << "no cell had register 101 before";
+    EXPECT_EQ(checked.cells()[3].messages->number, 18);
+}
+
 TEST(CheckedTemplate, ASecondSizeForgetsTheCells) {
     const Checked_Template checked("ABC.ZTP",
                                    std::string(table) + "[CONFIGURATION_FIELDS]\nFIELD_1_RC=1,1\n");
