@@ -132,12 +132,28 @@ bool canHold(std::int64_t registers, double number) {
     return number >= -span / 2 && number < span;
 }
 
+/// Whether the reader passes over a number, as it does over one that it can't hold with its sign.
+bool isPassedOver(double number) {
+    constexpr double limit = 9e18;
+    return !(std::fabs(std::nearbyint(number)) < limit);
+}
+
+void checkHeld(const Checked_Template& checked, const Report& report) {
+    for (const std::string_view key : {"VALUE_#", "LOW_#", "HIGH_#", "MASK_#"})
+        for (const Source_Line* line : checked.named(identitySection, key)) {
+            const auto number = numberOf(line->value);
+            if (number && isPassedOver(*number))
+                report(*line, quoted(line->value) + " is passed over, being too large",
+                       "Write a number below 9000000000000000000, or compare fewer registers.");
+        }
+}
+
 void checkFit(const Mark_Lines& mark, const Identity_Mark& read, const Report& report) {
     if (read.registers && read.registers->last - read.registers->first < mostInNumber)
         for (const Source_Line* line : {mark.value, mark.low, mark.high}) {
             const auto number = line == nullptr ? std::nullopt : numberOf(line->value);
             const std::int64_t count = std::int64_t{read.registers->last} - read.registers->first + 1;
-            if (number && !canHold(count, *number))
+            if (number && !isPassedOver(*number) && !canHold(count, *number))
                 report(*line, quoted(line->value) + " doesn't fit into " + counted(count, "register"),
                        "Write a smaller number, or name more registers.");
         }
@@ -157,6 +173,7 @@ void checkFit(const Mark_Lines& mark, const Identity_Mark& read, const Report& r
 void checkFits(const Checked_Template& checked, const Report& report) {
     for (const Identity_Mark& mark : checked.identity().marks)
         checkFit(Mark_Lines(checked, mark.number), mark, report);
+    checkHeld(checked, report);
 }
 
 /// The places of cells, by register.

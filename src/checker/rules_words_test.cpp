@@ -71,6 +71,22 @@ TEST(Rules, HaveOtherWordsForOtherCasesOfIdentity) {
         "LAST, LEAVEOUT, LINK, OBJECTS or OBJECT_#.\n");
 }
 
+TEST(Rules, TellOfANumberThatIdentityPassesOver) {
+    const auto told = [](const std::string& lines) {
+        std::string text;
+        for (const Finding& finding : checkTemplate("ABC.ZTP", goodTemplate() + "[IDENTITY]\n" + lines))
+            text += std::string(finding.code) + ": " + finding.what + ". " + finding.instead + "\n";
+        return text;
+    };
+    EXPECT_EQ(told("REGISTER_1=150-153\nVALUE_1=8999999999999999000\n"), "");
+    EXPECT_EQ(told("REGISTER_1=150-153\nVALUE_1=9223372036854775808\n"),
+              "identity-fit: \"9223372036854775808\" is passed over, being too large. Write a number below "
+              "9000000000000000000, or compare fewer registers.\n");
+    EXPECT_EQ(told("REGISTER_1=150\nVALUE_1=99999999999999999999\n"),
+              "identity-fit: \"99999999999999999999\" is passed over, being too large. Write a number below "
+              "9000000000000000000, or compare fewer registers.\n");
+}
+
 TEST(Rules, HaveOtherWordsForOtherCasesOfOneCode) {
     const auto told = [](const std::vector<Edit>& edits, std::string_view code) {
         std::string text;
