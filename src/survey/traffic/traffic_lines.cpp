@@ -19,8 +19,9 @@ using Json = nlohmann::ordered_json;
 std::optional<Byte_Array> bytesOf(const std::string& pairs) {
     constexpr std::string_view digits = "0123456789ABCDEF";
     Byte_Array bytes;
+    if (!pairs.empty() && pairs.size() % 3 != 2) return std::nullopt;
     for (std::size_t at = 0; at < pairs.size(); at += 3) {
-        if (at + 1 >= pairs.size() || (at + 2 < pairs.size() && pairs[at + 2] != ' ')) return std::nullopt;
+        if (at + 2 < pairs.size() && pairs[at + 2] != ' ') return std::nullopt;
         const std::size_t high = digits.find(pairs[at]);
         const std::size_t low = digits.find(pairs[at + 1]);
         if (high == std::string_view::npos || low == std::string_view::npos) return std::nullopt;

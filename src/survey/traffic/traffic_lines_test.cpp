@@ -63,6 +63,10 @@ TEST(TrafficLines, ThatAreNoneArePassedOver) {
           "{\"kind\":\"stray\",\"time_us\":1,\"bytes\":\"F\",\"what\":\"\"}",
           "{\"kind\":\"stray\",\"time_us\":1,\"bytes\":\"FF-00\",\"what\":\"\"}"})
         EXPECT_FALSE(parseTrafficLine(line)) << line;
+    for (const char* bytes : {"FF ", "FF 0", " FF", "G0", "0G", "ff"})
+        EXPECT_FALSE(parseTrafficLine("{\"kind\":\"stray\",\"time_us\":1,\"bytes\":\"" + std::string(bytes) +
+                                      "\",\"what\":\"\"}"))
+            << bytes;
     for (const char* time : {"-1", "1.5", "1e300", "-92233720368547758081001000", "253402300800000000"})
         EXPECT_FALSE(
             parseTrafficLine("{\"kind\":\"note\",\"time_us\":" + std::string(time) + ",\"text\":\"\"}"))
