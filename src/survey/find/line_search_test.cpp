@@ -133,16 +133,6 @@ TEST(LineSearch, HearsAnotherMasterAtSettingsOfItsOwn) {
     EXPECT_EQ(line.written.size(), 0U);
 }
 
-TEST(LineSearch, ListensAtFurtherSettingsOnlyWhileBytesAreHeard) {
-    Hand_Clock clock;
-    Simulated_Line line(clock, {9600, 'N', 8, 1});
-    line.masters = {{.firstAt = 1, .period = hour, .request = bytesOf("55")}};
-    const std::vector<Line_Settings> named{{9600, 'N', 8, 1}, {19200, 'N', 8, 1}, {4800, 'N', 8, 1}};
-    const Search_Run run(clock, line, planFor(namedLines(named), 1));
-    const std::vector<std::string> first(run.seen.begin(), run.seen.begin() + 3);
-    EXPECT_EQ(first, (std::vector<std::string>{"9600,n,8,1: 0", "19200,n,8,1: 0", "9600,n,8,1: 1"}));
-}
-
 /// Its request may begin in one of ours and end in the next.
 TEST(LineSearch, StopsAtAnotherMasterThatComesLater) {
     for (Micros firstAt = 3000 * ms; firstAt < 3130 * ms; firstAt += 2 * ms) {
