@@ -111,11 +111,13 @@ void Rtu_Transaction::listenOrSucceed(const Finding& finding) {
 }
 
 /// A line that brings what never came before, and before its request was out by the baud rate, is faster than
-/// that: a pseudo-terminal, a gateway. On it an early answer is no copy for that.
+/// that: a pseudo-terminal, a gateway. On it an early answer is no copy for that. What may be the late answer
+/// to another request shows nothing.
 void Rtu_Transaction::learnSpeed(const Finding& finding, Byte_View frame) {
     const bool isRead = result_.request.function == Function_Code::ReadHoldingRegisters;
     const bool isNew = answered_.mayBeCopy(result_.request, frame) == Answered_Requests::Copy::No;
-    if (isRead && isNew && !finding.answer.exception && clock_.now() < txEnd_) learntFast_ = true;
+    if (!isRead || !isNew || finding.answer.exception || late_.expects(result_.request)) return;
+    learntFast_ = learntFast_ || clock_.now() < txEnd_;
 }
 
 /// Of a try that was answered: what may still come after it.
@@ -125,8 +127,8 @@ void Rtu_Transaction::remember(const Finding& finding) {
     expectCopies(receivedBytes().subspan(finding.offset - result_.noise, result_.noise));
     const Micros over = now + timeOutsUntilOver * timeOut_;
     const Byte_View frame = receivedBytes().subspan(finding.offset, finding.length);
-    learnSpeed(finding, frame);
     late_.forgetPast(now);
+    learnSpeed(finding, frame);
     late_.answered(result_.request, over);
     const bool another = finding.answer.exception && late_.expectsRefusal(result_.request);
     if (another || now < copiesUntil_) late_.expect(result_.request, 0, over);

@@ -162,6 +162,23 @@ TEST_F(RtuTransactionLate, OnALineFasterThanItsBaudRateAnEarlyAnswerIsNoCopy) {
     EXPECT_EQ(recorder.results[2].answer->registers, (std::vector<std::uint16_t>{7, 8}));
 }
 
+TEST_F(RtuTransactionLate, WhatMayBeALateAnswerDoesntMakeALineFast) {
+    begin(readRequest(1, 100, 3));
+    clock.runFor(requestTime + 100 * ms);
+    transaction.submit(readRequest(1, 200, 3));
+    clock.runFor(100 * ms + requestTime - 1);
+    port.deliver(withCrc(bytesOf("01 03 06 00 01 00 02 00 03")));
+    ASSERT_EQ(recorder.results.size(), 2U);
+    begin(read);
+    clock.runFor(requestTime + 5 * ms);
+    port.deliver(answer);
+    begin(readRequest(1, 500, 2));
+    clock.runFor(requestTime - 1);
+    port.deliver(answer);
+    clock.runFor(10 * ms);
+    EXPECT_EQ(recorder.results.size(), 3U) << "it may be the copy of the one before";
+}
+
 TEST_F(RtuTransactionLate, AnAnswerThatWasOneLongAgoIsNoCopy) {
     begin(read);
     clock.runFor(requestTime + 5 * ms);
