@@ -1,7 +1,9 @@
 # SPDX-License-Identifier: MIT
 """What a screen reader is told: the accessibility tree of a program, over its D-Bus protocol.
 
-Nothing is cached: each property asks the program again. What has gone from the screen raises `Vanished`.
+What may change is asked of the program each time. Only an object's role is remembered, which it keeps as long as it
+lives, and where a search ended: the next one for the same asks there first. What has gone from the screen raises
+`Vanished`.
 """
 import gi
 
@@ -14,6 +16,7 @@ ACCESSIBLE = "org.a11y.atspi.Accessible"
 ROOT = "/org/a11y/atspi/accessible/root"
 NOWHERE = "/org/a11y/atspi/null"
 ANSWER_MS = 15000
+NOT_ENTERED = {"table", "tree table"}
 
 STATES = {1: "active", 4: "checked", 7: "editable", 8: "enabled", 12: "focused", 16: "modal", 23: "selected",
           24: "sensitive", 25: "showing", 30: "visible", 43: "read-only"}
@@ -23,6 +26,8 @@ class Accessibility_Bus:
     """The accessibility bus of a session."""
 
     def __init__(self, session_address):
+        self.roles = {}  # by place; no place is used twice
+        self.found = {}  # the place where a search ended, by where it began and what it was for
         session = _connection(session_address)
         answer = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None,
                                    GLib.VariantType("(s)"), Gio.DBusCallFlags.NONE, ANSWER_MS, None)
@@ -128,7 +133,9 @@ class Accessible:
 
     @property
     def role(self):
-        return self.ask(ACCESSIBLE, "GetRoleName")[0]
+        if self.place not in self.bus.roles:
+            self.bus.roles[self.place] = self.ask(ACCESSIBLE, "GetRoleName")[0]
+        return self.bus.roles[self.place]
 
     @property
     def states(self):
@@ -189,7 +196,7 @@ class Accessible:
     def walk(self):
         """The object and all that is in it, in the order of the tree; tables are not entered."""
         yield self
-        if self.role in ("table", "tree table"):
+        if self.role in NOT_ENTERED:
             return
         for child in self.children:
             try:
@@ -198,17 +205,23 @@ class Accessible:
                 continue
 
     def find(self, role=None, name=None, description=None, shown=True):
-        """The first object in here that matches; `Vanished` when there is none."""
+        """The object in here that matches and was found last time, or else the first; `Vanished` when there is none."""
+        wanted = (role, name, description, shown)
+        last = self.bus.found.get((self.place, wanted))
+        if last and last._matches(*wanted):
+            return last
         for found in self.walk():
-            try:
-                matches = ((role is None or found.role == role) and (name is None or found.name == name) and
-                           (description is None or found.description == description) and
-                           (found.is_shown or not shown))
-            except Vanished:
-                continue
-            if matches:
+            if found._matches(*wanted):
+                self.bus.found[self.place, wanted] = found
                 return found
         raise Vanished(f"nothing with role {role!r}, name {name!r}, description {description!r}")
+
+    def _matches(self, role, name, description, shown):
+        try:
+            return ((role is None or self.role == role) and (name is None or self.name == name) and
+                    (description is None or self.description == description) and (self.is_shown or not shown))
+        except Vanished:
+            return False
 
     def named(self, given_name):
         """The shown control of that given name."""

@@ -156,6 +156,7 @@ def unplugged_for_good_in_a_live_write(program):
     program.dialog("LostCom").answer("OK")
     program.choose("Communication", "Disconnect")
     program.expect_panel(2, "Offline")
+    program.expect_panel(4, "Write: 1200 @250 ...Failed")  # the outcome goes to the cell that is the current one
     _expect_usable(program)
 
 
