@@ -335,18 +335,12 @@ class Sender {
 
     /// A send that is to end still asks who was read back.
     Next confirmController() {
-        const Send_End end = outcome_.end;
-        const std::string why = outcome_.why;
         const Question_Answer answer = question_.ask(way_.unit);
         outcome_.requests.reads += static_cast<std::size_t>(answer.requests);
         journal_.note("identity", {{"verdict", answer.word}, {"why", answer.why}});
         if (answer.end == Question_End::Wrong) return wrongController(sinceQuestion_, answer.why);
-        if (answer.end == Question_End::Go_On) {
-            outcome_.end = end;
-            outcome_.why = why;
-            return Next::Go_On;
-        }
-        if (end == Send_End::Finished) return stop(Send_End::Interrupted, answer.why);
+        if (answer.end == Question_End::Go_On) return Next::Go_On;
+        if (outcome_.end == Send_End::Finished) return stop(Send_End::Interrupted, answer.why);
         return Next::Stop;
     }
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 // When a send asks who is there, what it does about blocks and the line, and what it says of values that
 // change after they were read back.
+#include "comm/modbus_control/line/port_texts.h"
 #include "commission/testing/session_bench.h"
 
 #include <gmock/gmock.h>
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -332,6 +334,48 @@ TEST(SendingRules, ANumberThatCountsOnlyAfterSwitchingOffAndOnIsVerifiedUnderThe
     EXPECT_EQ(end.step, Step::Good) << end.why;
     EXPECT_EQ(end.report.rows.at(0).answer,
               "the controller still answers in the old way: switch it off and on");
+}
+
+/// A controller whose baud rate is in register 18, and that is heard at that speed only.
+struct Baud_Bench : Session_Bench {
+    Baud_Bench() : Session_Bench(doubles::pumpIdentity + "LINK=baud:18\n") {
+        set(1, 9, 2, "19200");
+        toy.registers[18] = 9600;
+        lineSettings = {9600, 'E', 8, 1};
+        toy.settings = lineSettings;
+        toy.onRequest = [this] { toy.units = toy.settings.baud == speed ? std::set{1} : std::set<int>{}; };
+    }
+    [[nodiscard]] Session_End sendBaud() { return send(Chosen_Cells::these({{1, 9, 2}})); }
+    std::int32_t speed = 9600;
+};
+
+TEST(SendingRules, ANewBaudRateIsFollowedAndTheRestOfTheLineStays) {
+    Baud_Bench bench;
+    bench.toy.onStore = [&](std::int32_t, std::uint16_t value) { return bench.speed = value, value; };
+    const Session_End end = bench.sendBaud();
+    EXPECT_EQ(end.step, Step::Good) << end.why;
+    EXPECT_EQ(end.report.rows.at(0).answer, "the controller answers in the new way");
+    EXPECT_EQ(formatLineSettings(bench.toy.settings), "19200,e,8,1");
+    EXPECT_THAT(*bench.runs.read(bench.newestRun(), journalFile), HasSubstr(R"("line":"19200,e,8,1")"));
+}
+
+TEST(SendingRules, ABaudRateThatCountsOnlyAfterSwitchingOffAndOnLeavesTheLineAsItWas) {
+    Baud_Bench bench;
+    const Session_End end = bench.sendBaud();
+    EXPECT_EQ(end.step, Step::Good) << end.why;
+    EXPECT_EQ(end.report.rows.at(0).answer,
+              "the controller still answers in the old way: switch it off and on");
+    EXPECT_EQ(formatLineSettings(bench.toy.settings), "9600,e,8,1");
+}
+
+TEST(SendingRules, AControllerHeardInNeitherWayLeavesTheLineAsItWas) {
+    Baud_Bench bench;
+    bench.toy.onStore = [&](std::int32_t, std::uint16_t value) { return bench.speed = 4800, value; };
+    const Session_End end = bench.sendBaud();
+    EXPECT_EQ(end.step, Step::Incomplete);
+    EXPECT_EQ(end.why, "After the line was changed the controller answers neither in the new way nor in the "
+                       "old one with the new value.");
+    EXPECT_EQ(formatLineSettings(bench.toy.settings), "9600,e,8,1");
 }
 
 // Blocks.

@@ -353,7 +353,12 @@ Session_End Session::resume(const std::string& name, const Kept_Run& run, const 
         end.why = "The run " + name + " can't be opened: " + opened.why + ". Nothing was sent.";
         return end;
     }
-    if (run.state == Run_State::Restored) (void)opened.folder->put(restoredFile, "");
+    if (run.state == Run_State::Restored)
+        if (const std::string fault = opened.folder->put(restoredFile, ""); !fault.empty()) {
+            end.step = Step::Failed;
+            end.why = "The run " + name + " can't be marked as going on: " + fault + ". Nothing was sent.";
+            return end;
+        }
     return perform({*writes, plannedCells(*writes, document_.document), run.paper.before,
                     presentOf(*writes, look.registers), further.done},
                    *opened.folder, look);

@@ -125,6 +125,22 @@ TEST(Taking_Back, ARestoredRunThatGoesOnIsFinishedAgain) {
     EXPECT_EQ(stateOf(bench, run), Run_State::Finished);
 }
 
+TEST(Taking_Back, ARestoredRunThatCantBeMarkedAsGoingOnSendsNothing) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "50");
+    const std::string run = bench.send().run;
+    EXPECT_EQ(bench.restore(run).step, Step::Good);
+    bench.runs.refused = restoredFile;
+    const int writes = bench.toy.writes;
+    Session session = bench.session();
+    const Session_End end = session.resume(run, *readRun(bench.runs, run), session.look());
+    EXPECT_EQ(end.step, Step::Failed);
+    EXPECT_EQ(end.why,
+              "The run " + run + " can't be marked as going on: Permission denied. Nothing was sent.");
+    EXPECT_EQ(bench.toy.writes, writes);
+    EXPECT_EQ(stateOf(bench, run), Run_State::Restored);
+}
+
 TEST(Taking_Back, AUnitNumberThatNobodyCanAskIsntSent) {
     for (const char* const number : {"0", "248", "300", "-1"}) {
         Session_Bench bench(pumpIdentity + "LINK=unit:19\n");

@@ -13,6 +13,7 @@
 #include "values/times.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zorvane::edit {
 
@@ -93,6 +94,13 @@ Refusal outside(double value, double low, double high, const std::string& lowTex
     return Refusal{"outside its limits " + lowText + " and " + highText};
 }
 
+/// Whether a time, `m:ss`, is of whole seconds. Typing rounds others, which would be unseen here.
+bool isOfWholeSeconds(std::string_view text) {
+    const std::size_t colon = text.find(':');
+    const double seconds = Val(text.substr(0, colon)) * 60.0 + Val(text.substr(colon + 1));
+    return seconds == std::floor(seconds);
+}
+
 Verdict judgedTime(const Question& asked, const Typed_Entry& entry) {
     const Cell_Rec& cell = asked.cell;
     const Way_Out way = wayOutOf(asked.definition, cell, entry);
@@ -136,6 +144,7 @@ Verdict judgedNumberOrTime(const Question& asked) {
     if (trimBlanks(asked.text).empty()) return Refusal{"empty, where a value must stand"};
     std::string text(asked.text);
     std::string other;
+    if (isTime(text) && !isOfWholeSeconds(text)) return Refusal{"a time with a part of a second"};
     if (!asked.style.asTyped) {
         if (const auto number = plainNumber(text)) {
             const bool settled =

@@ -70,6 +70,15 @@ TEST_F(Judged, TimesInAnyWritingThatIsClear) {
     EXPECT_EQ(judgedAt(delay, value, "9:01"), "not: above its limit 9:00");
 }
 
+TEST_F(Judged, ATimeIsNeverCutToWholeSeconds) {
+    EXPECT_EQ(judgedAt(delay, value, "1:30.5"), "not: a time with a part of a second");
+    EXPECT_EQ(judgedAt(delay, value, "0:45.2"), "not: a time with a part of a second")
+        << "it isn't as it was";
+    EXPECT_EQ(judgedAt(delay, value, "1:30.5", {true, '\0', {}}), "not: a time with a part of a second");
+    EXPECT_EQ(judgedAt(delay, value, "1:30.0"), "1:30");
+    EXPECT_EQ(judgedAt(delay, value, "1.5:00"), "1:30") << "a minute and a half";
+}
+
 TEST_F(Judged, AListTakesTextsAndCodes) {
     EXPECT_EQ(judgedAt(output, value, "trip"), "7");
     EXPECT_EQ(judgedAt(output, value, "7"), "7");

@@ -21,6 +21,17 @@ TEST(SearchPlan, TriesWhatWorkedLastThenTheTemplatesThenTheUsual) {
                                                "9600,e,8,1"}));
 }
 
+TEST(SearchPlan, TriesTheStandardsOwnTwoAndThenWhatIsShippedMost) {
+    std::string all;
+    for (const Line_Candidate& each : likelyLines({}, {})) {
+        EXPECT_TRUE(each.eitherStopBits);
+        all += std::to_string(each.line.baud) + each.line.parity + " ";
+    }
+    EXPECT_EQ(all,
+              "19200E 9600N 9600E 19200N 38400N 115200N 4800N 38400E 57600N 2400N 4800E 115200E 57600E 9600O "
+              "19200O 2400E 1200N 1200E 38400O 4800O 57600O 115200O 2400O 1200O ");
+}
+
 TEST(SearchPlan, ProbesWithTwoStopBitsWhatWasntNamed) {
     EXPECT_EQ(formatLineSettings(likelyLines({}, {})[0].probed()), "19200,e,8,2");
     const std::vector<Line_Settings> named{{9600, 'N', 8, 1}, {9600, 'N', 8, 2}, {9600, 'N', 8, 1}};

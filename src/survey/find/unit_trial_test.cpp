@@ -34,6 +34,7 @@ TEST(KindOfTry, TellsWhatCameBack) {
     EXPECT_EQ(kindOf(silent(), port), Try_Kind::Silence);
     EXPECT_EQ(kindOf(tryWith(request), port), Try_Kind::Silence);
     EXPECT_EQ(kindOf(tryWith(bytesOf("FF 00")), port), Try_Kind::Silence);
+    EXPECT_EQ(kindOf(tryWith(bytesOf("FF 00 FF")), port), Try_Kind::Damaged);
     EXPECT_EQ(kindOf(value("01 03 02 00 07"), port), Try_Kind::Answer);
     EXPECT_EQ(kindOf(value("01 83 02"), port), Try_Kind::Refusal);
     EXPECT_EQ(kindOf(value("01 83 06"), port), Try_Kind::Refusal);
@@ -95,6 +96,58 @@ TEST(UnitTrial, GivesUpWhereAllIsDamaged) {
     EXPECT_EQ(trial.take(damaged(), port), Next::Ask);
     EXPECT_EQ(trial.take(damaged(), port), Next::NotThere);
     EXPECT_TRUE(trial.mostlyDamaged());
+}
+
+TEST(UnitTrial, OneThatAnsweredOnceMayBeSilentTwiceInARow) {
+    Unit_Trial trial(2);
+    EXPECT_EQ(trial.take(value("01 03 02 00 07"), port), Next::Ask);
+    EXPECT_EQ(trial.take(silent(), port), Next::Ask);
+    EXPECT_EQ(trial.take(silent(), port), Next::Ask);
+    EXPECT_EQ(trial.take(value("01 03 02 00 08"), port), Next::Ask);
+    EXPECT_EQ(trial.silentInARow(), 0);
+    EXPECT_EQ(trial.take(silent(), port), Next::Ask);
+    EXPECT_EQ(trial.take(silent(), port), Next::Ask);
+    EXPECT_EQ(trial.take(silent(), port), Next::NotThere);
+    EXPECT_EQ(trial.silentInARow(), 3);
+}
+
+TEST(UnitTrial, OneThatIsThereAndFallsSilentIsAskedTwiceForEachAnswerAndTwelveTimesMore) {
+    Unit_Trial trial(3);
+    EXPECT_EQ(trial.take(value("01 83 02"), port), Next::Ask);
+    for (int tries = 2; tries < 2 * 3 + 12; ++tries)
+        EXPECT_EQ(trial.take(silent(), port), Next::Ask) << tries;
+    EXPECT_EQ(trial.take(silent(), port), Next::Found);
+    EXPECT_EQ(trial.times().count(), 1U);
+}
+
+TEST(UnitTrial, KeepsTheFirstRefusal) {
+    Unit_Trial trial(2);
+    EXPECT_EQ(trial.take(value("01 83 02"), port), Next::Ask);
+    EXPECT_EQ(trial.take(value("01 83 04"), port), Next::Found);
+    EXPECT_EQ(trial.refusal(), 2);
+}
+
+TEST(UnitTrial, MoreThanHalfOfItAndThreeAtLeastIsMostlyDamaged) {
+    Unit_Trial trial(10);
+    (void)trial.take(damaged(), port);
+    (void)trial.take(damaged(), port);
+    EXPECT_FALSE(trial.mostlyDamaged()) << "two of two";
+    (void)trial.take(value("01 03 02 00 01"), port);
+    (void)trial.take(value("01 03 02 00 02"), port);
+    trial.answeredAgain(1);
+    EXPECT_TRUE(trial.mostlyDamaged()) << "three, of four tries";
+    (void)trial.take(value("01 03 02 00 03"), port);
+    EXPECT_TRUE(trial.mostlyDamaged()) << "three of five";
+    (void)trial.take(value("01 03 02 00 04"), port);
+    EXPECT_FALSE(trial.mostlyDamaged()) << "three of six";
+}
+
+TEST(UnitTrial, OneValueIsPatienceEnoughForTwelveTries) {
+    Unit_Trial trial(10, 3);
+    EXPECT_EQ(trial.take(value("01 03 02 00 01"), port), Next::Ask);
+    for (int tries = 2; tries < Unit_Trial::usualPatience; ++tries)
+        EXPECT_EQ(trial.take(damaged(), port), Next::Ask) << tries;
+    EXPECT_EQ(trial.take(damaged(), port), Next::NotThere);
 }
 
 TEST(UnitTrial, MeasuresFromTheRequestsLastByte) {

@@ -91,7 +91,6 @@ void Heard_Exchanges::take(const Heard_Frame& frame) {
 void Heard_Exchanges::end() {
     tellHeld(true);
     tellOpen();
-    unanswered_.reset();
 }
 
 /// Where the form leaves both, it is the answer if the open request asks for just that.
@@ -118,7 +117,6 @@ void Heard_Exchanges::takeAnswer(const Heard_Frame& frame) {
     const Asked asked = askedBy(open_->bytes);
     const Heard_Exchange pair{std::exchange(open_, std::nullopt), frame};
     const bool doubtful = unanswered_ && alike(*unanswered_, asked) && *unanswered_ != asked;
-    unanswered_.reset();
     if (!doubtful) return told_(pair);
     held_ = pair;
 }

@@ -97,7 +97,9 @@ TEST(HeardExchanges, TakesALateCopyOfAWriteForItsRepetition) {
     EXPECT_EQ(Line_Rig(threeTries, microsPerSecond).told, (Texts{"6 request", "6 request", "6 request"}));
     EXPECT_EQ(Line_Rig({"01 05 00 01 FF 00", "01 05 00 01 FF 00"}, microsPerSecond).told,
               (Texts{"5 request", "5 request"}));
-    EXPECT_EQ(Line_Rig({"01 06 00 01 12 34", "01 06 00 01 12 34"}, 800 * microsPerMs).told, Texts{"6 pair"});
+    EXPECT_EQ(Line_Rig({"01 06 00 01 12 34", "01 06 00 01 12 34"}, 900 * microsPerMs).told, Texts{"6 pair"});
+    EXPECT_EQ(Line_Rig({"01 06 00 01 12 34", "01 06 00 01 12 34"}, 900 * microsPerMs + 1).told,
+              (Texts{"6 request", "6 request"}));
     // What can be told from its request may come later.
     EXPECT_EQ(Line_Rig({"01 10 00 01 00 01 02 00 07", "01 10 00 01 00 01"}, microsPerSecond).told,
               Texts{"16 pair"});
@@ -135,8 +137,10 @@ TEST(HeardExchanges, PairsNothingWhereAnswersComeOneRequestLate) {
 }
 
 TEST(HeardExchanges, TakesNoAnswerAfterALongWhile) {
-    EXPECT_EQ(Line_Rig({"01 03 00 00 00 02", "01 03 04 00 01 00 02"}, 11 * microsPerSecond).told,
+    EXPECT_EQ(Line_Rig({"01 03 00 00 00 02", "01 03 04 00 01 00 02"}, 10 * microsPerSecond + 1).told,
               (Texts{"3 answer", "3 request"}));
+    EXPECT_EQ(Line_Rig({"01 03 00 00 00 02", "01 03 04 00 01 00 02"}, 10 * microsPerSecond).told,
+              Texts{"3 pair"});
 }
 
 } // namespace

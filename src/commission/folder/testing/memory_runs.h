@@ -44,6 +44,7 @@ class Memory_Runs final : public Run_Store {
     using Files = std::map<std::string, std::string, std::less<>>;
     std::map<std::string, Files> runs;
     bool full = false;
+    std::string refused;                               ///< a file that can't be put
     std::function<void(std::string_view line)> onLine; ///< before it is taken; may be empty
 
   private:
@@ -53,6 +54,7 @@ class Memory_Runs final : public Run_Store {
         [[nodiscard]] std::string name() const override { return name_; }
         [[nodiscard]] std::string put(std::string_view file, std::string_view bytes) override {
             if (runs_.full) return "No space left on device";
+            if (file == runs_.refused) return "Permission denied";
             runs_.runs[name_][std::string(file)] = bytes;
             return {};
         }
