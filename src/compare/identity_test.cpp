@@ -106,6 +106,9 @@ TEST(Identity, TheSerialNumberIsCharactersOrANumber) {
     EXPECT_EQ(byValues("SERIAL=1-2\n", {{1, 0}, {2, 12345}}), "can't tell, serial 12345");
     EXPECT_EQ(byValues("SERIAL=1-2\n", {{1, 0}, {2, 0}}), "can't tell") << "none was ever set";
     EXPECT_EQ(byValues("SERIAL=1-2\n", {{1, 5}}), "can't tell") << "one register wasn't read";
+    EXPECT_EQ(byValues("SERIAL=1-5\n", {{1, 0x534E}, {2, 0x0117}, {3, 0x3431}, {4, 0x3731}, {5, 0x3700}}),
+              "can't tell, serial SN--41717")
+        << "what is too long for a number shows what can't be printed as \"-\"";
 }
 
 TEST(Identity, AMarkThatFittedAndIsGoneDoesntFitAnyMore) {

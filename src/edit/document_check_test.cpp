@@ -80,6 +80,16 @@ TEST_F(Document_Check, AColumnOfNamesMayHaveAnyType) {
               "[text-comma]\n");
 }
 
+TEST_F(Document_Check, ATextWithACommaMayBeginWithAnything) {
+    EXPECT_EQ(
+        foundInRows("ROW_1=Set point,1125,high, or low,1123\r\n"),
+        "2: error: 5 values, where Regulation has 4 columns: the text \"high, or low\" has a comma in it "
+        "[text-comma]\n");
+    EXPECT_EQ(foundInRows("ROW_1=Set point,high,low,5 V,1123\r\n"),
+              "2: error: 5 values, where Regulation has 4 columns [row-long]\n")
+        << "its value fits no more than its text";
+}
+
 TEST_F(Document_Check, MoreValuesThanColumns) {
     EXPECT_EQ(found("[Field_2_Default]\r\nROW_1=1,2,3\r\n"),
               "2: error: 3 values, where Timers has 2 columns [row-long]\n");
@@ -101,6 +111,11 @@ TEST_F(Document_Check, RowsAndPagesThatTheTemplateDoesntHave) {
               "2: error: page 3, which the template doesn't have [page-unknown]\n");
 }
 
+TEST_F(Document_Check, ATextOfTheUpperGridThatIsCut) {
+    EXPECT_EQ(found("[Configuration_Default]\r\nFIELD_1=,Regulation;old\r\n"),
+              "2: error: the row ends at its \";\": \";old\" is lost [row-cut]\n");
+}
+
 /// Every other call stops there, so a check must not end well.
 TEST_F(Document_Check, ALineOnWhichReadingStops) {
     const std::string subscript = "reading stops here: Subscript out of range (failure 9) [reading-stops]\n";
@@ -117,6 +132,11 @@ TEST_F(Document_Check, ALineOnWhichReadingStops) {
         "2: error: " + subscript +
             "4: error: \"1401\" is outside the limits 800 to 1400 (Regulation/a/Value) [value-limits]\n")
         << "one mistake doesn't hide the others";
+    EXPECT_EQ(found("[Field_1_Default]\r\nROW_1=a,1401,,\r\n[Default_1_Columns]\r\nCOL_9_WIDTH=5\r\n"),
+              "2: error: \"1401\" is outside the limits 800 to 1400 (Regulation/a/Value) [value-limits]\n"
+              "4: error: " +
+                  subscript)
+        << "nor the stop";
 }
 
 /// Whoever saves it later has a file that ends in the middle.

@@ -101,5 +101,26 @@ TEST_F(Named_Cells, TheProblemOfANameSaysWhatToWrite) {
               "\"Timers/row 2\" fits 2 cells: Timers/row 2/Pulse (2 2 1), Timers/row 2/Pause (2 2 2)");
 }
 
+/// The places of so many cells of different names, and what is said of a name that fits all of them.
+std::string problemOf(Declara_Zorvane& document, std::int32_t cells) {
+    std::vector<Cell_Place> places;
+    for (std::int32_t row = 1; row <= 5; ++row)
+        for (std::int32_t column = 1; column <= 4 && static_cast<std::int32_t>(places.size()) < cells;
+             ++column)
+            places.push_back({1, row, column});
+    return nameProblem(document, "x", places);
+}
+
+TEST_F(Named_Cells, TwelveNamesAreToldAndThatThereAreMore) {
+    const std::string twelve = problemOf(document, 12);
+    EXPECT_TRUE(twelve.starts_with("\"x\" fits 12 cells: Regulation/Set point/Setting (1 1 1), ")) << twelve;
+    EXPECT_TRUE(twelve.ends_with("Regulation/Delay/Reading (1 3 4)")) << twelve;
+    const std::string more = ", ...";
+    for (const std::int32_t cells : {13, 14, 20}) {
+        const std::string told = problemOf(document, cells);
+        EXPECT_TRUE(told.ends_with("Regulation/Delay/Reading (1 3 4)" + more)) << told;
+    }
+}
+
 } // namespace
 } // namespace zorvane::edit

@@ -260,6 +260,13 @@ std::vector<Recovery_Entry> Recovery::list() {
     return entries;
 }
 
+std::string Recovery::place() const {
+    std::string place = folder_.path("");
+    while (place.size() > 1 && place.ends_with('/'))
+        place.pop_back();
+    return place;
+}
+
 void Recovery::remove(const Recovery_Entry& entry) {
     folderOf(entry).remove(entry.file);
     if (entry.beforeSave || entry.file != current_) return;

@@ -95,6 +95,8 @@ class Recovery {
     [[nodiscard]] std::string path(const Recovery_Entry& entry) const {
         return folderOf(entry).path(entry.file);
     }
+    /// The folder of the copies, for people.
+    [[nodiscard]] std::string place() const;
     /// The user doesn't want that copy any more.
     void remove(const Recovery_Entry& entry);
 

@@ -10,6 +10,7 @@ namespace {
 const std::string saveTopic = "save";
 const std::string copiesTopic = "copies";
 const std::string halfWayTopic = "half-way";
+const std::string noCopyTopic = "no copy";
 
 Bar_Button chooses(const App_Context& app, const std::string& caption, const std::string& entry) {
     return {caption, [&mainForm = app.mainForm, entry] { mainForm.choose(entry); }};
@@ -86,6 +87,18 @@ void tellLeftUnsaved(const App_Context& app, const std::string& name, bool copyK
                                     {recover(app)},
                                     false});
 }
+
+void tellNoCopy(const App_Context& app) {
+    app.mainForm.messageBar().tell({noCopyTopic,
+                                    Bar_Kind::Warning,
+                                    "No copy of the unsaved changes can be kept in " + app.recovery.place() +
+                                        ": a crash would lose them. Save the document, and see whether there "
+                                        "is room and leave to write.",
+                                    {saveAs(app)},
+                                    true});
+}
+
+void withdrawNoCopy(const App_Context& app) { app.mainForm.messageBar().withdraw(noCopyTopic); }
 
 void tellCopies(const App_Context& app) {
     const std::vector<Recovery_Entry> entries = unsavedCopies(app);

@@ -34,6 +34,11 @@ void tellRenamed(const App_Context& app, const std::string& path);
 /// That document is gone with changes that no file has, and nobody said that they may go.
 void tellLeftUnsaved(const App_Context& app, const std::string& name, bool copyKept);
 
+/// No copy of the document's unsaved changes can be kept.
+void tellNoCopy(const App_Context& app);
+/// One could, or there is nothing more to keep.
+void withdrawNoCopy(const App_Context& app);
+
 /// How many copies of unsaved changes there are; nothing when there is none.
 void tellCopies(const App_Context& app);
 /// The line above goes unless there are still such copies.

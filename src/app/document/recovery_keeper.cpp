@@ -17,6 +17,13 @@ std::string typeOfFile(const App_Context& app, const std::string& path) {
     return app.files.exists(named) ? lastExtension(path) : app.state.documentType;
 }
 
+/// Told once, however often it is tried: who takes the line away has read it.
+void noteCopy(const App_Context& app, bool kept) {
+    if (kept) withdrawNoCopy(app);
+    if (!kept && !app.state.noCopyTold) tellNoCopy(app);
+    app.state.noCopyTold = !kept;
+}
+
 } // namespace
 
 bool hasChanges(const App_Context& app) {
@@ -39,6 +46,7 @@ void settleDocument(const App_Context& app) {
     app.state.changed.take(app.document());
     app.state.history.noteWritten();
     app.state.lastCopyMs.reset();
+    noteCopy(app, true);
 }
 
 void settleCopy(const App_Context& app) {
@@ -76,7 +84,9 @@ void TMR_Copia_Timer(const App_Context& app, std::int64_t nowMs) {
     if (last && nowMs - *last < copyEveryMs) return;
     if (app.state.modelEmptied || !app.form().Document_Open || !app.recovery.due(app.document())) return;
     // A copy that couldn't be written is tried again after a tick.
-    last = keepCopy(app, "changed") ? nowMs : nowMs - copyEveryMs + recoveryTickMs;
+    const bool kept = keepCopy(app, "changed");
+    last = kept ? nowMs : nowMs - copyEveryMs + recoveryTickMs;
+    noteCopy(app, kept);
 }
 
 } // namespace zorvane::app

@@ -20,6 +20,7 @@ using doubles::App_Bench;
 using doubles::smallDocument;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 const std::string firstCopy = "20261121032005-1-1.ABC";
 
@@ -397,6 +398,32 @@ TEST_F(RecoveryTimer, ACopyThatFailedIsTriedAgainAtTheNextTick) {
     folder.full = false;
     TMR_Copia_Timer(app, recoveryTickMs);
     EXPECT_EQ(onlyCopy(), copyOf("11", "changed"));
+}
+
+TEST_F(RecoveryTimer, ThatNoCopyCanBeKeptIsToldOnceAndTakenBackWhenOneCan) {
+    const auto told = [this] {
+        std::vector<std::string> texts;
+        for (const Bar_Line& line : mainForm.messageBar().lines())
+            texts.push_back(line.text);
+        return texts;
+    };
+    folder.full = true;
+    TMR_Copia_Timer(app, 0);
+    EXPECT_THAT(told(),
+                ElementsAre("No copy of the unsaved changes can be kept in /recovery: a crash would lose "
+                            "them. Save the document, and see whether there is "
+                            "room and leave to write."));
+    mainForm.messageBar().withdraw("no copy"); // somebody read it
+    TMR_Copia_Timer(app, recoveryTickMs);
+    EXPECT_THAT(told(), IsEmpty());
+    folder.full = false;
+    TMR_Copia_Timer(app, 2 * recoveryTickMs);
+    folder.full = true;
+    edit(1, "12");
+    TMR_Copia_Timer(app, 2 * recoveryTickMs + recoveryIntervalMs);
+    EXPECT_THAT(told(), SizeIs(1));
+    MNU_Save_Click(app);
+    EXPECT_THAT(told(), IsEmpty()) << "the file has them";
 }
 
 TEST_F(RecoveryTimer, AfterASaveTheNextChangeIsTheFirstAgain) {

@@ -41,6 +41,7 @@ struct App_State {
     Leave_Outcome left = Leave_Outcome::NotAsked; ///< of the document that was last to be closed
     /// When the document's recovery copy was last brought up to date, in ms; nothing while it has no changes.
     std::optional<std::int64_t> lastCopyMs;
+    bool noCopyTold = false;            ///< it was told that no copy of its changes can be kept
     edit::History history;              ///< of the document; it watches the values
     edit::Changed_Cells changed;        ///< what of the document its file doesn't say
     std::optional<bool> marksChanged{}; ///< whether changed cells are marked; nothing until somebody asked

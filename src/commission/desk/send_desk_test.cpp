@@ -147,6 +147,7 @@ TEST(SendDesk, AnotherSerialNumberAsks) {
                                               "to send to this one?");
     bench.desk().agreeToSerial();
     EXPECT_EQ(bench.stage(), Desk_Stage::Ready);
+    EXPECT_EQ(bench.desk().state().why, "") << "the question is answered";
     bench.desk().act();
     EXPECT_EQ(bench.serials.kept["/d line 1"], "PUMP");
 }

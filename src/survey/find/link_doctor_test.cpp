@@ -125,6 +125,8 @@ TEST(LinkDoctor, TellsAStrangerAndAnEchoOfTheFirstStepAlone) {
     EXPECT_EQ(after({{}, stranger}).ailment, Ailment::Silence);
     EXPECT_EQ(after({echoed, damaged}).ailment, Ailment::Rubbish);
     EXPECT_EQ(after({echoed}).ailment, Ailment::OnlyEcho);
+    for (const Step_Outcome& outcome : {stranger, damaged, echoed, Step_Outcome{}})
+        EXPECT_EQ(after({outcome}).proposedTimeOutMs, 0) << "no answer, no time";
     EXPECT_EQ(after({{}, echoed}).ailment, Ailment::Silence);
 }
 
