@@ -244,6 +244,21 @@ TEST(SendingRules, AControllerThatStoresLateIsReadForTwoSeconds) {
     EXPECT_EQ(bench.send().step, Step::Good);
 }
 
+TEST(SendingRules, OfAControllerThatFitsInNothingTheFirstMarkIsTold) {
+    Session_Bench bench(
+        "[IDENTITY]\nREGISTER_1=30\nLOW_1=20\nHIGH_1=30\nREGISTER_2=18\nLOW_2=30000\nHIGH_2=50000\n");
+    bench.set(1, 2, 2, "50");
+    Session session = bench.session();
+    const Controller_Look look = session.look();
+    const Plan plan = session.plan(look, {});
+    bench.toy.registers[30] = 99;
+    bench.toy.registers[18] = 1;
+    const Session_End end = session.send(plan, look);
+    EXPECT_EQ(end.step, Step::Wrong_Controller);
+    EXPECT_EQ(end.why, "The controller isn't a PUMP: register 30 holds \"99\" instead of \"20 to 30\".");
+    EXPECT_EQ(bench.toy.writes, 0);
+}
+
 // The line.
 
 TEST(SendingRules, TheNewUnitNumberIsAskedBeforeTheFirstWriteAndTheLinkGoesLast) {

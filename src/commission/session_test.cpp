@@ -375,7 +375,9 @@ TEST(Session, ThePlanOfARunTellsWhoWasThereAndOnWhichLine) {
     bench.lineSettings.baud = 19200;
     EXPECT_EQ(bench.restore(run).step, Step::Good);
     const Plan_Paper sent = parsePaper(bench.runs.runs.at(run).at("plan.json")).value();
-    EXPECT_EQ(sent.identity.at("verdict"), "is");
+    EXPECT_EQ(sent.identity,
+              Json::parse(R"({"verdict":"is","model":"PUMP","unit":1,"serial":null,"firmware":null,
+        "evidence":[{"register":"30","what":"bearing","expected":"20 to 30","found":"21","result":"fits"}]})"));
     EXPECT_EQ(sent.port + " " + sent.settings, "line 9600,n,8,1");
     const Plan_Paper back = parsePaper(bench.runs.runs.at(bench.newestRun()).at("plan.json")).value();
     EXPECT_EQ(back.identity.at("verdict"), "is");

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "commission/folder/digests.h"
 #include "commission/record/record_deviations.h"
+#include "compare/testing/pump.h"
+#include "template/testing/memory_files.h"
 
 #include <gmock/gmock.h>
 
@@ -40,6 +43,21 @@ TEST(RecordDeviations, AreWhatTheControllerHadButForWhatWasVerified) {
 
 TEST(RecordDeviations, OfEqualDocumentsThereAreNone) {
     EXPECT_TRUE(deviationsFrom(documentWith({"1"}), documentWith({"1"}), {}, {}).empty());
+}
+
+TEST(RecordDeviations, AreReadFromTheTemplateAndTheDocumentThatWereUsed) {
+    zorvane::doubles::Memory_Files files;
+    files.put("/app/PUMP.ZTP", compare::doubles::pumpTemplate);
+    files.put("/site/seven.pump", "[Field_1_Default]\nROW_2=Level,7,in %\n");
+    Record record;
+    record.files = {{"Template", "/app/PUMP.ZTP", sha256(compare::doubles::pumpTemplate)}};
+    record.document = "/site/seven.pump";
+    const auto deviations = deviationsOf(files, "/app", record, "/site/seven.pump");
+    ASSERT_TRUE(deviations);
+    EXPECT_THAT(*deviations, ElementsAre(Record_Deviation{"Settings", "Level", "Value", "11", "-5", "7"}));
+    EXPECT_FALSE(deviationsOf(files, "/app", record, "/site/gone.pump"));
+    files.put("/app/PUMP.ZTP", compare::doubles::pumpTemplate + "; changed\n");
+    EXPECT_FALSE(deviationsOf(files, "/app", record, "/site/seven.pump")) << "another template";
 }
 
 } // namespace

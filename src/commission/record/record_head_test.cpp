@@ -27,6 +27,15 @@ TEST(KeptHeads, ASiteIsAskedForOnce) {
     EXPECT_EQ(keptOfJson(keptJson(kept)), kept);
 }
 
+TEST(KeptHeads, AFileThatNamesNoLastOneHasNone) {
+    Kept_Heads kept;
+    kept.keep(north);
+    kept.last.clear();
+    EXPECT_EQ(keptOfJson(keptJson(kept)).last, "");
+    EXPECT_EQ(keptOfJson(R"({"sites":[{"site":"South"}]})").of(""), Record_Head{});
+    EXPECT_EQ(keptOfJson(R"({"sites":[{"site":"South"}],"last":7})").last, "");
+}
+
 TEST(KeptHeads, AFileThatSaysNothingKeepsNothing) {
     EXPECT_EQ(keptOfJson(""), Kept_Heads{});
     EXPECT_EQ(keptOfJson("{\"sites\":[1]}"), Kept_Heads{});
