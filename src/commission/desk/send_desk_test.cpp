@@ -136,6 +136,19 @@ TEST(SendDesk, AnotherModelNeedsItsName) {
     EXPECT_EQ(listRuns(bench.runs).front().head.although, "pump ");
 }
 
+TEST(SendDesk, IsAtWorkWhileTheLineIs) {
+    Desk_Bench bench;
+    bench.set(1, 2, 2, "50");
+    bool throughout = true;
+    bench.toy.onRequest = [&] { throughout = throughout && bench.desk().atWork(); };
+    EXPECT_FALSE(bench.desk().atWork());
+    bench.desk().begin();
+    EXPECT_FALSE(bench.desk().atWork()) << "it waits for an answer";
+    bench.desk().act();
+    EXPECT_FALSE(bench.desk().atWork());
+    EXPECT_TRUE(throughout);
+}
+
 TEST(SendDesk, AnotherSerialNumberAsks) {
     Desk_Bench bench(doubles::pumpIdentity + "SERIAL=13-15\n");
     bench.set(1, 2, 2, "50");

@@ -96,6 +96,17 @@ TEST(LineListener, EndsAFrameThatFellSilent) {
     EXPECT_EQ(rig.heard, 1);
 }
 
+TEST(LineListener, EndsInTimeAfterAFrameThatFellSilent) {
+    Listener_Rig rig(planFor(2 * microsPerSecond, {}));
+    rig.port.deliver(bytesOf("01 03 FA"));
+    rig.clock.runFor(microsPerSecond);
+    EXPECT_TRUE(rig.reports.empty());
+    rig.clock.runFor(microsPerSecond);
+    ASSERT_EQ(rig.reports.size(), 1U);
+    EXPECT_EQ(rig.reports[0].duration, 2 * microsPerSecond);
+    EXPECT_EQ(rig.reports[0].noiseBytes, 3U);
+}
+
 /// A program that was busy finds bytes waiting when its alarm rings.
 TEST(LineListener, TakesWhatWaitsBeforeItEndsAFrame) {
     Listener_Rig rig;
