@@ -90,6 +90,15 @@ TEST_F(Document_Check, ATextWithACommaMayBeginWithAnything) {
         << "its value fits no more than its text";
 }
 
+TEST_F(Document_Check, ATextWithACommaNeedsAFirstColumnThatFits) {
+    cell(2, 0, 2).Column_Type = "TEXT";
+    EXPECT_EQ(found("[Field_2_Default]\r\nROW_1=1,a, b\r\n"),
+              "2: error: 3 values, where Timers has 2 columns: the text \"a, b\" has a comma in it "
+              "[text-comma]\n");
+    EXPECT_EQ(found("[Field_2_Default]\r\nROW_1=soon,a, b\r\n"),
+              "2: error: 3 values, where Timers has 2 columns [row-long]\n");
+}
+
 TEST_F(Document_Check, MoreValuesThanColumns) {
     EXPECT_EQ(found("[Field_2_Default]\r\nROW_1=1,2,3\r\n"),
               "2: error: 3 values, where Timers has 2 columns [row-long]\n");
