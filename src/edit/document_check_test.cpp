@@ -146,6 +146,9 @@ TEST_F(Document_Check, ALineOnWhichReadingStops) {
               "4: error: " +
                   subscript)
         << "nor the stop";
+    EXPECT_EQ(found("[Configuration_Default]\r\nFIELD_1=,a;b\r\n[Default_1_Columns]\r\nCOL_9_WIDTH=5\r\n"),
+              "2: error: the row ends at its \";\": \";b\" is lost [row-cut]\n4: error: " + subscript)
+        << "nor does an error of another line";
 }
 
 /// Whoever saves it later has a file that ends in the middle.
