@@ -41,6 +41,19 @@ TEST(LineSearchWaits, NotWhenTheLastUnitAnsweredLate) {
     EXPECT_LT(run.report.duration, 5100 * ms);
 }
 
+/// At 1200 baud an answer takes 58 ms, so that some begin in time and end too late.
+TEST(LineSearchWaits, ForAnAnswerThatBeginsInTimeAndEndsLate) {
+    for (Micros delay = 20 * ms; delay <= 200 * ms; delay += 5 * ms) {
+        Hand_Clock clock;
+        Simulated_Line line(clock, {1200, 'N', 8, 1});
+        line.controllers = {{.unit = 1, .shortestDelay = delay, .longestDelay = delay}};
+        Search_Plan plan = oneLine(2);
+        plan.lines = namedLines(std::vector<Line_Settings>{{1200, 'N', 8, 1}});
+        const Search_Run run(clock, line, plan);
+        EXPECT_EQ(foundTexts(run.report), (std::vector<std::string>{"1 at 1200,n,8,1"})) << delay / ms;
+    }
+}
+
 /// Bytes that were heard with the first settings tell nothing of the second.
 TEST(LineSearchWaits, AndListensOnlyAsLongAsSomethingIsHeard) {
     Hand_Clock clock;
