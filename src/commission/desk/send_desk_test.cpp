@@ -182,6 +182,20 @@ TEST(SendDesk, WhileAQuestionStandsOpenARegisterIsReadOnceASecond) {
     EXPECT_EQ(bench.toy.writes, 1);
 }
 
+TEST(SendDesk, WhatWasJustReadIsntReadAgainHoweverLongTheMachineHasRun) {
+    std::vector<std::size_t> requests;
+    for (const Micros uptime : {Micros{0}, 3600 * microsPerSecond}) {
+        Desk_Bench bench;
+        bench.set(1, 2, 2, "50");
+        bench.toy.pause(uptime);
+        bench.desk().begin();
+        bench.desk().act();
+        EXPECT_THAT(bench.states(), ElementsAre("Level: verified"));
+        requests.push_back(bench.toy.requests());
+    }
+    EXPECT_EQ(requests.at(0), requests.at(1));
+}
+
 TEST(SendDesk, AnOpenQuestionSaysThatTheControllerFellSilent) {
     Desk_Bench bench;
     bench.set(1, 2, 2, "50");
