@@ -155,6 +155,8 @@ TEST(Session, MinutesThatWouldReadBackBelowZeroArentSent) {
     const Session_End end = bench.send(Chosen_Cells({{1, 7, 2}}));
     ASSERT_EQ(statesOf(end), (std::vector<std::string>{"17 not_sent"}));
     EXPECT_EQ(end.report.rows.at(0).answer, "minutes go from 0 to 545");
+    bench.set(1, 7, 2, "545");
+    EXPECT_EQ(statesOf(bench.send(Chosen_Cells({{1, 7, 2}}))), (std::vector<std::string>{"17 verified"}));
 }
 
 TEST(Session, AHalfOfARegisterTakes255AndNoMore) {

@@ -141,6 +141,19 @@ TEST(Taking_Back, ARestoredRunThatCantBeMarkedAsGoingOnSendsNothing) {
     EXPECT_EQ(stateOf(bench, run), Run_State::Restored);
 }
 
+TEST(Taking_Back, WhatCantBeReadNowIsNeitherGoneOnWithNorTakenBack) {
+    Session_Bench bench;
+    bench.set(1, 2, 2, "50");
+    const std::string run = bench.send().run;
+    const int writes = bench.toy.writes;
+    bench.toy.unreadable = {11};
+    for (const Session_End& end : {bench.restore(run), bench.resume()}) {
+        EXPECT_EQ(end.step, Step::Cant_Tell);
+        EXPECT_EQ(end.why, "Nothing is sent, since these registers couldn't be read: 11.");
+    }
+    EXPECT_EQ(bench.toy.writes, writes);
+}
+
 TEST(Taking_Back, AUnitNumberThatNobodyCanAskIsntSent) {
     for (const char* const number : {"0", "248", "300", "-1"}) {
         Session_Bench bench(pumpIdentity + "LINK=unit:19\n");

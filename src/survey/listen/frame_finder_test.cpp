@@ -86,6 +86,23 @@ TEST(FrameFinder, TakesNothingForAFrameThatNoneIs) {
     }
 }
 
+TEST(FrameFinder, TakesExceptionsOfTheKnownFunctionsOnly) {
+    for (const char* known :
+         {"01 81 02", "01 88 02", "01 8B 02", "01 8F 02", "01 91 02", "01 96 02", "01 AB 02"}) {
+        Finder_Rig rig;
+        rig.take(frame(known));
+        rig.finder.flush();
+        EXPECT_EQ(rig.found.size(), 1U) << known;
+    }
+    for (const char* unknown :
+         {"01 80 02", "01 89 02", "01 8A 02", "01 8E 02", "01 92 02", "01 98 02", "01 E3 02"}) {
+        Finder_Rig rig;
+        rig.take(frame(unknown));
+        rig.finder.flush();
+        EXPECT_EQ(rig.found, Texts{}) << unknown;
+    }
+}
+
 TEST(FrameFinder, FindsFramesByteByByteAndAllAtOnce) {
     Byte_Array stream = frame("01 03 00 00 00 02");
     const Byte_Array answer = frame("01 03 04 00 01 00 02");
