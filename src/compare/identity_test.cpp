@@ -111,6 +111,14 @@ TEST(Identity, TheSerialNumberIsCharactersOrANumber) {
         << "what is too long for a number shows what can't be printed as \"-\"";
 }
 
+TEST(Identity, OfACellsJudgementTellsWhoseItIs) {
+    Declara_Zorvane document;
+    document.Controller_Model = "PUMP";
+    const Identity identity = identityByCells(document, 7, {});
+    EXPECT_EQ(identity.model, "PUMP");
+    EXPECT_EQ(identity.unit, 7);
+}
+
 TEST(Identity, AMarkThatFittedAndIsGoneDoesntFitAnyMore) {
     const Identity_Section section = readIdentity("[IDENTITY]\nREGISTER_1=5\nVALUE_1=1\n");
     const Identity first =

@@ -65,6 +65,11 @@ TEST_F(OtherVersion, AnotherFormatIsAnotherSetting) {
     EXPECT_FALSE(at(1, 3, 2).value) << "a time here, seconds there";
 }
 
+TEST_F(OtherVersion, AnotherWayWithNegativeNumbersIsAnotherSetting) {
+    theirs.cell(2, 0, 2).Bits_Negative_Format = "16";
+    EXPECT_FALSE(at(1, 2, 2).value);
+}
+
 TEST_F(OtherVersion, WhatTheOtherVersionLacksHasNoValue) {
     EXPECT_FALSE(at(1, 1, 2).value);
     EXPECT_TRUE(at(1, 1, 2).read);

@@ -41,6 +41,13 @@ TEST_F(Judged, WhatATypedEntryWouldBeReplacedForIsRefused) {
     EXPECT_EQ(judgedAt(delay, value, "45"), "not: not a time such as 1:30");
 }
 
+TEST_F(Judged, LimitsThatLeaveNoRoomAreToldAsTheyStand) {
+    cell(1, setPoint, value).Min_Value = "1400";
+    cell(1, setPoint, value).Max_Value = "800";
+    EXPECT_EQ(judgedAt(setPoint, value, "800"), "not: below its limit 1400");
+    EXPECT_EQ(judgedAt(setPoint, value, "801"), "not: above its limit 800");
+}
+
 TEST_F(Judged, ACellWithoutLimitsHasThoseOfItsRegister) {
     EXPECT_EQ(judgedAt(drop, value, "-32768"), "-32768");
     EXPECT_EQ(judgedAt(drop, value, "40000"), "not: above its limit 32767");

@@ -398,6 +398,20 @@ TEST(SendDesk, RestorePutsBackOneRunAfterTheOther) {
     EXPECT_THAT(bench.desk().state().restorable, IsEmpty());
 }
 
+TEST(SendDesk, WhatIsThereAlreadyIsntPutBack) {
+    Desk_Bench bench;
+    bench.set(1, 2, 2, "50");
+    const auto before = bench.toy.registers;
+    bench.desk().begin();
+    bench.desk().act();
+    bench.toy.registers = before; // somebody did it by hand
+    bench.desk().restoreLast();
+    EXPECT_EQ(bench.stage(), Desk_Stage::Stopped);
+    EXPECT_EQ(headline(bench.desk().state()),
+              "The controller holds what was there before: there is nothing to put back.");
+    EXPECT_EQ(bench.toy.writes, 1);
+}
+
 TEST(SendDesk, AnInterruptedRunIsOfferedAndGoneOnWith) {
     Desk_Bench killed;
     killed.changeMuch();

@@ -223,6 +223,16 @@ TEST(LineSearch, TellsTwoControllersOfOneNumberByTheirAnswers) {
     EXPECT_GT(run.report.found[0].damaged, 0);
 }
 
+TEST(LineSearch, CountsTheSecondAnswersOfTwoControllersThatAnswerTheSame) {
+    Hand_Clock clock;
+    Simulated_Line line(clock, {19200, 'N', 8, 1});
+    line.controllers = {{.unit = 5, .shortestDelay = 5 * ms, .longestDelay = 5 * ms},
+                        {.unit = 5, .shortestDelay = 9 * ms, .longestDelay = 9 * ms}};
+    const Search_Run run(clock, line, planFor(namedLines(std::vector<Line_Settings>{{19200, 'N', 8, 1}}), 8));
+    EXPECT_EQ(foundTexts(run.report), (std::vector<std::string>{"5 at 19200,n,8,1"}));
+    EXPECT_GT(run.report.found[0].damaged, 0);
+}
+
 TEST(LineSearch, FindsASlowControllerByItsLateAnswer) {
     Hand_Clock clock;
     Simulated_Line line(clock, {9600, 'N', 8, 1});

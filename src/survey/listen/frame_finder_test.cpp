@@ -164,6 +164,16 @@ TEST(FrameFinder, TellsWhenTheFirstAndTheLastByteCame) {
     EXPECT_EQ(rig.frames[0].lastAt, 17000);
 }
 
+TEST(FrameFinder, TellsTheTimesOfAFrameBehindOneThatWasNone) {
+    Finder_Rig rig;
+    rig.take(bytesOf("01 03 FA"), 1000); // it may be the head of an answer
+    rig.take(frame("01 03 00 00 00 02"), 2000);
+    rig.finder.flush();
+    ASSERT_EQ(rig.frames.size(), 1U);
+    EXPECT_EQ(rig.frames[0].firstAt, 2000);
+    EXPECT_EQ(rig.frames[0].lastAt, 2000);
+}
+
 TEST(FrameFinder, KeepsOnlyTheLastOfMuchNoise) {
     Finder_Rig rig;
     for (int i = 0; i < 3000; ++i)
