@@ -33,6 +33,11 @@ struct Send_Bench : Session_Bench {
         planned = sending->plan(seen, {});
         asked = toy.requests();
     }
+    void goAwayAtTheFirstWrite() {
+        toy.onRequest = [this] {
+            if (toy.writes > 0) toy.units.clear();
+        };
+    }
     /// The journal of the newest run.
     [[nodiscard]] std::string journal() const { return *runs.read(newestRun(), journalFile); }
 
@@ -61,9 +66,7 @@ TEST(Sending_Waits, AControllerThatStaysAwayIsGivenUpAfterTenSeconds) {
     Send_Bench bench;
     bench.set(1, 2, 2, "50");
     bench.plan();
-    bench.toy.onRequest = [&] {
-        if (bench.toy.writes > 0) bench.toy.units.clear();
-    };
+    bench.goAwayAtTheFirstWrite();
     const Session_End end = bench.sendPlanned();
     EXPECT_EQ(end.step, Step::Incomplete);
     EXPECT_EQ(end.why, "The controller doesn't answer: no answer.");
@@ -76,9 +79,7 @@ TEST(Sending_Waits, AWishToStopEndsTheWaitingAtOnce) {
     Send_Bench bench;
     bench.set(1, 2, 2, "50");
     bench.plan();
-    bench.toy.onRequest = [&] {
-        if (bench.toy.writes > 0) bench.toy.units.clear();
-    };
+    bench.goAwayAtTheFirstWrite();
     bench.toy.isCancelled = [&] { return !bench.waited.empty(); };
     const Session_End end = bench.sendPlanned();
     EXPECT_EQ(end.why, "The controller doesn't answer: no answer.");
